@@ -1,0 +1,35 @@
+include(CMakePackageConfigHelpers)
+
+install(TARGETS zelk-core zelk-std-bindings zelk-metadata-services
+  EXPORT zelk-metadata-services-targets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY platform/core/include/ platform/std-bindings/include/ include/
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+  FILES_MATCHING PATTERN "*.h")
+
+# The host program finds the libraries of its own prefix wherever that was moved to.
+file(RELATIVE_PATH bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+set_target_properties(zelk-metadata PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
+install(TARGETS zelk-metadata RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zelk-metadata-services)
+install(EXPORT zelk-metadata-services-targets NAMESPACE Zelk:: DESTINATION ${package_dir})
+configure_package_config_file(cmake/zelk-metadata-services-config.cmake.in
+  ${CMAKE_BINARY_DIR}/package/zelk-metadata-services-config.cmake
+  INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(
+  ${CMAKE_BINARY_DIR}/package/zelk-metadata-services-config-version.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES
+  ${CMAKE_BINARY_DIR}/package/zelk-metadata-services-config.cmake
+  ${CMAKE_BINARY_DIR}/package/zelk-metadata-services-config-version.cmake
+  DESTINATION ${package_dir})
+
+# pkg-config computes the prefix from where the file lies, so an install tree can be moved.
+file(RELATIVE_PATH pc_to_prefix
+  /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" pc_to_prefix "${pc_to_prefix}")
+configure_file(cmake/zelk-metadata-services.pc.in
+  ${CMAKE_BINARY_DIR}/package/zelk-metadata-services.pc @ONLY)
+install(FILES ${CMAKE_BINARY_DIR}/package/zelk-metadata-services.pc
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

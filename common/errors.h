@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+
+#include <com/orvane/zelk/std/errors.h>
+#include <zelk/data/error_factory.h>
+
+#include "common/message_catalog.h"
+
+namespace Zelk::Provider::Metadata {
+
+namespace StdErrors = ::Com::Orvane::Zelk::Std::Errors;
+
+/// An error as it travels: null is success.
+using ErrorPtr = std::shared_ptr<const ::Zelk::Data::ErrorValue>;
+
+/// An error of class `E` with the one message `id`, its arguments filled in from left to right.
+template <typename E, typename... Arguments>
+ErrorPtr MakeError(const char* id, const Arguments&... arguments) {
+  CatalogMessage message(id);
+  (message % ... % arguments);
+  return ::Zelk::Data::ErrorFactory::GetError<E>(Errors{message});
+}
+
+}  // namespace Zelk::Provider::Metadata

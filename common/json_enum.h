@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+
+#include "common/json_lookup.h"
+
+namespace Zelk::Provider::Metadata {
+
+/// `text` in upper case, by the rules of the global locale.
+std::string ToUpper(std::string text);
+
+class EnumConverter {
+ public:
+  /// The enumerator of `E` whose text is `text`, upper and lower case alike; the unknown value
+  /// holding the upper-cased text when there is none.
+  template <typename E>
+  static E Convert(const std::string& text) {
+    std::string upper = ToUpper(text);
+    for (int value = 0; E::Strings::values[value] != nullptr; ++value) {
+      if (upper == E::Strings::values[value]) {
+        return E(static_cast<typename E::Enumerator>(value));
+      }
+    }
+    return E::Unknown(std::move(upper));
+  }
+};
+
+/// Whether `value` is a known one; appends the invalid-enum-value message with `name` when not.
+template <typename E>
+bool CheckEnum(const E& value, const char* name, Errors& errors) {
+  if (value.Value() != E::UNKNOWN) {
+    return true;
+  }
+  errors.push_back(CatalogMessage(MessageId::kInvalidEnumValue) % name);
+  return false;
+}
+
+/// Reads an enumerator of `E` from a JSON string.
+template <typename E>
+bool ParseEnum(const JsonValue& value, const char* name, Errors& errors, E& result) {
+  result = EnumConverter::Convert<E>(ValToString(value));
+  return CheckEnum(result, name, errors);
+}
+
+/// Reads an enumerator of `E` from a JSON string that may also be written as `alias`, which stands
+/// for `meaning`. The alias is in upper case and none of the enumerators' own texts.
+template <typename E>
+bool ParseAliasedEnum(const JsonValue& value, const char* name, Errors& errors, E& result,
+                      const char* alias, typename E::Enumerator meaning) {
+  result = EnumConverter::Convert<E>(ValToString(value));
+  if (result.Text() == alias) {
+    result = meaning;
+  }
+  return CheckEnum(result, name, errors);
+}
+
+}  // namespace Zelk::Provider::Metadata

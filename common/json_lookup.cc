@@ -1,0 +1,67 @@
+#include "common/json_lookup.h"
+
+#include <cstring>
+
+namespace Zelk::Provider::Metadata {
+namespace {
+
+bool HasType(const JsonValue& value, JsonType type) {
+  switch (type) {
+    case JsonType::kString:
+      return value.IsString();
+    case JsonType::kObject:
+      return value.IsObject();
+    case JsonType::kArray:
+      return value.IsArray();
+  }
+  return false;
+}
+
+}  // namespace
+
+JsonMembers::JsonMembers(const JsonValue& value) {
+  if (value.IsObject()) {
+    begin_ = value.MemberBegin();
+    end_ = value.MemberEnd();
+  }
+}
+
+const JsonValue* FindMember(const JsonValue& object, const char* name) {
+  for (const auto& member : JsonMembers(object)) {
+    if (std::strcmp(member.name.GetString(), name) == 0) {
+      return &member.value;
+    }
+  }
+  return nullptr;
+}
+
+const JsonValue* FindMember(const JsonValue& object, const char* name, Errors& errors) {
+  const JsonValue* value = FindMember(object, name);
+  if (value == nullptr) {
+    errors.push_back(CatalogMessage(MessageId::kMissingField) % name);
+  }
+  return value;
+}
+
+bool CheckType(const JsonValue& value, JsonType type, const char* name, Errors& errors) {
+  if (HasType(value, type)) {
+    return true;
+  }
+  errors.push_back(CatalogMessage(MessageId::kInvalidField) % name);
+  return false;
+}
+
+JsonLookup LookUp(const JsonValue& object, const char* name, JsonType type, Presence presence,
+                  Errors& errors) {
+  const JsonValue* value = FindMember(object, name, errors);
+  if (value == nullptr) {
+    return {presence == Presence::kOptional, nullptr};
+  }
+  return {CheckType(*value, type, name, errors), value};
+}
+
+std::string ValToString(const JsonValue& value) {
+  return std::string(value.GetString(), value.GetStringLength());
+}
+
+}  // namespace Zelk::Provider::Metadata

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+
+#include "common/json_document.h"
+
+namespace Zelk::Provider::Metadata {
+
+/// The JSON types that members of a metadata file can be asked to have.
+enum class JsonType { kString, kObject, kArray };
+
+enum class Presence { kRequired, kOptional };
+
+/// What a checked lookup found. `ok` with a null `value` is an optional member that is absent.
+struct JsonLookup {
+  bool ok;
+  const JsonValue* value;
+};
+
+/// The members of `value` in document order; none when it is no object.
+class JsonMembers {
+ public:
+  explicit JsonMembers(const JsonValue& value);
+
+  JsonValue::ConstMemberIterator begin() const { return begin_; }
+
+  JsonValue::ConstMemberIterator end() const { return end_; }
+
+ private:
+  JsonValue::ConstMemberIterator begin_;
+  JsonValue::ConstMemberIterator end_;
+};
+
+/// The value of the first member of `object` called `name`; null when there is none or `object` is
+/// no object. Intended: names are compared as C strings, so a key is known by what stands before
+/// its first zero byte, and a key given twice counts where it stands first.
+const JsonValue* FindMember(const JsonValue& object, const char* name);
+
+/// The same; appends the missing-field message when there is none.
+const JsonValue* FindMember(const JsonValue& object, const char* name, Errors& errors);
+
+/// Whether `value` has the type; appends the invalid-field message with `name` when not.
+bool CheckType(const JsonValue& value, JsonType type, const char* name, Errors& errors);
+
+/// The one lookup under all member helpers: presence and type checked, messages appended.
+/// Intended: an absent optional member leaves its missing-field message too.
+JsonLookup LookUp(const JsonValue& object, const char* name, JsonType type, Presence presence,
+                  Errors& errors);
+
+/// The text of a JSON string, embedded zero bytes kept. `value` must be a string.
+std::string ValToString(const JsonValue& value);
+
+}  // namespace Zelk::Provider::Metadata

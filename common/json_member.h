@@ -1,0 +1,178 @@
+#pragma once
+
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#include <boost/optional.hpp>
+
+#include <zelk/enum.h>
+
+#include "common/json_enum.h"
+#include "common/json_lookup.h"
+
+// Each helper binds one member of a JSON object while it is constructed: it looks the member up,
+// checks its type, converts it and appends a message for every problem. Afterwards Ok() tells
+// whether to go on and Value() holds what was converted.
+
+namespace Zelk::Provider::Metadata {
+
+/// The outcome that all helpers share.
+template <typename T>
+class BoundMember {
+ public:
+  bool Ok() const { return ok_; }
+
+  const T& Value() const { return value_; }
+
+  T Take() { return std::move(value_); }
+
+ protected:
+  bool ok_ = false;
+  T value_{};
+};
+
+// --- strings and enumerations -------------------------------------------------------------------
+
+inline bool ParseString(const JsonValue& value, const char* /*name*/, Errors& /*errors*/,
+                        std::string& result) {
+  result = ValToString(value);
+  return true;
+}
+
+/// Converts a value already at hand, which must be a JSON string, with `Parser`.
+template <auto Parser, typename T>
+bool JsonParseString(const JsonValue& value, const char* name, Errors& errors, T& result) {
+  return CheckType(value, JsonType::kString, name, errors) && Parser(value, name, errors, result);
+}
+
+template <typename T>
+constexpr auto DefaultStringParser() {
+  if constexpr (std::is_base_of_v<::Zelk::Enum, T>) {
+    return &ParseEnum<T>;
+  } else {
+    return &ParseString;
+  }
+}
+
+/// A required string, or a required enumeration written as one.
+template <typename T, auto Parser = DefaultStringParser<T>()>
+class JsonMember : public BoundMember<T> {
+ public:
+  JsonMember(const JsonValue& object, const char* name, Errors& errors) {
+    const JsonValue* value = FindMember(object, name, errors);
+    this->ok_ = value != nullptr && JsonParseString<Parser>(*value, name, errors, this->value_);
+  }
+};
+
+template <typename T>
+class JsonOptMember;
+
+/// An optional string.
+template <>
+class JsonOptMember<boost::optional<std::string>>
+    : public BoundMember<boost::optional<std::string>> {
+ public:
+  JsonOptMember(const JsonValue& object, const char* name, Errors& errors) {
+    const auto found = LookUp(object, name, JsonType::kString, Presence::kOptional, errors);
+    ok_ = found.ok;
+    if (found.ok && found.value != nullptr) {
+      value_ = ValToString(*found.value);
+    }
+  }
+};
+
+// --- objects ------------------------------------------------------------------------------------
+
+/// A nested object, read by `parse(value, result, errors)`.
+template <typename T, Presence kPresence>
+class JsonObjectMemberOf : public BoundMember<T> {
+ public:
+  template <typename Parse>
+  JsonObjectMemberOf(const JsonValue& object, const char* name, const Parse& parse,
+                     Errors& errors) {
+    const auto found = LookUp(object, name, JsonType::kObject, kPresence, errors);
+    this->ok_ = found.ok && (found.value == nullptr || parse(*found.value, this->value_, errors));
+  }
+};
+
+/// A nested object of which nothing is kept, such as the root member of a document; read by
+/// `parse(value, errors)`.
+template <>
+class JsonObjectMemberOf<void, Presence::kRequired> {
+ public:
+  template <typename Parse>
+  JsonObjectMemberOf(const JsonValue& object, const char* name, const Parse& parse,
+                     Errors& errors) {
+    const auto found = LookUp(object, name, JsonType::kObject, Presence::kRequired, errors);
+    ok_ = found.ok && parse(*found.value, errors);
+  }
+
+  bool Ok() const { return ok_; }
+
+ private:
+  bool ok_;
+};
+
+template <typename T>
+using JsonObjectMember = JsonObjectMemberOf<T, Presence::kRequired>;
+
+/// Absent counts as present and empty.
+template <typename T>
+using JsonOptObjectMember = JsonObjectMemberOf<T, Presence::kOptional>;
+
+// --- arrays -------------------------------------------------------------------------------------
+
+/// Adds what an element parser made to a list; false for an empty pointer, its way to say it
+/// failed.
+template <typename Record>
+bool AddElement(std::list<Record>& list, Record element) {
+  if (!element) return false;
+  list.push_back(std::move(element));
+  return true;
+}
+
+/// The same for a map. Intended: the first element with a key stays, later ones are dropped.
+template <typename Record>
+bool AddElement(std::map<std::string, Record>& map, std::pair<std::string, Record> element) {
+  if (!element.second) return false;
+  map.insert(std::move(element));
+  return true;
+}
+
+/// Reads an array already at hand; `parse_element(element, errors)` makes one record. Stops at the
+/// first element that fails and keeps those before it.
+template <typename Container, typename ParseElement>
+bool JsonParseArray(const JsonValue& value, const char* name, const ParseElement& parse_element,
+                    Errors& errors, Container& container) {
+  if (!CheckType(value, JsonType::kArray, name, errors)) return false;
+  for (const auto& element : value.GetArray()) {
+    if (!AddElement(container, parse_element(element, errors))) return false;
+  }
+  return true;
+}
+
+template <typename Container, Presence kPresence>
+class JsonArrayMemberOf : public BoundMember<Container> {
+ public:
+  template <typename ParseElement>
+  JsonArrayMemberOf(const JsonValue& object, const char* name, const ParseElement& parse_element,
+                    Errors& errors) {
+    const JsonValue* value = FindMember(object, name, errors);
+    this->ok_ = value == nullptr
+                    ? kPresence == Presence::kOptional
+                    : JsonParseArray(*value, name, parse_element, errors, this->value_);
+  }
+};
+
+template <typename Container>
+using JsonArrayMember = JsonArrayMemberOf<Container, Presence::kRequired>;
+
+/// Absent counts as present and empty.
+template <typename Container>
+using JsonOptArrayMember = JsonArrayMemberOf<Container, Presence::kOptional>;
+
+}  // namespace Zelk::Provider::Metadata

@@ -1,0 +1,150 @@
+#pragma once
+
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+
+#include <boost/optional.hpp>
+
+#include <com/orvane/zelk/metadata/source_type.h>
+#include <zelk/md5.h>
+
+#include "common/errors.h"
+#include "common/source_file.h"
+
+namespace Zelk::Provider::Metadata {
+
+// The life cycle of a domain's sources. A `Domain` is a struct of facts:
+//   SourceData, CreateSpec, Info       its record of a source, made from a CreateSpec, and their
+//   types kExists, kNotFound, kFileNotFound  its message ids static bool Parse(const std::string&
+//   text, const std::shared_ptr<SourceData>&, Errors&) static void SetFingerprint(SourceData&,
+//   const std::string& digest)
+
+/// Reads and parses the file of `spec` into a new source. On failure null, with `error` set.
+/// The digest is taken of the very bytes that were parsed, whatever happens to the file meanwhile.
+template <typename Domain>
+std::shared_ptr<const typename Domain::SourceData> LoadSource(
+    const std::shared_ptr<const typename Domain::CreateSpec>& spec, ErrorPtr& error) {
+  using ::Com::Orvane::Zelk::Metadata::SourceType;
+  using ::Zelk::Data::ErrorFactory;
+
+  if (spec && spec->type == SourceType::REMOTE) {
+    error = ErrorFactory::GetError<StdErrors::Unsupported>();
+    return nullptr;
+  }
+  if (!spec || spec->type != SourceType::LOCAL_FILE) {
+    error = ErrorFactory::GetError<StdErrors::InvalidArgument>(StdErrors::InvalidArgument());
+    return nullptr;
+  }
+  const std::string path = spec->file_path.value_or(std::string());
+  const auto text = ReadSourceFile(path);
+  if (!text) {
+    error = MakeError<StdErrors::NotFound>(Domain::kFileNotFound, path);
+    return nullptr;
+  }
+  const auto source = std::make_shared<typename Domain::SourceData>(spec);
+  Errors messages;
+  if (!Domain::Parse(*text, source, messages)) {
+    error = ErrorFactory::GetError<StdErrors::InvalidArgument>(messages);
+    return nullptr;
+  }
+  ::Zelk::MD5 digest;
+  digest.Update(*text);
+  Domain::SetFingerprint(*source, digest.hexdigest());
+  return source;
+}
+
+/// Loads a table entry anew from its own spec; the old data stays when that fails.
+/// Intended: an error is kept from entry to entry, so one object that goes through several entries
+/// replaces none after the first that failed. A host then sees all of a broken set in its old state
+/// from there on.
+template <typename Domain>
+class ReloadEntry {
+ public:
+  template <typename Entry>
+  void operator()(Entry& entry) {
+    auto fresh = LoadSource<Domain>(entry.second->spec, error_);
+    if (!error_) {
+      entry.second = std::move(fresh);
+    }
+  }
+
+ private:
+  ErrorPtr error_;
+};
+
+/// A domain's table of sources, in ascending id order. Not protected: the host serialises changes.
+template <typename Domain>
+class SourceRegistry {
+ public:
+  using Table = std::map<std::string, std::shared_ptr<const typename Domain::SourceData>>;
+
+  const Table& Sources() const { return sources_; }
+
+  ErrorPtr Create(const std::string& id,
+                  const std::shared_ptr<const typename Domain::CreateSpec>& spec) {
+    if (sources_.count(id) != 0) {
+      return MakeError<StdErrors::AlreadyExists>(Domain::kExists, id);
+    }
+    ErrorPtr error;
+    if (auto source = LoadSource<Domain>(spec, error)) {
+      sources_.emplace(id, std::move(source));
+    }
+    return error;
+  }
+
+  ErrorPtr Delete(const std::string& id) {
+    if (sources_.erase(id) == 0) {
+      return MakeError<StdErrors::NotFound>(Domain::kNotFound, id);
+    }
+    return nullptr;
+  }
+
+  /// Intended: a source that fails to load is not reported; it keeps serving its old data.
+  ErrorPtr Reload(const boost::optional<std::string>& id) {
+    ReloadEntry<Domain> reload;
+    if (!id) {
+      for (auto& entry : sources_) reload(entry);
+      return nullptr;
+    }
+    const auto found = sources_.find(*id);
+    if (found == sources_.end()) {
+      // Intended: the exists message with the not-found class; clients tell a reload by it.
+      return MakeError<StdErrors::NotFound>(Domain::kExists, id);
+    }
+    reload(*found);
+    return nullptr;
+  }
+
+  std::list<std::string> Ids() const {
+    std::list<std::string> ids;
+    for (const auto& entry : sources_) ids.push_back(entry.first);
+    return ids;
+  }
+
+  /// Null for an unknown id.
+  std::shared_ptr<const typename Domain::Info> Info(const std::string& id) const {
+    const auto found = sources_.find(id);
+    return found == sources_.end() ? nullptr : found->second->info;
+  }
+
+  /// The digest of the fingerprints of one source or, without an id, of all. Empty for an unknown
+  /// id. Intended: the hex texts are digested again, so one and many sources are treated alike.
+  std::string Fingerprint(const boost::optional<std::string>& id) const {
+    ::Zelk::MD5 digest;
+    if (!id) {
+      for (const auto& entry : sources_) digest.Update(entry.second->fingerprint);
+      return digest.hexdigest();
+    }
+    const auto found = sources_.find(*id);
+    if (found == sources_.end()) return std::string();
+    digest.Update(found->second->fingerprint);
+    return digest.hexdigest();
+  }
+
+ private:
+  Table sources_;
+};
+
+}  // namespace Zelk::Provider::Metadata

@@ -1,0 +1,132 @@
+#include "common/json_member.h"
+#include "metamodel/json_metadata_parser.h"
+#include "metamodel/member_parsers.h"
+
+namespace Zelk::Provider::Metadata::Metamodel {
+
+bool JsonMetadataParser::LoadMetadata(std::istream& in, const RegisterCallbacks& callbacks,
+                                      Errors& errors) {
+  return LoadMetadata(ReadAll(in), callbacks, errors);
+}
+
+bool JsonMetadataParser::LoadMetadata(std::string_view text, const RegisterCallbacks& callbacks,
+                                      Errors& errors) {
+  JsonDocument document;
+  if (!ParseJson(text, MessageId::kMetamodelParseError, document, errors)) return false;
+  return JsonObjectMember<void>(document, "metamodel", With(callbacks, ParseMetamodel), errors)
+      .Ok();
+}
+
+bool JsonMetadataParser::ParseMetamodel(const RegisterCallbacks& callbacks, const JsonValue& value,
+                                        Errors& errors) {
+  return JsonObjectMember<void>(value, "component", With(callbacks, ParseComponent), errors).Ok();
+}
+
+bool JsonMetadataParser::ParseComponent(const RegisterCallbacks& callbacks, const JsonValue& value,
+                                        Errors& errors) {
+  JsonMember<std::string> name(value, "name", errors);
+  if (!name.Ok()) return false;
+  JsonMember<std::string> documentation(value, "documentation", errors);
+  if (!documentation.Ok()) return false;
+  MetadataMember metadata(value, callbacks, errors);
+  if (!metadata.Ok()) return false;
+  MapMember<Bindings::PackageInfo> packages(value, "packages", With(callbacks, ParsePackage),
+                                            errors);
+  if (!packages.Ok()) return false;
+  callbacks.component(std::make_shared<Bindings::ComponentInfo>(
+      name.Take(), packages.Take(), metadata.Take(), documentation.Take()));
+  return true;
+}
+
+Named<Bindings::PackageInfo> JsonMetadataParser::ParsePackage(const RegisterCallbacks& callbacks,
+                                                              const JsonValue& value,
+                                                              Errors& errors) {
+  JsonMember<std::string> name(value, "name", errors);
+  if (!name.Ok()) return {};
+  JsonMember<std::string> documentation(value, "documentation", errors);
+  if (!documentation.Ok()) return {};
+  MetadataMember metadata(value, callbacks, errors);
+  if (!metadata.Ok()) return {};
+  MapMember<Bindings::EnumerationInfo> enumerations(value, "enumerations",
+                                                    With(callbacks, ParseEnumeration), errors);
+  if (!enumerations.Ok()) return {};
+  MapMember<Bindings::StructureInfo> structures(value, "structures",
+                                                With(callbacks, ParseStructure), errors);
+  if (!structures.Ok()) return {};
+  MapMember<Bindings::ServiceInfo> services(value, "services", With(callbacks, ParseService),
+                                            errors);
+  if (!services.Ok()) return {};
+  return {name.Value(), std::make_shared<Bindings::PackageInfo>(
+                            name.Value(), structures.Take(), enumerations.Take(), services.Take(),
+                            metadata.Take(), documentation.Take())};
+}
+
+Named<Bindings::ServiceInfo> JsonMetadataParser::ParseService(const RegisterCallbacks& callbacks,
+                                                              const JsonValue& value,
+                                                              Errors& errors) {
+  JsonMember<std::string> name(value, "name", errors);
+  if (!name.Ok()) return {};
+  JsonMember<std::string> documentation(value, "documentation", errors);
+  if (!documentation.Ok()) return {};
+  MetadataMember metadata(value, callbacks, errors);
+  if (!metadata.Ok()) return {};
+  MapMember<Bindings::EnumerationInfo> enumerations(value, "enumerations",
+                                                    With(callbacks, ParseEnumeration), errors);
+  if (!enumerations.Ok()) return {};
+  MapMember<Bindings::StructureInfo> structures(value, "structures",
+                                                With(callbacks, ParseStructure), errors);
+  if (!structures.Ok()) return {};
+  MapMember<Bindings::ConstantInfo> constants(value, "constants", ParseConstant, errors);
+  if (!constants.Ok()) return {};
+  MapMember<Bindings::OperationInfo> operations(value, "operations",
+                                                With(callbacks, ParseOperation), errors);
+  if (!operations.Ok()) return {};
+  return {name.Value(), std::make_shared<Bindings::ServiceInfo>(
+                            name.Value(), operations.Take(), structures.Take(), enumerations.Take(),
+                            constants.Take(), metadata.Take(), documentation.Take())};
+}
+
+Named<Bindings::OperationInfo> JsonMetadataParser::ParseOperation(
+    const RegisterCallbacks& callbacks, const JsonValue& value, Errors& errors) {
+  JsonMember<std::string> name(value, "name", errors);
+  if (!name.Ok()) return {};
+  JsonMember<std::string> documentation(value, "documentation", errors);
+  if (!documentation.Ok()) return {};
+  MetadataMember metadata(value, callbacks, errors);
+  if (!metadata.Ok()) return {};
+  ListMember<Bindings::FieldInfo> params(value, "params", With(callbacks, ParseFieldInfo), errors);
+  if (!params.Ok()) return {};
+  JsonObjectMember<std::shared_ptr<const Bindings::OperationResultInfo>> output(
+      value, "result", With(callbacks, ParseResult), errors);
+  if (!output.Ok()) return {};
+  ListMember<Bindings::ErrorInfo> failures(value, "errors", ParseError, errors);
+  if (!failures.Ok()) return {};
+  return {name.Value(), std::make_shared<Bindings::OperationInfo>(
+                            name.Value(), params.Take(), output.Take(), failures.Take(),
+                            metadata.Take(), documentation.Take())};
+}
+
+bool JsonMetadataParser::ParseResult(const RegisterCallbacks& callbacks, const JsonValue& value,
+                                     std::shared_ptr<const Bindings::OperationResultInfo>& result,
+                                     Errors& errors) {
+  JsonMember<std::string> documentation(value, "documentation", errors);
+  if (!documentation.Ok()) return false;
+  MetadataMember metadata(value, callbacks, errors);
+  if (!metadata.Ok()) return false;
+  JsonObjectMember<TypePtr> type(value, "type", ParseType, errors);
+  if (!type.Ok()) return false;
+  result = std::make_shared<Bindings::OperationResultInfo>(type.Take(), metadata.Take(),
+                                                           documentation.Take());
+  return true;
+}
+
+std::shared_ptr<const Bindings::ErrorInfo> JsonMetadataParser::ParseError(const JsonValue& value,
+                                                                          Errors& errors) {
+  JsonMember<std::string> structure_name(value, "user_defined_type_name", errors);
+  if (!structure_name.Ok()) return nullptr;
+  JsonMember<std::string> documentation(value, "documentation", errors);
+  if (!documentation.Ok()) return nullptr;
+  return std::make_shared<Bindings::ErrorInfo>(structure_name.Take(), documentation.Take());
+}
+
+}  // namespace Zelk::Provider::Metadata::Metamodel

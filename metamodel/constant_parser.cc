@@ -1,0 +1,80 @@
+#include "common/json_member.h"
+#include "metamodel/json_metadata_parser.h"
+
+namespace Zelk::Provider::Metadata::Metamodel {
+namespace {
+
+using BuiltinType = Bindings::TypeEnumerations::BuiltinType;
+using ConstantCategory = Bindings::ConstantValueEnumerations::Category;
+using GenericType = Bindings::GenericInstantiationEnumerations::GenericType;
+using PrimitiveType = Bindings::PrimitiveValueEnumerations::Type;
+
+/// How a constant of a built-in type is held; unknown for a type that constants cannot hold.
+PrimitiveType ToPrimitiveType(const BuiltinType& builtin_type) {
+  switch (builtin_type.Value()) {
+    case BuiltinType::BOOLEAN:
+      return PrimitiveType::BOOLEAN;
+    case BuiltinType::LONG:
+      return PrimitiveType::LONG;
+    case BuiltinType::DOUBLE:
+      return PrimitiveType::DOUBLE;
+    case BuiltinType::STRING:
+      return PrimitiveType::STRING;
+    default:
+      return PrimitiveType::UNKNOWN;
+  }
+}
+
+}  // namespace
+
+Named<Bindings::ConstantInfo> JsonMetadataParser::ParseConstant(const JsonValue& value,
+                                                                Errors& errors) {
+  constexpr char kValue[] = "value";
+  JsonMember<std::string> name(value, "name", errors);
+  if (!name.Ok()) return {};
+  JsonMember<std::string> documentation(value, "documentation", errors);
+  if (!documentation.Ok()) return {};
+  JsonObjectMember<ConstantType> type(value, "type", ParseConstantType, errors);
+  if (!type.Ok()) return {};
+  const JsonValue* constant = FindMember(value, kValue, errors);
+  if (constant == nullptr) return {};
+
+  const auto& [category, constant_type] = type.Value();
+  // Intended: only the texts of string constants are kept. What cannot be read leaves the constant
+  // without a value and does not fail it.
+  auto held = category == ConstantCategory::PRIMITIVE
+                  ? ParseConstantPrimitiveValue(*constant, kValue, errors,
+                                                ToPrimitiveType(*constant_type->builtin_type))
+                  : std::make_shared<const Bindings::ConstantValue>(category, nullptr);
+  return {name.Take(), std::make_shared<Bindings::ConstantInfo>(constant_type, std::move(held),
+                                                                documentation.Take())};
+}
+
+bool JsonMetadataParser::ParseConstantType(const JsonValue& value, ConstantType& result,
+                                           Errors& errors) {
+  JsonMember<ConstantCategory> category(value, "category", errors);
+  if (!category.Ok()) return false;
+  JsonMember<BuiltinType> type(value, "type", errors);
+  if (!type.Ok()) return false;
+  auto builtin = GetBuildinType(type.Take());
+  result = {category.Value(), category.Value() == ConstantCategory::LIST
+                                  ? GetGenericType(GenericType::LIST, std::move(builtin))
+                                  : std::move(builtin)};
+  return true;
+}
+
+std::shared_ptr<const Bindings::ConstantValue> JsonMetadataParser::ParseConstantPrimitiveValue(
+    const JsonValue& value, const char* name, Errors& errors, const PrimitiveType& primitive_type) {
+  return std::make_shared<const Bindings::ConstantValue>(
+      ConstantCategory::PRIMITIVE, ParsePrimitiveValue(value, name, errors, primitive_type));
+}
+
+std::shared_ptr<const Bindings::PrimitiveValue> JsonMetadataParser::ParsePrimitiveValue(
+    const JsonValue& value, const char* name, Errors& errors, const PrimitiveType& primitive_type) {
+  if (primitive_type != PrimitiveType::STRING) return nullptr;
+  std::string text;
+  if (!JsonParseString<ParseString>(value, name, errors, text)) return nullptr;
+  return std::make_shared<Bindings::PrimitiveValue>(primitive_type, std::move(text));
+}
+
+}  // namespace Zelk::Provider::Metadata::Metamodel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "common/json_member.h"
+#include "metamodel/json_metadata_parser.h"
+
+// What the Metamodel parser's operations share when they read members.
+
+namespace Zelk::Provider::Metadata::Metamodel {
+
+/// `parse` with the callbacks as its first argument, in the form that the member helpers call.
+template <typename Parse>
+auto With(const JsonMetadataParser::RegisterCallbacks& callbacks, Parse parse) {
+  return [&callbacks, parse](const JsonValue& value, auto&... out) {
+    return parse(callbacks, value, out...);
+  };
+}
+
+/// An array of named records; the first of a repeated name is kept.
+template <typename Record>
+using MapMember = JsonArrayMember<std::map<std::string, std::shared_ptr<const Record>>>;
+
+template <typename Record>
+using ListMember = JsonArrayMember<std::list<std::shared_ptr<const Record>>>;
+
+/// The annotations under "metadata".
+class MetadataMember : public JsonObjectMember<Bindings::MetadataMap> {
+ public:
+  MetadataMember(const JsonValue& object, const JsonMetadataParser::RegisterCallbacks& callbacks,
+                 Errors& errors)
+      : JsonObjectMemberOf(object, "metadata", With(callbacks, JsonMetadataParser::ParseMetadata),
+                           errors) {}
+};
+
+}  // namespace Zelk::Provider::Metadata::Metamodel

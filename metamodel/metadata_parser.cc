@@ -1,0 +1,116 @@
+#include <com/orvane/zelk/metadata/metamodel/metadata_identifier_svc.h>
+
+#include "common/json_lookup.h"
+#include "metamodel/json_metadata_parser.h"
+
+namespace Zelk::Provider::Metadata::Metamodel {
+namespace {
+
+using Bindings::MetadataIdentifierSvc::Constants;
+using ElementType = Bindings::ElementValueEnumerations::Type;
+using Names = std::list<std::string>;
+
+// What messages call an element whose value cannot be read, and an annotation that is no object.
+constexpr char kElementValue[] = "ElementValue";
+
+/// The annotation's element of that name; null when it has none.
+std::shared_ptr<const Bindings::ElementValue> FindElement(const Bindings::ElementMap& element_map,
+                                                          const std::string& name) {
+  const auto found = element_map.elements.find(name);
+  return found == element_map.elements.end() ? nullptr : found->second;
+}
+
+/// The strings of a JSON array; none when an element is no string.
+boost::optional<Names> ParseStrings(const JsonValue& value, Errors& errors) {
+  Names names;
+  for (const auto& element : value.GetArray()) {
+    if (!CheckType(element, JsonType::kString, kElementValue, errors)) return boost::none;
+    names.push_back(ValToString(element));
+  }
+  return names;
+}
+
+void Report(const JsonMetadataParser::RegisterCallbacks& callbacks,
+            const boost::optional<std::string>& resource_id) {
+  if (resource_id) callbacks.resource(*resource_id);
+}
+
+void Report(const JsonMetadataParser::RegisterCallbacks& callbacks,
+            const boost::optional<Names>& resource_ids) {
+  for (const auto& resource_id : resource_ids.value_or(Names())) callbacks.resource(resource_id);
+}
+
+}  // namespace
+
+bool JsonMetadataParser::ParseMetadata(const RegisterCallbacks& callbacks, const JsonValue& value,
+                                       Bindings::MetadataMap& map, Errors& errors) {
+  for (const auto& member : JsonMembers(value)) {
+    auto element_map = ParseElementMap(member.value, ParseStringElementValue, errors);
+    if (!element_map) return false;
+    // Intended: unlike all other maps, annotations and their elements keep the last of a name.
+    const auto stored =
+        map.insert_or_assign(ValToString(member.name), std::move(element_map)).first;
+    if (stored->first == Constants::RESOURCE) {
+      HandleResource(callbacks, *stored->second);
+    }
+  }
+  return true;
+}
+
+std::shared_ptr<const Bindings::ElementMap> JsonMetadataParser::ParseElementMap(
+    const JsonValue& value, ElementParser parse_element, Errors& errors) {
+  if (!CheckType(value, JsonType::kObject, kElementValue, errors)) return nullptr;
+  std::map<std::string, std::shared_ptr<const Bindings::ElementValue>> elements;
+  for (const auto& member : JsonMembers(value)) {
+    auto element = parse_element(member.value, errors);
+    if (!element) return nullptr;
+    elements.insert_or_assign(ValToString(member.name), std::move(element));
+  }
+  return std::make_shared<Bindings::ElementMap>(std::move(elements));
+}
+
+std::shared_ptr<const Bindings::ElementValue> JsonMetadataParser::ParseStringElementValue(
+    const JsonValue& value, Errors& errors) {
+  if (value.IsString()) {
+    return std::make_shared<Bindings::ElementValue>(ElementType::STRING, ValToString(value),
+                                                    boost::none, boost::none, boost::none);
+  }
+  if (!CheckType(value, JsonType::kArray, kElementValue, errors)) return nullptr;
+  auto names = ParseStrings(value, errors);
+  if (!names) return nullptr;
+  return std::make_shared<Bindings::ElementValue>(ElementType::STRING_LIST, boost::none,
+                                                  std::move(names), boost::none, boost::none);
+}
+
+void JsonMetadataParser::HandleResource(const RegisterCallbacks& callbacks,
+                                        const Bindings::ElementMap& element_map) {
+  const auto value = FindElement(element_map, "value");
+  if (!value) return;
+  switch (value->type.Value()) {
+    case ElementType::STRING:
+      return Report(callbacks, value->string_value);
+    case ElementType::STRING_LIST:
+      return Report(callbacks, value->list_value);
+    case ElementType::STRUCTURE_REFERENCE:
+      return Report(callbacks, value->structure_id);
+    case ElementType::STRUCTURE_REFERENCE_LIST:
+      return Report(callbacks, value->structure_ids);
+    default:
+      return;
+  }
+}
+
+void JsonMetadataParser::HandleModelInfo(const RegisterCallbacks& callbacks,
+                                         const Bindings::StructureInfo& structure) {
+  if (structure.metadata.count(Constants::MODEL) == 0) return;
+  for (const auto& field : structure.fields) {
+    const auto resource = field->metadata.find(Constants::RESOURCE);
+    if (resource == field->metadata.end() || field->metadata.count("ModelKey") == 0) continue;
+    const auto value = FindElement(*resource->second, "value");
+    // Intended: a key that is not of one resource ends the search; later fields do not count.
+    if (!value || value->type != ElementType::STRING) return;
+    callbacks.model(*value->string_value, structure.name);
+  }
+}
+
+}  // namespace Zelk::Provider::Metadata::Metamodel

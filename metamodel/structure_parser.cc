@@ -1,0 +1,71 @@
+#include "metamodel/json_metadata_parser.h"
+#include "metamodel/member_parsers.h"
+
+namespace Zelk::Provider::Metadata::Metamodel {
+
+std::shared_ptr<const Bindings::FieldInfo> JsonMetadataParser::ParseFieldInfo(
+    const RegisterCallbacks& callbacks, const JsonValue& value, Errors& errors) {
+  JsonMember<std::string> name(value, "name", errors);
+  if (!name.Ok()) return nullptr;
+  JsonMember<std::string> documentation(value, "documentation", errors);
+  if (!documentation.Ok()) return nullptr;
+  MetadataMember metadata(value, callbacks, errors);
+  if (!metadata.Ok()) return nullptr;
+  JsonObjectMember<TypePtr> type(value, "type", ParseType, errors);
+  if (!type.Ok()) return nullptr;
+  return std::make_shared<Bindings::FieldInfo>(name.Take(), type.Take(), metadata.Take(),
+                                               documentation.Take());
+}
+
+Named<Bindings::StructureInfo> JsonMetadataParser::ParseStructure(
+    const RegisterCallbacks& callbacks, const JsonValue& value, Errors& errors) {
+  JsonMember<std::string> name(value, "name", errors);
+  if (!name.Ok()) return {};
+  JsonMember<Bindings::StructureInfoEnumerations::Type> type(value, "type", errors);
+  if (!type.Ok()) return {};
+  JsonMember<std::string> documentation(value, "documentation", errors);
+  if (!documentation.Ok()) return {};
+  MetadataMember metadata(value, callbacks, errors);
+  if (!metadata.Ok()) return {};
+  MapMember<Bindings::EnumerationInfo> enumerations(value, "enumerations",
+                                                    With(callbacks, ParseEnumeration), errors);
+  if (!enumerations.Ok()) return {};
+  MapMember<Bindings::ConstantInfo> constants(value, "constants", ParseConstant, errors);
+  if (!constants.Ok()) return {};
+  ListMember<Bindings::FieldInfo> fields(value, "fields", With(callbacks, ParseFieldInfo), errors);
+  if (!fields.Ok()) return {};
+  auto structure = std::make_shared<Bindings::StructureInfo>(
+      name.Value(), type.Take(), enumerations.Take(), constants.Take(), fields.Take(),
+      metadata.Take(), documentation.Take());
+  HandleModelInfo(callbacks, *structure);
+  return {name.Take(), std::move(structure)};
+}
+
+Named<Bindings::EnumerationInfo> JsonMetadataParser::ParseEnumeration(
+    const RegisterCallbacks& callbacks, const JsonValue& value, Errors& errors) {
+  JsonMember<std::string> name(value, "name", errors);
+  if (!name.Ok()) return {};
+  JsonMember<std::string> documentation(value, "documentation", errors);
+  if (!documentation.Ok()) return {};
+  MetadataMember metadata(value, callbacks, errors);
+  if (!metadata.Ok()) return {};
+  ListMember<Bindings::EnumerationValueInfo> values(value, "values",
+                                                    With(callbacks, ParseEnumValues), errors);
+  if (!values.Ok()) return {};
+  return {name.Value(), std::make_shared<Bindings::EnumerationInfo>(
+                            name.Value(), values.Take(), metadata.Take(), documentation.Take())};
+}
+
+std::shared_ptr<const Bindings::EnumerationValueInfo> JsonMetadataParser::ParseEnumValues(
+    const RegisterCallbacks& callbacks, const JsonValue& value, Errors& errors) {
+  JsonMember<std::string> name(value, "name", errors);
+  if (!name.Ok()) return nullptr;
+  JsonMember<std::string> documentation(value, "documentation", errors);
+  if (!documentation.Ok()) return nullptr;
+  MetadataMember metadata(value, callbacks, errors);
+  if (!metadata.Ok()) return nullptr;
+  return std::make_shared<Bindings::EnumerationValueInfo>(name.Take(), metadata.Take(),
+                                                          documentation.Take());
+}
+
+}  // namespace Zelk::Provider::Metadata::Metamodel

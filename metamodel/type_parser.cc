@@ -1,0 +1,157 @@
+#include <utility>
+#include <vector>
+
+#include "common/json_member.h"
+#include "metamodel/json_metadata_parser.h"
+
+namespace Zelk::Provider::Metadata::Metamodel {
+namespace {
+
+using BuiltinType = Bindings::TypeEnumerations::BuiltinType;
+using Category = Bindings::TypeEnumerations::Category;
+using GenericType = Bindings::GenericInstantiationEnumerations::GenericType;
+
+TypePtr ToType(std::shared_ptr<const Bindings::GenericInstantiation> generic_instantiation) {
+  return std::make_shared<Bindings::Type>(Category::GENERIC, boost::none, nullptr,
+                                          std::move(generic_instantiation));
+}
+
+TypePtr ParseBuiltinType(const JsonValue& value, Errors& errors) {
+  JsonMember<BuiltinType, JsonMetadataParser::ParseBinEnum> type(value, "primitive_type", errors);
+  return type.Ok() ? JsonMetadataParser::GetBuildinType(type.Take()) : nullptr;
+}
+
+/// Reads one type object and all that nest in it. Generic types wait on a stack of their own until
+/// the types they are made of are read: files nest deeper than a thread's stack would bear.
+class NestedTypeReader {
+ public:
+  explicit NestedTypeReader(Errors& errors) : errors_(errors) {}
+
+  /// Null when the type or one that it is made of cannot be read.
+  TypePtr Read(const JsonValue& value) { return ReadFrom(&value); }
+
+  /// The same for a type object that is known to be generic.
+  TypePtr ReadGeneric(const JsonValue& value) { return ReadFrom(Open(value)); }
+
+ private:
+  /// A generic type of which a part is still missing.
+  struct OpenType {
+    const JsonValue* object;
+    GenericType generic_type;
+    /// Of a map, once it is read.
+    TypePtr key_type;
+  };
+
+  TypePtr ReadFrom(const JsonValue* part) {
+    while (part != nullptr) {
+      JsonMember<Category, JsonMetadataParser::ParseCategoryEnum> category(*part, "category",
+                                                                           errors_);
+      if (!category.Ok()) return nullptr;
+      if (category.Value() == Category::GENERIC) {
+        part = Open(*part);
+      } else if (category.Value() == Category::BUILTIN) {
+        part = Supply(ParseBuiltinType(*part, errors_));
+      } else {
+        part = Supply(JsonMetadataParser::ParseUserDefinedType(*part, errors_));
+      }
+    }
+    return std::move(done_);
+  }
+
+  /// Leaves the generic type waiting; the part of it to be read first, null on failure.
+  const JsonValue* Open(const JsonValue& value) {
+    JsonMember<GenericType> generic_type(value, "generic_type", errors_);
+    if (!generic_type.Ok()) return nullptr;
+    const bool is_map = generic_type.Value() == GenericType::MAP;
+    open_.push_back({&value, generic_type.Take(), nullptr});
+    return Part(value, is_map ? "map_key_type" : "element_type");
+  }
+
+  /// Completes the open types that `type` was the last missing part of. The part to be read next;
+  /// null on failure and when all is done.
+  const JsonValue* Supply(TypePtr type) {
+    if (!type) return nullptr;
+    for (; !open_.empty(); open_.pop_back()) {
+      auto& open = open_.back();
+      if (open.generic_type != GenericType::MAP) {
+        type = JsonMetadataParser::GetGenericType(open.generic_type, std::move(type));
+      } else if (open.key_type) {
+        type = JsonMetadataParser::GetGenericType(std::move(open.key_type), std::move(type));
+      } else {
+        open.key_type = std::move(type);
+        return Part(*open.object, "map_value_type");
+      }
+    }
+    done_ = std::move(type);
+    return nullptr;
+  }
+
+  const JsonValue* Part(const JsonValue& object, const char* name) {
+    const auto found = LookUp(object, name, JsonType::kObject, Presence::kRequired, errors_);
+    return found.ok ? found.value : nullptr;
+  }
+
+  Errors& errors_;
+  std::vector<OpenType> open_;
+  TypePtr done_;
+};
+
+}  // namespace
+
+bool JsonMetadataParser::ParseType(const JsonValue& value, TypePtr& type, Errors& errors) {
+  type = NestedTypeReader(errors).Read(value);
+  return type != nullptr;
+}
+
+TypePtr JsonMetadataParser::ParseUserDefinedType(const JsonValue& value, Errors& errors) {
+  JsonMember<std::string> resource_type(value, "user_defined_type", errors);
+  if (!resource_type.Ok()) return nullptr;
+  JsonMember<std::string> resource_id(value, "user_defined_type_name", errors);
+  if (!resource_id.Ok()) return nullptr;
+  std::string type = resource_type.Take();
+  // Intended: these two words exactly; any other text is a resource type itself.
+  if (type == "Structure") {
+    type = "com.orvane.zelk.structure";
+  } else if (type == "Enumeration") {
+    type = "com.orvane.zelk.enumeration";
+  }
+  return GetUserDefinedType(
+      std::make_shared<Bindings::UserDefinedType>(std::move(type), resource_id.Take()));
+}
+
+TypePtr JsonMetadataParser::ParseGenericType(const JsonValue& value, Errors& errors) {
+  return NestedTypeReader(errors).ReadGeneric(value);
+}
+
+bool JsonMetadataParser::ParseCategoryEnum(const JsonValue& value, const char* name, Errors& errors,
+                                           Category& result) {
+  return ParseAliasedEnum(value, name, errors, result, "PRIMITIVE", Category::BUILTIN);
+}
+
+bool JsonMetadataParser::ParseBinEnum(const JsonValue& value, const char* name, Errors& errors,
+                                      BuiltinType& result) {
+  return ParseAliasedEnum(value, name, errors, result, "EXCEPTION", BuiltinType::ANY_ERROR);
+}
+
+TypePtr JsonMetadataParser::GetBuildinType(BuiltinType builtin_type) {
+  return std::make_shared<Bindings::Type>(Category::BUILTIN, std::move(builtin_type), nullptr,
+                                          nullptr);
+}
+
+TypePtr JsonMetadataParser::GetUserDefinedType(
+    std::shared_ptr<const Bindings::UserDefinedType> user_defined_type) {
+  return std::make_shared<Bindings::Type>(Category::USER_DEFINED, boost::none,
+                                          std::move(user_defined_type), nullptr);
+}
+
+TypePtr JsonMetadataParser::GetGenericType(GenericType generic_type, TypePtr element_type) {
+  return ToType(std::make_shared<Bindings::GenericInstantiation>(
+      std::move(generic_type), std::move(element_type), nullptr, nullptr));
+}
+
+TypePtr JsonMetadataParser::GetGenericType(TypePtr key_type, TypePtr value_type) {
+  return ToType(std::make_shared<Bindings::GenericInstantiation>(
+      GenericType::MAP, nullptr, std::move(key_type), std::move(value_type)));
+}
+
+}  // namespace Zelk::Provider::Metadata::Metamodel

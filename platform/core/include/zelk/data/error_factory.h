@@ -1,0 +1,39 @@
+#pragma once
+
+#include <list>
+#include <memory>
+
+#include <zelk/data/native_to_value_adapter.h>
+#include <zelk/data/values.h>
+#include <zelk/message.h>
+#include <zelk/specializable.h>
+
+namespace Zelk {
+namespace Data {
+
+// Makes error values. E is a standard error class: it says which kind of error the value is.
+class ErrorFactory {
+ public:
+  // An error without messages.
+  template <typename E>
+  static std::shared_ptr<const ErrorValue> GetError() {
+    return GetError<E>(E());
+  }
+
+  // An error with whatever the given object holds.
+  template <typename E>
+  static std::shared_ptr<const ErrorValue> GetError(const E& error) {
+    return NativeToValueAdapter::Adapt(error);
+  }
+
+  // An error that carries the messages, in their order.
+  template <typename E>
+  static std::shared_ptr<const ErrorValue> GetError(const std::list<BaseMessage>& messages) {
+    const std::shared_ptr<ErrorValue> error = NativeToValueAdapter::Adapt(E());
+    error->SetField("messages", NativeToValueAdapter::Adapt(messages));
+    return error;
+  }
+};
+
+}  // namespace Data
+}  // namespace Zelk

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include <com/orvane/zelk/export.h>
+
+namespace Com {
+namespace Orvane {
+namespace Zelk {
+namespace Metadata {
+namespace Metamodel {
+namespace MetadataIdentifierSvc {
+
+// The names of the annotations that have a meaning to the metadata services themselves.
+struct ZELK_STD_BINDINGS_EXPORT Constants {
+  // Says of a structure that it is the model of resources: "Model".
+  static const std::string MODEL;
+
+  // Says which resources an identifier or a model stands for: "Resource".
+  static const std::string RESOURCE;
+};
+
+}  // namespace MetadataIdentifierSvc
+}  // namespace Metamodel
+}  // namespace Metadata
+}  // namespace Zelk
+}  // namespace Orvane
+}  // namespace Com

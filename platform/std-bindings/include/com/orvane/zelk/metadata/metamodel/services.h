@@ -1,0 +1,236 @@
+#pragma once
+
+#include <list>
+#include <memory>
+#include <set>
+#include <string>
+
+#include <boost/optional/optional.hpp>
+
+#include <com/orvane/zelk/export.h>
+#include <com/orvane/zelk/metadata/metamodel/records.h>
+#include <zelk/async_result.h>
+#include <zelk/core/async_activation.h>
+
+// The services that answer for the Metamodel domain, as a provider implements them. Each operation
+// gets its own arguments, the activation that it is called for, and the result through which it
+// answers. The order of the operations in a class is part of the binary interface.
+
+namespace Com {
+namespace Orvane {
+namespace Zelk {
+namespace Metadata {
+namespace Metamodel {
+
+namespace ComponentSvc {
+
+// The components that the loaded sources describe.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // The names of all components, once for each source that has them.
+  virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
+                    const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
+
+  // The component with everything in it and its fingerprint, or NotFound.
+  virtual void Get(const std::string& component_id,
+                   const ::Zelk::Core::AsyncActivationPtr& activation,
+                   const ::Zelk::AsyncResult<std::shared_ptr<const ComponentData>>& result) = 0;
+
+  // The fingerprint alone, for a client that kept the component; or NotFound.
+  virtual void Fingerprint(const std::string& component_id,
+                           const ::Zelk::Core::AsyncActivationPtr& activation,
+                           const ::Zelk::AsyncResult<std::string>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace ComponentSvc
+
+namespace EnumerationSvc {
+
+// The enumerations, wherever they are defined.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // The names of all enumerations.
+  virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
+                    const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
+
+  // The enumeration, or NotFound.
+  virtual void Get(const std::string& enumeration_id,
+                   const ::Zelk::Core::AsyncActivationPtr& activation,
+                   const ::Zelk::AsyncResult<std::shared_ptr<const EnumerationInfo>>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace EnumerationSvc
+
+namespace PackageSvc {
+
+// The packages of all components.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // The names of all packages.
+  virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
+                    const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
+
+  // The package with everything in it, or NotFound.
+  virtual void Get(const std::string& package_id,
+                   const ::Zelk::Core::AsyncActivationPtr& activation,
+                   const ::Zelk::AsyncResult<std::shared_ptr<const PackageInfo>>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace PackageSvc
+
+namespace ResourceSvc {
+
+// The types of resources that identifiers stand for.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // The resource types of all sources, each once.
+  virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
+                    const ::Zelk::AsyncResult<std::set<std::string>>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace ResourceSvc
+
+namespace Resource {
+namespace ModelSvc {
+
+// The structures that model a resource.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // The names of the structures, or NotFound for an unknown resource type.
+  virtual void List(const std::string& resource_id,
+                    const ::Zelk::Core::AsyncActivationPtr& activation,
+                    const ::Zelk::AsyncResult<std::set<std::string>>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace ModelSvc
+}  // namespace Resource
+
+namespace ServiceSvc {
+
+// The services of all packages.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // The names of all services.
+  virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
+                    const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
+
+  // The service with everything in it, or NotFound.
+  virtual void Get(const std::string& service_id,
+                   const ::Zelk::Core::AsyncActivationPtr& activation,
+                   const ::Zelk::AsyncResult<std::shared_ptr<const ServiceInfo>>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace ServiceSvc
+
+namespace Service {
+namespace OperationSvc {
+
+// The operations of one service.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // The names of the operations, or NotFound for an unknown service.
+  virtual void List(const std::string& service_id,
+                    const ::Zelk::Core::AsyncActivationPtr& activation,
+                    const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
+
+  // The operation, or NotFound when the service or its operation is unknown.
+  virtual void Get(const std::string& service_id, const std::string& operation_id,
+                   const ::Zelk::Core::AsyncActivationPtr& activation,
+                   const ::Zelk::AsyncResult<std::shared_ptr<const OperationInfo>>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace OperationSvc
+}  // namespace Service
+
+namespace Service {
+namespace HiddenSvc {
+
+// The services that clients should not show.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // The names of the hidden services.
+  virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
+                    const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace HiddenSvc
+}  // namespace Service
+
+namespace StructureSvc {
+
+// The structures of all packages and services.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // The names of all structures.
+  virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
+                    const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
+
+  // The structure, or NotFound.
+  virtual void Get(const std::string& structure_id,
+                   const ::Zelk::Core::AsyncActivationPtr& activation,
+                   const ::Zelk::AsyncResult<std::shared_ptr<const StructureInfo>>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace StructureSvc
+
+namespace SourceSvc {
+
+// The sources that metadata is loaded from.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // Loads a source and registers it under the given id, or answers why that cannot be done.
+  virtual void Create(const std::string& source_id, const std::shared_ptr<const CreateSpec>& spec,
+                      const ::Zelk::Core::AsyncActivationPtr& activation,
+                      const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
+
+  // Forgets a source and what came from it, or answers NotFound.
+  virtual void Delete(const std::string& source_id,
+                      const ::Zelk::Core::AsyncActivationPtr& activation,
+                      const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
+
+  // What the source was made from, or NotFound.
+  virtual void Get(const std::string& source_id, const ::Zelk::Core::AsyncActivationPtr& activation,
+                   const ::Zelk::AsyncResult<std::shared_ptr<const Info>>& result) = 0;
+
+  // The ids of all sources, ascending.
+  virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
+                    const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
+
+  // Loads one source anew, or every source when no id is given; NotFound for an unknown id.
+  virtual void Reload(const boost::optional<std::string>& source_id,
+                      const ::Zelk::Core::AsyncActivationPtr& activation,
+                      const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
+
+  // The fingerprint of one source, or of all together when no id is given; or NotFound.
+  virtual void Fingerprint(const boost::optional<std::string>& source_id,
+                           const ::Zelk::Core::AsyncActivationPtr& activation,
+                           const ::Zelk::AsyncResult<std::string>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace SourceSvc
+
+}  // namespace Metamodel
+}  // namespace Metadata
+}  // namespace Zelk
+}  // namespace Orvane
+}  // namespace Com

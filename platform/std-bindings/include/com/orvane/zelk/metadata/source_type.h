@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+
+#include <boost/optional/optional.hpp>
+
+#include <com/orvane/zelk/export.h>
+#include <zelk/enum.h>
+
+namespace Com {
+namespace Orvane {
+namespace Zelk {
+namespace Metadata {
+
+// Where the metadata of a source comes from.
+class ZELK_STD_BINDINGS_EXPORT SourceType : public ::Zelk::GeneratedEnum<SourceType> {
+ public:
+  enum Enumerator { LOCAL_FILE, REMOTE, UNKNOWN };
+
+  struct ZELK_STD_BINDINGS_EXPORT Strings {
+    static const char* const values[];
+  };
+
+  SourceType() : GeneratedEnum(UNKNOWN) {}
+
+  SourceType(Enumerator value) : GeneratedEnum(value) {}  // NOLINT(google-explicit-constructor)
+};
+
+// A source as its creator describes it. Each domain has its own SourceSvc::CreateSpec and
+// SourceSvc::Info made from it, so that the domains' descriptions are not mixed up.
+struct ZELK_STD_BINDINGS_EXPORT SourceDescription {
+  SourceDescription(std::string description, SourceType type,
+                    boost::optional<std::string> file_path, boost::optional<std::string> address);
+
+  // Free text for people.
+  std::string description;
+
+  SourceType type;
+
+  // The file that holds the metadata, for LOCAL_FILE.
+  boost::optional<std::string> file_path;
+
+  // Where to ask for the metadata, for REMOTE.
+  boost::optional<std::string> address;
+};
+
+}  // namespace Metadata
+}  // namespace Zelk
+}  // namespace Orvane
+}  // namespace Com
