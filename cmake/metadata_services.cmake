@@ -2,6 +2,18 @@
 # exported symbols, the unit tests link the objects and see the rest.
 
 add_library(zelk-metadata-services-objects OBJECT
+  authentication/json_metadata_container.cc
+  authentication/json_metadata_parser.cc
+  authentication/metadata_container.cc
+  authentication/queries.cc
+  authentication/services.cc
+  authentication/source_data.cc
+  cli/json_metadata_container.cc
+  cli/metadata_container.cc
+  cli/metadata_parser.cc
+  cli/queries.cc
+  cli/services.cc
+  cli/source_data.cc
   common/json_document.cc
   common/json_enum.cc
   common/json_lookup.cc

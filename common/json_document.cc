@@ -73,7 +73,7 @@ void JsonHeap::Free(void* block) {
 
 std::string ReadAll(std::istream& in) {
   std::string text;
-  std::array<char, 64 * 1024> chunk;
+  std::array<char, 65536> chunk;
   // read() and not the buffer's own functions: those throw for a folder opened as a file.
   while (in.read(chunk.data(), chunk.size()) || in.gcount() > 0) {
     text.append(chunk.data(), static_cast<std::size_t>(in.gcount()));

@@ -43,10 +43,10 @@ inline bool ParseString(const JsonValue& value, const char* /*name*/, Errors& /*
   return true;
 }
 
-/// Converts a value already at hand, which must be a JSON string, with `Parser`.
-template <auto Parser, typename T>
+/// Converts a value already at hand, which must be a JSON string, with `kParser`.
+template <auto kParser, typename T>
 bool JsonParseString(const JsonValue& value, const char* name, Errors& errors, T& result) {
-  return CheckType(value, JsonType::kString, name, errors) && Parser(value, name, errors, result);
+  return CheckType(value, JsonType::kString, name, errors) && kParser(value, name, errors, result);
 }
 
 template <typename T>
@@ -59,12 +59,12 @@ constexpr auto DefaultStringParser() {
 }
 
 /// A required string, or a required enumeration written as one.
-template <typename T, auto Parser = DefaultStringParser<T>()>
+template <typename T, auto kParser = DefaultStringParser<T>()>
 class JsonMember : public BoundMember<T> {
  public:
   JsonMember(const JsonValue& object, const char* name, Errors& errors) {
     const JsonValue* value = FindMember(object, name, errors);
-    this->ok_ = value != nullptr && JsonParseString<Parser>(*value, name, errors, this->value_);
+    this->ok_ = value != nullptr && JsonParseString<kParser>(*value, name, errors, this->value_);
   }
 };
 
@@ -87,6 +87,14 @@ class JsonOptMember<boost::optional<std::string>>
 
 // --- objects ------------------------------------------------------------------------------------
 
+/// A parser's `parse` with its callbacks as the first argument, in the form that the helpers call.
+template <typename Callbacks, typename Parse>
+auto WithCallbacks(const Callbacks& callbacks, Parse parse) {
+  return [&callbacks, parse](const JsonValue& value, auto&... out) {
+    return parse(callbacks, value, out...);
+  };
+}
+
 /// A nested object, read by `parse(value, result, errors)`.
 template <typename T, Presence kPresence>
 class JsonObjectMemberOf : public BoundMember<T> {
@@ -101,14 +109,14 @@ class JsonObjectMemberOf : public BoundMember<T> {
 
 /// A nested object of which nothing is kept, such as the root member of a document; read by
 /// `parse(value, errors)`.
-template <>
-class JsonObjectMemberOf<void, Presence::kRequired> {
+template <Presence kPresence>
+class JsonObjectMemberOf<void, kPresence> {
  public:
   template <typename Parse>
   JsonObjectMemberOf(const JsonValue& object, const char* name, const Parse& parse,
                      Errors& errors) {
-    const auto found = LookUp(object, name, JsonType::kObject, Presence::kRequired, errors);
-    ok_ = found.ok && parse(*found.value, errors);
+    const auto found = LookUp(object, name, JsonType::kObject, kPresence, errors);
+    ok_ = found.ok && (found.value == nullptr || parse(*found.value, errors));
   }
 
   bool Ok() const { return ok_; }

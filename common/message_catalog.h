@@ -39,6 +39,34 @@ inline constexpr char kMetamodelResourceNotFound[] = "zelk.metada.metamodel.reso
 inline constexpr char kMetamodelEnumerationNotFound[] =
     "zelk.metada.metamodel.enumeration.not.found";
 
+inline constexpr char kAuthenticationParseError[] = "zelk.metadata.authentication.parse.error";
+inline constexpr char kAuthenticationSourceExists[] = "zelk.metada.authentication.source.exists";
+inline constexpr char kAuthenticationSourceNotFound[] =
+    "zelk.metada.authentication.source.not.found";
+inline constexpr char kAuthenticationSourceFileNotFound[] =
+    "zelk.metada.authentication.source.file.not.found";
+inline constexpr char kAuthenticationPackageNotFound[] =
+    "zelk.metada.authentication.package.not.found";
+inline constexpr char kAuthenticationServiceNotFound[] =
+    "zelk.metada.authentication.service.not.found";
+inline constexpr char kAuthenticationOperationNotFound[] =
+    "zelk.metada.authentication.operation.not.found";
+inline constexpr char kAuthenticationUnknownSchemaName[] =
+    "zelk.metadata.authentication.json.unknown.schema.name";
+inline constexpr char kAuthenticationJsonInvalidOperationId[] =
+    "zelk.metadata.authentication.json.invalid.operation.id";
+inline constexpr char kAuthenticationJsonInvalidServiceId[] =
+    "zelk.metadata.authentication.json.invalid.service.id";
+
+inline constexpr char kCliParseError[] = "zelk.metadata.cli.parse.error";
+inline constexpr char kCliInvalidField[] = "zelk.metadata.cli.json.invalid.field";
+inline constexpr char kCliInvalidNodeType[] = "zelk.metadata.cli.json.invalid.node.type";
+inline constexpr char kCliSourceExists[] = "zelk.metada.cli.source.exists";
+inline constexpr char kCliSourceNotFound[] = "zelk.metada.cli.source.not.found";
+inline constexpr char kCliSourceFileNotFound[] = "zelk.metada.cli.source.file.not.found";
+inline constexpr char kCliNamespaceNotFound[] = "zelk.metada.cli.namespace.not.found";
+inline constexpr char kCliCommandNotFound[] = "zelk.metada.cli.command.not.found";
+
 }  // namespace MessageId
 }  // namespace Zelk::Provider::Metadata
 

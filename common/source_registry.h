@@ -74,6 +74,14 @@ class ReloadEntry {
   ErrorPtr error_;
 };
 
+/// The digest of one digest text of each source, in the order of the table.
+template <typename Table, typename Source>
+std::string DigestOfSources(const Table& sources, std::string Source::*digest_text) {
+  ::Zelk::MD5 digest;
+  for (const auto& entry : sources) digest.Update((*entry.second).*digest_text);
+  return digest.hexdigest();
+}
+
 /// A domain's table of sources, in ascending id order. Not protected: the host serialises changes.
 template <typename Domain>
 class SourceRegistry {
@@ -132,13 +140,10 @@ class SourceRegistry {
   /// The digest of the fingerprints of one source or, without an id, of all. Empty for an unknown
   /// id. Intended: the hex texts are digested again, so one and many sources are treated alike.
   std::string Fingerprint(const boost::optional<std::string>& id) const {
-    ::Zelk::MD5 digest;
-    if (!id) {
-      for (const auto& entry : sources_) digest.Update(entry.second->fingerprint);
-      return digest.hexdigest();
-    }
+    if (!id) return DigestOfSources(sources_, &Domain::SourceData::fingerprint);
     const auto found = sources_.find(*id);
     if (found == sources_.end()) return std::string();
+    ::Zelk::MD5 digest;
     digest.Update(found->second->fingerprint);
     return digest.hexdigest();
   }

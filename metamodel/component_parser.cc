@@ -13,13 +13,16 @@ bool JsonMetadataParser::LoadMetadata(std::string_view text, const RegisterCallb
                                       Errors& errors) {
   JsonDocument document;
   if (!ParseJson(text, MessageId::kMetamodelParseError, document, errors)) return false;
-  return JsonObjectMember<void>(document, "metamodel", With(callbacks, ParseMetamodel), errors)
+  return JsonObjectMember<void>(document, "metamodel", WithCallbacks(callbacks, ParseMetamodel),
+                                errors)
       .Ok();
 }
 
 bool JsonMetadataParser::ParseMetamodel(const RegisterCallbacks& callbacks, const JsonValue& value,
                                         Errors& errors) {
-  return JsonObjectMember<void>(value, "component", With(callbacks, ParseComponent), errors).Ok();
+  return JsonObjectMember<void>(value, "component", WithCallbacks(callbacks, ParseComponent),
+                                errors)
+      .Ok();
 }
 
 bool JsonMetadataParser::ParseComponent(const RegisterCallbacks& callbacks, const JsonValue& value,
@@ -30,8 +33,8 @@ bool JsonMetadataParser::ParseComponent(const RegisterCallbacks& callbacks, cons
   if (!documentation.Ok()) return false;
   MetadataMember metadata(value, callbacks, errors);
   if (!metadata.Ok()) return false;
-  MapMember<Bindings::PackageInfo> packages(value, "packages", With(callbacks, ParsePackage),
-                                            errors);
+  MapMember<Bindings::PackageInfo> packages(value, "packages",
+                                            WithCallbacks(callbacks, ParsePackage), errors);
   if (!packages.Ok()) return false;
   callbacks.component(std::make_shared<Bindings::ComponentInfo>(
       name.Take(), packages.Take(), metadata.Take(), documentation.Take()));
@@ -47,14 +50,14 @@ Named<Bindings::PackageInfo> JsonMetadataParser::ParsePackage(const RegisterCall
   if (!documentation.Ok()) return {};
   MetadataMember metadata(value, callbacks, errors);
   if (!metadata.Ok()) return {};
-  MapMember<Bindings::EnumerationInfo> enumerations(value, "enumerations",
-                                                    With(callbacks, ParseEnumeration), errors);
+  MapMember<Bindings::EnumerationInfo> enumerations(
+      value, "enumerations", WithCallbacks(callbacks, ParseEnumeration), errors);
   if (!enumerations.Ok()) return {};
   MapMember<Bindings::StructureInfo> structures(value, "structures",
-                                                With(callbacks, ParseStructure), errors);
+                                                WithCallbacks(callbacks, ParseStructure), errors);
   if (!structures.Ok()) return {};
-  MapMember<Bindings::ServiceInfo> services(value, "services", With(callbacks, ParseService),
-                                            errors);
+  MapMember<Bindings::ServiceInfo> services(value, "services",
+                                            WithCallbacks(callbacks, ParseService), errors);
   if (!services.Ok()) return {};
   return {name.Value(), std::make_shared<Bindings::PackageInfo>(
                             name.Value(), structures.Take(), enumerations.Take(), services.Take(),
@@ -70,16 +73,16 @@ Named<Bindings::ServiceInfo> JsonMetadataParser::ParseService(const RegisterCall
   if (!documentation.Ok()) return {};
   MetadataMember metadata(value, callbacks, errors);
   if (!metadata.Ok()) return {};
-  MapMember<Bindings::EnumerationInfo> enumerations(value, "enumerations",
-                                                    With(callbacks, ParseEnumeration), errors);
+  MapMember<Bindings::EnumerationInfo> enumerations(
+      value, "enumerations", WithCallbacks(callbacks, ParseEnumeration), errors);
   if (!enumerations.Ok()) return {};
   MapMember<Bindings::StructureInfo> structures(value, "structures",
-                                                With(callbacks, ParseStructure), errors);
+                                                WithCallbacks(callbacks, ParseStructure), errors);
   if (!structures.Ok()) return {};
   MapMember<Bindings::ConstantInfo> constants(value, "constants", ParseConstant, errors);
   if (!constants.Ok()) return {};
   MapMember<Bindings::OperationInfo> operations(value, "operations",
-                                                With(callbacks, ParseOperation), errors);
+                                                WithCallbacks(callbacks, ParseOperation), errors);
   if (!operations.Ok()) return {};
   return {name.Value(), std::make_shared<Bindings::ServiceInfo>(
                             name.Value(), operations.Take(), structures.Take(), enumerations.Take(),
@@ -94,10 +97,11 @@ Named<Bindings::OperationInfo> JsonMetadataParser::ParseOperation(
   if (!documentation.Ok()) return {};
   MetadataMember metadata(value, callbacks, errors);
   if (!metadata.Ok()) return {};
-  ListMember<Bindings::FieldInfo> params(value, "params", With(callbacks, ParseFieldInfo), errors);
+  ListMember<Bindings::FieldInfo> params(value, "params", WithCallbacks(callbacks, ParseFieldInfo),
+                                         errors);
   if (!params.Ok()) return {};
   JsonObjectMember<std::shared_ptr<const Bindings::OperationResultInfo>> output(
-      value, "result", With(callbacks, ParseResult), errors);
+      value, "result", WithCallbacks(callbacks, ParseResult), errors);
   if (!output.Ok()) return {};
   ListMember<Bindings::ErrorInfo> failures(value, "errors", ParseError, errors);
   if (!failures.Ok()) return {};

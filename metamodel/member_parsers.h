@@ -12,14 +12,6 @@
 
 namespace Zelk::Provider::Metadata::Metamodel {
 
-/// `parse` with the callbacks as its first argument, in the form that the member helpers call.
-template <typename Parse>
-auto With(const JsonMetadataParser::RegisterCallbacks& callbacks, Parse parse) {
-  return [&callbacks, parse](const JsonValue& value, auto&... out) {
-    return parse(callbacks, value, out...);
-  };
-}
-
 /// An array of named records; the first of a repeated name is kept.
 template <typename Record>
 using MapMember = JsonArrayMember<std::map<std::string, std::shared_ptr<const Record>>>;
@@ -32,8 +24,8 @@ class MetadataMember : public JsonObjectMember<Bindings::MetadataMap> {
  public:
   MetadataMember(const JsonValue& object, const JsonMetadataParser::RegisterCallbacks& callbacks,
                  Errors& errors)
-      : JsonObjectMemberOf(object, "metadata", With(callbacks, JsonMetadataParser::ParseMetadata),
-                           errors) {}
+      : JsonObjectMemberOf(object, "metadata",
+                           WithCallbacks(callbacks, JsonMetadataParser::ParseMetadata), errors) {}
 };
 
 }  // namespace Zelk::Provider::Metadata::Metamodel

@@ -1,3 +1,4 @@
+#include "common/component_queries.h"
 #include "metamodel/json_metadata_container.h"
 #include "metamodel/walkers.h"
 
@@ -5,69 +6,44 @@
 // records in ascending key order.
 
 namespace Zelk::Provider::Metadata::Metamodel {
-namespace {
-
-using Table = SourceRegistry<SourceDomain>::Table;
-
-/// Applies `walker` to each source until it reports a hit; true when one did.
-template <typename Walker>
-bool Walk(const Table& sources, const Walker& walker) {
-  return boost::range::find_if(sources, walker) != sources.end();
-}
-
-/// Null when no source has the component.
-const SourceData* FirstSourceWith(const Table& sources, const std::string& component_id) {
-  const auto found = boost::range::find_if(sources, [&component_id](const auto& source) {
-    return source.second->components.count(component_id) != 0;
-  });
-  return found == sources.end() ? nullptr : found->second.get();
-}
-
-}  // namespace
 
 std::list<std::string> JsonMetadataContainer::ListComponents() const {
-  std::list<std::string> names;
-  Walk(sources_.Sources(), WalkComponents{PushName{names}});
-  return names;
+  return ComponentNames(sources_.Sources());
 }
 
 std::shared_ptr<const Bindings::ComponentData> JsonMetadataContainer::ComponentInfo(
     const std::string& component_id) const {
-  const SourceData* source = FirstSourceWith(sources_.Sources(), component_id);
-  if (source == nullptr) return nullptr;
-  return std::make_shared<Bindings::ComponentData>(source->components.at(component_id),
-                                                   source->component_fingerprint);
+  return FindComponent<Bindings::ComponentData>(sources_.Sources(), component_id);
 }
 
 std::string JsonMetadataContainer::ComponentFingerprint(const std::string& component_id) const {
-  const SourceData* source = FirstSourceWith(sources_.Sources(), component_id);
-  return source == nullptr ? std::string() : source->component_fingerprint;
+  return FindComponentFingerprint(sources_.Sources(), component_id);
 }
 
 std::list<std::string> JsonMetadataContainer::ListPackages() const {
   std::list<std::string> names;
-  Walk(sources_.Sources(), WalkComponents{WalkPackages{PushName{names}}});
+  WalkSources(sources_.Sources(), WalkComponents{WalkPackages{PushName{names}}});
   return names;
 }
 
 std::shared_ptr<const Bindings::PackageInfo> JsonMetadataContainer::PackageInfo(
     const std::string& package_id) const {
   std::shared_ptr<const Bindings::PackageInfo> package;
-  Walk(sources_.Sources(), WalkComponents{SelectPackage{package_id, Assign{package}}});
+  WalkSources(sources_.Sources(), WalkComponents{SelectPackage{package_id, Assign{package}}});
   return package;
 }
 
 std::list<std::string> JsonMetadataContainer::ListServices() const {
   std::list<std::string> names;
-  Walk(sources_.Sources(), WalkComponents{WalkPackages{WalkServices{PushName{names}}}});
+  WalkSources(sources_.Sources(), WalkComponents{WalkPackages{WalkServices{PushName{names}}}});
   return names;
 }
 
 std::shared_ptr<const Bindings::ServiceInfo> JsonMetadataContainer::ServiceInfo(
     const std::string& service_id) const {
   std::shared_ptr<const Bindings::ServiceInfo> service;
-  Walk(sources_.Sources(),
-       WalkComponents{WalkPackages{SelectService{service_id, Assign{service}}}});
+  WalkSources(sources_.Sources(),
+              WalkComponents{WalkPackages{SelectService{service_id, Assign{service}}}});
   return service;
 }
 
@@ -97,10 +73,10 @@ std::list<std::string> JsonMetadataContainer::ListEnumerations() const {
   std::list<std::string> names;
   const auto& sources = sources_.Sources();
   const WalkEnumerations push{PushName{names}};
-  Walk(sources, WalkComponents{WalkPackages{push}});
-  Walk(sources, WalkComponents{WalkPackages{WalkServices{push}}});
-  Walk(sources, WalkComponents{WalkPackages{WalkStructures{push}}});
-  Walk(sources, WalkComponents{WalkPackages{WalkServices{WalkStructures{push}}}});
+  WalkSources(sources, WalkComponents{WalkPackages{push}});
+  WalkSources(sources, WalkComponents{WalkPackages{WalkServices{push}}});
+  WalkSources(sources, WalkComponents{WalkPackages{WalkStructures{push}}});
+  WalkSources(sources, WalkComponents{WalkPackages{WalkServices{WalkStructures{push}}}});
   return names;
 }
 
@@ -110,10 +86,10 @@ std::shared_ptr<const Bindings::EnumerationInfo> JsonMetadataContainer::Enumerat
   const auto& sources = sources_.Sources();
   const SelectEnumeration select{enumeration_id, Assign{enumeration}};
   static_cast<void>(
-      Walk(sources, WalkComponents{WalkPackages{select}}) ||
-      Walk(sources, WalkComponents{WalkPackages{WalkServices{select}}}) ||
-      Walk(sources, WalkComponents{WalkPackages{WalkStructures{select}}}) ||
-      Walk(sources, WalkComponents{WalkPackages{WalkServices{WalkStructures{select}}}}));
+      WalkSources(sources, WalkComponents{WalkPackages{select}}) ||
+      WalkSources(sources, WalkComponents{WalkPackages{WalkServices{select}}}) ||
+      WalkSources(sources, WalkComponents{WalkPackages{WalkStructures{select}}}) ||
+      WalkSources(sources, WalkComponents{WalkPackages{WalkServices{WalkStructures{select}}}}));
   return enumeration;
 }
 
@@ -121,8 +97,8 @@ std::list<std::string> JsonMetadataContainer::ListStructures() const {
   std::list<std::string> names;
   const auto& sources = sources_.Sources();
   const WalkStructures push{PushName{names}};
-  Walk(sources, WalkComponents{WalkPackages{push}});
-  Walk(sources, WalkComponents{WalkPackages{WalkServices{push}}});
+  WalkSources(sources, WalkComponents{WalkPackages{push}});
+  WalkSources(sources, WalkComponents{WalkPackages{WalkServices{push}}});
   return names;
 }
 
@@ -131,14 +107,14 @@ std::shared_ptr<const Bindings::StructureInfo> JsonMetadataContainer::StructureI
   std::shared_ptr<const Bindings::StructureInfo> structure;
   const auto& sources = sources_.Sources();
   const SelectStructure select{structure_id, Assign{structure}};
-  static_cast<void>(Walk(sources, WalkComponents{WalkPackages{select}}) ||
-                    Walk(sources, WalkComponents{WalkPackages{WalkServices{select}}}));
+  static_cast<void>(WalkSources(sources, WalkComponents{WalkPackages{select}}) ||
+                    WalkSources(sources, WalkComponents{WalkPackages{WalkServices{select}}}));
   return structure;
 }
 
 std::set<std::string> JsonMetadataContainer::ListResources() const {
   std::set<std::string> resources;
-  Walk(sources_.Sources(), WalkResources{PushSelf{resources}});
+  WalkSources(sources_.Sources(), WalkResources{PushSelf{resources}});
   return resources;
 }
 

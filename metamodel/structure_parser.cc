@@ -27,12 +27,13 @@ Named<Bindings::StructureInfo> JsonMetadataParser::ParseStructure(
   if (!documentation.Ok()) return {};
   MetadataMember metadata(value, callbacks, errors);
   if (!metadata.Ok()) return {};
-  MapMember<Bindings::EnumerationInfo> enumerations(value, "enumerations",
-                                                    With(callbacks, ParseEnumeration), errors);
+  MapMember<Bindings::EnumerationInfo> enumerations(
+      value, "enumerations", WithCallbacks(callbacks, ParseEnumeration), errors);
   if (!enumerations.Ok()) return {};
   MapMember<Bindings::ConstantInfo> constants(value, "constants", ParseConstant, errors);
   if (!constants.Ok()) return {};
-  ListMember<Bindings::FieldInfo> fields(value, "fields", With(callbacks, ParseFieldInfo), errors);
+  ListMember<Bindings::FieldInfo> fields(value, "fields", WithCallbacks(callbacks, ParseFieldInfo),
+                                         errors);
   if (!fields.Ok()) return {};
   auto structure = std::make_shared<Bindings::StructureInfo>(
       name.Value(), type.Take(), enumerations.Take(), constants.Take(), fields.Take(),
@@ -49,8 +50,8 @@ Named<Bindings::EnumerationInfo> JsonMetadataParser::ParseEnumeration(
   if (!documentation.Ok()) return {};
   MetadataMember metadata(value, callbacks, errors);
   if (!metadata.Ok()) return {};
-  ListMember<Bindings::EnumerationValueInfo> values(value, "values",
-                                                    With(callbacks, ParseEnumValues), errors);
+  ListMember<Bindings::EnumerationValueInfo> values(
+      value, "values", WithCallbacks(callbacks, ParseEnumValues), errors);
   if (!values.Ok()) return {};
   return {name.Value(), std::make_shared<Bindings::EnumerationInfo>(
                             name.Value(), values.Take(), metadata.Take(), documentation.Take())};

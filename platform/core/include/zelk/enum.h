@@ -36,9 +36,12 @@ class ZELK_CORE_EXPORT Enum {
 
 // What all generated enumerations share. A generated enumeration E derives from GeneratedEnum<E>
 // and adds only
+//
 //   enum Enumerator { A, B, ..., UNKNOWN };
-//   struct Strings { static const char* const values[]; };   // null-terminated, in Enumerator
-//   order E();                                                     // UNKNOWN E(Enumerator);
+//   struct Strings { static const char* const values[]; };  // null-terminated, by Enumerator
+//   E();                                                    // UNKNOWN
+//   E(Enumerator);
+//
 // The last constructor is implicit, which makes `value == E::A` work.
 template <typename E>
 class GeneratedEnum : public Enum {

@@ -2,8 +2,7 @@
 #include <zelk/message.h>
 #include <zelk/specializable.h>
 
-namespace Zelk {
-namespace Data {
+namespace Zelk::Data {
 
 std::shared_ptr<StringValue> NativeToValueAdapter::Adapt(const std::string& native) {
   return std::make_shared<StringValue>(native);
@@ -23,5 +22,4 @@ std::shared_ptr<ErrorValue> NativeToValueAdapter::Adapt(const Specializable& nat
   return value;
 }
 
-}  // namespace Data
-}  // namespace Zelk
+}  // namespace Zelk::Data

@@ -2,8 +2,7 @@
 
 #include <zelk/data/values.h>
 
-namespace Zelk {
-namespace Data {
+namespace Zelk::Data {
 
 DataValue::DataValue() = default;
 
@@ -67,5 +66,4 @@ ErrorValue::ErrorValue(std::string name) : CompoundValue(std::move(name)) {
 
 ErrorValue::~ErrorValue() = default;
 
-}  // namespace Data
-}  // namespace Zelk
+}  // namespace Zelk::Data

@@ -3,10 +3,7 @@
 
 #include <com/orvane/zelk/metadata/source_type.h>
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Metadata {
+namespace Com::Orvane::Zelk::Metadata {
 
 const char* const SourceType::Strings::values[] = {"LOCAL_FILE", "REMOTE", nullptr};
 static_assert(std::size(SourceType::Strings::values) == SourceType::UNKNOWN + 1,
@@ -20,7 +17,4 @@ SourceDescription::SourceDescription(std::string description_arg, SourceType typ
       file_path(std::move(file_path_arg)),
       address(std::move(address_arg)) {}
 
-}  // namespace Metadata
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Metadata

@@ -4,11 +4,7 @@
 #include <zelk/data/native_to_value_adapter.h>
 #include <zelk/data/values.h>
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Std {
-namespace Errors {
+namespace Com::Orvane::Zelk::Std::Errors {
 
 Error::Error() = default;
 
@@ -63,8 +59,4 @@ std::string Unsupported::TypeName() const {
   return "com.orvane.zelk.std.errors.unsupported";
 }
 
-}  // namespace Errors
-}  // namespace Std
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Std::Errors

@@ -2,8 +2,7 @@
 
 #include <memory>
 
-namespace Zelk {
-namespace Core {
+namespace Zelk::Core {
 
 // The invocation that an operation is called for. The framework makes it and keeps what it needs
 // with it; a service implementation hands it on and never looks inside.
@@ -11,5 +10,4 @@ class AsyncActivation {};
 
 using AsyncActivationPtr = std::shared_ptr<AsyncActivation>;
 
-}  // namespace Core
-}  // namespace Zelk
+}  // namespace Zelk::Core

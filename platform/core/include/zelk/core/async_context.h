@@ -1,10 +1,8 @@
 #pragma once
 
-namespace Zelk {
-namespace Core {
+namespace Zelk::Core {
 
 // What the framework tells the receiver of a result beside the result itself.
 struct AsyncContext {};
 
-}  // namespace Core
-}  // namespace Zelk
+}  // namespace Zelk::Core

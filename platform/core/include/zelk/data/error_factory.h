@@ -8,8 +8,7 @@
 #include <zelk/message.h>
 #include <zelk/specializable.h>
 
-namespace Zelk {
-namespace Data {
+namespace Zelk::Data {
 
 // Makes error values. E is a standard error class: it says which kind of error the value is.
 class ErrorFactory {
@@ -35,5 +34,4 @@ class ErrorFactory {
   }
 };
 
-}  // namespace Data
-}  // namespace Zelk
+}  // namespace Zelk::Data

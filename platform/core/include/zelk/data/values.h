@@ -7,8 +7,7 @@
 
 #include <zelk/export.h>
 
-namespace Zelk {
-namespace Data {
+namespace Zelk::Data {
 
 // A value in the framework's own form, in which it travels between processes. Values are built once
 // and from then on shared as pointers to const, so they are not copied.
@@ -98,5 +97,4 @@ class ZELK_CORE_EXPORT ErrorValue : public CompoundValue {
   ~ErrorValue() override;
 };
 
-}  // namespace Data
-}  // namespace Zelk
+}  // namespace Zelk::Data

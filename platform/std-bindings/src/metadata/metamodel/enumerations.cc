@@ -2,11 +2,7 @@
 
 #include <com/orvane/zelk/metadata/metamodel/enumerations.h>
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Metadata {
-namespace Metamodel {
+namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
 namespace TypeEnumerations {
 
@@ -61,8 +57,4 @@ static_assert(std::size(Type::Strings::values) == Type::UNKNOWN + 1, "one text a
 
 }  // namespace ElementValueEnumerations
 
-}  // namespace Metamodel
-}  // namespace Metadata
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Metadata::Metamodel

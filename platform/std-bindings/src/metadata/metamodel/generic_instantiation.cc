@@ -2,11 +2,7 @@
 
 #include <com/orvane/zelk/metadata/metamodel/records.h>
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Metadata {
-namespace Metamodel {
+namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
 GenericInstantiation::GenericInstantiation(
     GenericInstantiationEnumerations::GenericType generic_type_arg,
@@ -69,8 +65,4 @@ void GenericInstantiation::Release(std::shared_ptr<const Type>& type, Ptr& pendi
   }
 }
 
-}  // namespace Metamodel
-}  // namespace Metadata
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Metadata::Metamodel

@@ -4,11 +4,7 @@
 
 // A parameter that fills the member of the same name is told from it by the suffix _arg.
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Metadata {
-namespace Metamodel {
+namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
 ElementValue::ElementValue(ElementValueEnumerations::Type type_arg,
                            boost::optional<std::string> string_value_arg,
@@ -147,8 +143,4 @@ ComponentData::ComponentData(std::shared_ptr<const ComponentInfo> info_arg,
                              std::string fingerprint_arg)
     : info(std::move(info_arg)), fingerprint(std::move(fingerprint_arg)) {}
 
-}  // namespace Metamodel
-}  // namespace Metadata
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Metadata::Metamodel

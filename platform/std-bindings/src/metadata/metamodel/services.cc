@@ -1,10 +1,6 @@
 #include <com/orvane/zelk/metadata/metamodel/services.h>
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Metadata {
-namespace Metamodel {
+namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
 namespace ComponentSvc {
 
@@ -30,13 +26,11 @@ AsyncServiceInterface::~AsyncServiceInterface() = default;
 
 }  // namespace ResourceSvc
 
-namespace Resource {
-namespace ModelSvc {
+namespace Resource::ModelSvc {
 
 AsyncServiceInterface::~AsyncServiceInterface() = default;
 
-}  // namespace ModelSvc
-}  // namespace Resource
+}  // namespace Resource::ModelSvc
 
 namespace ServiceSvc {
 
@@ -44,21 +38,17 @@ AsyncServiceInterface::~AsyncServiceInterface() = default;
 
 }  // namespace ServiceSvc
 
-namespace Service {
-namespace OperationSvc {
+namespace Service::OperationSvc {
 
 AsyncServiceInterface::~AsyncServiceInterface() = default;
 
-}  // namespace OperationSvc
-}  // namespace Service
+}  // namespace Service::OperationSvc
 
-namespace Service {
-namespace HiddenSvc {
+namespace Service::HiddenSvc {
 
 AsyncServiceInterface::~AsyncServiceInterface() = default;
 
-}  // namespace HiddenSvc
-}  // namespace Service
+}  // namespace Service::HiddenSvc
 
 namespace StructureSvc {
 
@@ -72,8 +62,4 @@ AsyncServiceInterface::~AsyncServiceInterface() = default;
 
 }  // namespace SourceSvc
 
-}  // namespace Metamodel
-}  // namespace Metadata
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Metadata::Metamodel

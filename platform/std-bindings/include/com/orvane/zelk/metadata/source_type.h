@@ -7,10 +7,7 @@
 #include <com/orvane/zelk/export.h>
 #include <zelk/enum.h>
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Metadata {
+namespace Com::Orvane::Zelk::Metadata {
 
 // Where the metadata of a source comes from.
 class ZELK_STD_BINDINGS_EXPORT SourceType : public ::Zelk::GeneratedEnum<SourceType> {
@@ -44,7 +41,4 @@ struct ZELK_STD_BINDINGS_EXPORT SourceDescription {
   boost::optional<std::string> address;
 };
 
-}  // namespace Metadata
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Metadata

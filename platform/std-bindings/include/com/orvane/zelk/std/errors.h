@@ -8,17 +8,11 @@
 #include <zelk/message.h>
 #include <zelk/specializable.h>
 
-namespace Zelk {
-namespace Data {
+namespace Zelk::Data {
 class DataValue;
-}  // namespace Data
-}  // namespace Zelk
+}  // namespace Zelk::Data
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Std {
-namespace Errors {
+namespace Com::Orvane::Zelk::Std::Errors {
 
 // The standard error that all others derive from: the messages that explain it, in the order
 // found, and an optional value with details that a program can read.
@@ -82,8 +76,4 @@ class ZELK_STD_BINDINGS_EXPORT Unsupported : public Error {
   std::string TypeName() const override;
 };
 
-}  // namespace Errors
-}  // namespace Std
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Std::Errors

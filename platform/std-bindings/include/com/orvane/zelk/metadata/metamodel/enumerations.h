@@ -3,11 +3,7 @@
 #include <com/orvane/zelk/export.h>
 #include <zelk/enum.h>
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Metadata {
-namespace Metamodel {
+namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
 namespace TypeEnumerations {
 
@@ -153,8 +149,4 @@ class ZELK_STD_BINDINGS_EXPORT Type : public ::Zelk::GeneratedEnum<Type> {
 
 }  // namespace ElementValueEnumerations
 
-}  // namespace Metamodel
-}  // namespace Metadata
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Metadata::Metamodel

@@ -4,12 +4,7 @@
 
 #include <com/orvane/zelk/export.h>
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Metadata {
-namespace Metamodel {
-namespace MetadataIdentifierSvc {
+namespace Com::Orvane::Zelk::Metadata::Metamodel::MetadataIdentifierSvc {
 
 // The names of the annotations that have a meaning to the metadata services themselves.
 struct ZELK_STD_BINDINGS_EXPORT Constants {
@@ -20,9 +15,4 @@ struct ZELK_STD_BINDINGS_EXPORT Constants {
   static const std::string RESOURCE;
 };
 
-}  // namespace MetadataIdentifierSvc
-}  // namespace Metamodel
-}  // namespace Metadata
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Metadata::Metamodel::MetadataIdentifierSvc

@@ -17,11 +17,7 @@
 // A pointer to a child is null, and an optional empty, only where the member says so. None of this
 // is checked: a record holds what its constructor was given.
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Metadata {
-namespace Metamodel {
+namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
 struct ElementMap;
 struct GenericInstantiation;
@@ -313,8 +309,4 @@ struct ZELK_STD_BINDINGS_EXPORT Info : SourceDescription {
 
 }  // namespace SourceSvc
 
-}  // namespace Metamodel
-}  // namespace Metadata
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Metadata::Metamodel

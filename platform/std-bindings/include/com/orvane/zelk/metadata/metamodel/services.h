@@ -16,11 +16,7 @@
 // gets its own arguments, the activation that it is called for, and the result through which it
 // answers. The order of the operations in a class is part of the binary interface.
 
-namespace Com {
-namespace Orvane {
-namespace Zelk {
-namespace Metadata {
-namespace Metamodel {
+namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
 namespace ComponentSvc {
 
@@ -98,8 +94,7 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 }  // namespace ResourceSvc
 
-namespace Resource {
-namespace ModelSvc {
+namespace Resource::ModelSvc {
 
 // The structures that model a resource.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
@@ -112,8 +107,7 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
   virtual ~AsyncServiceInterface();
 };
 
-}  // namespace ModelSvc
-}  // namespace Resource
+}  // namespace Resource::ModelSvc
 
 namespace ServiceSvc {
 
@@ -134,8 +128,7 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 }  // namespace ServiceSvc
 
-namespace Service {
-namespace OperationSvc {
+namespace Service::OperationSvc {
 
 // The operations of one service.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
@@ -153,11 +146,9 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
   virtual ~AsyncServiceInterface();
 };
 
-}  // namespace OperationSvc
-}  // namespace Service
+}  // namespace Service::OperationSvc
 
-namespace Service {
-namespace HiddenSvc {
+namespace Service::HiddenSvc {
 
 // The services that clients should not show.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
@@ -169,8 +160,7 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
   virtual ~AsyncServiceInterface();
 };
 
-}  // namespace HiddenSvc
-}  // namespace Service
+}  // namespace Service::HiddenSvc
 
 namespace StructureSvc {
 
@@ -229,8 +219,4 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 }  // namespace SourceSvc
 
-}  // namespace Metamodel
-}  // namespace Metadata
-}  // namespace Zelk
-}  // namespace Orvane
-}  // namespace Com
+}  // namespace Com::Orvane::Zelk::Metadata::Metamodel

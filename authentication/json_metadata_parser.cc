@@ -1,0 +1,214 @@
+#include "authentication/json_metadata_parser.h"
+
+#include "common/json_member.h"
+
+namespace Zelk::Provider::Metadata::Authentication {
+namespace {
+
+using SchemeType = Bindings::AuthenticationInfoEnumerations::SchemeType;
+
+/// Takes everything that belongs to `owner` out of `records`; the first of a repeated key stays.
+template <typename Record>
+JsonMetadataParser::Table<Record> Claim(JsonMetadataParser::Unclaimed<Record>& records,
+                                        const std::string& owner) {
+  JsonMetadataParser::Table<Record> claimed;
+  const auto [first, last] = records.equal_range(owner);
+  for (auto record = first; record != last; ++record) claimed.insert(std::move(record->second));
+  records.erase(first, last);
+  return claimed;
+}
+
+/// Splits an id that must have both parts; false, with the message, when one is empty.
+bool SplitId(const std::string& id, const char* message_id,
+             std::pair<std::string, std::string>& parts, Errors& errors) {
+  parts = JsonMetadataParser::SplitFqdn(id);
+  if (!parts.first.empty() && !parts.second.empty()) return true;
+  errors.push_back(CatalogMessage(message_id) % id);
+  return false;
+}
+
+/// `parse` with `arguments` between the value and the errors, in the form that the member helpers
+/// call.
+template <typename Parse, typename... Arguments>
+auto With(Parse parse, Arguments&... arguments) {
+  return [parse, &arguments...](const JsonValue& value, auto& result, Errors& errors) {
+    return parse(value, arguments..., result, errors);
+  };
+}
+
+}  // namespace
+
+bool JsonMetadataParser::LoadMetadata(std::istream& in, const RegisterCallbacks& callbacks,
+                                      Errors& errors) {
+  return LoadMetadata(ReadAll(in), callbacks, errors);
+}
+
+bool JsonMetadataParser::LoadMetadata(std::string_view text, const RegisterCallbacks& callbacks,
+                                      Errors& errors) {
+  JsonDocument document;
+  if (!ParseJson(text, MessageId::kAuthenticationParseError, document, errors)) return false;
+  return JsonObjectMember<void>(document, "authentication",
+                                WithCallbacks(callbacks, ParseAuthentication), errors)
+      .Ok();
+}
+
+bool JsonMetadataParser::ParseAuthentication(const RegisterCallbacks& callbacks,
+                                             const JsonValue& value, Errors& errors) {
+  const auto parse = WithCallbacks(callbacks, ParseComponent);
+  const bool product = JsonOptObjectMember<void>(value, "product", parse, errors).Ok();
+  const bool component = JsonOptObjectMember<void>(value, "component", parse, errors).Ok();
+  // Intended: one good part carries the file, and an absent part is a good one.
+  return component || product;
+}
+
+bool JsonMetadataParser::ParseComponent(const RegisterCallbacks& callbacks, const JsonValue& value,
+                                        Errors& errors) {
+  JsonMember<std::string> name(value, "name", errors);
+  if (!name.Ok()) return false;
+  JsonOptObjectMember<SchemeTable> schemes(value, "schemes", ParseSchemes, errors);
+  if (!schemes.Ok()) return false;
+  const SchemeTable table = schemes.Take();
+  JsonOptObjectMember<Unclaimed<Bindings::OperationInfo>> operation_list(
+      value, "operations", With(ParseOperations, table), errors);
+  if (!operation_list.Ok()) return false;
+  auto operations = operation_list.Take();
+  JsonOptObjectMember<Unclaimed<Bindings::ServiceInfo>> service_list(
+      value, "services", With(ParseServices, table, operations), errors);
+  if (!service_list.Ok()) return false;
+  auto services = service_list.Take();
+  // Intended: an operation whose service has no package costs that service, not the component.
+  CreateServicesFromOperations(operations, services, errors);
+  JsonOptObjectMember<Table<Bindings::PackageInfo>> package_table(
+      value, "packages", With(ParsePackages, table, services), errors);
+  if (!package_table.Ok()) return false;
+  auto packages = package_table.Take();
+  CreatePackagesFromServices(services, packages);
+  callbacks(name.Value(), std::make_shared<Bindings::ComponentInfo>(std::move(packages)));
+  return true;
+}
+
+bool JsonMetadataParser::ParseSchemes(const JsonValue& value, SchemeTable& schemes,
+                                      Errors& errors) {
+  for (const auto& member : JsonMembers(value)) {
+    auto scheme = ParseAuthInfo(member.value, errors);
+    if (!scheme) return false;
+    schemes.insert_or_assign(ValToString(member.name), std::move(scheme));
+  }
+  return true;
+}
+
+JsonMetadataParser::Scheme JsonMetadataParser::ParseAuthInfo(const JsonValue& value,
+                                                             Errors& errors) {
+  JsonMember<std::string> scheme(value, "authenticationScheme", errors);
+  if (!scheme.Ok()) return nullptr;
+  JsonMember<SchemeType, ParseSchemeTypeEnum> type(value, "type", errors);
+  if (!type.Ok()) return nullptr;
+  boost::optional<std::string> session_manager;
+  if (type.Value() == SchemeType::SESSION_AWARE) {
+    JsonMember<std::string> manager(value, "sessionManager", errors);
+    if (!manager.Ok()) return nullptr;
+    session_manager = manager.Take();
+  }
+  return std::make_shared<Bindings::AuthenticationInfo>(type.Take(), std::move(session_manager),
+                                                        scheme.Take());
+}
+
+bool JsonMetadataParser::ParseSchemeTypeEnum(const JsonValue& value, const char* name,
+                                             Errors& errors, SchemeType& result) {
+  return ParseAliasedEnum(value, name, errors, result, "SESSIONAWARE", SchemeType::SESSION_AWARE);
+}
+
+bool JsonMetadataParser::ParseSchemeList(const JsonValue& value, const SchemeTable& schemes,
+                                         SchemeList& list, Errors& errors) {
+  // Intended: messages say "packages" for every level's lists, and "id" for every unknown scheme.
+  constexpr char kPackages[] = "packages";
+  const auto find_scheme = [&](const JsonValue& element, Errors&) -> Scheme {
+    if (!CheckType(element, JsonType::kString, kPackages, errors)) return nullptr;
+    const auto scheme = schemes.find(ValToString(element));
+    if (scheme != schemes.end()) return scheme->second;
+    errors.push_back(CatalogMessage(MessageId::kAuthenticationUnknownSchemaName) % "id");
+    return nullptr;
+  };
+  return JsonParseArray(value, kPackages, find_scheme, errors, list);
+}
+
+bool JsonMetadataParser::ParseOperations(const JsonValue& value, const SchemeTable& schemes,
+                                         Unclaimed<Bindings::OperationInfo>& operations,
+                                         Errors& errors) {
+  for (const auto& member : JsonMembers(value)) {
+    SchemeList list;
+    if (!ParseSchemeList(member.value, schemes, list, errors)) return false;
+    std::pair<std::string, std::string> parts;
+    if (!SplitId(ValToString(member.name), MessageId::kAuthenticationJsonInvalidOperationId, parts,
+                 errors)) {
+      return false;
+    }
+    auto& [service_id, name] = parts;
+    auto operation = std::make_shared<const Bindings::OperationInfo>(std::move(list));
+    operations.emplace(std::move(service_id), std::pair(std::move(name), std::move(operation)));
+  }
+  return true;
+}
+
+bool JsonMetadataParser::ParseServices(const JsonValue& value, const SchemeTable& schemes,
+                                       Unclaimed<Bindings::OperationInfo>& operations,
+                                       Unclaimed<Bindings::ServiceInfo>& services, Errors& errors) {
+  for (const auto& member : JsonMembers(value)) {
+    SchemeList list;
+    if (!ParseSchemeList(member.value, schemes, list, errors)) return false;
+    std::string id = ValToString(member.name);
+    std::pair<std::string, std::string> parts;
+    if (!SplitId(id, MessageId::kAuthenticationJsonInvalidServiceId, parts, errors)) return false;
+    auto service =
+        std::make_shared<const Bindings::ServiceInfo>(std::move(list), Claim(operations, id));
+    services.emplace(std::move(parts.first), std::pair(std::move(id), std::move(service)));
+  }
+  return true;
+}
+
+bool JsonMetadataParser::ParsePackages(const JsonValue& value, const SchemeTable& schemes,
+                                       Unclaimed<Bindings::ServiceInfo>& services,
+                                       Table<Bindings::PackageInfo>& packages, Errors& errors) {
+  for (const auto& member : JsonMembers(value)) {
+    SchemeList list;
+    if (!ParseSchemeList(member.value, schemes, list, errors)) return false;
+    std::string name = ValToString(member.name);
+    auto package =
+        std::make_shared<const Bindings::PackageInfo>(std::move(list), Claim(services, name));
+    packages.insert_or_assign(std::move(name), std::move(package));
+  }
+  return true;
+}
+
+bool JsonMetadataParser::CreateServicesFromOperations(
+    Unclaimed<Bindings::OperationInfo>& operations, Unclaimed<Bindings::ServiceInfo>& services,
+    Errors& errors) {
+  while (!operations.empty()) {
+    std::string id = operations.begin()->first;
+    auto table = Claim(operations, id);
+    std::pair<std::string, std::string> parts;
+    if (!SplitId(id, MessageId::kAuthenticationJsonInvalidServiceId, parts, errors)) return false;
+    auto service = std::make_shared<const Bindings::ServiceInfo>(SchemeList(), std::move(table));
+    services.emplace(std::move(parts.first), std::pair(std::move(id), std::move(service)));
+  }
+  return true;
+}
+
+bool JsonMetadataParser::CreatePackagesFromServices(Unclaimed<Bindings::ServiceInfo>& services,
+                                                    Table<Bindings::PackageInfo>& packages) {
+  while (!services.empty()) {
+    std::string name = services.begin()->first;
+    auto package =
+        std::make_shared<const Bindings::PackageInfo>(SchemeList(), Claim(services, name));
+    packages.insert_or_assign(std::move(name), std::move(package));
+  }
+  return true;
+}
+
+std::pair<std::string, std::string> JsonMetadataParser::SplitFqdn(const std::string& fqdn) {
+  const auto dot = fqdn.rfind('.');
+  if (dot == std::string::npos) return {std::string(), fqdn};
+  return {fqdn.substr(0, dot), fqdn.substr(dot + 1)};
+}
+
+}  // namespace Zelk::Provider::Metadata::Authentication

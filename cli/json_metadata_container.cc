@@ -1,0 +1,55 @@
+#include "cli/json_metadata_container.h"
+
+#include "cli/metadata_parser.h"
+
+namespace Zelk::Provider::Metadata::Cli {
+
+bool SourceDomain::Parse(const std::string& text, const std::shared_ptr<SourceData>& source,
+                         Errors& errors) {
+  const auto on_namespace = [&source](const NamespacePtr& info) { source->RegisterNsNode(info); };
+  // Intended: the later of two commands of the same identity counts.
+  const auto on_command = [&source](const std::shared_ptr<Bindings::CommandSvc::Info>& info) {
+    source->commands[info->identity] = info;
+  };
+  return MetadataParser::LoadMetadata(text, on_namespace, on_command, errors);
+}
+
+void SourceDomain::SetFingerprint(SourceData& source, const std::string& digest) {
+  source.fingerprint = digest;
+  source.namespace_fingerprint = digest;
+  source.command_fingerprint = digest;
+}
+
+JsonMetadataContainer::JsonMetadataContainer() = default;
+
+JsonMetadataContainer::~JsonMetadataContainer() = default;
+
+ErrorPtr JsonMetadataContainer::CreateSource(
+    const std::string& source_id,
+    const std::shared_ptr<const Bindings::SourceSvc::CreateSpec>& spec) {
+  return sources_.Create(source_id, spec);
+}
+
+ErrorPtr JsonMetadataContainer::DeleteSource(const std::string& source_id) {
+  return sources_.Delete(source_id);
+}
+
+ErrorPtr JsonMetadataContainer::ReloadSource(const boost::optional<std::string>& source_id) {
+  return sources_.Reload(source_id);
+}
+
+std::list<std::string> JsonMetadataContainer::ListSources() const {
+  return sources_.Ids();
+}
+
+std::shared_ptr<const Bindings::SourceSvc::Info> JsonMetadataContainer::SourcesInfo(
+    const std::string& source_id) const {
+  return sources_.Info(source_id);
+}
+
+std::string JsonMetadataContainer::SourceFingerprint(
+    const boost::optional<std::string>& source_id) const {
+  return sources_.Fingerprint(source_id);
+}
+
+}  // namespace Zelk::Provider::Metadata::Cli

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <zelk/provider/metadata/cli/metadata_container.h>
+
+#include "cli/source_data.h"
+#include "common/source_registry.h"
+
+namespace Zelk::Provider::Metadata::Cli {
+
+/// What the shared source registry needs to know of this domain.
+struct SourceDomain {
+  using SourceData = Cli::SourceData;
+  using CreateSpec = Bindings::SourceSvc::CreateSpec;
+  using Info = Bindings::SourceSvc::Info;
+
+  static constexpr const char* kExists = MessageId::kCliSourceExists;
+  static constexpr const char* kNotFound = MessageId::kCliSourceNotFound;
+  static constexpr const char* kFileNotFound = MessageId::kCliSourceFileNotFound;
+
+  static bool Parse(const std::string& text, const std::shared_ptr<SourceData>& source,
+                    Errors& errors);
+  static void SetFingerprint(SourceData& source, const std::string& digest);
+};
+
+using reload = ReloadEntry<SourceDomain>;
+
+/// Holds the table of sources and nothing else: there is no index across sources, every query
+/// walks the table.
+class ZELK_METADATA_SERVICES_EXPORT JsonMetadataContainer final : public MetadataContainer {
+ public:
+  JsonMetadataContainer();
+  ~JsonMetadataContainer() override;
+
+  ErrorPtr CreateSource(
+      const std::string& source_id,
+      const std::shared_ptr<const Bindings::SourceSvc::CreateSpec>& spec) override;
+  ErrorPtr DeleteSource(const std::string& source_id) override;
+  ErrorPtr ReloadSource(const boost::optional<std::string>& source_id) override;
+  std::list<std::string> ListSources() const override;
+  std::shared_ptr<const Bindings::SourceSvc::Info> SourcesInfo(
+      const std::string& source_id) const override;
+  std::string SourceFingerprint(const boost::optional<std::string>& source_id) const override;
+
+  std::list<std::shared_ptr<const Bindings::NamespaceSvc::Identity>> ListNamespaces()
+      const override;
+  std::shared_ptr<const Bindings::NamespaceSvc::Info> NamespaceInfo(
+      const std::shared_ptr<const Bindings::NamespaceSvc::Identity>& identity) const override;
+  std::string NamespaceFingerprint() const override;
+  std::list<std::shared_ptr<const Bindings::CommandSvc::Identity>> ListCommands(
+      const boost::optional<std::string>& namespace_path) const override;
+  std::shared_ptr<const Bindings::CommandSvc::Info> CommandInfo(
+      const std::shared_ptr<const Bindings::CommandSvc::Identity>& identity) const override;
+  std::string CommandFingerprint() const override;
+
+ private:
+  SourceRegistry<SourceDomain> sources_;
+};
+
+}  // namespace Zelk::Provider::Metadata::Cli

@@ -1,0 +1,86 @@
+#include "cli/json_metadata_container.h"
+
+// The queries of the container. Sources are walked in ascending id order, and in each its
+// namespaces or commands in ascending order of their identities.
+
+namespace Zelk::Provider::Metadata::Cli {
+namespace {
+
+/// Appends the identities that a filter lets through: all without one, otherwise those whose path
+/// equals it.
+template <typename Identity>
+class PushIf {
+ public:
+  PushIf(std::list<std::shared_ptr<const Identity>>& identities,
+         const boost::optional<std::string>& path)
+      : identities_(identities), path_(path) {}
+
+  void operator()(const std::shared_ptr<const Identity>& identity) const {
+    if (!path_ || identity->path == *path_) identities_.push_back(identity);
+  }
+
+ private:
+  std::list<std::shared_ptr<const Identity>>& identities_;
+  const boost::optional<std::string>& path_;
+};
+
+/// The identities that `nodes`, one of the maps of each source, has under the filter.
+template <typename Identity, typename Nodes>
+std::list<std::shared_ptr<const Identity>> Identities(
+    const SourceRegistry<SourceDomain>::Table& sources, Nodes SourceData::*nodes,
+    const boost::optional<std::string>& path) {
+  std::list<std::shared_ptr<const Identity>> identities;
+  const PushIf<Identity> push(identities, path);
+  for (const auto& source : sources) {
+    for (const auto& node : (*source.second).*nodes) push(node.first);
+  }
+  return identities;
+}
+
+/// The record of the first source that has the identity in `nodes`; null when none has.
+template <typename Identity, typename Nodes>
+typename Nodes::mapped_type FindNode(const SourceRegistry<SourceDomain>::Table& sources,
+                                     Nodes SourceData::*nodes,
+                                     const std::shared_ptr<const Identity>& identity) {
+  if (!identity) return nullptr;
+  for (const auto& source : sources) {
+    const auto& map = (*source.second).*nodes;
+    const auto found = map.find(identity);
+    if (found != map.end()) return found->second;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+std::list<std::shared_ptr<const Bindings::NamespaceSvc::Identity>>
+JsonMetadataContainer::ListNamespaces() const {
+  return Identities<Bindings::NamespaceSvc::Identity>(sources_.Sources(), &SourceData::namespaces,
+                                                      boost::none);
+}
+
+std::shared_ptr<const Bindings::NamespaceSvc::Info> JsonMetadataContainer::NamespaceInfo(
+    const std::shared_ptr<const Bindings::NamespaceSvc::Identity>& identity) const {
+  return FindNode(sources_.Sources(), &SourceData::namespaces, identity);
+}
+
+std::string JsonMetadataContainer::NamespaceFingerprint() const {
+  return DigestOfSources(sources_.Sources(), &SourceData::namespace_fingerprint);
+}
+
+std::list<std::shared_ptr<const Bindings::CommandSvc::Identity>>
+JsonMetadataContainer::ListCommands(const boost::optional<std::string>& namespace_path) const {
+  return Identities<Bindings::CommandSvc::Identity>(sources_.Sources(), &SourceData::commands,
+                                                    namespace_path);
+}
+
+std::shared_ptr<const Bindings::CommandSvc::Info> JsonMetadataContainer::CommandInfo(
+    const std::shared_ptr<const Bindings::CommandSvc::Identity>& identity) const {
+  return FindNode(sources_.Sources(), &SourceData::commands, identity);
+}
+
+std::string JsonMetadataContainer::CommandFingerprint() const {
+  return DigestOfSources(sources_.Sources(), &SourceData::command_fingerprint);
+}
+
+}  // namespace Zelk::Provider::Metadata::Cli

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <list>
+#include <memory>
+#include <string>
+
+#include <boost/optional/optional.hpp>
+
+#include <com/orvane/zelk/export.h>
+#include <com/orvane/zelk/metadata/cli/records.h>
+#include <zelk/async_result.h>
+#include <zelk/core/async_activation.h>
+
+// The services that answer for the CLI domain, as a provider implements them. Each operation
+// gets its own arguments, the activation that it is called for, and the result through which it
+// answers. The order of the operations in a class is part of the binary interface.
+
+namespace Com::Orvane::Zelk::Metadata::Cli {
+
+namespace CommandSvc {
+
+// The commands that a command-line client offers.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // The commands directly in a namespace, or all; NotFound for a namespace without any.
+  virtual void List(
+      const boost::optional<std::string>& namespace_path,
+      const ::Zelk::Core::AsyncActivationPtr& activation,
+      const ::Zelk::AsyncResult<std::list<std::shared_ptr<const CommandSvc::Identity>>>&
+          result) = 0;
+
+  // The command with its options and output, or NotFound.
+  virtual void Get(const std::shared_ptr<const CommandSvc::Identity>& identity,
+                   const ::Zelk::Core::AsyncActivationPtr& activation,
+                   const ::Zelk::AsyncResult<std::shared_ptr<const CommandSvc::Info>>& result) = 0;
+
+  // The fingerprint of all commands together.
+  virtual void Fingerprint(const ::Zelk::Core::AsyncActivationPtr& activation,
+                           const ::Zelk::AsyncResult<std::string>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace CommandSvc
+
+namespace NamespaceSvc {
+
+// The namespaces in which the commands are grouped.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // All namespaces, once for each source that has them.
+  virtual void List(
+      const ::Zelk::Core::AsyncActivationPtr& activation,
+      const ::Zelk::AsyncResult<std::list<std::shared_ptr<const NamespaceSvc::Identity>>>&
+          result) = 0;
+
+  // The namespace with its children, or NotFound.
+  virtual void Get(
+      const std::shared_ptr<const NamespaceSvc::Identity>& identity,
+      const ::Zelk::Core::AsyncActivationPtr& activation,
+      const ::Zelk::AsyncResult<std::shared_ptr<const NamespaceSvc::Info>>& result) = 0;
+
+  // The fingerprint of all namespaces together.
+  virtual void Fingerprint(const ::Zelk::Core::AsyncActivationPtr& activation,
+                           const ::Zelk::AsyncResult<std::string>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace NamespaceSvc
+
+namespace SourceSvc {
+
+// The sources that the domain is loaded from.
+class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
+ public:
+  // Registers a source and loads it.
+  virtual void Create(const std::string& source_id,
+                      const std::shared_ptr<const SourceSvc::CreateSpec>& spec,
+                      const ::Zelk::Core::AsyncActivationPtr& activation,
+                      const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
+
+  // Removes a source and all that came from it.
+  virtual void Delete(const std::string& source_id,
+                      const ::Zelk::Core::AsyncActivationPtr& activation,
+                      const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
+
+  // What the source was created with, or NotFound.
+  virtual void Get(const std::string& source_id, const ::Zelk::Core::AsyncActivationPtr& activation,
+                   const ::Zelk::AsyncResult<std::shared_ptr<const SourceSvc::Info>>& result) = 0;
+
+  // The ids of all sources.
+  virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
+                    const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
+
+  // Reads one source again, or all of them.
+  virtual void Reload(const boost::optional<std::string>& source_id,
+                      const ::Zelk::Core::AsyncActivationPtr& activation,
+                      const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
+
+  // The fingerprint of one source, or of all of them together.
+  virtual void Fingerprint(const boost::optional<std::string>& source_id,
+                           const ::Zelk::Core::AsyncActivationPtr& activation,
+                           const ::Zelk::AsyncResult<std::string>& result) = 0;
+
+  virtual ~AsyncServiceInterface();
+};
+
+}  // namespace SourceSvc
+
+}  // namespace Com::Orvane::Zelk::Metadata::Cli
