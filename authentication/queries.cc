@@ -1,5 +1,5 @@
 #include "authentication/json_metadata_container.h"
-#include "common/component_queries.h"
+#include "common/tree_queries.h"
 
 // The queries of the container. Sources are walked in ascending id order, and at every level the
 // records in ascending key order.
@@ -20,39 +20,26 @@ std::string JsonMetadataContainer::ComponentFingerprint(const std::string& compo
 }
 
 std::list<std::string> JsonMetadataContainer::ListPackages() const {
-  std::list<std::string> names;
-  WalkSources(sources_.Sources(), WalkComponents{WalkPackages{PushKey{names}}});
-  return names;
+  return PackageNames(sources_.Sources());
 }
 
 std::shared_ptr<const Bindings::PackageInfo> JsonMetadataContainer::PackageInfo(
     const std::string& package_id) const {
-  std::shared_ptr<const Bindings::PackageInfo> package;
-  WalkSources(sources_.Sources(), WalkComponents{SelectPackage{package_id, Assign{package}}});
-  return package;
+  return FindPackage<Bindings::PackageInfo>(sources_.Sources(), package_id);
 }
 
 std::list<std::string> JsonMetadataContainer::ListServices() const {
-  std::list<std::string> ids;
-  WalkSources(sources_.Sources(), WalkComponents{WalkPackages{WalkServices{PushKey{ids}}}});
-  return ids;
+  return ServiceNames(sources_.Sources());
 }
 
 std::shared_ptr<const Bindings::ServiceInfo> JsonMetadataContainer::ServiceInfo(
     const std::string& service_id) const {
-  std::shared_ptr<const Bindings::ServiceInfo> service;
-  WalkSources(sources_.Sources(),
-              WalkComponents{WalkPackages{SelectService{service_id, Assign{service}}}});
-  return service;
+  return FindService<Bindings::ServiceInfo>(sources_.Sources(), service_id);
 }
 
 boost::optional<std::list<std::string>> JsonMetadataContainer::ListOperations(
     const std::string& service_id) const {
-  const auto service = ServiceInfo(service_id);
-  if (!service) return boost::none;
-  std::list<std::string> names;
-  WalkOperations{PushKey{names}}(std::make_pair(service_id, service));
-  return names;
+  return OperationNames(ServiceInfo(service_id));
 }
 
 std::shared_ptr<const Bindings::OperationInfo> JsonMetadataContainer::OperationInfo(

@@ -26,7 +26,7 @@ forbid 'common/message_catalog.*' 'common/(json|source|service|errors)' 'the cat
 forbid 'common/json_*' 'common/(source|service|errors)' 'the binding looks up'
 for domain in metamodel authentication cli; do
   forbid "$domain/*parser*" \
-    "(common/(source|service|walkers|component)|$domain/(json_metadata_container|walkers|source_data|queries))" \
+    "(common/(source|service|walkers|tree)|$domain/(json_metadata_container|walkers|source_data|queries))" \
     'a parser looks up'
   forbid "$domain/json_metadata_container.* $domain/queries.cc" '(common/service_frame|.*/services\.h)' \
     'a container looks up'

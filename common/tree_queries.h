@@ -1,0 +1,107 @@
+#pragma once
+
+#include <list>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include <boost/optional.hpp>
+
+#include "common/walkers.h"
+
+// The queries over the tree of components, packages, services and operations, alike in the domains
+// that have it. Walk order: sources, and at each level the records, in ascending key order.
+
+namespace Zelk::Provider::Metadata {
+
+/// Appends the key of every entry met; records are kept under their names.
+class PushKey {
+ public:
+  explicit PushKey(std::list<std::string>& keys) : keys_(keys) {}
+
+  template <typename Entry>
+  bool operator()(const Entry& entry) const {
+    keys_.push_back(entry.first);
+    return false;
+  }
+
+ private:
+  std::list<std::string>& keys_;
+};
+
+template <typename Table>
+std::list<std::string> ComponentNames(const Table& sources) {
+  std::list<std::string> names;
+  WalkSources(sources, WalkComponents{PushKey{names}});
+  return names;
+}
+
+template <typename Table>
+std::list<std::string> PackageNames(const Table& sources) {
+  std::list<std::string> names;
+  WalkSources(sources, WalkComponents{WalkPackages{PushKey{names}}});
+  return names;
+}
+
+template <typename Table>
+std::list<std::string> ServiceNames(const Table& sources) {
+  std::list<std::string> names;
+  WalkSources(sources, WalkComponents{WalkPackages{WalkServices{PushKey{names}}}});
+  return names;
+}
+
+/// The first source that has the component; null when none has.
+template <typename Table>
+typename Table::mapped_type FirstSourceWith(const Table& sources, const std::string& component_id) {
+  const auto found = boost::range::find_if(sources, [&component_id](const auto& source) {
+    return source.second->components.count(component_id) != 0;
+  });
+  return found == sources.end() ? nullptr : found->second;
+}
+
+/// The component with its fingerprint, from the first source that has it; null when none has.
+template <typename ComponentData, typename Table>
+std::shared_ptr<const ComponentData> FindComponent(const Table& sources,
+                                                   const std::string& component_id) {
+  const auto source = FirstSourceWith(sources, component_id);
+  if (!source) return nullptr;
+  return std::make_shared<const ComponentData>(source->components.at(component_id),
+                                               source->component_fingerprint);
+}
+
+/// The fingerprint alone; empty when no source has the component.
+template <typename Table>
+std::string FindComponentFingerprint(const Table& sources, const std::string& component_id) {
+  const auto source = FirstSourceWith(sources, component_id);
+  return source ? source->component_fingerprint : std::string();
+}
+
+/// The first package of that name; null when there is none.
+template <typename PackageInfo, typename Table>
+std::shared_ptr<const PackageInfo> FindPackage(const Table& sources,
+                                               const std::string& package_id) {
+  std::shared_ptr<const PackageInfo> package;
+  WalkSources(sources, WalkComponents{SelectPackage{package_id, Assign{package}}});
+  return package;
+}
+
+/// The first service of that id; null when there is none.
+template <typename ServiceInfo, typename Table>
+std::shared_ptr<const ServiceInfo> FindService(const Table& sources,
+                                               const std::string& service_id) {
+  std::shared_ptr<const ServiceInfo> service;
+  WalkSources(sources, WalkComponents{WalkPackages{SelectService{service_id, Assign{service}}}});
+  return service;
+}
+
+/// The names of the service's operations; none at all for a null service.
+template <typename ServiceInfo>
+boost::optional<std::list<std::string>> OperationNames(
+    const std::shared_ptr<const ServiceInfo>& service) {
+  if (!service) return boost::none;
+  std::list<std::string> names;
+  WalkOperations{PushKey{names}}(std::pair(std::string(), service));
+  return names;
+}
+
+}  // namespace Zelk::Provider::Metadata
