@@ -1,0 +1,121 @@
+#include "arguments.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <sstream>
+
+#include "commands/command.h"
+#include "commands/table.h"
+
+namespace Zelk::Tool {
+namespace {
+
+constexpr char kDescription[] =
+    "Answers questions about the interfaces that metadata files describe.";
+
+constexpr char kFooter[] =
+    "A source FILE gets the ID that stands before its first '=', or else its name without folder\n"
+    "and extension. Text before '=' that is empty or has a '/' is no ID but part of the path, so\n"
+    "a file a=b.json in the current folder is ./a=b.json.\n"
+    "\n"
+    "Exit status: 0 all is well; 1 a source failed to load, or check found problems; 2 wrong\n"
+    "usage; 3 unknown kind or id (1 if a source failed, too); 4 the output could not be written.";
+
+constexpr char kSharedOptions[] =
+    "The options that zelk-metadata --help shows may be given here, too.";
+
+// The parser reads an operand such as [a,b] as a list of two. A byte in front, taken off again
+// afterwards, keeps every operand what it is.
+constexpr char kShield = '\x01';
+
+std::string Shielded(const std::string& arg) {
+  const bool needs_shield = !arg.empty() && (arg.front() == '[' || arg.front() == kShield);
+  return needs_shield ? kShield + arg : arg;
+}
+
+void Unshield(std::string& arg) {
+  if (!arg.empty() && arg.front() == kShield) arg.erase(0, 1);
+}
+
+void Unshield(Arguments& arguments) {
+  Unshield(arguments.kind);
+  for (auto* list : {&arguments.sources, &arguments.ids, &arguments.files}) {
+    for (std::string& arg : *list) Unshield(arg);
+  }
+}
+
+void Declare(CLI::App& app, Arguments& arguments) {
+  app.footer(kFooter);
+  app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+  app.set_version_flag("--version", "zelk-metadata " ZELK_METADATA_VERSION, "Print the version");
+  app.add_option("--source", arguments.sources, "Load FILE first; may be given several times")
+      ->allow_extra_args(false)
+      ->type_name("[ID=]FILE");
+  app.add_flag("--json", arguments.json, "Answer in JSON, for programs");
+  // Unknown words are left over, so that the complaint about them can be ours. At most one command,
+  // so that an id may be called like another command.
+  app.allow_extras();
+  app.require_subcommand(0, 1);
+  for (const Command& command : Commands()) {
+    CLI::App* subcommand = app.add_subcommand(command.name, command.summary);
+    subcommand->fallthrough();
+    subcommand->group("Commands");
+    subcommand->footer("");
+    command.declare(*subcommand, arguments);
+    subcommand->footer(subcommand->get_footer() + kSharedOptions);
+  }
+}
+
+std::string LeftOver(const std::string& word, bool has_command) {
+  if (word.size() > 1 && word.front() == '-') return "unknown option '" + word + "'";
+  return (has_command ? "unexpected argument '" : "unknown command '") + word + "'";
+}
+
+const Command* Chosen(const CLI::App& app) {
+  const std::vector<CLI::App*> chosen = app.get_subcommands();
+  if (chosen.empty()) return nullptr;
+  const auto found = std::find_if(Commands().begin(), Commands().end(), [&](const Command& row) {
+    return row.name == chosen.front()->get_name();
+  });
+  return &*found;
+}
+
+std::string Complaint(const CLI::App& app) {
+  std::vector<std::string> left_over = app.remaining(true);
+  left_over.erase(std::remove(left_over.begin(), left_over.end(), "--"), left_over.end());
+  const bool has_command = !app.get_subcommands().empty();
+  if (!left_over.empty()) {
+    Unshield(left_over.front());
+    return LeftOver(left_over.front(), has_command) + "; try --help";
+  }
+  return has_command ? "" : "a command is missing; try --help";
+}
+
+}  // namespace
+
+ParsedArguments ParseArguments(const std::vector<std::string>& args) {
+  ParsedArguments parsed;
+  CLI::App app(kDescription, "zelk-metadata");
+  Declare(app, parsed.arguments);
+  // The parser takes its arguments from the end.
+  std::vector<std::string> reversed(args.rbegin(), args.rend());
+  std::transform(reversed.begin(), reversed.end(), reversed.begin(), Shielded);
+  try {
+    app.parse(std::move(reversed));
+  } catch (const CLI::Success& request) {
+    std::ostringstream out;
+    app.exit(request, out, out);
+    parsed.help = out.str();
+    return parsed;
+  } catch (const CLI::ParseError& error) {
+    // What is left over explains more: it is why the rest seems to be missing.
+    parsed.error = app.remaining(true).empty() ? error.what() : Complaint(app);
+    return parsed;
+  }
+  parsed.error = Complaint(app);
+  if (parsed.error.empty()) parsed.command = Chosen(app);
+  Unshield(parsed.arguments);
+  return parsed;
+}
+
+}  // namespace Zelk::Tool

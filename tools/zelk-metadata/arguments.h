@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace Zelk::Tool {
+
+struct Command;
+
+/// What the user asked for, for whichever command it is.
+struct Arguments {
+  /// The values of --source, as given.
+  std::vector<std::string> sources;
+
+  bool json = false;
+  std::string kind;
+  std::vector<std::string> ids;
+  std::vector<std::string> files;
+};
+
+/// Either a command with its arguments, or, without one, an error or a text that answers --help or
+/// --version.
+struct ParsedArguments {
+  const Command* command = nullptr;
+  Arguments arguments;
+  std::string error;
+  std::string help;
+};
+
+/// Options may stand before and after the command's name. Whether a kind is known, and how many
+/// ids it takes, is not checked here.
+ParsedArguments ParseArguments(const std::vector<std::string>& args);
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,47 @@
+#include <CLI/CLI.hpp>
+#include <ostream>
+
+#include "commands/query.h"
+#include "commands/table.h"
+
+namespace Zelk::Tool {
+namespace {
+
+void Declare(CLI::App& app, Arguments& arguments) {
+  DeclareKindAndIds(app, arguments, Usages(&Kind::fingerprint));
+}
+
+void WriteJson(JsonWriter& json, const Kind& kind, const Ids& ids, const std::string& fingerprint) {
+  json.StartObject();
+  json.Member("kind", kind.name);
+  json.Key("ids");
+  json.StringArray(ids);
+  json.Member("fingerprint", fingerprint);
+  json.EndObject();
+}
+
+/// The digits; in JSON an object that also says what they are the fingerprint of. Without a kind,
+/// that of all sources together.
+ExitStatus Fingerprint(const Arguments& given, const Streams& streams) {
+  Arguments arguments = given;
+  if (arguments.kind.empty()) arguments.kind = "source";
+  return RunQuery("fingerprint", &Kind::fingerprint, arguments, streams,
+                  [&](const Kind& kind, const std::string& fingerprint) {
+                    if (!arguments.json) {
+                      streams.out << fingerprint << '\n';
+                      return;
+                    }
+                    JsonWriter json;
+                    WriteJson(json, kind, arguments.ids, fingerprint);
+                    json.WriteTo(streams.out);
+                  });
+}
+
+}  // namespace
+
+Command FingerprintCommand() {
+  return {"fingerprint", "Print a digest that changes when the metadata does", Declare,
+          Fingerprint};
+}
+
+}  // namespace Zelk::Tool

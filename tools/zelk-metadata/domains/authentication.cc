@@ -1,0 +1,95 @@
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <zelk/provider/metadata/authentication/metadata_container.h>
+#include <zelk/provider/metadata/authentication/services.h>
+
+#include "domains/authentication_record.h"
+#include "domains/source_record.h"
+#include "domains/table.h"
+
+namespace Zelk::Tool {
+namespace {
+
+namespace Bindings = ::Com::Orvane::Zelk::Metadata::Authentication;
+namespace Provider = ::Zelk::Provider::Metadata::Authentication;
+using Container = std::shared_ptr<Provider::MetadataContainer>;
+using ComponentSvc = Provider::ComponentSvc::AsyncServiceImpl;
+using OperationSvc = Provider::Service::OperationSvc::AsyncServiceImpl;
+using PackageSvc = Provider::PackageSvc::AsyncServiceImpl;
+using ServiceSvc = Provider::ServiceSvc::AsyncServiceImpl;
+using SourceSvc = Provider::SourceSvc::AsyncServiceImpl;
+
+/// Records of this domain do not know their names, so their pages are told.
+template <typename Service, typename... Parameters>
+Query<Record> TitledQuery(const std::string& kind, Service& service,
+                          void (Service::*operation)(Parameters...)) {
+  return MakeQuery<Record>(service, operation, [kind](const Ids& ids, const auto& record) {
+    const std::string title = fmt::format("{} {}", kind, fmt::join(ids, "."));
+    return Record{[title, record](Page& page) { WritePage(page, title, *record); },
+                  [record](JsonWriter& json) { WriteJson(json, *record); }};
+  });
+}
+
+/// The services of the domain over one container.
+class Authentication final : public Domain {
+ public:
+  Authentication() : Authentication(Provider::MetadataContainer::GetInstance()) {}
+
+  std::optional<ServiceError> CreateSource(const std::string& id,
+                                           const std::string& path) override {
+    return CreateLocalSource<Bindings::SourceSvc::CreateSpec>(source_, id, path);
+  }
+
+  const std::vector<Kind>& Kinds() const override { return kinds_; }
+
+ private:
+  explicit Authentication(const Container& container);
+
+  ComponentSvc component_;
+  PackageSvc package_;
+  ServiceSvc service_;
+  OperationSvc operation_;
+  SourceSvc source_;
+  std::vector<Kind> kinds_;
+};
+
+Authentication::Authentication(const Container& container)
+    : component_(container),
+      package_(container),
+      service_(container),
+      operation_(container),
+      source_(container) {
+  kinds_ = {
+      {"component",
+       {"COMPONENT"},
+       ListQuery(component_, &ComponentSvc::List),
+       TitledQuery("component", component_, &ComponentSvc::Get),
+       FingerprintQuery(component_, &ComponentSvc::Fingerprint)},
+      {"package",
+       {"PACKAGE"},
+       ListQuery(package_, &PackageSvc::List),
+       TitledQuery("package", package_, &PackageSvc::Get),
+       {}},
+      {"service",
+       {"SERVICE"},
+       ListQuery(service_, &ServiceSvc::List),
+       TitledQuery("service", service_, &ServiceSvc::Get),
+       {}},
+      {"operation",
+       {"SERVICE", "OPERATION"},
+       ListQuery(operation_, &OperationSvc::List),
+       TitledQuery("operation", operation_, &OperationSvc::Get),
+       {}},
+      SourceKind(source_),
+  };
+}
+
+}  // namespace
+
+DomainRow AuthenticationDomain() {
+  return {"authentication", "authentication", "zelk.metadata.authentication.parse.error",
+          []() -> std::unique_ptr<Domain> { return std::make_unique<Authentication>(); }};
+}
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,112 @@
+#include "domains/authentication_record.h"
+
+#include <fmt/format.h>
+
+#include "domains/enum_text.h"
+#include "domains/json_records.h"
+
+namespace Zelk::Tool {
+namespace {
+
+namespace Bindings = ::Com::Orvane::Zelk::Metadata::Authentication;
+using Schemes = std::list<std::shared_ptr<const Bindings::AuthenticationInfo>>;
+
+void WriteSchemes(Page& page, std::size_t level, const Schemes& schemes) {
+  for (const auto& scheme : schemes) {
+    const std::string manager =
+        scheme->session_manager ? ", session manager " + *scheme->session_manager : "";
+    page.Line(level,
+              fmt::format("{} ({}{})", scheme->scheme, EnumText(scheme->scheme_type), manager));
+  }
+}
+
+// The parts of a record, each with its name.
+
+void WriteParts(Page& page, std::size_t level, const Bindings::OperationInfo& operation) {
+  WriteSchemes(page, level, operation.schemes);
+}
+
+void WriteParts(Page& page, std::size_t level, const Bindings::ServiceInfo& service) {
+  WriteSchemes(page, level, service.schemes);
+  for (const auto& [name, operation] : service.operations) {
+    page.Line(level, "operation " + name);
+    WriteParts(page, level + 1, *operation);
+  }
+}
+
+void WriteParts(Page& page, std::size_t level, const Bindings::PackageInfo& package) {
+  WriteSchemes(page, level, package.schemes);
+  for (const auto& [id, service] : package.services) {
+    page.Line(level, "service " + id);
+    WriteParts(page, level + 1, *service);
+  }
+}
+
+}  // namespace
+
+static void WriteJson(JsonWriter& json, const Bindings::AuthenticationInfo& scheme) {
+  json.StartObject();
+  json.Member("scheme_type", EnumText(scheme.scheme_type));
+  json.Member("session_manager", scheme.session_manager);
+  json.Member("scheme", scheme.scheme);
+  json.EndObject();
+}
+
+static void WriteJson(JsonWriter& json, const Bindings::ComponentInfo& component) {
+  json.StartObject();
+  WriteMap(json, "packages", component.packages);
+  json.EndObject();
+}
+
+void WriteJson(JsonWriter& json, const Bindings::OperationInfo& operation) {
+  json.StartObject();
+  WriteList(json, "schemes", operation.schemes);
+  json.EndObject();
+}
+
+void WriteJson(JsonWriter& json, const Bindings::ServiceInfo& service) {
+  json.StartObject();
+  WriteList(json, "schemes", service.schemes);
+  WriteMap(json, "operations", service.operations);
+  json.EndObject();
+}
+
+void WriteJson(JsonWriter& json, const Bindings::PackageInfo& package) {
+  json.StartObject();
+  WriteList(json, "schemes", package.schemes);
+  WriteMap(json, "services", package.services);
+  json.EndObject();
+}
+
+void WriteJson(JsonWriter& json, const Bindings::ComponentData& component) {
+  json.StartObject();
+  WriteOne(json, "info", component.info);
+  json.Member("fingerprint", component.fingerprint);
+  json.EndObject();
+}
+
+void WritePage(Page& page, const std::string& title, const Bindings::ComponentData& component) {
+  page.Line(0, title);
+  page.Line(1, "Fingerprint: " + component.fingerprint);
+  for (const auto& [name, package] : component.info->packages) {
+    page.Line(1, "package " + name);
+    WriteParts(page, 2, *package);
+  }
+}
+
+void WritePage(Page& page, const std::string& title, const Bindings::PackageInfo& package) {
+  page.Line(0, title);
+  WriteParts(page, 1, package);
+}
+
+void WritePage(Page& page, const std::string& title, const Bindings::ServiceInfo& service) {
+  page.Line(0, title);
+  WriteParts(page, 1, service);
+}
+
+void WritePage(Page& page, const std::string& title, const Bindings::OperationInfo& operation) {
+  page.Line(0, title);
+  WriteParts(page, 1, operation);
+}
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,110 @@
+#include <zelk/provider/metadata/cli/metadata_container.h>
+#include <zelk/provider/metadata/cli/services.h>
+
+#include "domains/cli_record.h"
+#include "domains/source_record.h"
+#include "domains/table.h"
+
+namespace Zelk::Tool {
+namespace {
+
+namespace Bindings = ::Com::Orvane::Zelk::Metadata::Cli;
+namespace Provider = ::Zelk::Provider::Metadata::Cli;
+using Container = std::shared_ptr<Provider::MetadataContainer>;
+using CommandSvc = Provider::CommandSvc::AsyncServiceImpl;
+using NamespaceSvc = Provider::NamespaceSvc::AsyncServiceImpl;
+using SourceSvc = Provider::SourceSvc::AsyncServiceImpl;
+
+/// The identity that the user means by one dotted name, or by path and name. A name that itself
+/// holds a full stop can only be given the second way.
+template <typename Identity>
+std::shared_ptr<const Identity> ToIdentity(const Ids& ids) {
+  if (ids.size() == 2) return std::make_shared<const Identity>(ids[0], ids[1]);
+  const std::string& name = ids.front();
+  const auto dot = name.rfind('.');
+  if (dot == std::string::npos) return std::make_shared<const Identity>("", name);
+  return std::make_shared<const Identity>(name.substr(0, dot), name.substr(dot + 1));
+}
+
+template <typename Identities>
+Outcome<Names> ToNames(const Outcome<Identities>& outcome) {
+  Outcome<Names> names{std::nullopt, outcome.error};
+  if (!outcome.answer) return names;
+  names.answer.emplace();
+  for (const auto& identity : *outcome.answer) names.answer->push_back(FullName(*identity));
+  return names;
+}
+
+/// Of an operation that answers the record of an identity.
+template <typename Identity, typename Service, typename... Parameters>
+Query<Record> NodeQuery(Service& service, void (Service::*operation)(Parameters...)) {
+  return {{1, 2}, [&service, operation](const Ids& ids) -> Outcome<Record> {
+            auto outcome = Call(service, operation, ToIdentity<Identity>(ids));
+            if (!outcome.answer) return {std::nullopt, std::move(outcome.error)};
+            const auto info = *outcome.answer;
+            return {Record{[info](Page& page) { WritePage(page, *info); },
+                           [info](JsonWriter& json) { WriteJson(json, *info); }},
+                    std::nullopt};
+          }};
+}
+
+Query<Names> NamespaceList(NamespaceSvc& service) {
+  return {{0, 0},
+          [&service](const Ids& /*ids*/) { return ToNames(Call(service, &NamespaceSvc::List)); }};
+}
+
+/// Of all commands, or of those directly in one namespace.
+Query<Names> CommandList(CommandSvc& service) {
+  return {{0, 1}, [&service](const Ids& ids) {
+            boost::optional<std::string> path;
+            if (!ids.empty()) path = ids.front() == "." ? std::string() : ids.front();
+            return ToNames(Call(service, &CommandSvc::List, path));
+          }};
+}
+
+/// The services of the domain over one container.
+class Cli final : public Domain {
+ public:
+  Cli() : Cli(Provider::MetadataContainer::GetInstance()) {}
+
+  std::optional<ServiceError> CreateSource(const std::string& id,
+                                           const std::string& path) override {
+    return CreateLocalSource<Bindings::SourceSvc::CreateSpec>(source_, id, path);
+  }
+
+  const std::vector<Kind>& Kinds() const override { return kinds_; }
+
+ private:
+  explicit Cli(const Container& container);
+
+  NamespaceSvc namespace_;
+  CommandSvc command_;
+  SourceSvc source_;
+  std::vector<Kind> kinds_;
+};
+
+Cli::Cli(const Container& container)
+    : namespace_(container), command_(container), source_(container) {
+  kinds_ = {
+      {"namespace",
+       {"NAMESPACE", "NAME"},
+       NamespaceList(namespace_),
+       NodeQuery<Bindings::NamespaceSvc::Identity>(namespace_, &NamespaceSvc::Get),
+       FingerprintQuery(namespace_, &NamespaceSvc::Fingerprint)},
+      {"command",
+       {"COMMAND", "NAME"},
+       CommandList(command_),
+       NodeQuery<Bindings::CommandSvc::Identity>(command_, &CommandSvc::Get),
+       FingerprintQuery(command_, &CommandSvc::Fingerprint)},
+      SourceKind(source_),
+  };
+}
+
+}  // namespace
+
+DomainRow CliDomain() {
+  return {"cli", "cli", "zelk.metadata.cli.parse.error",
+          []() -> std::unique_ptr<Domain> { return std::make_unique<Cli>(); }};
+}
+
+}  // namespace Zelk::Tool

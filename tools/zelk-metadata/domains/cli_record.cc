@@ -1,0 +1,114 @@
+#include "domains/cli_record.h"
+
+#include <fmt/format.h>
+
+#include "domains/enum_text.h"
+#include "domains/json_records.h"
+
+namespace Zelk::Tool {
+
+namespace Bindings = ::Com::Orvane::Zelk::Metadata::Cli;
+
+static void WriteJson(JsonWriter& json, const Bindings::TreeIdentity& identity) {
+  json.StartObject();
+  json.Member("path", identity.path);
+  json.Member("name", identity.name);
+  json.EndObject();
+}
+
+static void WriteJson(JsonWriter& json, const Bindings::CommandSvc::OptionInfo& option) {
+  json.StartObject();
+  json.Member("long_option", option.long_option);
+  json.Member("short_option", option.short_option);
+  json.Member("field_name", option.field_name);
+  json.Member("description", option.description);
+  json.Member("type", option.type);
+  json.Member("generic", EnumText(option.generic));
+  json.EndObject();
+}
+
+static void WriteJson(JsonWriter& json, const Bindings::CommandSvc::OutputFieldInfo& field) {
+  json.StartObject();
+  json.Member("field_name", field.field_name);
+  json.Member("display_name", field.display_name);
+  json.EndObject();
+}
+
+static void WriteJson(JsonWriter& json, const Bindings::CommandSvc::OutputInfo& output) {
+  json.StartObject();
+  json.Member("structure_id", output.structure_id);
+  WriteList(json, "output_fields", output.output_fields);
+  json.EndObject();
+}
+
+void WriteJson(JsonWriter& json, const Bindings::NamespaceSvc::Info& info) {
+  json.StartObject();
+  WriteOne(json, "identity", info.identity);
+  json.Member("description", info.description);
+  WriteList(json, "children", info.children);
+  json.EndObject();
+}
+
+void WriteJson(JsonWriter& json, const Bindings::CommandSvc::Info& info) {
+  json.StartObject();
+  WriteOne(json, "identity", info.identity);
+  json.Member("description", info.description);
+  json.Member("service_id", info.service_id);
+  json.Member("operation_id", info.operation_id);
+  WriteList(json, "options", info.options);
+  json.Member("formatter", info.formatter ? boost::make_optional(EnumText(*info.formatter))
+                                          : boost::optional<std::string>());
+  WriteList(json, "output_field_list", info.output_field_list);
+  json.EndObject();
+}
+
+std::string FullName(const Bindings::TreeIdentity& identity) {
+  if (identity.path.empty() && identity.name.empty()) return ".";
+  return identity.path.empty() ? identity.name : identity.path + '.' + identity.name;
+}
+
+void WritePage(Page& page, const Bindings::NamespaceSvc::Info& info) {
+  page.Line(0, "namespace " + FullName(*info.identity));
+  page.Paragraph(1, info.description);
+  if (info.children.empty()) return;
+  page.Heading("Namespaces:");
+  for (const auto& child : info.children) page.Line(1, FullName(*child));
+}
+
+namespace {
+
+std::string OptionText(const Bindings::CommandSvc::OptionInfo& option) {
+  const bool plain = option.generic == Bindings::CommandSvc::GenericType::NONE;
+  return fmt::format("--{}{}: {}", option.long_option,
+                     option.short_option ? ", -" + *option.short_option : "",
+                     plain ? option.type : EnumText(option.generic) + '<' + option.type + '>');
+}
+
+void WriteOptions(
+    Page& page, const std::list<std::shared_ptr<const Bindings::CommandSvc::OptionInfo>>& options) {
+  if (options.empty()) return;
+  page.Heading("Options:");
+  for (const auto& option : options) {
+    page.Line(1, OptionText(*option));
+    page.Paragraph(2, option->description);
+    page.Line(2, "Fills " + option->field_name);
+  }
+}
+
+}  // namespace
+
+void WritePage(Page& page, const Bindings::CommandSvc::Info& info) {
+  page.Line(0, "command " + FullName(*info.identity));
+  page.Paragraph(1, info.description);
+  page.Line(1, fmt::format("Calls {} of {}", info.operation_id, info.service_id));
+  if (info.formatter) page.Line(1, "Shown as " + EnumText(*info.formatter));
+  WriteOptions(page, info.options);
+  for (const auto& output : info.output_field_list) {
+    page.Heading(fmt::format("Output of {}:", output->structure_id));
+    for (const auto& field : output->output_fields) {
+      page.Line(1, fmt::format("{}: {}", field->display_name, field->field_name));
+    }
+  }
+}
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include <com/orvane/zelk/metadata/cli/records.h>
+
+#include "render/json_writer.h"
+#include "render/page.h"
+
+namespace Zelk::Tool {
+
+/// Path and name as one dotted text; "." for the root namespace.
+std::string FullName(const ::Com::Orvane::Zelk::Metadata::Cli::TreeIdentity& identity);
+
+// Each writes the record whole, with its members under their own names and in their own order.
+void WriteJson(JsonWriter& json,
+               const ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::Info& info);
+void WriteJson(JsonWriter& json, const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Info& info);
+
+void WritePage(Page& page, const ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::Info& info);
+void WritePage(Page& page, const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Info& info);
+
+}  // namespace Zelk::Tool

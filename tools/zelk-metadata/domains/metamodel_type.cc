@@ -1,0 +1,125 @@
+#include "domains/metamodel_type.h"
+
+#include <vector>
+
+#include "domains/enum_text.h"
+
+namespace Zelk::Tool {
+namespace {
+
+namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
+
+/// A text to append, or a type whose text is still to be worked out.
+struct TextStep {
+  const char* text;
+  const Bindings::Type* type;
+};
+
+/// Appends the beginning of a generic type's text and leaves its rest as work, the next step last.
+void OpenText(const Bindings::GenericInstantiation& generic, std::string& text,
+              std::vector<TextStep>& work) {
+  text += EnumText(generic.generic_type) + '<';
+  work.push_back({">", nullptr});
+  if (generic.map_value_type) {
+    work.push_back({nullptr, generic.map_value_type.get()});
+    work.push_back({", ", nullptr});
+  }
+  const auto& first = generic.map_key_type ? generic.map_key_type : generic.element_type;
+  if (first) work.push_back({nullptr, first.get()});
+}
+
+/// A member of a generic instantiation to write, or, without a key, the end of the instantiation
+/// and of the type that it belongs to.
+struct JsonStep {
+  const char* key;
+  const Bindings::Type* type;
+};
+
+void WriteBuiltinType(JsonWriter& json, const Bindings::Type& type) {
+  json.Key("builtin_type");
+  if (type.builtin_type) {
+    json.String(EnumText(*type.builtin_type));
+  } else {
+    json.Null();
+  }
+}
+
+void WriteUserDefinedType(JsonWriter& json, const Bindings::Type& type) {
+  json.Key("user_defined_type");
+  if (!type.user_defined_type) {
+    json.Null();
+    return;
+  }
+  json.StartObject();
+  json.Member("resource_type", type.user_defined_type->resource_type);
+  json.Member("resource_id", type.user_defined_type->resource_id);
+  json.EndObject();
+}
+
+/// Writes the type up to its first nested type and leaves the rest as work, the next step last.
+void OpenJson(JsonWriter& json, const Bindings::Type& type, std::vector<JsonStep>& work) {
+  json.StartObject();
+  json.Member("category", EnumText(type.category));
+  WriteBuiltinType(json, type);
+  WriteUserDefinedType(json, type);
+  json.Key("generic_instantiation");
+  if (!type.generic_instantiation) {
+    json.Null();
+    json.EndObject();
+    return;
+  }
+  const Bindings::GenericInstantiation& generic = *type.generic_instantiation;
+  json.StartObject();
+  json.Member("generic_type", EnumText(generic.generic_type));
+  work.push_back({nullptr, nullptr});
+  work.push_back({"map_value_type", generic.map_value_type.get()});
+  work.push_back({"map_key_type", generic.map_key_type.get()});
+  work.push_back({"element_type", generic.element_type.get()});
+}
+
+void WriteStep(JsonWriter& json, const JsonStep& step, std::vector<JsonStep>& work) {
+  if (step.key == nullptr) {
+    json.EndObject();
+    json.EndObject();
+    return;
+  }
+  json.Key(step.key);
+  if (step.type == nullptr) {
+    json.Null();
+  } else {
+    OpenJson(json, *step.type, work);
+  }
+}
+
+}  // namespace
+
+std::string TypeText(const Bindings::Type& type) {
+  std::string text;
+  std::vector<TextStep> work{{nullptr, &type}};
+  while (!work.empty()) {
+    const TextStep step = work.back();
+    work.pop_back();
+    if (step.type == nullptr) {
+      text += step.text;
+    } else if (step.type->generic_instantiation) {
+      OpenText(*step.type->generic_instantiation, text, work);
+    } else if (step.type->user_defined_type) {
+      text += step.type->user_defined_type->resource_id;
+    } else if (step.type->builtin_type) {
+      text += EnumText(*step.type->builtin_type);
+    }
+  }
+  return text;
+}
+
+void WriteJson(JsonWriter& json, const Bindings::Type& type) {
+  std::vector<JsonStep> work;
+  OpenJson(json, type, work);
+  while (!work.empty()) {
+    const JsonStep step = work.back();
+    work.pop_back();
+    WriteStep(json, step, work);
+  }
+}
+
+}  // namespace Zelk::Tool

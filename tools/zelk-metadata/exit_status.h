@@ -1,0 +1,21 @@
+#pragma once
+
+namespace Zelk::Tool {
+
+/// What the process tells its caller. The numbers are stable: scripts test them.
+///
+/// When several apply, kUsage comes first, since then nothing was done. A failed source comes
+/// before kNotFound: what was not found may have been in it.
+enum class ExitStatus {
+  kOk = 0,
+  /// A source failed to load, or `check` found problems. The rest was done all the same.
+  kSourceFailed = 1,
+  /// The arguments make no sense.
+  kUsage = 2,
+  /// The kind, or what the ids name, is not known.
+  kNotFound = 3,
+  /// The output could not be written, so it is not whole.
+  kOutputLost = 4,
+};
+
+}  // namespace Zelk::Tool

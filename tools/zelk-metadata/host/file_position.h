@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace Zelk::Tool {
+
+/// A place in a text file. Both count from 1; columns count bytes.
+struct FilePosition {
+  std::uint64_t line;
+  std::uint64_t column;
+};
+
+/// Where the byte at `offset` stands; the file's end counts as a place, too. Empty for a file that
+/// is shorter or not there any more, and for one that is not a regular file.
+std::optional<FilePosition> PositionAt(const std::string& path, std::uint64_t offset);
+
+}  // namespace Zelk::Tool

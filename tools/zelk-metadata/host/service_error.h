@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <zelk/data/values.h>
+
+namespace Zelk::Tool {
+
+/// One message of an error.
+struct Message {
+  std::string id;
+  std::string default_text;
+  std::vector<std::string> arguments;
+
+  /// The default text with "%1%", "%2%", ... replaced by the arguments. A placeholder without an
+  /// argument stays; placeholders within an argument are its text.
+  std::string Text() const;
+};
+
+/// What a service delivered in place of an answer.
+struct ServiceError {
+  /// The type's name, such as "com.orvane.zelk.std.errors.not_found".
+  std::string name;
+
+  /// Never empty: for an error that brings no message, its name stands in as the only one's text
+  /// and id.
+  std::vector<Message> messages;
+
+  static ServiceError From(const Data::ErrorValue& value);
+
+  /// For a service that broke its word and delivered neither an answer nor an error.
+  static ServiceError NoAnswer();
+
+  bool IsNotFound() const;
+};
+
+}  // namespace Zelk::Tool

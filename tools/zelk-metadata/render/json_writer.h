@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+
+#include <boost/optional.hpp>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
+namespace Zelk::Tool {
+
+/// Builds one JSON text, on one line, in ASCII: other characters are written as \uXXXX, so that the
+/// text is harmless on a terminal, too. Bytes that are not part of well-formed UTF-8 become U+FFFD.
+/// Nesting is limited by memory only.
+class JsonWriter {
+ public:
+  JsonWriter();
+
+  void StartObject();
+  void EndObject();
+  void StartArray();
+  void EndArray();
+  void Key(const std::string& name);
+  void String(const std::string& value);
+  void Number(std::uint64_t value);
+  void Bool(bool value);
+  void Null();
+
+  // A key with its value; null for an empty optional.
+  void Member(const std::string& name, const std::string& value);
+  void Member(const std::string& name, const boost::optional<std::string>& value);
+
+  /// The array of the strings in any container of them.
+  template <typename Strings>
+  void StringArray(const Strings& strings) {
+    StartArray();
+    for (const std::string& string : strings) String(string);
+    EndArray();
+  }
+
+  /// The text, which must be complete, and a line end.
+  void WriteTo(std::ostream& out) const;
+
+ private:
+  rapidjson::StringBuffer buffer_;
+  rapidjson::Writer<rapidjson::StringBuffer, rapidjson::UTF8<>, rapidjson::ASCII<>> writer_;
+};
+
+}  // namespace Zelk::Tool

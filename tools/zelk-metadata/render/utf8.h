@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace Zelk::Tool {
+
+/// The text with U+FFFD in place of every byte that is not part of well-formed UTF-8.
+std::string RepairedUtf8(const std::string& text);
+
+/// The text as it may be shown on a terminal: printable characters stay, control characters become
+/// \xNN (those beyond ASCII \u00NN) and bytes that are not part of well-formed UTF-8 \xNN. Metadata
+/// comes from anywhere, and a name must not be able to drive the terminal.
+std::string ForTerminal(const std::string& text);
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,35 @@
+#include "run.h"
+
+#include <ostream>
+
+#include "arguments.h"
+#include "commands/command.h"
+#include "render/page.h"
+
+namespace Zelk::Tool {
+namespace {
+
+ExitStatus Perform(const ParsedArguments& parsed, const Streams& streams) {
+  if (parsed.command != nullptr) return parsed.command->run(parsed.arguments, streams);
+  if (parsed.error.empty()) {
+    streams.out << parsed.help;
+    return ExitStatus::kOk;
+  }
+  PrintError(streams.err, parsed.error);
+  return ExitStatus::kUsage;
+}
+
+}  // namespace
+
+int Run(const std::vector<std::string>& args, std::istream& in, std::ostream& out,
+        std::ostream& err) {
+  const Streams streams{in, out, err};
+  ExitStatus status = Perform(ParseArguments(args), streams);
+  if (!out.flush()) {
+    PrintError(err, "the output could not be written");
+    status = ExitStatus::kOutputLost;
+  }
+  return static_cast<int>(status);
+}
+
+}  // namespace Zelk::Tool
