@@ -6,11 +6,12 @@ cd "$1"
 status=0
 for document in *.md docs/*.md metadata/*.md; do
   folder=$(dirname "$document")
+  prose=$(awk '/^```/ { code = !code; next } !code' "$document")
   while read -r link; do
     [ -e "$folder/${link%%#*}" ] || { echo "$document: $link is not there"; status=1; }
-  done < <(grep -oE '\]\([^)]+\)' "$document" | sed -E 's/^\]\(|\)$//g' | grep -vE '^(https?:|#)')
+  done < <(grep -oE '\]\([^)]+\)' <<<"$prose" | sed -E 's/^\]\(|\)$//g' | grep -vE '^(https?:|#)')
   while read -r path; do
-    compgen -G "$path" >/dev/null || { echo "$document: $path is not there"; status=1; }
-  done < <(grep -oE '`(common|metamodel|authentication|cli|platform|tools|tests|docs|examples|cmake|scripts|metadata)/[A-Za-z0-9_./*-]+`' "$document" | tr -d '`')
+    compgen -G "$path" >/dev/null || compgen -G "$folder/$path" >/dev/null || { echo "$document: $path is not there"; status=1; }
+  done < <(grep -oE '`(common|metamodel|authentication|cli|platform|tools|tests|docs|examples|cmake|scripts|metadata)/[A-Za-z0-9_./*-]+`' <<<"$prose" | tr -d '`')
 done
 exit $status
