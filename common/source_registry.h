@@ -16,10 +16,11 @@
 namespace Zelk::Provider::Metadata {
 
 // The life cycle of a domain's sources. A `Domain` is a struct of facts:
-//   SourceData, CreateSpec, Info       its record of a source, made from a CreateSpec, and their
-//   types kExists, kNotFound, kFileNotFound  its message ids static bool Parse(const std::string&
-//   text, const std::shared_ptr<SourceData>&, Errors&) static void SetFingerprint(SourceData&,
-//   const std::string& digest)
+//
+// - SourceData, CreateSpec, Info: the record of a source, what it is made from and described by;
+// - kExists, kNotFound, kFileNotFound: message ids;
+// - static bool Parse(text, source, errors): fills a new SourceData from a file's text;
+// - static void SetFingerprint(source, digest): called once the file has parsed.
 
 /// Reads and parses the file of `spec` into a new source. On failure null, with `error` set.
 /// The digest is taken of the very bytes that were parsed, whatever happens to the file meanwhile.

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <zelk/message.h>
+
+#include "cli/cli_text.h"
+#include "cli/metadata_parser.h"
+#include "cli/parser_messages.h"
+
+// What the parser made of a file: whether it was read, what the callbacks were given and in which
+// order, and the messages.
+
+namespace Zelk::Testing {
+
+struct ParsedFile {
+  bool ok = false;
+  Lines nodes;
+  Lines messages;
+};
+
+/// `Text` is a std::string_view or a std::istream.
+template <typename Text>
+ParsedFile ParseFile(Text&& text) {
+  ParsedFile parsed;
+  Provider::Metadata::Errors errors;
+  const auto keep = [&parsed](const auto& info) { parsed.nodes.push_back(CliText(*info)); };
+  parsed.ok = Provider::Metadata::Cli::MetadataParser::LoadMetadata(std::forward<Text>(text), keep,
+                                                                    keep, errors);
+  parsed.messages = MessageTexts(errors);
+  return parsed;
+}
+
+}  // namespace Zelk::Testing

@@ -1,0 +1,161 @@
+#include "common/source_file.h"
+
+#include <filesystem>
+#include <random>
+#include <string>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <boost/optional.hpp>
+#include <boost/optional/optional_io.hpp>
+#include <gtest/gtest.h>
+
+#include "support/file_text.h"
+#include "support/temp_folder.h"
+
+namespace Zelk::Provider::Metadata {
+namespace {
+
+using Bytes = boost::optional<std::string>;
+using Testing::TempFolder;
+
+std::string RandomBytes(std::size_t size) {
+  std::mt19937 random(20);
+  std::string bytes(size, '\0');
+  for (char& byte : bytes) byte = static_cast<char>(random());
+  return bytes;
+}
+
+TEST(ReadSourceFile, KeepsEveryByte) {
+  const TempFolder folder;
+  const std::string bytes("\xef\xbb\xbf{\r\n\0\"\xff\"\n\r\0}\0", 15);
+  EXPECT_EQ(ReadSourceFile(folder.Write("foo", bytes)), Bytes(bytes));
+}
+
+TEST(ReadSourceFile, AnEmptyFileIsReadAsOne) {
+  const TempFolder folder;
+  EXPECT_EQ(ReadSourceFile(folder.Write("foo", "")), Bytes(""));
+}
+
+TEST(ReadSourceFile, ReadsFilesOfAnySizeWhole) {
+  const TempFolder folder;
+  for (const std::size_t size : {1U, 2U, 4095U, 4096U, 4097U, 65536U, 3'000'001U}) {
+    const std::string bytes = RandomBytes(size);
+    EXPECT_TRUE(ReadSourceFile(folder.Write("foo", bytes)) == Bytes(bytes)) << size;
+  }
+}
+
+TEST(ReadSourceFile, ReadsAFileThatHoldsMoreThanItsSizeSays) {
+  const std::string path = "/proc/version";
+  ASSERT_EQ(std::filesystem::file_size(path), 0U);
+  EXPECT_GT(ReadSourceFile(path).value_or("").size(), 8U);
+  EXPECT_EQ(ReadSourceFile(path), Bytes(Testing::FileText(path)));
+}
+
+TEST(ReadSourceFile, ReadsTwoHundredMegabytes) {
+  const TempFolder folder;
+  const std::string path = folder.Write("foo", "[");
+  constexpr std::size_t kSize = 200'000'000;
+  std::filesystem::resize_file(path, kSize);
+  const auto bytes = ReadSourceFile(path);
+  ASSERT_TRUE(bytes);
+  EXPECT_EQ(bytes->size(), kSize);
+  EXPECT_EQ(bytes->substr(0, 2), std::string("[\0", 2));
+  EXPECT_EQ(bytes->find_first_not_of('\0', 1), std::string::npos);
+}
+
+TEST(ReadSourceFile, ReadsFromTheBeginningEveryTime) {
+  const TempFolder folder;
+  const std::string path = folder.Write("foo", "bar");
+  EXPECT_EQ(ReadSourceFile(path), Bytes("bar"));
+  EXPECT_EQ(ReadSourceFile(path), Bytes("bar"));
+  folder.Write("foo", "qux and more");
+  EXPECT_EQ(ReadSourceFile(path), Bytes("qux and more"));
+}
+
+TEST(ReadSourceFile, FollowsLinks) {
+  const TempFolder folder;
+  folder.Write("foo", "bar");
+  std::filesystem::create_symlink("foo", folder.Path("link"));
+  std::filesystem::create_symlink("link", folder.Path("link to link"));
+  EXPECT_EQ(ReadSourceFile(folder.Path("link to link")), Bytes("bar"));
+}
+
+TEST(ReadSourceFile, AFolderIsReadAsAnEmptyFile) {
+  const TempFolder folder;
+  std::filesystem::create_directory_symlink(folder.Path(""), folder.Path("link"));
+  EXPECT_EQ(ReadSourceFile(folder.Path("")), Bytes(""));
+  EXPECT_EQ(ReadSourceFile(folder.Path("link")), Bytes(""));
+  EXPECT_EQ(ReadSourceFile("/"), Bytes(""));
+}
+
+TEST(ReadSourceFile, OpensNothingWhereNothingIs) {
+  const TempFolder folder;
+  EXPECT_EQ(ReadSourceFile(folder.Path("foo")), boost::none);
+  EXPECT_EQ(ReadSourceFile(""), boost::none);
+  EXPECT_EQ(ReadSourceFile(folder.Path(std::string(300, 'x'))), boost::none);
+}
+
+TEST(ReadSourceFile, OpensNothingBelowAFileThatIsNoFolder) {
+  const TempFolder folder;
+  EXPECT_EQ(ReadSourceFile(folder.Write("foo", "bar") + "/baz"), boost::none);
+}
+
+TEST(ReadSourceFile, OpensNoLinkThatLeadsNowhere) {
+  const TempFolder folder;
+  std::filesystem::create_symlink("there", folder.Path("here"));
+  std::filesystem::create_symlink("here", folder.Path("there"));
+  std::filesystem::create_symlink("nowhere", folder.Path("broken"));
+  EXPECT_EQ(ReadSourceFile(folder.Path("here")), boost::none);
+  EXPECT_EQ(ReadSourceFile(folder.Path("broken")), boost::none);
+}
+
+TEST(ReadSourceFile, DoesNotTakeWhatStandsBeforeAZeroByteForThePath) {
+  const TempFolder folder;
+  const std::string path = folder.Write("foo", "bar");
+  EXPECT_EQ(ReadSourceFile(path + '\0'), boost::none);
+  EXPECT_EQ(ReadSourceFile(path + '\0' + "baz"), boost::none);
+  EXPECT_EQ(ReadSourceFile(std::string(1, '\0') + path), boost::none);
+}
+
+TEST(ReadSourceFile, DoesNotWaitForThePipeThatNobodyWritesTo) {
+  const TempFolder folder;
+  const std::string path = folder.Path("foo");
+  ASSERT_EQ(mkfifo(path.c_str(), S_IRUSR | S_IWUSR), 0);
+  EXPECT_EQ(ReadSourceFile(path), boost::none);
+}
+
+TEST(ReadSourceFile, DoesNotReadADevice) {
+  EXPECT_EQ(ReadSourceFile("/dev/zero"), boost::none);
+  EXPECT_EQ(ReadSourceFile("/dev/null"), boost::none);
+}
+
+TEST(ReadSourceFile, DoesNotReadASocket) {
+  const TempFolder folder;
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  folder.Path("foo").copy(address.sun_path, sizeof address.sun_path - 1);
+  const int descriptor = socket(AF_UNIX, SOCK_STREAM, 0);
+  const auto* bare_address = static_cast<const void*>(&address);
+  ASSERT_EQ(bind(descriptor, static_cast<const sockaddr*>(bare_address), sizeof address), 0);
+  EXPECT_EQ(ReadSourceFile(folder.Path("foo")), boost::none);
+  close(descriptor);
+}
+
+TEST(ReadSourceFile, LeavesNoFileOpen) {
+  const TempFolder folder;
+  const std::string file = folder.Write("foo", "bar");
+  const int before = dup(0);
+  close(before);
+  for (const auto& path : {file, folder.Path(""), folder.Path("baz"), std::string("/dev/zero")}) {
+    ReadSourceFile(path);
+    const int after = dup(0);
+    close(after);
+    EXPECT_EQ(after, before) << path;
+  }
+}
+
+}  // namespace
+}  // namespace Zelk::Provider::Metadata

@@ -1,0 +1,94 @@
+#include <gmock/gmock.h>
+
+#include "tool/tool_run.h"
+
+using testing::AllOf;
+using testing::HasSubstr;
+using Zelk::Testing::kDataFolder;
+using Zelk::Testing::RunLine;
+using Zelk::Testing::RunOnInventory;
+using Zelk::Testing::RunTool;
+using Zelk::Testing::ToolRun;
+
+TEST(Arguments, VersionIsThatOfTheProject) {
+  const ToolRun run = RunLine("--version");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "zelk-metadata " ZELK_METADATA_VERSION "\n");
+  EXPECT_EQ(run.err, "");
+}
+
+TEST(Arguments, HelpNamesTheCommandsTheOptionsAndTheExitStatuses) {
+  const ToolRun run = RunLine("--help");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out, AllOf(HasSubstr("check"), HasSubstr("list"), HasSubstr("get"),
+                             HasSubstr("fingerprint"), HasSubstr("--source [ID=]FILE"),
+                             HasSubstr("--json"), HasSubstr("Exit status:")));
+  EXPECT_EQ(run.err, "");
+}
+
+TEST(Arguments, HelpOfACommandShowsTheKindsThatItTakesWithTheirIds) {
+  const ToolRun get = RunLine("get --help");
+  EXPECT_EQ(get.status, 0);
+  EXPECT_THAT(get.out, HasSubstr("\n  operation SERVICE OPERATION\n"));
+  EXPECT_THAT(get.out, testing::Not(HasSubstr("hidden")));
+  EXPECT_THAT(RunLine("list --help").out, HasSubstr("\n  model RESOURCE\n"));
+  EXPECT_THAT(RunLine("fingerprint --help").out, HasSubstr("\n  source [SOURCE]\n"));
+}
+
+TEST(Arguments, OptionsMayStandBeforeAndAfterTheCommand) {
+  const std::string source = " --source " + kDataFolder + "/inventory.json ";
+  const std::string expected = "[\"com.acme\"]\n";
+  for (const std::string& line :
+       {source + "--json list components", "list components --json" + source,
+        source + "list components --json", "--json list" + source + "components"}) {
+    EXPECT_EQ(RunLine(line).out, expected) << line;
+  }
+}
+
+TEST(Arguments, SourcesBeforeAndAfterTheCommandAreAllLoaded) {
+  const ToolRun run = RunLine("--source a=" + kDataFolder + "/inventory.json list sources" +
+                              " --source b=" + kDataFolder + "/network.json");
+  EXPECT_EQ(run.out, "a\nb\n");
+}
+
+TEST(Arguments, KindsMayBeWrittenInThePluralAndWithTheirDomain) {
+  for (const char* kind :
+       {"component", "components", "metamodel:component", "metamodel:components"}) {
+    EXPECT_EQ(RunOnInventory("list " + std::string(kind)).out, "com.acme\n") << kind;
+  }
+}
+
+TEST(Arguments, AnIdMayBeCalledLikeACommand) {
+  const ToolRun run = RunOnInventory("get operation com.acme.inventory.machines list");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.out, testing::StartsWith("list(filter: "));
+}
+
+TEST(Arguments, AnIdMayLookLikeAnOptionBehindADoubleDash) {
+  const ToolRun run = RunOnInventory("get component -- --json");
+  EXPECT_EQ(run.status, 2) << "the source must not be taken for an option either";
+  EXPECT_EQ(RunLine("get component -- --json").err,
+            "zelk-metadata: Metamodel component not found: --json\n");
+}
+
+TEST(Arguments, BracketsAndCommasBelongToTheName) {
+  EXPECT_EQ(RunLine("check [a,b]").out,
+            "[a,b]: Metamodel source file not found: [a,b] "
+            "[zelk.metada.metamodel.source.file.not.found]\n");
+  EXPECT_EQ(RunLine("get component [x]").err,
+            "zelk-metadata: Metamodel component not found: [x]\n");
+  EXPECT_EQ(RunLine("list components --source [a,b]").err,
+            "zelk-metadata: [a,b]: Metamodel source file not found: [a,b] "
+            "[zelk.metada.metamodel.source.file.not.found]\n");
+}
+
+TEST(Arguments, AnEmptyIdIsAnId) {
+  EXPECT_EQ(RunTool({"get", "component", ""}).err,
+            "zelk-metadata: Metamodel component not found: \n");
+}
+
+TEST(Arguments, AnUnknownKindIsToldBeforeAnythingIsLoaded) {
+  const ToolRun run = RunLine("list gadgets --source missing.json");
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(run.err, testing::Not(HasSubstr("missing.json")));
+}

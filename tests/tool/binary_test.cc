@@ -1,0 +1,79 @@
+#include <array>
+#include <cstdio>
+#include <string>
+#include <sys/wait.h>
+
+#include <gtest/gtest.h>
+
+#include "support/file_text.h"
+#include "support/temp_folder.h"
+#include "tool/tool_run.h"
+
+// The program as a process: what only main(), the shell and the system can spoil.
+
+using Zelk::Testing::FileText;
+using Zelk::Testing::kDataFolder;
+using Zelk::Testing::TempFolder;
+using Zelk::Testing::ToolRun;
+
+namespace {
+
+const std::string kBinary = ZELK_METADATA_BINARY;
+const std::string kInventory = " --source " + kDataFolder + "/inventory.json ";
+
+/// Runs a shell command in which $tool is the program. Its status is that of the shell.
+ToolRun RunShell(const std::string& command) {
+  const TempFolder folder;
+  const std::string script = "tool=" + kBinary + "\n" + command + "\n";
+  const std::string line = "bash " + folder.Write("script", script) + " >" + folder.Path("out") +
+                           " 2>" + folder.Path("err");
+  const int status = std::system(line.c_str());
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileText(folder.Path("out")),
+          FileText(folder.Path("err"))};
+}
+
+}  // namespace
+
+TEST(Binary, AnswersOnStandardOutput) {
+  const ToolRun run = RunShell("$tool list components" + kInventory);
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "com.acme\n");
+  EXPECT_EQ(run.err, "");
+}
+
+TEST(Binary, ComplainsOnStandardError) {
+  const ToolRun run = RunShell("$tool get component nope" + kInventory);
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "zelk-metadata: Metamodel component not found: nope\n");
+}
+
+TEST(Binary, EndsWithTheDocumentedStatus) {
+  EXPECT_EQ(RunShell("$tool --version").status, 0);
+  EXPECT_EQ(RunShell("$tool check missing.json").status, 1);
+  EXPECT_EQ(RunShell("$tool").status, 2);
+  EXPECT_EQ(RunShell("$tool list gadgets").status, 3);
+}
+
+TEST(Binary, TellsThatTheOutputCouldNotBeWritten) {
+  const ToolRun run = RunShell("$tool list components" + kInventory + ">/dev/full");
+  EXPECT_EQ(run.status, 4);
+  EXPECT_EQ(run.err, "zelk-metadata: the output could not be written\n");
+}
+
+TEST(Binary, EndsQuietlyWhenNobodyReadsOn) {
+  const std::string line = "{ sleep 0.2; $tool get component com.acme" + kInventory +
+                           "; } | true; echo ${PIPESTATUS[0]}";
+  for (const char* before : {"", "trap '' PIPE; "}) {
+    const ToolRun run = RunShell(before + line);
+    EXPECT_EQ(run.out, "141\n") << before << "the status of a process that the signal ended";
+    EXPECT_EQ(run.err, "") << before;
+  }
+}
+
+TEST(Binary, PassesArgumentsOnByteForByte) {
+  const ToolRun run = RunShell("$tool get component $'caf\\xe9 \\t' ''");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(RunShell("$tool get component $'caf\\xe9 \\t'").err,
+            "zelk-metadata: Metamodel component not found: caf\\xe9 \\x09\n");
+}

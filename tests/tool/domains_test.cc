@@ -1,0 +1,116 @@
+#include <gmock/gmock.h>
+
+#include "domains/table.h"
+#include "host/host.h"
+#include "support/temp_folder.h"
+#include "tool/tool_run.h"
+
+// A second domain, to see that a row in the table is all that the host needs to know of one.
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Zelk::Testing::kDataFolder;
+using Zelk::Testing::TempFolder;
+using Zelk::Tool::Domain;
+using Zelk::Tool::DomainTable;
+using Zelk::Tool::Host;
+using Zelk::Tool::Ids;
+using Zelk::Tool::Kind;
+using Zelk::Tool::LoadReport;
+using Zelk::Tool::Message;
+using Zelk::Tool::Names;
+using Zelk::Tool::ServiceError;
+
+namespace {
+
+/// Knows components, as the first domain does, and paints. Refuses a source called "bad".
+class Colours final : public Domain {
+ public:
+  std::optional<ServiceError> CreateSource(const std::string& id,
+                                           const std::string& /*path*/) override {
+    if (id != "bad") return std::nullopt;
+    return ServiceError{"error", {Message{"colours.parse.error", "at %2%", {"7", "3"}}}};
+  }
+
+  const std::vector<Kind>& Kinds() const override { return kinds_; }
+
+ private:
+  std::vector<Kind> kinds_{
+      {"component",
+       {},
+       {{0, 0},
+        [](const Ids& /*ids*/) {
+          return Zelk::Tool::Outcome<Names>{Names{"red component"}, std::nullopt};
+        }},
+       {},
+       {}},
+      {"paint", {}, {}, {}, {}}};
+};
+
+const DomainTable& TwoDomains() {
+  static const DomainTable table{
+      Zelk::Tool::MetamodelDomain(),
+      {"colours", "colours", "colours.parse.error",
+       []() -> std::unique_ptr<Domain> { return std::make_unique<Colours>(); }}};
+  return table;
+}
+
+Names FirstListed(const Host& host, const std::string& kind) {
+  return *host.FindKinds(kind).front()->list.call({}).answer;
+}
+
+}  // namespace
+
+TEST(Domains, TheRootKeyOfAFileDecidesWhichDomainLoadsIt) {
+  const TempFolder folder;
+  Host host(TwoDomains());
+  const std::string colours = folder.Write("a.json", R"({"x": {"metamodel": 1}, "colours": 1})");
+  EXPECT_EQ(host.Load({"a", colours}).domain, "colours");
+  EXPECT_EQ(host.Load({"b", kDataFolder + "/inventory.json"}).domain, "metamodel");
+  const std::string both = folder.Write("c.json", R"({"metamodel": 1, "colours": 1})");
+  EXPECT_EQ(host.Load({"c", both}).domain, "metamodel");
+}
+
+TEST(Domains, AFileOfNoDomainIsTheFirstOnes) {
+  const TempFolder folder;
+  Host host(TwoDomains());
+  for (const char* text : {"", "?", "{}", R"({"other": 1})", R"([{"colours": 1}])", R"("colours")",
+                           R"({"colours\u0000": 1})", R"({"Colours": 1})"}) {
+    EXPECT_EQ(host.Load({"a", folder.Write("a.json", text)}).domain, "metamodel") << text;
+  }
+  EXPECT_EQ(host.Load({"a", folder.Path("missing.json")}).domain, "metamodel");
+}
+
+TEST(Domains, AKindOfTwoDomainsIsThatOfTheOneWithSources) {
+  const TempFolder folder;
+  Host host(TwoDomains());
+  EXPECT_THAT(FirstListed(host, "components"), IsEmpty());
+  host.Load({"a", folder.Write("a.json", R"({"colours": 1})")});
+  EXPECT_THAT(FirstListed(host, "components"), ElementsAre("red component"));
+  host.Load({"b", kDataFolder + "/inventory.json"});
+  EXPECT_THAT(FirstListed(host, "components"), ElementsAre("com.acme"));
+  EXPECT_THAT(FirstListed(host, "colours:components"), ElementsAre("red component"));
+}
+
+TEST(Domains, KindsThatShareANameAreNamedOnce) {
+  EXPECT_THAT(Host(TwoDomains()).KindNames(),
+              ElementsAre("component", "package", "service", "operation", "structure",
+                          "enumeration", "resource", "model", "hidden", "source", "paint"));
+}
+
+TEST(Domains, AKindIsNotFoundInAnotherDomain) {
+  const Host host(TwoDomains());
+  EXPECT_EQ(host.FindKinds("paint").size(), 1U);
+  EXPECT_EQ(host.FindKinds("colours:paints").size(), 1U);
+  EXPECT_THAT(host.FindKinds("metamodel:paint"), IsEmpty());
+  EXPECT_THAT(host.FindKinds("colours:"), IsEmpty());
+}
+
+TEST(Domains, TheParseErrorOfADomainHasItsPlaceInTheFile) {
+  const TempFolder folder;
+  const std::string path = folder.Write("bad.json", "{\n\"colours\": 1}");
+  const LoadReport report = Zelk::Tool::LoadAlone(path, TwoDomains());
+  ASSERT_EQ(report.problems.size(), 1U);
+  EXPECT_EQ(Zelk::Tool::ProblemLine(report.file, report.problems.front()),
+            path + ":2:2: at 3 [colours.parse.error]");
+}

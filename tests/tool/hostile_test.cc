@@ -1,0 +1,164 @@
+#include <string>
+
+#include <gmock/gmock.h>
+#include <rapidjson/reader.h>
+
+#include "support/small_stack.h"
+#include "support/temp_folder.h"
+#include "tool/tool_run.h"
+
+// Files made to harm: deeper than any stack, or with texts that a terminal would obey.
+
+using testing::HasSubstr;
+using testing::Not;
+using Zelk::Testing::RunOnSmallStack;
+using Zelk::Testing::RunTool;
+using Zelk::Testing::TempFolder;
+using Zelk::Testing::ToolRun;
+
+namespace {
+
+constexpr std::size_t kLevels = 300000;
+constexpr std::size_t kStack = 256 * 1024;
+
+std::string Repeated(const std::string& text, std::size_t count) {
+  std::string repeated;
+  repeated.reserve(text.size() * count);
+  for (std::size_t i = 0; i < count; ++i) repeated += text;
+  return repeated;
+}
+
+/// A file whose structure "s" has one field of the type given.
+std::string FileWithFieldType(const std::string& type) {
+  const std::string described = R"("documentation": "", "metadata": {}, )";
+  return R"({"metamodel": {"component": {"name": "c", )" + described +
+         R"("packages": [{"name": "p", )" + described +
+         R"("enumerations": [], "services": [], "structures": [{"name": "s", )" + described +
+         R"("type": "STRUCTURE", "enumerations": [], "constants": [], "fields": [{"name": "f", )" +
+         described + R"("type": )" + type + "}]}]}]}}}";
+}
+
+/// A type nested in `opening` as often as kLevels says.
+std::string Nested(const std::string& opening) {
+  return Repeated(opening, kLevels) + R"({"category": "BUILTIN", "primitive_type": "ID"})" +
+         std::string(kLevels, '}');
+}
+
+const std::string kListOf = R"({"category": "GENERIC", "generic_type": "LIST", "element_type": )";
+const std::string kMapTo =
+    R"({"category": "GENERIC", "generic_type": "MAP", "map_key_type":)"
+    R"( {"category": "BUILTIN", "primitive_type": "ID"}, "map_value_type": )";
+
+ToolRun RunWithLittleStack(const std::vector<std::string>& args) {
+  ToolRun run{};
+  RunOnSmallStack(kStack, [&] { run = RunTool(args); });
+  return run;
+}
+
+/// Counts the members of a name while a text is parsed.
+struct KeyCounter : rapidjson::BaseReaderHandler<rapidjson::UTF8<>, KeyCounter> {
+  explicit KeyCounter(std::string counted) : name(std::move(counted)) {}
+
+  bool Key(const char* key, rapidjson::SizeType size, bool /*copy*/) {
+    count += name.compare(0, std::string::npos, key, size) == 0 ? 1 : 0;
+    return true;
+  }
+
+  std::string name;
+  std::size_t count = 0;
+};
+
+std::size_t CountKeys(const std::string& json, const std::string& name) {
+  KeyCounter counter(name);
+  rapidjson::StringStream stream(json.c_str());
+  EXPECT_FALSE(
+      rapidjson::Reader().Parse<rapidjson::kParseIterativeFlag>(stream, counter).IsError());
+  return counter.count;
+}
+
+}  // namespace
+
+TEST(Hostile, ATypeOfAnyDepthHasAPage) {
+  const TempFolder folder;
+  const std::string file = folder.Write("deep.json", FileWithFieldType(Nested(kListOf)));
+  const ToolRun run = RunWithLittleStack({"get", "structure", "s", "--source", file});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(run.out == "structure s\n\nFields:\n    f: " + Repeated("LIST<", kLevels) + "ID" +
+                             std::string(kLevels, '>') + "\n")
+      << run.out.substr(0, 100);
+}
+
+TEST(Hostile, AMapOfAnyDepthHasAPage) {
+  const TempFolder folder;
+  const std::string file = folder.Write("deep.json", FileWithFieldType(Nested(kMapTo)));
+  const ToolRun run = RunWithLittleStack({"get", "structure", "s", "--source", file});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(run.out == "structure s\n\nFields:\n    f: " + Repeated("MAP<ID, ", kLevels) + "ID" +
+                             std::string(kLevels, '>') + "\n")
+      << run.out.substr(0, 100);
+}
+
+TEST(Hostile, ATypeOfAnyDepthIsValidJsonWithAllItsLevels) {
+  const TempFolder folder;
+  const std::string file = folder.Write("deep.json", FileWithFieldType(Nested(kListOf)));
+  const ToolRun run = RunWithLittleStack({"get", "structure", "s", "--json", "--source", file});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(CountKeys(run.out, "generic_type"), kLevels);
+}
+
+TEST(Hostile, AMapOfAnyDepthIsValidJsonWithAllItsLevels) {
+  const TempFolder folder;
+  const std::string file = folder.Write("deep.json", FileWithFieldType(Nested(kMapTo)));
+  const ToolRun run = RunWithLittleStack({"get", "component", "c", "--json", "--source", file});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(CountKeys(run.out, "generic_type"), kLevels);
+}
+
+TEST(Hostile, BracketsOfAnyDepthAreChecked) {
+  const TempFolder folder;
+  const std::string file = folder.Write("deep.json", std::string(kLevels, '['));
+  const ToolRun run = RunWithLittleStack({"check", file});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.out, HasSubstr("deep.json:1:300001: Metamodel source file parse error"));
+}
+
+TEST(Hostile, NamesAndTextsCannotDriveTheTerminal) {
+  const TempFolder folder;
+  const std::string evil = R"(\u001b[2J\u0007\u009b31m\nsecond line)";
+  const std::string file = folder.Write(
+      "evil.json", R"({"metamodel": {"component": {"name": ")" + evil + R"(", "documentation": ")" +
+                       evil + R"(", "metadata": {")" + evil + R"(": {")" + evil + R"(": ")" + evil +
+                       R"("}}, "packages": []}}})");
+  const std::string name = "\x1b[2J\x07\u009b31m\nsecond line";
+  const std::string shown = "\\x1b[2J\\x07\\u009b31m\\x0asecond line";
+  EXPECT_EQ(RunTool({"list", "components", "--source", file}).out, shown + "\n");
+  const std::string page = RunTool({"get", "component", name, "--source", file}).out;
+  EXPECT_THAT(page, testing::StartsWith("component " + shown + "\n    \\x1b[2J\\x07\\u009b31m\n" +
+                                        "    second line\n    @" + shown + " " + shown + "=\"" +
+                                        shown + "\"\n"));
+  for (const char* option : {"--json", "--source=x"}) {
+    const ToolRun run = RunTool({"get", "component", name, "--source", file, option});
+    EXPECT_THAT(run.out + run.err, Not(testing::AnyOf(HasSubstr("\x1b"), HasSubstr("\u009b"))));
+  }
+}
+
+TEST(Hostile, FileNamesAndIdsCannotDriveTheTerminalEither) {
+  EXPECT_EQ(RunTool({"check", "\x1b[2J"}).out,
+            "\\x1b[2J: Metamodel source file not found: \\x1b[2J "
+            "[zelk.metada.metamodel.source.file.not.found]\n");
+  EXPECT_EQ(RunTool({"get", "component", "\x1b[2J"}).err,
+            "zelk-metadata: Metamodel component not found: \\x1b[2J\n");
+  EXPECT_THAT(RunTool({"list", "\x1b[2J"}).err, HasSubstr("unknown kind '\\x1b[2J'"));
+}
+
+TEST(Hostile, BytesThatAreNoUtf8AreReplacedInJsonAndShownOnPages) {
+  const TempFolder folder;
+  const std::string file = folder.Write("latin.json",
+                                        "{\"metamodel\": {\"component\": {\"name\": \"caf\xe9\", "
+                                        "\"documentation\": \"\", \"metadata\": {}, "
+                                        "\"packages\": []}}}");
+  EXPECT_EQ(RunTool({"list", "components", "--source", file}).out, "caf\\xe9\n");
+  EXPECT_EQ(RunTool({"list", "components", "--json", "--source", file}).out, "[\"caf\\uFFFD\"]\n");
+  const ToolRun run = RunTool({"get", "component", "caf\xe9", "--json", "--source", file});
+  EXPECT_THAT(run.out, HasSubstr(R"("name":"caf\uFFFD")"));
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "run.h"
+
+namespace Zelk::Testing {
+
+const std::string kDataFolder = ZELK_SOURCE_DIR "/tests/data/tool";
+
+/// The words of a command line, which blanks separate.
+inline std::vector<std::string> Words(const std::string& line) {
+  std::istringstream in(line);
+  std::vector<std::string> words;
+  for (std::string word; in >> word;) words.push_back(word);
+  return words;
+}
+
+/// What one run of the program gave.
+struct ToolRun {
+  int status;
+  std::string out;
+  std::string err;
+};
+
+inline ToolRun RunTool(const std::vector<std::string>& args) {
+  std::istringstream in;
+  std::ostringstream out;
+  std::ostringstream err;
+  const int status = Tool::Run(args, in, out, err);
+  return {status, out.str(), err.str()};
+}
+
+inline ToolRun RunLine(const std::string& line) {
+  return RunTool(Words(line));
+}
+
+/// `line` with the test data's inventory as its only source.
+inline ToolRun RunOnInventory(const std::string& line) {
+  return RunLine(line + " --source " + kDataFolder + "/inventory.json");
+}
+
+}  // namespace Zelk::Testing
