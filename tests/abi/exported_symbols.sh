@@ -9,4 +9,5 @@ symbols() {
 if [ "${ZELK_UPDATE_GOLDEN:-}" = 1 ]; then
   symbols "$1" >"$2"
 fi
-diff "$2" <(symbols "$1")
+actual=$(symbols "$1")
+diff "$2" - <<<"$actual"

@@ -1,3 +1,4 @@
+#include <csignal>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -5,6 +6,8 @@
 #include "run.h"
 
 int main(int argc, char** argv) {
+  // A reader that has seen enough ends the program quietly, even if the parent ignores the signal.
+  std::signal(SIGPIPE, SIG_DFL);
   std::ios::sync_with_stdio(false);
   const std::vector<std::string> args(argv + (argc > 0 ? 1 : 0), argv + argc);
   return Zelk::Tool::Run(args, std::cin, std::cout, std::cerr);
