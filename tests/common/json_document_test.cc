@@ -20,8 +20,6 @@ using Testing::JsonText;
 using Testing::Lines;
 using Testing::MessageTexts;
 
-// --- ReadAll ------------------------------------------------------------------------------------
-
 TEST(ReadAll, KeepsEveryByte) {
   const std::string bytes("\xef\xbb\xbf\0\r\n\xff\0", 8);
   std::istringstream in(bytes);
@@ -51,8 +49,6 @@ TEST(ReadAll, AStreamThatCannotBeReadIsEmpty) {
   EXPECT_EQ(ReadAll(missing), "");
   EXPECT_EQ(ReadAll(opened_folder), "");
 }
-
-// --- ParseJson ----------------------------------------------------------------------------------
 
 TEST(ParseJson, GivesTheDocument) {
   JsonDocument document;
@@ -138,8 +134,6 @@ TEST(ParseJson, AppendsToTheMessages) {
   EXPECT_FALSE(ParseJson("[", "zelk.metadata.metamodel.parse.error", document, errors));
   EXPECT_EQ(MessageTexts(errors), (Lines{"bar()", "zelk.metadata.metamodel.parse.error(3, 1)"}));
 }
-
-// --- JsonHeap -----------------------------------------------------------------------------------
 
 TEST(JsonHeap, HasNothingToGiveForASizeOfZero) {
   EXPECT_EQ(JsonHeap::Malloc(0), nullptr);

@@ -34,8 +34,6 @@ std::string Foo(const std::string& value) {
   return R"({"foo": )" + value + "}";
 }
 
-// --- JsonParseString ----------------------------------------------------------------------------
-
 TEST(JsonParseString, StoresAString) {
   Errors errors;
   std::string result = "old";
@@ -71,8 +69,6 @@ TEST(JsonParseString, RefusesWhatIsNoStringAndStoresNothing) {
     EXPECT_EQ(MessageTexts(errors), (Lines{InvalidField("foo"), InvalidField("bar")})) << json;
   }
 }
-
-// --- JsonMember ---------------------------------------------------------------------------------
 
 TEST(JsonMember, ReadsAString) {
   const auto document = Json(R"({"bar": 1, "foo": "baz\u0000", "foo": 2})");
@@ -172,8 +168,6 @@ TEST(JsonMember, ReadsWithAParserOfItsOwn) {
   EXPECT_FALSE(unknown.Ok());
   EXPECT_EQ(MessageTexts(errors), Lines{InvalidEnumValue("baz")});
 }
-
-// --- JsonOptMember ------------------------------------------------------------------------------
 
 using OptString = boost::optional<std::string>;
 

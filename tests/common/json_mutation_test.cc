@@ -58,8 +58,6 @@ Outcome ParseByDefault(const std::string& text) {
           {MessageText("foo", {std::to_string(code), std::to_string(document.GetErrorOffset())})}};
 }
 
-// --- random mutations ---------------------------------------------------------------------------
-
 const std::vector<std::string> kOriginals = {
     R"({"metamodel": {"component": {"name": "foo", "documentation": "", "metadata": {}}}})",
     R"({"category":"GENERIC","generic_type":"MAP","map_key_type":{},"map_value_type":{"a":[]}})",
@@ -168,8 +166,6 @@ TEST(ParseJson, AgreesWithTheDefaultParseOnMutatedDocuments) {
   EXPECT_GT(parsed, kDocuments / 50);
   EXPECT_LT(parsed, kDocuments / 2);
 }
-
-// --- every sequence of tokens -------------------------------------------------------------------
 
 const std::vector<std::string> kTokens = {"[", "]",     "{", "}", ",",
                                           ":", "\"a\"", "1", " ", std::string(1, '\0')};

@@ -170,8 +170,6 @@ TEST(JsonOptObjectMember, PassesOnThatItsContentFailed) {
   EXPECT_EQ(BindOptMultiMap(json), (Outcome{false, "b=1;b=2;", {InvalidField("member")}}));
 }
 
-// --- JsonObjectMember<void> ---------------------------------------------------------------------
-
 /// The parser that a root member is given: it looks for a name and counts its calls.
 struct RootParser {
   int* calls;

@@ -27,8 +27,6 @@ std::string Component(const std::string& members) {
   return R"({"metamodel": {"component": )" + members + "}}";
 }
 
-// --- the whole ----------------------------------------------------------------------------------
-
 TEST(LoadMetadata, ReadsEveryKeyOfTheFormat) {
   const Loaded expected{true,
                         kSampleDump,
@@ -75,7 +73,13 @@ TEST(LoadMetadata, AStreamIsReadFromItsCurrentPosition) {
   EXPECT_EQ(LoadFrom(in), Load(kSampleComponent));
 }
 
-// --- what is no metadata ------------------------------------------------------------------------
+TEST(LoadMetadata, ReadsTwoHundredMegabytes) {
+  std::string text(200'000'000, ' ');
+  text += kSampleComponent;
+  EXPECT_EQ(Load(text), Load(kSampleComponent));
+  text += "]";
+  EXPECT_EQ(Load(text).messages, Lines{ParseError(2, text.size() - 1)});
+}
 
 TEST(LoadMetadata, ATruncatedFileLeavesOneParseErrorAndReportsNothing) {
   const std::string sample = kSampleComponent;
@@ -130,27 +134,33 @@ TEST(LoadMetadata, StopsAtTheFirstObjectThatIsNotThere) {
   }
 }
 
-TEST(LoadMetadata, AnArrayElementThatIsNoObjectIsMissingItsFirstKey) {
+/// The arrays that are read into maps by name.
+std::vector<std::string> MapArrays() {
   const std::string package = kPackage;
   const std::string service = kService;
-  const std::string operation = kOperation;
   const std::string structure = kStructure;
-  const std::vector<std::string> arrays = {std::string(kComponent) + "/packages",
-                                           package + "/enumerations",
-                                           package + "/structures",
-                                           package + "/services",
-                                           service + "/enumerations",
-                                           service + "/structures",
-                                           service + "/constants",
-                                           service + "/operations",
-                                           operation + "/params",
-                                           operation + "/errors",
-                                           structure + "/enumerations",
-                                           structure + "/constants",
-                                           structure + "/fields",
-                                           std::string(kEnumeration) + "/values"};
+  return {std::string(kComponent) + "/packages",
+          package + "/enumerations",
+          package + "/structures",
+          package + "/services",
+          service + "/enumerations",
+          service + "/structures",
+          service + "/constants",
+          service + "/operations",
+          structure + "/enumerations",
+          structure + "/constants"};
+}
+
+TEST(LoadMetadata, AnArrayElementThatIsNoObjectIsMissingItsFirstKey) {
+  std::vector<std::string> arrays = MapArrays();
+  const std::string errors = std::string(kOperation) + "/errors";
+  for (const auto& list :
+       {errors, std::string(kOperation) + "/params", std::string(kStructure) + "/fields",
+        std::string(kEnumeration) + "/values"}) {
+    arrays.push_back(list);
+  }
   for (const auto& array : arrays) {
-    const std::string key = array == operation + "/errors" ? "user_defined_type_name" : "name";
+    const std::string key = array == errors ? "user_defined_type_name" : "name";
     for (const auto* element : {"[null]", "[1]", R"(["name"])", "[[]]", "[false]"}) {
       const Loaded loaded = Load(With(kSampleComponent, array, element));
       EXPECT_FALSE(loaded.ok) << array << element;
@@ -165,8 +175,6 @@ TEST(LoadMetadata, InvalidUtf8InAStringIsKeptAsItIs) {
   EXPECT_EQ(Load(json).dump, "component \"f\\xff\" \"\\xc3\"\n");
 }
 
-// --- repeated names and keys --------------------------------------------------------------------
-
 /// The sample with a second element in an array, a copy of the first but for its documentation.
 std::string WithTwin(const std::string& array) {
   const auto document = Json(kSampleComponent);
@@ -175,14 +183,7 @@ std::string WithTwin(const std::string& array) {
 }
 
 TEST(LoadMetadata, KeepsTheFirstOfEveryRepeatedNameInAMap) {
-  const std::string package = kPackage;
-  const std::string service = kService;
-  const std::string structure = kStructure;
-  for (const auto& array :
-       {std::string(kComponent) + "/packages", package + "/enumerations", package + "/structures",
-        package + "/services", service + "/enumerations", service + "/structures",
-        service + "/constants", service + "/operations", structure + "/enumerations",
-        structure + "/constants"}) {
+  for (const auto& array : MapArrays()) {
     const Loaded loaded = Load(WithTwin(array));
     EXPECT_TRUE(loaded.ok) << array;
     EXPECT_EQ(loaded.dump, kSampleDump) << array;
@@ -250,8 +251,6 @@ TEST(LoadMetadata, NamesKeepEmbeddedZeroBytes) {
       << dump;
 }
 
-// --- callbacks ----------------------------------------------------------------------------------
-
 TEST(LoadMetadata, HasReportedResourcesAndModelsWhenALaterPartFails) {
   const Lines until_service = {"resource foo.bar", "model foo.bar foo.bar.info"};
   const Loaded no_services = Load(Without(kSampleComponent, std::string(kPackage) + "/services"));
@@ -308,8 +307,6 @@ TEST(LoadMetadata, BearsEmptyCallbacksThatAreNotNeeded) {
   EXPECT_FALSE(MetamodelParser::LoadMetadata(json, {}, errors));
   EXPECT_EQ(MessageTexts(errors), Lines{MissingField("packages")});
 }
-
-// --- the operations by themselves ---------------------------------------------------------------
 
 std::string PieceOfSample(const std::string& pointer) {
   const auto document = Json(kSampleComponent);

@@ -76,8 +76,6 @@ std::string BeforeTheName(const std::string& member) {
   return json.insert(json.find(R"("name": "foo")"), member);
 }
 
-// --- any JSON -----------------------------------------------------------------------------------
-
 class DeepJson : public testing::TestWithParam<Nesting> {};
 
 INSTANTIATE_TEST_SUITE_P(HostileFiles, DeepJson,
@@ -132,8 +130,6 @@ TEST_P(DeepJson, InAnAnnotationIsOneInvalidElementValue) {
   EXPECT_FALSE(summary.ok);
   EXPECT_EQ(summary.messages, Lines{InvalidField("ElementValue")});
 }
-
-// --- types --------------------------------------------------------------------------------------
 
 constexpr char kInnermost[] = R"({"category":"BUILTIN","primitive_type":"ID"})";
 constexpr char kUnknown[] = R"({"category":"BUILTIN","primitive_type":"FOO"})";

@@ -15,8 +15,6 @@ namespace {
 using ElementType = Model::ElementValueEnumerations::Type;
 using Names = std::list<std::string>;
 
-// --- annotations --------------------------------------------------------------------------------
-
 /// Everything that comes of a metadata object.
 Loaded ParseMetadata(const std::string& json) {
   ParseRecorder recorder;
@@ -133,8 +131,6 @@ TEST(ParseElementMap, ReadsElementsWithTheGivenParser) {
   EXPECT_EQ(MessageTexts(errors), Lines{InvalidField("ElementValue")});
 }
 
-// --- HandleResource -----------------------------------------------------------------------------
-
 using ElementPtr = std::shared_ptr<const Model::ElementValue>;
 
 /// An element with every payload set, each to other texts, so that the one that is used shows.
@@ -199,8 +195,6 @@ TEST(HandleResource, ThrowsOnAnEmptyCallback) {
                std::bad_function_call);
   EXPECT_NO_THROW(MetamodelParser::HandleResource({}, Model::ElementMap({})));
 }
-
-// --- HandleModelInfo ----------------------------------------------------------------------------
 
 /// The metadata of a field, as it stands in a file.
 using FieldMetadata = std::string;

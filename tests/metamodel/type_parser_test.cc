@@ -61,8 +61,6 @@ const std::vector<std::string> kBuiltinNames = {
     "SECRET", "DATE_TIME", "ID",   "URI",    "ANY_ERROR", "DYNAMIC_STRUCTURE",
     "OPAQUE"};
 
-// --- types that are read ------------------------------------------------------------------------
-
 TEST(ParseType, ReadsEveryBuiltinType) {
   for (const auto& name : kBuiltinNames) {
     EXPECT_EQ(ParseType(Builtin(name)), (ParsedType{name, {}})) << name;
@@ -152,16 +150,19 @@ TEST(ParseType, UsesTheFirstOfAKeyGivenTwice) {
             (ParsedType{"ID", {}}));
 }
 
-// --- types that are not -------------------------------------------------------------------------
-
 struct BadType {
   std::string json;
   std::string message;
 };
 
-TEST(ParseType, LeavesOneMessageForEveryFailure) {
-  const std::string id = Builtin("ID");
-  const std::vector<BadType> rows = {
+void ExpectFailures(const std::vector<BadType>& rows) {
+  for (const auto& row : rows) {
+    EXPECT_EQ(ParseType(row.json), (ParsedType{"none", {row.message}})) << row.json;
+  }
+}
+
+TEST(ParseType, LeavesOneMessageForEveryFailureOfASimpleType) {
+  ExpectFailures({
       {"{}", MissingField("category")},
       {"[]", MissingField("category")},
       {"null", MissingField("category")},
@@ -175,18 +176,27 @@ TEST(ParseType, LeavesOneMessageForEveryFailure) {
        InvalidField("user_defined_type")},
       {R"({"category": "USER_DEFINED", "user_defined_type": "foo"})",
        MissingField("user_defined_type_name")},
+      {R"({"category": "USER_DEFINED", "user_defined_type": "foo", "user_defined_type_name": 1})",
+       InvalidField("user_defined_type_name")},
+  });
+}
+
+TEST(ParseType, LeavesOneMessageForEveryFailureOfAGenericType) {
+  const std::string id = Builtin("ID");
+  ExpectFailures({
       {R"({"category": "GENERIC"})", MissingField("generic_type")},
       {R"({"category": "GENERIC", "generic_type": []})", InvalidField("generic_type")},
       {Generic("FOO", id), InvalidEnumValue("generic_type")},
       {R"({"category": "GENERIC", "generic_type": "SET"})", MissingField("element_type")},
       {Generic("SET", "[]"), InvalidField("element_type")},
+      {Generic("SET", "{}"), MissingField("category")},
       {R"({"category": "GENERIC", "generic_type": "MAP"})", MissingField("map_key_type")},
+      {R"({"category": "GENERIC", "generic_type": "MAP", "map_key_type": )" + id + "}",
+       MissingField("map_value_type")},
       {Map("null", "null"), InvalidField("map_key_type")},
       {Map(id, "null"), InvalidField("map_value_type")},
-  };
-  for (const auto& row : rows) {
-    EXPECT_EQ(ParseType(row.json), (ParsedType{"none", {row.message}})) << row.json;
-  }
+      {Map(id, "{}"), MissingField("category")},
+  });
 }
 
 TEST(ParseType, AListHasNoMapTypesAndAMapNoElementType) {
@@ -233,18 +243,13 @@ TEST(ParseType, AFailureDeepInsideFailsAllAroundItOnce) {
 }
 
 TEST(ParseType, KnowsEachAliasInItsOwnPlaceOnly) {
-  const std::vector<BadType> rows = {
+  ExpectFailures({
       {R"({"category": "EXCEPTION", "primitive_type": "ID"})", InvalidEnumValue("category")},
       {Builtin("PRIMITIVE"), InvalidEnumValue("primitive_type")},
       {Generic("PRIMITIVE", Builtin("ID")), InvalidEnumValue("generic_type")},
       {Generic("EXCEPTION", Builtin("ID")), InvalidEnumValue("generic_type")},
-  };
-  for (const auto& row : rows) {
-    EXPECT_EQ(ParseType(row.json), (ParsedType{"none", {row.message}})) << row.json;
-  }
+  });
 }
-
-// --- the operations by themselves ---------------------------------------------------------------
 
 TEST(ParseUserDefinedType, DoesNotLookAtTheCategory) {
   Errors errors;
@@ -295,8 +300,6 @@ TEST(ParseBinEnum, ReadsTheBuiltinTypesAndTheAlias) {
   EXPECT_FALSE(MetamodelParser::ParseBinEnum(Json(R"("bar")"), "foo", errors, type));
   EXPECT_EQ(MessageTexts(errors), Lines{InvalidEnumValue("foo")});
 }
-
-// --- made without a file ------------------------------------------------------------------------
 
 TEST(GetBuildinType, HasCategoryZeroAndTheBuiltinTypeOnly) {
   for (int value = 0; value < BuiltinType::UNKNOWN; ++value) {
