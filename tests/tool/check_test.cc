@@ -76,3 +76,12 @@ TEST(Check, WritesNothingOnStandardErrorAboutABadFile) {
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err, "");
 }
+
+TEST(Check, ShowsTheArgumentsThatAnUncataloguedMessageHasNoPlaceFor) {
+  const TempFolder folder;
+  const std::string path = folder.Write("file.json", R"({"cli": [{"type": "foo"}]})");
+  const ToolRun run = RunTool({"check", path});
+  EXPECT_EQ(run.out,
+            path + ": Unknown message. [zelk.metadata.cli.json.invalid.node.type: type]\n");
+  EXPECT_EQ(run.status, 1);
+}

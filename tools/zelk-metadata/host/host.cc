@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include "host/root_key.h"
 
@@ -48,7 +49,11 @@ std::string ProblemLine(const std::string& file, const Problem& problem) {
   const std::string position =
       problem.position ? fmt::format(":{}:{}", problem.position->line, problem.position->column)
                        : std::string();
-  return fmt::format("{}{}: {} [{}]", file, position, problem.message.Text(), problem.message.id);
+  const std::vector<std::string> unshown = problem.message.UnshownArguments();
+  const std::string arguments =
+      unshown.empty() ? std::string() : fmt::format(": {}", fmt::join(unshown, ", "));
+  return fmt::format("{}{}: {} [{}{}]", file, position, problem.message.Text(), problem.message.id,
+                     arguments);
 }
 
 Host::Host(const DomainTable& table) : table_(table) {

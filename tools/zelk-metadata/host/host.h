@@ -30,7 +30,8 @@ struct LoadReport {
   std::vector<Problem> problems;
 };
 
-/// "FILE: TEXT [ID]", with the position behind the file's name where there is one.
+/// "FILE: TEXT [ID]", with the position behind the file's name where there is one, and behind the
+/// id the arguments that the text does not show.
 std::string ProblemLine(const std::string& file, const Problem& problem);
 
 /// Every domain of a table at work.

@@ -54,6 +54,15 @@ std::string Message::Text() const {
   return text;
 }
 
+std::vector<std::string> Message::UnshownArguments() const {
+  std::vector<std::string> unshown;
+  for (std::size_t index = 0; index < arguments.size(); ++index) {
+    const std::string placeholder = '%' + std::to_string(index + 1) + '%';
+    if (default_text.find(placeholder) == std::string::npos) unshown.push_back(arguments[index]);
+  }
+  return unshown;
+}
+
 ServiceError ServiceError::From(const Data::ErrorValue& value) {
   ServiceError error{value.Name(), {}};
   for (const auto& element : ElementsOf(value.Field("messages"))) {

@@ -16,6 +16,10 @@ struct Message {
   /// The default text with "%1%", "%2%", ... replaced by the arguments. A placeholder without an
   /// argument stays; placeholders within an argument are its text.
   std::string Text() const;
+
+  /// The arguments that no placeholder of the text shows, as those of a message that the catalog
+  /// does not know.
+  std::vector<std::string> UnshownArguments() const;
 };
 
 /// What a service delivered in place of an answer.
