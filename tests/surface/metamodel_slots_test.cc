@@ -1,0 +1,155 @@
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <type_traits>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <zelk/provider/metadata/metamodel/metadata_container.h>
+#include <zelk/provider/metadata/metamodel/services.h>
+
+// Programs call virtual operations by their slot, so the order of the operations never changes.
+
+namespace Zelk::Testing {
+namespace {
+
+namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Provider = ::Zelk::Provider::Metadata::Metamodel;
+using Container = Provider::MetadataContainer;
+
+// A pointer to a virtual member holds one plus the offset of its slot, in the Itanium ABI.
+template <typename Member>
+std::size_t Slot(Member member) {
+  std::size_t offset = 0;
+  static_assert(sizeof member >= sizeof offset);
+  std::memcpy(&offset, &member, sizeof offset);
+  return (offset - 1) / sizeof(void*);
+}
+
+/// The members are the operations in the slots 0, 1, 2 and so on.
+template <typename... Members>
+void ExpectSlots(Members... members) {
+  const std::vector<std::size_t> slots = {Slot(members)...};
+  for (std::size_t index = 0; index < slots.size(); ++index) {
+    EXPECT_EQ(slots[index], index) << "of operation " << index;
+  }
+}
+
+/// The class has that many operations and nothing virtual after them but its destructor, which
+/// takes two slots.
+template <typename Class>
+void ExpectNoMoreThan(std::size_t operations) {
+  struct Derived : Class {
+    virtual void Next();
+  };
+
+  EXPECT_EQ(Slot(&Derived::Next), operations + 2);
+  EXPECT_TRUE(std::has_virtual_destructor<Class>::value);
+  EXPECT_TRUE(std::is_abstract<Class>::value);
+}
+
+TEST(MetamodelContainerSlots, AreTwentyTwoInTheirOrder) {
+  ExpectSlots(&Container::CreateSource, &Container::DeleteSource, &Container::ReloadSource,
+              &Container::ListSources, &Container::SourcesInfo, &Container::SourceFingerprint,
+              &Container::ListComponents, &Container::ComponentInfo,
+              &Container::ComponentFingerprint, &Container::ListPackages, &Container::PackageInfo,
+              &Container::ListServices, &Container::ServiceInfo, &Container::ListOperations,
+              &Container::OperationInfo, &Container::ListHiddens, &Container::ListEnumerations,
+              &Container::EnumerationInfo, &Container::ListStructures, &Container::StructureInfo,
+              &Container::ListResources, &Container::ListModels);
+}
+
+TEST(MetamodelContainerSlots, EndWithTheDestructor) {
+  ExpectNoMoreThan<Container>(22);
+}
+
+/// A service's generated interface and its implementation.
+template <typename InterfaceClass, typename ImplementationClass>
+struct ServicePair {
+  using Interface = InterfaceClass;
+  using Implementation = ImplementationClass;
+};
+
+using Components = ServicePair<Bindings::ComponentSvc::AsyncServiceInterface,
+                               Provider::ComponentSvc::AsyncServiceImpl>;
+using Enumerations = ServicePair<Bindings::EnumerationSvc::AsyncServiceInterface,
+                                 Provider::EnumerationSvc::AsyncServiceImpl>;
+using Packages = ServicePair<Bindings::PackageSvc::AsyncServiceInterface,
+                             Provider::PackageSvc::AsyncServiceImpl>;
+using Resources = ServicePair<Bindings::ResourceSvc::AsyncServiceInterface,
+                              Provider::ResourceSvc::AsyncServiceImpl>;
+using Models = ServicePair<Bindings::Resource::ModelSvc::AsyncServiceInterface,
+                           Provider::Resource::ModelSvc::AsyncServiceImpl>;
+using Services = ServicePair<Bindings::ServiceSvc::AsyncServiceInterface,
+                             Provider::ServiceSvc::AsyncServiceImpl>;
+using Operations = ServicePair<Bindings::Service::OperationSvc::AsyncServiceInterface,
+                               Provider::Service::OperationSvc::AsyncServiceImpl>;
+using Hidden = ServicePair<Bindings::Service::HiddenSvc::AsyncServiceInterface,
+                           Provider::Service::HiddenSvc::AsyncServiceImpl>;
+using Structures = ServicePair<Bindings::StructureSvc::AsyncServiceInterface,
+                               Provider::StructureSvc::AsyncServiceImpl>;
+using SourcesPair =
+    ServicePair<Bindings::SourceSvc::AsyncServiceInterface, Provider::SourceSvc::AsyncServiceImpl>;
+
+template <typename Pair>
+class MetamodelServiceSlots : public testing::Test {};
+
+using AllServices = testing::Types<Components, Enumerations, Packages, Resources, Models, Services,
+                                   Operations, Hidden, Structures, SourcesPair>;
+TYPED_TEST_SUITE(MetamodelServiceSlots, AllServices, );
+
+TYPED_TEST(MetamodelServiceSlots, AreThoseOfAFinalClassWithOnePointer) {
+  using Implementation = typename TypeParam::Implementation;
+  EXPECT_TRUE((std::is_base_of<typename TypeParam::Interface, Implementation>::value));
+  EXPECT_TRUE(std::is_final<Implementation>::value);
+  EXPECT_FALSE((std::is_convertible<std::shared_ptr<Container>, Implementation>::value));
+  EXPECT_EQ(sizeof(Implementation), sizeof(void*) + sizeof(std::shared_ptr<Container>));
+}
+
+template <typename Pair>
+class MetamodelListSlots : public testing::Test {};
+
+using ListServices = testing::Types<Resources, Models, Hidden>;
+TYPED_TEST_SUITE(MetamodelListSlots, ListServices, );
+
+TYPED_TEST(MetamodelListSlots, AreOneForList) {
+  ExpectSlots(&TypeParam::Interface::List);
+  ExpectSlots(&TypeParam::Implementation::List);
+  ExpectNoMoreThan<typename TypeParam::Interface>(1);
+}
+
+template <typename Pair>
+class MetamodelLookupSlots : public testing::Test {};
+
+using LookupServices = testing::Types<Enumerations, Packages, Services, Operations, Structures>;
+TYPED_TEST_SUITE(MetamodelLookupSlots, LookupServices, );
+
+TYPED_TEST(MetamodelLookupSlots, AreListThenGet) {
+  using Interface = typename TypeParam::Interface;
+  using Implementation = typename TypeParam::Implementation;
+  ExpectSlots(&Interface::List, &Interface::Get);
+  ExpectSlots(&Implementation::List, &Implementation::Get);
+  ExpectNoMoreThan<Interface>(2);
+}
+
+TEST(MetamodelComponentSlots, AreListThenGetThenFingerprint) {
+  using Interface = Components::Interface;
+  using Implementation = Components::Implementation;
+  ExpectSlots(&Interface::List, &Interface::Get, &Interface::Fingerprint);
+  ExpectSlots(&Implementation::List, &Implementation::Get, &Implementation::Fingerprint);
+  ExpectNoMoreThan<Interface>(3);
+}
+
+TEST(MetamodelSourceSlots, AreCreateDeleteGetListReloadFingerprint) {
+  using Interface = SourcesPair::Interface;
+  using Implementation = SourcesPair::Implementation;
+  ExpectSlots(&Interface::Create, &Interface::Delete, &Interface::Get, &Interface::List,
+              &Interface::Reload, &Interface::Fingerprint);
+  ExpectSlots(&Implementation::Create, &Implementation::Delete, &Implementation::Get,
+              &Implementation::List, &Implementation::Reload, &Implementation::Fingerprint);
+  ExpectNoMoreThan<Interface>(6);
+}
+
+}  // namespace
+}  // namespace Zelk::Testing
