@@ -159,6 +159,7 @@ TEST(JsonHeap, ThrowsWhenThereIsNoSuchMemory) {
 }  // namespace Zelk::Provider::Metadata
 
 // The sanitizers end a program that asks for too much memory, unless told that it can bear it.
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the sanitizers' names
 extern "C" const char* __asan_default_options() {
   return "allocator_may_return_null=1";
 }
@@ -166,3 +167,5 @@ extern "C" const char* __asan_default_options() {
 extern "C" const char* __tsan_default_options() {
   return "allocator_may_return_null=1";
 }
+
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)

@@ -74,6 +74,28 @@ const std::vector<std::string> kOriginals = {
     "true",
 };
 
+const std::string kStructuralBytes = "[]{},:\"\\ \t\r\n0123456789-+.eEtrufalsn/'\b";
+
+/// What is worth having in a broken document: byte order marks, bad UTF-8, bad escapes and so on.
+const std::vector<std::string> kPieces = {std::string(1, '\0'),
+                                          "\xef\xbb\xbf",
+                                          "\xff",
+                                          "\xc3",
+                                          "\xed\xa0\x80",
+                                          "\xf4\x90\x80\x80",
+                                          "\\u",
+                                          "\\ud800",
+                                          "\\uD83",
+                                          "\"",
+                                          "null",
+                                          "1e400",
+                                          "\x1f",
+                                          "[",
+                                          "]",
+                                          "{",
+                                          "}",
+                                          "\"a\":"};
+
 class Mutator {
  public:
   explicit Mutator(unsigned seed) : random_(seed) {}
@@ -97,32 +119,9 @@ class Mutator {
 
   char AnyByte() { return static_cast<char>(Below(256)); }
 
-  char Structural() {
-    static const std::string kBytes = "[]{},:\"\\ \t\r\n0123456789-+.eEtrufalsn/'\b";
-    return kBytes[Below(kBytes.size())];
-  }
+  char Structural() { return kStructuralBytes[Below(kStructuralBytes.size())]; }
 
-  std::string Piece() {
-    static const std::vector<std::string> kPieces = {std::string(1, '\0'),
-                                                     "\xef\xbb\xbf",
-                                                     "\xff",
-                                                     "\xc3",
-                                                     "\xed\xa0\x80",
-                                                     "\xf4\x90\x80\x80",
-                                                     "\\u",
-                                                     "\\ud800",
-                                                     "\\uD83",
-                                                     "\"",
-                                                     "null",
-                                                     "1e400",
-                                                     "\x1f",
-                                                     "[",
-                                                     "]",
-                                                     "{",
-                                                     "}",
-                                                     "\"a\":"};
-    return kPieces[Below(kPieces.size())];
-  }
+  std::string Piece() { return kPieces[Below(kPieces.size())]; }
 
   void Replace(std::string& text, char byte) {
     if (!text.empty()) text[Below(text.size())] = byte;
