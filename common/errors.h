@@ -18,7 +18,7 @@ using ErrorPtr = std::shared_ptr<const ::Zelk::Data::ErrorValue>;
 template <typename E, typename... Arguments>
 ErrorPtr MakeError(const char* id, const Arguments&... arguments) {
   CatalogMessage message(id);
-  (message % ... % arguments);
+  static_cast<void>((message % ... % arguments));
   return ::Zelk::Data::ErrorFactory::GetError<E>(Errors{message});
 }
 

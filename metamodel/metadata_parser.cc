@@ -108,7 +108,7 @@ void JsonMetadataParser::HandleModelInfo(const RegisterCallbacks& callbacks,
     if (resource == field->metadata.end() || field->metadata.count("ModelKey") == 0) continue;
     const auto value = FindElement(*resource->second, "value");
     // Intended: a key that is not of one resource ends the search; later fields do not count.
-    if (!value || value->type != ElementType::STRING) return;
+    if (!value || value->type != ElementType::STRING || !value->string_value) return;
     callbacks.model(*value->string_value, structure.name);
   }
 }

@@ -285,11 +285,11 @@ TEST(LoadMetadata, ADroppedTwinIsReportedAllTheSame) {
 }
 
 TEST(LoadMetadata, ThrowsOnAnEmptyCallbackThatIsNeeded) {
-  const std::function<void(MetamodelParser::RegisterCallbacks&)> kEmptied[] = {
+  const std::function<void(MetamodelParser::RegisterCallbacks&)> emptied[] = {
       [](auto& callbacks) { callbacks.component = nullptr; },
       [](auto& callbacks) { callbacks.resource = nullptr; },
       [](auto& callbacks) { callbacks.model = nullptr; }};
-  for (const auto& empty_one : kEmptied) {
+  for (const auto& empty_one : emptied) {
     ParseRecorder recorder;
     auto callbacks = recorder.Callbacks();
     empty_one(callbacks);
