@@ -112,5 +112,5 @@ TEST(Domains, TheParseErrorOfADomainHasItsPlaceInTheFile) {
   const LoadReport report = Zelk::Tool::LoadAlone(path, TwoDomains());
   ASSERT_EQ(report.problems.size(), 1U);
   EXPECT_EQ(Zelk::Tool::ProblemLine(report.file, report.problems.front()),
-            path + ":2:2: at 3 [colours.parse.error]");
+            path + ":2:2: at 3 [colours.parse.error: 7]");
 }
