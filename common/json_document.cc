@@ -1,8 +1,8 @@
 #include "common/json_document.h"
 
-#include <array>
 #include <cstdlib>
 #include <new>
+#include <vector>
 
 namespace Zelk::Provider::Metadata {
 namespace {
@@ -73,9 +73,9 @@ void JsonHeap::Free(void* block) {
 
 std::string ReadAll(std::istream& in) {
   std::string text;
-  std::array<char, 65536> chunk;
+  std::vector<char> chunk(65536);  // not on the stack, which is the caller's and may be small
   // read() and not the buffer's own functions: those throw for a folder opened as a file.
-  while (in.read(chunk.data(), chunk.size()) || in.gcount() > 0) {
+  while (in.read(chunk.data(), static_cast<std::streamsize>(chunk.size())) || in.gcount() > 0) {
     text.append(chunk.data(), static_cast<std::size_t>(in.gcount()));
   }
   return text;

@@ -1,5 +1,6 @@
 #include <cstdint>
 #include <list>
+#include <locale>
 #include <string>
 
 #include <boost/none.hpp>
@@ -53,6 +54,20 @@ TEST(BaseMessage, WritesNumbersAsPlainDecimalDigits) {
   BaseMessage message = Foo();
   message % std::uint64_t{0} % std::uint64_t{1234567} % UINT64_MAX;
   EXPECT_THAT(message.Arguments(), testing::ElementsAre("0", "1234567", "18446744073709551615"));
+}
+
+TEST(BaseMessage, WritesNumbersWithoutTheGroupingOfTheHostsLocale) {
+  class Thousands : public std::numpunct<char> {
+    char do_thousands_sep() const override { return ','; }
+
+    std::string do_grouping() const override { return "\3"; }
+  };
+
+  const std::locale before = std::locale::global(std::locale(std::locale(), new Thousands));
+  Zelk::BaseMessage message("foo", "%1%");
+  message % std::uint64_t{1234567};
+  std::locale::global(before);
+  EXPECT_THAT(message.Arguments(), testing::ElementsAre("1234567"));
 }
 
 TEST(BaseMessage, TakesSizesAndEnumeratorsAsNumbers) {

@@ -15,14 +15,22 @@ constexpr std::size_t kDigestSize = 16;
 // On the heap and not on the stack, which belongs to the caller and may be small.
 constexpr std::size_t kChunkSize = std::size_t{64} * 1024;
 
-// Turns a failure of the cryptography library into an exception. The error queue is emptied, or the
-// host would take what is left there for the outcome of its own next call.
-void Check(int succeeded, const char* what) {
+// Empties the error queue, or the host would take what is left there for the outcome of its own
+// next call. True if the cryptography library refused the algorithm.
+bool TakeRefusal() {
+  bool refused = false;
+  while (const unsigned long error = ERR_get_error()) {
+    refused = refused || ERR_GET_REASON(error) == ERR_R_UNSUPPORTED;
+  }
+  return refused;
+}
+
+// Once MD5 has begun, there is nothing left that fails but memory; the library does not always
+// say so.
+void Check(int succeeded) {
   if (succeeded == 1) return;
-  const unsigned long reason = ERR_peek_last_error();
-  ERR_clear_error();
-  if (ERR_GET_REASON(reason) == ERR_R_MALLOC_FAILURE) throw std::bad_alloc();
-  throw std::runtime_error(what);
+  TakeRefusal();
+  throw std::bad_alloc();
 }
 
 std::string ToHex(const std::vector<unsigned char>& bytes) {
@@ -49,7 +57,9 @@ MD5::ContextPtr MD5::NewContext() {
 }
 
 MD5::MD5() : context_(NewContext()) {
-  Check(EVP_DigestInit_ex(context_.get(), EVP_md5(), nullptr), "MD5 is not available");
+  if (EVP_DigestInit_ex(context_.get(), EVP_md5(), nullptr) == 1) return;
+  if (TakeRefusal()) throw std::runtime_error("MD5 is not available");
+  throw std::bad_alloc();
 }
 
 MD5::MD5(MD5&& other) noexcept = default;
@@ -63,15 +73,15 @@ void MD5::Update(const std::string& bytes) {
 }
 
 void MD5::Update(const char* data, std::size_t size) {
-  Check(EVP_DigestUpdate(context_.get(), data, size), "MD5 cannot be computed");
+  Check(EVP_DigestUpdate(context_.get(), data, size));
 }
 
 std::string MD5::hexdigest() const {
   // Reading the digest ends a context, so a copy is ended and this one can be fed further.
   const ContextPtr ended = NewContext();
-  Check(EVP_MD_CTX_copy_ex(ended.get(), context_.get()), "MD5 cannot be copied");
+  Check(EVP_MD_CTX_copy_ex(ended.get(), context_.get()));
   std::vector<unsigned char> digest(kDigestSize);
-  Check(EVP_DigestFinal_ex(ended.get(), digest.data(), nullptr), "MD5 cannot be read");
+  Check(EVP_DigestFinal_ex(ended.get(), digest.data(), nullptr));
   return ToHex(digest);
 }
 

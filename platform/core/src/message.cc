@@ -33,7 +33,8 @@ BaseMessage& BaseMessage::operator%(const char* argument) {
 }
 
 BaseMessage& BaseMessage::operator%(std::uint64_t argument) {
-  arguments_.push_back(boost::lexical_cast<std::string>(argument));
+  // Not through a stream: the host's locale may group digits, and clients read numbers back.
+  arguments_.push_back(std::to_string(argument));
   return *this;
 }
 
