@@ -33,7 +33,8 @@ std::string ReadAll(std::istream& in);
 
 /// Parses the whole of `text`, nested to any depth, with RapidJSON's default (strict) rules.
 /// False on a syntax error, after appending `parse_error_id` with the parse-error code and the
-/// byte offset. As RapidJSON reads a stream, a zero byte ends the text.
+/// byte offset. As RapidJSON reads a stream, a zero byte ends the text. Throws std::bad_alloc for
+/// a text of more than kMaxSourceSize bytes, which RapidJSON cannot count.
 bool ParseJson(std::string_view text, const char* parse_error_id, JsonDocument& document,
                Errors& errors);
 

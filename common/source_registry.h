@@ -56,7 +56,7 @@ std::shared_ptr<const typename Domain::SourceData> LoadSource(
   return source;
 }
 
-/// Loads a table entry anew from its own spec; the old data stays when that fails.
+/// Loads table entries anew from their own specs; the old data stays where that fails.
 /// Intended: an error is kept from entry to entry, so one object that goes through several entries
 /// replaces none after the first that failed. A host then sees all of a broken set in its old state
 /// from there on.
@@ -67,12 +67,28 @@ class ReloadEntry {
   void operator()(Entry& entry) {
     auto fresh = LoadSource<Domain>(entry.second->spec, error_);
     if (!error_) {
-      entry.second = std::move(fresh);
+      replacements_.push_back({entry.second, std::move(fresh)});
+    }
+  }
+
+  /// Puts what was loaded into the table, which until then has not changed: when memory runs out
+  /// half-way through a reload of everything, nothing is half reloaded.
+  void Commit() noexcept {
+    for (auto& replacement : replacements_) {
+      replacement.place = std::move(replacement.fresh);
     }
   }
 
  private:
+  using SourcePtr = std::shared_ptr<const typename Domain::SourceData>;
+
+  struct Replacement {
+    SourcePtr& place;
+    SourcePtr fresh;
+  };
+
   ErrorPtr error_;
+  std::list<Replacement> replacements_;
 };
 
 /// The digest of one digest text of each source, in the order of the table.
@@ -115,6 +131,7 @@ class SourceRegistry {
     ReloadEntry<Domain> reload;
     if (!id) {
       for (auto& entry : sources_) reload(entry);
+      reload.Commit();
       return nullptr;
     }
     const auto found = sources_.find(*id);
@@ -123,6 +140,7 @@ class SourceRegistry {
       return MakeError<StdErrors::NotFound>(Domain::kExists, id);
     }
     reload(*found);
+    reload.Commit();
     return nullptr;
   }
 

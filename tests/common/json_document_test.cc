@@ -5,10 +5,12 @@
 #include <new>
 #include <sstream>
 #include <string>
+#include <sys/mman.h>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "common/source_file.h"
 #include "support/json_text.h"
 #include "support/message_texts.h"
 #include "support/temp_folder.h"
@@ -48,6 +50,19 @@ TEST(ReadAll, AStreamThatCannotBeReadIsEmpty) {
   std::ifstream opened_folder(folder.Path(""));
   EXPECT_EQ(ReadAll(missing), "");
   EXPECT_EQ(ReadAll(opened_folder), "");
+}
+
+TEST(ParseJson, ATextLongerThanTheParserCanCountIsRefusedBeforeItIsRead) {
+  constexpr std::size_t kSize = kMaxSourceSize + 1;
+  void* unreadable =
+      mmap(nullptr, kSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  ASSERT_NE(unreadable, MAP_FAILED);
+  JsonDocument document;
+  Errors errors;
+  EXPECT_THROW(ParseJson({static_cast<const char*>(unreadable), kSize}, "foo", document, errors),
+               std::bad_alloc);
+  EXPECT_TRUE(errors.empty());
+  munmap(unreadable, kSize);
 }
 
 TEST(ParseJson, GivesTheDocument) {

@@ -1,11 +1,13 @@
 #include "common/source_file.h"
 
 #include <filesystem>
+#include <new>
 #include <random>
 #include <string>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <system_error>
 #include <unistd.h>
 
 #include <boost/optional.hpp>
@@ -64,6 +66,19 @@ TEST(ReadSourceFile, ReadsTwoHundredMegabytes) {
   EXPECT_EQ(bytes->size(), kSize);
   EXPECT_EQ(bytes->substr(0, 2), std::string("[\0", 2));
   EXPECT_EQ(bytes->find_first_not_of('\0', 1), std::string::npos);
+}
+
+TEST(ReadSourceFile, AFileLargerThanTheParserCanCountIsRefusedBeforeItIsRead) {
+  const TempFolder folder;
+  const std::string path = folder.Write("foo", "{}");
+  constexpr std::size_t kExbibyte = std::size_t{1} << 60U;
+  for (const std::size_t size : {kMaxSourceSize + 1, 16 * (kMaxSourceSize + 1), kExbibyte}) {
+    std::error_code too_large_for_the_file_system;
+    std::filesystem::resize_file(path, size, too_large_for_the_file_system);
+    if (too_large_for_the_file_system) break;
+    EXPECT_THROW(ReadSourceFile(path), std::bad_alloc) << size;
+  }
+  EXPECT_GT(std::filesystem::file_size(path), kMaxSourceSize);
 }
 
 TEST(ReadSourceFile, ReadsFromTheBeginningEveryTime) {

@@ -1,8 +1,12 @@
+// The functions that work on a state of our own: they allocate nothing and cannot fail, while those
+// that fetch the digest by name run the library's initialisation, which an exhausted host or one
+// that allows approved digests only makes fail. Their deprecation is about security, which is not
+// what these digests are for.
+#define OPENSSL_API_COMPAT 10101
+
+#include <array>
 #include <istream>
-#include <new>
-#include <openssl/err.h>
-#include <openssl/evp.h>
-#include <stdexcept>
+#include <openssl/md5.h>
 #include <vector>
 
 #include <zelk/md5.h>
@@ -10,34 +14,16 @@
 namespace Zelk {
 namespace {
 
-constexpr std::size_t kDigestSize = 16;
-
 // On the heap and not on the stack, which belongs to the caller and may be small.
 constexpr std::size_t kChunkSize = std::size_t{64} * 1024;
 
-// Empties the error queue, or the host would take what is left there for the outcome of its own
-// next call. True if the cryptography library refused the algorithm.
-bool TakeRefusal() {
-  bool refused = false;
-  while (const unsigned long error = ERR_get_error()) {
-    refused = refused || ERR_GET_REASON(error) == ERR_R_UNSUPPORTED;
-  }
-  return refused;
-}
+using Digest = std::array<unsigned char, MD5_DIGEST_LENGTH>;
 
-// Once MD5 has begun, there is nothing left that fails but memory; the library does not always
-// say so.
-void Check(int succeeded) {
-  if (succeeded == 1) return;
-  TakeRefusal();
-  throw std::bad_alloc();
-}
-
-std::string ToHex(const std::vector<unsigned char>& bytes) {
+std::string ToHex(const Digest& digest) {
   static constexpr char kDigits[] = "0123456789abcdef";
   std::string hex;
-  hex.reserve(2 * bytes.size());
-  for (const unsigned char byte : bytes) {
+  hex.reserve(2 * digest.size());
+  for (const unsigned char byte : digest) {
     hex += kDigits[byte >> 4U];
     hex += kDigits[byte & 0xFU];
   }
@@ -46,20 +32,12 @@ std::string ToHex(const std::vector<unsigned char>& bytes) {
 
 }  // namespace
 
-void MD5::ContextDeleter::operator()(evp_md_ctx_st* context) const {
-  EVP_MD_CTX_free(context);
+void MD5::StateDeleter::operator()(MD5state_st* state) const {
+  delete state;
 }
 
-MD5::ContextPtr MD5::NewContext() {
-  ContextPtr context(EVP_MD_CTX_new());
-  if (!context) throw std::bad_alloc();
-  return context;
-}
-
-MD5::MD5() : context_(NewContext()) {
-  if (EVP_DigestInit_ex(context_.get(), EVP_md5(), nullptr) == 1) return;
-  if (TakeRefusal()) throw std::runtime_error("MD5 is not available");
-  throw std::bad_alloc();
+MD5::MD5() : state_(new MD5_CTX) {
+  MD5_Init(state_.get());
 }
 
 MD5::MD5(MD5&& other) noexcept = default;
@@ -73,15 +51,14 @@ void MD5::Update(const std::string& bytes) {
 }
 
 void MD5::Update(const char* data, std::size_t size) {
-  Check(EVP_DigestUpdate(context_.get(), data, size));
+  MD5_Update(state_.get(), data, size);
 }
 
 std::string MD5::hexdigest() const {
-  // Reading the digest ends a context, so a copy is ended and this one can be fed further.
-  const ContextPtr ended = NewContext();
-  Check(EVP_MD_CTX_copy_ex(ended.get(), context_.get()));
-  std::vector<unsigned char> digest(kDigestSize);
-  Check(EVP_DigestFinal_ex(ended.get(), digest.data(), nullptr));
+  // Reading the digest ends a state, so a copy is ended and this one can be fed further.
+  MD5_CTX ended = *state_;
+  Digest digest;
+  MD5_Final(digest.data(), &ended);
   return ToHex(digest);
 }
 

@@ -8,15 +8,13 @@
 #include <zelk/export.h>
 
 // The digest state of the cryptography library, whose own headers stay out of this one.
-struct evp_md_ctx_st;
+struct MD5state_st;
 
 namespace Zelk {
 
 // An MD5 digest in the making. It tells contents apart and protects nothing.
 //
-// Every operation throws std::bad_alloc when memory runs out. The constructor throws
-// std::runtime_error when the cryptography library refuses MD5, as it does where only approved
-// digests are allowed.
+// Every operation but Update throws std::bad_alloc when memory runs out; nothing else fails.
 class ZELK_CORE_EXPORT MD5 {
  public:
   MD5();
@@ -36,15 +34,11 @@ class ZELK_CORE_EXPORT MD5 {
   static std::string hexdigest(std::istream& in);
 
  private:
-  struct ContextDeleter {
-    void operator()(evp_md_ctx_st* context) const;
+  struct StateDeleter {
+    void operator()(MD5state_st* state) const;
   };
 
-  using ContextPtr = std::unique_ptr<evp_md_ctx_st, ContextDeleter>;
-
-  static ContextPtr NewContext();
-
-  ContextPtr context_;
+  std::unique_ptr<MD5state_st, StateDeleter> state_;
 };
 
 }  // namespace Zelk
