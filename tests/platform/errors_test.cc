@@ -1,6 +1,7 @@
 #include <list>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -62,6 +63,21 @@ TYPED_TEST(StandardErrors, BringTheirOwnMessagesAndData) {
   EXPECT_EQ(MessageCount(*value), 1U);
   EXPECT_EQ(Data(*value), error.Data());
   EXPECT_EQ(error.Messages().front().Id(), "foo.id");
+}
+
+TYPED_TEST(StandardErrors, AreCopiedWithTheirMessagesAndData) {
+  TypeParam error;
+  error.SetMessages({{"foo.id", "Foo"}});
+  error.SetData(std::make_shared<StringValue>("bar"));
+  const TypeParam copy(error);
+  TypeParam assigned;
+  assigned = error;
+  error.SetMessages({});
+  for (const TypeParam* same : {&copy, &std::as_const(assigned)}) {
+    ASSERT_EQ(same->Messages().size(), 1U);
+    EXPECT_EQ(same->Messages().front().Id(), "foo.id");
+    EXPECT_EQ(same->Data(), error.Data());
+  }
 }
 
 TEST(StandardErrorNames, AreDottedLowerCase) {

@@ -98,6 +98,10 @@ TEST(MD5, KeepsWhatItWasFedWhenItIsMoved) {
   MD5 moved = std::move(digest);
   moved.Update("c");
   EXPECT_EQ(moved.hexdigest(), "900150983cd24fb0d6963f7d28e17f72");
+  MD5 assigned;
+  assigned.Update("foo");
+  assigned = std::move(moved);
+  EXPECT_EQ(assigned.hexdigest(), "900150983cd24fb0d6963f7d28e17f72");
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ class SourceContents : public testing::Test {
   /// The root key as it stands in a good file.
   static std::string RootKey() { return "\"" + std::string(Domain::kRootKey) + "\""; }
 
-  const Sources<Domain> sources_;
+  const Sources<Domain> sources_{};
 };
 
 TYPED_TEST_SUITE(SourceContents, DomainsUnderTest, DomainName);

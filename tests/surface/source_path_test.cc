@@ -91,7 +91,7 @@ class SourcePath : public testing::Test {
     return sources_.Folder().Write(name, Domain::File("foo"));
   }
 
-  const Sources<Domain> sources_;
+  const Sources<Domain> sources_{};
 };
 
 TYPED_TEST_SUITE(SourcePath, DomainsUnderTest, DomainName);

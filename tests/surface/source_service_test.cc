@@ -48,7 +48,7 @@ class SourceService : public testing::Test {
     EXPECT_EQ(change.value.has_value(), Domain::kDeliversSuccess);
   }
 
-  const Sources<Domain> sources_;
+  const Sources<Domain> sources_{};
   Service service_{sources_.Shared()};
 };
 

@@ -143,3 +143,57 @@ TEST(Transcript, WrongUsageIsToldInOneLine) {
                             "check inventory.json --source network.json",
                         });
 }
+
+TEST(Transcript, AuthenticationTellsTheSchemesOfEveryLevel) {
+  ExpectGolden("schemes", {
+                              "list component --source schemes.json",
+                              "list package --source schemes.json",
+                              "list service --source schemes.json",
+                              "list operation com.acme.inventory.machines --source schemes.json",
+                              "get component com.acme --source schemes.json",
+                              "get package com.acme.inventory --source schemes.json",
+                              "get service com.acme.inventory.machines --source schemes.json",
+                              "get operation com.acme.inventory.machines list "
+                              "--source schemes.json",
+                              "fingerprint component com.acme --source schemes.json",
+                              "get operation com.acme.inventory.machines get "
+                              "--source schemes.json",
+                          });
+}
+
+TEST(Transcript, AuthenticationInJsonIsTheRecordWhole) {
+  ExpectGolden("schemes_json", {
+                                   "get component com.acme --source schemes.json --json",
+                                   "get package com.acme.visitors --source schemes.json --json",
+                                   "get service com.acme.inventory.folders --source schemes.json "
+                                   "--json",
+                                   "get operation com.acme.inventory.machines list "
+                                   "--source schemes.json --json",
+                               });
+}
+
+TEST(Transcript, CliTellsNamespacesAndCommands) {
+  ExpectGolden("commands", {
+                               "list namespace --source commands.json",
+                               "list command --source commands.json",
+                               "list command acme.machines --source commands.json",
+                               "list command . --source commands.json",
+                               "get namespace acme --source commands.json",
+                               "get namespace acme.machines --source commands.json",
+                               "get command acme.machines.list --source commands.json",
+                               "get command acme.machines list --source commands.json",
+                               "get command ping --source commands.json",
+                               "get command acme.machines.pong --source commands.json",
+                               "get namespace acme.pong --source commands.json",
+                               "fingerprint namespace --source commands.json",
+                               "fingerprint command --source commands.json",
+                           });
+}
+
+TEST(Transcript, CliInJsonIsTheRecordWhole) {
+  ExpectGolden("commands_json", {
+                                    "get namespace acme --source commands.json --json",
+                                    "get command acme.machines.list --source commands.json --json",
+                                    "get command ping --source commands.json --json",
+                                });
+}

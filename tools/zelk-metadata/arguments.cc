@@ -66,29 +66,26 @@ void Declare(CLI::App& app, Arguments& arguments) {
   }
 }
 
-std::string LeftOver(const std::string& word, bool has_command) {
-  if (word.size() > 1 && word.front() == '-') return "unknown option '" + word + "'";
-  return (has_command ? "unexpected argument '" : "unknown command '") + word + "'";
+/// Every command takes any number of operands, so a word that is left over is none.
+std::string LeftOver(const std::string& word) {
+  const bool is_option = word.size() > 1 && word.front() == '-';
+  return (is_option ? "unknown option '" : "unknown command '") + word + "'";
 }
 
 const Command* Chosen(const CLI::App& app) {
-  const std::vector<CLI::App*> chosen = app.get_subcommands();
-  if (chosen.empty()) return nullptr;
-  const auto found = std::find_if(Commands().begin(), Commands().end(), [&](const Command& row) {
-    return row.name == chosen.front()->get_name();
-  });
-  return &*found;
+  const std::string name = app.get_subcommands().front()->get_name();
+  return &*std::find_if(Commands().begin(), Commands().end(),
+                        [&](const Command& row) { return row.name == name; });
 }
 
 std::string Complaint(const CLI::App& app) {
   std::vector<std::string> left_over = app.remaining(true);
   left_over.erase(std::remove(left_over.begin(), left_over.end(), "--"), left_over.end());
-  const bool has_command = !app.get_subcommands().empty();
   if (!left_over.empty()) {
     Unshield(left_over.front());
-    return LeftOver(left_over.front(), has_command) + "; try --help";
+    return LeftOver(left_over.front()) + "; try --help";
   }
-  return has_command ? "" : "a command is missing; try --help";
+  return app.get_subcommands().empty() ? "a command is missing; try --help" : "";
 }
 
 }  // namespace

@@ -77,8 +77,4 @@ ServiceError ServiceError::NoAnswer() {
   return {"", {{"", "the service gave no answer", {}}}};
 }
 
-bool ServiceError::IsNotFound() const {
-  return name == "com.orvane.zelk.std.errors.not_found";
-}
-
 }  // namespace Zelk::Tool

@@ -35,8 +35,6 @@ struct ServiceError {
 
   /// For a service that broke its word and delivered neither an answer nor an error.
   static ServiceError NoAnswer();
-
-  bool IsNotFound() const;
 };
 
 }  // namespace Zelk::Tool
