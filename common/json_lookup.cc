@@ -12,9 +12,9 @@ bool HasType(const JsonValue& value, JsonType type) {
     case JsonType::kObject:
       return value.IsObject();
     case JsonType::kArray:
-      return value.IsArray();
+      break;
   }
-  return false;
+  return value.IsArray();
 }
 
 }  // namespace

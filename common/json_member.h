@@ -4,12 +4,9 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <type_traits>
 #include <utility>
 
 #include <boost/optional.hpp>
-
-#include <zelk/enum.h>
 
 #include "common/json_enum.h"
 #include "common/json_lookup.h"
@@ -49,17 +46,15 @@ bool JsonParseString(const JsonValue& value, const char* name, Errors& errors, T
   return CheckType(value, JsonType::kString, name, errors) && kParser(value, name, errors, result);
 }
 
+/// How a string becomes a T: an enumeration, if it is not to stay a string.
 template <typename T>
-constexpr auto DefaultStringParser() {
-  if constexpr (std::is_base_of_v<::Zelk::Enum, T>) {
-    return &ParseEnum<T>;
-  } else {
-    return &ParseString;
-  }
-}
+inline constexpr auto kDefaultStringParser = &ParseEnum<T>;
+
+template <>
+inline constexpr auto kDefaultStringParser<std::string> = &ParseString;
 
 /// A required string, or a required enumeration written as one.
-template <typename T, auto kParser = DefaultStringParser<T>()>
+template <typename T, auto kParser = kDefaultStringParser<T>>
 class JsonMember : public BoundMember<T> {
  public:
   JsonMember(const JsonValue& object, const char* name, Errors& errors) {

@@ -1,0 +1,54 @@
+#include "domains/metamodel_page.h"
+
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "render/page.h"
+
+// What a service may answer although no file that is loaded today says it.
+
+namespace {
+
+namespace Bindings = Com::Orvane::Zelk::Metadata::Metamodel;
+using Bindings::ElementValue;
+using Type = Bindings::ElementValueEnumerations::Type;
+
+/// The page of an empty structure with one annotation, "@Foo bar=<element>".
+std::string PageWith(const ElementValue& element) {
+  const auto annotation = std::make_shared<const Bindings::ElementMap>(
+      std::map<std::string, std::shared_ptr<const ElementValue>>{
+          {"bar", std::make_shared<const ElementValue>(element)}});
+  const Bindings::StructureInfo structure("foo",
+                                          Bindings::StructureInfoEnumerations::Type::STRUCTURE, {},
+                                          {}, {}, {{"Foo", annotation}}, "");
+  std::ostringstream out;
+  Zelk::Tool::Page page(out);
+  WritePage(page, structure);
+  return out.str();
+}
+
+}  // namespace
+
+TEST(MetamodelPage, ShowsAnAnnotationsStringsQuoted) {
+  EXPECT_NE(PageWith({Type::STRING, std::string(R"(a "b" \ c)"), {}, {}, {}})
+                .find(R"(@Foo bar="a \"b\" \\ c")"),
+            std::string::npos);
+}
+
+TEST(MetamodelPage, ShowsAnAnnotationThatNamesStructures) {
+  EXPECT_NE(PageWith({Type::STRUCTURE_REFERENCE, {}, {}, std::string("baz"), {}})
+                .find(R"(@Foo bar="baz")"),
+            std::string::npos);
+  EXPECT_NE(PageWith({Type::STRUCTURE_REFERENCE_LIST, {}, {}, {}, std::list<std::string>{"a", "b"}})
+                .find(R"(@Foo bar=["a", "b"])"),
+            std::string::npos);
+}
+
+TEST(MetamodelPage, ShowsTheTypeOfAnAnnotationWithoutAValue) {
+  EXPECT_NE(
+      PageWith({Type::STRUCTURE_REFERENCE, {}, {}, {}, {}}).find("@Foo bar=STRUCTURE_REFERENCE"),
+      std::string::npos);
+}
