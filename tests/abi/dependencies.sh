@@ -2,13 +2,13 @@
 # A built file needs exactly the libraries named, finds them only where it should, and takes every
 # symbol from one of them.
 # usage: dependencies.sh FILE RUNPATH plain|sanitized LIBRARY...
-# In a sanitized build the runtime libraries of the sanitizers may be needed, too.
+# In a sanitized build the sanitizers' runtime libraries and libm, which they bring, may be needed.
 set -uo pipefail
 export LC_ALL=C
 file=$1 runpath=$2 build=$3
 shift 3
 status=0
-runtime='^lib(asan|ubsan|tsan)\.so\.[0-9]+$'
+runtime='^lib(asan|ubsan|tsan|m)\.so\.[0-9]+$'
 [ "$build" = sanitized ] || runtime='^$'
 
 dynamic=$(readelf -dW "$file") || exit 1

@@ -17,11 +17,15 @@ namespace {
 
 constexpr char kLenient[] = R"({"a": [1, 2, 3,], /* comment */ "s": "a text that is not short"})";
 
-// The host's rapidjson::GenericReader<...>::ParseValue<comments and trailing commas, ...>.
-constexpr char kParseValue[] =
+// Two functions of the host's rapidjson::GenericReader that call each other, with its own flags; a
+// compiler may put one into the other.
+constexpr const char* kParsers[] = {
     "_ZN9rapidjson13GenericReaderINS_4UTF8IcEES2_NS_12CrtAllocatorEE10ParseValueILj160E"
     "NS_19GenericStringStreamIS2_EENS_15GenericDocumentIS2_NS_19MemoryPoolAllocatorIS3_EES3_EEEE"
-    "vRT0_RT1_";
+    "vRT0_RT1_",
+    "_ZN9rapidjson13GenericReaderINS_4UTF8IcEES2_NS_12CrtAllocatorEE10ParseArrayILj160E"
+    "NS_19GenericStringStreamIS2_EENS_15GenericDocumentIS2_NS_19MemoryPoolAllocatorIS3_EES3_EEEE"
+    "vRT0_RT1_"};
 
 #ifdef ZELK_PLUGIN
 int AskLibrary(const std::string& file) {
@@ -58,7 +62,11 @@ TEST(TwoCopiesOfRapidJson, EachKeepItsOwnRules) {
 
 // Without it, nothing above could go wrong.
 TEST(TwoCopiesOfRapidJson, CouldMeetBecauseTheHostShowsItsOwn) {
-  EXPECT_NE(dlsym(RTLD_DEFAULT, kParseValue), nullptr);
+  void* shown = nullptr;
+  for (const char* parser : kParsers) {
+    if (shown == nullptr) shown = dlsym(RTLD_DEFAULT, parser);
+  }
+  EXPECT_NE(shown, nullptr);
 }
 
 }  // namespace
