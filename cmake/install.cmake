@@ -25,11 +25,24 @@ install(FILES
   ${CMAKE_BINARY_DIR}/package/zelk-metadata-services-config-version.cmake
   DESTINATION ${package_dir})
 
-# pkg-config computes the prefix from where the file lies, so an install tree can be moved.
-file(RELATIVE_PATH pc_to_prefix
-  /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
-string(REGEX REPLACE "/$" "" pc_to_prefix "${pc_to_prefix}")
+# pkg-config computes the prefix from where the file lies, so an install tree can be moved. Folders
+# outside the prefix are named as they are, and a library folder there leaves nothing to compute
+# from.
+set(pc_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+if(IS_ABSOLUTE ${CMAKE_INSTALL_LIBDIR})
+  set(pc_prefix ${CMAKE_INSTALL_PREFIX})
+else()
+  file(RELATIVE_PATH pc_to_prefix /${pc_dir} /)
+  string(REGEX REPLACE "/$" "" pc_to_prefix "${pc_to_prefix}")
+  set(pc_prefix "\${pcfiledir}/${pc_to_prefix}")
+endif()
+foreach(folder LIBDIR INCLUDEDIR)
+  set(pc_${folder} "\${prefix}/${CMAKE_INSTALL_${folder}}")
+  if(IS_ABSOLUTE ${CMAKE_INSTALL_${folder}})
+    set(pc_${folder} ${CMAKE_INSTALL_${folder}})
+  endif()
+endforeach()
 configure_file(cmake/zelk-metadata-services.pc.in
   ${CMAKE_BINARY_DIR}/package/zelk-metadata-services.pc @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/package/zelk-metadata-services.pc
-  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  DESTINATION ${pc_dir})

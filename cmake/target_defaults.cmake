@@ -6,10 +6,17 @@ if(ZELK_SANITIZE)
   add_link_options(-fsanitize=${ZELK_SANITIZE})
 endif()
 
+# Hardening is part of what is tested, so it is in every build type: what is broken in memory ends
+# the process at once (stack protector, assertions of the standard library), and nothing that the
+# loader has written can be overwritten later (RELRO with every symbol bound at load time).
 function(zelk_target_defaults target)
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wold-style-cast
+    -fstack-protector-strong
     $<$<BOOL:${ZELK_WARNINGS_AS_ERRORS}>:-Werror>)
+  target_compile_definitions(${target} PRIVATE _GLIBCXX_ASSERTIONS)
+  target_link_options(${target} PRIVATE
+    -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 endfunction()
 
 # zelk_shared_library(target INCLUDE public-folder SYMBOLS version-script): a library that we
@@ -28,6 +35,9 @@ function(zelk_shared_library target)
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR}
     INSTALL_RPATH "$ORIGIN"
+    # Our libraries lie beside each other in the build tree, too: what is tested there is what is
+    # installed, and no path of the machine that built it is in it.
+    BUILD_WITH_INSTALL_RPATH ON
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON
     LINK_DEPENDS ${arg_SYMBOLS})
@@ -35,6 +45,6 @@ function(zelk_shared_library target)
     -Wl,--enable-new-dtags -Wl,--version-script=${arg_SYMBOLS})
   # A sanitizer's runtime is only there once the program is linked.
   if(NOT ZELK_SANITIZE)
-    target_link_options(${target} PRIVATE -Wl,--no-undefined)
+    target_link_options(${target} PRIVATE -Wl,-z,defs)
   endif()
 endfunction()

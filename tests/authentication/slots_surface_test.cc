@@ -1,10 +1,10 @@
-#include <cstddef>
-#include <cstring>
+#include <memory>
 #include <type_traits>
 
 #include <gtest/gtest.h>
 
 #include "authentication/provider.h"
+#include "support/virtual_slots.h"
 
 namespace {
 
@@ -12,35 +12,20 @@ namespace Auth = Zelk::Testing::Auth;
 namespace AuthProvider = Zelk::Testing::AuthProvider;
 using Container = AuthProvider::MetadataContainer;
 
-// The place of a virtual operation among those of its class. A pointer to such a member holds one
-// plus the offset of its slot in the table of virtual functions, in the first of its two words.
-template <typename Operation>
-std::ptrdiff_t Slot(Operation operation) {
-  std::ptrdiff_t words[2] = {};
-  static_assert(sizeof operation == sizeof words, "a pointer to member is two words");
-  std::memcpy(words, &operation, sizeof words);
-  return (words[0] - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
+using Zelk::Testing::ExpectNoMoreThan;
+using Zelk::Testing::ExpectSlots;
+
+TEST(ContainerSlots, AreFifteenInTheirOrder) {
+  ExpectSlots(&Container::CreateSource, &Container::DeleteSource, &Container::ReloadSource,
+              &Container::ListSources, &Container::SourcesInfo, &Container::SourceFingerprint,
+              &Container::ListComponents, &Container::ComponentInfo,
+              &Container::ComponentFingerprint, &Container::ListPackages, &Container::PackageInfo,
+              &Container::ListServices, &Container::ServiceInfo, &Container::ListOperations,
+              &Container::OperationInfo);
 }
 
-TEST(ContainerSlots, OfSourcesComeFirst) {
-  EXPECT_EQ(Slot(&Container::CreateSource), 0);
-  EXPECT_EQ(Slot(&Container::DeleteSource), 1);
-  EXPECT_EQ(Slot(&Container::ReloadSource), 2);
-  EXPECT_EQ(Slot(&Container::ListSources), 3);
-  EXPECT_EQ(Slot(&Container::SourcesInfo), 4);
-  EXPECT_EQ(Slot(&Container::SourceFingerprint), 5);
-}
-
-TEST(ContainerSlots, OfQueriesFollowFromComponentsToOperations) {
-  EXPECT_EQ(Slot(&Container::ListComponents), 6);
-  EXPECT_EQ(Slot(&Container::ComponentInfo), 7);
-  EXPECT_EQ(Slot(&Container::ComponentFingerprint), 8);
-  EXPECT_EQ(Slot(&Container::ListPackages), 9);
-  EXPECT_EQ(Slot(&Container::PackageInfo), 10);
-  EXPECT_EQ(Slot(&Container::ListServices), 11);
-  EXPECT_EQ(Slot(&Container::ServiceInfo), 12);
-  EXPECT_EQ(Slot(&Container::ListOperations), 13);
-  EXPECT_EQ(Slot(&Container::OperationInfo), 14);
+TEST(ContainerSlots, EndWithTheDestructor) {
+  ExpectNoMoreThan<Container>(15);
 }
 
 /// A service's generated interface and its implementation.
@@ -67,7 +52,7 @@ class AuthenticationServiceSlots : public testing::Test {};
 using AllServices = testing::Types<Components, Packages, Services, Operations, SourceTypes>;
 TYPED_TEST_SUITE(AuthenticationServiceSlots, AllServices, );
 
-TYPED_TEST(AuthenticationServiceSlots, OfTheImplementationAreThoseOfTheInterface) {
+TYPED_TEST(AuthenticationServiceSlots, AreThoseOfAFinalClassWithOnePointer) {
   using Interface = typename TypeParam::Interface;
   using Impl = typename TypeParam::Impl;
   EXPECT_TRUE((std::is_base_of<Interface, Impl>::value));
@@ -76,40 +61,38 @@ TYPED_TEST(AuthenticationServiceSlots, OfTheImplementationAreThoseOfTheInterface
   EXPECT_TRUE(std::has_virtual_destructor<Interface>::value);
   EXPECT_FALSE((std::is_convertible<std::shared_ptr<Container>, Impl>::value));
   EXPECT_EQ(sizeof(Impl), sizeof(void*) + sizeof(std::shared_ptr<Container>));
-  EXPECT_EQ(Slot(&Impl::List), Slot(&Interface::List));
-  EXPECT_EQ(Slot(&Impl::Get), Slot(&Interface::Get));
 }
 
 template <typename Types>
-class AuthenticationQuerySlots : public testing::Test {};
+class AuthenticationLookupSlots : public testing::Test {};
 
-using QueryServices = testing::Types<Components, Packages, Services, Operations>;
-TYPED_TEST_SUITE(AuthenticationQuerySlots, QueryServices, );
+using LookupServices = testing::Types<Packages, Services, Operations>;
+TYPED_TEST_SUITE(AuthenticationLookupSlots, LookupServices, );
 
-TYPED_TEST(AuthenticationQuerySlots, AreListThenGet) {
-  EXPECT_EQ(Slot(&TypeParam::Interface::List), 0);
-  EXPECT_EQ(Slot(&TypeParam::Interface::Get), 1);
+TYPED_TEST(AuthenticationLookupSlots, AreListThenGet) {
+  using Interface = typename TypeParam::Interface;
+  using Impl = typename TypeParam::Impl;
+  ExpectSlots(&Interface::List, &Interface::Get);
+  ExpectSlots(&Impl::List, &Impl::Get);
+  ExpectNoMoreThan<Interface>(2);
 }
 
-TEST(AuthenticationComponentSlots, HaveTheFingerprintThird) {
-  EXPECT_EQ(Slot(&Components::Interface::Fingerprint), 2);
-  EXPECT_EQ(Slot(&Components::Impl::Fingerprint), 2);
+TEST(AuthenticationComponentSlots, AreListThenGetThenFingerprint) {
+  using Interface = Components::Interface;
+  using Impl = Components::Impl;
+  ExpectSlots(&Interface::List, &Interface::Get, &Interface::Fingerprint);
+  ExpectSlots(&Impl::List, &Impl::Get, &Impl::Fingerprint);
+  ExpectNoMoreThan<Interface>(3);
 }
 
-template <typename Types>
-class AuthenticationSourceSlots : public testing::Test {};
-
-using BothSourceClasses =
-    testing::Types<typename SourceTypes::Interface, typename SourceTypes::Impl>;
-TYPED_TEST_SUITE(AuthenticationSourceSlots, BothSourceClasses, );
-
-TYPED_TEST(AuthenticationSourceSlots, AreInTheirOrder) {
-  EXPECT_EQ(Slot(&TypeParam::Create), 0);
-  EXPECT_EQ(Slot(&TypeParam::Delete), 1);
-  EXPECT_EQ(Slot(&TypeParam::Get), 2);
-  EXPECT_EQ(Slot(&TypeParam::List), 3);
-  EXPECT_EQ(Slot(&TypeParam::Reload), 4);
-  EXPECT_EQ(Slot(&TypeParam::Fingerprint), 5);
+TEST(AuthenticationSourceSlots, AreCreateDeleteGetListReloadFingerprint) {
+  using Interface = SourceTypes::Interface;
+  using Impl = SourceTypes::Impl;
+  ExpectSlots(&Interface::Create, &Interface::Delete, &Interface::Get, &Interface::List,
+              &Interface::Reload, &Interface::Fingerprint);
+  ExpectSlots(&Impl::Create, &Impl::Delete, &Impl::Get, &Impl::List, &Impl::Reload,
+              &Impl::Fingerprint);
+  ExpectNoMoreThan<Interface>(6);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
-#include <cstddef>
-#include <cstring>
-#include <vector>
+#include <memory>
+#include <type_traits>
 
 #include <gtest/gtest.h>
 
@@ -8,64 +7,78 @@
 #include <zelk/provider/metadata/cli/metadata_container.h>
 #include <zelk/provider/metadata/cli/services.h>
 
-// Programs call virtual operations by their slot, so the order of the operations never changes.
+#include "support/virtual_slots.h"
 
 namespace Zelk::Testing {
 namespace {
 
-using Provider::Metadata::Cli::MetadataContainer;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata::Cli;
+namespace Cli = Provider::Metadata::Cli;
+using Cli::MetadataContainer;
 
-// A pointer to a virtual member holds 1 plus the offset of its slot, in the Itanium ABI.
-template <typename Member>
-std::size_t Slot(Member member) {
-  std::size_t offset = 0;
-  static_assert(sizeof(member) >= sizeof(offset));
-  std::memcpy(&offset, &member, sizeof(offset));
-  return (offset - 1) / sizeof(void*);
+/// A service's generated interface and its implementation.
+template <typename InterfaceType, typename ImplType>
+struct ServiceTypes {
+  using Interface = InterfaceType;
+  using Impl = ImplType;
+};
+
+using Commands =
+    ServiceTypes<Bindings::CommandSvc::AsyncServiceInterface, Cli::CommandSvc::AsyncServiceImpl>;
+using Namespaces = ServiceTypes<Bindings::NamespaceSvc::AsyncServiceInterface,
+                                Cli::NamespaceSvc::AsyncServiceImpl>;
+using SourceTypes =
+    ServiceTypes<Bindings::SourceSvc::AsyncServiceInterface, Cli::SourceSvc::AsyncServiceImpl>;
+
+template <typename Types>
+class CliServiceSlots : public testing::Test {};
+
+using AllServices = testing::Types<Commands, Namespaces, SourceTypes>;
+TYPED_TEST_SUITE(CliServiceSlots, AllServices, );
+
+TYPED_TEST(CliServiceSlots, AreThoseOfAFinalClassWithOnePointer) {
+  using Impl = typename TypeParam::Impl;
+  EXPECT_TRUE((std::is_base_of<typename TypeParam::Interface, Impl>::value));
+  EXPECT_TRUE(std::is_final<Impl>::value);
+  EXPECT_FALSE((std::is_convertible<std::shared_ptr<MetadataContainer>, Impl>::value));
+  EXPECT_EQ(sizeof(Impl), sizeof(void*) + sizeof(std::shared_ptr<MetadataContainer>));
 }
 
-template <typename... Members>
-void ExpectSlots(Members... members) {
-  const std::vector<std::size_t> slots = {Slot(members)...};
-  for (std::size_t index = 0; index < slots.size(); ++index) {
-    EXPECT_EQ(slots[index], index) << "of operation " << index;
-  }
+template <typename Types>
+class CliQuerySlots : public testing::Test {};
+
+using QueryServices = testing::Types<Commands, Namespaces>;
+TYPED_TEST_SUITE(CliQuerySlots, QueryServices, );
+
+TYPED_TEST(CliQuerySlots, AreListThenGetThenFingerprint) {
+  using Interface = typename TypeParam::Interface;
+  using Impl = typename TypeParam::Impl;
+  ExpectSlots(&Interface::List, &Interface::Get, &Interface::Fingerprint);
+  ExpectSlots(&Impl::List, &Impl::Get, &Impl::Fingerprint);
+  ExpectNoMoreThan<Interface>(3);
 }
 
-template <typename Service>
-class CliQueryService : public testing::Test {};
-
-using QueryServices =
-    testing::Types<::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::AsyncServiceInterface,
-                   ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::AsyncServiceInterface,
-                   Provider::Metadata::Cli::CommandSvc::AsyncServiceImpl,
-                   Provider::Metadata::Cli::NamespaceSvc::AsyncServiceImpl>;
-TYPED_TEST_SUITE(CliQueryService, QueryServices, );
-
-TYPED_TEST(CliQueryService, HasItsOperationsInTheirSlots) {
-  ExpectSlots(&TypeParam::List, &TypeParam::Get, &TypeParam::Fingerprint);
+TEST(CliSourceSlots, AreCreateDeleteGetListReloadFingerprint) {
+  using Interface = SourceTypes::Interface;
+  using Impl = SourceTypes::Impl;
+  ExpectSlots(&Interface::Create, &Interface::Delete, &Interface::Get, &Interface::List,
+              &Interface::Reload, &Interface::Fingerprint);
+  ExpectSlots(&Impl::Create, &Impl::Delete, &Impl::Get, &Impl::List, &Impl::Reload,
+              &Impl::Fingerprint);
+  ExpectNoMoreThan<Interface>(6);
 }
 
-template <typename Service>
-class CliSourceService : public testing::Test {};
-
-using SourceServices =
-    testing::Types<::Com::Orvane::Zelk::Metadata::Cli::SourceSvc::AsyncServiceInterface,
-                   Provider::Metadata::Cli::SourceSvc::AsyncServiceImpl>;
-TYPED_TEST_SUITE(CliSourceService, SourceServices, );
-
-TYPED_TEST(CliSourceService, HasItsOperationsInTheirSlots) {
-  ExpectSlots(&TypeParam::Create, &TypeParam::Delete, &TypeParam::Get, &TypeParam::List,
-              &TypeParam::Reload, &TypeParam::Fingerprint);
-}
-
-TEST(CliContainerSlots, AreInTheOrderOfTheOperations) {
+TEST(CliContainerSlots, AreTwelveInTheirOrder) {
   ExpectSlots(&MetadataContainer::CreateSource, &MetadataContainer::DeleteSource,
               &MetadataContainer::ReloadSource, &MetadataContainer::ListSources,
               &MetadataContainer::SourcesInfo, &MetadataContainer::SourceFingerprint,
               &MetadataContainer::ListNamespaces, &MetadataContainer::NamespaceInfo,
               &MetadataContainer::NamespaceFingerprint, &MetadataContainer::ListCommands,
               &MetadataContainer::CommandInfo, &MetadataContainer::CommandFingerprint);
+}
+
+TEST(CliContainerSlots, EndWithTheDestructor) {
+  ExpectNoMoreThan<MetadataContainer>(12);
 }
 
 }  // namespace

@@ -1,0 +1,105 @@
+// A host whose threads ask one container at the same time while its files change.
+//
+// The library locks nothing: const operations may run together, a change (create, reload, delete)
+// must run alone. A std::shared_mutex says exactly that. Queries hold it shared, changes hold it
+// alone; what a query has answered belongs to the caller and is read without it.
+#include <atomic>
+#include <iostream>
+#include <mutex>
+#include <shared_mutex>
+#include <thread>
+#include <vector>
+
+#include <zelk/provider/metadata/metamodel/services.h>
+
+namespace Bindings = Com::Orvane::Zelk::Metadata;
+namespace Metamodel = Zelk::Provider::Metadata::Metamodel;
+
+using ServicePtr = std::shared_ptr<const Bindings::Metamodel::ServiceInfo>;
+
+class Host {
+ public:
+  void Create(const std::string& id, const std::string& file) {
+    const auto spec = std::make_shared<const Bindings::Metamodel::SourceSvc::CreateSpec>(
+        "our own interface", Bindings::SourceType::LOCAL_FILE, file, boost::none);
+    const std::unique_lock<std::shared_mutex> alone(mutex_);
+    sources_.Create(id, spec, activation_, Report());
+  }
+
+  void Reload(const std::string& id) {
+    const std::unique_lock<std::shared_mutex> alone(mutex_);
+    sources_.Reload(id, activation_, Report());
+  }
+
+  void Delete(const std::string& id) {
+    const std::unique_lock<std::shared_mutex> alone(mutex_);
+    sources_.Delete(id, activation_, Report());
+  }
+
+  /// Null for a service that no source describes at the moment.
+  ServicePtr Find(const std::string& service) {
+    ServicePtr found;
+    const std::shared_lock<std::shared_mutex> together(mutex_);
+    // An operation calls its result before it returns, so the lock is still held in there. The
+    // result must not ask for it again: keep the answer and let go.
+    services_.Get(
+        service, activation_,
+        Zelk::AsyncResult<ServicePtr>([&found](const auto& answer, const auto&, const auto&) {
+          found = answer.value_or(nullptr);
+        }));
+    return found;
+  }
+
+  /// No change has failed so far.
+  bool Ok() const { return failures_ == 0; }
+
+ private:
+  Zelk::AsyncResult<Zelk::Void> Report() {
+    return Zelk::AsyncResult<Zelk::Void>([this](const auto&, const auto& error, const auto&) {
+      if (!error) return;
+      ++failures_;
+      std::cerr << error->Name() << '\n';
+    });
+  }
+
+  std::shared_mutex mutex_;
+  std::atomic<int> failures_{0};
+  // One container for the services of the domain, and so one mutex for all of them.
+  const std::shared_ptr<Metamodel::MetadataContainer> container_ =
+      Metamodel::MetadataContainer::GetInstance();
+  Metamodel::SourceSvc::AsyncServiceImpl sources_{container_};
+  Metamodel::ServiceSvc::AsyncServiceImpl services_{container_};
+  const std::shared_ptr<Zelk::Core::AsyncActivation> activation_ =
+      std::make_shared<Zelk::Core::AsyncActivation>();
+};
+
+int main(int argc, char** argv) {
+  const std::string file = argc > 1 ? argv[1] : "metadata/metamodel/zelk-metadata.json";
+  Host host;
+  host.Create("own", file);
+
+  std::atomic<bool> done{false};
+  std::atomic<int> wrong{0};
+  std::vector<std::thread> readers;
+  for (int reader = 0; reader < 4; ++reader) {
+    readers.emplace_back([&] {
+      while (!done) {
+        const auto service = host.Find("com.orvane.zelk.metadata.metamodel.component");
+        // Between delete and create there is none. One that was found stays as it is.
+        if (service && service->operations.size() != 3) ++wrong;
+        std::this_thread::yield();
+      }
+    });
+  }
+  for (int round = 0; round < 5; ++round) {
+    host.Reload("own");
+    host.Delete("own");
+    host.Create("own", file);
+  }
+  done = true;
+  for (auto& reader : readers) reader.join();
+
+  const auto service = host.Find("com.orvane.zelk.metadata.metamodel.component");
+  if (!host.Ok() || wrong > 0 || !service) return 1;
+  for (const auto& [name, operation] : service->operations) std::cout << name << '\n';
+}
