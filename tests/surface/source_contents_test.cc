@@ -1,12 +1,9 @@
 #include <cstddef>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <zelk/md5.h>
 
 #include "support/small_stack.h"
 #include "surface/domains_under_test.h"
@@ -179,23 +176,6 @@ TYPED_TEST(SourceContents, MayNestAMillionLevelsDeepOnASmallStack) {
     this->ExpectRefused(arrays, ParseError<TypeParam>(3, kDepth));
     this->ExpectRefused(objects, ParseError<TypeParam>(3, objects.size()));
   });
-}
-
-TYPED_TEST(SourceContents, MayBeTwoHundredMegabytes) {
-  const std::string path = this->sources_.Write("m", this->Good());
-  const std::string blanks(1 << 20, ' ');
-  MD5 digest;
-  digest.Update(this->Good());
-  std::ofstream file(path, std::ios::binary | std::ios::app);
-  for (int megabyte = 0; megabyte < 200; ++megabyte) {
-    file << blanks;
-    digest.Update(blanks);
-  }
-  file.close();
-  ASSERT_TRUE(file.good());
-  EXPECT_EQ(this->sources_.CreateAt("m", path), Lines());
-  EXPECT_THAT(this->sources_.Names(), ElementsAre("foo"));
-  EXPECT_EQ(this->sources_->SourceFingerprint(Some("m")), Md5(digest.hexdigest()));
 }
 
 }  // namespace

@@ -1,0 +1,175 @@
+#include <atomic>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
+#include <thread>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "surface/domains_under_test.h"
+
+// Files that somebody else changes while they are loaded. What a load sees is up to the system;
+// that it ends, as a whole or as a catalogued error, is not.
+
+namespace Zelk::Testing {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// Loads go on until each outcome has been seen that often, or a test would prove nothing.
+constexpr int kTimes = 20;
+
+/// Runs a function over and over on a thread of its own, until it is destroyed.
+class Meanwhile {
+ public:
+  template <typename Function>
+  explicit Meanwhile(Function function)
+      : thread_([this, function] {
+          do {
+            function();
+          } while (!done_);
+        }) {}
+
+  Meanwhile(const Meanwhile&) = delete;
+  Meanwhile& operator=(const Meanwhile&) = delete;
+
+  ~Meanwhile() {
+    done_ = true;
+    thread_.join();
+  }
+
+ private:
+  std::atomic<bool> done_{false};
+  std::thread thread_;
+};
+
+void Overwrite(const std::string& path, const std::string& text) {
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
+}
+
+template <typename Domain>
+class ChangingFiles : public testing::Test {
+ protected:
+  std::string Path() const { return sources_.Path("m"); }
+
+  /// Two good files, one much longer than the other.
+  static std::string Short() { return Domain::File("foo"); }
+
+  static std::string Long() { return Domain::File("bar") + std::string(300'000, ' '); }
+
+  /// The record that the source answers; it is of one of the two files, whole, and so is the
+  /// digest.
+  std::string OneOfTheTwo() const {
+    const Lines names = sources_.Names();
+    EXPECT_EQ(names.size(), 1U);
+    const std::string text = names.front() == "foo" ? Short() : Long();
+    EXPECT_EQ(sources_->SourceFingerprint(Some("m")), Md5(Md5(text))) << names.front();
+    return names.front();
+  }
+
+  const Sources<Domain> sources_{};
+};
+
+TYPED_TEST_SUITE(ChangingFiles, DomainsUnderTest, DomainName);
+
+TYPED_TEST(ChangingFiles, ThatAreReplacedAreTheOldOrTheNewOne) {
+  const std::string path = this->Path();
+  this->sources_.Write("m", this->Short());
+  const Meanwhile replaced([path, next = path + ".next"] {
+    for (const std::string& text : {TestFixture::Long(), TestFixture::Short()}) {
+      Overwrite(next, text);
+      fs::rename(next, path);
+    }
+  });
+  std::map<std::string, int> seen;
+  while (seen["foo"] < kTimes || seen["bar"] < kTimes) {
+    ASSERT_EQ(this->sources_.CreateAt("m", path), Lines());
+    ++seen[this->OneOfTheTwo()];
+    ASSERT_EQ(this->sources_->ReloadSource(Some("m")), nullptr);
+    ++seen[this->OneOfTheTwo()];
+    ASSERT_EQ(this->sources_->ReloadSource(boost::none), nullptr);
+    ++seen[this->OneOfTheTwo()];
+    ASSERT_EQ(this->sources_->DeleteSource("m"), nullptr);
+  }
+}
+
+TYPED_TEST(ChangingFiles, ThatShrinkAndGrowAreLoadedWholeOrAreSyntaxErrors) {
+  const std::string path = this->Path();
+  this->sources_.Write("m", this->Short());
+  const Meanwhile rewritten([path] {
+    Overwrite(path, TestFixture::Long());
+    Overwrite(path, TestFixture::Short());
+  });
+  int loaded = 0;
+  int refused = 0;
+  while (loaded < kTimes || refused < kTimes) {
+    const Lines error = this->sources_.CreateAt("m", path);
+    ++(error.empty() ? loaded : refused);
+    if (!error.empty()) {
+      EXPECT_THAT(error, ElementsAre(kInvalidArgumentError, HasSubstr(TypeParam::kParseError)));
+      continue;
+    }
+    EXPECT_EQ(this->sources_.Names().size(), 1U);
+    ASSERT_EQ(this->sources_->ReloadSource(Some("m")), nullptr);
+    EXPECT_EQ(this->sources_.Names().size(), 1U);
+    ASSERT_EQ(this->sources_->DeleteSource("m"), nullptr);
+  }
+}
+
+TYPED_TEST(ChangingFiles, ThatVanishAndComeBackAreLoadedOrNotFound) {
+  const std::string path = this->Path();
+  const Meanwhile vanishing([path, next = path + ".next"] {
+    Overwrite(next, TestFixture::Short());
+    fs::rename(next, path);
+    fs::remove(path);
+  });
+  int loaded = 0;
+  int refused = 0;
+  while (loaded < kTimes || refused < kTimes) {
+    const Lines error = this->sources_.CreateAt("m", path);
+    ++(error.empty() ? loaded : refused);
+    if (!error.empty()) {
+      EXPECT_EQ(error, FileNotFound<TypeParam>(path));
+      continue;
+    }
+    EXPECT_THAT(this->sources_.Names(), ElementsAre("foo"));
+    ASSERT_EQ(this->sources_->ReloadSource(Some("m")), nullptr);
+    EXPECT_THAT(this->sources_.Names(), ElementsAre("foo"));
+    ASSERT_EQ(this->sources_->DeleteSource("m"), nullptr);
+  }
+}
+
+TYPED_TEST(ChangingFiles, ThatGrowWhileTheyAreReadAreReadToAnEnd) {
+  constexpr std::uintmax_t kMost = 64'000'000;
+  const std::string path = this->sources_.Write("m", this->Short());
+  const Meanwhile growing([path] {
+    if (fs::file_size(path) < kMost) {
+      std::ofstream(path, std::ios::binary | std::ios::app) << std::string(100'000, ' ');
+    }
+  });
+  for (int load = 0; load < 10; ++load) {
+    ASSERT_EQ(this->sources_.CreateAt("m", path), Lines());
+    EXPECT_THAT(this->sources_.Names(), ElementsAre("foo"));
+    ASSERT_EQ(this->sources_->DeleteSource("m"), nullptr);
+  }
+}
+
+TYPED_TEST(ChangingFiles, ThatWereCutOffKeepWhatWasLoaded) {
+  this->sources_.Write("m", this->Long());
+  ASSERT_EQ(this->sources_.CreateAt("m", this->Path()), Lines());
+  const std::string fingerprint = this->sources_->SourceFingerprint(Some("m"));
+  for (const std::uintmax_t size : {0, 1, 10, 30}) {
+    fs::resize_file(this->Path(), size);
+    ASSERT_EQ(this->sources_->ReloadSource(Some("m")), nullptr) << size;
+    EXPECT_THAT(this->sources_.Names(), ElementsAre("bar")) << size;
+    EXPECT_EQ(this->sources_->SourceFingerprint(Some("m")), fingerprint) << size;
+  }
+}
+
+}  // namespace
+}  // namespace Zelk::Testing
