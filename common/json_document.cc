@@ -1,11 +1,8 @@
 #include "common/json_document.h"
 
 #include <cstdlib>
-#include <limits>
 #include <new>
 #include <vector>
-
-#include "common/source_file.h"
 
 namespace Zelk::Provider::Metadata {
 namespace {
@@ -86,8 +83,7 @@ std::string ReadAll(std::istream& in) {
 
 bool ParseJson(std::string_view text, const char* parse_error_id, JsonDocument& document,
                Errors& errors) {
-  static_assert(kMaxSourceSize <= std::numeric_limits<rapidjson::SizeType>::max());
-  if (text.size() > kMaxSourceSize) throw std::bad_alloc();
+  if (text.size() > kMaxTextSize) throw std::bad_alloc();
   TextStream stream(text);
   // Iterative: the default mode recurses, and a deeply nested file would overflow the stack.
   document.ParseStream<rapidjson::kParseIterativeFlag>(stream);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <istream>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -28,13 +29,16 @@ using JsonDocument = rapidjson::GenericDocument<rapidjson::UTF8<>,
                                                 rapidjson::MemoryPoolAllocator<JsonHeap>, JsonHeap>;
 using JsonValue = JsonDocument::ValueType;
 
+/// The most bytes that a text may have: as many as RapidJSON can count.
+inline constexpr std::size_t kMaxTextSize = std::numeric_limits<rapidjson::SizeType>::max();
+
 /// Everything from the stream's current position to its end.
 std::string ReadAll(std::istream& in);
 
 /// Parses the whole of `text`, nested to any depth, with RapidJSON's default (strict) rules.
 /// False on a syntax error, after appending `parse_error_id` with the parse-error code and the
 /// byte offset. As RapidJSON reads a stream, a zero byte ends the text. Throws std::bad_alloc for
-/// a text of more than kMaxSourceSize bytes, which RapidJSON cannot count.
+/// a text of more than kMaxTextSize bytes.
 bool ParseJson(std::string_view text, const char* parse_error_id, JsonDocument& document,
                Errors& errors);
 

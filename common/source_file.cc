@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "common/json_document.h"
+
 namespace Zelk::Provider::Metadata {
 namespace {
 
@@ -41,13 +43,13 @@ std::size_t ReadSome(int descriptor, char* buffer, std::size_t size) {
 }
 
 std::string ReadToEnd(int descriptor, std::size_t expected_size) {
-  if (expected_size > kMaxSourceSize) throw std::bad_alloc();
+  if (expected_size > kMaxTextSize) throw std::bad_alloc();
   // One byte more than expected, so that a file of that size ends the loop on its second read.
   std::string bytes(expected_size + 1, '\0');
   std::size_t filled = 0;
   while (const auto count = ReadSome(descriptor, &bytes[filled], bytes.size() - filled)) {
     filled += count;
-    if (filled > kMaxSourceSize) throw std::bad_alloc();  // it grows while it is read
+    if (filled > kMaxTextSize) throw std::bad_alloc();  // it grows while it is read
     if (filled == bytes.size()) {
       bytes.resize(bytes.size() * 2);
     }

@@ -1,19 +1,15 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 
 #include <boost/optional.hpp>
 
 namespace Zelk::Provider::Metadata {
 
-/// The most bytes that a source may have: the JSON parser counts them in 32 bits.
-inline constexpr std::size_t kMaxSourceSize = 0xFFFFFFFF;
-
 /// The bytes of the file at `path`, read once from its beginning to its end, links followed. None
 /// when it cannot be opened. A folder is opened and read as an empty file; what is neither a file
 /// nor a folder (a pipe, a device, a socket) counts as one that cannot be opened, since it might
-/// block or never end. Throws std::bad_alloc for a file of more than kMaxSourceSize bytes.
+/// block or never end. Throws std::bad_alloc for a file of more than kMaxTextSize bytes.
 boost::optional<std::string> ReadSourceFile(const std::string& path);
 
 }  // namespace Zelk::Provider::Metadata

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include <com/orvane/zelk/metadata/cli/records.h>
 
-#include "support/message_texts.h"
 #include "support/record_text.h"
 
 // CLI records as text, so that a test compares everything that was read at once. For tests only:
@@ -12,6 +12,7 @@
 
 namespace Zelk::Testing {
 
+using Lines = std::vector<std::string>;
 namespace CliModel = ::Com::Orvane::Zelk::Metadata::Cli;
 
 /// The path and the name; ":" is the root.

@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include "common/source_file.h"
 #include "support/json_text.h"
 #include "support/message_texts.h"
 #include "support/temp_folder.h"
@@ -53,7 +52,7 @@ TEST(ReadAll, AStreamThatCannotBeReadIsEmpty) {
 }
 
 TEST(ParseJson, ATextLongerThanTheParserCanCountIsRefusedBeforeItIsRead) {
-  constexpr std::size_t kSize = kMaxSourceSize + 1;
+  constexpr std::size_t kSize = kMaxTextSize + 1;
   void* unreadable =
       mmap(nullptr, kSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
   ASSERT_NE(unreadable, MAP_FAILED);

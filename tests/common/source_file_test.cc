@@ -14,6 +14,7 @@
 #include <boost/optional/optional_io.hpp>
 #include <gtest/gtest.h>
 
+#include "common/json_document.h"
 #include "support/file_text.h"
 #include "support/temp_folder.h"
 
@@ -72,13 +73,13 @@ TEST(ReadSourceFile, AFileLargerThanTheParserCanCountIsRefusedBeforeItIsRead) {
   const TempFolder folder;
   const std::string path = folder.Write("foo", "{}");
   constexpr std::size_t kExbibyte = std::size_t{1} << 60U;
-  for (const std::size_t size : {kMaxSourceSize + 1, 16 * (kMaxSourceSize + 1), kExbibyte}) {
+  for (const std::size_t size : {kMaxTextSize + 1, 16 * (kMaxTextSize + 1), kExbibyte}) {
     std::error_code too_large_for_the_file_system;
     std::filesystem::resize_file(path, size, too_large_for_the_file_system);
     if (too_large_for_the_file_system) break;
     EXPECT_THROW(ReadSourceFile(path), std::bad_alloc) << size;
   }
-  EXPECT_GT(std::filesystem::file_size(path), kMaxSourceSize);
+  EXPECT_GT(std::filesystem::file_size(path), kMaxTextSize);
 }
 
 TEST(ReadSourceFile, ReadsFromTheBeginningEveryTime) {
