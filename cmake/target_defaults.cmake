@@ -6,6 +6,12 @@ if(ZELK_SANITIZE)
   add_link_options(-fsanitize=${ZELK_SANITIZE})
 endif()
 
+# Everything leaves the traces that guide libFuzzer; its main() comes with each fuzzer.
+if(ZELK_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_link_options(-fsanitize=fuzzer-no-link)
+endif()
+
 function(zelk_target_defaults target)
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wold-style-cast

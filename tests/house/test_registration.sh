@@ -18,7 +18,7 @@ if [ -n "$off" ]; then
 fi
 total=$(ctest --test-dir "$2" -N | sed -n 's/^Total Tests: //p')
 labelled=0
-for label in unit surface tool abi consumer compile docs house; do
+for label in unit surface tool abi consumer compile fuzz docs house; do
   labelled=$((labelled + $(ctest --test-dir "$2" -N -L "^$label\$" | sed -n 's/^Total Tests: //p')))
 done
 if [ "$total" -eq 0 ] || [ "$total" -ne "$labelled" ]; then
