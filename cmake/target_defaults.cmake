@@ -8,7 +8,8 @@ endif()
 
 # Everything leaves the traces that guide libFuzzer; its main() comes with each fuzzer.
 if(ZELK_FUZZ)
-  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_compile_options(-fsanitize=fuzzer-no-link
+                      -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/fuzz/ignorelist.txt)
   add_link_options(-fsanitize=fuzzer-no-link)
 endif()
 
