@@ -98,18 +98,20 @@ void AddAnnotations(const SeedFolder& seeds) {
             FileOf(Structure("s").Annotated(R"("a": {"b": "1", "b": "2"}, "a": {"b": []})")));
 }
 
-/// The project's own file in slices: each of its first services alone.
-void AddOwnServices(const SeedFolder& seeds, const std::string& json) {
+/// The project's own file in slices: each package with the first of its parts, as far as it is
+/// small.
+void AddOwnPackages(const SeedFolder& seeds, const std::string& json) {
   const auto document = Json(json);
-  const auto& package = document["metamodel"]["component"]["packages"][0];
-  const auto& services = package["services"];
-  for (rapidjson::SizeType i = 0; i < services.Size() && i < 6; ++i) {
-    std::string slice =
-        With(json, "/metamodel/component/packages/0/services", "[" + JsonText(services[i]) + "]");
-    slice = With(slice, "/metamodel/component/packages/0/structures", "[]");
-    const auto only_package = JsonText(Json(slice)["metamodel"]["component"]["packages"][0]);
-    slice = With(slice, "/metamodel/component/packages", "[" + only_package + "]");
-    if (slice.size() < 10000) seeds.Add("own-service-" + std::to_string(i), slice);
+  int number = 0;
+  for (const auto& package : document["metamodel"]["component"]["packages"].GetArray()) {
+    std::string slice = JsonText(package);
+    for (const std::string parts : {"services", "structures", "enumerations"}) {
+      const auto& array = package[parts.c_str()];
+      const bool keep = !array.Empty() && JsonText(array[0]).size() < 3000;
+      slice = With(slice, "/" + parts, keep ? "[" + JsonText(array[0]) + "]" : "[]");
+    }
+    seeds.Add("own-package-" + std::to_string(++number),
+              With(json, "/metamodel/component/packages", "[" + slice + "]"));
   }
 }
 
@@ -124,7 +126,7 @@ void MakeMetamodelSeeds(const std::filesystem::path& corpus, const std::filesyst
   AddTypes(seeds);
   AddAnnotations(seeds);
   AddSyntaxSeeds(seeds);
-  AddOwnServices(seeds, FileText(sources / "metadata/metamodel/zelk-metadata.json"));
+  AddOwnPackages(seeds, FileText(sources / "metadata/metamodel/zelk-metadata.json"));
   for (const auto* name : {"other_root", "several_messages", "syntax_error", "truncated"}) {
     seeds.Add(std::string("tool-") + name,
               FileText(sources / "tests/data/tool" / (std::string(name) + ".json")));
