@@ -42,15 +42,16 @@ void Replay(const fs::path& path) {
 
 }  // namespace
 
-int main(int argc, char** argv) try {
-  if (argc < 2) throw std::invalid_argument("usage: FUZZER FILE-OR-FOLDER...");
-  LLVMFuzzerTestOneInput(nullptr, 0);
-  for (int i = 1; i < argc; ++i) {
-    for (const auto& file : FilesOf(argv[i])) Replay(file);
+int main(int argc, char** argv) {
+  try {
+    if (argc < 2) throw std::invalid_argument("usage: FUZZER FILE-OR-FOLDER...");
+    LLVMFuzzerTestOneInput(nullptr, 0);
+    for (int i = 1; i < argc; ++i) {
+      for (const auto& file : FilesOf(argv[i])) Replay(file);
+    }
+    return 0;
+  } catch (const std::exception& problem) {
+    std::cerr << problem.what() << '\n';
+    return 1;
   }
-  return 0;
-
-} catch (const std::exception& problem) {
-  std::cerr << problem.what() << '\n';
-  return 1;
 }

@@ -6,6 +6,7 @@
 #include <set>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/json_text.h"
@@ -78,7 +79,8 @@ class SeedFolder {
   std::filesystem::path path_;
 };
 
-/// Texts with one syntax error of each kind, or just without. `before` each stands that.
+/// Texts with one syntax error of each kind, or just without one, each behind
+/// `before`.
 void AddSyntaxSeeds(const SeedFolder& seeds, const std::string& before = "");
 
 /// Each writes the seeds of one fuzzer into a folder of its name in `corpus`; `sources` is the
