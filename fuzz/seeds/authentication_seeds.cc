@@ -63,7 +63,7 @@ void MakeAuthenticationSeeds(const std::filesystem::path& corpus,
   seeds.Add("good-and-bad", File(whole, "{}"));
   seeds.Add("bad-and-good", File("0", whole));
   seeds.Add("none", R"({"authentication":{}})");
-  seeds.AddBroken(File("{}", whole));
+  seeds.AddBroken(File("{}", whole), {"schemes", "operations", "services", "packages"});
   for (const auto& row : kRows) {
     seeds.Add(row.name, File("{}", Component(row.members)));
   }

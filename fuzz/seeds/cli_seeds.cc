@@ -70,7 +70,7 @@ void AddOwnNodes(const SeedFolder& seeds, const std::string& json) {
 
 void MakeCliSeeds(const std::filesystem::path& corpus, const std::filesystem::path& sources) {
   const SeedFolder seeds(corpus / "cli_parser");
-  seeds.AddBroken(File(kCommand));
+  seeds.AddBroken(File(kCommand), {});
   seeds.Add("namespace-and-command", File(Namespace("", "foo") + "," + kCommand));
   seeds.Add("other-node", File(With(kCommand, "/type", R"("Command")")));
   seeds.Add("nothing", File(""));

@@ -121,7 +121,7 @@ void MakeMetamodelSeeds(const std::filesystem::path& corpus, const std::filesyst
   const SeedFolder seeds(corpus / "metamodel_parser");
   const std::string sample = JsonText(Json(kSampleComponent));
   seeds.Add("sample", sample);
-  seeds.AddBroken(sample);
+  seeds.AddBroken(sample, {"metadata"});
   AddBuiltins(seeds);
   AddTypes(seeds);
   AddAnnotations(seeds);

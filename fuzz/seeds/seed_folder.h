@@ -37,8 +37,9 @@ class SeedFolder {
   }
 
   /// The seeds that break `json` once: each key of each kind of object missing, and of a type that
-  /// it must not have. `json` must be good without blanks.
-  void AddBroken(const std::string& json) const {
+  /// it must not have (of an object's strings the first stands for all). `maps` are the kinds of
+  /// objects whose keys are names, of which one stands for all.
+  void AddBroken(const std::string& json, const std::set<std::string>& maps) const {
     std::set<std::string> seen;
     const auto document = Testing::Json(json);
     std::vector<Place> pending{{"", "", &document}};
@@ -59,11 +60,14 @@ class SeedFolder {
         const std::string key = member.name.GetString();
         const std::string pointer = place.pointer + "/" + key;
         const std::string kind = place.kind.empty() ? "document" : place.kind;
-        if (seen.insert(kind + "." + key).second) {
+        const bool is_map = maps.count(kind) > 0;
+        if (seen.insert(kind + "." + (is_map ? "" : key)).second) {
           Add("missing-" + kind + "-" + key, Testing::Without(json, pointer));
-          Add("type-" + kind + "-" + key, Testing::With(json, pointer, "0"));
+          if (!member.value.IsString() || seen.insert(kind + " string").second) {
+            Add("type-" + kind + "-" + key, Testing::With(json, pointer, "0"));
+          }
         }
-        pending.push_back({pointer, key, &member.value});
+        pending.push_back({pointer, is_map ? kind + "-entry" : key, &member.value});
       }
     }
   }
