@@ -6,6 +6,13 @@ if(ZELK_SANITIZE)
   add_link_options(-fsanitize=${ZELK_SANITIZE})
 endif()
 
+# Everything leaves the traces that guide libFuzzer; its main() comes with each fuzzer.
+if(ZELK_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link
+                      -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/fuzz/ignorelist.txt)
+  add_link_options(-fsanitize=fuzzer-no-link)
+endif()
+
 # Hardening is part of what is tested, so it is in every build type: what is broken in memory ends
 # the process at once (stack protector, assertions of the standard library), and nothing that the
 # loader has written can be overwritten later (RELRO with every symbol bound at load time).
