@@ -12,6 +12,8 @@ class Input {
  public:
   Input(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
 
+  std::size_t Size() const { return size_; }
+
   bool Empty() const { return position_ == size_; }
 
   std::size_t Byte() { return Empty() ? 0 : data_[position_++]; }

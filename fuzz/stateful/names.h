@@ -26,8 +26,7 @@ inline const std::array<std::string, 6> kServices = {"p.s", "p.q.s",      WithZe
 inline const std::array<std::string, 4> kOperations = {"o", "n", WithZero("o", "n"), "s"};
 inline const std::array<std::string, 4> kBadIds = {"", "s", ".s", "p."};
 
-inline const std::array<std::string, 7> kPaths = {
-    "", "a", "a.b", "a.b.c", ".", "a.", WithZero("a", ".b")};
-inline const std::array<std::string, 5> kLeaves = {"", "a", "b", "c", WithZero("b", "c")};
+inline const std::array<std::string, 6> kPaths = {"", "a", "a.b", ".", "a.", WithZero("a", ".b")};
+inline const std::array<std::string, 4> kLeaves = {"", "a", "b", WithZero("b", "c")};
 
 }  // namespace Zelk::Fuzzing

@@ -14,6 +14,13 @@ namespace {
 constexpr int kMostSteps = 32;
 constexpr std::size_t kQuestionsAfterAStep = 6;
 
+// At the end most keys are unknown; this part of them is enough over many runs.
+constexpr std::size_t kAskedOfUnknown = 4;
+
+bool IsError(const std::string& answer) {
+  return answer.compare(0, 6, "error\n") == 0;
+}
+
 }  // namespace
 
 Session::Session(const Subject& subject, Input& input, Disk& disk)
@@ -21,7 +28,8 @@ Session::Session(const Subject& subject, Input& input, Disk& disk)
       input_(input),
       disk_(disk),
       library_(subject.make_library()),
-      model_(subject.make_model(disk)) {}
+      model_(subject.make_model(disk)),
+      errors_foretold_(input.Size()) {}
 
 void Session::Run() {
   for (int step = 0; step < kMostSteps && !input_.Empty(); ++step) {
@@ -149,16 +157,19 @@ void Session::AskSome() {
   // A stride that shares no divisor with most counts comes by all of them in the end.
   for (std::size_t count = 0; count < kQuestionsAfterAStep; ++count) {
     next_question_ = (next_question_ + 37) % questions.size();
-    Ask(questions[next_question_]);
+    CompareAnswer(questions[next_question_], model_->Ask(questions[next_question_]));
   }
 }
 
 void Session::AskAll() {
-  for (const auto& question : subject_.questions()) Ask(question);
+  for (const auto& question : subject_.questions()) {
+    const std::string expected = model_->Ask(question);
+    if (IsError(expected) && ++errors_foretold_ % kAskedOfUnknown != 0) continue;
+    CompareAnswer(question, expected);
+  }
 }
 
-void Session::Ask(const Question& question) {
-  const std::string expected = model_->Ask(question);
+void Session::CompareAnswer(const Question& question, const std::string& expected) {
   const std::string got = library_->Ask(question);
   if (expected == got) return;
   Compare(std::string(OperationName(question.operation)) + " " + Testing::Quoted(question.key) +

@@ -52,7 +52,7 @@ class Session {
 
   void AskSome();
   void AskAll();
-  void Ask(const Question& question);
+  void CompareAnswer(const Question& question, const std::string& expected);
   void Compare(const std::string& question, const std::string& expected, const std::string& got);
 
   const Subject& subject_;
@@ -61,6 +61,7 @@ class Session {
   std::unique_ptr<Services> library_;
   std::unique_ptr<Services> model_;
   std::size_t next_question_ = 0;
+  std::size_t errors_foretold_;
   std::vector<std::string> history_;
 };
 
