@@ -79,7 +79,10 @@ void Session::ReloadAll() {
 }
 
 void Session::WriteDocument(std::size_t index) {
+  // Whole documents need more bytes than are easily found, so most are random.
+  if (!input_.OnceIn(4)) input_.BeginRandom();
   File file{File::Kind::kText, "", subject_.draw_document(input_)};
+  input_.EndRandom();
   file.text = WriteJson(*file.document);
   disk_.Put(index, std::move(file));
   history_.push_back("write file " + std::to_string(index));
