@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+
+// What the program has on its heap, counted by its own malloc and relatives.
+
+namespace Zelk::Benchmarks {
+
+/// The bytes that are allocated now.
+std::size_t LiveBytes();
+
+/// The most bytes that were allocated at the same time since the last ResetPeak().
+std::size_t PeakBytes();
+
+void ResetPeak();
+
+}  // namespace Zelk::Benchmarks

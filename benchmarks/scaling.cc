@@ -1,0 +1,148 @@
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <unistd.h>
+
+#include <zelk/provider/metadata/authentication/metadata_container.h>
+#include <zelk/provider/metadata/cli/metadata_container.h>
+#include <zelk/provider/metadata/metamodel/metadata_container.h>
+
+#include "heap_use.h"
+#include "shapes.h"
+
+// How the cost of loading a file grows with its size: files of four sizes in every shape, and the
+// exponent of the power law that fits best. 1 is linear. The exit status is 1 when memory, which is
+// counted and not timed, grows faster than the file where it should not.
+
+namespace {
+
+using namespace Zelk::Benchmarks;  // NOLINT(google-build-using-namespace): a program
+namespace fs = std::filesystem;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
+namespace Provider = ::Zelk::Provider::Metadata;
+
+constexpr std::size_t kSizes = 4;
+constexpr int kRuns = 3;
+constexpr double kMostMemoryExponent = 1.15;
+
+struct Cost {
+  double bytes;
+  double load_seconds;
+  double release_seconds;
+  double peak_bytes;
+};
+
+using Series = std::array<Cost, kSizes>;
+
+double SecondsSince(std::chrono::steady_clock::time_point start) {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+template <typename Container, typename CreateSpec>
+Cost Load(const fs::path& path) {
+  const auto spec = std::make_shared<const CreateSpec>(
+      "", Bindings::SourceType(Bindings::SourceType::LOCAL_FILE), path.string(), boost::none);
+  const auto container = Container::GetInstance();
+  const auto before = static_cast<double>(LiveBytes());
+  ResetPeak();
+  const auto load = std::chrono::steady_clock::now();
+  if (container->CreateSource("s", spec) != nullptr) {
+    std::fputs("scaling: a file that was made here is refused\n", stderr);
+    std::exit(2);
+  }
+  Cost cost{};
+  cost.load_seconds = SecondsSince(load);
+  cost.peak_bytes = static_cast<double>(PeakBytes()) - before;
+  const auto release = std::chrono::steady_clock::now();
+  container->DeleteSource("s");
+  cost.release_seconds = SecondsSince(release);
+  return cost;
+}
+
+Cost Load(DomainId domain, const fs::path& path) {
+  switch (domain) {
+    case DomainId::kMetamodel:
+      return Load<Provider::Metamodel::MetadataContainer,
+                  Bindings::Metamodel::SourceSvc::CreateSpec>(path);
+    case DomainId::kAuthentication:
+      return Load<Provider::Authentication::MetadataContainer,
+                  Bindings::Authentication::SourceSvc::CreateSpec>(path);
+    case DomainId::kCli:
+      break;
+  }
+  return Load<Provider::Cli::MetadataContainer, Bindings::Cli::SourceSvc::CreateSpec>(path);
+}
+
+/// The best of several runs, as the one that was disturbed least.
+Cost BestLoad(const Shape& shape, std::size_t size, const fs::path& path) {
+  std::ofstream(path, std::ios::binary) << shape.make(size);
+  Cost best = Load(shape.domain, path);
+  for (int run = 1; run < kRuns; ++run) {
+    const Cost cost = Load(shape.domain, path);
+    best.load_seconds = std::min(best.load_seconds, cost.load_seconds);
+    best.release_seconds = std::min(best.release_seconds, cost.release_seconds);
+  }
+  best.bytes = static_cast<double>(fs::file_size(path));
+  return best;
+}
+
+/// The slope of the straight line through the logarithms, by least squares.
+double Exponent(const Series& series, double Cost::*cost) {
+  double sum_x = 0;
+  double sum_y = 0;
+  double sum_xx = 0;
+  double sum_xy = 0;
+  for (const Cost& point : series) {
+    const double x = std::log(point.bytes);
+    const double y = std::log(std::max(point.*cost, 1e-9));
+    sum_x += x;
+    sum_y += y;
+    sum_xx += x * x;
+    sum_xy += x * y;
+  }
+  const double count = kSizes;
+  return (count * sum_xy - sum_x * sum_y) / (count * sum_xx - sum_x * sum_x);
+}
+
+/// Prints the row of a shape; false when its memory grows too fast.
+bool Report(const Shape& shape, const Series& series) {
+  const double memory = Exponent(series, &Cost::peak_bytes);
+  const Cost& last = series.back();
+  std::printf("%-34s %7.2f %8.2f %8.1f %8.1f   %5.2f %7.2f %6.2f%s\n", shape.name, last.bytes / 1e6,
+              last.load_seconds * 1e3 / (last.bytes / 1e6),
+              last.release_seconds * 1e3 / (last.bytes / 1e6), last.peak_bytes / last.bytes,
+              Exponent(series, &Cost::load_seconds), Exponent(series, &Cost::release_seconds),
+              memory, shape.is_linear ? "" : "  (quadratic by its data)");
+  std::fflush(stdout);
+  return !shape.is_linear || memory <= kMostMemoryExponent;
+}
+
+}  // namespace
+
+int main() {
+  std::puts(
+      "                                          the largest of four files        exponents\n"
+      "shape                                   MB    ms/MB    ms/MB   peak/MB    load release "
+      "memory\n"
+      "                                               load  release");
+  const fs::path path = fs::temp_directory_path() / ("zelk-scaling-" + std::to_string(getpid()));
+  bool is_linear = true;
+  for (const Shape& shape : Shapes()) {
+    Series series{};
+    std::size_t size = shape.smallest;
+    for (Cost& cost : series) {
+      cost = BestLoad(shape, size, path);
+      size *= 4;
+    }
+    is_linear = Report(shape, series) && is_linear;
+  }
+  fs::remove(path);
+  return is_linear ? 0 : 1;
+}

@@ -1,0 +1,172 @@
+#include "shapes.h"
+
+namespace Zelk::Benchmarks {
+namespace {
+
+constexpr std::size_t kMegabyte = 1'000'000;
+
+/// `open`, then `one(n)` for as many n as the size has room for, between commas, then `close`.
+template <typename One>
+std::string Filled(std::size_t size, const std::string& open, const One& one,
+                   const std::string& close) {
+  std::string text = open;
+  text.reserve(size + 4096);
+  for (std::size_t number = 0; text.size() + close.size() < size || number == 0; ++number) {
+    if (number > 0) text += ',';
+    text += one(std::to_string(number));
+  }
+  return text += close;
+}
+
+std::string Repeated(const std::string& text, std::size_t times) {
+  std::string repeated;
+  repeated.reserve(text.size() * times);
+  while (times-- > 0) repeated += text;
+  return repeated;
+}
+
+// --- Metamodel ----------------------------------------------------------------------------------
+
+constexpr char kOpenPackage[] =
+    R"({"metamodel":{"component":{"name":"c","documentation":"","metadata":{},"packages":[
+{"name":"p","documentation":"","metadata":{},"enumerations":[],"structures":[],"services":[)";
+constexpr char kClosePackage[] = "]}]}}}";
+
+std::string ServiceWith(const std::string& name, const std::string& type) {
+  return R"({"name":"com.acme.inventory.service)" + name +
+         R"(","documentation":"Answers questions about machines of this kind.","metadata":{},
+"enumerations":[],"structures":[{"name":"com.acme.inventory.machine)" +
+         name +
+         R"(","type":"STRUCTURE","documentation":"A machine.","metadata":{},"enumerations":[],
+"constants":[],"fields":[{"name":"id","documentation":"Its identifier.",
+"metadata":{"Resource":{"value":"com.acme.inventory.machine"}},
+"type":{"category":"BUILTIN","primitive_type":"ID"}},{"name":"name","documentation":"Its name.",
+"metadata":{},"type":{"category":"BUILTIN","primitive_type":"STRING"}}]}],"constants":[],
+"operations":[{"name":"get","documentation":"Answers one machine.","metadata":{},
+"params":[{"name":"id","documentation":"Which one.","metadata":{},
+"type":{"category":"BUILTIN","primitive_type":"ID"}}],
+"errors":[{"user_defined_type_name":"com.acme.errors.not_found","documentation":"There is none."}],
+"result":{"documentation":"The machine.","metadata":{},"type":)" +
+         type + "}}]}";
+}
+
+constexpr char kListOfStrings[] = R"({"category":"GENERIC","generic_type":"LIST","element_type":)"
+                                  R"({"category":"BUILTIN","primitive_type":"STRING"}})";
+
+std::string MetamodelServices(std::size_t size) {
+  return Filled(
+      size, kOpenPackage,
+      [](const std::string& number) { return ServiceWith(number, kListOfStrings); }, kClosePackage);
+}
+
+std::string MetamodelOfOneName(std::size_t size) {
+  return Filled(
+      size, kOpenPackage,
+      [](const std::string& /*number*/) { return ServiceWith("", kListOfStrings); }, kClosePackage);
+}
+
+std::string MetamodelDeepType(std::size_t size) {
+  const std::string open = R"({"category":"GENERIC","generic_type":"LIST","element_type":)";
+  const std::size_t levels = size / (open.size() + 1);
+  return kOpenPackage +
+         ServiceWith("", Repeated(open, levels) +
+                             R"({"category":"BUILTIN","primitive_type":"STRING"})" +
+                             std::string(levels, '}')) +
+         kClosePackage;
+}
+
+std::string MetamodelDeepIgnored(std::size_t size) {
+  return R"({"ignored":)" + std::string(size / 2, '[') + std::string(size / 2, ']') + "," +
+         MetamodelServices(0).substr(1);
+}
+
+// --- Authentication -----------------------------------------------------------------------------
+
+constexpr char kScheme[] = R"({"authenticationScheme":"com.acme.badge","type":"SESSIONLESS"})";
+
+std::string AuthenticationOperations(std::size_t size) {
+  return Filled(
+      size,
+      R"({"authentication":{"component":{"name":"c","schemes":{"badge":)" + std::string(kScheme) +
+          R"(},"operations":{)",
+      [](const std::string& number) {
+        return R"("com.acme.inventory.machines)" + number + R"(.list":["badge"])";
+      },
+      "}}}}");
+}
+
+std::string AuthenticationSchemes(std::size_t size) {
+  return Filled(
+      size, R"({"authentication":{"component":{"name":"c","schemes":{)",
+      [](const std::string& number) { return "\"badge" + number + "\":" + kScheme; },
+      R"(},"packages":{"p":["badge0"]}}}})");
+}
+
+std::string AuthenticationIgnoredMembers(std::size_t size) {
+  return Filled(
+      size, "{", [](const std::string& number) { return "\"ignored" + number + "\":{}"; },
+      "," + AuthenticationSchemes(0).substr(1));
+}
+
+// --- CLI ----------------------------------------------------------------------------------------
+
+std::string CliCommands(std::size_t size) {
+  return Filled(
+      size, R"({"cli":[)",
+      [](const std::string& number) {
+        return R"({"type":"command","path":"inventory.machines","name":"list)" + number +
+               R"(","description":"List machines.","node_metadata":{
+"service_id":"com.acme.inventory.machines","operation_id":"list","formatter":"TABLE",
+"options":[{"long_option":"name","short_option":"n","field_name":"filter.names",
+"description":"Names to look for.","type":"String","generic":"LIST"}],
+"output_field_list":[{"structure_id":"com.acme.inventory.machine",
+"output_fields":[{"field_name":"name","display_name":"Name"}]}]}})";
+      },
+      "]}");
+}
+
+std::string CliNamespaces(std::size_t size) {
+  return Filled(
+      size, R"({"cli":[)",
+      [](const std::string& number) {
+        return R"({"type":"namespace","path":"inventory","name":"machines)" + number +
+               R"(","description":"Machines."})";
+      },
+      "]}");
+}
+
+std::string CliLongText(std::size_t size) {
+  return R"({"cli":[{"type":"namespace","path":"","name":"a","description":")" +
+         std::string(size, 'x') + R"("}]})";
+}
+
+std::string CliDeepPath(std::size_t size) {
+  return R"({"cli":[{"type":"namespace","path":")" + std::string(size, '.') +
+         R"(","name":"a","description":""}]})";
+}
+
+}  // namespace
+
+const std::vector<Shape>& Shapes() {
+  static const std::vector<Shape> shapes = {
+      {"Metamodel: services", DomainId::kMetamodel, true, kMegabyte, MetamodelServices},
+      {"Metamodel: services of one name", DomainId::kMetamodel, true, kMegabyte,
+       MetamodelOfOneName},
+      {"Metamodel: one type, nested", DomainId::kMetamodel, true, kMegabyte, MetamodelDeepType},
+      {"Metamodel: ignored, nested", DomainId::kMetamodel, true, kMegabyte, MetamodelDeepIgnored},
+      {"Authentication: operations", DomainId::kAuthentication, true, kMegabyte,
+       AuthenticationOperations},
+      {"Authentication: schemes", DomainId::kAuthentication, true, kMegabyte,
+       AuthenticationSchemes},
+      {"Authentication: ignored members", DomainId::kAuthentication, true, kMegabyte,
+       AuthenticationIgnoredMembers},
+      {"CLI: commands", DomainId::kCli, true, kMegabyte, CliCommands},
+      {"CLI: namespaces", DomainId::kCli, true, kMegabyte, CliNamespaces},
+      {"CLI: one long text", DomainId::kCli, true, kMegabyte, CliLongText},
+      // Each namespace on a path holds its own path, and a file needs one byte to imply one more.
+      {"CLI: one namespace path", DomainId::kCli, false, 250, CliDeepPath},
+  };
+  return shapes;
+}
+
+}  // namespace Zelk::Benchmarks
