@@ -20,6 +20,8 @@ function(zelk_target_defaults target)
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wold-style-cast
     -fstack-protector-strong
+    # g++ 12 sees overlapping copies inside std::string where two texts are joined.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     $<$<BOOL:${ZELK_WARNINGS_AS_ERRORS}>:-Werror>)
   target_compile_definitions(${target} PRIVATE _GLIBCXX_ASSERTIONS)
   target_link_options(${target} PRIVATE
