@@ -31,6 +31,8 @@ namespace Provider = ::Zelk::Provider::Metadata;
 constexpr std::size_t kSizes = 4;
 constexpr int kRuns = 3;
 constexpr double kMostMemoryExponent = 1.15;
+/// What takes less is lost in what every release costs, and has no exponent to speak of.
+constexpr double kShortestReleaseSeconds = 1e-3;
 
 struct Cost {
   double bytes;
@@ -54,6 +56,7 @@ Cost Load(const fs::path& path) {
   ResetPeak();
   const auto load = std::chrono::steady_clock::now();
   if (container->CreateSource("s", spec) != nullptr) {
+    fs::remove(path);
     std::fputs("scaling: a file that was made here is refused\n", stderr);
     std::exit(2);
   }
@@ -115,11 +118,16 @@ double Exponent(const Series& series, double Cost::*cost) {
 bool Report(const Shape& shape, const Series& series) {
   const double memory = Exponent(series, &Cost::peak_bytes);
   const Cost& last = series.back();
-  std::printf("%-34s %7.2f %8.2f %8.1f %8.1f   %5.2f %7.2f %6.2f%s\n", shape.name, last.bytes / 1e6,
-              last.load_seconds * 1e3 / (last.bytes / 1e6),
-              last.release_seconds * 1e3 / (last.bytes / 1e6), last.peak_bytes / last.bytes,
-              Exponent(series, &Cost::load_seconds), Exponent(series, &Cost::release_seconds),
-              memory, shape.is_linear ? "" : "  (quadratic by its data)");
+  std::printf("%-36s", shape.name);
+  for (const Cost& cost : series) std::printf("%8.1f", cost.load_seconds * 1e3);
+  std::printf("%8.1f%8.1f   %6.2f", last.release_seconds * 1e3, last.peak_bytes / last.bytes,
+              Exponent(series, &Cost::load_seconds));
+  if (last.release_seconds < kShortestReleaseSeconds) {
+    std::printf("%8s", "-");
+  } else {
+    std::printf("%8.2f", Exponent(series, &Cost::release_seconds));
+  }
+  std::printf("%7.2f%s\n", memory, shape.is_linear ? "" : "  quadratic by its data");
   std::fflush(stdout);
   return !shape.is_linear || memory <= kMostMemoryExponent;
 }
@@ -128,10 +136,11 @@ bool Report(const Shape& shape, const Series& series) {
 
 int main() {
   std::puts(
-      "                                          the largest of four files        exponents\n"
-      "shape                                   MB    ms/MB    ms/MB   peak/MB    load release "
-      "memory\n"
-      "                                               load  release");
+      "                                    load, ms, of files of       of the largest\n"
+      "                                       1 MB    4 MB   16 MB   64 MB release   peak/   "
+      "exponents of\n"
+      "shape                                (path: 0.5, 2, 8, 32 kB)        ms    size     "
+      "load release memory");
   const fs::path path = fs::temp_directory_path() / ("zelk-scaling-" + std::to_string(getpid()));
   bool is_linear = true;
   for (const Shape& shape : Shapes()) {

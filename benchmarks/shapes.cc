@@ -18,6 +18,19 @@ std::string Filled(std::size_t size, const std::string& open, const One& one,
   return text += close;
 }
 
+/// Arrays in each other that nobody reads, in front of the members of `file`.
+std::string WithNested(std::size_t size, const std::string& file) {
+  return R"({"ignored":)" + std::string(size / 2, '[') + std::string(size / 2, ']') + "," +
+         file.substr(1);
+}
+
+/// Members that nobody reads, in front of those of `file`.
+std::string WithMembers(std::size_t size, const std::string& file) {
+  return Filled(
+      size, "{", [](const std::string& number) { return "\"ignored" + number + "\":{}"; },
+      "," + file.substr(1));
+}
+
 std::string Repeated(const std::string& text, std::size_t times) {
   std::string repeated;
   repeated.reserve(text.size() * times);
@@ -76,8 +89,33 @@ std::string MetamodelDeepType(std::size_t size) {
 }
 
 std::string MetamodelDeepIgnored(std::size_t size) {
-  return R"({"ignored":)" + std::string(size / 2, '[') + std::string(size / 2, ']') + "," +
-         MetamodelServices(0).substr(1);
+  return WithNested(size, MetamodelServices(0));
+}
+
+constexpr char kOpenAnnotations[] =
+    R"({"metamodel":{"component":{"name":"c","documentation":"","packages":[],"metadata":{)";
+
+std::string MetamodelAnnotations(std::size_t size) {
+  return Filled(
+      size, kOpenAnnotations,
+      [](const std::string& number) {
+        return "\"Annotation" + number + R"(":{"value":"machine"})";
+      },
+      "}}}}");
+}
+
+std::string MetamodelAnnotationsOfOneName(std::size_t size) {
+  return Filled(
+      size, kOpenAnnotations,
+      [](const std::string& number) {
+        return R"("Annotation":{"value":"machine)" + number + "\"}";
+      },
+      "}}}}");
+}
+
+std::string MetamodelLongText(std::size_t size) {
+  return R"({"metamodel":{"component":{"name":"c","metadata":{},"packages":[],"documentation":")" +
+         std::string(size, 'x') + "\"}}}";
 }
 
 // --- Authentication -----------------------------------------------------------------------------
@@ -102,27 +140,47 @@ std::string AuthenticationSchemes(std::size_t size) {
       R"(},"packages":{"p":["badge0"]}}}})");
 }
 
-std::string AuthenticationIgnoredMembers(std::size_t size) {
+std::string AuthenticationSchemesOfOneName(std::size_t size) {
   return Filled(
-      size, "{", [](const std::string& number) { return "\"ignored" + number + "\":{}"; },
-      "," + AuthenticationSchemes(0).substr(1));
+      size, R"({"authentication":{"component":{"name":"c","schemes":{)",
+      [](const std::string& /*number*/) { return R"("badge":)" + std::string(kScheme); },
+      R"(},"packages":{"p":["badge"]}}}})");
+}
+
+std::string AuthenticationLongText(std::size_t size) {
+  return R"({"authentication":{"component":{"name":")" + std::string(size, 'x') + "\"}}}";
+}
+
+std::string AuthenticationIgnoredMembers(std::size_t size) {
+  return WithMembers(size, AuthenticationSchemes(0));
+}
+
+std::string AuthenticationDeepIgnored(std::size_t size) {
+  return WithNested(size, AuthenticationSchemes(0));
 }
 
 // --- CLI ----------------------------------------------------------------------------------------
 
-std::string CliCommands(std::size_t size) {
-  return Filled(
-      size, R"({"cli":[)",
-      [](const std::string& number) {
-        return R"({"type":"command","path":"inventory.machines","name":"list)" + number +
-               R"(","description":"List machines.","node_metadata":{
+std::string CommandOf(const std::string& path, const std::string& number) {
+  return R"({"type":"command","path":")" + path + R"(","name":"list)" + number +
+         R"(","description":"List machines.","node_metadata":{
 "service_id":"com.acme.inventory.machines","operation_id":"list","formatter":"TABLE",
 "options":[{"long_option":"name","short_option":"n","field_name":"filter.names",
 "description":"Names to look for.","type":"String","generic":"LIST"}],
 "output_field_list":[{"structure_id":"com.acme.inventory.machine",
 "output_fields":[{"field_name":"name","display_name":"Name"}]}]}})";
-      },
-      "]}");
+}
+
+std::string CliCommands(std::size_t size) {
+  return Filled(
+      size, R"({"cli":[)",
+      [](const std::string& number) { return CommandOf("inventory.machines", number); }, "]}");
+}
+
+std::string CliCommandsOfOneName(std::size_t size) {
+  return Filled(
+      size, R"({"cli":[)",
+      [](const std::string& /*number*/) { return CommandOf("inventory.machines", ""); }, "]}");
 }
 
 std::string CliNamespaces(std::size_t size) {
@@ -133,6 +191,25 @@ std::string CliNamespaces(std::size_t size) {
                R"(","description":"Machines."})";
       },
       "]}");
+}
+
+/// Each under a parent of its own, which only its path implies.
+std::string CliNamespaceTree(std::size_t size) {
+  return Filled(
+      size, R"({"cli":[)",
+      [](const std::string& number) {
+        return R"({"type":"namespace","path":"inventory.site)" + number +
+               R"(","name":"machines","description":"Machines."})";
+      },
+      "]}");
+}
+
+std::string CliDeepIgnored(std::size_t size) {
+  return WithNested(size, CliCommands(0));
+}
+
+std::string CliIgnoredMembers(std::size_t size) {
+  return WithMembers(size, CliCommands(0));
 }
 
 std::string CliLongText(std::size_t size) {
@@ -148,23 +225,36 @@ std::string CliDeepPath(std::size_t size) {
 }  // namespace
 
 const std::vector<Shape>& Shapes() {
+  constexpr auto kMetamodel = DomainId::kMetamodel;
+  constexpr auto kAuthentication = DomainId::kAuthentication;
+  constexpr auto kCli = DomainId::kCli;
   static const std::vector<Shape> shapes = {
-      {"Metamodel: services", DomainId::kMetamodel, true, kMegabyte, MetamodelServices},
-      {"Metamodel: services of one name", DomainId::kMetamodel, true, kMegabyte,
-       MetamodelOfOneName},
-      {"Metamodel: one type, nested", DomainId::kMetamodel, true, kMegabyte, MetamodelDeepType},
-      {"Metamodel: ignored, nested", DomainId::kMetamodel, true, kMegabyte, MetamodelDeepIgnored},
-      {"Authentication: operations", DomainId::kAuthentication, true, kMegabyte,
-       AuthenticationOperations},
-      {"Authentication: schemes", DomainId::kAuthentication, true, kMegabyte,
-       AuthenticationSchemes},
-      {"Authentication: ignored members", DomainId::kAuthentication, true, kMegabyte,
+      {"Metamodel: services", kMetamodel, true, kMegabyte, MetamodelServices},
+      {"Metamodel: services of one name", kMetamodel, true, kMegabyte, MetamodelOfOneName},
+      {"Metamodel: annotations", kMetamodel, true, kMegabyte, MetamodelAnnotations},
+      {"Metamodel: annotations of one name", kMetamodel, true, kMegabyte,
+       MetamodelAnnotationsOfOneName},
+      {"Metamodel: one type, nested", kMetamodel, true, kMegabyte, MetamodelDeepType},
+      {"Metamodel: ignored, nested", kMetamodel, true, kMegabyte, MetamodelDeepIgnored},
+      {"Metamodel: one long text", kMetamodel, true, kMegabyte, MetamodelLongText},
+      {"Authentication: operations", kAuthentication, true, kMegabyte, AuthenticationOperations},
+      {"Authentication: schemes", kAuthentication, true, kMegabyte, AuthenticationSchemes},
+      {"Authentication: schemes, one name", kAuthentication, true, kMegabyte,
+       AuthenticationSchemesOfOneName},
+      {"Authentication: ignored members", kAuthentication, true, kMegabyte,
        AuthenticationIgnoredMembers},
-      {"CLI: commands", DomainId::kCli, true, kMegabyte, CliCommands},
-      {"CLI: namespaces", DomainId::kCli, true, kMegabyte, CliNamespaces},
-      {"CLI: one long text", DomainId::kCli, true, kMegabyte, CliLongText},
+      {"Authentication: ignored, nested", kAuthentication, true, kMegabyte,
+       AuthenticationDeepIgnored},
+      {"Authentication: one long text", kAuthentication, true, kMegabyte, AuthenticationLongText},
+      {"CLI: commands", kCli, true, kMegabyte, CliCommands},
+      {"CLI: commands of one name", kCli, true, kMegabyte, CliCommandsOfOneName},
+      {"CLI: namespaces of one parent", kCli, true, kMegabyte, CliNamespaces},
+      {"CLI: namespaces of many parents", kCli, true, kMegabyte, CliNamespaceTree},
+      {"CLI: ignored members", kCli, true, kMegabyte, CliIgnoredMembers},
+      {"CLI: ignored, nested", kCli, true, kMegabyte, CliDeepIgnored},
+      {"CLI: one long text", kCli, true, kMegabyte, CliLongText},
       // Each namespace on a path holds its own path, and a file needs one byte to imply one more.
-      {"CLI: one namespace path", DomainId::kCli, false, 250, CliDeepPath},
+      {"CLI: one namespace path", kCli, false, 500, CliDeepPath},
   };
   return shapes;
 }

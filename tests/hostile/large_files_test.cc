@@ -103,6 +103,18 @@ TYPED_TEST(LargeFiles, WithAKeyOfAHundredMegabytesAreLoaded) {
   this->ExpectLoaded(file.Close());
 }
 
+TYPED_TEST(LargeFiles, WithARecordWhoseNameIsAHundredMegabytesAnswerIt) {
+  const std::string name(100 * kMegabyte, 'x');
+  const std::string text = TypeParam::File(name);
+  ASSERT_EQ(this->sources_.Create("m", text), Lines());
+  const Lines names = this->sources_.Names();
+  ASSERT_EQ(names.size(), 1U);
+  EXPECT_TRUE(names.front() == name) << names.front().size();
+  EXPECT_NE(TypeParam::Find(*this->sources_.Shared(), name), nullptr);
+  EXPECT_EQ(TypeParam::Find(*this->sources_.Shared(), name.substr(1)), nullptr);
+  EXPECT_EQ(this->sources_->SourceFingerprint(Some("m")), Md5(Md5(text)));
+}
+
 TYPED_TEST(LargeFiles, CutOffAreSyntaxErrorsAtTheirEnd) {
   LargeFile file(this->Path());
   file << R"({"ignored": ")";
@@ -145,6 +157,33 @@ TYPED_TEST(LargeFiles, WithAMillionElementsInOneArrayAreLoaded) {
   for (int element = 1; element < 1'000'000; ++element) file << ",1";
   file << "], " + this->RestOfGood();
   this->ExpectLoaded(file.Close());
+}
+
+// --- keys that name records ---------------------------------------------------------------------
+
+TEST(LargeKeys, OfAHundredMegabytesNameAnAnnotation) {
+  const std::string key(100 * kMegabyte, 'x');
+  const MetamodelSources sources;
+  ASSERT_EQ(sources.Create("m", MetamodelFile(Component("foo").Annotated("\"" + key +
+                                                                         R"(": {"bar": "baz"})"))),
+            Lines());
+  const auto component = sources->ComponentInfo("foo")->info;
+  ASSERT_EQ(component->metadata.count(key), 1U);
+  EXPECT_EQ(*component->metadata.at(key)->elements.at("bar")->string_value, "baz");
+}
+
+TEST(LargeKeys, OfAHundredMegabytesNameASchemeAndAPackage) {
+  const std::string key(100 * kMegabyte, 'x');
+  const Sources<AuthenticationUnderTest> sources;
+  ASSERT_EQ(
+      sources.Create("m", R"({"authentication": {"component": {"name": "foo", "schemes": {")" +
+                              key + R"(": {"authenticationScheme": "s",
+                                          "type": "SESSIONLESS"}},
+                                    "packages": {")" +
+                              key + R"(": [")" + key + R"("]}}}})"),
+      Lines());
+  ASSERT_NE(sources->PackageInfo(key), nullptr);
+  EXPECT_EQ(sources->PackageInfo(key)->schemes.front()->scheme, "s");
 }
 
 }  // namespace

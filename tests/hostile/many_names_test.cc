@@ -74,6 +74,19 @@ TEST(ManyNames, OfAMillionAnnotationsOfOneNameTheLastCounts) {
   EXPECT_EQ(*component->metadata.at("A")->elements.at("value")->string_value, "v999999");
 }
 
+TEST(ManyNames, AMillionAnnotationsAreAllThere) {
+  const MetamodelSources sources;
+  ASSERT_EQ(
+      sources.Create("m", MetamodelFile(Component("foo", {}).Annotated(Repeated([](int number) {
+                       return Numbered("\"A", number) + R"(": {"value": ")" +
+                              Numbered("v", number) + "\"}";
+                     })))),
+      Lines());
+  const auto component = sources->ComponentInfo("foo")->info;
+  EXPECT_EQ(component->metadata.size(), std::size_t{kMany});
+  EXPECT_EQ(*component->metadata.at("A999999")->elements.at("value")->string_value, "v999999");
+}
+
 // --- Authentication -----------------------------------------------------------------------------
 
 std::string ComponentFile(const std::string& schemes, const std::string& packages) {

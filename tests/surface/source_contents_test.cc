@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/small_stack.h"
 #include "surface/domains_under_test.h"
 
 // What a source makes of the bytes of its file.
@@ -15,8 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr std::size_t kSmallStack = 256 * 1024;
 
 template <typename Domain>
 class SourceContents : public testing::Test {
@@ -161,21 +158,6 @@ TYPED_TEST(SourceContents, KeepWhatIsWrittenAsAnEscape) {
   this->ExpectAccepted(TypeParam::File(R"(\u00e9\u20AC\ud83d\ude00)"),
                        "\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80");
   this->ExpectAccepted(TypeParam::File(""), "");
-}
-
-TYPED_TEST(SourceContents, MayNestAMillionLevelsDeepOnASmallStack) {
-  constexpr std::size_t kDepth = 1'000'000;
-  const std::string good = this->Good().substr(1);
-  std::string objects;
-  for (std::size_t depth = 0; depth < kDepth; ++depth) objects += R"({"a":)";
-  RunOnSmallStack(kSmallStack, [&] {
-    const std::string arrays(kDepth, '[');
-    this->ExpectAccepted(R"({"x": )" + arrays + std::string(kDepth, ']') + ", " + good, "foo");
-    this->ExpectAccepted(R"({"x": )" + objects + "1" + std::string(kDepth, '}') + ", " + good,
-                         "foo");
-    this->ExpectRefused(arrays, ParseError<TypeParam>(3, kDepth));
-    this->ExpectRefused(objects, ParseError<TypeParam>(3, objects.size()));
-  });
 }
 
 }  // namespace

@@ -3,11 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 #include <string>
-#include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/un.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -45,19 +41,6 @@ class WithoutPrivileges {
 
   uid_t user_;
 };
-
-void MakeSocket(const std::string& path) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  if (path.copy(address.sun_path, sizeof address.sun_path) == sizeof address.sun_path) {
-    throw std::runtime_error("a socket cannot have so long a path");
-  }
-  const int socket_fd = socket(AF_UNIX, SOCK_STREAM, 0);
-  const void* bare_address = &address;
-  const int bound = bind(socket_fd, static_cast<const sockaddr*>(bare_address), sizeof address);
-  close(socket_fd);
-  if (bound != 0) throw std::system_error(errno, std::generic_category());
-}
 
 std::ptrdiff_t OpenFiles() {
   return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
@@ -128,22 +111,6 @@ TYPED_TEST(SourcePath, WithAZeroByteIsNotFoundAsAWhole) {
   this->ExpectNotFound(path + '\0');
   this->ExpectNotFound(path + '\0' + "bar");
   this->ExpectNotFound('\0' + path);
-}
-
-TYPED_TEST(SourcePath, OfAPipeNobodyWritesToIsNotFound) {
-  const std::string path = this->Path("pipe");
-  ASSERT_EQ(mkfifo(path.c_str(), S_IRUSR | S_IWUSR), 0);
-  this->ExpectNotFound(path);
-}
-
-TYPED_TEST(SourcePath, OfADeviceIsNotFound) {
-  this->ExpectNotFound("/dev/zero");
-  this->ExpectNotFound("/dev/null");
-}
-
-TYPED_TEST(SourcePath, OfASocketIsNotFound) {
-  MakeSocket(this->Path("socket"));
-  this->ExpectNotFound(this->Path("socket"));
 }
 
 TYPED_TEST(SourcePath, OfAFolderIsReadAsAnEmptyFile) {
