@@ -3,12 +3,12 @@
 // The library locks nothing: const operations may run together, a change (create, reload, delete)
 // must run alone. A std::shared_mutex says exactly that. Queries hold it shared, changes hold it
 // alone; what a query has answered belongs to the caller and is read without it.
+#include <array>
 #include <atomic>
 #include <iostream>
 #include <mutex>
 #include <shared_mutex>
 #include <thread>
-#include <vector>
 
 #include <zelk/provider/metadata/metamodel/services.h>
 
@@ -80,17 +80,16 @@ int main(int argc, char** argv) {
 
   std::atomic<bool> done{false};
   std::atomic<int> wrong{0};
-  std::vector<std::thread> readers;
-  for (int reader = 0; reader < 4; ++reader) {
-    readers.emplace_back([&] {
-      while (!done) {
-        const auto service = host.Find("com.orvane.zelk.metadata.metamodel.component");
-        // Between delete and create there is none. One that was found stays as it is.
-        if (service && service->operations.size() != 3) ++wrong;
-        std::this_thread::yield();
-      }
-    });
-  }
+  const auto read = [&] {
+    while (!done) {
+      const auto service = host.Find("com.orvane.zelk.metadata.metamodel.component");
+      // Between delete and create there is none. One that was found stays as it is.
+      if (service && service->operations.size() != 3) ++wrong;
+      std::this_thread::yield();
+    }
+  };
+  std::array<std::thread, 4> readers;
+  for (auto& reader : readers) reader = std::thread(read);
   for (int round = 0; round < 5; ++round) {
     host.Reload("own");
     host.Delete("own");
