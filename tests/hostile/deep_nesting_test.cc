@@ -282,6 +282,18 @@ TEST(DeepTypes, ThatEndInAnUnknownOneAreRefusedWithOneMessage) {
   });
 }
 
+TEST(DeepTypes, AreReleasedWhenSomethingBehindThemIsRefused) {
+  const std::string file =
+      MetamodelFile(Component("foo", {Package("p", {Structure("t", {Field("f"), Field("g")})})}));
+  const std::string refused =
+      Replaced(Replaced(file, kStringType, "<type>"), kStringType, kUnknownType);
+  ForEachType([&refused](const Nesting& nesting) {
+    const MetamodelSources sources;
+    EXPECT_EQ(sources.Create("m", Replaced(refused, "<type>", nesting.Whole())),
+              InvalidEnumValue("primitive_type"));
+  });
+}
+
 TEST(DeepTypes, ThatAreNeverClosedAreASyntaxErrorAtTheirEnd) {
   ForEachType([](const Nesting& nesting) {
     const MetamodelSources sources;
