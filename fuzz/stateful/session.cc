@@ -75,6 +75,13 @@ void Session::ReloadOne() {
 }
 
 void Session::ReloadAll() {
+  // What matters is which files are good or broken at that moment, so several change at once.
+  const auto changes = input_.Byte();
+  for (std::size_t index = 0; index < Disk::kFiles; ++index) {
+    const auto change = changes >> (2 * index) & 3U;
+    if (change == 1) WriteDocument(index);
+    if (change == 2) BreakText(index);
+  }
   Change("reload all", [](Services& services) { return services.Reload(boost::none); });
 }
 
