@@ -32,6 +32,8 @@ Session::Session(const Subject& subject, Input& input, Disk& disk)
       errors_foretold_(input.Size()) {}
 
 void Session::Run() {
+  // Most rules show only between sources.
+  for (auto count = input_.Below(4); count > 0; --count) Create();
   for (int step = 0; step < kMostSteps && !input_.Empty(); ++step) {
     Step();
     AskSome();
