@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include <boost/optional.hpp>
 
@@ -56,7 +57,7 @@ std::shared_ptr<const typename Domain::SourceData> LoadSource(
   return source;
 }
 
-/// Loads table entries anew from their own specs; the old data stays where that fails.
+/// Loads a table entry anew from its own spec; the old data stays when that fails.
 /// Intended: an error is kept from entry to entry, so one object that goes through several entries
 /// replaces none after the first that failed. A host then sees all of a broken set in its old state
 /// from there on.
@@ -67,28 +68,12 @@ class ReloadEntry {
   void operator()(Entry& entry) {
     auto fresh = LoadSource<Domain>(entry.second->spec, error_);
     if (!error_) {
-      replacements_.push_back({entry.second, std::move(fresh)});
-    }
-  }
-
-  /// Puts what was loaded into the table, which until then has not changed: when memory runs out
-  /// half-way through a reload of everything, nothing is half reloaded.
-  void Commit() noexcept {
-    for (auto& replacement : replacements_) {
-      replacement.place = std::move(replacement.fresh);
+      entry.second = std::move(fresh);
     }
   }
 
  private:
-  using SourcePtr = std::shared_ptr<const typename Domain::SourceData>;
-
-  struct Replacement {
-    SourcePtr& place;
-    SourcePtr fresh;
-  };
-
   ErrorPtr error_;
-  std::list<Replacement> replacements_;
 };
 
 /// The digest of one digest text of each source, in the order of the table.
@@ -130,8 +115,10 @@ class SourceRegistry {
   ErrorPtr Reload(const boost::optional<std::string>& id) {
     ReloadEntry<Domain> reload;
     if (!id) {
-      for (auto& entry : sources_) reload(entry);
-      reload.Commit();
+      // In a copy: when memory runs out half-way, nothing is half reloaded.
+      Table fresh = sources_;
+      for (auto& entry : fresh) reload(entry);
+      sources_.swap(fresh);
       return nullptr;
     }
     const auto found = sources_.find(*id);
@@ -140,7 +127,6 @@ class SourceRegistry {
       return MakeError<StdErrors::NotFound>(Domain::kExists, id);
     }
     reload(*found);
-    reload.Commit();
     return nullptr;
   }
 

@@ -60,7 +60,6 @@ TEST(CliSourceDomain, ReloadsAnEntryFromItsOwnSpec) {
   folder.Write("foo", kFile);
   reload once;
   once(entry);
-  once.Commit();
   EXPECT_EQ(entry.second->spec, spec);
   EXPECT_EQ(entry.second->namespaces.size(), 2u);
 }

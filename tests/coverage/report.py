@@ -10,10 +10,23 @@ A branch of a template counts as taken when any instantiation takes it.
 
 import collections
 import json
+import os.path
 import pathlib
 import sys
 
 LEAST_BRANCHES = 95.0
+
+# What is no code of the product.
+NOT_MEASURED = {"benchmarks", "build", "examples", "fuzz", "tests"}
+
+
+def measured_file(name, source_dir):
+    """The file's path from the top of the sources; None when its coverage does not count."""
+    file = pathlib.Path(os.path.normpath(name))
+    if source_dir not in file.parents:
+        return None
+    file = file.relative_to(source_dir)
+    return None if file.parts[0] in NOT_MEASURED else str(file)
 
 
 def read_exceptions(path):
@@ -36,12 +49,12 @@ def read_exceptions(path):
 def read_lines(path, source_dir):
     """How often each line ran: {file: {line: count}}."""
     lines = collections.defaultdict(dict)
-    file = ""
+    file = None
     for entry in path.read_text().splitlines():
         key, _, value = entry.partition(":")
         if key == "SF":
-            file = str(pathlib.Path(value).relative_to(source_dir))
-        elif key == "DA":
+            file = measured_file(value, source_dir)
+        elif key == "DA" and file:
             line, count = value.split(",")[:2]
             lines[file][int(line)] = int(count)
     return lines
@@ -51,9 +64,9 @@ def read_branches(path, source_dir):
     """How often each side of each condition was taken: {file: {position: [true, false]}}."""
     branches = collections.defaultdict(dict)
     for entry in json.loads(path.read_text())["data"][0]["files"]:
-        sides_at = branches[str(pathlib.Path(entry["filename"]).relative_to(source_dir))]
-        for branch in entry["branches"]:
-            sides = sides_at.setdefault(tuple(branch[:4]), [0, 0])
+        file = measured_file(entry["filename"], source_dir)
+        for branch in entry["branches"] if file else []:
+            sides = branches[file].setdefault(tuple(branch[:4]), [0, 0])
             sides[0] += branch[4]
             sides[1] += branch[5]
     return branches

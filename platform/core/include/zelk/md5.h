@@ -14,7 +14,8 @@ namespace Zelk {
 
 // An MD5 digest in the making. It tells contents apart and protects nothing.
 //
-// Every operation but Update throws std::bad_alloc when memory runs out; nothing else fails.
+// The constructor and both kinds of hexdigest throw std::bad_alloc when memory runs out; nothing
+// else fails.
 class ZELK_CORE_EXPORT MD5 {
  public:
   MD5();
