@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "authentication/json_metadata_parser.h"
+#include "common/tree_queries.h"
 
 namespace Zelk::Provider::Metadata::Authentication {
 
@@ -17,6 +18,10 @@ bool SourceDomain::Parse(TextBuffer text, const std::shared_ptr<SourceData>& sou
 void SourceDomain::SetFingerprint(SourceData& source, const std::string& digest) {
   source.fingerprint = digest;
   source.component_fingerprint = digest;
+}
+
+void SourceDomain::PushNames(const SourceData& source, std::vector<NameMark>& names) {
+  PushTreeNames(std::pair(std::string(), &source), names);
 }
 
 JsonMetadataContainer::JsonMetadataContainer() = default;

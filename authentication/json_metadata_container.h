@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include <zelk/provider/metadata/authentication/metadata_container.h>
 
 #include "authentication/source_data.h"
@@ -17,8 +19,8 @@ struct SourceDomain {
   static constexpr const char* kNotFound = MessageId::kAuthenticationSourceNotFound;
   static constexpr const char* kFileNotFound = MessageId::kAuthenticationSourceFileNotFound;
 
-  static bool Parse(TextBuffer text, const std::shared_ptr<SourceData>& source,
-                    Errors& errors);
+  static bool Parse(TextBuffer text, const std::shared_ptr<SourceData>& source, Errors& errors);
+  static void PushNames(const SourceData& source, std::vector<NameMark>& names);
   static void SetFingerprint(SourceData& source, const std::string& digest);
 };
 

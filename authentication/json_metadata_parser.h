@@ -38,8 +38,7 @@ class JsonMetadataParser {
 
   /// Reads one file; true when it is accepted, whatever `errors` holds then.
   static bool LoadMetadata(std::istream& in, const RegisterCallbacks& callbacks, Errors& errors);
-  static bool LoadMetadata(TextBuffer text, const RegisterCallbacks& callbacks,
-                           Errors& errors);
+  static bool LoadMetadata(TextBuffer text, const RegisterCallbacks& callbacks, Errors& errors);
 
   static bool ParseAuthentication(const RegisterCallbacks& callbacks, const JsonValue& value,
                                   Errors& errors);

@@ -54,7 +54,8 @@ std::shared_ptr<const Bindings::OperationInfo> JsonMetadataContainer::OperationI
     return true;
   };
   WalkSources(sources_.Sources(),
-              WalkComponents{WalkPackages{SelectService{service_id, take_operation}}});
+              IfMayHold(NameMark(kServiceName, service_id),
+                        WalkComponents{WalkPackages{SelectService{service_id, take_operation}}}));
   return operation;
 }
 

@@ -1,8 +1,18 @@
 #include "cli/json_metadata_container.h"
 
+#include <vector>
+
 #include "cli/metadata_parser.h"
 
 namespace Zelk::Provider::Metadata::Cli {
+namespace {
+
+template <typename Nodes>
+void PushIdentities(NameKind kind, const Nodes& nodes, std::vector<NameMark>& names) {
+  for (const auto& node : nodes) names.emplace_back(kind, node.first->path, node.first->name);
+}
+
+}  // namespace
 
 bool SourceDomain::Parse(TextBuffer text, const std::shared_ptr<SourceData>& source,
                          Errors& errors) {
@@ -12,6 +22,11 @@ bool SourceDomain::Parse(TextBuffer text, const std::shared_ptr<SourceData>& sou
     source->commands[info->identity] = info;
   };
   return MetadataParser::LoadMetadata(std::move(text), on_namespace, on_command, errors);
+}
+
+void SourceDomain::PushNames(const SourceData& source, std::vector<NameMark>& names) {
+  PushIdentities(kNamespaceName, source.namespaces, names);
+  PushIdentities(kCommandName, source.commands, names);
 }
 
 void SourceDomain::SetFingerprint(SourceData& source, const std::string& digest) {

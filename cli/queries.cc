@@ -37,13 +37,16 @@ std::list<std::shared_ptr<const Identity>> Identities(
   return identities;
 }
 
-/// The record of the first source that has the identity in `nodes`; null when none has.
+/// The record of the first source that has the identity in `nodes`, where its name is of the
+/// kind; null when none has.
 template <typename Identity, typename Nodes>
 typename Nodes::mapped_type FindNode(const SourceRegistry<SourceDomain>::Table& sources,
-                                     Nodes SourceData::*nodes,
+                                     NameKind kind, Nodes SourceData::*nodes,
                                      const std::shared_ptr<const Identity>& identity) {
   if (!identity) return nullptr;
+  const NameMark name(kind, identity->path, identity->name);
   for (const auto& source : sources) {
+    if (!source.second->names.MayHold(name)) continue;
     const auto& map = (*source.second).*nodes;
     const auto found = map.find(identity);
     if (found != map.end()) return found->second;
@@ -61,7 +64,7 @@ JsonMetadataContainer::ListNamespaces() const {
 
 std::shared_ptr<const Bindings::NamespaceSvc::Info> JsonMetadataContainer::NamespaceInfo(
     const std::shared_ptr<const Bindings::NamespaceSvc::Identity>& identity) const {
-  return FindNode(sources_.Sources(), &SourceData::namespaces, identity);
+  return FindNode(sources_.Sources(), kNamespaceName, &SourceData::namespaces, identity);
 }
 
 std::string JsonMetadataContainer::NamespaceFingerprint() const {
@@ -76,7 +79,7 @@ JsonMetadataContainer::ListCommands(const boost::optional<std::string>& namespac
 
 std::shared_ptr<const Bindings::CommandSvc::Info> JsonMetadataContainer::CommandInfo(
     const std::shared_ptr<const Bindings::CommandSvc::Identity>& identity) const {
-  return FindNode(sources_.Sources(), &SourceData::commands, identity);
+  return FindNode(sources_.Sources(), kCommandName, &SourceData::commands, identity);
 }
 
 std::string JsonMetadataContainer::CommandFingerprint() const {

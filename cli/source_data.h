@@ -23,6 +23,9 @@ struct ByIdentity {
   }
 };
 
+/// The kinds of names that filters keep.
+enum NameKind : unsigned { kNamespaceName, kCommandName };
+
 /// What one CLI file declares: a tree of namespaces and the commands in them.
 struct SourceData : SourceRecord<Bindings::SourceSvc::CreateSpec, Bindings::SourceSvc::Info> {
   using SourceRecord::SourceRecord;

@@ -19,6 +19,7 @@ add_library(zelk-metadata-services-objects OBJECT
   common/json_heap.cc
   common/json_lookup.cc
   common/message_catalog.cc
+  common/name_filter.cc
   common/source_file.cc
   common/text_buffer.cc
   metamodel/component_parser.cc

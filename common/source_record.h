@@ -3,6 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "common/name_filter.h"
+
 namespace Zelk::Provider::Metadata {
 
 /// What a loaded source of any domain knows about itself. Filled while its file is loaded, never
@@ -14,6 +16,8 @@ struct SourceRecord {
         info(std::make_shared<Info>(spec->description, spec->type, spec->file_path,
                                     spec->address)) {}
 
+  /// The names that lookups can find in it; those that it does not hold pass it over.
+  NameFilter names;
   /// What the source was created with; a reload reads it again.
   std::shared_ptr<const CreateSpec> spec;
   std::shared_ptr<Info> info;

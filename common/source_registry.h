@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <boost/optional.hpp>
 
@@ -12,6 +13,7 @@
 #include <zelk/md5.h>
 
 #include "common/errors.h"
+#include "common/name_filter.h"
 #include "common/source_file.h"
 
 namespace Zelk::Provider::Metadata {
@@ -22,6 +24,7 @@ namespace Zelk::Provider::Metadata {
 // - kExists, kNotFound, kFileNotFound: message ids;
 // - static bool Parse(text, source, errors): fills a new SourceData from a file's text, which it
 //   may write over;
+// - static void PushNames(source, names): appends the names that lookups in it can ask for;
 // - static void SetFingerprint(source, digest): called once the file has parsed.
 
 /// Reads and parses the file of `spec` into a new source. On failure null, with `error` set.
@@ -54,6 +57,9 @@ std::shared_ptr<const typename Domain::SourceData> LoadSource(
     error = ErrorFactory::GetError<StdErrors::InvalidArgument>(messages);
     return nullptr;
   }
+  std::vector<NameMark> names;
+  Domain::PushNames(*source, names);
+  source->names = NameFilter(names);
   Domain::SetFingerprint(*source, digest.hexdigest());
   return source;
 }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <boost/optional.hpp>
 
@@ -13,6 +14,16 @@
 // that have it. Walk order: sources, and at each level the records, in ascending key order.
 
 namespace Zelk::Provider::Metadata {
+
+/// The kinds of names that filters keep of the tree; domains add theirs.
+enum NameKind : unsigned { kPackageName, kServiceName, kFirstNameOfDomain };
+
+/// Appends the marks of the names in the tree of a source, which is an entry of a table.
+template <typename Entry>
+void PushTreeNames(const Entry& source, std::vector<NameMark>& names) {
+  WalkComponents{WalkPackages{PushMark{kPackageName, names}}}(source);
+  WalkComponents{WalkPackages{WalkServices{PushMark{kServiceName, names}}}}(source);
+}
 
 /// Appends the key of every entry met; records are kept under their names.
 class PushKey {
@@ -81,7 +92,8 @@ template <typename PackageInfo, typename Table>
 std::shared_ptr<const PackageInfo> FindPackage(const Table& sources,
                                                const std::string& package_id) {
   std::shared_ptr<const PackageInfo> package;
-  WalkSources(sources, WalkComponents{SelectPackage{package_id, Assign{package}}});
+  WalkSources(sources, IfMayHold(NameMark(kPackageName, package_id),
+                                 WalkComponents{SelectPackage{package_id, Assign{package}}}));
   return package;
 }
 
@@ -90,7 +102,9 @@ template <typename ServiceInfo, typename Table>
 std::shared_ptr<const ServiceInfo> FindService(const Table& sources,
                                                const std::string& service_id) {
   std::shared_ptr<const ServiceInfo> service;
-  WalkSources(sources, WalkComponents{WalkPackages{SelectService{service_id, Assign{service}}}});
+  WalkSources(sources,
+              IfMayHold(NameMark(kServiceName, service_id),
+                        WalkComponents{WalkPackages{SelectService{service_id, Assign{service}}}}));
   return service;
 }
 

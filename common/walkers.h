@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <boost/range/algorithm/find_if.hpp>
+
+#include "common/name_filter.h"
 
 // Function objects that a query nests in the order of the tree, outermost level first, such as
 //   WalkComponents{WalkPackages{WalkServices{PushName{names}}}}
@@ -131,5 +135,57 @@ template <typename Table, typename Walker>
 bool WalkSources(const Table& sources, const Walker& walker) {
   return boost::range::find_if(sources, walker) != sources.end();
 }
+
+/// Hands a source to `Inner` unless its filter says that it does not hold the name.
+template <typename Inner>
+class IfMayHold {
+ public:
+  IfMayHold(const NameMark& name, Inner inner) : name_(name), inner_(std::move(inner)) {}
+
+  template <typename Entry>
+  bool operator()(const Entry& source) const {
+    return source.second->names.MayHold(name_) && inner_(source);
+  }
+
+ private:
+  NameMark name_;
+  Inner inner_;
+};
+
+/// The same as to walk the sources once for each walker, one after another, until a walk has a hit;
+/// but the table is gone through once, and only sources that may hold the name are walked. A hit of
+/// an earlier walker counts more than one in an earlier source, so the result of a walker may be
+/// overwritten by that of one before it.
+template <typename Table, typename... Walkers>
+void WalkSourcesByLevel(const Table& sources, const NameMark& name, const Walkers&... walkers) {
+  std::size_t open = sizeof...(walkers);  // the first so many can still have a better hit
+  for (auto source = sources.begin(); source != sources.end() && open > 0; ++source) {
+    if (!source->second->names.MayHold(name)) continue;
+    std::size_t level = 0;
+    const auto hits = [&](const auto& walker) {
+      if (level == open || walker(*source)) return true;
+      ++level;
+      return false;
+    };
+    static_cast<void>((hits(walkers) || ...));
+    open = level;
+  }
+}
+
+/// Appends the marks, as names of the kind, of the keys of all entries met.
+class PushMark {
+ public:
+  PushMark(unsigned kind, std::vector<NameMark>& names) : kind_(kind), names_(names) {}
+
+  template <typename Entry>
+  bool operator()(const Entry& entry) const {
+    names_.emplace_back(kind_, entry.first);
+    return false;
+  }
+
+ private:
+  unsigned kind_;
+  std::vector<NameMark>& names_;
+};
 
 }  // namespace Zelk::Provider::Metadata

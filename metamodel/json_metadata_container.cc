@@ -2,7 +2,9 @@
 
 #include <functional>
 
+#include "common/tree_queries.h"
 #include "metamodel/json_metadata_parser.h"
+#include "metamodel/walkers.h"
 
 namespace Zelk::Provider::Metadata::Metamodel {
 
@@ -20,6 +22,30 @@ bool SourceDomain::Parse(TextBuffer text, const std::shared_ptr<SourceData>& sou
 void SourceDomain::SetFingerprint(SourceData& source, const std::string& digest) {
   source.fingerprint = digest;
   source.component_fingerprint = digest;
+}
+
+void SourceDomain::PushNames(const SourceData& source, std::vector<NameMark>& names) {
+  const std::pair entry(std::string(), &source);
+  PushTreeNames(entry, names);
+  for (const auto kind : {kStructureName, kPackageStructureName}) {
+    WalkComponents{WalkPackages{WalkStructures{PushMark{kind, names}}}}(entry);
+  }
+  for (const auto kind : {kStructureName, kServiceStructureName}) {
+    WalkComponents{WalkPackages{WalkServices{WalkStructures{PushMark{kind, names}}}}}(entry);
+  }
+  for (const auto kind : {kEnumerationName, kPackageEnumerationName}) {
+    WalkComponents{WalkPackages{WalkEnumerations{PushMark{kind, names}}}}(entry);
+  }
+  for (const auto kind : {kEnumerationName, kServiceEnumerationName}) {
+    WalkComponents{WalkPackages{WalkServices{WalkEnumerations{PushMark{kind, names}}}}}(entry);
+  }
+  for (const auto kind : {kEnumerationName, kPackageStructureEnumerationName}) {
+    WalkComponents{WalkPackages{WalkStructures{WalkEnumerations{PushMark{kind, names}}}}}(entry);
+  }
+  for (const auto kind : {kEnumerationName, kServiceStructureEnumerationName}) {
+    WalkComponents{
+        WalkPackages{WalkServices{WalkStructures{WalkEnumerations{PushMark{kind, names}}}}}}(entry);
+  }
 }
 
 JsonMetadataContainer::JsonMetadataContainer() = default;

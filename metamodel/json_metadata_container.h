@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include <zelk/provider/metadata/metamodel/metadata_container.h>
 
 #include "common/source_registry.h"
@@ -18,6 +20,7 @@ struct SourceDomain {
   static constexpr const char* kFileNotFound = MessageId::kMetamodelSourceFileNotFound;
 
   static bool Parse(TextBuffer text, const std::shared_ptr<SourceData>& source, Errors& errors);
+  static void PushNames(const SourceData& source, std::vector<NameMark>& names);
   static void SetFingerprint(SourceData& source, const std::string& digest);
 };
 

@@ -70,13 +70,16 @@ std::list<std::string> JsonMetadataContainer::ListEnumerations() const {
 std::shared_ptr<const Bindings::EnumerationInfo> JsonMetadataContainer::EnumerationInfo(
     const std::string& enumeration_id) const {
   std::shared_ptr<const Bindings::EnumerationInfo> enumeration;
-  const auto& sources = sources_.Sources();
   const SelectEnumeration select{enumeration_id, Assign{enumeration}};
-  static_cast<void>(
-      WalkSources(sources, WalkComponents{WalkPackages{select}}) ||
-      WalkSources(sources, WalkComponents{WalkPackages{WalkServices{select}}}) ||
-      WalkSources(sources, WalkComponents{WalkPackages{WalkStructures{select}}}) ||
-      WalkSources(sources, WalkComponents{WalkPackages{WalkServices{WalkStructures{select}}}}));
+  WalkSourcesByLevel(sources_.Sources(), NameMark(kEnumerationName, enumeration_id),
+                     IfMayHold(NameMark(kPackageEnumerationName, enumeration_id),
+                               WalkComponents{WalkPackages{select}}),
+                     IfMayHold(NameMark(kServiceEnumerationName, enumeration_id),
+                               WalkComponents{WalkPackages{WalkServices{select}}}),
+                     IfMayHold(NameMark(kPackageStructureEnumerationName, enumeration_id),
+                               WalkComponents{WalkPackages{WalkStructures{select}}}),
+                     IfMayHold(NameMark(kServiceStructureEnumerationName, enumeration_id),
+                               WalkComponents{WalkPackages{WalkServices{WalkStructures{select}}}}));
   return enumeration;
 }
 
@@ -92,10 +95,12 @@ std::list<std::string> JsonMetadataContainer::ListStructures() const {
 std::shared_ptr<const Bindings::StructureInfo> JsonMetadataContainer::StructureInfo(
     const std::string& structure_id) const {
   std::shared_ptr<const Bindings::StructureInfo> structure;
-  const auto& sources = sources_.Sources();
   const SelectStructure select{structure_id, Assign{structure}};
-  static_cast<void>(WalkSources(sources, WalkComponents{WalkPackages{select}}) ||
-                    WalkSources(sources, WalkComponents{WalkPackages{WalkServices{select}}}));
+  WalkSourcesByLevel(sources_.Sources(), NameMark(kStructureName, structure_id),
+                     IfMayHold(NameMark(kPackageStructureName, structure_id),
+                               WalkComponents{WalkPackages{select}}),
+                     IfMayHold(NameMark(kServiceStructureName, structure_id),
+                               WalkComponents{WalkPackages{WalkServices{select}}}));
   return structure;
 }
 

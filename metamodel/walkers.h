@@ -4,6 +4,7 @@
 #include <set>
 #include <string>
 
+#include "common/tree_queries.h"
 #include "common/walkers.h"
 
 namespace Zelk::Provider::Metadata::Metamodel {
@@ -22,6 +23,18 @@ inline constexpr auto kEnumerations = [](const auto& record) -> const auto& {
 };
 inline constexpr auto kResources = [](const auto& record) -> const auto& {
   return record.resources;
+};
+
+/// Structures and enumerations are marked twice: at whatever level they stand, and at that one.
+enum MetamodelNameKind : unsigned {
+  kStructureName = kFirstNameOfDomain,
+  kEnumerationName,
+  kPackageStructureName,
+  kServiceStructureName,
+  kPackageEnumerationName,
+  kServiceEnumerationName,
+  kPackageStructureEnumerationName,
+  kServiceStructureEnumerationName,
 };
 
 template <typename Inner>

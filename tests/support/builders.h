@@ -33,6 +33,13 @@ class Part {
     return part;
   }
 
+  /// The same part with one more inside it.
+  Part With(const Part& child) const {
+    Part part = *this;
+    part.Add(child);
+    return part;
+  }
+
   /// The same part with those annotations, as the members of its "metadata".
   Part Annotated(const std::string& annotations) const {
     Part part = *this;

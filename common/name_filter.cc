@@ -1,0 +1,47 @@
+#include "common/name_filter.h"
+
+#include <functional>
+
+namespace Zelk::Provider::Metadata {
+namespace {
+
+constexpr std::size_t kNamesInBlock = 4;
+
+// With more bits, blocks with many names would let more others pass; with fewer, those with few.
+constexpr int kBitsInWord = 4;
+
+// An odd number whose bits have no pattern (the golden ratio's), for spreading hashes.
+constexpr std::uint64_t kSpread = 0x9e3779b97f4a7c15;
+
+std::uint64_t Hash(std::string_view text) {
+  return std::hash<std::string_view>()(text);
+}
+
+}  // namespace
+
+NameMark::NameMark(unsigned kind, std::string_view name) : NameMark(kind, Hash(name)) {}
+
+NameMark::NameMark(unsigned kind, std::string_view path, std::string_view name)
+    : NameMark(kind, Hash(path) * kSpread + Hash(name)) {}
+
+NameMark::NameMark(unsigned kind, std::uint64_t hash) : position_(hash >> 32), bits_{} {
+  std::uint64_t choices = (hash ^ kind) * kSpread;
+  choices ^= choices >> 32;
+  choices *= kSpread;
+  for (auto& word : bits_) {
+    for (int bit = 0; bit < kBitsInWord; ++bit) {
+      word |= std::uint64_t{1} << (choices >> 58);
+      choices <<= 6;
+    }
+  }
+}
+
+NameFilter::NameFilter(const std::vector<NameMark>& names)
+    : blocks_((names.size() + kNamesInBlock - 1) / kNamesInBlock) {
+  for (const auto& name : names) {
+    auto& block = blocks_[IndexOf(name)];
+    for (std::size_t word = 0; word < block.size(); ++word) block[word] |= name.bits_[word];
+  }
+}
+
+}  // namespace Zelk::Provider::Metadata
