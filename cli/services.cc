@@ -41,7 +41,7 @@ void AsyncServiceImpl::Get(
     const Activation& /*activation*/,
     const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::CommandSvc::Info>>& result) {
   DeliverOrNotFound(result, container_->CommandInfo(identity), MessageId::kCliCommandNotFound,
-                    FullName(identity));
+                    [&identity] { return FullName(identity); });
 }
 
 void AsyncServiceImpl::Fingerprint(const Activation& /*activation*/,
@@ -70,7 +70,7 @@ void AsyncServiceImpl::Get(
     const Activation& /*activation*/,
     const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::NamespaceSvc::Info>>& result) {
   DeliverOrNotFound(result, container_->NamespaceInfo(identity), MessageId::kCliNamespaceNotFound,
-                    FullName(identity));
+                    [&identity] { return FullName(identity); });
 }
 
 void AsyncServiceImpl::Fingerprint(const Activation& /*activation*/,

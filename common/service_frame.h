@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <type_traits>
 
 #include <boost/optional.hpp>
 
@@ -44,6 +46,16 @@ const Names& Known(const boost::optional<Names>& answer) {
   return *answer;
 }
 
+/// A key as an argument of a message; one that costs something to make is given as a function.
+template <typename Key>
+decltype(auto) MessageArgument(const Key& key) {
+  if constexpr (std::is_invocable_v<const Key&>) {
+    return key();
+  } else {
+    return (key);
+  }
+}
+
 /// Delivers `answer`, or for an empty one NotFound with the message `message_id` about `keys`.
 template <typename Result, typename Answer, typename... Keys>
 void DeliverOrNotFound(const ::Zelk::AsyncResult<Result>& result, const Answer& answer,
@@ -51,7 +63,7 @@ void DeliverOrNotFound(const ::Zelk::AsyncResult<Result>& result, const Answer& 
   if (IsKnown(answer)) {
     result(Known(answer));
   } else {
-    result.error(MakeError<StdErrors::NotFound>(message_id, keys...));
+    result.error(MakeError<StdErrors::NotFound>(message_id, MessageArgument(keys)...));
   }
 }
 
