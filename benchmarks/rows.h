@@ -1,0 +1,20 @@
+#pragma once
+
+#include "table.h"
+
+namespace Zelk::Benchmarks {
+
+/// How much is measured: a quick run leaves out the largest files and does fewer rounds.
+struct Extent {
+  bool is_quick;
+
+  int Rounds(int rounds) const { return is_quick ? (rounds + 4) / 5 : rounds; }
+};
+
+// Each registers benchmarks that add their rows to `table` when they are run.
+
+/// Loading and releasing, beside the least that a load has to do and beside the obvious way to do
+/// it.
+void RegisterLoads(const Extent& extent, Table& table);
+
+}  // namespace Zelk::Benchmarks
