@@ -32,11 +32,20 @@ double Contest::MedianSeconds(std::size_t contender) const {
 }
 
 double Contest::MedianRatio(std::size_t one, std::size_t other) const {
-  std::vector<double> ratios;
-  for (std::size_t round = 0; round < contenders_[one].seconds.size(); ++round) {
-    ratios.push_back(contenders_[one].seconds[round] / contenders_[other].seconds[round]);
-  }
-  return Median(std::move(ratios));
+  return MedianOf(one, other, std::divides<>());
+}
+
+double Contest::MedianDifference(std::size_t one, std::size_t other) const {
+  return MedianOf(one, other, std::minus<>());
+}
+
+template <typename Compare>
+double Contest::MedianOf(std::size_t one, std::size_t other, const Compare& compare) const {
+  const std::vector<double>& seconds = contenders_[one].seconds;
+  std::vector<double> compared(seconds.size());
+  std::transform(seconds.begin(), seconds.end(), contenders_[other].seconds.begin(),
+                 compared.begin(), compare);
+  return Median(std::move(compared));
 }
 
 }  // namespace Zelk::Benchmarks

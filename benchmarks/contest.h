@@ -23,11 +23,17 @@ class Contest {
   /// The median of what `one` took against `other` in the same round.
   double MedianRatio(std::size_t one, std::size_t other) const;
 
+  /// The median of how many seconds longer `one` took than `other` in the same round.
+  double MedianDifference(std::size_t one, std::size_t other) const;
+
  private:
   struct Contender {
     std::function<double()> once;
     std::vector<double> seconds;
   };
+
+  template <typename Compare>
+  double MedianOf(std::size_t one, std::size_t other, const Compare& compare) const;
 
   std::vector<Contender> contenders_;
 };

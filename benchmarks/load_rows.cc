@@ -1,9 +1,8 @@
 #include <malloc.h>
 #include <string>
-#include <vector>
 
 #include "contest.h"
-#include "corpus.h"
+#include "file_set.h"
 #include "host.h"
 #include "plain_loads.h"
 #include "rows.h"
@@ -12,13 +11,8 @@
 namespace Zelk::Benchmarks {
 namespace {
 
-constexpr std::size_t kMegabyte = 1'000'000;
-
 struct Case {
-  DomainId domain;
-  std::size_t files;
-  std::size_t bytes;
-  Layout layout;
+  FileSet files;
   int rounds;
   bool has_goals;
   bool is_quick;
@@ -27,29 +21,21 @@ struct Case {
 constexpr auto kCompact = Layout::kCompact;
 constexpr auto kPretty = Layout::kPretty;
 constexpr Case kCases[] = {
-    {DomainId::kMetamodel, 1, kMegabyte, kCompact, 101, true, true},
-    {DomainId::kMetamodel, 1, kMegabyte, kPretty, 101, true, true},
-    {DomainId::kMetamodel, 1, 10 * kMegabyte, kCompact, 25, true, true},
-    {DomainId::kMetamodel, 1, 10 * kMegabyte, kPretty, 25, true, true},
-    {DomainId::kMetamodel, 1, 50 * kMegabyte, kCompact, 7, false, false},
-    {DomainId::kMetamodel, 1, 50 * kMegabyte, kPretty, 7, false, false},
-    {DomainId::kMetamodel, 333, kMegabyte / 4, kCompact, 5, false, false},
-    {DomainId::kMetamodel, 333, kMegabyte / 4, kPretty, 5, false, false},
-    {DomainId::kAuthentication, 1, kMegabyte, kCompact, 101, true, true},
-    {DomainId::kAuthentication, 1, 10 * kMegabyte, kCompact, 25, true, true},
-    {DomainId::kAuthentication, 1, 10 * kMegabyte, kPretty, 25, true, false},
-    {DomainId::kCli, 1, kMegabyte, kCompact, 101, true, true},
-    {DomainId::kCli, 1, 10 * kMegabyte, kCompact, 25, true, true},
-    {DomainId::kCli, 1, 10 * kMegabyte, kPretty, 25, true, false},
+    {{DomainId::kMetamodel, 1, kMegabyte, kCompact}, 101, true, true},
+    {{DomainId::kMetamodel, 1, kMegabyte, kPretty}, 101, true, true},
+    {{DomainId::kMetamodel, 1, 10 * kMegabyte, kCompact}, 25, true, true},
+    {{DomainId::kMetamodel, 1, 10 * kMegabyte, kPretty}, 25, true, true},
+    {{DomainId::kMetamodel, 1, 50 * kMegabyte, kCompact}, 7, false, false},
+    {{DomainId::kMetamodel, 1, 50 * kMegabyte, kPretty}, 7, false, false},
+    {{DomainId::kMetamodel, 333, kMegabyte / 4, kCompact}, 5, false, false},
+    {{DomainId::kMetamodel, 333, kMegabyte / 4, kPretty}, 5, false, false},
+    {{DomainId::kAuthentication, 1, kMegabyte, kCompact}, 101, true, true},
+    {{DomainId::kAuthentication, 1, 10 * kMegabyte, kCompact}, 25, true, true},
+    {{DomainId::kAuthentication, 1, 10 * kMegabyte, kPretty}, 25, true, false},
+    {{DomainId::kCli, 1, kMegabyte, kCompact}, 101, true, true},
+    {{DomainId::kCli, 1, 10 * kMegabyte, kCompact}, 25, true, true},
+    {{DomainId::kCli, 1, 10 * kMegabyte, kPretty}, 25, true, false},
 };
-
-std::string NameOf(const Case& load) {
-  std::string name = NameOf(load.domain);
-  name += load.files == 1 ? ", " : ", " + std::to_string(load.files) + " files of ";
-  name += load.bytes >= kMegabyte ? std::to_string(load.bytes / kMegabyte) + " MB"
-                                  : std::to_string(load.bytes / 1000) + " kB";
-  return name + (load.layout == kCompact ? ", compact" : ", pretty");
-}
 
 /// Every contender begins with a heap that has handed back what the others used, as that of a host
 /// which starts.
@@ -62,8 +48,8 @@ double SecondsFromTrimmedHeap(const Work& work) {
 }
 
 void Compare(const Case& load, benchmark::State& state, Table& table) {
-  const Corpus corpus({load.domain, load.bytes, load.layout, 1}, load.files);
-  const auto host = MakeHost(load.domain, corpus.Paths());
+  const Corpus corpus = MakeCorpus(load.files);
+  const auto host = MakeHost(load.files.domain, corpus.Paths());
   Contest contest;
   const auto ours = contest.Add([&] { return SecondsFromTrimmedHeap([&] { host->CreateAll(); }); });
   const auto release = contest.Add([&] {
@@ -81,7 +67,7 @@ void Compare(const Case& load, benchmark::State& state, Table& table) {
   const auto text = [&](std::size_t contender) {
     return SecondsText(contest.MedianSeconds(contender));
   };
-  const std::string name = NameOf(load);
+  const std::string name = NameOf(load.files);
   table.Add({"load / floor", name, text(ours), text(floor), contest.MedianRatio(ours, floor), "",
              goal(Goal::AtMost(1.4))});
   table.Add({"naive / load", name, text(ours), text(naive), contest.MedianRatio(naive, ours), "",
@@ -96,7 +82,7 @@ void RegisterLoads(const Extent& extent, Table& table) {
   for (const Case& load : kCases) {
     if (extent.is_quick && !load.is_quick) continue;
     benchmark::RegisterBenchmark(
-        ("load: " + NameOf(load)).c_str(),
+        ("load: " + NameOf(load.files)).c_str(),
         [&load, &table](benchmark::State& state) { Compare(load, state, table); })
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond)

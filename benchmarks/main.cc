@@ -25,6 +25,8 @@ int main(int argc, char** argv) {
 
   Table table;
   RegisterLoads(extent, table);
+  RegisterMemory(extent, table);
+  RegisterServices(extent, table);
 
   benchmark::ConsoleReporter progress(benchmark::ConsoleReporter::OO_None);
   progress.SetOutputStream(&std::cerr);

@@ -17,4 +17,10 @@ struct Extent {
 /// it.
 void RegisterLoads(const Extent& extent, Table& table);
 
+/// What is in memory after a load and at its peak, each in a process of its own.
+void RegisterMemory(const Extent& extent, Table& table);
+
+/// What a service adds to its container's operation: time, and allocations.
+void RegisterServices(const Extent& extent, Table& table);
+
 }  // namespace Zelk::Benchmarks

@@ -1,21 +1,16 @@
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <string>
 #include <unistd.h>
 
-#include <zelk/provider/metadata/authentication/metadata_container.h>
-#include <zelk/provider/metadata/cli/metadata_container.h>
-#include <zelk/provider/metadata/metamodel/metadata_container.h>
-
 #include "heap_use.h"
+#include "host.h"
 #include "shapes.h"
+#include "stopwatch.h"
 
 // How the cost of loading a file grows with its size: files of four sizes in every shape, and the
 // exponent of the power law that fits best. 1 is linear. The exit status is 1 when memory, which is
@@ -25,8 +20,6 @@ namespace {
 
 using namespace Zelk::Benchmarks;  // NOLINT(google-build-using-namespace): a program
 namespace fs = std::filesystem;
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
-namespace Provider = ::Zelk::Provider::Metadata;
 
 constexpr std::size_t kSizes = 4;
 constexpr int kRuns = 3;
@@ -43,44 +36,19 @@ struct Cost {
 
 using Series = std::array<Cost, kSizes>;
 
-double SecondsSince(std::chrono::steady_clock::time_point start) {
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-template <typename Container, typename CreateSpec>
-Cost Load(const fs::path& path) {
-  const auto spec = std::make_shared<const CreateSpec>(
-      "", Bindings::SourceType(Bindings::SourceType::LOCAL_FILE), path.string(), boost::none);
-  const auto container = Container::GetInstance();
+Cost Load(DomainId domain, const fs::path& path) {
+  const auto host = MakeHost(domain, {path.string()});
   const auto before = static_cast<double>(LiveBytes());
   ResetPeak();
-  const auto load = std::chrono::steady_clock::now();
-  if (container->CreateSource("s", spec) != nullptr) {
-    fs::remove(path);
-    std::fputs("scaling: a file that was made here is refused\n", stderr);
-    std::exit(2);
-  }
+  const Stopwatch load;
+  host->CreateAll();
   Cost cost{};
-  cost.load_seconds = SecondsSince(load);
+  cost.load_seconds = load.Seconds();
   cost.peak_bytes = static_cast<double>(PeakBytes()) - before;
-  const auto release = std::chrono::steady_clock::now();
-  container->DeleteSource("s");
-  cost.release_seconds = SecondsSince(release);
+  const Stopwatch release;
+  host->DeleteAll();
+  cost.release_seconds = release.Seconds();
   return cost;
-}
-
-Cost Load(DomainId domain, const fs::path& path) {
-  switch (domain) {
-    case DomainId::kMetamodel:
-      return Load<Provider::Metamodel::MetadataContainer,
-                  Bindings::Metamodel::SourceSvc::CreateSpec>(path);
-    case DomainId::kAuthentication:
-      return Load<Provider::Authentication::MetadataContainer,
-                  Bindings::Authentication::SourceSvc::CreateSpec>(path);
-    case DomainId::kCli:
-      break;
-  }
-  return Load<Provider::Cli::MetadataContainer, Bindings::Cli::SourceSvc::CreateSpec>(path);
 }
 
 /// The best of several runs, as the one that was disturbed least.
