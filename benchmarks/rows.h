@@ -20,6 +20,13 @@ void RegisterLoads(const Extent& extent, Table& table);
 /// What is in memory after a load and at its peak, each in a process of its own.
 void RegisterMemory(const Extent& extent, Table& table);
 
+/// Loading beside protobuf's descriptors of the same interfaces.
+void RegisterPeer(const Extent& extent, Table& table);
+
+/// Lookups beside those of protobuf's descriptors, how they grow with the number of sources, and
+/// lists.
+void RegisterLookups(const Extent& extent, Table& table);
+
 /// What a service adds to its container's operation: time, and allocations.
 void RegisterServices(const Extent& extent, Table& table);
 

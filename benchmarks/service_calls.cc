@@ -38,7 +38,7 @@ ServiceCall Call(std::string name, Ask ask, Serve serve) {
         if (!answer) throw std::runtime_error("a service does not know what its container lists");
       });
   const auto activation = std::make_shared<Core::AsyncActivation>();
-  return {std::move(name),
+  return {std::move(name), std::is_same_v<Answer, std::list<std::string>>,
           [ask](std::size_t times) {
             while (times-- > 0) ask();
           },
