@@ -5,6 +5,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -12,6 +13,7 @@
 #include "contest.h"
 #include "corpus.h"
 #include "descriptors.h"
+#include "growth.h"
 #include "lookups.h"
 #include "rows.h"
 #include "stopwatch.h"
@@ -140,6 +142,8 @@ struct Stage {
   bool is_last;
 };
 
+/// The step between the fewest and the most sources, and the exponent from ten sources on: with
+/// fewer, what a walk does once is most of it.
 void AddGrowth(const std::string& name, const std::map<std::size_t, double>& seconds,
                Table& table) {
   const auto& [few, least] = *seconds.begin();
@@ -147,6 +151,13 @@ void AddGrowth(const std::string& name, const std::map<std::size_t, double>& sec
   if (few == many) return;
   table.Add({"step of one more source", name, SecondsText(most), SecondsText(least),
              (most - least) * 1e9 / static_cast<double>(many - few), " ns", Goal::AtMost(5)});
+  std::vector<std::pair<double, double>> points;
+  for (auto point = seconds.lower_bound(10); point != seconds.end(); ++point) {
+    points.emplace_back(static_cast<double>(point->first), point->second);
+  }
+  if (points.size() < 2) return;
+  table.Add({"exponent of sources", name, SecondsText(points.back().second),
+             SecondsText(points.front().second), GrowthExponent(points), "", Goal::AtMost(1.1)});
 }
 
 template <typename Domain>

@@ -1,12 +1,14 @@
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
+#include "growth.h"
 #include "heap_use.h"
 #include "host.h"
 #include "shapes.h"
@@ -64,22 +66,10 @@ Cost BestLoad(const Shape& shape, std::size_t size, const fs::path& path) {
   return best;
 }
 
-/// The slope of the straight line through the logarithms, by least squares.
 double Exponent(const Series& series, double Cost::*cost) {
-  double sum_x = 0;
-  double sum_y = 0;
-  double sum_xx = 0;
-  double sum_xy = 0;
-  for (const Cost& point : series) {
-    const double x = std::log(point.bytes);
-    const double y = std::log(std::max(point.*cost, 1e-9));
-    sum_x += x;
-    sum_y += y;
-    sum_xx += x * x;
-    sum_xy += x * y;
-  }
-  const double count = kSizes;
-  return (count * sum_xy - sum_x * sum_y) / (count * sum_xx - sum_x * sum_x);
+  std::vector<std::pair<double, double>> points;
+  for (const Cost& point : series) points.emplace_back(point.bytes, point.*cost);
+  return GrowthExponent(points);
 }
 
 /// Prints the row of a shape; false when its memory grows too fast.
