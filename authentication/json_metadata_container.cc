@@ -6,12 +6,12 @@
 
 namespace Zelk::Provider::Metadata::Authentication {
 
-bool SourceDomain::Parse(const std::string& text, const std::shared_ptr<SourceData>& source,
+bool SourceDomain::Parse(TextBuffer text, const std::shared_ptr<SourceData>& source,
                          Errors& errors) {
   using std::placeholders::_1;
   using std::placeholders::_2;
   return JsonMetadataParser::LoadMetadata(
-      text, std::bind(&SourceData::RegisterComponentNode, source, _1, _2), errors);
+      std::move(text), std::bind(&SourceData::RegisterComponentNode, source, _1, _2), errors);
 }
 
 void SourceDomain::SetFingerprint(SourceData& source, const std::string& digest) {

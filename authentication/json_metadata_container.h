@@ -17,7 +17,7 @@ struct SourceDomain {
   static constexpr const char* kNotFound = MessageId::kAuthenticationSourceNotFound;
   static constexpr const char* kFileNotFound = MessageId::kAuthenticationSourceFileNotFound;
 
-  static bool Parse(const std::string& text, const std::shared_ptr<SourceData>& source,
+  static bool Parse(TextBuffer text, const std::shared_ptr<SourceData>& source,
                     Errors& errors);
   static void SetFingerprint(SourceData& source, const std::string& digest);
 };

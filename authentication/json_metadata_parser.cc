@@ -40,14 +40,14 @@ auto With(Parse parse, Arguments&... arguments) {
 
 bool JsonMetadataParser::LoadMetadata(std::istream& in, const RegisterCallbacks& callbacks,
                                       Errors& errors) {
-  return LoadMetadata(ReadAll(in), callbacks, errors);
+  return LoadMetadata(TextBuffer(ReadAll(in)), callbacks, errors);
 }
 
-bool JsonMetadataParser::LoadMetadata(std::string_view text, const RegisterCallbacks& callbacks,
+bool JsonMetadataParser::LoadMetadata(TextBuffer text, const RegisterCallbacks& callbacks,
                                       Errors& errors) {
-  JsonDocument document;
-  if (!ParseJson(text, MessageId::kAuthenticationParseError, document, errors)) return false;
-  return JsonObjectMember<void>(document, "authentication",
+  JsonDocument document(std::move(text));
+  if (!document.Parse(MessageId::kAuthenticationParseError, errors)) return false;
+  return JsonObjectMember<void>(document.Root(), "authentication",
                                 WithCallbacks(callbacks, ParseAuthentication), errors)
       .Ok();
 }

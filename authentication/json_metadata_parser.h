@@ -6,7 +6,6 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include <com/orvane/zelk/metadata/authentication/records.h>
@@ -39,7 +38,7 @@ class JsonMetadataParser {
 
   /// Reads one file; true when it is accepted, whatever `errors` holds then.
   static bool LoadMetadata(std::istream& in, const RegisterCallbacks& callbacks, Errors& errors);
-  static bool LoadMetadata(std::string_view text, const RegisterCallbacks& callbacks,
+  static bool LoadMetadata(TextBuffer text, const RegisterCallbacks& callbacks,
                            Errors& errors);
 
   static bool ParseAuthentication(const RegisterCallbacks& callbacks, const JsonValue& value,

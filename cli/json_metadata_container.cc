@@ -4,14 +4,14 @@
 
 namespace Zelk::Provider::Metadata::Cli {
 
-bool SourceDomain::Parse(const std::string& text, const std::shared_ptr<SourceData>& source,
+bool SourceDomain::Parse(TextBuffer text, const std::shared_ptr<SourceData>& source,
                          Errors& errors) {
   const auto on_namespace = [&source](const NamespacePtr& info) { source->RegisterNsNode(info); };
   // Intended: the later of two commands of the same identity counts.
   const auto on_command = [&source](const std::shared_ptr<Bindings::CommandSvc::Info>& info) {
     source->commands[info->identity] = info;
   };
-  return MetadataParser::LoadMetadata(text, on_namespace, on_command, errors);
+  return MetadataParser::LoadMetadata(std::move(text), on_namespace, on_command, errors);
 }
 
 void SourceDomain::SetFingerprint(SourceData& source, const std::string& digest) {

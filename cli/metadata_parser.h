@@ -3,7 +3,6 @@
 #include <istream>
 #include <memory>
 #include <string>
-#include <string_view>
 
 #include <com/orvane/zelk/metadata/cli/records.h>
 
@@ -22,15 +21,15 @@ class MetadataParser {
   template <typename NamespaceCallback, typename CommandCallback>
   static bool LoadMetadata(std::istream& in, const NamespaceCallback& on_namespace,
                            const CommandCallback& on_command, Errors& errors) {
-    return LoadMetadata(ReadAll(in), on_namespace, on_command, errors);
+    return LoadMetadata(TextBuffer(ReadAll(in)), on_namespace, on_command, errors);
   }
 
   template <typename NamespaceCallback, typename CommandCallback>
-  static bool LoadMetadata(std::string_view text, const NamespaceCallback& on_namespace,
+  static bool LoadMetadata(TextBuffer text, const NamespaceCallback& on_namespace,
                            const CommandCallback& on_command, Errors& errors) {
-    JsonDocument document;
-    if (!ParseJson(text, MessageId::kCliParseError, document, errors)) return false;
-    const JsonValue* nodes = FindMember(document, "cli", errors);
+    JsonDocument document(std::move(text));
+    if (!document.Parse(MessageId::kCliParseError, errors)) return false;
+    const JsonValue* nodes = FindMember(document.Root(), "cli", errors);
     return nodes != nullptr && FillMaps(*nodes, on_namespace, on_command, errors);
   }
 

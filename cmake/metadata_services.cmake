@@ -16,9 +16,11 @@ add_library(zelk-metadata-services-objects OBJECT
   cli/source_data.cc
   common/json_document.cc
   common/json_enum.cc
+  common/json_heap.cc
   common/json_lookup.cc
   common/message_catalog.cc
   common/source_file.cc
+  common/text_buffer.cc
   metamodel/component_parser.cc
   metamodel/constant_parser.cc
   metamodel/json_metadata_container.cc

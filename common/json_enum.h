@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "common/json_lookup.h"
 
@@ -14,14 +16,23 @@ class EnumConverter {
   /// The enumerator of `E` whose text is `text`, upper and lower case alike; the unknown value
   /// holding the upper-cased text when there is none.
   template <typename E>
-  static E Convert(const std::string& text) {
-    std::string upper = ToUpper(text);
+  static E Convert(std::string_view text) {
+    E exact = FindExact<E>(text);
+    if (exact.Value() != E::UNKNOWN) return exact;
+    std::string upper = ToUpper(std::string(text));
+    E converted = FindExact<E>(upper);
+    return converted.Value() != E::UNKNOWN ? converted : E::Unknown(std::move(upper));
+  }
+
+  /// The enumerator of `E` whose text is exactly `text`; unknown when there is none.
+  template <typename E>
+  static E FindExact(std::string_view text) {
     for (int value = 0; E::Strings::values[value] != nullptr; ++value) {
-      if (upper == E::Strings::values[value]) {
+      if (text == E::Strings::values[value]) {
         return E(static_cast<typename E::Enumerator>(value));
       }
     }
-    return E::Unknown(std::move(upper));
+    return E();
   }
 };
 
@@ -38,7 +49,7 @@ bool CheckEnum(const E& value, const char* name, Errors& errors) {
 /// Reads an enumerator of `E` from a JSON string.
 template <typename E>
 bool ParseEnum(const JsonValue& value, const char* name, Errors& errors, E& result) {
-  result = EnumConverter::Convert<E>(ValToString(value));
+  result = EnumConverter::Convert<E>(TextOf(value));
   return CheckEnum(result, name, errors);
 }
 
@@ -47,7 +58,7 @@ bool ParseEnum(const JsonValue& value, const char* name, Errors& errors, E& resu
 template <typename E>
 bool ParseAliasedEnum(const JsonValue& value, const char* name, Errors& errors, E& result,
                       const char* alias, typename E::Enumerator meaning) {
-  result = EnumConverter::Convert<E>(ValToString(value));
+  result = EnumConverter::Convert<E>(TextOf(value));
   if (result.Text() == alias) {
     result = meaning;
   }

@@ -27,8 +27,11 @@ JsonMembers::JsonMembers(const JsonValue& value) {
 }
 
 const JsonValue* FindMember(const JsonValue& object, const char* name) {
+  const std::size_t length = std::strlen(name);
   for (const auto& member : JsonMembers(object)) {
-    if (std::strcmp(member.name.GetString(), name) == 0) {
+    // The zero byte after the name is compared too; it may stand within a longer key.
+    if (member.name.GetStringLength() >= length &&
+        std::memcmp(member.name.GetString(), name, length + 1) == 0) {
       return &member.value;
     }
   }
@@ -58,10 +61,6 @@ JsonLookup LookUp(const JsonValue& object, const char* name, JsonType type, Pres
     return {presence == Presence::kOptional, nullptr};
   }
   return {CheckType(*value, type, name, errors), value};
-}
-
-std::string ValToString(const JsonValue& value) {
-  return std::string(value.GetString(), value.GetStringLength());
 }
 
 }  // namespace Zelk::Provider::Metadata

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "common/json_document.h"
 
@@ -47,7 +48,15 @@ bool CheckType(const JsonValue& value, JsonType type, const char* name, Errors& 
 JsonLookup LookUp(const JsonValue& object, const char* name, JsonType type, Presence presence,
                   Errors& errors);
 
-/// The text of a JSON string, embedded zero bytes kept. `value` must be a string.
-std::string ValToString(const JsonValue& value);
+/// The text of a JSON string, embedded zero bytes kept. `value` must be a string, and the view ends
+/// with its document.
+inline std::string_view TextOf(const JsonValue& value) {
+  return {value.GetString(), value.GetStringLength()};
+}
+
+/// A copy of that text.
+inline std::string ValToString(const JsonValue& value) {
+  return std::string(TextOf(value));
+}
 
 }  // namespace Zelk::Provider::Metadata

@@ -1,13 +1,13 @@
 #include "common/source_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
+#include <cstring>
 #include <fcntl.h>
-#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include "common/json_document.h"
+#include <utility>
 
 namespace Zelk::Provider::Metadata {
 namespace {
@@ -42,25 +42,26 @@ std::size_t ReadSome(int descriptor, char* buffer, std::size_t size) {
   return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 
-std::string ReadToEnd(int descriptor, std::size_t expected_size) {
-  if (expected_size > kMaxTextSize) throw std::bad_alloc();
-  // One byte more than expected, so that a file of that size ends the loop on its second read.
-  std::string bytes(expected_size + 1, '\0');
+TextBuffer ReadToEnd(int descriptor, std::size_t expected_size) {
+  TextBuffer text(expected_size);
   std::size_t filled = 0;
-  while (const auto count = ReadSome(descriptor, &bytes[filled], bytes.size() - filled)) {
+  // Asks for one byte more than expected, which takes the place of the zero byte: a file of that
+  // size ends the loop on its second read.
+  while (const auto count = ReadSome(descriptor, text.Data() + filled, text.Size() + 1 - filled)) {
     filled += count;
-    if (filled > kMaxTextSize) throw std::bad_alloc();  // it grows while it is read
-    if (filled == bytes.size()) {
-      bytes.resize(bytes.size() * 2);
+    if (filled > text.Size()) {  // it grows while it is read
+      TextBuffer larger(std::max(filled, std::min(2 * filled, kMaxTextSize)));
+      std::memcpy(larger.Data(), text.Data(), filled);
+      text = std::move(larger);
     }
   }
-  bytes.resize(filled);
-  return bytes;
+  text.Truncate(filled);
+  return text;
 }
 
 }  // namespace
 
-boost::optional<std::string> ReadSourceFile(const std::string& path) {
+boost::optional<TextBuffer> ReadSourceFile(const std::string& path) {
   // The system would silently look at the part before a zero byte.
   if (path.find('\0') != std::string::npos) return boost::none;
   const FileDescriptor file(path);
@@ -68,7 +69,7 @@ boost::optional<std::string> ReadSourceFile(const std::string& path) {
   struct stat status {};
 
   if (!file.IsOpen() || fstat(file.Get(), &status) != 0) return boost::none;
-  if (S_ISDIR(status.st_mode)) return std::string();
+  if (S_ISDIR(status.st_mode)) return TextBuffer(0);
   if (!S_ISREG(status.st_mode)) return boost::none;
   return ReadToEnd(file.Get(), static_cast<std::size_t>(status.st_size));
 }

@@ -20,7 +20,8 @@ namespace Zelk::Provider::Metadata {
 //
 // - SourceData, CreateSpec, Info: the record of a source, what it is made from and described by;
 // - kExists, kNotFound, kFileNotFound: message ids;
-// - static bool Parse(text, source, errors): fills a new SourceData from a file's text;
+// - static bool Parse(text, source, errors): fills a new SourceData from a file's text, which it
+//   may write over;
 // - static void SetFingerprint(source, digest): called once the file has parsed.
 
 /// Reads and parses the file of `spec` into a new source. On failure null, with `error` set.
@@ -40,19 +41,19 @@ std::shared_ptr<const typename Domain::SourceData> LoadSource(
     return nullptr;
   }
   const std::string path = spec->file_path.value_or(std::string());
-  const auto text = ReadSourceFile(path);
+  auto text = ReadSourceFile(path);
   if (!text) {
     error = MakeError<StdErrors::NotFound>(Domain::kFileNotFound, path);
     return nullptr;
   }
   const auto source = std::make_shared<typename Domain::SourceData>(spec);
+  ::Zelk::MD5 digest;
+  digest.Update(text->Data(), text->Size());
   Errors messages;
-  if (!Domain::Parse(*text, source, messages)) {
+  if (!Domain::Parse(std::move(*text), source, messages)) {
     error = ErrorFactory::GetError<StdErrors::InvalidArgument>(messages);
     return nullptr;
   }
-  ::Zelk::MD5 digest;
-  digest.Update(*text);
   Domain::SetFingerprint(*source, digest.hexdigest());
   return source;
 }

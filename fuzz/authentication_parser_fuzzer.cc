@@ -6,6 +6,7 @@
 #include "authentication/json_metadata_parser.h"
 #include "authentication/source_data.h"
 #include "fuzz/support/parser_check.h"
+#include "support/as_source.h"
 
 namespace Zelk::Provider::Metadata::Authentication {
 namespace {
@@ -50,7 +51,7 @@ Outcome Load(Source&& in) {
       "", ::Com::Orvane::Zelk::Metadata::SourceType::LOCAL_FILE, boost::none, boost::none));
   Errors errors;
   const bool ok = JsonMetadataParser::LoadMetadata(
-      in,
+      Testing::AsSource(in),
       [&](const std::string& name, const std::shared_ptr<Bindings::ComponentInfo>& component) {
         source.RegisterComponentNode(name, component);
       },

@@ -6,6 +6,7 @@
 #include "cli/metadata_parser.h"
 #include "cli/source_data.h"
 #include "fuzz/support/parser_check.h"
+#include "support/as_source.h"
 
 namespace Zelk::Provider::Metadata::Cli {
 namespace {
@@ -51,7 +52,7 @@ Outcome Load(Source&& in) {
       "", ::Com::Orvane::Zelk::Metadata::SourceType::LOCAL_FILE, boost::none, boost::none));
   Errors errors;
   const bool ok = MetadataParser::LoadMetadata(
-      in, [&](const NamespacePtr& info) { source.RegisterNsNode(info); },
+      Testing::AsSource(in), [&](const NamespacePtr& info) { source.RegisterNsNode(info); },
       [&](const std::shared_ptr<Bindings::CommandSvc::Info>& info) {
         source.commands[info->identity] = info;
       },

@@ -170,7 +170,7 @@ const Helper kHelpers[] = {
 };
 
 /// The document as the library parses it and as RapidJSON does by default are one.
-void CheckDocuments(const JsonDocument& ours, const rapidjson::Document& default_mode,
+void CheckDocuments(const JsonValue& ours, const rapidjson::Document& default_mode,
                     const Testing::Lines& messages) {
   if (default_mode.HasParseError()) {
     Fuzzing::CheckSame(
@@ -189,15 +189,15 @@ void CheckDocuments(const JsonDocument& ours, const rapidjson::Document& default
 }
 
 void CheckHelper(const Helper& helper, std::string_view text) {
-  JsonDocument document;
+  JsonDocument document{TextBuffer(text)};
   Errors errors;
-  const bool parsed = ParseJson(text, "id", document, errors);
+  const bool parsed = document.Parse("id", errors);
   Fuzzing::Check(parsed == errors.empty(), "a text is refused with a message, or read without");
-  const std::string bound = parsed ? helper.bind(document) : "";
+  const std::string bound = parsed ? helper.bind(document.Root()) : "";
   if (!Fuzzing::CanAskDefaultMode(text)) return;
   rapidjson::Document default_mode;
   Fuzzing::ParseInDefaultMode(text, default_mode);
-  CheckDocuments(document, default_mode, Testing::MessageTexts(errors));
+  CheckDocuments(document.Root(), default_mode, Testing::MessageTexts(errors));
   if (parsed) Fuzzing::CheckSame(bound, helper.expect(default_mode), helper.name);
 }
 

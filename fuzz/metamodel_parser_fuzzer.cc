@@ -6,6 +6,7 @@
 #include "fuzz/support/parser_check.h"
 #include "metamodel/json_metadata_parser.h"
 #include "metamodel/source_data.h"
+#include "support/as_source.h"
 #include "support/record_dump.h"
 
 namespace Zelk::Provider::Metadata::Metamodel {
@@ -49,7 +50,7 @@ Outcome Load(Source&& in) {
         source.RegisterModel(resource_id, structure);
       }};
   Errors errors;
-  const bool ok = JsonMetadataParser::LoadMetadata(in, callbacks, errors);
+  const bool ok = JsonMetadataParser::LoadMetadata(Testing::AsSource(in), callbacks, errors);
   CheckSource(source, ok);
   return {ok, DumpOf(source), Testing::MessageTexts(errors)};
 }

@@ -6,15 +6,15 @@ namespace Zelk::Provider::Metadata::Metamodel {
 
 bool JsonMetadataParser::LoadMetadata(std::istream& in, const RegisterCallbacks& callbacks,
                                       Errors& errors) {
-  return LoadMetadata(ReadAll(in), callbacks, errors);
+  return LoadMetadata(TextBuffer(ReadAll(in)), callbacks, errors);
 }
 
-bool JsonMetadataParser::LoadMetadata(std::string_view text, const RegisterCallbacks& callbacks,
+bool JsonMetadataParser::LoadMetadata(TextBuffer text, const RegisterCallbacks& callbacks,
                                       Errors& errors) {
-  JsonDocument document;
-  if (!ParseJson(text, MessageId::kMetamodelParseError, document, errors)) return false;
-  return JsonObjectMember<void>(document, "metamodel", WithCallbacks(callbacks, ParseMetamodel),
-                                errors)
+  JsonDocument document(std::move(text));
+  if (!document.Parse(MessageId::kMetamodelParseError, errors)) return false;
+  return JsonObjectMember<void>(document.Root(), "metamodel",
+                                WithCallbacks(callbacks, ParseMetamodel), errors)
       .Ok();
 }
 
@@ -79,7 +79,8 @@ Named<Bindings::ServiceInfo> JsonMetadataParser::ParseService(const RegisterCall
   MapMember<Bindings::StructureInfo> structures(value, "structures",
                                                 WithCallbacks(callbacks, ParseStructure), errors);
   if (!structures.Ok()) return {};
-  MapMember<Bindings::ConstantInfo> constants(value, "constants", ParseConstant, errors);
+  MapMember<Bindings::ConstantInfo> constants(value, "constants",
+                                              WithCallbacks(callbacks, ParseConstant), errors);
   if (!constants.Ok()) return {};
   MapMember<Bindings::OperationInfo> operations(value, "operations",
                                                 WithCallbacks(callbacks, ParseOperation), errors);
@@ -117,7 +118,7 @@ bool JsonMetadataParser::ParseResult(const RegisterCallbacks& callbacks, const J
   if (!documentation.Ok()) return false;
   MetadataMember metadata(value, callbacks, errors);
   if (!metadata.Ok()) return false;
-  JsonObjectMember<TypePtr> type(value, "type", ParseType, errors);
+  JsonObjectMember<TypePtr> type(value, "type", WithCallbacks(callbacks, ParseType), errors);
   if (!type.Ok()) return false;
   result = std::make_shared<Bindings::OperationResultInfo>(type.Take(), metadata.Take(),
                                                            documentation.Take());

@@ -27,14 +27,16 @@ PrimitiveType ToPrimitiveType(const BuiltinType& builtin_type) {
 
 }  // namespace
 
-Named<Bindings::ConstantInfo> JsonMetadataParser::ParseConstant(const JsonValue& value,
+Named<Bindings::ConstantInfo> JsonMetadataParser::ParseConstant(const RegisterCallbacks& callbacks,
+                                                                const JsonValue& value,
                                                                 Errors& errors) {
   constexpr char kValue[] = "value";
   JsonMember<std::string> name(value, "name", errors);
   if (!name.Ok()) return {};
   JsonMember<std::string> documentation(value, "documentation", errors);
   if (!documentation.Ok()) return {};
-  JsonObjectMember<ConstantType> type(value, "type", ParseConstantType, errors);
+  JsonObjectMember<ConstantType> type(value, "type", WithCallbacks(callbacks, ParseConstantType),
+                                      errors);
   if (!type.Ok()) return {};
   const JsonValue* constant = FindMember(value, kValue, errors);
   if (constant == nullptr) return {};
@@ -50,13 +52,14 @@ Named<Bindings::ConstantInfo> JsonMetadataParser::ParseConstant(const JsonValue&
                                                                 documentation.Take())};
 }
 
-bool JsonMetadataParser::ParseConstantType(const JsonValue& value, ConstantType& result,
+bool JsonMetadataParser::ParseConstantType(const RegisterCallbacks& callbacks,
+                                           const JsonValue& value, ConstantType& result,
                                            Errors& errors) {
   JsonMember<ConstantCategory> category(value, "category", errors);
   if (!category.Ok()) return false;
   JsonMember<BuiltinType> type(value, "type", errors);
   if (!type.Ok()) return false;
-  auto builtin = GetBuildinType(type.Take());
+  TypePtr builtin = callbacks.builtin_types.Get(type.Value());
   result = {category.Value(), category.Value() == ConstantCategory::LIST
                                   ? GetGenericType(GenericType::LIST, std::move(builtin))
                                   : std::move(builtin)};

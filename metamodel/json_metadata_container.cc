@@ -6,7 +6,7 @@
 
 namespace Zelk::Provider::Metadata::Metamodel {
 
-bool SourceDomain::Parse(const std::string& text, const std::shared_ptr<SourceData>& source,
+bool SourceDomain::Parse(TextBuffer text, const std::shared_ptr<SourceData>& source,
                          Errors& errors) {
   using std::placeholders::_1;
   using std::placeholders::_2;
@@ -14,7 +14,7 @@ bool SourceDomain::Parse(const std::string& text, const std::shared_ptr<SourceDa
       std::bind(&SourceData::RegisterComponentNode, source, _1),
       std::bind(&SourceData::RegisterResoure, source, _1),
       std::bind(&SourceData::RegisterModel, source, _1, _2)};
-  return JsonMetadataParser::LoadMetadata(text, callbacks, errors);
+  return JsonMetadataParser::LoadMetadata(std::move(text), callbacks, errors);
 }
 
 void SourceDomain::SetFingerprint(SourceData& source, const std::string& digest) {

@@ -17,8 +17,7 @@ struct SourceDomain {
   static constexpr const char* kNotFound = MessageId::kMetamodelSourceNotFound;
   static constexpr const char* kFileNotFound = MessageId::kMetamodelSourceFileNotFound;
 
-  static bool Parse(const std::string& text, const std::shared_ptr<SourceData>& source,
-                    Errors& errors);
+  static bool Parse(TextBuffer text, const std::shared_ptr<SourceData>& source, Errors& errors);
   static void SetFingerprint(SourceData& source, const std::string& digest);
 };
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <istream>
 #include <map>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include <com/orvane/zelk/metadata/metamodel/records.h>
@@ -22,6 +22,15 @@ using Named = std::pair<std::string, std::shared_ptr<const Record>>;
 
 using TypePtr = std::shared_ptr<const Bindings::Type>;
 
+/// The built-in types that one load has met: each is made once and shared by the load's records.
+class BuiltinTypes {
+ public:
+  const TypePtr& Get(Bindings::TypeEnumerations::BuiltinType builtin_type);
+
+ private:
+  std::array<TypePtr, Bindings::TypeEnumerations::BuiltinType::UNKNOWN + 1> types_;
+};
+
 /// Reads Metamodel files. Keeps no state; every operation appends its messages to `errors`, reads
 /// the keys of an object in the order of the format and stops at the first that fails.
 class JsonMetadataParser {
@@ -35,12 +44,14 @@ class JsonMetadataParser {
     std::function<void(const std::string& resource_id)> resource;
     /// Each resource type and the structure that is a model of it.
     std::function<void(const std::string& resource_id, const std::string& structure)> model;
+
+    /// What the records made under these callbacks share.
+    mutable BuiltinTypes builtin_types{};
   };
 
   /// Reads one file; true when the whole of it parsed and `callbacks.component` has been called.
   static bool LoadMetadata(std::istream& in, const RegisterCallbacks& callbacks, Errors& errors);
-  static bool LoadMetadata(std::string_view text, const RegisterCallbacks& callbacks,
-                           Errors& errors);
+  static bool LoadMetadata(TextBuffer text, const RegisterCallbacks& callbacks, Errors& errors);
 
   // The document down to operations: component_parser.cc.
   static bool ParseMetamodel(const RegisterCallbacks& callbacks, const JsonValue& value,
@@ -83,11 +94,13 @@ class JsonMetadataParser {
                                                            const JsonValue& value, Errors& errors);
   static std::shared_ptr<const Bindings::EnumerationValueInfo> ParseEnumValues(
       const RegisterCallbacks& callbacks, const JsonValue& value, Errors& errors);
-  static Named<Bindings::ConstantInfo> ParseConstant(const JsonValue& value, Errors& errors);
+  static Named<Bindings::ConstantInfo> ParseConstant(const RegisterCallbacks& callbacks,
+                                                     const JsonValue& value, Errors& errors);
 
   /// What a constant's type object says: how the value is held, and the type of the constant.
   using ConstantType = std::pair<Bindings::ConstantValueEnumerations::Category, TypePtr>;
-  static bool ParseConstantType(const JsonValue& value, ConstantType& result, Errors& errors);
+  static bool ParseConstantType(const RegisterCallbacks& callbacks, const JsonValue& value,
+                                ConstantType& result, Errors& errors);
   /// Never null; the primitive value in it is, when there is none to be read.
   static std::shared_ptr<const Bindings::ConstantValue> ParseConstantPrimitiveValue(
       const JsonValue& value, const char* name, Errors& errors,
@@ -97,9 +110,11 @@ class JsonMetadataParser {
       const Bindings::PrimitiveValueEnumerations::Type& primitive_type);
 
   // Types, nested to any depth: type_parser.cc.
-  static bool ParseType(const JsonValue& value, TypePtr& type, Errors& errors);
+  static bool ParseType(const RegisterCallbacks& callbacks, const JsonValue& value, TypePtr& type,
+                        Errors& errors);
   static TypePtr ParseUserDefinedType(const JsonValue& value, Errors& errors);
-  static TypePtr ParseGenericType(const JsonValue& value, Errors& errors);
+  static TypePtr ParseGenericType(const RegisterCallbacks& callbacks, const JsonValue& value,
+                                  Errors& errors);
   static bool ParseCategoryEnum(const JsonValue& value, const char* name, Errors& errors,
                                 Bindings::TypeEnumerations::Category& result);
   static bool ParseBinEnum(const JsonValue& value, const char* name, Errors& errors,

@@ -11,7 +11,7 @@ std::shared_ptr<const Bindings::FieldInfo> JsonMetadataParser::ParseFieldInfo(
   if (!documentation.Ok()) return nullptr;
   MetadataMember metadata(value, callbacks, errors);
   if (!metadata.Ok()) return nullptr;
-  JsonObjectMember<TypePtr> type(value, "type", ParseType, errors);
+  JsonObjectMember<TypePtr> type(value, "type", WithCallbacks(callbacks, ParseType), errors);
   if (!type.Ok()) return nullptr;
   return std::make_shared<Bindings::FieldInfo>(name.Take(), type.Take(), metadata.Take(),
                                                documentation.Take());
@@ -30,7 +30,8 @@ Named<Bindings::StructureInfo> JsonMetadataParser::ParseStructure(
   MapMember<Bindings::EnumerationInfo> enumerations(
       value, "enumerations", WithCallbacks(callbacks, ParseEnumeration), errors);
   if (!enumerations.Ok()) return {};
-  MapMember<Bindings::ConstantInfo> constants(value, "constants", ParseConstant, errors);
+  MapMember<Bindings::ConstantInfo> constants(value, "constants",
+                                              WithCallbacks(callbacks, ParseConstant), errors);
   if (!constants.Ok()) return {};
   ListMember<Bindings::FieldInfo> fields(value, "fields", WithCallbacks(callbacks, ParseFieldInfo),
                                          errors);

@@ -1,3 +1,4 @@
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -16,16 +17,17 @@ TypePtr ToType(std::shared_ptr<const Bindings::GenericInstantiation> generic_ins
                                           std::move(generic_instantiation));
 }
 
-TypePtr ParseBuiltinType(const JsonValue& value, Errors& errors) {
+TypePtr ParseBuiltinType(BuiltinTypes& builtin_types, const JsonValue& value, Errors& errors) {
   JsonMember<BuiltinType, JsonMetadataParser::ParseBinEnum> type(value, "primitive_type", errors);
-  return type.Ok() ? JsonMetadataParser::GetBuildinType(type.Take()) : nullptr;
+  return type.Ok() ? builtin_types.Get(type.Value()) : nullptr;
 }
 
 /// Reads one type object and all that nest in it. Generic types wait on a stack of their own until
 /// the types they are made of are read: files nest deeper than a thread's stack would bear.
 class NestedTypeReader {
  public:
-  explicit NestedTypeReader(Errors& errors) : errors_(errors) {}
+  NestedTypeReader(BuiltinTypes& builtin_types, Errors& errors)
+      : builtin_types_(builtin_types), errors_(errors) {}
 
   /// Null when the type or one that it is made of cannot be read.
   TypePtr Read(const JsonValue& value) { return ReadFrom(&value); }
@@ -50,7 +52,7 @@ class NestedTypeReader {
       if (category.Value() == Category::GENERIC) {
         part = Open(*part);
       } else if (category.Value() == Category::BUILTIN) {
-        part = Supply(ParseBuiltinType(*part, errors_));
+        part = Supply(ParseBuiltinType(builtin_types_, *part, errors_));
       } else {
         part = Supply(JsonMetadataParser::ParseUserDefinedType(*part, errors_));
       }
@@ -91,6 +93,7 @@ class NestedTypeReader {
     return found.ok ? found.value : nullptr;
   }
 
+  BuiltinTypes& builtin_types_;
   Errors& errors_;
   std::vector<OpenType> open_;
   TypePtr done_;
@@ -98,8 +101,15 @@ class NestedTypeReader {
 
 }  // namespace
 
-bool JsonMetadataParser::ParseType(const JsonValue& value, TypePtr& type, Errors& errors) {
-  type = NestedTypeReader(errors).Read(value);
+const TypePtr& BuiltinTypes::Get(BuiltinType builtin_type) {
+  auto& type = types_.at(static_cast<std::size_t>(builtin_type.Value()));
+  if (!type) type = JsonMetadataParser::GetBuildinType(std::move(builtin_type));
+  return type;
+}
+
+bool JsonMetadataParser::ParseType(const RegisterCallbacks& callbacks, const JsonValue& value,
+                                   TypePtr& type, Errors& errors) {
+  type = NestedTypeReader(callbacks.builtin_types, errors).Read(value);
   return type != nullptr;
 }
 
@@ -119,8 +129,9 @@ TypePtr JsonMetadataParser::ParseUserDefinedType(const JsonValue& value, Errors&
       std::make_shared<Bindings::UserDefinedType>(std::move(type), resource_id.Take()));
 }
 
-TypePtr JsonMetadataParser::ParseGenericType(const JsonValue& value, Errors& errors) {
-  return NestedTypeReader(errors).ReadGeneric(value);
+TypePtr JsonMetadataParser::ParseGenericType(const RegisterCallbacks& callbacks,
+                                             const JsonValue& value, Errors& errors) {
+  return NestedTypeReader(callbacks.builtin_types, errors).ReadGeneric(value);
 }
 
 bool JsonMetadataParser::ParseCategoryEnum(const JsonValue& value, const char* name, Errors& errors,

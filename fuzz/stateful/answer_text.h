@@ -29,7 +29,7 @@ std::string NamesText(const Names& names) {
   return "names " + text;
 }
 
-inline std::string SourceText(const std::string& description, int type,
+inline std::string TextBuffer(const std::string& description, int type,
                               const boost::optional<std::string>& file_path,
                               const boost::optional<std::string>& address) {
   return "source " + Testing::Quoted(description) + " " + std::to_string(type) + " " +

@@ -89,7 +89,7 @@ class LibraryServices : public Services {
 
   template <typename Info>
   static std::string InfoText(const Info& info) {
-    return SourceText(info.description, info.type.Value(), info.file_path, info.address);
+    return TextBuffer(info.description, info.type.Value(), info.file_path, info.address);
   }
 
   std::shared_ptr<Container> container_ = Container::GetInstance();

@@ -167,7 +167,7 @@ class ModelSources final : public Services {
     const auto index = IndexOf(id);
     if (index == sources_.size()) return NotFound(Id("source.not.found"), {id});
     const Spec& spec = sources_[index].spec;
-    return SourceText(spec.description, spec.type, spec.file_path, spec.address);
+    return TextBuffer(spec.description, spec.type, spec.file_path, spec.address);
   }
 
   std::string FingerprintOf(const std::string& id) const {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "authentication/parsed.h"
+#include "support/as_source.h"
 
 namespace Zelk::Provider::Metadata::Authentication {
 namespace {
@@ -28,7 +29,7 @@ struct FullMessage {
 std::vector<FullMessage> MessagesOfFile(const std::string& json) {
   Errors errors;
   std::string components;
-  JsonMetadataParser::LoadMetadata(json, KeepTexts(components), errors);
+  JsonMetadataParser::LoadMetadata(Testing::AsSource(json), KeepTexts(components), errors);
   std::vector<FullMessage> messages;
   for (const auto& error : errors) {
     messages.push_back({error.Id(), error.DefaultText(), error.Arguments()});

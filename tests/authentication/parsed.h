@@ -6,6 +6,7 @@
 
 #include "authentication/component_text.h"
 #include "authentication/json_metadata_parser.h"
+#include "support/as_source.h"
 #include "support/json_text.h"
 #include "support/message_texts.h"
 
@@ -36,7 +37,7 @@ inline JsonMetadataParser::RegisterCallbacks KeepTexts(std::string& components) 
 inline Parsed ParseFile(std::string_view json) {
   Parsed parsed;
   Errors errors;
-  parsed.accepted = JsonMetadataParser::LoadMetadata(json, KeepTexts(parsed.components), errors);
+  parsed.accepted = JsonMetadataParser::LoadMetadata(Testing::AsSource(json), KeepTexts(parsed.components), errors);
   parsed.messages = Testing::MessageTexts(errors);
   return parsed;
 }

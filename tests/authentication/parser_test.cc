@@ -7,6 +7,7 @@
 #include <rapidjson/istreamwrapper.h>
 
 #include "authentication/parsed.h"
+#include "support/as_source.h"
 
 namespace Zelk::Provider::Metadata::Authentication {
 namespace {
@@ -225,7 +226,8 @@ TEST(AuthenticationSyntaxError, HasTheCodeAndOffsetOfThePlainReader) {
 TEST(AuthenticationSyntaxError, ComesAloneWithItsCataloguedText) {
   Errors errors;
   std::string components;
-  EXPECT_FALSE(JsonMetadataParser::LoadMetadata("[", KeepTexts(components), errors));
+  EXPECT_FALSE(
+      JsonMetadataParser::LoadMetadata(Testing::AsSource("["), KeepTexts(components), errors));
   ASSERT_EQ(errors.size(), 1U);
   EXPECT_EQ(errors.front().DefaultText(), "Authentication source file parse error : %1% at %2%");
 }
@@ -258,7 +260,8 @@ TEST(AuthenticationStream, IsReadFromItsPresentPosition) {
 TEST(AuthenticationFile, AppendsItsMessagesToThoseThatAreThere) {
   Errors errors = {::Zelk::BaseMessage("foo", "bar")};
   std::string components;
-  EXPECT_FALSE(JsonMetadataParser::LoadMetadata("{}", KeepTexts(components), errors));
+  EXPECT_FALSE(
+      JsonMetadataParser::LoadMetadata(Testing::AsSource("{}"), KeepTexts(components), errors));
   EXPECT_EQ(Testing::MessageTexts(errors), (Lines{"foo()", MissingField("authentication")}));
 }
 

@@ -9,6 +9,7 @@
 #include "cli/cli_text.h"
 #include "cli/metadata_parser.h"
 #include "cli/parser_messages.h"
+#include "support/as_source.h"
 
 // What the parser made of a file: whether it was read, what the callbacks were given and in which
 // order, and the messages.
@@ -27,8 +28,8 @@ ParsedFile ParseFile(Text&& text) {
   ParsedFile parsed;
   Provider::Metadata::Errors errors;
   const auto keep = [&parsed](const auto& info) { parsed.nodes.push_back(CliText(*info)); };
-  parsed.ok = Provider::Metadata::Cli::MetadataParser::LoadMetadata(std::forward<Text>(text), keep,
-                                                                    keep, errors);
+  parsed.ok =
+      Provider::Metadata::Cli::MetadataParser::LoadMetadata(AsSource(text), keep, keep, errors);
   parsed.messages = MessageTexts(errors);
   return parsed;
 }

@@ -11,6 +11,7 @@
 
 #include "cli/metadata_parser.h"
 #include "cli/parsed_file.h"
+#include "support/as_source.h"
 #include "support/json_text.h"
 #include "support/small_stack.h"
 
@@ -275,7 +276,7 @@ TEST(CliParserMessages, CarryTheirDefaultTexts) {
   for (const auto& row : rows) {
     Errors errors;
     const auto unused = [](const auto& info) { ADD_FAILURE() << Testing::CliText(*info); };
-    EXPECT_FALSE(MetadataParser::LoadMetadata(std::string_view(row.text), unused, unused, errors));
+    EXPECT_FALSE(MetadataParser::LoadMetadata(Testing::AsSource(row.text), unused, unused, errors));
     ASSERT_EQ(errors.size(), 1u) << row.text;
     EXPECT_EQ(errors.front().Id(), row.id) << row.text;
     EXPECT_EQ(errors.front().DefaultText(), row.default_text) << row.text;
@@ -285,7 +286,7 @@ TEST(CliParserMessages, CarryTheirDefaultTexts) {
 TEST(CliParserMessages, AreAppendedToThoseOfTheCaller) {
   Errors errors = {CatalogMessage("foo")};
   const auto unused = [](const auto& info) { ADD_FAILURE() << Testing::CliText(*info); };
-  EXPECT_FALSE(MetadataParser::LoadMetadata(std::string_view("{}"), unused, unused, errors));
+  EXPECT_FALSE(MetadataParser::LoadMetadata(Testing::AsSource("{}"), unused, unused, errors));
   EXPECT_EQ(MessageTexts(errors), (Lines{"foo()", MissingField("cli")}));
 }
 

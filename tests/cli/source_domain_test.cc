@@ -5,6 +5,7 @@
 
 #include "cli/cli_text.h"
 #include "cli/json_metadata_container.h"
+#include "support/as_source.h"
 #include "support/message_texts.h"
 #include "support/temp_folder.h"
 
@@ -32,7 +33,7 @@ std::shared_ptr<const CreateSpec> Spec(const std::string& path) {
 TEST(CliSourceDomain, RegistersNamespacesAndTheLaterOfTwoCommands) {
   const auto source = std::make_shared<SourceData>(Spec("foo"));
   Errors errors;
-  EXPECT_TRUE(SourceDomain::Parse(kFile, source, errors));
+  EXPECT_TRUE(SourceDomain::Parse(Testing::AsSource(kFile), source, errors));
   ASSERT_EQ(source->namespaces.size(), 2u);
   EXPECT_EQ(CliText(*source->namespaces.at(SourceData::Str2NsId("foo"))),
             R"(namespace :foo "Foo" [])");

@@ -3,9 +3,10 @@
 #include <cstdint>
 #include <fstream>
 #include <new>
+#include <ostream>
 #include <sstream>
 #include <string>
-#include <sys/mman.h>
+#include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -51,25 +52,39 @@ TEST(ReadAll, AStreamThatCannotBeReadIsEmpty) {
   EXPECT_EQ(ReadAll(opened_folder), "");
 }
 
-TEST(ParseJson, ATextLongerThanTheParserCanCountIsRefusedBeforeItIsRead) {
-  constexpr std::size_t kSize = kMaxTextSize + 1;
-  void* unreadable =
-      mmap(nullptr, kSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-  ASSERT_NE(unreadable, MAP_FAILED);
-  JsonDocument document;
-  Errors errors;
-  EXPECT_THROW(ParseJson({static_cast<const char*>(unreadable), kSize}, "foo", document, errors),
-               std::bad_alloc);
-  EXPECT_TRUE(errors.empty());
-  munmap(unreadable, kSize);
+/// What a parse comes to: the document written anew, or its messages.
+struct Outcome {
+  std::string document;
+  Lines messages;
+};
+
+bool operator==(const Outcome& left, const Outcome& right) {
+  return left.document == right.document && left.messages == right.messages;
 }
 
-TEST(ParseJson, GivesTheDocument) {
-  JsonDocument document;
+std::ostream& operator<<(std::ostream& out, const Outcome& outcome) {
+  return out << outcome.document << testing::PrintToString(outcome.messages);
+}
+
+Outcome Read(const std::string& document) {
+  return {document, {}};
+}
+
+Outcome Refused(const std::string& message) {
+  return {"", {message}};
+}
+
+Outcome Parse(std::string_view text) {
+  JsonDocument document{TextBuffer(text)};
   Errors errors;
-  EXPECT_TRUE(ParseJson(R"( {"foo": [1, -2.5, true, null, "\u00e4"]} )", "bar", document, errors));
-  EXPECT_EQ(JsonText(document), "{\"foo\":[1,-2.5,true,null,\"\xc3\xa4\"]}");
-  EXPECT_EQ(MessageTexts(errors), Lines());
+  const bool ok = document.Parse("foo", errors);
+  EXPECT_EQ(ok, errors.empty());
+  return {ok ? JsonText(document.Root()) : "", MessageTexts(errors)};
+}
+
+TEST(JsonDocument, GivesTheDocument) {
+  EXPECT_EQ(Parse(R"( {"foo": [1, -2.5, true, null, "\u00e4"]} )"),
+            Read("{\"foo\":[1,-2.5,true,null,\"\xc3\xa4\"]}"));
 }
 
 struct SyntaxErrorRow {
@@ -77,7 +92,7 @@ struct SyntaxErrorRow {
   const char* message;
 };
 
-TEST(ParseJson, ReportsCodeAndOffsetOfASyntaxError) {
+TEST(JsonDocument, ReportsCodeAndOffsetOfASyntaxError) {
   const std::vector<SyntaxErrorRow> rows = {
       {"", "foo(1, 0)"},           {" \t\r\n", "foo(1, 4)"},       {"{} {}", "foo(2, 3)"},
       {"nul", "foo(3, 3)"},        {"foo", "foo(3, 1)"},           {"[1,]", "foo(3, 3)"},
@@ -87,66 +102,93 @@ TEST(ParseJson, ReportsCodeAndOffsetOfASyntaxError) {
       {"1e999", "foo(13, 0)"},     {"[1.]", "foo(14, 3)"},         {"[1e]", "foo(15, 3)"},
   };
   for (const auto& row : rows) {
-    JsonDocument document;
-    Errors errors;
-    EXPECT_FALSE(ParseJson(row.text, "foo", document, errors)) << row.text;
-    EXPECT_EQ(MessageTexts(errors), Lines{row.message}) << row.text;
+    EXPECT_EQ(Parse(row.text), Refused(row.message)) << row.text;
   }
 }
 
-TEST(ParseJson, TakesAByteThatBeginsNoValueForAnInvalidOne) {
+TEST(JsonDocument, TakesAByteThatBeginsNoValueForAnInvalidOne) {
   for (const std::string begin : {"]", "}", ",", ":", "\xef\xbb\xbf{}", "\xff", "'", "/"}) {
     for (const std::string blanks : {"", " ", "\r\n\t "}) {
-      JsonDocument document;
-      Errors errors;
-      EXPECT_FALSE(ParseJson(blanks + begin, "foo", document, errors)) << begin;
-      EXPECT_EQ(MessageTexts(errors), Lines{"foo(3, " + std::to_string(blanks.size()) + ")"})
-          << begin;
+      EXPECT_EQ(Parse(blanks + begin), Refused("foo(3, " + std::to_string(blanks.size()) + ")"));
     }
   }
 }
 
-TEST(ParseJson, AZeroByteEndsTheText) {
-  JsonDocument document;
-  Errors errors;
-  EXPECT_TRUE(ParseJson(std::string("{}\0]]", 5), "foo", document, errors));
-  EXPECT_FALSE(ParseJson(std::string("\0{}", 3), "foo", document, errors));
-  EXPECT_FALSE(ParseJson(std::string("[\0]", 3), "foo", document, errors));
-  EXPECT_FALSE(ParseJson(std::string("[\"\0\"]", 5), "foo", document, errors));
-  EXPECT_EQ(MessageTexts(errors), (Lines{"foo(1, 0)", "foo(3, 1)", "foo(11, 2)"}));
+TEST(JsonDocument, AZeroByteEndsTheText) {
+  EXPECT_EQ(Parse(std::string("{}\0]]", 5)), Read("{}"));
+  EXPECT_EQ(Parse(std::string("\0{}", 3)), Refused("foo(1, 0)"));
+  EXPECT_EQ(Parse(std::string("[\0]", 3)), Refused("foo(3, 1)"));
+  EXPECT_EQ(Parse(std::string("[\"\0\"]", 5)), Refused("foo(11, 2)"));
 }
 
-TEST(ParseJson, DoesNotLookIntoStringsForInvalidUtf8) {
-  JsonDocument document;
-  Errors errors;
-  EXPECT_TRUE(ParseJson("\"\xff\xc0\"", "foo", document, errors));
-  EXPECT_EQ(std::string(document.GetString()), "\xff\xc0");
+TEST(JsonDocument, DoesNotLookIntoStringsForInvalidUtf8) {
+  EXPECT_EQ(Parse("\"\xff\xc0\""), Read("\"\xff\xc0\""));
 }
 
-TEST(ParseJson, IsStrict) {
+TEST(JsonDocument, IsStrict) {
   for (const auto* text : {"[1,]", "{\"a\":1,}", "[01]", "[+1]", "[.5]", "[NaN]", "[Infinity]",
                            "//\n1", "/**/1", "'a'", "{a:1}", "[1]]", "True"}) {
-    JsonDocument document;
-    Errors errors;
-    EXPECT_FALSE(ParseJson(text, "foo", document, errors)) << text;
-    EXPECT_EQ(errors.size(), 1U) << text;
+    EXPECT_EQ(Parse(text).messages.size(), 1U) << text;
   }
 }
 
-TEST(ParseJson, TakesOnlyTheTextAndNotWhatFollowsInMemory) {
+TEST(JsonDocument, TakesOnlyTheTextAndNotWhatFollowsInMemory) {
   const std::string_view memory = "[1, 2]3";
-  JsonDocument document;
-  Errors errors;
-  EXPECT_TRUE(ParseJson(memory.substr(0, 6), "foo", document, errors));
-  EXPECT_FALSE(ParseJson(memory.substr(0, 5), "foo", document, errors));
-  EXPECT_EQ(MessageTexts(errors), Lines{"foo(7, 5)"});
+  EXPECT_EQ(Parse(memory.substr(0, 6)), Read("[1,2]"));
+  EXPECT_EQ(Parse(memory.substr(0, 5)), Refused("foo(7, 5)"));
 }
 
-TEST(ParseJson, AppendsToTheMessages) {
-  JsonDocument document;
+TEST(JsonDocument, AppendsToTheMessages) {
+  JsonDocument document{TextBuffer("[")};
   Errors errors{CatalogMessage("bar")};
-  EXPECT_FALSE(ParseJson("[", "zelk.metadata.metamodel.parse.error", document, errors));
+  EXPECT_FALSE(document.Parse("zelk.metadata.metamodel.parse.error", errors));
   EXPECT_EQ(MessageTexts(errors), (Lines{"bar()", "zelk.metadata.metamodel.parse.error(3, 1)"}));
+}
+
+TEST(JsonDocument, FindsTheEndOfAPlainRunWhereverItIs) {
+  for (std::size_t before = 0; before < 20; ++before) {
+    for (std::size_t after = 0; after < 20; ++after) {
+      const std::string left(before, 'x');
+      const std::string right(after, '\x80');
+      EXPECT_EQ(Parse("\"" + left + right + "\""), Read("\"" + left + right + "\""));
+      EXPECT_EQ(Parse("\"" + left + R"(\")" + right + "\""),
+                Read("\"" + left + R"(\")" + right + "\""));
+      EXPECT_EQ(Parse("\"" + left + R"(\u0041)" + right + R"(\/")"),
+                Read("\"" + left + "A" + right + "/\""));
+      EXPECT_EQ(Parse("\"" + left + "\x1f" + right + "\""),
+                Refused("foo(10, " + std::to_string(1 + before) + ")"));
+      EXPECT_EQ(Parse("\"" + left + right),
+                Refused("foo(11, " + std::to_string(1 + before + after) + ")"));
+    }
+  }
+}
+
+TEST(JsonDocument, TakesEveryByteButThreeKindsAsItIsWithinAString) {
+  for (int byte = 0x20; byte < 0x100; ++byte) {
+    if (byte == '"' || byte == '\\') continue;
+    const std::string text = "\"0123456" + std::string(9, static_cast<char>(byte)) + "\"";
+    EXPECT_EQ(Parse(text), Read(text)) << byte;
+  }
+}
+
+/// A valid document of about `size` bytes whose values need `element`'s share of memory each.
+std::string Repeated(const std::string& element, std::size_t size) {
+  std::string text = "[" + element;
+  while (text.size() < size) text += "," + element;
+  return text + "]";
+}
+
+TEST(JsonDocument, ReadsTextsOnTheHeapAndMappedOnesAlike) {
+  for (const std::size_t kib : {1U, 127U, 128U, 129U, 511U, 512U, 2048U, 5000U}) {
+    const std::string text = Repeated(R"({"foo":"bar baz, and more words"})", kib * 1024);
+    EXPECT_TRUE(Parse(text) == Read(text)) << kib;
+    EXPECT_EQ(Parse(text + "x"), Refused("foo(2, " + std::to_string(text.size()) + ")")) << kib;
+  }
+}
+
+TEST(JsonDocument, HasRoomForMoreValuesThanTheTextsMappingHas) {
+  const std::string text = Repeated("0", 1'000'000);
+  EXPECT_TRUE(Parse(text) == Read(text));
 }
 
 TEST(JsonHeap, HasNothingToGiveForASizeOfZero) {

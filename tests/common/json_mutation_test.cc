@@ -40,10 +40,10 @@ std::ostream& operator<<(std::ostream& out, const Outcome& outcome) {
 }
 
 Outcome ParseAsFilesAre(const std::string& text) {
-  JsonDocument document;
+  JsonDocument document{TextBuffer(text)};
   Errors errors;
-  const bool ok = ParseJson(text, "foo", document, errors);
-  return {ok, ok ? JsonText(document) : "", MessageTexts(errors)};
+  const bool ok = document.Parse("foo", errors);
+  return {ok, ok ? JsonText(document.Root()) : "", MessageTexts(errors)};
 }
 
 Outcome ParseByDefault(const std::string& text) {

@@ -14,7 +14,6 @@
 #include <boost/optional/optional_io.hpp>
 #include <gtest/gtest.h>
 
-#include "common/json_document.h"
 #include "support/file_text.h"
 #include "support/temp_folder.h"
 
@@ -23,6 +22,11 @@ namespace {
 
 using Bytes = boost::optional<std::string>;
 using Testing::TempFolder;
+
+Bytes Contents(const std::string& path) {
+  const auto text = ReadSourceFile(path);
+  return text ? Bytes(std::string(text->View())) : boost::none;
+}
 
 std::string RandomBytes(std::size_t size) {
   std::mt19937 random(20);
@@ -34,27 +38,27 @@ std::string RandomBytes(std::size_t size) {
 TEST(ReadSourceFile, KeepsEveryByte) {
   const TempFolder folder;
   const std::string bytes("\xef\xbb\xbf{\r\n\0\"\xff\"\n\r\0}\0", 15);
-  EXPECT_EQ(ReadSourceFile(folder.Write("foo", bytes)), Bytes(bytes));
+  EXPECT_EQ(Contents(folder.Write("foo", bytes)), Bytes(bytes));
 }
 
 TEST(ReadSourceFile, AnEmptyFileIsReadAsOne) {
   const TempFolder folder;
-  EXPECT_EQ(ReadSourceFile(folder.Write("foo", "")), Bytes(""));
+  EXPECT_EQ(Contents(folder.Write("foo", "")), Bytes(""));
 }
 
 TEST(ReadSourceFile, ReadsFilesOfAnySizeWhole) {
   const TempFolder folder;
   for (const std::size_t size : {1U, 2U, 4095U, 4096U, 4097U, 65536U, 3'000'001U}) {
     const std::string bytes = RandomBytes(size);
-    EXPECT_TRUE(ReadSourceFile(folder.Write("foo", bytes)) == Bytes(bytes)) << size;
+    EXPECT_TRUE(Contents(folder.Write("foo", bytes)) == Bytes(bytes)) << size;
   }
 }
 
 TEST(ReadSourceFile, ReadsAFileThatHoldsMoreThanItsSizeSays) {
   const std::string path = "/proc/version";
   ASSERT_EQ(std::filesystem::file_size(path), 0U);
-  EXPECT_GT(ReadSourceFile(path).value_or("").size(), 8U);
-  EXPECT_EQ(ReadSourceFile(path), Bytes(Testing::FileText(path)));
+  EXPECT_GT(Contents(path).value_or("").size(), 8U);
+  EXPECT_EQ(Contents(path), Bytes(Testing::FileText(path)));
 }
 
 TEST(ReadSourceFile, ReadsTwoHundredMegabytes) {
@@ -62,7 +66,7 @@ TEST(ReadSourceFile, ReadsTwoHundredMegabytes) {
   const std::string path = folder.Write("foo", "[");
   constexpr std::size_t kSize = 200'000'000;
   std::filesystem::resize_file(path, kSize);
-  const auto bytes = ReadSourceFile(path);
+  const auto bytes = Contents(path);
   ASSERT_TRUE(bytes);
   EXPECT_EQ(bytes->size(), kSize);
   EXPECT_EQ(bytes->substr(0, 2), std::string("[\0", 2));
@@ -77,7 +81,7 @@ TEST(ReadSourceFile, AFileLargerThanTheParserCanCountIsRefusedBeforeItIsRead) {
     std::error_code too_large_for_the_file_system;
     std::filesystem::resize_file(path, size, too_large_for_the_file_system);
     if (too_large_for_the_file_system) break;
-    EXPECT_THROW(ReadSourceFile(path), std::bad_alloc) << size;
+    EXPECT_THROW(Contents(path), std::bad_alloc) << size;
   }
   EXPECT_GT(std::filesystem::file_size(path), kMaxTextSize);
 }
@@ -85,10 +89,10 @@ TEST(ReadSourceFile, AFileLargerThanTheParserCanCountIsRefusedBeforeItIsRead) {
 TEST(ReadSourceFile, ReadsFromTheBeginningEveryTime) {
   const TempFolder folder;
   const std::string path = folder.Write("foo", "bar");
-  EXPECT_EQ(ReadSourceFile(path), Bytes("bar"));
-  EXPECT_EQ(ReadSourceFile(path), Bytes("bar"));
+  EXPECT_EQ(Contents(path), Bytes("bar"));
+  EXPECT_EQ(Contents(path), Bytes("bar"));
   folder.Write("foo", "qux and more");
-  EXPECT_EQ(ReadSourceFile(path), Bytes("qux and more"));
+  EXPECT_EQ(Contents(path), Bytes("qux and more"));
 }
 
 TEST(ReadSourceFile, FollowsLinks) {
@@ -96,27 +100,27 @@ TEST(ReadSourceFile, FollowsLinks) {
   folder.Write("foo", "bar");
   std::filesystem::create_symlink("foo", folder.Path("link"));
   std::filesystem::create_symlink("link", folder.Path("link to link"));
-  EXPECT_EQ(ReadSourceFile(folder.Path("link to link")), Bytes("bar"));
+  EXPECT_EQ(Contents(folder.Path("link to link")), Bytes("bar"));
 }
 
 TEST(ReadSourceFile, AFolderIsReadAsAnEmptyFile) {
   const TempFolder folder;
   std::filesystem::create_directory_symlink(folder.Path(""), folder.Path("link"));
-  EXPECT_EQ(ReadSourceFile(folder.Path("")), Bytes(""));
-  EXPECT_EQ(ReadSourceFile(folder.Path("link")), Bytes(""));
-  EXPECT_EQ(ReadSourceFile("/"), Bytes(""));
+  EXPECT_EQ(Contents(folder.Path("")), Bytes(""));
+  EXPECT_EQ(Contents(folder.Path("link")), Bytes(""));
+  EXPECT_EQ(Contents("/"), Bytes(""));
 }
 
 TEST(ReadSourceFile, OpensNothingWhereNothingIs) {
   const TempFolder folder;
-  EXPECT_EQ(ReadSourceFile(folder.Path("foo")), boost::none);
-  EXPECT_EQ(ReadSourceFile(""), boost::none);
-  EXPECT_EQ(ReadSourceFile(folder.Path(std::string(300, 'x'))), boost::none);
+  EXPECT_EQ(Contents(folder.Path("foo")), boost::none);
+  EXPECT_EQ(Contents(""), boost::none);
+  EXPECT_EQ(Contents(folder.Path(std::string(300, 'x'))), boost::none);
 }
 
 TEST(ReadSourceFile, OpensNothingBelowAFileThatIsNoFolder) {
   const TempFolder folder;
-  EXPECT_EQ(ReadSourceFile(folder.Write("foo", "bar") + "/baz"), boost::none);
+  EXPECT_EQ(Contents(folder.Write("foo", "bar") + "/baz"), boost::none);
 }
 
 TEST(ReadSourceFile, OpensNoLinkThatLeadsNowhere) {
@@ -124,28 +128,28 @@ TEST(ReadSourceFile, OpensNoLinkThatLeadsNowhere) {
   std::filesystem::create_symlink("there", folder.Path("here"));
   std::filesystem::create_symlink("here", folder.Path("there"));
   std::filesystem::create_symlink("nowhere", folder.Path("broken"));
-  EXPECT_EQ(ReadSourceFile(folder.Path("here")), boost::none);
-  EXPECT_EQ(ReadSourceFile(folder.Path("broken")), boost::none);
+  EXPECT_EQ(Contents(folder.Path("here")), boost::none);
+  EXPECT_EQ(Contents(folder.Path("broken")), boost::none);
 }
 
 TEST(ReadSourceFile, DoesNotTakeWhatStandsBeforeAZeroByteForThePath) {
   const TempFolder folder;
   const std::string path = folder.Write("foo", "bar");
-  EXPECT_EQ(ReadSourceFile(path + '\0'), boost::none);
-  EXPECT_EQ(ReadSourceFile(path + '\0' + "baz"), boost::none);
-  EXPECT_EQ(ReadSourceFile(std::string(1, '\0') + path), boost::none);
+  EXPECT_EQ(Contents(path + '\0'), boost::none);
+  EXPECT_EQ(Contents(path + '\0' + "baz"), boost::none);
+  EXPECT_EQ(Contents(std::string(1, '\0') + path), boost::none);
 }
 
 TEST(ReadSourceFile, DoesNotWaitForThePipeThatNobodyWritesTo) {
   const TempFolder folder;
   const std::string path = folder.Path("foo");
   ASSERT_EQ(mkfifo(path.c_str(), S_IRUSR | S_IWUSR), 0);
-  EXPECT_EQ(ReadSourceFile(path), boost::none);
+  EXPECT_EQ(Contents(path), boost::none);
 }
 
 TEST(ReadSourceFile, DoesNotReadADevice) {
-  EXPECT_EQ(ReadSourceFile("/dev/zero"), boost::none);
-  EXPECT_EQ(ReadSourceFile("/dev/null"), boost::none);
+  EXPECT_EQ(Contents("/dev/zero"), boost::none);
+  EXPECT_EQ(Contents("/dev/null"), boost::none);
 }
 
 TEST(ReadSourceFile, DoesNotReadASocket) {
@@ -156,7 +160,7 @@ TEST(ReadSourceFile, DoesNotReadASocket) {
   const int descriptor = socket(AF_UNIX, SOCK_STREAM, 0);
   const auto* bare_address = static_cast<const void*>(&address);
   ASSERT_EQ(bind(descriptor, static_cast<const sockaddr*>(bare_address), sizeof address), 0);
-  EXPECT_EQ(ReadSourceFile(folder.Path("foo")), boost::none);
+  EXPECT_EQ(Contents(folder.Path("foo")), boost::none);
   close(descriptor);
 }
 
@@ -166,7 +170,7 @@ TEST(ReadSourceFile, LeavesNoFileOpen) {
   const int before = dup(0);
   close(before);
   for (const auto& path : {file, folder.Path(""), folder.Path("baz"), std::string("/dev/zero")}) {
-    ReadSourceFile(path);
+    Contents(path);
     const int after = dup(0);
     close(after);
     EXPECT_EQ(after, before) << path;

@@ -80,6 +80,13 @@ TYPED_TEST(ChangeWithoutMemory, CreatesASourceWholeOrNotAtAll) {
                    [this] { this->sources_->DeleteSource(kNewSource); });
 }
 
+TYPED_TEST(ChangeWithoutMemory, CreatesASourceOfALargeFileWholeOrNotAtAll) {
+  const std::string blanks(300'000, ' ');  // so many that the text is mapped
+  this->FailCreate("create from a large file", kNewSource,
+                   this->SpecOf(blanks + this->EditedFile()),
+                   [this] { this->sources_->DeleteSource(kNewSource); });
+}
+
 TYPED_TEST(ChangeWithoutMemory, ReloadsASourceWholeOrNotAtAll) {
   this->WriteEditedFiles();
   this->FailReload("reload", Some(kFirstSource), [this] { this->TakeBackReload(); });

@@ -1,12 +1,16 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include "fault/allocations.h"
 
 // The C allocation functions, for the whole program: the dynamic linker finds those of a program
 // before those of the C library, whose own are still there under other names. operator new and the
-// JSON heap end here. Nothing that is tested maps memory by itself.
+// JSON heap end here. Mappings fail like allocations; they are not counted as blocks, since they
+// are given back in parts.
 
 namespace {
 
@@ -62,6 +66,18 @@ int posix_memalign(void** block, std::size_t alignment, std::size_t size) noexce
   if (obtained == nullptr) return ENOMEM;
   *block = obtained;
   return 0;
+}
+
+void* mmap(void* address, std::size_t size, int protection, int flags, int descriptor,
+           off_t offset) noexcept {
+  if (NextAllocationFails()) {
+    errno = ENOMEM;
+    return MAP_FAILED;
+  }
+  // The call answers an address as a number.
+  // NOLINTNEXTLINE(performance-no-int-to-ptr)
+  return reinterpret_cast<void*>(
+      syscall(SYS_mmap, address, size, protection, flags, descriptor, offset));
 }
 
 void free(void* block) noexcept {

@@ -7,6 +7,7 @@
 
 #include "metamodel/parse_recorder.h"
 #include "metamodel/sample_component.h"
+#include "support/as_source.h"
 #include "support/json_text.h"
 
 namespace Zelk::Testing {
@@ -293,7 +294,7 @@ TEST(LoadMetadata, ThrowsOnAnEmptyCallbackThatIsNeeded) {
     ParseRecorder recorder;
     auto callbacks = recorder.Callbacks();
     empty_one(callbacks);
-    EXPECT_THROW(MetamodelParser::LoadMetadata(std::string_view(kSampleComponent), callbacks,
+    EXPECT_THROW(MetamodelParser::LoadMetadata(Testing::AsSource(kSampleComponent), callbacks,
                                                recorder.errors),
                  std::bad_function_call);
     EXPECT_EQ(recorder.component, nullptr);
@@ -304,7 +305,7 @@ TEST(LoadMetadata, BearsEmptyCallbacksThatAreNotNeeded) {
   const std::string_view json =
       R"({"metamodel": {"component": {"name": "foo", "documentation": "", "metadata": {}}}})";
   Errors errors;
-  EXPECT_FALSE(MetamodelParser::LoadMetadata(json, {}, errors));
+  EXPECT_FALSE(MetamodelParser::LoadMetadata(Testing::AsSource(json), {}, errors));
   EXPECT_EQ(MessageTexts(errors), Lines{MissingField("packages")});
 }
 

@@ -44,7 +44,7 @@ std::ostream& operator<<(std::ostream& out, const ParsedConstant& constant) {
 
 ParsedConstant ParseConstant(const std::string& json) {
   Errors errors;
-  const auto [name, constant] = MetamodelParser::ParseConstant(Json(json), errors);
+  const auto [name, constant] = MetamodelParser::ParseConstant({}, Json(json), errors);
   return {constant ? name + " " + Dump(*constant) : "none", MessageTexts(errors)};
 }
 
@@ -133,13 +133,13 @@ TEST(ParseConstant, UsesTheFirstOfAValueGivenTwice) {
 TEST(ParseConstantType, GivesCategoryAndType) {
   Errors errors;
   MetamodelParser::ConstantType type;
-  EXPECT_TRUE(MetamodelParser::ParseConstantType(Json(R"({"category": "list", "type": "uri"})"),
+  EXPECT_TRUE(MetamodelParser::ParseConstantType({}, Json(R"({"category": "list", "type": "uri"})"),
                                                  type, errors));
   EXPECT_EQ(type.first.Value(), 1);
   EXPECT_EQ(type.second->generic_instantiation->generic_type.Value(), 0);
   EXPECT_EQ(TypeText(type.second), "LIST<URI>");
   EXPECT_TRUE(MetamodelParser::ParseConstantType(
-      Json(R"({"category": "Primitive", "type": "VOID"})"), type, errors));
+      {}, Json(R"({"category": "Primitive", "type": "VOID"})"), type, errors));
   EXPECT_EQ(type.first.Value(), 0);
   EXPECT_EQ(TypeText(type.second), "VOID");
   EXPECT_EQ(MessageTexts(errors), Lines());

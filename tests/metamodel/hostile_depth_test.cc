@@ -6,6 +6,7 @@
 
 #include "metamodel/parse_recorder.h"
 #include "metamodel/sample_component.h"
+#include "support/as_source.h"
 #include "support/small_stack.h"
 
 // Files nested so deep that whatever recurses once a level overflows its stack: while they are
@@ -56,7 +57,8 @@ struct Summary {
 template <typename Source>
 Summary LoadAndRelease(Source&& source) {
   ParseRecorder recorder;
-  const bool ok = MetamodelParser::LoadMetadata(source, recorder.Callbacks(), recorder.errors);
+  const bool ok = MetamodelParser::LoadMetadata(Testing::AsSource(source), recorder.Callbacks(),
+                                                recorder.errors);
   return {ok, recorder.component != nullptr, MessageTexts(recorder.errors)};
 }
 
@@ -179,7 +181,7 @@ TEST_P(DeepType, IsLoadedWholeAndReleased) {
   const std::string text = ComponentWithResult(GetParam().Whole());
   RunOnSmallStack(kStack, [&] {
     ParseRecorder recorder;
-    EXPECT_TRUE(MetamodelParser::LoadMetadata(std::string_view(text), recorder.Callbacks(),
+    EXPECT_TRUE(MetamodelParser::LoadMetadata(Testing::AsSource(text), recorder.Callbacks(),
                                               recorder.errors));
     EXPECT_EQ(MessageTexts(recorder.errors), Lines());
     const auto& service = recorder.component->packages.at("bar")->services.at("baz");

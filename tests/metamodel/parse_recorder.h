@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "metamodel/json_metadata_parser.h"
+#include "support/as_source.h"
 #include "support/message_texts.h"
 #include "support/record_dump.h"
 
@@ -58,7 +59,8 @@ inline std::ostream& operator<<(std::ostream& out, const Loaded& loaded) {
 template <typename Source>
 Loaded LoadFrom(Source&& source) {
   ParseRecorder recorder;
-  const bool ok = MetamodelParser::LoadMetadata(source, recorder.Callbacks(), recorder.errors);
+  const bool ok =
+      MetamodelParser::LoadMetadata(AsSource(source), recorder.Callbacks(), recorder.errors);
   return {ok, recorder.component ? Dump(*recorder.component) : "", recorder.calls,
           MessageTexts(recorder.errors)};
 }

@@ -32,7 +32,7 @@ std::ostream& operator<<(std::ostream& out, const ParsedType& type) {
 ParsedType ParseType(const std::string& json) {
   Errors errors;
   TypePtr type;
-  const bool ok = MetamodelParser::ParseType(Json(json), type, errors);
+  const bool ok = MetamodelParser::ParseType({}, Json(json), type, errors);
   EXPECT_EQ(ok, type != nullptr) << json;
   return {type ? TypeText(type) : "none", MessageTexts(errors)};
 }
@@ -264,18 +264,19 @@ TEST(ParseUserDefinedType, DoesNotLookAtTheCategory) {
 TEST(ParseGenericType, DoesNotLookAtTheCategory) {
   Errors errors;
   const auto type =
-      MetamodelParser::ParseGenericType(Json(R"({"generic_type": "SET", "element_type": )" +
+      MetamodelParser::ParseGenericType({},
+                                        Json(R"({"generic_type": "SET", "element_type": )" +
                                              Map(Builtin("ID"), Builtin("URI")) + "}"),
                                         errors);
   EXPECT_EQ(TypeText(type), "SET<MAP<ID, URI>>");
-  EXPECT_EQ(MetamodelParser::ParseGenericType(Json(Builtin("ID")), errors), nullptr);
+  EXPECT_EQ(MetamodelParser::ParseGenericType({}, Json(Builtin("ID")), errors), nullptr);
   EXPECT_EQ(MessageTexts(errors), Lines{MissingField("generic_type")});
 }
 
 TEST(ParseGenericType, FailsWithWhatItIsMadeOf) {
   Errors errors;
-  EXPECT_EQ(MetamodelParser::ParseGenericType(Json(Map(Builtin("ID"), "{}")), errors), nullptr);
-  EXPECT_EQ(MetamodelParser::ParseGenericType(Json(Generic("LIST", "1")), errors), nullptr);
+  EXPECT_EQ(MetamodelParser::ParseGenericType({}, Json(Map(Builtin("ID"), "{}")), errors), nullptr);
+  EXPECT_EQ(MetamodelParser::ParseGenericType({}, Json(Generic("LIST", "1")), errors), nullptr);
   EXPECT_EQ(MessageTexts(errors), (Lines{MissingField("category"), InvalidField("element_type")}));
 }
 

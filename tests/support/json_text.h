@@ -14,13 +14,13 @@
 
 namespace Zelk::Testing {
 
-using Provider::Metadata::JsonDocument;
 using Provider::Metadata::JsonValue;
+using JsonTree = rapidjson::GenericDocument<JsonValue::EncodingType, JsonValue::AllocatorType>;
 using JsonPointer = rapidjson::GenericPointer<JsonValue>;
 
 /// The document of a text that a test gives; the text must be JSON.
-inline JsonDocument Json(std::string_view text) {
-  JsonDocument document;
+inline JsonTree Json(std::string_view text) {
+  JsonTree document;
   document.Parse(text.data(), text.size());
   if (document.HasParseError()) {
     throw std::invalid_argument("not JSON: " + std::string(text));
@@ -38,7 +38,7 @@ std::string JsonText(const Value& value) {
 
 /// `json` without the member or element that `pointer` names, which must be there.
 inline std::string Without(std::string_view json, const std::string& pointer) {
-  JsonDocument document = Json(json);
+  JsonTree document = Json(json);
   if (!JsonPointer(pointer.c_str()).Erase(document)) {
     throw std::invalid_argument("nothing at " + pointer);
   }
@@ -48,8 +48,8 @@ inline std::string Without(std::string_view json, const std::string& pointer) {
 /// `json` with `replacement` where `pointer` points; what is not there yet is added at the end.
 inline std::string With(std::string_view json, const std::string& pointer,
                         std::string_view replacement) {
-  JsonDocument document = Json(json);
-  const JsonDocument value = Json(replacement);
+  JsonTree document = Json(json);
+  const JsonTree value = Json(replacement);
   JsonPointer(pointer.c_str()).Set(document, value);
   return JsonText(document);
 }

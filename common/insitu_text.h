@@ -1,0 +1,128 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
+
+#include <rapidjson/document.h>
+
+#include "common/text_buffer.h"
+
+// How RapidJSON reads a text that may be written over: decoded strings take the place of their own
+// JSON text, which is never shorter, so that nothing is copied to where it already stands.
+
+namespace Zelk::Provider::Metadata {
+
+/// UTF-8 as RapidJSON has it, under a name of our own, so that the transcoder below is only ours.
+struct JsonEncoding : rapidjson::UTF8<> {};
+
+/// RapidJSON's stream over such a text: it reads ahead of where it writes. Past the end of the text
+/// it answers zero bytes, as a file stream does.
+class InsituText {
+ public:
+  using Ch = char;
+
+  explicit InsituText(TextBuffer& text)
+      : begin_(text.Data()), end_(begin_ + text.Size()), source_(begin_), target_(begin_) {}
+
+  Ch Peek() const { return *source_; }
+
+  Ch Take() { return *source_++; }
+
+  std::size_t Tell() const { return static_cast<std::size_t>(source_ - begin_); }
+
+  Ch* PutBegin() {
+    target_ = source_;
+    return target_;
+  }
+
+  void Put(Ch character) { *target_++ = character; }
+
+  std::size_t PutEnd(Ch* begin) const { return static_cast<std::size_t>(target_ - begin); }
+
+  void SkipWhitespace() {
+    while (*source_ == ' ' || *source_ == '\n' || *source_ == '\r' || *source_ == '\t') ++source_;
+  }
+
+  /// Moves what stands up to the next character that is special within a JSON string: a quotation
+  /// mark, a backslash, or a control character, the zero byte at the end among them.
+  void PutPlainCharacters() {
+    const char* const special = FindSpecial();
+    const auto count = static_cast<std::size_t>(special - source_);
+    if (target_ != source_) std::memmove(target_, source_, count);
+    target_ += count;
+    source_ += count;
+  }
+
+ private:
+  using Block = std::uint64_t;
+
+  static constexpr Block kOnes = 0x0101010101010101;
+
+  /// Marks the bytes of the block that are less than `bound`, at most 128, in their highest bits.
+  /// Only the lowest mark is sure: above it, marks may be too many.
+  static constexpr Block MarkBelow(Block block, Block bound) {
+    return (block - kOnes * bound) & ~block & (kOnes * 0x80);
+  }
+
+  static constexpr Block MarkSpecial(Block block) {
+    return MarkBelow(block, ' ') | MarkBelow(block ^ (kOnes * '"'), 1) |
+           MarkBelow(block ^ (kOnes * '\\'), 1);
+  }
+
+  static bool IsSpecial(char character) {
+    return static_cast<unsigned char>(character) < ' ' || character == '"' || character == '\\';
+  }
+
+  const char* FindSpecial() const {
+    const char* position = source_;
+    // Eight characters at a time: most of a file are words of documentation.
+    for (Block block = 0; end_ - position >= static_cast<std::ptrdiff_t>(sizeof block);
+         position += sizeof block) {
+      std::memcpy(&block, position, sizeof block);
+      const Block marks = MarkSpecial(block);
+      if (marks == 0) continue;
+      if (__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__) return position + __builtin_ctzll(marks) / 8;
+      break;
+    }
+    while (!IsSpecial(*position)) ++position;
+    return position;
+  }
+
+  char* begin_;
+  char* end_;
+  char* source_;
+  char* target_;
+};
+
+/// What RapidJSON calls between tokens; its own version takes a copy of the stream each time.
+inline void SkipWhitespace(InsituText& text) {
+  text.SkipWhitespace();
+}
+
+}  // namespace Zelk::Provider::Metadata
+
+namespace rapidjson {
+
+/// Lets the parser keep the stream in registers.
+template <>
+struct StreamTraits<Zelk::Provider::Metadata::InsituText> {
+  enum { copyOptimization = 1 };
+};
+
+/// Strings are moved in runs; RapidJSON itself would take one character at a time. It asks for a
+/// transcoding only where a plain character stands.
+template <>
+struct Transcoder<Zelk::Provider::Metadata::JsonEncoding, Zelk::Provider::Metadata::JsonEncoding>
+    : Transcoder<UTF8<>, UTF8<>> {
+  using Transcoder<UTF8<>, UTF8<>>::Transcode;
+
+  static bool Transcode(Zelk::Provider::Metadata::InsituText& source,
+                        Zelk::Provider::Metadata::InsituText& /*target, the same*/) {
+    source.PutPlainCharacters();
+    return true;
+  }
+};
+
+}  // namespace rapidjson
