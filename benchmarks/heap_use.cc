@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <malloc.h>
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 // The C library's own names for what is replaced here. Blocks are counted as large as they are, not
 // as large as was asked for. The program has one thread.
@@ -19,11 +22,25 @@ namespace {
 
 std::size_t live = 0;
 std::size_t peak = 0;
+std::size_t allocations = 0;
+
+void Count(std::size_t bytes) {
+  live += bytes;
+  peak = std::max(peak, live);
+  ++allocations;
+}
 
 void* Counted(void* block) {
-  live += malloc_usable_size(block);
-  peak = std::max(peak, live);
+  Count(malloc_usable_size(block));
   return block;
+}
+
+/// The C library's malloc does not come here when it maps.
+void* Mapped(long address, std::size_t size) {
+  if (address == -1) return MAP_FAILED;
+  Count(size);
+  // The one way from what a system call answers to an address.
+  return reinterpret_cast<void*>(address);  // NOLINT(performance-no-int-to-ptr)
 }
 
 }  // namespace
@@ -38,6 +55,10 @@ std::size_t PeakBytes() {
 
 void ResetPeak() {
   peak = live;
+}
+
+std::size_t Allocations() {
+  return allocations;
 }
 
 }  // namespace Zelk::Benchmarks
@@ -73,5 +94,21 @@ int posix_memalign(void** block, std::size_t alignment, std::size_t size) {
 void free(void* block) {
   Zelk::Benchmarks::live -= malloc_usable_size(block);
   __libc_free(block);
+}
+
+void* mmap(void* address, std::size_t size, int protection, int flags, int file,
+           off_t offset) noexcept {
+  return Zelk::Benchmarks::Mapped(syscall(SYS_mmap, address, size, protection, flags, file, offset),
+                                  size);
+}
+
+void* mmap64(void* address, std::size_t size, int protection, int flags, int file,
+             off64_t offset) noexcept {
+  return mmap(address, size, protection, flags, file, offset);
+}
+
+int munmap(void* address, std::size_t size) noexcept {
+  Zelk::Benchmarks::live -= size;
+  return static_cast<int>(syscall(SYS_munmap, address, size));
 }
 }

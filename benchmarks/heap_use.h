@@ -2,7 +2,8 @@
 
 #include <cstddef>
 
-// What the program has on its heap, counted by its own malloc and relatives.
+// What the program has on its heap, counted by its own malloc and relatives. What it maps for
+// itself counts as well.
 
 namespace Zelk::Benchmarks {
 
@@ -13,5 +14,8 @@ std::size_t LiveBytes();
 std::size_t PeakBytes();
 
 void ResetPeak();
+
+/// How often anything was allocated so far.
+std::size_t Allocations();
 
 }  // namespace Zelk::Benchmarks

@@ -1,21 +1,18 @@
 #include <algorithm>
 #include <array>
-#include <chrono>
-#include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <string>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
-#include <zelk/provider/metadata/authentication/metadata_container.h>
-#include <zelk/provider/metadata/cli/metadata_container.h>
-#include <zelk/provider/metadata/metamodel/metadata_container.h>
-
+#include "growth.h"
 #include "heap_use.h"
+#include "host.h"
 #include "shapes.h"
+#include "stopwatch.h"
 
 // How the cost of loading a file grows with its size: files of four sizes in every shape, and the
 // exponent of the power law that fits best. 1 is linear. The exit status is 1 when memory, which is
@@ -25,8 +22,6 @@ namespace {
 
 using namespace Zelk::Benchmarks;  // NOLINT(google-build-using-namespace): a program
 namespace fs = std::filesystem;
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
-namespace Provider = ::Zelk::Provider::Metadata;
 
 constexpr std::size_t kSizes = 4;
 constexpr int kRuns = 3;
@@ -43,44 +38,19 @@ struct Cost {
 
 using Series = std::array<Cost, kSizes>;
 
-double SecondsSince(std::chrono::steady_clock::time_point start) {
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-template <typename Container, typename CreateSpec>
-Cost Load(const fs::path& path) {
-  const auto spec = std::make_shared<const CreateSpec>(
-      "", Bindings::SourceType(Bindings::SourceType::LOCAL_FILE), path.string(), boost::none);
-  const auto container = Container::GetInstance();
+Cost Load(DomainId domain, const fs::path& path) {
+  const auto host = MakeHost(domain, {path.string()});
   const auto before = static_cast<double>(LiveBytes());
   ResetPeak();
-  const auto load = std::chrono::steady_clock::now();
-  if (container->CreateSource("s", spec) != nullptr) {
-    fs::remove(path);
-    std::fputs("scaling: a file that was made here is refused\n", stderr);
-    std::exit(2);
-  }
+  const Stopwatch load;
+  host->CreateAll();
   Cost cost{};
-  cost.load_seconds = SecondsSince(load);
+  cost.load_seconds = load.Seconds();
   cost.peak_bytes = static_cast<double>(PeakBytes()) - before;
-  const auto release = std::chrono::steady_clock::now();
-  container->DeleteSource("s");
-  cost.release_seconds = SecondsSince(release);
+  const Stopwatch release;
+  host->DeleteAll();
+  cost.release_seconds = release.Seconds();
   return cost;
-}
-
-Cost Load(DomainId domain, const fs::path& path) {
-  switch (domain) {
-    case DomainId::kMetamodel:
-      return Load<Provider::Metamodel::MetadataContainer,
-                  Bindings::Metamodel::SourceSvc::CreateSpec>(path);
-    case DomainId::kAuthentication:
-      return Load<Provider::Authentication::MetadataContainer,
-                  Bindings::Authentication::SourceSvc::CreateSpec>(path);
-    case DomainId::kCli:
-      break;
-  }
-  return Load<Provider::Cli::MetadataContainer, Bindings::Cli::SourceSvc::CreateSpec>(path);
 }
 
 /// The best of several runs, as the one that was disturbed least.
@@ -96,22 +66,10 @@ Cost BestLoad(const Shape& shape, std::size_t size, const fs::path& path) {
   return best;
 }
 
-/// The slope of the straight line through the logarithms, by least squares.
 double Exponent(const Series& series, double Cost::*cost) {
-  double sum_x = 0;
-  double sum_y = 0;
-  double sum_xx = 0;
-  double sum_xy = 0;
-  for (const Cost& point : series) {
-    const double x = std::log(point.bytes);
-    const double y = std::log(std::max(point.*cost, 1e-9));
-    sum_x += x;
-    sum_y += y;
-    sum_xx += x * x;
-    sum_xy += x * y;
-  }
-  const double count = kSizes;
-  return (count * sum_xy - sum_x * sum_y) / (count * sum_xx - sum_x * sum_x);
+  std::vector<std::pair<double, double>> points;
+  for (const Cost& point : series) points.emplace_back(point.bytes, point.*cost);
+  return GrowthExponent(points);
 }
 
 /// Prints the row of a shape; false when its memory grows too fast.

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-namespace Zelk::Benchmarks {
+#include "domain_id.h"
 
-enum class DomainId { kMetamodel, kAuthentication, kCli };
+namespace Zelk::Benchmarks {
 
 /// One way in which a file can be large.
 struct Shape {
