@@ -3,7 +3,7 @@
 #include <cstddef>
 
 // What the program has on its heap, counted by its own malloc and relatives. What it maps for
-// itself counts as well.
+// itself counts as well, and whole, whether it is touched or not.
 
 namespace Zelk::Benchmarks {
 
