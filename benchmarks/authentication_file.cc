@@ -11,6 +11,7 @@ constexpr const char* kSchemes[] = {"anonymous", "password", "session", "adminis
 /// About what a service takes in a file, with its operations.
 constexpr std::size_t kBytesOfService = 700;
 constexpr std::size_t kServicesOfPackage = 12;
+constexpr std::size_t kOperationsOfService = 6;
 
 class AuthenticationWriter {
  public:
@@ -78,18 +79,18 @@ class AuthenticationWriter {
     json_.Key("services");
     json_.OpenObject();
     for (std::size_t number = 0; number < count; ++number) {
-      services_.push_back(packages_[number % packages_.size()] + "." + random_.Name(number));
+      services_.push_back(packages_[number / kServicesOfPackage] + "." + random_.Name(number));
       SchemesOf(services_.back());
     }
     json_.CloseObject();
   }
 
-  /// The rest of the file; some for each service in turn.
+  /// The rest of the file; those of one service together, as people and generators write them.
   void Operations() {
     json_.Key("operations");
     json_.OpenObject();
     for (std::size_t number = 0; number == 0 || json_.Size() < size_; ++number) {
-      SchemesOf(services_[number % services_.size()] + "." + random_.Name(number));
+      SchemesOf(services_[number / kOperationsOfService % services_.size()] + "." + random_.Name(number));
     }
     json_.CloseObject();
   }
