@@ -90,7 +90,8 @@ class AuthenticationWriter {
     json_.Key("operations");
     json_.OpenObject();
     for (std::size_t number = 0; number == 0 || json_.Size() < size_; ++number) {
-      SchemesOf(services_[number / kOperationsOfService % services_.size()] + "." + random_.Name(number));
+      SchemesOf(services_[number / kOperationsOfService % services_.size()] + "." +
+                random_.Name(number));
     }
     json_.CloseObject();
   }

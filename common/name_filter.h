@@ -32,7 +32,8 @@ class NameMark {
 
 /// A summary of a set of names, to pass over what does not hold a name without looking into it: a
 /// Bloom filter whose every name has all its bits in one block, so that one look at memory tells.
-/// It takes 4 bytes a name. Fewer than one in 5,000 names that are not in the set pass for one of it.
+/// It takes 4 bytes a name. Fewer than one in 5,000 names that are not in the set pass for one of
+/// it.
 class NameFilter {
  public:
   /// Of no names at all.

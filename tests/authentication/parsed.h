@@ -37,7 +37,8 @@ inline JsonMetadataParser::RegisterCallbacks KeepTexts(std::string& components) 
 inline Parsed ParseFile(std::string_view json) {
   Parsed parsed;
   Errors errors;
-  parsed.accepted = JsonMetadataParser::LoadMetadata(Testing::AsSource(json), KeepTexts(parsed.components), errors);
+  parsed.accepted = JsonMetadataParser::LoadMetadata(Testing::AsSource(json),
+                                                     KeepTexts(parsed.components), errors);
   parsed.messages = Testing::MessageTexts(errors);
   return parsed;
 }

@@ -76,7 +76,8 @@ TEST(DeliverOrNotFound, MakesAKeyThatIsAFunctionOnlyWhenItIsNeeded) {
     ++made;
     return std::string("bar");
   };
-  DeliverOrNotFound(delivery.Result(), RecordPtr(std::make_shared<const std::string>("foo")), kId, key);
+  DeliverOrNotFound(delivery.Result(), RecordPtr(std::make_shared<const std::string>("foo")), kId,
+                    key);
   EXPECT_EQ(made, 0);
   DeliverOrNotFound(delivery.Result(), RecordPtr(), kId, key);
   EXPECT_EQ(made, 1);
