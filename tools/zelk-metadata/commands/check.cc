@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 #include <ostream>
 
@@ -9,12 +8,6 @@
 
 namespace Zelk::Tool {
 namespace {
-
-void Declare(CLI::App& app, Arguments& arguments) {
-  app.add_option("FILE", arguments.files, "Files of metadata, each loaded by itself")
-      ->required()
-      ->type_name("");
-}
 
 void WritePosition(JsonWriter& json, const std::optional<FilePosition>& position) {
   for (const auto member : {&FilePosition::line, &FilePosition::column}) {
@@ -57,8 +50,10 @@ void WriteReport(std::ostream& out, const LoadReport& report) {
   }
 }
 
+}  // namespace
+
 /// What is wrong with each file, one line a problem; in JSON an array of one object a file.
-ExitStatus Check(const Arguments& arguments, const Streams& streams) {
+ExitStatus RunCheck(const Arguments& arguments, const Streams& streams) {
   if (!arguments.sources.empty()) {
     PrintError(streams.err, "check takes the files as operands, not as --source");
     return ExitStatus::kUsage;
@@ -78,12 +73,6 @@ ExitStatus Check(const Arguments& arguments, const Streams& streams) {
   json.EndArray();
   if (arguments.json) json.WriteTo(streams.out);
   return status;
-}
-
-}  // namespace
-
-Command CheckCommand() {
-  return {"check", "Load files by themselves and tell what is wrong with them", Declare, Check};
 }
 
 }  // namespace Zelk::Tool
