@@ -23,15 +23,26 @@ const OperandDescription kIds{"ID", Word::kId, false, "As many ids as the kind t
 const std::vector<std::string> kOutputs{"table", "plain", "json"};
 
 Command Check() {
-  return {
-      {"check",
-       "Load files by themselves and tell what is wrong with them",
-       "",
-       {{"FILE", Word::kPath, true, "Files of metadata, each loaded by itself", &Arguments::files}},
-       {},
-       {"json"},
-       "check metadata/metamodel/zelk-metadata.json"},
-      RunCheck};
+  return {{"check",
+           "Load files by themselves and tell what is wrong with them",
+           "",
+           {{"FILE", Word::kPath, true,
+             "Files of metadata, each loaded by itself; - is standard input", &Arguments::files}},
+           {},
+           {"text", "json", "github"},
+           "check metadata/metamodel/zelk-metadata.json"},
+          RunCheck};
+}
+
+Command Explain() {
+  return {{"explain",
+           "Explain a message: what it means, what causes it, how to mend it",
+           "Without an ID, the ids of all messages are listed.\n\n",
+           {{"ID", Word::kText, false, "The id of a message", &Arguments::text}},
+           {},
+           {"text", "json"},
+           "explain zelk.metadata.json.missing.field"},
+          RunExplain};
 }
 
 Command List() {
@@ -73,7 +84,7 @@ Command Fingerprint() {
 }  // namespace
 
 const std::vector<Command>& Commands() {
-  static const std::vector<Command> commands{Check(), List(), Get(), Fingerprint()};
+  static const std::vector<Command> commands{Check(), Explain(), List(), Get(), Fingerprint()};
   return commands;
 }
 

@@ -14,6 +14,7 @@ const std::vector<OptionDescription>& SharedOptions();
 
 // What the commands do, one file each.
 ExitStatus RunCheck(const Arguments& arguments, const Streams& streams);
+ExitStatus RunExplain(const Arguments& arguments, const Streams& streams);
 ExitStatus RunList(const Arguments& arguments, const Streams& streams);
 ExitStatus RunGet(const Arguments& arguments, const Streams& streams);
 ExitStatus RunFingerprint(const Arguments& arguments, const Streams& streams);
