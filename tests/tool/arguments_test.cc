@@ -73,7 +73,7 @@ TEST(Arguments, AnIdMayLookLikeAnOptionBehindADoubleDash) {
 
 TEST(Arguments, BracketsAndCommasBelongToTheName) {
   EXPECT_EQ(RunLine("check [a,b]").out,
-            "[a,b]: Metamodel source file not found: [a,b] "
+            "[a,b]: error: Metamodel source file not found: [a,b] "
             "[zelk.metada.metamodel.source.file.not.found]\n");
   EXPECT_EQ(RunLine("get component [x]").err,
             "zelk-metadata: Metamodel component not found: [x]\n");

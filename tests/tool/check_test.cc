@@ -1,8 +1,11 @@
-#include <gtest/gtest.h>
+#include <sstream>
+
+#include <gmock/gmock.h>
 
 #include "support/temp_folder.h"
 #include "tool/tool_run.h"
 
+using testing::HasSubstr;
 using Zelk::Testing::kDataFolder;
 using Zelk::Testing::RunTool;
 using Zelk::Testing::TempFolder;
@@ -16,20 +19,36 @@ struct SyntaxError {
   std::string place;
   /// The code and the offset that the service answers.
   std::string code_and_offset;
+  /// What RapidJSON calls the code.
+  std::string explanation;
 };
 
+/// What was printed but for the lines of the file.
+std::string WithoutExcerpts(const std::string& out) {
+  std::istringstream lines(out);
+  std::string kept;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.find(" | ") == std::string::npos) kept += line + '\n';
+  }
+  return kept;
+}
+
 const SyntaxError kSyntaxErrors[] = {
-    {"an empty file", "", "1:1", "1 at 0"},
-    {"a blank file", "\n\n  ", "3:3", "1 at 4"},
-    {"the first byte", "?", "1:1", "3 at 0"},
-    {"the first line", "{\"a\": ?}", "1:7", "3 at 6"},
-    {"a later line", "{\n  \"a\": 1,\n  \"b\": ?\n}", "3:8", "3 at 19"},
-    {"the first column of a line", "{\n\"a\": 1,\n?", "3:1", "4 at 10"},
-    {"bytes, not characters", "{\"n\u00e4\": ?}", "1:9", "3 at 8"},
-    {"carriage returns", "{\r\n\"a\":\r\n?", "3:1", "3 at 9"},
-    {"the end of the file", "{\"a\": 1", "1:8", "6 at 7"},
-    {"the end of the file behind a line end", "{\"a\": 1\n", "2:1", "6 at 8"},
-    {"behind the root", "{}\n{}", "2:1", "2 at 3"},
+    {"an empty file", "", "1:1", "1 at 0", "The document is empty."},
+    {"a blank file", "\n\n  ", "3:3", "1 at 4", "The document is empty."},
+    {"the first byte", "?", "1:1", "3 at 0", "Invalid value."},
+    {"the first line", "{\"a\": ?}", "1:7", "3 at 6", "Invalid value."},
+    {"a later line", "{\n  \"a\": 1,\n  \"b\": ?\n}", "3:8", "3 at 19", "Invalid value."},
+    {"the first column of a line", "{\n\"a\": 1,\n?", "3:1", "4 at 10",
+     "Missing a name for object member."},
+    {"bytes, not characters", "{\"n\u00e4\": ?}", "1:9", "3 at 8", "Invalid value."},
+    {"carriage returns", "{\r\n\"a\":\r\n?", "3:1", "3 at 9", "Invalid value."},
+    {"the end of the file", "{\"a\": 1", "1:8", "6 at 7",
+     "Missing a comma or '}' after an object member."},
+    {"the end of the file behind a line end", "{\"a\": 1\n", "2:1", "6 at 8",
+     "Missing a comma or '}' after an object member."},
+    {"behind the root", "{}\n{}", "2:1", "2 at 3",
+     "The document root must not be followed by other values."},
 };
 
 }  // namespace
@@ -39,8 +58,10 @@ TEST(Check, TellsLineAndColumnOfASyntaxError) {
   for (const SyntaxError& row : kSyntaxErrors) {
     const std::string path = folder.Write("file.json", row.text);
     const ToolRun run = RunTool({"check", path});
-    EXPECT_EQ(run.out, path + ":" + row.place + ": Metamodel source file parse error : " +
-                           row.code_and_offset + " [zelk.metadata.metamodel.parse.error]\n")
+    EXPECT_EQ(WithoutExcerpts(run.out),
+              path + ":" + row.place +
+                  ": error: Metamodel source file parse error : " + row.code_and_offset +
+                  " [zelk.metadata.metamodel.parse.error]\n  " + row.explanation + "\n")
         << row.what;
     EXPECT_EQ(run.status, 1) << row.what;
   }
@@ -52,16 +73,20 @@ TEST(Check, TellsLineAndColumnFarInsideAFile) {
   const std::string path = folder.Write("file.json", lines + "  ?");
   EXPECT_EQ(RunTool({"check", path}).out,
             path +
-                ":200001:3: Metamodel source file parse error : 3 at 200002 "
-                "[zelk.metadata.metamodel.parse.error]\n");
+                ":200001:3: error: Metamodel source file parse error : 3 at 200002 "
+                "[zelk.metadata.metamodel.parse.error]\n"
+                "  200001 |   ?\n"
+                "         |   ^\n"
+                "  Invalid value.\n");
 }
 
 TEST(Check, AFolderHasAMessageButNoLine) {
   const TempFolder folder;
   const std::string path = folder.Path("");
   EXPECT_EQ(RunTool({"check", path}).out, path +
-                                              ": Metamodel source file parse error : 1 at 0 "
-                                              "[zelk.metadata.metamodel.parse.error]\n");
+                                              ": error: Metamodel source file parse error : 1 at 0 "
+                                              "[zelk.metadata.metamodel.parse.error]\n"
+                                              "  The document is empty.\n");
 }
 
 TEST(Check, LoadsEveryFileByItself) {
@@ -81,7 +106,62 @@ TEST(Check, ShowsTheArgumentsThatAnUncataloguedMessageHasNoPlaceFor) {
   const TempFolder folder;
   const std::string path = folder.Write("file.json", R"({"cli": [{"type": "foo"}]})");
   const ToolRun run = RunTool({"check", path});
-  EXPECT_EQ(run.out,
-            path + ": Unknown message. [zelk.metadata.cli.json.invalid.node.type: type]\n");
+  EXPECT_THAT(run.out,
+              testing::StartsWith(path + ":1:19: error: Unknown message. "
+                                         "[zelk.metadata.cli.json.invalid.node.type: type] "
+                                         "at /cli/0/type\n"));
   EXPECT_EQ(run.status, 1);
+}
+
+TEST(Check, TellsWhatMadeTheLoadFailFromWhatDidNot) {
+  const TempFolder folder;
+  const std::string path =
+      folder.Write("file.json", R"({"cli": [{"type": "command", "path": "", "name": "n",
+ "description": "", "node_metadata": {"service_id": "s", "operation_id": "o", "options": 1}}]})");
+  const std::string out = RunTool({"check", path}).out;
+  EXPECT_THAT(out, testing::StartsWith(path + ":2:38: note: Json parse missing field: formatter " +
+                                       "[zelk.metadata.json.missing.field] "
+                                       "at /cli/0/node_metadata\n  2 |  \"description\""));
+  EXPECT_THAT(out, HasSubstr(path + ":2:90: error: Json parse invalid field: options " +
+                             "[zelk.metadata.json.invalid.field] "
+                             "at /cli/0/node_metadata/options\n  2 | ..."));
+}
+
+TEST(Check, WhatCostsAValueButNotTheLoadIsAWarning) {
+  const std::string path = kDataFolder + "/several_messages.json";
+  const ToolRun run = RunTool({"check", path});
+  EXPECT_THAT(run.out, HasSubstr(path + ":28:28: warning: Json parse invalid field: value "));
+  EXPECT_THAT(run.out, HasSubstr(path + ":47:39: error: Json parse invalid enum value: "));
+}
+
+TEST(Check, ReadsStandardInputOnceHoweverOftenItIsAskedFor) {
+  const ToolRun run = RunTool({"check", "-", "-"}, R"({"cli": 1})");
+  const std::string told =
+      "<stdin>:1:9: error: Unknown message. [zelk.metadata.cli.json.invalid.field: cli] at /cli\n"
+      "  1 | {\"cli\": 1}\n"
+      "    |         ^\n";
+  EXPECT_EQ(run.out, told + told);
+  EXPECT_EQ(RunTool({"check", "-"}, R"({"cli": []})").out, "<stdin>: ok\n");
+}
+
+TEST(Check, CommandsForGitHubAreEscaped) {
+  const TempFolder folder;
+  const std::string path =
+      folder.Write("a,b:c%.json",
+                   R"({"authentication": {"product": 1, "component": {"name": "c", "schemes": {},
+          "operations": {"100%\r\n::error::\u001b": []}}}})");
+  const ToolRun run = RunTool({"check", "--output", "github", path});
+  const std::string file = "file=" + folder.Path("a%2Cb%3Ac%25.json");
+  const std::string id = "100%25%0D%0A::error::\\x1b";
+  EXPECT_EQ(run.out, "::error " + file + ",line=1,col=32,title=zelk.metadata.json.invalid.field::" +
+                         "Json parse invalid field: product (at /authentication/product)\n" +
+                         "::error " + file + ",line=2,col=26,title=" +
+                         "zelk.metadata.authentication.json.invalid.operation.id%3A " +
+                         "100%25%0D%0A%3A%3Aerror%3A%3A\\x1b::Unknown message. " +
+                         "(at /authentication/component/operations/" + id + ")\n");
+  EXPECT_EQ(RunTool({"check", "--output", "github", kDataFolder + "/network.json"}).out, "");
+}
+
+TEST(Check, AnOutputThatItDoesNotHaveIsWrongUsage) {
+  EXPECT_EQ(RunTool({"check", "--output", "table", "x.json"}).status, 2);
 }

@@ -119,7 +119,7 @@ TEST(Hostile, BracketsOfAnyDepthAreChecked) {
   const std::string file = folder.Write("deep.json", std::string(kLevels, '['));
   const ToolRun run = RunWithLittleStack({"check", file});
   EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.out, HasSubstr("deep.json:1:300001: Metamodel source file parse error"));
+  EXPECT_THAT(run.out, HasSubstr("deep.json:1:300001: error: Metamodel source file parse error"));
 }
 
 TEST(Hostile, NamesAndTextsCannotDriveTheTerminal) {
@@ -144,7 +144,7 @@ TEST(Hostile, NamesAndTextsCannotDriveTheTerminal) {
 
 TEST(Hostile, FileNamesAndIdsCannotDriveTheTerminalEither) {
   EXPECT_EQ(RunTool({"check", "\x1b[2J"}).out,
-            "\\x1b[2J: Metamodel source file not found: \\x1b[2J "
+            "\\x1b[2J: error: Metamodel source file not found: \\x1b[2J "
             "[zelk.metada.metamodel.source.file.not.found]\n");
   EXPECT_EQ(RunTool({"get", "component", "\x1b[2J"}).err,
             "zelk-metadata: Metamodel component not found: \\x1b[2J\n");
@@ -161,4 +161,17 @@ TEST(Hostile, BytesThatAreNoUtf8AreReplacedInJsonAndShownOnPages) {
   EXPECT_EQ(RunTool({"list", "components", "--json", "--source", file}).out, "[\"caf\\uFFFD\"]\n");
   const ToolRun run = RunTool({"get", "component", "caf\xe9", "--json", "--source", file});
   EXPECT_THAT(run.out, HasSubstr(R"("name":"caf\uFFFD")"));
+}
+
+TEST(Hostile, AMistakeBehindTypesOfAnyDepthHasItsPlace) {
+  const TempFolder folder;
+  std::string text = FileWithFieldType(Nested(kMapTo));
+  const std::size_t at = text.rfind("BUILTIN");
+  text.replace(at, 7, "BUILDIN");
+  const std::string file = folder.Write("deep.json", text);
+  const ToolRun run = RunWithLittleStack({"check", file});
+  EXPECT_EQ(run.out.substr(0, 200).find(file + ":1:" + std::to_string(at) +
+                                        ": error: Json parse invalid enum value: category"),
+            0U)
+      << run.out.substr(0, 300);
 }

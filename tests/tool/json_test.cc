@@ -78,7 +78,7 @@ TEST(Json, CheckTellsTheArgumentsAndThePlaceOfEveryMessage) {
   EXPECT_EQ(MemberNames(document[0]), "file domain ok messages");
   EXPECT_EQ(document[0]["file"].GetString(), path);
   const rapidjson::Value& message = document[0]["messages"][0];
-  EXPECT_EQ(MemberNames(message), "id text arguments line column");
+  EXPECT_EQ(MemberNames(message), "severity id text arguments line column pointer explanation");
   EXPECT_STREQ(message["arguments"][1].GetString(), "3");
   EXPECT_EQ(message["line"].GetUint(), 2U);
   EXPECT_EQ(message["column"].GetUint(), 2U);

@@ -25,8 +25,8 @@ struct ToolRun {
   std::string err;
 };
 
-inline ToolRun RunTool(const std::vector<std::string>& args) {
-  std::istringstream in;
+inline ToolRun RunTool(const std::vector<std::string>& args, const std::string& input = {}) {
+  std::istringstream in(input);
   std::ostringstream out;
   std::ostringstream err;
   const int status = Tool::Run(args, in, out, err);

@@ -2,7 +2,11 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <sstream>
+#include <type_traits>
+#include <variant>
 
 #include "commands/command.h"
 #include "commands/table.h"
@@ -38,31 +42,61 @@ void Unshield(std::string& arg) {
 }
 
 void Unshield(Arguments& arguments) {
-  Unshield(arguments.kind);
+  for (auto* word : {&arguments.kind, &arguments.text, &arguments.output}) Unshield(*word);
   for (auto* list : {&arguments.sources, &arguments.ids, &arguments.files}) {
     for (std::string& arg : *list) Unshield(arg);
   }
+}
+
+void Declare(CLI::App& app, const OptionDescription& option, Arguments& arguments) {
+  std::visit(
+      [&](auto member) {
+        auto& target = arguments.*member;
+        const std::string name = "--" + option.name;
+        if constexpr (std::is_same_v<decltype(target), bool&>) {
+          app.add_flag(name, target, option.summary);
+        } else {
+          app.add_option(name, target, option.summary)
+              ->allow_extra_args(false)
+              ->type_name(option.value_name);
+        }
+      },
+      option.target);
+}
+
+void Declare(CLI::App& app, const OperandDescription& operand, Arguments& arguments) {
+  std::visit(
+      [&](auto member) {
+        if constexpr (!std::is_same_v<decltype(member), bool Arguments::*>) {
+          app.add_option(operand.name, arguments.*member, operand.summary)
+              ->required(operand.required)
+              ->type_name("");
+        }
+      },
+      operand.target);
+}
+
+void Declare(CLI::App& app, const CommandDescription& command, Arguments& arguments) {
+  CLI::App* const subcommand = app.add_subcommand(command.name, command.summary);
+  subcommand->fallthrough();
+  subcommand->group("Commands");
+  for (const auto& operand : command.operands) Declare(*subcommand, operand, arguments);
+  for (const auto& option : command.options) Declare(*subcommand, option, arguments);
+  subcommand->footer(command.details + kSharedOptions + "\n\nExample: zelk-metadata " +
+                     command.example);
 }
 
 void Declare(CLI::App& app, Arguments& arguments) {
   app.footer(kFooter);
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app.set_version_flag("--version", "zelk-metadata " ZELK_METADATA_VERSION, "Print the version");
-  app.add_option("--source", arguments.sources, "Load FILE first; may be given several times")
-      ->allow_extra_args(false)
-      ->type_name("[ID=]FILE");
-  app.add_flag("--json", arguments.json, "Answer in JSON, for programs");
+  for (const auto& option : SharedOptions()) Declare(app, option, arguments);
   // Unknown words are left over, so that the complaint about them can be ours. At most one command,
   // so that an id may be called like another command.
   app.allow_extras();
   app.require_subcommand(0, 1);
   for (const Command& command : Commands()) {
-    CLI::App* subcommand = app.add_subcommand(command.name, command.summary);
-    subcommand->fallthrough();
-    subcommand->group("Commands");
-    subcommand->footer("");
-    command.declare(*subcommand, arguments);
-    subcommand->footer(subcommand->get_footer() + kSharedOptions);
+    Declare(app, command.description, arguments);
   }
 }
 
@@ -75,7 +109,7 @@ std::string LeftOver(const std::string& word) {
 const Command* Chosen(const CLI::App& app) {
   const std::string name = app.get_subcommands().front()->get_name();
   return &*std::find_if(Commands().begin(), Commands().end(),
-                        [&](const Command& row) { return row.name == name; });
+                        [&](const Command& row) { return row.description.name == name; });
 }
 
 std::string Complaint(const CLI::App& app) {
@@ -86,6 +120,20 @@ std::string Complaint(const CLI::App& app) {
     return LeftOver(left_over.front()) + "; try --help";
   }
   return app.get_subcommands().empty() ? "a command is missing; try --help" : "";
+}
+
+/// Makes --output and --json agree. Answers what is wrong with them.
+std::string Reconcile(Arguments& arguments, const CommandDescription& command) {
+  const std::string& output = arguments.output;
+  if (arguments.json && !output.empty() && output != "json") {
+    return fmt::format("--json and --output {} contradict each other", output);
+  }
+  if (arguments.json) return "";
+  arguments.json = output == "json";
+  const auto& known = command.outputs;
+  if (output.empty() || std::find(known.begin(), known.end(), output) != known.end()) return "";
+  return fmt::format("--output of {} is one of {}, not '{}'", command.name, fmt::join(known, ", "),
+                     output);
 }
 
 }  // namespace
@@ -110,8 +158,11 @@ ParsedArguments ParseArguments(const std::vector<std::string>& args) {
     return parsed;
   }
   parsed.error = Complaint(app);
-  if (parsed.error.empty()) parsed.command = Chosen(app);
+  if (!parsed.error.empty()) return parsed;
   Unshield(parsed.arguments);
+  const Command& chosen = *Chosen(app);
+  parsed.error = Reconcile(parsed.arguments, chosen.description);
+  if (parsed.error.empty()) parsed.command = &chosen;
   return parsed;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -12,10 +14,17 @@ struct Arguments {
   /// The values of --source, as given.
   std::vector<std::string> sources;
 
+  /// The value of --output, or empty.
+  std::string output;
+
+  /// Whether JSON is wanted, by --json or by --output json.
   bool json = false;
+
   std::string kind;
   std::vector<std::string> ids;
   std::vector<std::string> files;
+  std::string text;
+  std::size_t depth = std::numeric_limits<std::size_t>::max();
 };
 
 /// Either a command with its arguments, or, without one, an error or a text that answers --help or

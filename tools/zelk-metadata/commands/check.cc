@@ -1,89 +1,45 @@
-#include <CLI/CLI.hpp>
-#include <fmt/format.h>
-#include <ostream>
+#include <memory>
 
+#include "check/findings.h"
+#include "check/output.h"
 #include "commands/table.h"
 #include "domains/table.h"
-#include "host/host.h"
-#include "render/utf8.h"
+#include "host/input_file.h"
+#include "render/page.h"
 
 namespace Zelk::Tool {
-namespace {
 
-void Declare(CLI::App& app, Arguments& arguments) {
-  app.add_option("FILE", arguments.files, "Files of metadata, each loaded by itself")
-      ->required()
-      ->type_name("");
-}
-
-void WritePosition(JsonWriter& json, const std::optional<FilePosition>& position) {
-  for (const auto member : {&FilePosition::line, &FilePosition::column}) {
-    json.Key(member == &FilePosition::line ? "line" : "column");
-    if (position) {
-      json.Number((*position).*member);
-    } else {
-      json.Null();
-    }
-  }
-}
-
-void WriteProblem(JsonWriter& json, const Problem& problem) {
-  json.StartObject();
-  json.Member("id", problem.message.id);
-  json.Member("text", problem.message.Text());
-  json.Key("arguments");
-  json.StringArray(problem.message.arguments);
-  WritePosition(json, problem.position);
-  json.EndObject();
-}
-
-void WriteReport(JsonWriter& json, const LoadReport& report) {
-  json.StartObject();
-  json.Member("file", report.file);
-  json.Member("domain", report.domain);
-  json.Key("ok");
-  json.Bool(report.problems.empty());
-  json.Key("messages");
-  json.StartArray();
-  for (const Problem& problem : report.problems) WriteProblem(json, problem);
-  json.EndArray();
-  json.EndObject();
-}
-
-void WriteReport(std::ostream& out, const LoadReport& report) {
-  if (report.problems.empty()) out << ForTerminal(report.file) << ": ok\n";
-  for (const Problem& problem : report.problems) {
-    out << ForTerminal(ProblemLine(report.file, problem)) << '\n';
-  }
-}
-
-/// What is wrong with each file, one line a problem; in JSON an array of one object a file.
-ExitStatus Check(const Arguments& arguments, const Streams& streams) {
+/// What is wrong with each file, in the order given.
+ExitStatus RunCheck(const Arguments& arguments, const Streams& streams) {
   if (!arguments.sources.empty()) {
     PrintError(streams.err, "check takes the files as operands, not as --source");
     return ExitStatus::kUsage;
   }
   ExitStatus status = ExitStatus::kOk;
-  JsonWriter json;
-  json.StartArray();
+  std::shared_ptr<const InputFile> input;
+  std::vector<CheckedFile> for_json;
   for (const std::string& file : arguments.files) {
-    const LoadReport report = LoadAlone(file, Domains());
-    if (!report.problems.empty()) status = ExitStatus::kSourceFailed;
+    const bool is_input = file == "-";
+    if (is_input && !input) input = InputFile::Copy(streams.in);
+    if (is_input && !input) {
+      PrintError(streams.err, "there is no room for a copy of standard input");
+      status = ExitStatus::kSourceFailed;
+      continue;
+    }
+    CheckedFile checked = is_input ? CheckFile("<stdin>", input->Path(), Domains())
+                                   : CheckFile(file, file, Domains());
+    if (!checked.findings.empty()) status = ExitStatus::kSourceFailed;
     if (arguments.json) {
-      WriteReport(json, report);
+      checked.text.reset();
+      for_json.push_back(std::move(checked));
+    } else if (arguments.output == "github") {
+      WriteCheckedCommands(streams.out, checked);
     } else {
-      WriteReport(streams.out, report);
+      WriteCheckedText(streams.out, checked);
     }
   }
-  json.EndArray();
-  if (arguments.json) json.WriteTo(streams.out);
+  if (arguments.json) WriteCheckedJson(streams.out, for_json);
   return status;
-}
-
-}  // namespace
-
-Command CheckCommand() {
-  return {"check", "Load files by themselves and tell what is wrong with them", Declare, Check};
 }
 
 }  // namespace Zelk::Tool

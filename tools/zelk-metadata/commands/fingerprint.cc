@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <ostream>
 
 #include "commands/query.h"
@@ -6,10 +5,6 @@
 
 namespace Zelk::Tool {
 namespace {
-
-void Declare(CLI::App& app, Arguments& arguments) {
-  DeclareKindAndIds(app, arguments, Usages(&Kind::fingerprint));
-}
 
 void WriteJson(JsonWriter& json, const Kind& kind, const Ids& ids, const std::string& fingerprint) {
   json.StartObject();
@@ -20,9 +15,11 @@ void WriteJson(JsonWriter& json, const Kind& kind, const Ids& ids, const std::st
   json.EndObject();
 }
 
+}  // namespace
+
 /// The digits; in JSON an object that also says what they are the fingerprint of. Without a kind,
 /// that of all sources together.
-ExitStatus Fingerprint(const Arguments& given, const Streams& streams) {
+ExitStatus RunFingerprint(const Arguments& given, const Streams& streams) {
   Arguments arguments = given;
   if (arguments.kind.empty()) arguments.kind = "source";
   return RunQuery("fingerprint", &Kind::fingerprint, arguments, streams,
@@ -35,13 +32,6 @@ ExitStatus Fingerprint(const Arguments& given, const Streams& streams) {
                     WriteJson(json, kind, arguments.ids, fingerprint);
                     json.WriteTo(streams.out);
                   });
-}
-
-}  // namespace
-
-Command FingerprintCommand() {
-  return {"fingerprint", "Print a digest that changes when the metadata does", Declare,
-          Fingerprint};
 }
 
 }  // namespace Zelk::Tool

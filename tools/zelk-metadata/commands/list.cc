@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <ostream>
 
 #include "commands/query.h"
@@ -6,14 +5,9 @@
 #include "render/utf8.h"
 
 namespace Zelk::Tool {
-namespace {
-
-void Declare(CLI::App& app, Arguments& arguments) {
-  DeclareKindAndIds(app, arguments, Usages(&Kind::list)).required();
-}
 
 /// The names, one a line; in JSON an array of them.
-ExitStatus List(const Arguments& arguments, const Streams& streams) {
+ExitStatus RunList(const Arguments& arguments, const Streams& streams) {
   return RunQuery("list", &Kind::list, arguments, streams,
                   [&](const Kind& /*kind*/, const Names& names) {
                     if (arguments.json) {
@@ -24,12 +18,6 @@ ExitStatus List(const Arguments& arguments, const Streams& streams) {
                     }
                     for (const std::string& name : names) streams.out << ForTerminal(name) << '\n';
                   });
-}
-
-}  // namespace
-
-Command ListCommand() {
-  return {"list", "List the names of a kind, or of what belongs to an ID", Declare, List};
 }
 
 }  // namespace Zelk::Tool

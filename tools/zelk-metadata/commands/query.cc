@@ -1,11 +1,11 @@
 #include "commands/query.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
 namespace Zelk::Tool {
+
 std::string IdsText(const Candidate& candidate) {
   std::string text;
   for (std::size_t i = 0; i < candidate.ids.max; ++i) {
@@ -13,14 +13,6 @@ std::string IdsText(const Candidate& candidate) {
     text += i < candidate.ids.min ? " " + name : " [" + name + "]";
   }
   return text;
-}
-
-CLI::Option& DeclareKindAndIds(CLI::App& app, Arguments& arguments, const Names& usages) {
-  CLI::Option* const kind = app.add_option("KIND", arguments.kind, "One of the kinds below");
-  app.add_option("ID", arguments.ids, "As many ids as the kind takes")->type_name("");
-  app.footer(fmt::format("Kinds, which may be written in the plural, too:\n  {}\n",
-                         fmt::join(usages, "\n  ")));
-  return *kind->type_name("");
 }
 
 bool LoadSources(Host& host, const Arguments& arguments, const Streams& streams) {

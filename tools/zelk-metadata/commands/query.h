@@ -9,10 +9,6 @@
 
 // What the commands share that ask a kind one question: find the kind, load the sources, ask, show.
 
-namespace CLI {
-class Option;
-}  // namespace CLI
-
 namespace Zelk::Tool {
 
 /// Loads every --source and complains of those that fail, which does not keep the others from
@@ -39,21 +35,19 @@ std::vector<Candidate> Candidates(const Host& host, const std::string& name,
 /// "SERVICE OPERATION", with brackets round an id that may be left out.
 std::string IdsText(const Candidate& candidate);
 
-/// Every kind that offers `query`, with the ids it takes.
+/// Every kind that offers `query`, with the ids it takes, those of several domains once.
 template <typename T>
 Names Usages(Query<T> Kind::*query) {
   const Host host(Domains());
   Names usages;
   for (const std::string& name : host.KindNames()) {
     for (const Candidate& candidate : Candidates(host, name, query)) {
-      usages.push_back(name + IdsText(candidate));
+      const std::string usage = name + IdsText(candidate);
+      if (usages.empty() || usages.back() != usage) usages.push_back(usage);
     }
   }
   return usages;
 }
-
-/// Declares KIND and ID, with the `usages` for --help to show. Returns KIND.
-CLI::Option& DeclareKindAndIds(CLI::App& app, Arguments& arguments, const Names& usages);
 
 /// The first that takes as many ids; null when none does.
 const Kind* FirstFitting(const std::vector<Candidate>& candidates, std::size_t id_count);

@@ -9,10 +9,14 @@ namespace Zelk::Tool {
 /// All commands, in the order in which --help shows them.
 const std::vector<Command>& Commands();
 
-// One file each.
-Command CheckCommand();
-Command ListCommand();
-Command GetCommand();
-Command FingerprintCommand();
+/// The options that all commands take, before and after the command's name.
+const std::vector<OptionDescription>& SharedOptions();
+
+// What the commands do, one file each.
+ExitStatus RunCheck(const Arguments& arguments, const Streams& streams);
+ExitStatus RunExplain(const Arguments& arguments, const Streams& streams);
+ExitStatus RunList(const Arguments& arguments, const Streams& streams);
+ExitStatus RunGet(const Arguments& arguments, const Streams& streams);
+ExitStatus RunFingerprint(const Arguments& arguments, const Streams& streams);
 
 }  // namespace Zelk::Tool

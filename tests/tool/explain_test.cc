@@ -1,0 +1,171 @@
+#include <algorithm>
+#include <regex>
+#include <set>
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include "domains/table.h"
+#include "explain/explanations.h"
+#include "support/file_text.h"
+#include "support/temp_folder.h"
+#include "tool/tool_run.h"
+
+// What explain says is held to the library: its ids and texts to the documented catalog, and every
+// example to what the services do with it.
+
+using testing::HasSubstr;
+using Zelk::Testing::FileText;
+using Zelk::Testing::RunTool;
+using Zelk::Testing::TempFolder;
+using Zelk::Testing::ToolRun;
+using Zelk::Testing::Words;
+using Zelk::Tool::Domain;
+using Zelk::Tool::DomainRow;
+using Zelk::Tool::Example;
+using Zelk::Tool::Explanation;
+using Zelk::Tool::Explanations;
+using Zelk::Tool::Ids;
+using Zelk::Tool::Kind;
+using Zelk::Tool::ServiceError;
+
+namespace {
+
+bool IsReserved(const Explanation& explanation) {
+  return explanation.example.command.empty() && explanation.example.create_in.empty();
+}
+
+std::unique_ptr<Domain> NewDomain(const std::string& name) {
+  for (const DomainRow& row : Zelk::Tool::Domains()) {
+    if (row.name == name) return row.make();
+  }
+  ADD_FAILURE() << "no domain " << name;
+  return nullptr;
+}
+
+std::set<std::string> IdsOf(const std::optional<ServiceError>& error) {
+  std::set<std::string> ids;
+  if (!error) return ids;
+  for (const auto& message : error->messages) ids.insert(message.id);
+  return ids;
+}
+
+/// Asks the services what "get DOMAIN:KIND ID..." or "list DOMAIN:KIND ID..." asks them.
+std::set<std::string> AskedFor(const std::vector<std::string>& words) {
+  const std::size_t colon = words[1].find(':');
+  const auto domain = NewDomain(words[1].substr(0, colon));
+  const Ids ids(words.begin() + 2, words.end());
+  for (const Kind& kind : domain->Kinds()) {
+    if (kind.name != words[1].substr(colon + 1)) continue;
+    return words[0] == "get" ? IdsOf(kind.get.call(ids).error) : IdsOf(kind.list.call(ids).error);
+  }
+  return {};
+}
+
+/// The ids in what the program prints: "[ID]", "[ID: ARGUMENT]".
+std::set<std::string> PrintedIds(const std::string& text) {
+  std::set<std::string> ids;
+  const std::regex pattern(R"(\[(zelk\.[a-z.]+))");
+  for (std::sregex_iterator match(text.begin(), text.end(), pattern), end; match != end; ++match) {
+    ids.insert((*match)[1]);
+  }
+  return ids;
+}
+
+std::set<std::string> Provoked(const Example& example) {
+  const TempFolder folder;
+  if (!example.create_in.empty()) {
+    return IdsOf(NewDomain(example.create_in)->CreateSource("a", folder.Path("nope.json")));
+  }
+  std::vector<std::string> words = Words(example.command);
+  const bool asks = words[0] == "get" || (words[0] == "list" && example.file.empty());
+  if (asks) return AskedFor(words);
+  const std::string path = folder.Write("example.json", example.file);
+  for (std::string& word : words) word = std::regex_replace(word, std::regex("FILE"), path);
+  const ToolRun run = RunTool(words);
+  return PrintedIds(run.out + run.err);
+}
+
+}  // namespace
+
+TEST(Explain, EveryExampleProvokesItsMessage) {
+  std::size_t provoked = 0;
+  for (const Explanation& explanation : Explanations()) {
+    if (IsReserved(explanation)) continue;
+    EXPECT_EQ(Provoked(explanation.example).count(explanation.id), 1U) << explanation.id;
+    ++provoked;
+  }
+  EXPECT_EQ(provoked, 32U);
+}
+
+TEST(Explain, TheMessagesAreThoseOfTheDocumentedCatalogWithTheirTexts) {
+  const std::string document = FileText(ZELK_SOURCE_DIR "/docs/messages.md");
+  std::set<std::string> documented;
+  const std::regex row(R"(\n\| `(zelk\.[a-z.]+)` \| ([^|]+) \|)");
+  for (std::sregex_iterator match(document.begin(), document.end(), row), end; match != end;
+       ++match) {
+    documented.insert((*match)[1].str() + ": " + (*match)[2].str());
+  }
+  std::set<std::string> explained;
+  for (const auto& explanation : Explanations()) {
+    explained.insert(explanation.id + ": " + explanation.text);
+  }
+  EXPECT_EQ(explained, documented);
+  EXPECT_EQ(Explanations().size(), 36U);
+}
+
+TEST(Explain, OnlyTheMessagesThatAreRaisedByNothingHaveNoExample) {
+  const std::string document = FileText(ZELK_SOURCE_DIR "/docs/messages.md");
+  const std::string reserved = document.substr(document.find("raised by nothing"));
+  for (const auto& explanation : Explanations()) {
+    EXPECT_EQ(IsReserved(explanation),
+              reserved.find("`" + explanation.id + "`") != std::string::npos)
+        << explanation.id;
+  }
+}
+
+TEST(Explain, WithoutAnIdAllIdsAreListed) {
+  std::string expected;
+  for (const auto& explanation : Explanations()) expected += explanation.id + "\n";
+  const ToolRun run = RunTool({"explain"});
+  EXPECT_EQ(run.out, expected);
+  EXPECT_EQ(run.status, 0);
+}
+
+TEST(Explain, APageTellsMeaningCauseExampleAndMend) {
+  const ToolRun run = RunTool({"explain", "zelk.metadata.cli.json.invalid.node.type"});
+  EXPECT_EQ(run.out, R"(zelk.metadata.cli.json.invalid.node.type
+    Unknown message.
+
+Means:
+    The type of a node is neither namespace nor command. The argument is always
+    type.
+
+Usual cause:
+    A misspelt word, or one in upper case.
+
+Example:
+    With this text in FILE:
+        {"cli": [{"type": "Command"}]}
+    zelk-metadata check FILE
+
+Mend:
+    Use one of the two words, in lower case.
+)");
+  EXPECT_EQ(run.status, 0);
+}
+
+TEST(Explain, AnUnknownIdIsToldWithTheNearOnes) {
+  const ToolRun run = RunTool({"explain", "zelk.metadata.json.missing.fiels"});
+  EXPECT_EQ(run.err,
+            "zelk-metadata: unknown message id 'zelk.metadata.json.missing.fiels'; did you mean "
+            "zelk.metadata.json.missing.field?\n");
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.status, 3);
+}
+
+TEST(Explain, InJsonTheExplanationIsAnObject) {
+  const ToolRun run = RunTool({"explain", "--json", "zelk.metadata.json.missing.field"});
+  EXPECT_THAT(run.out, testing::StartsWith(R"({"id":"zelk.metadata.json.missing.field","text":)"));
+  EXPECT_THAT(run.out, HasSubstr(R"("command":"check FILE")"));
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace Zelk::Tool {
+
+/// Something small that ends in the message.
+struct Example {
+  /// The text of a file, or empty where none is needed.
+  std::string file;
+
+  /// What is done with the file, or without one, as words of this program's command line. FILE
+  /// stands for the file.
+  std::string command;
+
+  /// The domain whose source service is asked for a source from a path at which no file is; empty
+  /// where there is a command.
+  std::string create_in;
+};
+
+/// What there is to say about a message.
+struct Explanation {
+  std::string id;
+
+  /// The default text.
+  std::string text;
+
+  std::string meaning;
+  std::string cause;
+  std::string mend;
+
+  /// Empty for a message that nothing raises.
+  Example example;
+};
+
+/// All messages of the library, those of the catalog in its order and then those that have no row
+/// in it.
+const std::vector<Explanation>& Explanations();
+
+}  // namespace Zelk::Tool
