@@ -86,4 +86,12 @@ std::string ForTerminal(const std::string& text) {
   });
 }
 
+void ForEachCharacter(const std::string& text, const std::function<void(std::uint32_t)>& visit) {
+  for (std::string_view rest = text; !rest.empty();) {
+    const Character character = First(rest);
+    visit(character.code);
+    rest.remove_prefix(character.size);
+  }
+}
+
 }  // namespace Zelk::Tool

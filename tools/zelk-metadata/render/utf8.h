@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 
 namespace Zelk::Tool {
@@ -11,5 +13,9 @@ std::string RepairedUtf8(const std::string& text);
 /// \xNN (those beyond ASCII \u00NN) and bytes that are not part of well-formed UTF-8 \xNN. Metadata
 /// comes from anywhere, and a name must not be able to drive the terminal.
 std::string ForTerminal(const std::string& text);
+
+/// Calls `visit` with the code of every character; bytes that are not part of well-formed UTF-8 are
+/// taken for characters themselves.
+void ForEachCharacter(const std::string& text, const std::function<void(std::uint32_t)>& visit);
 
 }  // namespace Zelk::Tool

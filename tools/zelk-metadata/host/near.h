@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace Zelk::Tool {
+
+/// How many characters must be inserted, removed, changed or exchanged with their neighbour to make
+/// one text of the other; `limit + 1` if more than `limit`. The work grows with the length times
+/// the limit.
+std::size_t EditDistance(const std::string& left, const std::string& right, std::size_t limit);
+
+/// The few names that somebody may have meant who wrote `wanted`, the likeliest first: but for
+/// upper and lower case the same, the same behind a dot, or a typing error away.
+std::vector<std::string> NearNames(const std::string& wanted,
+                                   const std::vector<std::string>& known);
+
+/// "; did you mean A, B or C?", or nothing without names.
+std::string Suggestion(const std::vector<std::string>& names);
+
+}  // namespace Zelk::Tool
