@@ -31,7 +31,8 @@ Command Check() {
        {{"FILE", Word::kPath, true, "Files of metadata, each loaded by itself", &Arguments::files}},
        {},
        {"text", "json"},
-       "check metadata/metamodel/zelk-metadata.json"},
+       "check metadata/metamodel/zelk-metadata.json metadata/authentication/zelk-metadata.json "
+       "metadata/cli/zelk-metadata.json"},
       RunCheck};
 }
 
@@ -92,7 +93,7 @@ Command Tree() {
              "How many levels to show below the domains",
              &Arguments::depth}},
            kOutputs,
-           "tree --depth 2 --source metadata"},
+           "tree --depth 1 --source metadata"},
           RunTree};
 }
 
@@ -105,7 +106,7 @@ Command Search() {
        {{"TEXT", Word::kText, true, "A part of a name or of a documentation", &Arguments::text}},
        {},
        kOutputs,
-       "search reload --source metadata"},
+       "search md5 --source metadata"},
       RunSearch};
 }
 
@@ -119,8 +120,8 @@ Command Which() {
        {KindOperand(true), kIds},
        {},
        kOutputs,
-       "which component com.acme --source tests/data/tool/inventory.json "
-       "--source second=tests/data/tool/inventory.json"},
+       "which service com.orvane.zelk.metadata.cli.command --source metadata "
+       "--source copy=metadata/metamodel/zelk-metadata.json"},
       RunWhich};
 }
 
@@ -132,7 +133,7 @@ Command Usage() {
              "The namespaces and the command, dotted or each for itself", &Arguments::ids}},
            {},
            kOutputs,
-           "usage metadata metamodel source delete --source metadata"},
+           "usage metadata metamodel component --source metadata"},
           RunUsage};
 }
 
