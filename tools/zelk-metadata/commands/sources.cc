@@ -27,17 +27,17 @@ void Add(Tally& tally, const LoadReport& report) {
 
 void Load(Host& host, const SourceArgument& argument, std::istream& in, Progress& progress,
           Tally& tally) {
-  progress.Tell(fmt::format("reading {} ...", argument.path));
+  progress.Tell(fmt::format("reading {} ...", ShownName(argument)));
   const Expansion expansion = Expand(argument, in);
   if (const auto* const complaint = std::get_if<std::string>(&expansion)) {
     ++tally.total;
     tally.complaints.push_back(*complaint);
-    tally.failed.push_back(argument.path);
+    tally.failed.push_back(ShownName(argument));
     return;
   }
   for (const SourceArgument& source : std::get<std::vector<SourceArgument>>(expansion)) {
     ++tally.total;
-    progress.Tell(fmt::format("loading {} ...", source.path));
+    progress.Tell(fmt::format("loading {} ...", ShownName(source)));
     Add(tally, host.Load(source));
   }
 }

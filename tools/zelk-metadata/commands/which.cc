@@ -22,14 +22,9 @@ std::vector<Candidate> Askable(const Host& host, const std::string& name) {
   return candidates;
 }
 
-std::string FileText(const Holder& holder) {
-  const SourceArgument& source = holder.source->source;
-  return source.input ? "standard input" : source.path;
-}
-
 std::string HolderText(const Holder& holder) {
   const std::string place = PlaceText(holder);
-  return fmt::format("{} ({}){}{}", holder.source->source.id, FileText(holder),
+  return fmt::format("{} ({}){}{}", holder.source->source.id, ShownName(holder.source->source),
                      place.empty() ? "" : ", in ", place);
 }
 
@@ -45,7 +40,7 @@ void WriteJson(JsonWriter& json, const char* name, const std::vector<Holder>& ho
   for (const Holder& holder : holders) {
     json.StartObject();
     json.Member("source", holder.source->source.id);
-    json.Member("file", FileText(holder));
+    json.Member("file", ShownName(holder.source->source));
     json.Member("place", PlaceText(holder));
     json.EndObject();
   }

@@ -41,7 +41,7 @@ class Metamodel final : public Domain {
   std::vector<Section> About(const std::vector<Subject>& levels) override;
 
  private:
-  /// The package whose services answer for the service, or an empty text.
+  /// The first package that has the service, as packages are answered; an empty text for none.
   std::string PackageOf(const std::string& service_id);
 
   explicit Metamodel(const Container& container);

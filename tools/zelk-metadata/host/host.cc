@@ -22,7 +22,7 @@ std::optional<FilePosition> PositionOf(const Message& message, const std::string
 }
 
 LoadReport LoadInto(Domain& domain, const DomainRow& row, const SourceArgument& source) {
-  LoadReport report{source.input ? "standard input" : source.path, row.name, {}};
+  LoadReport report{ShownName(source), row.name, {}};
   const std::optional<ServiceError> error = domain.CreateSource(source.id, source.path);
   if (!error) return report;
   for (const Message& message : error->messages) {

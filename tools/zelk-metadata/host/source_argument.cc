@@ -45,6 +45,7 @@ Expansion ExpandFolder(const SourceArgument& argument, const std::string& prefix
 }
 
 Expansion ExpandInput(const SourceArgument& argument, std::istream& in) {
+  if (in.eof()) return std::string("standard input: it can be read only once");
   const auto input = InputFile::Copy(in);
   if (!input) return std::string("standard input: there is no room for a copy of it");
   return std::vector<SourceArgument>{{argument.id, input->Path(), input}};
@@ -63,6 +64,10 @@ SourceArgument ParseSourceArgument(const std::string& text) {
 
 std::string DefaultSourceId(const std::string& path) {
   return path == kInput ? "stdin" : fs::path(path).stem().string();
+}
+
+std::string ShownName(const SourceArgument& source) {
+  return source.input || source.path == kInput ? "standard input" : source.path;
 }
 
 Expansion Expand(const SourceArgument& argument, std::istream& in) {

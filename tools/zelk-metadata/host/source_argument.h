@@ -27,6 +27,9 @@ SourceArgument ParseSourceArgument(const std::string& text);
 /// The id that a file gets when none is given.
 std::string DefaultSourceId(const std::string& path);
 
+/// The file as the user knows it: its path, or "standard input".
+std::string ShownName(const SourceArgument& source);
+
 /// The sources that an argument stands for, or what is wrong with it.
 using Expansion = std::variant<std::vector<SourceArgument>, std::string>;
 
