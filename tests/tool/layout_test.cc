@@ -66,6 +66,23 @@ TEST(Layout, ATableHasItsColumnsInLineAndWrapsTheLastOne) {
             "b\u00e9\\x1b\n");
 }
 
+TEST(Layout, ATableWithoutRoomHasItsLastColumnBelowTheOthers) {
+  Table table({"NAME", "TEXT"});
+  table.Add({std::string(25, 'n'), "one two three four five six seven"});
+  table.Add({"b", ""});
+  EXPECT_EQ(Written([&](std::ostream& out) { table.Write(out, Wide(30)); }),
+            "NAME\n" + std::string(25, 'n') + "\n    one two three four five\n    six seven\nb\n");
+}
+
+TEST(Layout, ATableOfOneColumnIsAListAtTheLeft) {
+  Table table({"NAME"});
+  table.Add({"a name with blanks in it"});
+  for (const std::size_t width : {10U, 21U}) {
+    EXPECT_EQ(Written([&](std::ostream& out) { table.Write(out, Wide(width)); }),
+              "NAME\na name with blanks in it\n");
+  }
+}
+
 TEST(Layout, ATableForProgramsHasATabBetweenCellsAndNoHeadings) {
   Table table({"NAME", "TEXT"});
   table.Add({"a\tb", "c"});

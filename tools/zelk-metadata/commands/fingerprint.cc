@@ -39,12 +39,12 @@ std::string SubjectText(const Fingerprint& answer) {
 
 /// The digits, and behind them, where people read or several domains answer, what they are the
 /// fingerprint of. Without a kind, that of all sources of a domain together.
-ExitStatus RunFingerprint(const Arguments& given, const Streams& streams) {
-  Arguments arguments = given;
-  if (arguments.kind.empty()) arguments.kind = "source";
+ExitStatus RunFingerprint(const Arguments& arguments, const Streams& streams) {
+  Arguments asked = arguments;
+  if (asked.kind.empty()) asked.kind = "source";
   Question question;
-  ExitStatus status = Prepare(question, "fingerprint", &Kind::fingerprint, arguments,
-                              arguments.ids.size(), streams);
+  ExitStatus status =
+      Prepare(question, "fingerprint", &Kind::fingerprint, asked, arguments.ids.size(), streams);
   if (status != ExitStatus::kOk) return status;
   Answers<std::string> answers;
   status = Ask(&Kind::fingerprint, question.candidates, arguments.ids, streams, answers);

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t kGap = 2;
 constexpr std::size_t kLeastRoom = 20;
+constexpr std::size_t kStackedIndent = 4;
 
 using Cells = std::vector<std::string>;
 
@@ -34,6 +35,11 @@ std::string Beginning(const Cells& row, const std::vector<std::size_t>& widths) 
   return text;
 }
 
+void WriteLine(std::ostream& out, const Terminal& terminal, std::string text, bool is_heading) {
+  text.erase(text.find_last_not_of(' ') + 1);
+  out << (is_heading ? Bold(terminal, text) : text) << '\n';
+}
+
 }  // namespace
 
 Table::Table(std::vector<std::string> headings) {
@@ -49,14 +55,22 @@ void Table::Write(std::ostream& out, const Terminal& terminal) const {
   const std::vector<std::size_t> widths = Widths(rows_);
   std::size_t indent = 0;
   for (const std::size_t width : widths) indent += width + kGap;
-  const bool roomy = terminal.width >= indent + kLeastRoom;
-  const std::size_t room = roomy ? terminal.width - indent : 0;
+  const bool roomy = terminal.width == 0 || terminal.width >= indent + kLeastRoom;
+  if (!roomy) indent = kStackedIndent;
+  // A column alone is one of names, which are never broken.
+  const bool wraps = !widths.empty() && terminal.width > indent;
+  const std::size_t room = wraps ? terminal.width - indent : 0;
   for (const Cells& row : rows_) {
     std::string text = Beginning(row, widths);
+    const bool is_heading = &row == &rows_.front();
+    // Without room beside the other columns, the last one stands below them.
+    if (!roomy && !widths.empty()) {
+      WriteLine(out, terminal, text, is_heading);
+      if (is_heading || row.back().empty()) continue;
+      text = std::string(indent, ' ');
+    }
     for (const std::string& line : Wrapped(row.back(), room)) {
-      text += line;
-      text.erase(text.find_last_not_of(' ') + 1);
-      out << (&row == &rows_.front() ? Bold(terminal, text) : text) << '\n';
+      WriteLine(out, terminal, text + line, is_heading);
       text = std::string(indent, ' ');
     }
   }

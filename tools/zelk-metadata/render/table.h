@@ -17,7 +17,7 @@ class Table {
   void Add(std::vector<std::string> cells);
 
   /// For people: columns in line with each other. The last one is wrapped to the terminal's width,
-  /// the others are never broken.
+  /// below the others where it has no room beside them; the others are never broken.
   void Write(std::ostream& out, const Terminal& terminal) const;
 
   /// For programs: no headings, one row a line, a tab between cells.
