@@ -319,6 +319,16 @@ TEST(Folders, AFolderWithoutFilesIsASourceThatFails) {
   EXPECT_EQ(run.err, "zelk-metadata: " + folder.Path("") + ": no *.json file is in this folder\n");
 }
 
+TEST(Folders, LinksToFilesAreLoadedAndLinksToFoldersAreNotFollowed) {
+  const TempFolder folder;
+  const TempFolder other;
+  const std::string file = other.Write("b.json", MetamodelFile(Component("c")));
+  std::filesystem::create_symlink(file, folder.Path("a.json"));
+  std::filesystem::create_directory_symlink(other.Path(""), folder.Path("link"));
+  std::filesystem::create_directory_symlink(folder.Path(""), folder.Path("round"));
+  EXPECT_EQ(RunTool({"list", "sources", "--source", folder.Path("")}).out, "a\n");
+}
+
 TEST(Folders, OneBadFileDoesNotHideTheOthersAndIsNamedAtTheEnd) {
   const TempFolder folder;
   folder.Write("a.json", "?");

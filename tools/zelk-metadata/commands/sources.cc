@@ -29,13 +29,12 @@ void Load(Host& host, const SourceArgument& argument, std::istream& in, Progress
           Tally& tally) {
   progress.Tell(fmt::format("reading {} ...", ShownName(argument)));
   const Expansion expansion = Expand(argument, in);
-  if (const auto* const complaint = std::get_if<std::string>(&expansion)) {
+  for (const std::string& complaint : expansion.complaints) {
     ++tally.total;
-    tally.complaints.push_back(*complaint);
+    tally.complaints.push_back(complaint);
     tally.failed.push_back(ShownName(argument));
-    return;
   }
-  for (const SourceArgument& source : std::get<std::vector<SourceArgument>>(expansion)) {
+  for (const SourceArgument& source : expansion.sources) {
     ++tally.total;
     progress.Tell(fmt::format("loading {} ...", ShownName(source)));
     Add(tally, host.Load(source));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <istream>
 #include <system_error>
 
 #include "host/input_file.h"
@@ -17,38 +18,56 @@ bool IsHidden(const fs::path& path) {
   return path.filename().string().front() == '.';
 }
 
-/// Every "*.json" below the folder. Sets `error` where the folder cannot be read to its end.
-std::vector<fs::path> JsonFiles(const fs::path& folder, std::error_code& error) {
+/// Every "*.json" below a folder.
+struct JsonFiles {
   std::vector<fs::path> files;
-  for (fs::recursive_directory_iterator at(folder, error); !error && at != fs::end(at);
-       at.increment(error)) {
-    std::error_code ignored;
-    if (IsHidden(at->path())) {
-      at.disable_recursion_pending();
-    } else if (at->path().extension() == ".json" && !at->is_directory(ignored)) {
-      files.push_back(at->path());
-    }
+  std::vector<std::string> complaints;
+};
+
+void AddFile(const fs::directory_entry& entry, JsonFiles& found, std::vector<fs::path>& folders) {
+  std::error_code ignored;
+  if (IsHidden(entry.path())) return;
+  if (!entry.is_directory(ignored)) {
+    if (entry.path().extension() == ".json") found.files.push_back(entry.path());
+  } else if (!entry.is_symlink(ignored)) {
+    folders.push_back(entry.path());
   }
-  std::sort(files.begin(), files.end());
-  return files;
+}
+
+/// A folder that cannot be read does not hide the others.
+JsonFiles FindJsonFiles(const fs::path& folder) {
+  JsonFiles found;
+  std::vector<fs::path> folders{folder};
+  while (!folders.empty()) {
+    const fs::path next = folders.back();
+    folders.pop_back();
+    std::error_code error;
+    for (fs::directory_iterator at(next, error); !error && at != fs::end(at); at.increment(error)) {
+      AddFile(*at, found, folders);
+    }
+    if (error) found.complaints.push_back(next.string() + ": " + error.message());
+  }
+  std::sort(found.files.begin(), found.files.end());
+  return found;
 }
 
 Expansion ExpandFolder(const SourceArgument& argument, const std::string& prefix) {
-  std::error_code error;
-  std::vector<SourceArgument> sources;
-  for (const fs::path& file : JsonFiles(argument.path, error)) {
-    sources.push_back({prefix + DefaultSourceId(file.string()), file.string()});
+  JsonFiles found = FindJsonFiles(argument.path);
+  Expansion expansion{{}, std::move(found.complaints)};
+  for (const fs::path& file : found.files) {
+    expansion.sources.push_back({prefix + DefaultSourceId(file.string()), file.string()});
   }
-  if (error) return argument.path + ": " + error.message();
-  if (sources.empty()) return argument.path + ": no *.json file is in this folder";
-  return sources;
+  if (expansion.sources.empty() && expansion.complaints.empty()) {
+    expansion.complaints.push_back(argument.path + ": no *.json file is in this folder");
+  }
+  return expansion;
 }
 
 Expansion ExpandInput(const SourceArgument& argument, std::istream& in) {
-  if (in.eof()) return std::string("standard input: it can be read only once");
+  if (in.eof()) return {{}, {"standard input: it can be read only once"}};
   const auto input = InputFile::Copy(in);
-  if (!input) return std::string("standard input: there is no room for a copy of it");
-  return std::vector<SourceArgument>{{argument.id, input->Path(), input}};
+  if (!input) return {{}, {"standard input: there is no room for a copy of it"}};
+  return {{{argument.id, input->Path(), input}}, {}};
 }
 
 }  // namespace
@@ -73,7 +92,7 @@ std::string ShownName(const SourceArgument& source) {
 Expansion Expand(const SourceArgument& argument, std::istream& in) {
   if (argument.path == kInput) return ExpandInput(argument, in);
   std::error_code ignored;
-  if (!fs::is_directory(argument.path, ignored)) return std::vector<SourceArgument>{argument};
+  if (!fs::is_directory(argument.path, ignored)) return {{argument}, {}};
   const bool named = argument.id != DefaultSourceId(argument.path);
   return ExpandFolder(argument, named ? argument.id + "/" : "");
 }

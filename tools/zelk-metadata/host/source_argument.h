@@ -3,7 +3,6 @@
 #include <iosfwd>
 #include <memory>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace Zelk::Tool {
@@ -30,8 +29,11 @@ std::string DefaultSourceId(const std::string& path);
 /// The file as the user knows it: its path, or "standard input".
 std::string ShownName(const SourceArgument& source);
 
-/// The sources that an argument stands for, or what is wrong with it.
-using Expansion = std::variant<std::vector<SourceArgument>, std::string>;
+/// The sources that an argument stands for, and what cannot be read of it.
+struct Expansion {
+  std::vector<SourceArgument> sources;
+  std::vector<std::string> complaints;
+};
 
 /// A path "-" is what `in` holds; a folder is every "*.json" in it and in the folders in it, in the
 /// order of their paths, each with its own name as the id, behind "ID/" where one was given. Links
