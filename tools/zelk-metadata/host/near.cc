@@ -85,6 +85,7 @@ std::vector<std::string> NearNames(const std::string& wanted,
     if (near.size() > kMostNames) near.erase(std::prev(near.end()));
   }
   std::vector<std::string> names;
+  names.reserve(near.size());
   for (const auto& [distance, name] : near) names.push_back(name);
   return names;
 }
