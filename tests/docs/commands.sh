@@ -31,7 +31,7 @@ while IFS= read -r line; do
     [[ $line == '```console' ]] && in_block=1
   elif [ "$in_block" = 1 ] && [[ $line == '$ '* ]]; then
     finish
-    [[ $line =~ zelk-metadata\ (check|explain|list|get|fingerprint|--) ]] && command=${line#'$ '}
+    [[ $line =~ zelk-metadata\ (check|explain|tree|list|get|search|which|fingerprint|usage|--) ]] && command=${line#'$ '}
   elif [ -n "$command" ]; then
     expected+=$line$'\n'
   fi

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "commands/table.h"
 #include "tool/tool_run.h"
 
 using testing::AllOf;
@@ -9,6 +10,8 @@ using Zelk::Testing::RunLine;
 using Zelk::Testing::RunOnInventory;
 using Zelk::Testing::RunTool;
 using Zelk::Testing::ToolRun;
+using Zelk::Tool::Command;
+using Zelk::Tool::Commands;
 
 TEST(Arguments, VersionIsThatOfTheProject) {
   const ToolRun run = RunLine("--version");
@@ -20,8 +23,11 @@ TEST(Arguments, VersionIsThatOfTheProject) {
 TEST(Arguments, HelpNamesTheCommandsTheOptionsAndTheExitStatuses) {
   const ToolRun run = RunLine("--help");
   EXPECT_EQ(run.status, 0);
-  EXPECT_THAT(run.out, AllOf(HasSubstr("check"), HasSubstr("list"), HasSubstr("get"),
-                             HasSubstr("fingerprint"), HasSubstr("--source [ID=]FILE"),
+  for (const Command& command : Commands()) {
+    EXPECT_THAT(run.out, HasSubstr("\n  " + command.description.name + " "));
+    EXPECT_THAT(run.out, HasSubstr("\n  zelk-metadata " + command.description.example + "\n"));
+  }
+  EXPECT_THAT(run.out, AllOf(HasSubstr("--source [ID=]PATH"), HasSubstr("--output FORMAT"),
                              HasSubstr("--json"), HasSubstr("Exit status:")));
   EXPECT_EQ(run.err, "");
 }
@@ -66,7 +72,9 @@ TEST(Arguments, AnIdMayBeCalledLikeACommand) {
 
 TEST(Arguments, AnIdMayLookLikeAnOptionBehindADoubleDash) {
   const ToolRun run = RunOnInventory("get component -- --json");
-  EXPECT_EQ(run.status, 2) << "the source must not be taken for an option either";
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(run.err, HasSubstr("component not found: --source"))
+      << "the source must not be taken for an option either";
   EXPECT_EQ(RunLine("get component -- --json").err,
             "zelk-metadata: Metamodel component not found: --json\n");
 }
@@ -91,4 +99,51 @@ TEST(Arguments, AnUnknownKindIsToldBeforeAnythingIsLoaded) {
   const ToolRun run = RunLine("list gadgets --source missing.json");
   EXPECT_EQ(run.status, 3);
   EXPECT_THAT(run.err, testing::Not(HasSubstr("missing.json")));
+}
+
+TEST(Arguments, EveryCommandHasAHelpWithItsOperandsItsOptionsAndItsExample) {
+  for (const Command& command : Commands()) {
+    const ToolRun run = RunLine(command.description.name + " --help");
+    EXPECT_EQ(run.status, 0) << command.description.name;
+    EXPECT_THAT(run.out, HasSubstr("Example: zelk-metadata " + command.description.example));
+    for (const auto& operand : command.description.operands) {
+      EXPECT_THAT(run.out, HasSubstr("\n  " + operand.name)) << command.description.name;
+    }
+    for (const auto& option : command.description.options) {
+      EXPECT_THAT(run.out, HasSubstr("\n  --" + option.name)) << command.description.name;
+    }
+  }
+}
+
+TEST(Arguments, OutputIsOneOfThoseThatTheCommandKnows) {
+  for (const Command& command : Commands()) {
+    const std::string& name = command.description.name;
+    std::vector<std::string> line{name, "--output", "poem"};
+    if (!command.description.operands.empty()) line.emplace_back("source");
+    const ToolRun run = RunTool(line);
+    EXPECT_EQ(run.status, 2) << name;
+    EXPECT_THAT(run.err, HasSubstr("--output of " + name + " is one of ")) << name;
+    EXPECT_THAT(run.err, HasSubstr(", not 'poem'")) << name;
+  }
+}
+
+TEST(Arguments, JsonIsAShortFormOfOutputJson) {
+  EXPECT_EQ(RunOnInventory("list components --output json").out, "[\"com.acme\"]\n");
+  EXPECT_EQ(RunOnInventory("list components --json --output json").out, "[\"com.acme\"]\n");
+  const ToolRun run = RunOnInventory("list components --json --output plain");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "zelk-metadata: --json and --output plain contradict each other\n");
+}
+
+TEST(Arguments, DepthIsANumber) {
+  const ToolRun run = RunOnInventory("tree --depth deep");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("--depth"));
+  EXPECT_EQ(RunOnInventory("tree --depth -1").status, 2);
+}
+
+TEST(Arguments, AWordTooManyIsNoCommand) {
+  const ToolRun run = RunOnInventory("tree components");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "zelk-metadata: tree has no use for 'components'; try tree --help\n");
 }

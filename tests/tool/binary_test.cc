@@ -73,7 +73,8 @@ TEST(Binary, EndsQuietlyWhenNobodyReadsOn) {
 
 TEST(Binary, PassesArgumentsOnByteForByte) {
   const ToolRun run = RunShell("$tool get component $'caf\\xe9 \\t' ''");
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(RunShell("$tool get component $'caf\\xe9 \\t'").err,
-            "zelk-metadata: Metamodel component not found: caf\\xe9 \\x09\n");
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.err,
+            "zelk-metadata: Metamodel component not found: caf\\xe9 \\x09\n"
+            "zelk-metadata: Metamodel component not found: \n");
 }

@@ -56,7 +56,7 @@ const DomainTable& TwoDomains() {
 }
 
 Names FirstListed(const Host& host, const std::string& kind) {
-  return *host.FindKinds(kind).front()->list.call({}).answer;
+  return *host.FindKinds(kind).front().kind->list.call({}).answer;
 }
 
 }  // namespace

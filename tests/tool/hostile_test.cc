@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -174,4 +175,43 @@ TEST(Hostile, AMistakeBehindTypesOfAnyDepthHasItsPlace) {
                                         ": error: Json parse invalid enum value: category"),
             0U)
       << run.out.substr(0, 300);
+}
+
+TEST(Hostile, NamespacesOfAnyDepthHaveATreeAndAHelp) {
+  const TempFolder folder;
+  constexpr std::size_t kNamespaces = 1500;
+  const std::string file =
+      folder.Write("deep.json", R"({"cli": [{"type": "namespace", "path": "a)" +
+                                    Repeated(".a", kNamespaces - 1) +
+                                    R"(", "name": "needle", "description": ""}]})");
+  const ToolRun tree = RunWithLittleStack({"tree", "--source", file});
+  EXPECT_EQ(tree.status, 0) << tree.err;
+  EXPECT_EQ(std::count(tree.out.begin(), tree.out.end(), '\n'), kNamespaces + 3);
+  const ToolRun json = RunWithLittleStack({"tree", "--json", "--source", file});
+  EXPECT_EQ(CountKeys(json.out, "children"), kNamespaces + 3);
+  EXPECT_EQ(RunWithLittleStack({"search", "needle", "--source", file}).status, 0);
+  EXPECT_EQ(RunWithLittleStack({"usage", "a.a.a", "--source", file}).status, 0);
+}
+
+TEST(Hostile, ListsMayBeLong) {
+  const TempFolder folder;
+  constexpr std::size_t kPackages = 20000;
+  std::string packages;
+  for (std::size_t i = 0; i < kPackages; ++i) {
+    packages += (i == 0 ? "" : ", ") + (R"({"name": "p)" + std::to_string(i)) +
+                R"(", "documentation": "", "metadata": {}, "enumerations": [], "services": [],)" +
+                R"( "structures": []})";
+  }
+  const std::string file =
+      folder.Write("long.json", R"({"metamodel": {"component": {"name": "c", "documentation": "",)"
+                                R"( "metadata": {}, "packages": [)" +
+                                    packages + "]}}}");
+  for (const char* output : {"plain", "table"}) {
+    const ToolRun run = RunTool({"list", "packages", "--output", output, "--source", file});
+    const bool has_heading = std::string(output) == "table";
+    EXPECT_EQ(std::count(run.out.begin(), run.out.end(), '\n'), kPackages + (has_heading ? 1 : 0));
+  }
+  EXPECT_THAT(RunTool({"tree", "--depth", "0", "--source", file}).out, HasSubstr("20000 packages"));
+  EXPECT_THAT(RunTool({"get", "package", "p2000O", "--source", file}).err,
+              HasSubstr("; did you mean p2000, "));
 }

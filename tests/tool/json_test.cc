@@ -45,7 +45,7 @@ const Row kRecords[] = {
      "name type enumerations constants fields metadata documentation"},
     {"get enumeration com.acme.inventory.layer", "name values metadata documentation"},
     {"get source inventory", "description type file_path address"},
-    {"fingerprint component com.acme", "kind ids fingerprint"},
+    {"fingerprint component com.acme", "domain kind ids fingerprint"},
 };
 
 }  // namespace

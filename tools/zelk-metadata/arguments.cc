@@ -18,9 +18,14 @@ constexpr char kDescription[] =
     "Answers questions about the interfaces that metadata files describe.";
 
 constexpr char kFooter[] =
-    "A source FILE gets the ID that stands before its first '=', or else its name without folder\n"
-    "and extension. Text before '=' that is empty or has a '/' is no ID but part of the path, so\n"
-    "a file a=b.json in the current folder is ./a=b.json.\n"
+    "A source PATH is a file; a folder, of which every *.json is loaded; or - for standard input.\n"
+    "What a file describes, Metamodel, Authentication or CLI, is found in it. It gets the ID that\n"
+    "stands before the first '=', or else its name without folder and extension. Text before '='\n"
+    "that is empty or has a '/' is no ID but part of the path, so a file a=b.json in the current\n"
+    "folder is ./a=b.json. An ID for a folder stands before the names of its files: ID/NAME.\n"
+    "\n"
+    "Output is a table or a page for people on a terminal, in its width and with colours unless\n"
+    "NO_COLOR is set. Elsewhere it is plain: nothing is wrapped, and lists have no headings.\n"
     "\n"
     "Exit status: 0 all is well; 1 a source failed to load, or check found problems; 2 wrong\n"
     "usage; 3 unknown kind or id (1 if a source failed, too); 4 the output could not be written.";
@@ -48,6 +53,13 @@ void Unshield(Arguments& arguments) {
   }
 }
 
+std::string NumberComplaint(const std::string& text) {
+  // As many digits as always fit.
+  const bool is_number = !text.empty() && text.size() <= 18 &&
+                         text.find_first_not_of("0123456789") == std::string::npos;
+  return is_number ? std::string() : "'" + text + "' is no number, or too large";
+}
+
 void Declare(CLI::App& app, const OptionDescription& option, Arguments& arguments) {
   std::visit(
       [&](auto member) {
@@ -56,9 +68,9 @@ void Declare(CLI::App& app, const OptionDescription& option, Arguments& argument
         if constexpr (std::is_same_v<decltype(target), bool&>) {
           app.add_flag(name, target, option.summary);
         } else {
-          app.add_option(name, target, option.summary)
-              ->allow_extra_args(false)
-              ->type_name(option.value_name);
+          CLI::Option* const added = app.add_option(name, target, option.summary);
+          added->allow_extra_args(false)->type_name(option.value_name);
+          if (option.word == Word::kNumber) added->check(NumberComplaint);
         }
       },
       option.target);
@@ -87,7 +99,11 @@ void Declare(CLI::App& app, const CommandDescription& command, Arguments& argume
 }
 
 void Declare(CLI::App& app, Arguments& arguments) {
-  app.footer(kFooter);
+  std::string tour = "Examples:\n";
+  for (const Command& command : Commands()) {
+    tour += "  zelk-metadata " + command.description.example + '\n';
+  }
+  app.footer(tour + '\n' + kFooter);
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app.set_version_flag("--version", "zelk-metadata " ZELK_METADATA_VERSION, "Print the version");
   for (const auto& option : SharedOptions()) Declare(app, option, arguments);
@@ -100,16 +116,18 @@ void Declare(CLI::App& app, Arguments& arguments) {
   }
 }
 
-/// Every command takes any number of operands, so a word that is left over is none.
-std::string LeftOver(const std::string& word) {
-  const bool is_option = word.size() > 1 && word.front() == '-';
-  return (is_option ? "unknown option '" : "unknown command '") + word + "'";
-}
-
 const Command* Chosen(const CLI::App& app) {
   const std::string name = app.get_subcommands().front()->get_name();
   return &*std::find_if(Commands().begin(), Commands().end(),
                         [&](const Command& row) { return row.description.name == name; });
+}
+
+std::string LeftOver(const CLI::App& app, const std::string& word) {
+  const bool is_option = word.size() > 1 && word.front() == '-';
+  if (is_option) return fmt::format("unknown option '{}'; try --help", word);
+  if (app.get_subcommands().empty()) return fmt::format("unknown command '{}'; try --help", word);
+  const std::string& name = Chosen(app)->description.name;
+  return fmt::format("{} has no use for '{}'; try {} --help", name, word, name);
 }
 
 std::string Complaint(const CLI::App& app) {
@@ -117,7 +135,7 @@ std::string Complaint(const CLI::App& app) {
   left_over.erase(std::remove(left_over.begin(), left_over.end(), "--"), left_over.end());
   if (!left_over.empty()) {
     Unshield(left_over.front());
-    return LeftOver(left_over.front()) + "; try --help";
+    return LeftOver(app, left_over.front());
   }
   return app.get_subcommands().empty() ? "a command is missing; try --help" : "";
 }

@@ -1,6 +1,7 @@
 #include <csignal>
 #include <iostream>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include "run.h"
@@ -10,5 +11,7 @@ int main(int argc, char** argv) {
   std::signal(SIGPIPE, SIG_DFL);
   std::ios::sync_with_stdio(false);
   const std::vector<std::string> args(argv + (argc > 0 ? 1 : 0), argv + argc);
-  return Zelk::Tool::Run(args, std::cin, std::cout, std::cerr);
+  return Zelk::Tool::Run(args, std::cin, std::cout, std::cerr,
+                         Zelk::Tool::TerminalOf(STDOUT_FILENO),
+                         Zelk::Tool::TerminalOf(STDERR_FILENO));
 }

@@ -22,8 +22,8 @@ ExitStatus Perform(const ParsedArguments& parsed, const Streams& streams) {
 }  // namespace
 
 int Run(const std::vector<std::string>& args, std::istream& in, std::ostream& out,
-        std::ostream& err) {
-  const Streams streams{in, out, err};
+        std::ostream& err, const Terminal& out_terminal, const Terminal& err_terminal) {
+  const Streams streams{in, out, err, out_terminal, err_terminal};
   ExitStatus status = Perform(ParseArguments(args), streams);
   if (!out.flush()) {
     PrintError(err, "the output could not be written");

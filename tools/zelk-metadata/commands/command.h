@@ -8,6 +8,7 @@
 
 #include "arguments.h"
 #include "exit_status.h"
+#include "render/terminal.h"
 
 // What the program can be asked to do. The description of a command is all that is known of it: the
 // parser of the command line and --help are made from it, and so can be what else helps people
@@ -20,6 +21,8 @@ struct Streams {
   std::istream& in;
   std::ostream& out;
   std::ostream& err;
+  Terminal out_terminal = {};
+  Terminal err_terminal = {};
 };
 
 /// What a word of the command line stands for.

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "commands/command.h"
+#include "commands/sources.h"
 #include "domains/table.h"
 #include "host/host.h"
 
@@ -11,13 +12,9 @@
 
 namespace Zelk::Tool {
 
-/// Loads every --source and complains of those that fail, which does not keep the others from
-/// loading. False if one failed.
-bool LoadSources(Host& host, const Arguments& arguments, const Streams& streams);
-
 /// A kind that the user may mean and that offers the query.
 struct Candidate {
-  const Kind* kind;
+  FoundKind found;
   IdCount ids;
 };
 
@@ -26,8 +23,9 @@ template <typename T>
 std::vector<Candidate> Candidates(const Host& host, const std::string& name,
                                   Query<T> Kind::*query) {
   std::vector<Candidate> candidates;
-  for (const Kind* kind : host.FindKinds(name)) {
-    if ((kind->*query).call) candidates.push_back({kind, (kind->*query).ids});
+  for (const FoundKind& found : host.FindKinds(name)) {
+    const Query<T>& offered = found.kind->*query;
+    if (offered.call) candidates.push_back({found, offered.ids});
   }
   return candidates;
 }
@@ -49,32 +47,72 @@ Names Usages(Query<T> Kind::*query) {
   return usages;
 }
 
-/// The first that takes as many ids; null when none does.
-const Kind* FirstFitting(const std::vector<Candidate>& candidates, std::size_t id_count);
+/// Those that take as many ids and have sources to answer from, or else the first that takes as
+/// many. Empty when none does.
+std::vector<Candidate> Fitting(const std::vector<Candidate>& candidates, std::size_t id_count);
 
 /// Tells the user why no candidate fits.
 ExitStatus ComplainOfKind(const std::string& verb, const Arguments& arguments, const Host& host,
                           const std::vector<Candidate>& candidates, const Streams& streams);
 
-ExitStatus ComplainOf(const ServiceError& error, const Streams& streams);
+/// Tells the user in one line what the service says, and which names there are that may be meant.
+ExitStatus ComplainOf(const ServiceError& error, const std::vector<Candidate>& asked,
+                      const Ids& ids, const Streams& streams);
 
-/// Runs the command `verb`: asks `query` and gives its answer to `show(kind, answer)`.
-template <typename T, typename Show>
-ExitStatus RunQuery(const std::string& verb, Query<T> Kind::*query, const Arguments& arguments,
-                    const Streams& streams, const Show& show) {
-  Host host(Domains());
-  // Wrong usage is told before anything is loaded.
-  const auto candidates = Candidates(host, arguments.kind, query);
-  if (FirstFitting(candidates, arguments.ids.size()) == nullptr) {
-    return ComplainOfKind(verb, arguments, host, candidates, streams);
+/// What one domain answered to one question.
+template <typename T>
+struct Answer {
+  const DomainRow* row;
+  const Kind* kind;
+  Ids ids;
+  T value;
+};
+
+template <typename T>
+using Answers = std::vector<Answer<T>>;
+
+/// Puts one question to every candidate. When none answers, complains.
+template <typename T>
+ExitStatus Ask(Query<T> Kind::*query, const std::vector<Candidate>& candidates, const Ids& ids,
+               const Streams& streams, Answers<T>& answers) {
+  std::optional<ServiceError> error;
+  bool answered = false;
+  for (const Candidate& candidate : candidates) {
+    Outcome<T> outcome = (candidate.found.kind->*query).call(ids);
+    if (outcome.answer) {
+      answers.push_back(
+          {candidate.found.row, candidate.found.kind, ids, std::move(*outcome.answer)});
+      answered = true;
+    } else if (!error) {
+      error = std::move(outcome.error);
+    }
   }
-  const bool loaded = LoadSources(host, arguments, streams);
-  // Only the loaded sources tell which of several kinds is meant.
-  const Kind& kind = *FirstFitting(Candidates(host, arguments.kind, query), arguments.ids.size());
-  const Outcome<T> outcome = (kind.*query).call(arguments.ids);
-  const ExitStatus status = outcome.error ? ComplainOf(*outcome.error, streams) : ExitStatus::kOk;
-  if (outcome.answer) show(kind, *outcome.answer);
-  return loaded ? status : ExitStatus::kSourceFailed;
+  if (answered || !error) return ExitStatus::kOk;
+  return ComplainOf(*error, candidates, ids, streams);
+}
+
+/// What a command was asked, found and loaded.
+struct Question {
+  Host host{Domains()};
+  std::vector<Candidate> candidates;
+  bool loaded = true;
+
+  ExitStatus Status(ExitStatus status) const { return loaded ? status : ExitStatus::kSourceFailed; }
+};
+
+/// Finds the kind and loads the sources. Anything but kOk ends the command; wrong usage is told
+/// before anything is loaded. `id_count` is how many ids one question has.
+template <typename T>
+ExitStatus Prepare(Question& question, const std::string& verb, Query<T> Kind::*query,
+                   const Arguments& arguments, std::size_t id_count, const Streams& streams) {
+  const auto candidates = Candidates(question.host, arguments.kind, query);
+  if (Fitting(candidates, id_count).empty()) {
+    return ComplainOfKind(verb, arguments, question.host, candidates, streams);
+  }
+  question.loaded = LoadSources(question.host, arguments, streams);
+  // Only the loaded sources tell which domains can answer.
+  question.candidates = Fitting(Candidates(question.host, arguments.kind, query), id_count);
+  return ExitStatus::kOk;
 }
 
 }  // namespace Zelk::Tool

@@ -14,7 +14,8 @@ std::string KindsText(const Names& usages) {
 }
 
 OperandDescription KindOperand(bool required) {
-  return {"KIND", Word::kKind, required, "One of the kinds below", &Arguments::kind};
+  return {"KIND", Word::kKind, required, "One of the kinds below, alone or as DOMAIN:KIND",
+          &Arguments::kind};
 }
 
 const OperandDescription kIds{"ID", Word::kId, false, "As many ids as the kind takes",
@@ -30,7 +31,8 @@ Command Check() {
              "Files of metadata, each loaded by itself; - is standard input", &Arguments::files}},
            {},
            {"text", "json", "github"},
-           "check metadata/metamodel/zelk-metadata.json"},
+           "check metadata/metamodel/zelk-metadata.json metadata/authentication/zelk-metadata.json "
+           "metadata/cli/zelk-metadata.json"},
           RunCheck};
 }
 
@@ -46,55 +48,121 @@ Command Explain() {
 }
 
 Command List() {
-  return {{"list",
-           "List the names of a kind, or of what belongs to an ID",
+  return {
+      {"list",
+       "List the names of a kind, or of what belongs to an ID",
+       "A kind that several domains know is listed for all of them, one after the other; write\n"
+       "DOMAIN:KIND for one of them. --output plain and json answer the names alone.\n\n" +
            KindsText(Usages(&Kind::list)),
-           {KindOperand(true), kIds},
-           {},
-           kOutputs,
-           "list operations com.orvane.zelk.metadata.metamodel.component "
-           "--source metadata/metamodel/zelk-metadata.json"},
-          RunList};
+       {KindOperand(true), kIds},
+       {},
+       kOutputs,
+       "list operations com.orvane.zelk.metadata.metamodel.component --source metadata"},
+      RunList};
 }
 
 Command Get() {
-  return {{"get",
-           "Show what there is to know about one ID",
+  return {
+      {"get",
+       "Show what there is to know about one or more IDs",
+       "A page has what the other domains say about the thing, too: the schemes that are listed\n"
+       "for it and what is around it, and the commands that call it. JSON has the record whole\n"
+       "and nothing else; an array of records with their domain, kind and ids, if several ids\n"
+       "are asked for or several domains answer.\n\n" +
            KindsText(Usages(&Kind::get)),
-           {KindOperand(true), kIds},
-           {},
-           kOutputs,
-           "get operation com.orvane.zelk.metadata.metamodel.component get "
-           "--source metadata/metamodel/zelk-metadata.json"},
-          RunGet};
+       {KindOperand(true), kIds},
+       {},
+       kOutputs,
+       "get operation com.orvane.zelk.metadata.metamodel.source delete --source metadata"},
+      RunGet};
 }
 
 Command Fingerprint() {
-  return {{"fingerprint",
-           "Print a digest that changes when the metadata does",
+  return {
+      {"fingerprint",
+       "Print a digest that changes when the metadata does",
+       "Without a KIND, that of all sources of a domain together. The digits alone are printed\n"
+       "where one domain answers and --output is plain, as it is when a program reads.\n\n" +
            KindsText(Usages(&Kind::fingerprint)),
-           {KindOperand(false), kIds},
+       {KindOperand(false), kIds},
+       {},
+       kOutputs,
+       "fingerprint --source metadata"},
+      RunFingerprint};
+}
+
+Command Tree() {
+  return {{"tree",
+           "Show everything that is loaded, each thing below what it is in",
+           "Components, packages, services and operations; namespaces and commands; how many of\n"
+           "each there are in a thing. What several sources hold is shown once.\n",
+           {},
+           {{"depth",
+             "LEVELS",
+             Word::kNumber,
+             {},
+             "How many levels to show below the domains",
+             &Arguments::depth}},
+           kOutputs,
+           "tree --depth 1 --source metadata"},
+          RunTree};
+}
+
+Command Search() {
+  return {
+      {"search",
+       "Find what is called or described by a text",
+       "Upper and lower case are the same. What is called so comes first; a TEXT with a dot is\n"
+       "looked for in whole names, other texts in their last part only.\n",
+       {{"TEXT", Word::kText, true, "A part of a name or of a documentation", &Arguments::text}},
+       {},
+       kOutputs,
+       "search md5 --source metadata"},
+      RunSearch};
+}
+
+Command Which() {
+  return {
+      {"which",
+       "Tell which source answers for a name, which are passed over, and why",
+       "Kinds: component, package, service, operation, structure, enumeration, resource, model,\n"
+       "namespace, command; with the ids that `get` takes, for model and resource that of the\n"
+       "resource.\n",
+       {KindOperand(true), kIds},
+       {},
+       kOutputs,
+       "which service com.orvane.zelk.metadata.cli.command --source metadata "
+       "--source copy=metadata/metamodel/zelk-metadata.json"},
+      RunWhich};
+}
+
+Command Usage() {
+  return {{"usage",
+           "Show the help of the command-line client that the metadata describes",
+           "Without a NAME that of the client itself, with its uppermost namespaces.\n",
+           {{"NAME", Word::kCliName, false,
+             "The namespaces and the command, dotted or each for itself", &Arguments::ids}},
            {},
            kOutputs,
-           "fingerprint component com.orvane.zelk.metadata "
-           "--source metadata/metamodel/zelk-metadata.json"},
-          RunFingerprint};
+           "usage metadata metamodel component --source metadata"},
+          RunUsage};
 }
 
 }  // namespace
 
 const std::vector<Command>& Commands() {
-  static const std::vector<Command> commands{Check(), Explain(), List(), Get(), Fingerprint()};
+  static const std::vector<Command> commands{Check(),  Explain(), Tree(),        List(), Get(),
+                                             Search(), Which(),   Fingerprint(), Usage()};
   return commands;
 }
 
 const std::vector<OptionDescription>& SharedOptions() {
   static const std::vector<OptionDescription> options{
       {"source",
-       "[ID=]FILE",
+       "[ID=]PATH",
        Word::kSource,
        {},
-       "Load FILE first; may be given several times",
+       "Load a file, a folder or standard input (-); may be given several times",
        &Arguments::sources},
       {"output",
        "FORMAT",

@@ -18,5 +18,9 @@ ExitStatus RunExplain(const Arguments& arguments, const Streams& streams);
 ExitStatus RunList(const Arguments& arguments, const Streams& streams);
 ExitStatus RunGet(const Arguments& arguments, const Streams& streams);
 ExitStatus RunFingerprint(const Arguments& arguments, const Streams& streams);
+ExitStatus RunTree(const Arguments& arguments, const Streams& streams);
+ExitStatus RunSearch(const Arguments& arguments, const Streams& streams);
+ExitStatus RunWhich(const Arguments& arguments, const Streams& streams);
+ExitStatus RunUsage(const Arguments& arguments, const Streams& streams);
 
 }  // namespace Zelk::Tool

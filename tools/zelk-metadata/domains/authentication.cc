@@ -43,7 +43,13 @@ class Authentication final : public Domain {
 
   const std::vector<Kind>& Kinds() const override { return kinds_; }
 
+  Outline MakeOutline() override;
+  std::vector<Section> About(const std::vector<Subject>& levels) override;
+
  private:
+  /// The schemes listed for one level. Empty when there is no record of it.
+  std::optional<SchemeList> SchemesOf(const Subject& subject);
+
   explicit Authentication(const Container& container);
 
   ComponentSvc component_;
@@ -65,24 +71,59 @@ Authentication::Authentication(const Container& container)
        {"COMPONENT"},
        ListQuery(component_, &ComponentSvc::List),
        TitledQuery("component", component_, &ComponentSvc::Get),
-       FingerprintQuery(component_, &ComponentSvc::Fingerprint)},
+       FingerprintQuery(component_, &ComponentSvc::Fingerprint),
+       Rule::kFirstSource},
       {"package",
        {"PACKAGE"},
        ListQuery(package_, &PackageSvc::List),
        TitledQuery("package", package_, &PackageSvc::Get),
-       {}},
+       {},
+       Rule::kFirstSource},
       {"service",
        {"SERVICE"},
        ListQuery(service_, &ServiceSvc::List),
        TitledQuery("service", service_, &ServiceSvc::Get),
-       {}},
+       {},
+       Rule::kFirstSource},
       {"operation",
        {"SERVICE", "OPERATION"},
        ListQuery(operation_, &OperationSvc::List),
        TitledQuery("operation", operation_, &OperationSvc::Get),
-       {}},
+       {},
+       Rule::kFirstSource},
       SourceKind(source_),
   };
+}
+
+Outline Authentication::MakeOutline() {
+  OutlineWriter outline;
+  const auto components = Call(component_, &ComponentSvc::List);
+  for (const std::string& name : *components.answer) {
+    const auto component = Call(component_, &ComponentSvc::Get, name);
+    if (component.answer) WriteOutline(outline, name, *(*component.answer)->info);
+  }
+  return outline.Take();
+}
+
+std::optional<SchemeList> Authentication::SchemesOf(const Subject& subject) {
+  const auto schemes_of = [](const auto& outcome) -> std::optional<SchemeList> {
+    if (!outcome.answer) return std::nullopt;
+    return (*outcome.answer)->schemes;
+  };
+  const Ids& ids = subject.ids;
+  if (subject.kind == "package") return schemes_of(Call(package_, &PackageSvc::Get, ids[0]));
+  if (subject.kind == "service") return schemes_of(Call(service_, &ServiceSvc::Get, ids[0]));
+  return schemes_of(Call(operation_, &OperationSvc::Get, ids[0], ids[1]));
+}
+
+std::vector<Section> Authentication::About(const std::vector<Subject>& levels) {
+  const std::string& kind = levels.back().kind;
+  if (kind != "package" && kind != "service" && kind != "operation") return {};
+  std::vector<LevelSchemes> listed;
+  for (const Subject& level : levels) {
+    listed.push_back({level.kind + ' ' + level.ids.back(), SchemesOf(level)});
+  }
+  return {[listed](Page& page) { WriteLevels(page, listed); }};
 }
 
 }  // namespace

@@ -9,9 +9,8 @@ namespace Zelk::Tool {
 namespace {
 
 namespace Bindings = ::Com::Orvane::Zelk::Metadata::Authentication;
-using Schemes = std::list<std::shared_ptr<const Bindings::AuthenticationInfo>>;
 
-void WriteSchemes(Page& page, std::size_t level, const Schemes& schemes) {
+void WriteSchemes(Page& page, std::size_t level, const SchemeList& schemes) {
   for (const auto& scheme : schemes) {
     const std::string manager =
         scheme->session_manager ? ", session manager " + *scheme->session_manager : "";
@@ -86,7 +85,7 @@ void WriteJson(JsonWriter& json, const Bindings::ComponentData& component) {
 }
 
 void WritePage(Page& page, const std::string& title, const Bindings::ComponentData& component) {
-  page.Line(0, title);
+  page.Title(title);
   page.Line(1, "Fingerprint: " + component.fingerprint);
   for (const auto& [name, package] : component.info->packages) {
     page.Line(1, "package " + name);
@@ -95,18 +94,41 @@ void WritePage(Page& page, const std::string& title, const Bindings::ComponentDa
 }
 
 void WritePage(Page& page, const std::string& title, const Bindings::PackageInfo& package) {
-  page.Line(0, title);
+  page.Title(title);
   WriteParts(page, 1, package);
 }
 
 void WritePage(Page& page, const std::string& title, const Bindings::ServiceInfo& service) {
-  page.Line(0, title);
+  page.Title(title);
   WriteParts(page, 1, service);
 }
 
 void WritePage(Page& page, const std::string& title, const Bindings::OperationInfo& operation) {
-  page.Line(0, title);
+  page.Title(title);
   WriteParts(page, 1, operation);
+}
+
+void WriteLevels(Page& page, const std::vector<LevelSchemes>& levels) {
+  page.Heading("Schemes listed:");
+  for (const LevelSchemes& level : levels) {
+    const bool has_some = level.schemes && !level.schemes->empty();
+    page.Line(1, level.title + (has_some ? "" : level.schemes ? ": none" : ": no record"));
+    if (has_some) WriteSchemes(page, 2, *level.schemes);
+  }
+}
+
+void WriteOutline(OutlineWriter& outline, const std::string& name,
+                  const Bindings::ComponentInfo& component) {
+  outline.Kind(0, "component", {name}, "");
+  for (const auto& [package_name, package] : component.packages) {
+    outline.Kind(1, "package", {package_name}, "");
+    for (const auto& [id, service] : package->services) {
+      outline.Kind(2, "service", {id}, "");
+      for (const auto& [operation, ignored] : service->operations) {
+        outline.Kind(3, "operation", {id, operation}, "");
+      }
+    }
+  }
 }
 
 }  // namespace Zelk::Tool

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <list>
+#include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include <com/orvane/zelk/metadata/authentication/records.h>
 
+#include "domains/outline.h"
 #include "render/json_writer.h"
 #include "render/page.h"
 
@@ -29,5 +34,21 @@ void WritePage(Page& page, const std::string& title,
                const ::Com::Orvane::Zelk::Metadata::Authentication::ServiceInfo& service);
 void WritePage(Page& page, const std::string& title,
                const ::Com::Orvane::Zelk::Metadata::Authentication::OperationInfo& operation);
+
+using SchemeList = std::list<
+    std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Authentication::AuthenticationInfo>>;
+
+/// What is listed for a package, service or operation; nothing where there is no record of it.
+struct LevelSchemes {
+  std::string title;
+  std::optional<SchemeList> schemes;
+};
+
+/// A section of the page of something else: what the records list for it and what is around it. As
+/// above, nothing is filled in.
+void WriteLevels(Page& page, const std::vector<LevelSchemes>& levels);
+
+void WriteOutline(OutlineWriter& outline, const std::string& name,
+                  const ::Com::Orvane::Zelk::Metadata::Authentication::ComponentInfo& component);
 
 }  // namespace Zelk::Tool

@@ -1,6 +1,7 @@
 #include <zelk/provider/metadata/cli/metadata_container.h>
 #include <zelk/provider/metadata/cli/services.h>
 
+#include "domains/cli_nodes.h"
 #include "domains/cli_record.h"
 #include "domains/source_record.h"
 #include "domains/table.h"
@@ -74,7 +75,14 @@ class Cli final : public Domain {
 
   const std::vector<Kind>& Kinds() const override { return kinds_; }
 
+  Outline MakeOutline() override;
+  std::vector<Section> About(const std::vector<Subject>& levels) override;
+  std::optional<Outcome<UsagePage>> Usage(const Names& words) override;
+
  private:
+  /// Each with its record. Those that several sources have come once, with the record of the first.
+  CliNodes Nodes();
+
   explicit Cli(const Container& container);
 
   NamespaceSvc namespace_;
@@ -90,14 +98,48 @@ Cli::Cli(const Container& container)
        {"NAMESPACE", "NAME"},
        NamespaceList(namespace_),
        NodeQuery<Bindings::NamespaceSvc::Identity>(namespace_, &NamespaceSvc::Get),
-       FingerprintQuery(namespace_, &NamespaceSvc::Fingerprint)},
+       FingerprintQuery(namespace_, &NamespaceSvc::Fingerprint),
+       Rule::kFirstSource},
       {"command",
        {"COMMAND", "NAME"},
        CommandList(command_),
        NodeQuery<Bindings::CommandSvc::Identity>(command_, &CommandSvc::Get),
-       FingerprintQuery(command_, &CommandSvc::Fingerprint)},
+       FingerprintQuery(command_, &CommandSvc::Fingerprint),
+       Rule::kFirstSource},
       SourceKind(source_),
   };
+}
+
+CliNodes Cli::Nodes() {
+  CliNodes nodes;
+  const auto namespaces = Call(namespace_, &NamespaceSvc::List);
+  for (const auto& identity : *namespaces.answer) {
+    auto info = Call(namespace_, &NamespaceSvc::Get, identity);
+    if (info.answer) nodes.namespaces.emplace(*identity, std::move(*info.answer));
+  }
+  const auto commands = Call(command_, &CommandSvc::List, boost::optional<std::string>());
+  for (const auto& identity : *commands.answer) {
+    auto info = Call(command_, &CommandSvc::Get, identity);
+    if (info.answer) nodes.commands.emplace(*identity, std::move(*info.answer));
+  }
+  return nodes;
+}
+
+Outline Cli::MakeOutline() {
+  return OutlineOf(Nodes());
+}
+
+std::vector<Section> Cli::About(const std::vector<Subject>& levels) {
+  auto calling = CommandsCalling(Nodes(), levels.back());
+  if (calling.empty()) return {};
+  return {[calling = std::move(calling)](Page& page) {
+    page.Heading("Commands that call it:");
+    page.Pairs(1, calling);
+  }};
+}
+
+std::optional<Outcome<UsagePage>> Cli::Usage(const Names& words) {
+  return UsageOf(Nodes(), words);
 }
 
 }  // namespace

@@ -68,7 +68,7 @@ std::string FullName(const Bindings::TreeIdentity& identity) {
 }
 
 void WritePage(Page& page, const Bindings::NamespaceSvc::Info& info) {
-  page.Line(0, "namespace " + FullName(*info.identity));
+  page.Title("namespace " + FullName(*info.identity));
   page.Paragraph(1, info.description);
   if (info.children.empty()) return;
   page.Heading("Namespaces:");
@@ -95,20 +95,34 @@ void WriteOptions(
   }
 }
 
-}  // namespace
-
-void WritePage(Page& page, const Bindings::CommandSvc::Info& info) {
-  page.Line(0, "command " + FullName(*info.identity));
-  page.Paragraph(1, info.description);
-  page.Line(1, fmt::format("Calls {} of {}", info.operation_id, info.service_id));
-  if (info.formatter) page.Line(1, "Shown as " + EnumText(*info.formatter));
-  WriteOptions(page, info.options);
+void WriteOutputs(Page& page, const Bindings::CommandSvc::Info& info) {
   for (const auto& output : info.output_field_list) {
     page.Heading(fmt::format("Output of {}:", output->structure_id));
     for (const auto& field : output->output_fields) {
       page.Line(1, fmt::format("{}: {}", field->display_name, field->field_name));
     }
   }
+}
+
+}  // namespace
+
+void WritePage(Page& page, const Bindings::CommandSvc::Info& info) {
+  page.Title("command " + FullName(*info.identity));
+  page.Paragraph(1, info.description);
+  page.Line(1, fmt::format("Calls {} of {}", info.operation_id, info.service_id));
+  if (info.formatter) page.Line(1, "Shown as " + EnumText(*info.formatter));
+  WriteOptions(page, info.options);
+  WriteOutputs(page, info);
+}
+
+void WriteUsagePage(Page& page, const std::string& title, const Bindings::CommandSvc::Info& info) {
+  page.Title(title);
+  page.Paragraph(1, info.description);
+  WriteOptions(page, info.options);
+  WriteOutputs(page, info);
+  page.Heading("Calls:");
+  page.Line(1, fmt::format("{} of {}", info.operation_id, info.service_id));
+  if (info.formatter) page.Line(1, "shown as " + EnumText(*info.formatter));
 }
 
 }  // namespace Zelk::Tool

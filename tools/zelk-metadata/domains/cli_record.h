@@ -20,4 +20,8 @@ void WriteJson(JsonWriter& json, const ::Com::Orvane::Zelk::Metadata::Cli::Comma
 void WritePage(Page& page, const ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::Info& info);
 void WritePage(Page& page, const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Info& info);
 
+/// The same as a client's help.
+void WriteUsagePage(Page& page, const std::string& title,
+                    const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Info& info);
+
 }  // namespace Zelk::Tool

@@ -2,6 +2,7 @@
 #include <zelk/provider/metadata/metamodel/services.h>
 
 #include "domains/metamodel_json.h"
+#include "domains/metamodel_outline.h"
 #include "domains/metamodel_page.h"
 #include "domains/source_record.h"
 #include "domains/table.h"
@@ -35,7 +36,14 @@ class Metamodel final : public Domain {
 
   const std::vector<Kind>& Kinds() const override { return kinds_; }
 
+  Outline MakeOutline() override;
+  std::vector<Subject> Levels(const Subject& subject) override;
+  std::vector<Section> About(const std::vector<Subject>& levels) override;
+
  private:
+  /// The first package that has the service, as packages are answered; an empty text for none.
+  std::string PackageOf(const std::string& service_id);
+
   explicit Metamodel(const Container& container);
 
   ComponentSvc component_;
@@ -67,37 +75,91 @@ Metamodel::Metamodel(const Container& container)
        {"COMPONENT"},
        ListQuery(component_, &ComponentSvc::List),
        GetQuery(component_, &ComponentSvc::Get),
-       FingerprintQuery(component_, &ComponentSvc::Fingerprint)},
+       FingerprintQuery(component_, &ComponentSvc::Fingerprint),
+       Rule::kFirstSource},
       {"package",
        {"PACKAGE"},
        ListQuery(package_, &PackageSvc::List),
        GetQuery(package_, &PackageSvc::Get),
-       {}},
+       {},
+       Rule::kFirstSource},
       {"service",
        {"SERVICE"},
        ListQuery(service_, &ServiceSvc::List),
        GetQuery(service_, &ServiceSvc::Get),
-       {}},
+       {},
+       Rule::kFirstSource},
       {"operation",
        {"SERVICE", "OPERATION"},
        ListQuery(operation_, &OperationSvc::List),
        GetQuery(operation_, &OperationSvc::Get),
-       {}},
+       {},
+       Rule::kFirstParent},
       {"structure",
        {"STRUCTURE"},
        ListQuery(structure_, &StructureSvc::List),
        GetQuery(structure_, &StructureSvc::Get),
-       {}},
+       {},
+       Rule::kPlace},
       {"enumeration",
        {"ENUMERATION"},
        ListQuery(enumeration_, &EnumerationSvc::List),
        GetQuery(enumeration_, &EnumerationSvc::Get),
-       {}},
-      {"resource", {}, ListQuery(resource_, &ResourceSvc::List), {}, {}},
-      {"model", {"RESOURCE"}, ListQuery(model_, &ModelSvc::List), {}, {}},
+       {},
+       Rule::kPlace},
+      {"resource", {"RESOURCE"}, ListQuery(resource_, &ResourceSvc::List), {}, {}, Rule::kAll},
+      {"model", {"RESOURCE"}, ListQuery(model_, &ModelSvc::List), {}, {}, Rule::kLastSource},
       {"hidden", {}, ListQuery(hidden_, &HiddenSvc::List), {}, {}},
       SourceKind(source_),
   };
+}
+
+Outline Metamodel::MakeOutline() {
+  OutlineWriter outline;
+  const auto components = Call(component_, &ComponentSvc::List);
+  for (const std::string& name : *components.answer) {
+    const auto component = Call(component_, &ComponentSvc::Get, name);
+    if (component.answer) WriteOutline(outline, *(*component.answer)->info);
+  }
+  const auto resources = Call(resource_, &ResourceSvc::List);
+  for (const std::string& name : *resources.answer) {
+    outline.Kind(0, "resource", {name}, "");
+    // One entry for the set of them, which is what sources answer.
+    outline.Kind(1, "model", {name}, "");
+  }
+  return outline.Take();
+}
+
+std::string Metamodel::PackageOf(const std::string& service_id) {
+  const auto packages = Call(package_, &PackageSvc::List);
+  for (const std::string& name : *packages.answer) {
+    const auto package = Call(package_, &PackageSvc::Get, name);
+    if (package.answer && (*package.answer)->services.count(service_id) != 0) return name;
+  }
+  return "";
+}
+
+std::vector<Subject> Metamodel::Levels(const Subject& subject) {
+  if (subject.kind != "service" && subject.kind != "operation") return {subject};
+  std::vector<Subject> levels;
+  const std::string& service_id = subject.ids.front();
+  const std::string package = PackageOf(service_id);
+  if (!package.empty()) levels.push_back({"package", {package}});
+  if (subject.kind == "operation") levels.push_back({"service", {service_id}});
+  levels.push_back(subject);
+  return levels;
+}
+
+std::vector<Section> Metamodel::About(const std::vector<Subject>& levels) {
+  const Subject& subject = levels.back();
+  if (subject.kind != "operation") return {};
+  const auto operation = Call(operation_, &OperationSvc::Get, subject.ids[0], subject.ids[1]);
+  if (!operation.answer) return {};
+  const auto info = *operation.answer;
+  return {[info](Page& page) {
+    page.Heading("Operation:");
+    WriteSummary(page, *info);
+  }};
 }
 
 }  // namespace

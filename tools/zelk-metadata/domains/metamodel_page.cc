@@ -54,7 +54,7 @@ void WriteDescription(Page& page, std::size_t level, const Described& record) {
 
 template <typename Described>
 void WriteTitle(Page& page, const std::string& title, const Described& record) {
-  page.Line(0, title);
+  page.Title(title);
   WriteDescription(page, 1, record);
 }
 
@@ -149,6 +149,11 @@ void WritePage(Page& page, const Bindings::OperationInfo& operation) {
   page.Line(1, TypeText(*operation.output->type));
   WriteDescription(page, 2, *operation.output);
   WriteErrors(page, operation.errors);
+}
+
+void WriteSummary(Page& page, const Bindings::OperationInfo& operation) {
+  page.Line(1, Signature(operation));
+  page.Paragraph(2, FirstLine(operation.documentation));
 }
 
 void WritePage(Page& page, const Bindings::StructureInfo& structure) {

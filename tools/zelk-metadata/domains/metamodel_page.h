@@ -24,4 +24,8 @@ void WritePage(Page& page,
 void WritePage(Page& page,
                const ::Com::Orvane::Zelk::Metadata::Metamodel::OperationInfo& operation);
 
+/// The signature and the first line of the documentation, for a page about something else.
+void WriteSummary(Page& page,
+                  const ::Com::Orvane::Zelk::Metadata::Metamodel::OperationInfo& operation);
+
 }  // namespace Zelk::Tool

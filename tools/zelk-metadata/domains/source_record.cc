@@ -16,7 +16,7 @@ void WriteJson(JsonWriter& json, const SourceDescription& source) {
 }
 
 void WriteSourcePage(Page& page, const std::string& id, const SourceDescription& source) {
-  page.Line(0, "source " + id);
+  page.Title("source " + id);
   page.Paragraph(1, source.description);
   page.Line(1, "Type: " + EnumText(source.type));
   if (source.file_path) page.Line(1, "File: " + *source.file_path);

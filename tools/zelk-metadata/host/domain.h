@@ -38,6 +38,21 @@ struct Query {
   std::function<Outcome<T>(const Ids&)> call;
 };
 
+/// Which of several sources that hold the same name answers for it.
+enum class Rule {
+  /// Nobody can tell, or it makes no sense to ask.
+  kNone,
+  kFirstSource,
+  kLastSource,
+  /// The first source that holds what is around it, whether it is in there or not.
+  kFirstParent,
+  /// Definitions in a place that counts more come first, whichever source they are in; among equals
+  /// the first source.
+  kPlace,
+  /// All, since names only are answered.
+  kAll,
+};
+
 /// A kind of thing that a domain knows. The user may also write the name with an "s" behind.
 struct Kind {
   std::string name;
@@ -48,6 +63,46 @@ struct Kind {
   Query<Names> list;
   Query<Record> get;
   Query<std::string> fingerprint;
+
+  Rule rule = Rule::kNone;
+};
+
+/// A thing by its kind and ids.
+struct Subject {
+  std::string kind;
+  Ids ids;
+};
+
+/// One line of the outline of what a domain holds.
+struct Entry {
+  /// How many entries it is inside of.
+  std::size_t depth;
+
+  /// A kind, or the name of a part that is no kind, such as "field".
+  Subject subject;
+
+  /// What it is called where it stands.
+  std::string name;
+
+  std::string documentation;
+
+  /// Whether it is only seen through the entry around it.
+  bool is_part = false;
+
+  /// For Rule::kPlace: the smallest counts most.
+  int place = 0;
+};
+
+/// Each entry is followed by those inside of it. Flat, because they may nest to any depth.
+using Outline = std::vector<Entry>;
+
+/// Writes what a domain has to say about a thing that another one describes.
+using Section = std::function<void(Page&)>;
+
+/// What a command-line client shows as help, and the operation that would be called, if any.
+struct UsagePage {
+  Record record;
+  std::optional<Subject> calls;
 };
 
 /// One domain at work: a container of its own with the services over it.
@@ -64,6 +119,22 @@ class Domain {
 
   /// What can be asked. The queries stay usable as long as this object lives.
   virtual const std::vector<Kind>& Kinds() const = 0;
+
+  // What only some domains have to say; nothing, unless they do.
+
+  /// Everything that the sources hold, in the order in which the services look for it. With more
+  /// than one source that is only what the first ones hold.
+  virtual Outline MakeOutline() { return {}; }
+
+  /// The thing and what is around it, outermost first.
+  virtual std::vector<Subject> Levels(const Subject& subject) { return {subject}; }
+
+  /// What can be told about the last of the levels, which are those of another domain.
+  virtual std::vector<Section> About(const std::vector<Subject>& /*levels*/) { return {}; }
+
+  /// The help for what the words name, parts of a dotted name each. Empty in a domain that
+  /// describes no client.
+  virtual std::optional<Outcome<UsagePage>> Usage(const Names& /*words*/) { return std::nullopt; }
 };
 
 /// A row of the table of domains.

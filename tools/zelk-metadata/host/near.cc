@@ -17,12 +17,14 @@ std::string LowerCase(std::string text) {
   return text;
 }
 
-std::size_t Limit(const std::string& text) {
-  return std::min<std::size_t>(1 + text.size() / 5, 4);
-}
-
 std::string BehindLastDot(const std::string& name) {
   return name.substr(name.rfind('.') + 1);
+}
+
+/// How many typing errors are likely. Only the last part counts: names share what is before it, so
+/// that a few errors there would make one name of another.
+std::size_t Limit(const std::string& text) {
+  return std::min<std::size_t>(1 + BehindLastDot(text).size() / 4, 4);
 }
 
 /// The smaller, the likelier; kFar for a name that nobody meant.
@@ -83,6 +85,7 @@ std::vector<std::string> NearNames(const std::string& wanted,
     if (near.size() > kMostNames) near.erase(std::prev(near.end()));
   }
   std::vector<std::string> names;
+  names.reserve(near.size());
   for (const auto& [distance, name] : near) names.push_back(name);
   return names;
 }

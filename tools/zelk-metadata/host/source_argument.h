@@ -1,13 +1,21 @@
 #pragma once
 
+#include <iosfwd>
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace Zelk::Tool {
+
+class InputFile;
 
 /// A file to load, and the id that it gets as a source.
 struct SourceArgument {
   std::string id;
   std::string path;
+
+  /// Set for standard input: keeps the file that it was copied to.
+  std::shared_ptr<const InputFile> input = nullptr;
 };
 
 /// Reads "[ID=]FILE". The text before the first '=' is an id unless it is empty or has a '/', so a
@@ -17,5 +25,19 @@ SourceArgument ParseSourceArgument(const std::string& text);
 
 /// The id that a file gets when none is given.
 std::string DefaultSourceId(const std::string& path);
+
+/// The file as the user knows it: its path, or "standard input".
+std::string ShownName(const SourceArgument& source);
+
+/// The sources that an argument stands for, and what cannot be read of it.
+struct Expansion {
+  std::vector<SourceArgument> sources;
+  std::vector<std::string> complaints;
+};
+
+/// A path "-" is what `in` holds; a folder is every "*.json" in it and in the folders in it, in the
+/// order of their paths, each with its own name as the id, behind "ID/" where one was given. Links
+/// to folders are not followed. Anything else stands for itself, whether it can be read or not.
+Expansion Expand(const SourceArgument& argument, std::istream& in);
 
 }  // namespace Zelk::Tool

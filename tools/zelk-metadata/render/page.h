@@ -1,7 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <iosfwd>
 #include <string>
+#include <utility>
+#include <vector>
+
+#include "render/terminal.h"
 
 namespace Zelk::Tool {
 
@@ -9,7 +14,12 @@ namespace Zelk::Tool {
 /// (see ForTerminal) on its way out.
 class Page {
  public:
-  explicit Page(std::ostream& out);
+  /// Paragraphs are wrapped to the terminal's width, and what stands out is bold where it has
+  /// colours. Names and types are never broken, so that they can be copied.
+  explicit Page(std::ostream& out, const Terminal& terminal = {});
+
+  /// The line that says what the page is about.
+  void Title(const std::string& text);
 
   /// One line, indented by `level` steps; a line end within the text is shown as a control
   /// character.
@@ -18,11 +28,17 @@ class Page {
   /// A text as its author broke it into lines; nothing for an empty one.
   void Paragraph(std::size_t level, const std::string& text);
 
+  /// Names with a description each, in two columns.
+  void Pairs(std::size_t level, const std::vector<std::pair<std::string, std::string>>& pairs);
+
   /// An empty line and a heading.
   void Heading(const std::string& text);
 
  private:
+  void WriteWrapped(std::size_t level, const std::string& text);
+
   std::ostream& out_;
+  Terminal terminal_;
 };
 
 /// One line on standard error, in the form that all complaints of the program have.

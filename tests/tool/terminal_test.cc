@@ -1,0 +1,94 @@
+#include <algorithm>
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include "support/pty.h"
+#include "support/temp_folder.h"
+#include "tool/tool_run.h"
+
+// The program on a real terminal.
+
+using testing::HasSubstr;
+using testing::Not;
+using Zelk::Testing::kDataFolder;
+using Zelk::Testing::Shown;
+using Zelk::Testing::ShowOnTerminal;
+using Zelk::Testing::TempFolder;
+
+namespace {
+
+const std::string kBinary = ZELK_METADATA_BINARY;
+const std::string kInventory = " --source " + kDataFolder + "/inventory.json ";
+const std::string kPlainTerminal = "unset COLUMNS NO_COLOR; export TERM=xterm; ";
+
+Shown OnTerminal(const std::string& line, unsigned short columns = 80,
+                 const std::string& environment = "") {
+  return ShowOnTerminal(kPlainTerminal + environment + kBinary + " " + line, columns);
+}
+
+std::size_t LongestLine(const std::string& text) {
+  std::size_t longest = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find("\r\n", at), text.size());
+    longest = std::max(longest, end - at);
+    at = end + 2;
+  }
+  return longest;
+}
+
+}  // namespace
+
+TEST(OnATerminal, ListsHaveHeadingsInBold) {
+  EXPECT_EQ(OnTerminal("list components" + kInventory).text, "\x1b[1mNAME\x1b[0m\r\ncom.acme\r\n");
+}
+
+TEST(OnATerminal, NoColourIsUsedWhereNobodyWantsIt) {
+  for (const char* environment : {"export NO_COLOR=1; ", "export TERM=dumb; ", "unset TERM; "}) {
+    EXPECT_EQ(OnTerminal("list components" + kInventory, 80, environment).text,
+              "NAME\r\ncom.acme\r\n")
+        << environment;
+  }
+}
+
+TEST(OnATerminal, DocumentationIsWrappedToItsWidth) {
+  const std::string line = "get component com.orvane.zelk.metadata --source " +
+                           std::string(ZELK_SOURCE_DIR) + "/metadata/metamodel";
+  const Shown narrow = OnTerminal(line, 70, "export NO_COLOR=1; ");
+  EXPECT_EQ(narrow.status, 0) << narrow.text;
+  EXPECT_LE(LongestLine(narrow.text), 70U);
+  const Shown wide = OnTerminal(line, 70, "export NO_COLOR=1 COLUMNS=1000; ");
+  EXPECT_GT(LongestLine(wide.text), 70U) << "COLUMNS counts more than the terminal";
+}
+
+TEST(OnATerminal, APipeGetsPlainLinesWhateverTheWidth) {
+  const Shown shown = OnTerminal("list components" + kInventory + "| cat", 20, "COLUMNS=10 ");
+  EXPECT_EQ(shown.text, "com.acme\r\n");
+}
+
+TEST(OnATerminal, OutputThatIsAskedForIsGiven) {
+  EXPECT_EQ(OnTerminal("list components --output plain" + kInventory).text, "com.acme\r\n");
+  EXPECT_EQ(OnTerminal("list components --json" + kInventory).text, "[\"com.acme\"]\r\n");
+}
+
+TEST(OnATerminal, LoadingThatLastsIsToldAndTakenBack) {
+  // A pipe that gives its bytes late.
+  const Shown shown =
+      ShowOnTerminal(kPlainTerminal + "{ sleep 1.5; cat " + kDataFolder + "/inventory.json; } | " +
+                         kBinary + " list components --source - >/dev/null",
+                     80);
+  EXPECT_EQ(shown.status, 0);
+  EXPECT_THAT(shown.text, testing::StartsWith("\r\x1b[Kreading standard input ...\r\x1b[K"));
+  EXPECT_THAT(shown.text, testing::EndsWith("\r\x1b[K"));
+  EXPECT_THAT(shown.text, Not(HasSubstr("\n")));
+}
+
+TEST(OnATerminal, LoadingThatLastsIsNotToldToAFile) {
+  const TempFolder folder;
+  const Shown shown =
+      ShowOnTerminal(kPlainTerminal + "{ sleep 1; cat " + kDataFolder + "/inventory.json; } | " +
+                         kBinary + " list components --source - 2>" + folder.Path("err") +
+                         " >/dev/null; cat " + folder.Path("err"),
+                     80);
+  EXPECT_EQ(shown.text, "");
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstddef>
+#include <iosfwd>
+#include <mutex>
+#include <string>
+#include <thread>
+
+namespace Zelk::Tool {
+
+/// Tells on a terminal what is being done, as soon as it lasts long, and takes it back at the end.
+/// Nothing else may write to the stream meanwhile.
+class Progress {
+ public:
+  /// Silent when `shown` is false.
+  Progress(std::ostream& err, bool shown, std::chrono::milliseconds patience);
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+  ~Progress();
+
+  /// What is being done from now on.
+  void Tell(const std::string& text);
+
+ private:
+  void Watch(std::chrono::milliseconds patience);
+
+  std::ostream& err_;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::string text_;
+  bool is_new_ = false;
+  bool done_ = false;
+  std::thread watcher_;
+};
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,78 @@
+#include "commands/sources.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include "commands/progress.h"
+
+namespace Zelk::Tool {
+namespace {
+
+constexpr std::chrono::milliseconds kPatience{500};
+
+/// What became of all sources together.
+struct Tally {
+  std::size_t total = 0;
+  Names complaints;
+  /// Those that failed, as the user knows them.
+  Names failed;
+};
+
+void Add(Tally& tally, const LoadReport& report) {
+  for (const Problem& problem : report.problems) {
+    tally.complaints.push_back(ProblemLine(report.file, problem));
+  }
+  if (!report.problems.empty()) tally.failed.push_back(report.file);
+}
+
+void Load(Host& host, const SourceArgument& argument, std::istream& in, Progress& progress,
+          Tally& tally) {
+  progress.Tell(fmt::format("reading {} ...", ShownName(argument)));
+  const Expansion expansion = Expand(argument, in);
+  for (const std::string& complaint : expansion.complaints) {
+    ++tally.total;
+    tally.complaints.push_back(complaint);
+    tally.failed.push_back(ShownName(argument));
+  }
+  for (const SourceArgument& source : expansion.sources) {
+    ++tally.total;
+    progress.Tell(fmt::format("loading {} ...", ShownName(source)));
+    Add(tally, host.Load(source));
+  }
+}
+
+void Complain(const Tally& tally, const Streams& streams) {
+  for (const std::string& complaint : tally.complaints) PrintError(streams.err, complaint);
+  if (tally.failed.empty() || tally.total == 1) return;
+  PrintError(streams.err, fmt::format("{} of {} sources failed to load: {}", tally.failed.size(),
+                                      tally.total, fmt::join(tally.failed, ", ")));
+}
+
+}  // namespace
+
+bool LoadSources(Host& host, const Arguments& arguments, const Streams& streams) {
+  Tally tally;
+  {
+    Progress progress(streams.err, streams.err_terminal.is_terminal, kPatience);
+    for (const std::string& source : arguments.sources) {
+      Load(host, ParseSourceArgument(source), streams.in, progress, tally);
+    }
+  }
+  Complain(tally, streams);
+  return tally.failed.empty();
+}
+
+bool LoadOutlines(const Host& host, std::vector<SourceOutline>& outlines, const Streams& streams) {
+  std::vector<LoadReport> failures;
+  {
+    Progress progress(streams.err, streams.err_terminal.is_terminal, kPatience);
+    progress.Tell("looking into every source ...");
+    outlines = host.Outlines(failures);
+  }
+  Tally tally;
+  for (const LoadReport& report : failures) Add(tally, report);
+  for (const std::string& complaint : tally.complaints) PrintError(streams.err, complaint);
+  return failures.empty();
+}
+
+}  // namespace Zelk::Tool

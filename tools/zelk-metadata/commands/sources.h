@@ -1,0 +1,15 @@
+#pragma once
+
+#include "commands/command.h"
+#include "host/host.h"
+
+namespace Zelk::Tool {
+
+/// Loads every --source and complains of those that fail, which does not keep the others from
+/// loading. False if one failed.
+bool LoadSources(Host& host, const Arguments& arguments, const Streams& streams);
+
+/// What each source holds by itself. False if one that was loaded before failed now.
+bool LoadOutlines(const Host& host, std::vector<SourceOutline>& outlines, const Streams& streams);
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <com/orvane/zelk/metadata/cli/records.h>
+
+#include "host/domain.h"
+
+// What a command-line client makes of namespaces and commands.
+
+namespace Zelk::Tool {
+
+/// Everything that the services answer, by identity.
+struct CliNodes {
+  using Identity = ::Com::Orvane::Zelk::Metadata::Cli::TreeIdentity;
+
+  std::map<Identity, std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::Info>>
+      namespaces;
+  std::map<Identity, std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Info>>
+      commands;
+};
+
+/// The namespaces with what is in them. Commands in a namespace that nobody describes come last.
+Outline OutlineOf(const CliNodes& nodes);
+
+/// The commands that call an operation, or any operation of a service, with their descriptions.
+std::vector<std::pair<std::string, std::string>> CommandsCalling(const CliNodes& nodes,
+                                                                 const Subject& subject);
+
+/// The help for a command or, if there is none of that name, for a namespace.
+Outcome<UsagePage> UsageOf(const CliNodes& nodes, const Names& words);
+
+}  // namespace Zelk::Tool

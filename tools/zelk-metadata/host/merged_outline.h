@@ -1,0 +1,22 @@
+#pragma once
+
+#include <vector>
+
+#include "host/host.h"
+
+namespace Zelk::Tool {
+
+/// What the sources of one domain hold together: a thing that several hold comes once, as the first
+/// of them describes it, with what is inside of it in any. Parts come from the first only, since
+/// nobody sees the others. The sources must be in the order in which the services walk them.
+Outline Merged(const std::vector<const Outline*>& outlines);
+
+/// The merged outline of every domain that has sources.
+struct DomainOutline {
+  const DomainRow* row;
+  Outline outline;
+};
+
+std::vector<DomainOutline> MergedByDomain(const std::vector<SourceOutline>& sources);
+
+}  // namespace Zelk::Tool
