@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <type_traits>
+#include <endian.h>
 
 #include <rapidjson/document.h>
 
@@ -17,8 +17,8 @@ namespace Zelk::Provider::Metadata {
 /// UTF-8 as RapidJSON has it, under a name of our own, so that the transcoder below is only ours.
 struct JsonEncoding : rapidjson::UTF8<> {};
 
-/// RapidJSON's stream over such a text: it reads ahead of where it writes. Past the end of the text
-/// it answers zero bytes, as a file stream does.
+/// RapidJSON's stream over such a text: it reads ahead of where it writes. The zero byte behind the
+/// text ends it; RapidJSON takes nothing after one.
 class InsituText {
  public:
   using Ch = char;
@@ -81,10 +81,8 @@ class InsituText {
     for (Block block = 0; end_ - position >= static_cast<std::ptrdiff_t>(sizeof block);
          position += sizeof block) {
       std::memcpy(&block, position, sizeof block);
-      const Block marks = MarkSpecial(block);
-      if (marks == 0) continue;
-      if (__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__) return position + __builtin_ctzll(marks) / 8;
-      break;
+      const Block marks = MarkSpecial(le64toh(block));
+      if (marks != 0) return position + __builtin_ctzll(marks) / 8;
     }
     while (!IsSpecial(*position)) ++position;
     return position;
