@@ -147,3 +147,16 @@ TEST(Arguments, AWordTooManyIsNoCommand) {
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "zelk-metadata: tree has no use for 'components'; try tree --help\n");
 }
+
+TEST(Arguments, ANumberHasDigitsAndNotTooMany) {
+  for (const char* number : {"", "1234567890123456789", "-1", "1x"}) {
+    EXPECT_EQ(RunTool({"tree", "--depth", number}).status, 2) << number;
+  }
+}
+
+TEST(Arguments, AControlCharacterInFrontBelongsToTheName) {
+  const ToolRun run =
+      RunTool({"get", "component", "\x01x", "--source", kDataFolder + "/inventory.json"});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(run.err, HasSubstr("\\x01x"));
+}

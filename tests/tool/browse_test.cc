@@ -6,6 +6,8 @@
 #include <rapidjson/document.h>
 
 #include "commands/table.h"
+#include "domains/table.h"
+#include "host/host.h"
 #include "support/builders.h"
 #include "support/file_text.h"
 #include "support/temp_folder.h"
@@ -399,4 +401,87 @@ TEST(Browse, NamesCannotDriveTheTerminalWhereverTheyAreShown) {
                 AllOf(HasSubstr("\\x1b[2J"), Not(HasSubstr("\x1b")), Not(HasSubstr("\u009b"))))
         << line[0];
   }
+}
+
+TEST(Browse, OneSourceThatFailsDoesNotHideWhatTheOthersHold) {
+  const std::string bad = " --source " + kDataFolder + "/truncated.json";
+  for (const char* line : {"tree", "search acme", "which component com.acme"}) {
+    const ToolRun run = RunOnInventory(line + bad);
+    EXPECT_THAT(run.out, HasSubstr("com.acme")) << line;
+    EXPECT_EQ(run.status, 1) << line;
+  }
+}
+
+TEST(Browse, WhichTellsOfEveryDomainThatHasTheName) {
+  const ToolRun run = RunOnThree("which package com.acme.inventory");
+  EXPECT_THAT(run.out, AllOf(HasSubstr("metamodel:package com.acme.inventory\n"),
+                             HasSubstr("\n\nauthentication:package com.acme.inventory\n")));
+  EXPECT_EQ(run.status, 0);
+}
+
+TEST(Browse, TreeInJsonGoesAsDeepAsIsAskedFor) {
+  const std::string whole = RunOnInventory("tree --json").out;
+  const std::string top = RunOnInventory("tree --json --depth 1").out;
+  EXPECT_LT(top.size(), whole.size());
+  EXPECT_THAT(top, HasSubstr(R"("kind":"component")"));
+  EXPECT_THAT(top, Not(HasSubstr(R"("kind":"package")")));
+}
+
+TEST(Browse, AFormatterThatACommandDoesNotHaveIsNotShown) {
+  const TempFolder folder;
+  const std::string file = folder.Write("a.json", R"({"cli": [{"type": "command", "path": "a",
+    "name": "b", "description": "", "node_metadata": {"service_id": "s", "operation_id": "o"}}]})");
+  for (const char* command : {"get command a b", "usage a b"}) {
+    const ToolRun run = RunLine(std::string(command) + " --source " + file);
+    EXPECT_THAT(run.out, testing::Not(testing::ContainsRegex("[Ss]hown as"))) << command;
+    EXPECT_EQ(run.status, 0) << run.err;
+  }
+  EXPECT_THAT(RunLine("get command a b --json --source " + file).out,
+              testing::Not(HasSubstr(R"("formatter":")")));
+}
+
+TEST(Browse, ADotWithinTheNameOfACommandIsNoEndOfANamespace) {
+  const TempFolder folder;
+  const std::string file = folder.Write("a.json", R"({"cli": [{"type": "command", "path": "a",
+    "name": "b.c", "description": "", "node_metadata": {"service_id": "s", "operation_id": "o"}}]})");
+  EXPECT_THAT(RunLine("tree --source " + file).out, HasSubstr("command b.c\n"));
+  EXPECT_EQ(RunLine("get command a b.c --source " + file).status, 0);
+}
+
+TEST(Browse, WhatHasNoPartsHasAPageWithoutThem) {
+  const TempFolder folder;
+  const std::string constant = R"("constants": [{"name": "k", "documentation": "", "value": 1,
+    "type": {"category": "PRIMITIVE", "type": "LONG"}}])";
+  const std::string file = folder.Write(
+      "a.json", R"({"metamodel": {"component": {"name": "c", "documentation": "", "metadata": {},
+    "packages": [{"name": "p", "documentation": "", "metadata": {}, "structures": [],
+    "enumerations": [{"name": "e", "documentation": "", "metadata": {}, "values": []}],
+    "services": [{"name": "s", "documentation": "", "metadata": {}, "structures": [],
+    "enumerations": [], "operations": [], )" +
+                    constant + "}]}]}}}");
+  EXPECT_THAT(RunLine("get enumeration e --source " + file).out, Not(HasSubstr("Values")));
+  const std::string service = RunLine("get service s --source " + file).out;
+  EXPECT_THAT(service, HasSubstr("k: LONG"));
+  EXPECT_THAT(service, Not(HasSubstr("k: LONG =")));
+}
+
+TEST(Browse, OutlinesAreMadeOfFilesThatAreStillThere) {
+  const TempFolder folder;
+  const std::string file = folder.Write("a.json", FileText(kDataFolder + "/inventory.json"));
+  Zelk::Tool::Host host(Zelk::Tool::Domains());
+  host.Load({"a", file});
+  std::filesystem::remove(file);
+  std::vector<Zelk::Tool::LoadReport> failures;
+  EXPECT_TRUE(host.Outlines(failures).empty());
+  EXPECT_EQ(failures.size(), 1U);
+}
+
+TEST(Browse, AServiceThatOnlyAuthenticationKnowsHasItsPage) {
+  const TempFolder folder;
+  const std::string file = folder.Write("a.json", R"({"authentication": {"component": {"name": "c",
+    "schemes": {"x": {"authenticationScheme": "scheme", "type": "SESSIONLESS"}},
+    "services": {"p.only_here": ["x"]}}}})");
+  const ToolRun run = RunOnInventory("get service p.only_here --source " + file);
+  EXPECT_THAT(run.out, HasSubstr("scheme"));
+  EXPECT_EQ(run.status, 0) << run.err;
 }

@@ -165,3 +165,41 @@ TEST(Check, CommandsForGitHubAreEscaped) {
 TEST(Check, AnOutputThatItDoesNotHaveIsWrongUsage) {
   EXPECT_EQ(RunTool({"check", "--output", "table", "x.json"}).status, 2);
 }
+
+TEST(Check, NotesAreNoticesInCommandsForGitHub) {
+  const TempFolder folder;
+  const std::string path =
+      folder.Write("file.json", R"({"cli": [{"type": "command", "path": "", "name": "n",
+ "description": "", "node_metadata": {"service_id": "s", "operation_id": "o", "options": 1}}]})");
+  const std::string out = RunTool({"check", "--output", "github", path}).out;
+  EXPECT_THAT(out, testing::StartsWith("::notice file=" + path + ",line=2,col=38,"));
+  EXPECT_THAT(out, HasSubstr("\n::error file=" + path + ",line=2,col=90,"));
+}
+
+TEST(Check, TellsThePlaceOfWhatIsWrongWithAuthentication) {
+  struct Row {
+    const char* component;
+    const char* message;
+    const char* pointer;
+  };
+
+  const Row rows[] = {
+      {R"("services": {"a.": []})", "[zelk.metadata.authentication.json.invalid.service.id: a.]",
+       "/authentication/component/services/a."},
+      {R"("operations": {"a": []})", "[zelk.metadata.authentication.json.invalid.operation.id: a]",
+       "/authentication/component/operations/a"},
+      {R"("packages": {"a": ["x"]})", "unknown.schema.name",
+       "/authentication/component/packages/a/0"},
+      {R"("schemes": {"s": {"authenticationScheme": "t", "type": "sessionAware"}})",
+       "missing field: sessionManager", "/authentication/component/schemes/s"},
+  };
+  const TempFolder folder;
+  for (const Row& row : rows) {
+    const std::string path = folder.Write(
+        "file.json", R"({"authentication": {"product": 1, "component": {"name": "c", )" +
+                         std::string(row.component) + "}}}");
+    const std::string out = RunTool({"check", path}).out;
+    EXPECT_THAT(out, HasSubstr(row.message));
+    EXPECT_THAT(out, HasSubstr(std::string(" at ") + row.pointer + "\n"));
+  }
+}

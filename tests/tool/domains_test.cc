@@ -114,3 +114,17 @@ TEST(Domains, TheParseErrorOfADomainHasItsPlaceInTheFile) {
   EXPECT_EQ(Zelk::Tool::ProblemLine(report.file, report.problems.front()),
             path + ":2:2: at 3 [colours.parse.error: 7]");
 }
+
+TEST(Domains, OneThatHasNoMoreToTellAddsNothingToTreesAndPages) {
+  const TempFolder folder;
+  Host host(TwoDomains());
+  host.Load({"a", folder.Write("a.json", R"({"colours": 1})")});
+  host.Load({"b", kDataFolder + "/inventory.json"});
+  std::vector<LoadReport> failures;
+  const auto outlines = host.Outlines(failures);
+  EXPECT_THAT(failures, IsEmpty());
+  ASSERT_EQ(outlines.size(), 2U);
+  EXPECT_FALSE(outlines.front().outline.empty());
+  EXPECT_TRUE(outlines.back().outline.empty());
+  EXPECT_THAT(host.About(TwoDomains().front(), {"component", {"com.acme"}}), IsEmpty());
+}

@@ -169,3 +169,26 @@ TEST(Explain, InJsonTheExplanationIsAnObject) {
   EXPECT_THAT(run.out, testing::StartsWith(R"({"id":"zelk.metadata.json.missing.field","text":)"));
   EXPECT_THAT(run.out, HasSubstr(R"("command":"check FILE")"));
 }
+
+TEST(Explain, InJsonAllExplanationsAreAnArray) {
+  const ToolRun run = RunTool({"explain", "--json"});
+  EXPECT_THAT(run.out, testing::StartsWith(R"([{"id":)"));
+  for (const auto& explanation : Explanations()) {
+    EXPECT_THAT(run.out, HasSubstr(R"({"id":")" + explanation.id + "\""));
+  }
+  EXPECT_EQ(run.status, 0);
+}
+
+TEST(Explain, AnExampleMayBeACallOfAService) {
+  EXPECT_THAT(RunTool({"explain", "zelk.metada.cli.source.file.not.found"}).out,
+              HasSubstr("Example:\n"
+                        "    SourceSvc.Create of cli, with a path at which no file is\n"));
+}
+
+TEST(Explain, AMessageThatNothingRaisesHasNoExample) {
+  for (const auto& explanation : Explanations()) {
+    const ToolRun run = RunTool({"explain", explanation.id});
+    EXPECT_EQ(run.out.find("Example:") == std::string::npos, IsReserved(explanation))
+        << explanation.id;
+  }
+}

@@ -92,3 +92,19 @@ TEST(OnATerminal, LoadingThatLastsIsNotToldToAFile) {
                      80);
   EXPECT_EQ(shown.text, "");
 }
+
+TEST(OnATerminal, AWidthThatIsNoneIsNotTaken) {
+  const std::string line = "get component com.orvane.zelk.metadata --source " +
+                           std::string(ZELK_SOURCE_DIR) + "/metadata/metamodel";
+  const std::string expected = OnTerminal(line, 70, "export NO_COLOR=1; ").text;
+  for (const char* columns : {"", "0", "wide", "1000x", "99999999999999999999999"}) {
+    EXPECT_EQ(OnTerminal(line, 70, "export NO_COLOR=1 COLUMNS=" + std::string(columns) + "; ").text,
+              expected)
+        << columns;
+  }
+}
+
+TEST(OnATerminal, ColoursAreRefusedByAValueOnly) {
+  EXPECT_THAT(OnTerminal("list components" + kInventory, 80, "export NO_COLOR=; ").text,
+              HasSubstr("\x1b[1m"));
+}
