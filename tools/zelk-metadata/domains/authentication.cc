@@ -120,6 +120,7 @@ std::vector<Section> Authentication::About(const std::vector<Subject>& levels) {
   const std::string& kind = levels.back().kind;
   if (kind != "package" && kind != "service" && kind != "operation") return {};
   std::vector<LevelSchemes> listed;
+  listed.reserve(levels.size());
   for (const Subject& level : levels) {
     listed.push_back({level.kind + ' ' + level.ids.back(), SchemesOf(level)});
   }

@@ -2,6 +2,7 @@
 
 namespace Zelk::Tool {
 
+// NOLINTNEXTLINE(readability-function-size): one table, as long as there are messages.
 const std::vector<Explanation>& Explanations() {
   static const std::vector<Explanation> explanations{
       {"zelk.metada.cli.namespace.not.found",
