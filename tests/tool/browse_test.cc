@@ -485,3 +485,15 @@ TEST(Browse, AServiceThatOnlyAuthenticationKnowsHasItsPage) {
   EXPECT_THAT(run.out, HasSubstr("scheme"));
   EXPECT_EQ(run.status, 0) << run.err;
 }
+
+TEST(Browse, ASourceOfSeveralDomainsHasAPageInEach) {
+  const std::string sources =
+      " --source x=" + kDataFolder + "/inventory.json --source x=" + kDataFolder + "/schemes.json";
+  const ToolRun page = RunLine("get source x" + sources);
+  EXPECT_THAT(page.out, AllOf(HasSubstr("inventory.json"), HasSubstr("schemes.json")));
+  const auto json = Parsed(RunLine("get source x --json" + sources).out);
+  ASSERT_TRUE(json.IsArray());
+  ASSERT_EQ(json.Size(), 2U);
+  EXPECT_STREQ(json[0]["domain"].GetString(), "metamodel");
+  EXPECT_STREQ(json[1]["domain"].GetString(), "authentication");
+}

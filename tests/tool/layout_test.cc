@@ -104,6 +104,13 @@ TEST(Layout, APageWrapsParagraphsButNoNames) {
       << "beside the names there is no room to wrap";
 }
 
+TEST(Layout, APageWrapsWhatStandsBesideNamesWhereThereIsRoom) {
+  const std::string page = Written([&](std::ostream& out) {
+    Page(out, Wide(40)).Pairs(1, {{"a", "one two three four five six seven eight nine"}});
+  });
+  EXPECT_EQ(page, "    a  one two three four five six seven\n       eight nine\n");
+}
+
 TEST(Layout, OnlyATerminalWithColoursGetsThem) {
   const auto page = [](const Terminal& terminal) {
     return Written([&](std::ostream& out) { Page(out, terminal).Title("title"); });
