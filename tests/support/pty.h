@@ -1,12 +1,15 @@
 #pragma once
 
 #include <array>
+#include <csignal>
 #include <cstdlib>
+#include <poll.h>
 #include <pty.h>
 #include <stdexcept>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace Zelk::Testing {
 
@@ -17,7 +20,17 @@ struct Shown {
   std::string text;
 };
 
-inline Shown ShowOnTerminal(const std::string& command, unsigned short columns) {
+/// What is typed once the terminal has shown a text, behind what it had shown at the step before.
+struct Typing {
+  std::string awaited;
+  std::string keys;
+};
+
+/// A command that shows nothing for so long, though more is to be typed, is ended.
+constexpr int kPatienceInMilliseconds = 30000;
+
+inline Shown ShowOnTerminal(const std::string& command, unsigned short columns,
+                            const std::vector<Typing>& steps = {}) {
   winsize size{};
   size.ws_row = 50;
   size.ws_col = columns;
@@ -30,9 +43,21 @@ inline Shown ShowOnTerminal(const std::string& command, unsigned short columns) 
   }
   Shown shown{};
   std::array<char, 4096> chunk{};
-  // The end is an error here, once nobody has the other side open any more.
-  for (ssize_t size_read = 0; (size_read = read(terminal, chunk.data(), chunk.size())) > 0;) {
+  std::size_t step = 0;
+  std::size_t seen = 0;
+  pollfd ready{terminal, POLLIN, 0};
+  while (true) {
+    if (step < steps.size() && poll(&ready, 1, kPatienceInMilliseconds) == 0) kill(child, SIGKILL);
+    // The end is an error here, once nobody has the other side open any more.
+    const ssize_t size_read = read(terminal, chunk.data(), chunk.size());
+    if (size_read <= 0) break;
     shown.text.append(chunk.data(), static_cast<std::size_t>(size_read));
+    if (step == steps.size()) continue;
+    const Typing& next = steps[step];
+    if (shown.text.find(next.awaited, seen) == std::string::npos) continue;
+    seen = shown.text.size();
+    ++step;
+    if (write(terminal, next.keys.data(), next.keys.size()) < 0) break;
   }
   close(terminal);
   int status = 0;

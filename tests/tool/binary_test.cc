@@ -1,36 +1,18 @@
-#include <array>
-#include <cstdio>
 #include <string>
-#include <sys/wait.h>
 
 #include <gtest/gtest.h>
 
-#include "support/file_text.h"
-#include "support/temp_folder.h"
-#include "tool/tool_run.h"
+#include "tool/shell_run.h"
 
 // The program as a process: what only main(), the shell and the system can spoil.
 
-using Zelk::Testing::FileText;
 using Zelk::Testing::kDataFolder;
-using Zelk::Testing::TempFolder;
+using Zelk::Testing::RunShell;
 using Zelk::Testing::ToolRun;
 
 namespace {
 
-const std::string kBinary = ZELK_METADATA_BINARY;
 const std::string kInventory = " --source " + kDataFolder + "/inventory.json ";
-
-/// Runs a shell command in which $tool is the program. Its status is that of the shell.
-ToolRun RunShell(const std::string& command) {
-  const TempFolder folder;
-  const std::string script = "tool=" + kBinary + "\n" + command + "\n";
-  const std::string line = "bash " + folder.Write("script", script) + " >" + folder.Path("out") +
-                           " 2>" + folder.Path("err");
-  const int status = std::system(line.c_str());
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileText(folder.Path("out")),
-          FileText(folder.Path("err"))};
-}
 
 }  // namespace
 
