@@ -32,6 +32,14 @@ class Colours final : public Domain {
     return ServiceError{"error", {Message{"colours.parse.error", "at %2%", {"7", "3"}}}};
   }
 
+  std::optional<ServiceError> DeleteSource(const std::string& /*id*/) override {
+    return std::nullopt;
+  }
+
+  std::optional<ServiceError> ReloadSource(const boost::optional<std::string>& /*id*/) override {
+    return std::nullopt;
+  }
+
   const std::vector<Kind>& Kinds() const override { return kinds_; }
 
  private:

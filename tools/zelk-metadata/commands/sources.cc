@@ -62,7 +62,7 @@ bool LoadSources(Host& host, const Arguments& arguments, const Streams& streams)
   return tally.failed.empty();
 }
 
-bool LoadOutlines(const Host& host, std::vector<SourceOutline>& outlines, const Streams& streams) {
+bool LoadOutlines(Host& host, std::vector<SourceOutline>& outlines, const Streams& streams) {
   std::vector<LoadReport> failures;
   {
     Progress progress(streams.err, streams.err_terminal.is_terminal, kPatience);

@@ -10,6 +10,6 @@ namespace Zelk::Tool {
 bool LoadSources(Host& host, const Arguments& arguments, const Streams& streams);
 
 /// What each source holds by itself. False if one that was loaded before failed now.
-bool LoadOutlines(const Host& host, std::vector<SourceOutline>& outlines, const Streams& streams);
+bool LoadOutlines(Host& host, std::vector<SourceOutline>& outlines, const Streams& streams);
 
 }  // namespace Zelk::Tool

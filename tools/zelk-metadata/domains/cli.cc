@@ -73,6 +73,14 @@ class Cli final : public Domain {
     return CreateLocalSource<Bindings::SourceSvc::CreateSpec>(source_, id, path);
   }
 
+  std::optional<ServiceError> DeleteSource(const std::string& id) override {
+    return Call(source_, &SourceSvc::Delete, id).error;
+  }
+
+  std::optional<ServiceError> ReloadSource(const boost::optional<std::string>& id) override {
+    return Call(source_, &SourceSvc::Reload, id).error;
+  }
+
   const std::vector<Kind>& Kinds() const override { return kinds_; }
 
   Outline MakeOutline() override;

@@ -117,6 +117,13 @@ class Domain {
   virtual std::optional<ServiceError> CreateSource(const std::string& id,
                                                    const std::string& path) = 0;
 
+  /// Has it forget a source. Empty for success.
+  virtual std::optional<ServiceError> DeleteSource(const std::string& id) = 0;
+
+  /// Has it load a source once more, or all without an id. Empty also where sources keep their old
+  /// data, of which services say nothing.
+  virtual std::optional<ServiceError> ReloadSource(const boost::optional<std::string>& id) = 0;
+
   /// What can be asked. The queries stay usable as long as this object lives.
   virtual const std::vector<Kind>& Kinds() const = 0;
 

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <iterator>
+#include <set>
 
 #include "host/root_key.h"
 
@@ -29,6 +30,15 @@ LoadReport LoadInto(Domain& domain, const DomainRow& row, const SourceArgument& 
     report.problems.push_back({message, PositionOf(message, source.path, row)});
   }
   return report;
+}
+
+/// Of one source, as the domain answers it; nothing in a domain without fingerprints.
+std::string FingerprintOf(const Domain& domain, const std::string& id) {
+  const auto& kinds = domain.Kinds();
+  const auto found = std::find_if(kinds.begin(), kinds.end(),
+                                  [](const Kind& kind) { return kind.name == "source"; });
+  if (found == kinds.end()) return "";
+  return found->fingerprint.call({id}).answer.value_or("");
 }
 
 bool Means(const std::string& text, const std::string& domain, const Kind& kind) {
@@ -63,7 +73,7 @@ const Query<Names>* FoundKind::ListOf(const std::string& name) const {
   return found != kinds->end() && found->list.call ? &found->list : nullptr;
 }
 
-Host::Host(const DomainTable& table) : table_(table) {
+Host::Host(const DomainTable& table, HostUse use) : use_(use), table_(table) {
   for (const DomainRow& row : table) domains_.push_back({&row, row.make(), false});
 }
 
@@ -71,14 +81,118 @@ Host::~Host() = default;
 
 LoadReport Host::Load(const SourceArgument& source) {
   const DomainRow* const row = &DomainOf(source.path, table_);
-  const auto running =
-      std::find_if(domains_.begin(), domains_.end(),
-                   [row](const Running& candidate) { return candidate.row == row; });
-  LoadReport report = LoadInto(*running->domain, *row, source);
+  Running& running = RunningOf(*row);
+  LoadReport report = LoadInto(*running.domain, *row, source);
   if (!report.problems.empty()) return report;
-  running->has_sources = true;
-  loaded_.push_back({source, row});
+  running.has_sources = true;
+  loaded_.push_back({source, row, nullptr});
+  if (use_ == HostUse::kSession) KeepAlone(loaded_.back());
   return report;
+}
+
+Host::Running& Host::RunningOf(const DomainRow& row) {
+  return *std::find_if(domains_.begin(), domains_.end(),
+                       [&row](const Running& candidate) { return candidate.row == &row; });
+}
+
+void Host::KeepAlone(Loaded& loaded) {
+  loaded.alone = loaded.row->make();
+  const LoadReport report = LoadInto(*loaded.alone, *loaded.row, loaded.source);
+  const std::string& id = loaded.source.id;
+  const Domain& live = *RunningOf(*loaded.row).domain;
+  const bool is_same =
+      report.problems.empty() && FingerprintOf(*loaded.alone, id) == FingerprintOf(live, id);
+  if (!is_same) loaded.alone = nullptr;
+}
+
+std::vector<Host::Loaded*> Host::Meant(const std::string& text) {
+  std::vector<Loaded*> meant;
+  for (const DomainRow& row : table_) {
+    const auto begin = static_cast<std::ptrdiff_t>(meant.size());
+    for (Loaded& loaded : loaded_) {
+      const std::string& id = loaded.source.id;
+      const bool is_meant = text.empty() || text == id || text == row.name + ":" + id;
+      if (loaded.row == &row && is_meant) meant.push_back(&loaded);
+    }
+    std::sort(meant.begin() + begin, meant.end(), [](const Loaded* left, const Loaded* right) {
+      return left->source.id < right->source.id;
+    });
+  }
+  return meant;
+}
+
+std::size_t Host::Delete(const std::string& text) {
+  std::size_t deleted = 0;
+  for (const Loaded* const meant : Meant(text)) {
+    const bool is_gone = !RunningOf(*meant->row).domain->DeleteSource(meant->source.id);
+    deleted += is_gone ? 1 : 0;
+  }
+  const auto is_meant = [&text](const Loaded& loaded) {
+    return text == loaded.source.id || text == loaded.row->name + ":" + loaded.source.id;
+  };
+  loaded_.erase(std::remove_if(loaded_.begin(), loaded_.end(), is_meant), loaded_.end());
+  for (Running& running : domains_) {
+    running.has_sources =
+        std::any_of(loaded_.begin(), loaded_.end(),
+                    [&running](const Loaded& loaded) { return loaded.row == running.row; });
+  }
+  return deleted;
+}
+
+std::vector<ReloadReport> Host::Reload(const std::string& text) {
+  const std::vector<Loaded*> meant = Meant(text);
+  std::vector<ReloadReport> reports;
+  for (Running& running : domains_) {
+    std::vector<Loaded*> sources;
+    std::copy_if(meant.begin(), meant.end(), std::back_inserter(sources),
+                 [&running](const Loaded* loaded) { return loaded->row == running.row; });
+    if (sources.empty()) continue;
+    boost::optional<std::string> id;
+    if (!text.empty()) id = sources.front()->source.id;
+    for (ReloadReport& report : ReloadIn(running, sources, id)) {
+      reports.push_back(std::move(report));
+    }
+  }
+  return reports;
+}
+
+std::vector<ReloadReport> Host::ReloadIn(Running& running, const std::vector<Loaded*>& sources,
+                                         const boost::optional<std::string>& id) {
+  Names before;
+  for (const Loaded* const loaded : sources) {
+    before.push_back(FingerprintOf(*running.domain, loaded->source.id));
+  }
+  running.domain->ReloadSource(id);
+  std::vector<ReloadReport> reports;
+  std::string failed;
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    Loaded& loaded = *sources[i];
+    const SourceArgument& source = loaded.source;
+    const std::string after = FingerprintOf(*running.domain, source.id);
+    ReloadReport report{
+        source.id, ShownName(source), running.row->name, ReloadReport::State::kSame, {}, {}};
+    auto alone = running.row->make();
+    report.problems = LoadInto(*alone, *running.row, source).problems;
+    const bool loads = report.problems.empty();
+    const bool is_answered = loads && FingerprintOf(*alone, source.id) == after;
+    if (after != before[i]) {
+      report.state = ReloadReport::State::kChanged;
+      report.problems.clear();
+    } else if (!is_answered) {
+      report.state = ReloadReport::State::kKept;
+      if (loads) report.behind = failed;
+    }
+    if (is_answered) loaded.alone = std::move(alone);
+    if (!loads && failed.empty()) failed = source.id;
+    reports.push_back(std::move(report));
+  }
+  return reports;
+}
+
+Names Host::SourceIds() const {
+  std::set<std::string> ids;
+  for (const Loaded& loaded : loaded_) ids.insert(loaded.source.id);
+  return {ids.begin(), ids.end()};
 }
 
 std::vector<FoundKind> Host::FindKinds(const std::string& text) const {
@@ -107,22 +221,17 @@ Names Host::KindNames() const {
   return names;
 }
 
-std::vector<SourceOutline> Host::Outlines(std::vector<LoadReport>& failures) const {
-  std::vector<Loaded> sources;
-  for (const DomainRow& row : table_) {
-    const auto begin = static_cast<std::ptrdiff_t>(sources.size());
-    std::copy_if(loaded_.begin(), loaded_.end(), std::back_inserter(sources),
-                 [&row](const Loaded& loaded) { return loaded.row == &row; });
-    std::sort(sources.begin() + begin, sources.end(), [](const Loaded& left, const Loaded& right) {
-      return left.source.id < right.source.id;
-    });
-  }
+std::vector<SourceOutline> Host::Outlines(std::vector<LoadReport>& failures) {
   std::vector<SourceOutline> outlines;
-  for (const Loaded& loaded : sources) {
-    const std::unique_ptr<Domain> domain = loaded.row->make();
-    LoadReport report = LoadInto(*domain, *loaded.row, loaded.source);
+  for (const Loaded* const loaded : Meant("")) {
+    if (loaded->alone) {
+      outlines.push_back({loaded->source, loaded->row, loaded->alone->MakeOutline()});
+      continue;
+    }
+    const std::unique_ptr<Domain> domain = loaded->row->make();
+    LoadReport report = LoadInto(*domain, *loaded->row, loaded->source);
     if (report.problems.empty()) {
-      outlines.push_back({loaded.source, loaded.row, domain->MakeOutline()});
+      outlines.push_back({loaded->source, loaded->row, domain->MakeOutline()});
     } else {
       failures.push_back(std::move(report));
     }

@@ -56,17 +56,59 @@ struct SourceOutline {
   Outline outline;
 };
 
+/// How a reload left one source.
+struct ReloadReport {
+  enum class State {
+    /// The file is the one that was loaded.
+    kSame,
+    kChanged,
+    /// The file is another one, but the old data is still what is answered.
+    kKept,
+  };
+
+  std::string id;
+  std::string file;
+  std::string domain;
+  State state;
+
+  /// Why it was kept: what is wrong with the file; or, if nothing is, the id of the source that
+  /// failed before it, which keeps a domain from going on; or neither, if the file has changed
+  /// meanwhile.
+  std::vector<Problem> problems;
+  std::string behind;
+};
+
+/// How long a host is used.
+enum class HostUse {
+  /// For one answer.
+  kOnce,
+  /// For many, while files change. What each source holds is kept beside what all hold together,
+  /// so that everything is answered from the data that is loaded.
+  kSession,
+};
+
 /// Every domain of a table at work.
 class Host {
  public:
   /// The table must not be empty and must outlive the host.
-  explicit Host(const DomainTable& table);
+  explicit Host(const DomainTable& table, HostUse use = HostUse::kOnce);
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
   ~Host();
 
   /// Loads the file into the domain that it belongs to.
   LoadReport Load(const SourceArgument& source);
+
+  /// Forgets the source of that id, in every domain that has one unless "DOMAIN:" stands before it.
+  /// Answers how many there were.
+  std::size_t Delete(const std::string& text);
+
+  /// Loads that source once more, in every domain that has it, or all sources for an empty text.
+  /// Nothing, if there is none.
+  std::vector<ReloadReport> Reload(const std::string& text);
+
+  /// The ids of all sources, those of several domains once.
+  Names SourceIds() const;
 
   /// The kinds that the user may mean by `text`, a kind's name or its plural, with or without
   /// "DOMAIN:" before it. Domains that have loaded something come first.
@@ -75,10 +117,10 @@ class Host {
   /// The names of all kinds, each once.
   Names KindNames() const;
 
-  /// Loads every source once more, each into a domain of its own, in the order in which the
-  /// services walk them: domain by domain, in each by id. One that cannot be loaded any more is
-  /// reported in `failures`.
-  std::vector<SourceOutline> Outlines(std::vector<LoadReport>& failures) const;
+  /// What each source holds, in the order in which the services walk them: domain by domain, in
+  /// each by id. Outside of a session every source is loaded once more for that; one that cannot be
+  /// loaded any more is reported in `failures`.
+  std::vector<SourceOutline> Outlines(std::vector<LoadReport>& failures);
 
   /// What the domains with sources, but the one of `row`, have to say about a thing of that one.
   /// What is around the thing is asked of all of them.
@@ -94,8 +136,24 @@ class Host {
   struct Loaded {
     SourceArgument source;
     const DomainRow* row;
+
+    /// In a session, a domain with nothing but this source.
+    std::unique_ptr<Domain> alone;
   };
 
+  Running& RunningOf(const DomainRow& row);
+
+  /// In the order in which the services walk them.
+  std::vector<Loaded*> Meant(const std::string& text);
+
+  /// Keeps what the source holds, read once more. Nothing, if that is not what is answered.
+  void KeepAlone(Loaded& loaded);
+
+  /// Loads those sources of one domain once more, by one call of its service.
+  std::vector<ReloadReport> ReloadIn(Running& running, const std::vector<Loaded*>& sources,
+                                     const boost::optional<std::string>& id);
+
+  HostUse use_;
   std::vector<Running> domains_;
   std::vector<Loaded> loaded_;
   const DomainTable& table_;
