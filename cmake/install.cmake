@@ -11,6 +11,14 @@ install(DIRECTORY platform/core/include/ platform/std-bindings/include/ include/
 file(RELATIVE_PATH bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
 set_target_properties(zelk-metadata PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
 install(TARGETS zelk-metadata RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+set(printed_dir ${PROJECT_BINARY_DIR}/tools/zelk-metadata)
+install(FILES ${printed_dir}/zelk-metadata.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${printed_dir}/zelk-metadata.bash RENAME zelk-metadata
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES ${printed_dir}/zelk-metadata.fish
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+install(FILES ${printed_dir}/_zelk-metadata
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zelk-metadata-services)
 install(EXPORT zelk-metadata-services-targets NAMESPACE Zelk:: DESTINATION ${package_dir})

@@ -31,7 +31,9 @@ while IFS= read -r line; do
     [[ $line == '```console' ]] && in_block=1
   elif [ "$in_block" = 1 ] && [[ $line == '$ '* ]]; then
     finish
-    [[ $line =~ zelk-metadata\ (check|explain|tree|list|get|search|which|fingerprint|usage|--) ]] && command=${line#'$ '}
+    [[ $line =~ zelk-metadata\ (check|explain|tree|list|get|search|which|fingerprint|usage|completion|man|--) ]] && command=${line#'$ '}
+    # One that reads no script needs somebody who types.
+    [[ $line =~ \|\ zelk-metadata\ shell ]] && command=${line#'$ '}
   elif [ -n "$command" ]; then
     expected+=$line$'\n'
   fi

@@ -8,27 +8,11 @@
 #include <type_traits>
 #include <variant>
 
+#include "commands/about.h"
 #include "commands/command.h"
-#include "commands/table.h"
 
 namespace Zelk::Tool {
 namespace {
-
-constexpr char kDescription[] =
-    "Answers questions about the interfaces that metadata files describe.";
-
-constexpr char kFooter[] =
-    "A source PATH is a file; a folder, of which every *.json is loaded; or - for standard input.\n"
-    "What a file describes, Metamodel, Authentication or CLI, is found in it. It gets the ID that\n"
-    "stands before the first '=', or else its name without folder and extension. Text before '='\n"
-    "that is empty or has a '/' is no ID but part of the path, so a file a=b.json in the current\n"
-    "folder is ./a=b.json. An ID for a folder stands before the names of its files: ID/NAME.\n"
-    "\n"
-    "Output is a table or a page for people on a terminal, in its width and with colours unless\n"
-    "NO_COLOR is set. Elsewhere it is plain: nothing is wrapped, and lists have no headings.\n"
-    "\n"
-    "Exit status: 0 all is well; 1 a source failed to load, or check found problems; 2 wrong\n"
-    "usage; 3 unknown kind or id (1 if a source failed, too); 4 the output could not be written.";
 
 constexpr char kSharedOptions[] =
     "The options that zelk-metadata --help shows may be given here, too.";
@@ -88,45 +72,46 @@ void Declare(CLI::App& app, const OperandDescription& operand, Arguments& argume
       operand.target);
 }
 
-void Declare(CLI::App& app, const CommandDescription& command, Arguments& arguments) {
+void Declare(CLI::App& app, const CommandDescription& command, const Language& language,
+             Arguments& arguments) {
   CLI::App* const subcommand = app.add_subcommand(command.name, command.summary);
   subcommand->fallthrough();
   subcommand->group("Commands");
   for (const auto& operand : command.operands) Declare(*subcommand, operand, arguments);
   for (const auto& option : command.options) Declare(*subcommand, option, arguments);
-  subcommand->footer(command.details + kSharedOptions + "\n\nExample: zelk-metadata " +
-                     command.example);
+  const bool is_program = !language.program.empty();
+  subcommand->footer(is_program ? command.details + kSharedOptions +
+                                      "\n\nExample: " + language.program + command.example
+                                : command.details);
 }
 
-void Declare(CLI::App& app, Arguments& arguments) {
+std::string Tour(const Language& language) {
   std::string tour = "Examples:\n";
-  for (const Command& command : Commands()) {
-    tour += "  zelk-metadata " + command.description.example + '\n';
+  for (const Command& command : language.commands) {
+    tour += "  " + language.program + command.description.example + '\n';
   }
-  app.footer(tour + '\n' + kFooter);
+  return tour;
+}
+
+void Declare(CLI::App& app, const Language& language, Arguments& arguments) {
+  if (!language.program.empty()) app.footer(Tour(language) + '\n' + HelpFooter());
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app.set_version_flag("--version", "zelk-metadata " ZELK_METADATA_VERSION, "Print the version");
-  for (const auto& option : SharedOptions()) Declare(app, option, arguments);
+  for (const auto& option : language.options) Declare(app, option, arguments);
   // Unknown words are left over, so that the complaint about them can be ours. At most one command,
   // so that an id may be called like another command.
   app.allow_extras();
   app.require_subcommand(0, 1);
-  for (const Command& command : Commands()) {
-    Declare(app, command.description, arguments);
+  for (const Command& command : language.commands) {
+    Declare(app, command.description, language, arguments);
   }
-}
-
-const Command* Chosen(const CLI::App& app) {
-  const std::string name = app.get_subcommands().front()->get_name();
-  return &*std::find_if(Commands().begin(), Commands().end(),
-                        [&](const Command& row) { return row.description.name == name; });
 }
 
 std::string LeftOver(const CLI::App& app, const std::string& word) {
   const bool is_option = word.size() > 1 && word.front() == '-';
   if (is_option) return fmt::format("unknown option '{}'; try --help", word);
   if (app.get_subcommands().empty()) return fmt::format("unknown command '{}'; try --help", word);
-  const std::string& name = Chosen(app)->description.name;
+  const std::string name = app.get_subcommands().front()->get_name();
   return fmt::format("{} has no use for '{}'; try {} --help", name, word, name);
 }
 
@@ -156,10 +141,11 @@ std::string Reconcile(Arguments& arguments, const CommandDescription& command) {
 
 }  // namespace
 
-ParsedArguments ParseArguments(const std::vector<std::string>& args) {
+ParsedArguments ParseArguments(const std::vector<std::string>& args, const Language& language) {
   ParsedArguments parsed;
-  CLI::App app(kDescription, "zelk-metadata");
-  Declare(app, parsed.arguments);
+  const std::string name = language.program.substr(0, language.program.find(' '));
+  CLI::App app(kDescription, name);
+  Declare(app, language, parsed.arguments);
   // The parser takes its arguments from the end.
   std::vector<std::string> reversed(args.rbegin(), args.rend());
   std::transform(reversed.begin(), reversed.end(), reversed.begin(), Shielded);
@@ -178,7 +164,7 @@ ParsedArguments ParseArguments(const std::vector<std::string>& args) {
   parsed.error = Complaint(app);
   if (!parsed.error.empty()) return parsed;
   Unshield(parsed.arguments);
-  const Command& chosen = *Chosen(app);
+  const Command& chosen = *FindCommand(language, app.get_subcommands().front()->get_name());
   parsed.error = Reconcile(parsed.arguments, chosen.description);
   if (parsed.error.empty()) parsed.command = &chosen;
   return parsed;

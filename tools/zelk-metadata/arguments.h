@@ -8,6 +8,7 @@
 namespace Zelk::Tool {
 
 struct Command;
+struct Language;
 
 /// What the user asked for, for whichever command it is.
 struct Arguments {
@@ -37,7 +38,7 @@ struct ParsedArguments {
 };
 
 /// Options may stand before and after the command's name. Whether a kind is known, and how many
-/// ids it takes, is not checked here.
-ParsedArguments ParseArguments(const std::vector<std::string>& args);
+/// ids it takes, is not checked here. The command is one of the language.
+ParsedArguments ParseArguments(const std::vector<std::string>& args, const Language& language);
 
 }  // namespace Zelk::Tool

@@ -2,19 +2,22 @@
 
 #include <cstddef>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
 #include "arguments.h"
 #include "exit_status.h"
+#include "host/domain.h"
 #include "render/terminal.h"
 
 // What the program can be asked to do. The description of a command is all that is known of it: the
-// parser of the command line and --help are made from it, and so can be what else helps people
-// type.
+// parser of the command line, --help, the completion of words and the manual page are made from it.
 
 namespace Zelk::Tool {
+
+class Host;
 
 /// Where a command reads, answers and complains.
 struct Streams {
@@ -23,6 +26,10 @@ struct Streams {
   std::ostream& err;
   Terminal out_terminal = {};
   Terminal err_terminal = {};
+
+  /// The sources of the session that the command is given in; null outside of sessions, where
+  /// each command loads its own.
+  Host* session = nullptr;
 };
 
 /// What a word of the command line stands for.
@@ -42,6 +49,12 @@ enum class Word {
   kId,
   /// A part of the name of a namespace or command of the domain CLI.
   kCliName,
+  /// The id of a message of the library.
+  kMessageId,
+  /// The id of a source that is loaded, alone or behind "DOMAIN:".
+  kSourceId,
+  /// The name of a command.
+  kCommand,
 };
 
 /// The member of the arguments that a word fills.
@@ -75,6 +88,9 @@ struct OperandDescription {
 
   /// A list takes all words that are left, which the last operand only may do.
   Target target;
+
+  /// For Word::kChoice.
+  std::vector<std::string> choices = {};
 };
 
 struct CommandDescription {
@@ -96,6 +112,13 @@ struct CommandDescription {
 
   /// A command line that works in the root of the sources. Its output is shown in README.md.
   std::string example;
+
+  /// For a command with a Word::kKind: how many ids it takes for the kind, or nothing for a kind
+  /// that it cannot be asked.
+  std::optional<IdCount> (*ids_of)(const Kind& kind) = nullptr;
+
+  /// Whether the ids of several things may follow each other.
+  bool takes_several = false;
 };
 
 /// One command of the program, a row of the table of commands.
@@ -103,5 +126,17 @@ struct Command {
   CommandDescription description;
   ExitStatus (*run)(const Arguments& arguments, const Streams& streams);
 };
+
+/// What may stand on a command line: one of the commands, and options that all of them share.
+struct Language {
+  /// The word before the command in texts, with a blank behind it; empty in a session.
+  std::string program;
+
+  std::vector<Command> commands;
+  std::vector<OptionDescription> options;
+};
+
+/// Null for an unknown name.
+const Command* FindCommand(const Language& language, const std::string& name);
 
 }  // namespace Zelk::Tool

@@ -42,7 +42,7 @@ std::string SubjectText(const Fingerprint& answer) {
 ExitStatus RunFingerprint(const Arguments& arguments, const Streams& streams) {
   Arguments asked = arguments;
   if (asked.kind.empty()) asked.kind = "source";
-  Question question;
+  Question question(streams);
   ExitStatus status =
       Prepare(question, "fingerprint", &Kind::fingerprint, asked, arguments.ids.size(), streams);
   if (status != ExitStatus::kOk) return status;

@@ -86,7 +86,7 @@ void WriteJson(const RecordAnswers& answers, bool one_question, std::ostream& ou
 
 /// The records as pages; in JSON the records whole, which pages are not.
 ExitStatus RunGet(const Arguments& arguments, const Streams& streams) {
-  Question question;
+  Question question(streams);
   const auto questions =
       Questions(arguments.ids, Candidates(question.host, arguments.kind, &Kind::get));
   ExitStatus status =

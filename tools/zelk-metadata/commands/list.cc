@@ -32,7 +32,7 @@ Table MakeTable(const Answers<Names>& answers, bool with_domains) {
 
 /// The names, one a line; in JSON an array of them. Those of several domains follow each other.
 ExitStatus RunList(const Arguments& arguments, const Streams& streams) {
-  Question question;
+  Question question(streams);
   ExitStatus status =
       Prepare(question, "list", &Kind::list, arguments, arguments.ids.size(), streams);
   if (status != ExitStatus::kOk) return status;

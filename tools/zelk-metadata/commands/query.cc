@@ -30,16 +30,10 @@ struct Unknown {
   Names known;
 };
 
-std::string LowerCase(std::string text) {
-  for (char& character : text) character = static_cast<char>(std::tolower(character));
-  return text;
-}
-
-/// An id is called like the kind that it is an id of, in capitals.
 Unknown FindUnknown(const Candidate& candidate, const Ids& ids) {
   const std::vector<std::string>& id_names = candidate.found.kind->id_names;
   for (std::size_t i = 0; i < std::min(ids.size(), id_names.size()); ++i) {
-    const Query<Names>* const list = candidate.found.ListOf(LowerCase(id_names[i]));
+    const Query<Names>* const list = candidate.found.ListOf(KindOfId(id_names[i]));
     if (list == nullptr) continue;
     const Ids around(ids.begin(), ids.begin() + std::min<std::ptrdiff_t>(
                                                     static_cast<std::ptrdiff_t>(i),
@@ -55,6 +49,23 @@ Unknown FindUnknown(const Candidate& candidate, const Ids& ids) {
 }
 
 }  // namespace
+
+std::string KindOfId(const std::string& id_name) {
+  std::string kind = id_name;
+  for (char& character : kind) character = static_cast<char>(std::tolower(character));
+  return kind;
+}
+
+Names UsageNames(const Host& host) {
+  Names names;
+  for (const char* kind : {"namespace", "command"}) {
+    for (const FoundKind& found : host.FindKinds(kind)) {
+      const Outcome<Names> listed = found.kind->list.call({});
+      if (listed.answer) names.insert(names.end(), listed.answer->begin(), listed.answer->end());
+    }
+  }
+  return names;
+}
 
 std::vector<Candidate> Fitting(const std::vector<Candidate>& candidates, std::size_t id_count) {
   std::vector<Candidate> fitting;

@@ -51,6 +51,12 @@ Names Usages(Query<T> Kind::*query) {
 /// many. Empty when none does.
 std::vector<Candidate> Fitting(const std::vector<Candidate>& candidates, std::size_t id_count);
 
+/// The kind whose ids an id of this name is: an id is called like its kind, in capitals.
+std::string KindOfId(const std::string& id_name);
+
+/// All names that `usage` knows.
+Names UsageNames(const Host& host);
+
 /// Tells the user why no candidate fits.
 ExitStatus ComplainOfKind(const std::string& verb, const Arguments& arguments, const Host& host,
                           const std::vector<Candidate>& candidates, const Streams& streams);
@@ -93,7 +99,12 @@ ExitStatus Ask(Query<T> Kind::*query, const std::vector<Candidate>& candidates, 
 
 /// What a command was asked, found and loaded.
 struct Question {
-  Host host{Domains()};
+  explicit Question(const Streams& streams)
+      : own(streams.session == nullptr ? std::make_unique<Host>(Domains()) : nullptr),
+        host(own ? *own : *streams.session) {}
+
+  std::unique_ptr<Host> own;
+  Host& host;
   std::vector<Candidate> candidates;
   bool loaded = true;
 

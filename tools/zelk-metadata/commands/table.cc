@@ -1,9 +1,11 @@
 #include "commands/table.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
 #include "commands/query.h"
+#include "complete/scripts.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -20,6 +22,13 @@ OperandDescription KindOperand(bool required) {
 
 const OperandDescription kIds{"ID", Word::kId, false, "As many ids as the kind takes",
                               &Arguments::ids};
+
+/// How many ids a query takes, if the kind offers it.
+template <typename T>
+std::optional<IdCount> IdsOf(const Query<T>& query) {
+  if (!query.call) return std::nullopt;
+  return query.ids;
+}
 
 const std::vector<std::string> kOutputs{"table", "plain", "json"};
 
@@ -40,7 +49,7 @@ Command Explain() {
   return {{"explain",
            "Explain a message: what it means, what causes it, how to mend it",
            "Without an ID, the ids of all messages are listed.\n\n",
-           {{"ID", Word::kText, false, "The id of a message", &Arguments::text}},
+           {{"ID", Word::kMessageId, false, "The id of a message", &Arguments::text}},
            {},
            {"text", "json"},
            "explain zelk.metadata.json.missing.field"},
@@ -57,7 +66,8 @@ Command List() {
        {KindOperand(true), kIds},
        {},
        kOutputs,
-       "list operations com.orvane.zelk.metadata.metamodel.component --source metadata"},
+       "list operations com.orvane.zelk.metadata.metamodel.component --source metadata",
+       [](const Kind& kind) { return IdsOf(kind.list); }},
       RunList};
 }
 
@@ -73,7 +83,9 @@ Command Get() {
        {KindOperand(true), kIds},
        {},
        kOutputs,
-       "get operation com.orvane.zelk.metadata.metamodel.source delete --source metadata"},
+       "get operation com.orvane.zelk.metadata.metamodel.source delete --source metadata",
+       [](const Kind& kind) { return IdsOf(kind.get); },
+       true},
       RunGet};
 }
 
@@ -87,7 +99,8 @@ Command Fingerprint() {
        {KindOperand(false), kIds},
        {},
        kOutputs,
-       "fingerprint --source metadata"},
+       "fingerprint --source metadata",
+       [](const Kind& kind) { return IdsOf(kind.fingerprint); }},
       RunFingerprint};
 }
 
@@ -132,7 +145,8 @@ Command Which() {
        {},
        kOutputs,
        "which service com.orvane.zelk.metadata.cli.command --source metadata "
-       "--source copy=metadata/metamodel/zelk-metadata.json"},
+       "--source copy=metadata/metamodel/zelk-metadata.json",
+       IdsOfWhich},
       RunWhich};
 }
 
@@ -148,22 +162,63 @@ Command Usage() {
           RunUsage};
 }
 
-}  // namespace
-
-const std::vector<Command>& Commands() {
-  static const std::vector<Command> commands{Check(),  Explain(), Tree(),        List(), Get(),
-                                             Search(), Which(),   Fingerprint(), Usage()};
-  return commands;
+Command Completion() {
+  return {
+      {"completion",
+       "Print what makes a shell complete the words of this program",
+       "bash: put into ~/.bashrc: source <(zelk-metadata completion bash)\n"
+       "zsh:  put into ~/.zshrc, behind compinit: source <(zelk-metadata completion zsh)\n"
+       "fish: put into ~/.config/fish/config.fish: zelk-metadata completion fish | source\n"
+       "Where the program was installed from a package the shells know it already. Names are\n"
+       "completed from the sources that stand before them, unless those are very large.\n\n",
+       {{"SHELL", Word::kChoice, true, "bash, zsh or fish", &Arguments::text, CompletedShells()}},
+       {},
+       {"text"},
+       "completion bash"},
+      RunCompletion};
 }
 
-const std::vector<OptionDescription>& SharedOptions() {
-  static const std::vector<OptionDescription> options{
-      {"source",
-       "[ID=]PATH",
-       Word::kSource,
+Command Manual() {
+  return {{"man",
+           "Print the manual page",
+           "As a page for man: zelk-metadata man | man -l -\n\n",
+           {},
+           {},
+           {"text"},
+           "man"},
+          RunManual};
+}
+
+Command Shell() {
+  return {
+      {"shell",
+       "Ask one question after the other, while sources come, change and go",
+       "On a terminal with a history and completed words; elsewhere the lines of standard input\n"
+       "are read, and the exit status is that of the first one that fails. The line help tells\n"
+       "what can be said: most commands of this program, and changes of what is loaded.\n\n",
        {},
-       "Load a file, a folder or standard input (-); may be given several times",
-       &Arguments::sources},
+       {},
+       {"text"},
+       "shell --source metadata"},
+      RunShell};
+}
+
+std::vector<OptionDescription> ProgramOptions() {
+  std::vector<OptionDescription> options = SessionOptions();
+  options.insert(options.begin(),
+                 {"source",
+                  "[ID=]PATH",
+                  Word::kSource,
+                  {},
+                  "Load a file, a folder or standard input (-); may be given several times",
+                  &Arguments::sources});
+  return options;
+}
+
+}  // namespace
+
+std::vector<OptionDescription> SessionOptions() {
+  return {
       {"output",
        "FORMAT",
        Word::kChoice,
@@ -172,7 +227,35 @@ const std::vector<OptionDescription>& SharedOptions() {
        &Arguments::output},
       {"json", "", Word::kNone, {}, "The same as --output json", &Arguments::json},
   };
-  return options;
+}
+
+std::vector<Command> Questions() {
+  return {Check(), Explain(), Tree(), List(), Get(), Search(), Which(), Fingerprint(), Usage()};
+}
+
+const Language& ProgramLanguage() {
+  static const Language language = [] {
+    Language made{"zelk-metadata ", Questions(), ProgramOptions()};
+    for (Command (*command)() : {Shell, Completion, Manual}) made.commands.push_back(command());
+    return made;
+  }();
+  return language;
+}
+
+const Command* FindCommand(const Language& language, const std::string& name) {
+  const auto& commands = language.commands;
+  const auto found = std::find_if(commands.begin(), commands.end(), [&](const Command& command) {
+    return command.description.name == name;
+  });
+  return found == commands.end() ? nullptr : &*found;
+}
+
+const std::vector<Command>& Commands() {
+  return ProgramLanguage().commands;
+}
+
+const std::vector<OptionDescription>& SharedOptions() {
+  return ProgramLanguage().options;
 }
 
 }  // namespace Zelk::Tool

@@ -10,18 +10,6 @@
 namespace Zelk::Tool {
 namespace {
 
-/// All names that help could be asked for.
-Names KnownNames(const Host& host) {
-  Names names;
-  for (const char* kind : {"namespace", "command"}) {
-    for (const FoundKind& found : host.FindKinds(kind)) {
-      const Outcome<Names> listed = found.kind->list.call({});
-      if (listed.answer) names.insert(names.end(), listed.answer->begin(), listed.answer->end());
-    }
-  }
-  return names;
-}
-
 std::string Joined(const Names& words) {
   return fmt::format("{}", fmt::join(words, "."));
 }
@@ -30,7 +18,7 @@ std::string Joined(const Names& words) {
 
 /// The help that a command-line client would show.
 ExitStatus RunUsage(const Arguments& arguments, const Streams& streams) {
-  Question question;
+  Question question(streams);
   question.loaded = LoadSources(question.host, arguments, streams);
   const DomainRow* row = nullptr;
   const auto usage = question.host.Usage(arguments.ids, row);
@@ -41,7 +29,7 @@ ExitStatus RunUsage(const Arguments& arguments, const Streams& streams) {
   if (!usage->answer) {
     PrintError(streams.err,
                usage->error->messages.front().Text() +
-                   Suggestion(NearNames(Joined(arguments.ids), KnownNames(question.host))));
+                   Suggestion(NearNames(Joined(arguments.ids), UsageNames(question.host))));
     return question.Status(ExitStatus::kNotFound);
   }
   if (arguments.json) {

@@ -15,9 +15,7 @@ namespace {
 std::vector<Candidate> Askable(const Host& host, const std::string& name) {
   std::vector<Candidate> candidates;
   for (const FoundKind& found : host.FindKinds(name)) {
-    if (found.kind->rule == Rule::kNone) continue;
-    const std::size_t most = found.kind->id_names.size();
-    candidates.push_back({found, {found.kind->get.call ? found.kind->get.ids.min : most, most}});
+    if (const auto ids = IdsOfWhich(*found.kind)) candidates.push_back({found, *ids});
   }
   return candidates;
 }
@@ -103,9 +101,15 @@ void Write(const std::vector<Decided>& all, const Arguments& arguments, const St
 
 }  // namespace
 
+std::optional<IdCount> IdsOfWhich(const Kind& kind) {
+  if (kind.rule == Rule::kNone) return std::nullopt;
+  const std::size_t most = kind.id_names.size();
+  return IdCount{kind.get.call ? kind.get.ids.min : most, most};
+}
+
 /// Which source answers for a name, which are passed over, and by which rule.
 ExitStatus RunWhich(const Arguments& arguments, const Streams& streams) {
-  Question question;
+  Question question(streams);
   const std::size_t id_count = arguments.ids.size();
   const auto askable = Askable(question.host, arguments.kind);
   if (Fitting(askable, id_count).empty()) {

@@ -1,0 +1,250 @@
+#include <sstream>
+#include <string>
+#include <sys/stat.h>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "commands/table.h"
+#include "complete/scripts.h"
+#include "support/builders.h"
+#include "support/file_text.h"
+#include "support/temp_folder.h"
+#include "tool/shell_run.h"
+#include "tool/tool_run.h"
+
+// What the completion scripts ask the program, and that bash completes with the answers.
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsSupersetOf;
+using testing::Not;
+using testing::StartsWith;
+using Zelk::Testing::Component;
+using Zelk::Testing::kDataFolder;
+using Zelk::Testing::MetamodelFile;
+using Zelk::Testing::RunLine;
+using Zelk::Testing::RunShell;
+using Zelk::Testing::RunTool;
+using Zelk::Testing::TempFolder;
+using Zelk::Testing::ToolRun;
+using Zelk::Tool::Command;
+using Zelk::Tool::Commands;
+using Zelk::Tool::SharedOptions;
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const std::string kInventory = "--source " + kDataFolder + "/inventory.json ";
+
+/// What the program answers for the words of a line, the last one being typed; a line that ends
+/// in a blank has nothing of it yet.
+Lines Asked(const std::string& line) {
+  Lines args = Zelk::Testing::Words("complete -- " + line);
+  if (line.empty() || line.back() == ' ') args.emplace_back();
+  const ToolRun run = RunTool(args);
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  Lines lines;
+  std::istringstream out(run.out);
+  for (std::string answer; std::getline(out, answer);) lines.push_back(answer);
+  return lines;
+}
+
+/// The choices without their meanings.
+Lines Choices(const std::string& line) {
+  Lines lines = Asked(line);
+  EXPECT_EQ(lines.at(0), "words") << line;
+  lines.erase(lines.begin());
+  for (std::string& choice : lines) choice.erase(choice.find('\t'));
+  return lines;
+}
+
+/// What a bash does at which somebody types these keys. The line that comes out of it is printed
+/// word by word; what is shown while it is typed is on standard error.
+ToolRun TypeInBash(const std::string& keys) {
+  const TempFolder folder;
+  folder.Write("rc",
+               "PS1=\n"
+               "PATH=${tool%/*}:$PATH\n"
+               "source <(command zelk-metadata completion bash)\n"
+               "zelk-metadata() {\n"
+               "  if [ \"$1\" = complete ]; then command zelk-metadata \"$@\"; return; fi\n"
+               "  printf '<%s>' \"$@\"; echo\n"
+               "}\n");
+  folder.Write("keys", keys);
+  const std::string folders = "cd " + folder.Path("") + "; export tool HOME=" + folder.Path("");
+  return RunShell(folders + "; TERM=dumb bash --noprofile --rcfile rc -i <keys");
+}
+
+}  // namespace
+
+TEST(Complete, OffersEveryCommandWithItsSummary) {
+  Lines expected{"words"};
+  for (const Command& command : Commands()) {
+    expected.push_back(command.description.name + "\t" + command.description.summary);
+  }
+  EXPECT_EQ(Asked(""), expected);
+  EXPECT_THAT(Choices("--json fi"), ElementsAre("fingerprint"));
+}
+
+TEST(Complete, OffersEveryOptionThatMayStandThere) {
+  for (const Command& command : Commands()) {
+    Lines expected;
+    for (const auto& option : command.description.options) expected.push_back("--" + option.name);
+    for (const auto& option : SharedOptions()) expected.push_back("--" + option.name);
+    expected.emplace_back("--help");
+    EXPECT_EQ(Choices(command.description.name + " -"), expected);
+    EXPECT_EQ(Choices(command.description.name + " --"), expected);
+  }
+  EXPECT_THAT(Choices("--v"), ElementsAre("--version"));
+  EXPECT_THAT(Choices("list -- --"), ElementsAre()) << "behind -- nothing is an option";
+}
+
+TEST(Complete, OffersTheValuesOfAnOptionApartOrInOneWord) {
+  for (const Command& command : Commands()) {
+    EXPECT_EQ(Choices(command.description.name + " --output "), command.description.outputs);
+  }
+  EXPECT_THAT(Choices("check --output=g"), ElementsAre("--output=github"));
+  EXPECT_THAT(Choices("--output "), IsSupersetOf({"table", "plain", "json", "text", "github"}));
+  EXPECT_THAT(Choices("tree --depth "), ElementsAre());
+}
+
+TEST(Complete, OffersTheKindsThatTheCommandTakesWithTheirIds) {
+  EXPECT_THAT(Choices("list h"), ElementsAre("hidden"));
+  EXPECT_THAT(Choices("get h"), ElementsAre());
+  EXPECT_THAT(Choices("fingerprint "), ElementsAre("component", "source", "namespace", "command"));
+  EXPECT_THAT(Asked("get op"), ElementsAre("words", "operation\twith SERVICE OPERATION"));
+  EXPECT_THAT(Choices("which authentication:s"), ElementsAre("authentication:service"));
+}
+
+TEST(Complete, OffersTheNamesThatTheSourcesBeforeItHold) {
+  EXPECT_THAT(Choices(kInventory + "get component "), ElementsAre("com.acme"));
+  EXPECT_THAT(Choices("get components " + kInventory), ElementsAre("com.acme"));
+  EXPECT_THAT(Choices("get component com.acme " + kInventory), ElementsAre("com.acme"))
+      << "several may be asked for";
+  EXPECT_THAT(Choices("fingerprint component com.acme " + kInventory), ElementsAre());
+  EXPECT_THAT(Choices("list operation " + kInventory + "com.acme.inventory.m"),
+              ElementsAre("com.acme.inventory.machines"));
+  EXPECT_THAT(Choices("get component "), ElementsAre()) << "nothing is loaded";
+  EXPECT_THAT(Choices("get gadget " + kInventory), ElementsAre());
+}
+
+TEST(Complete, OffersOnlyTheOperationsOfTheServiceBeforeIt) {
+  const std::string machines = "com.acme.inventory.machines ";
+  const Lines operations = Choices("get operation " + kInventory + machines);
+  EXPECT_THAT(operations, IsSupersetOf({"get", "list", "remove"}));
+  EXPECT_EQ(Choices("get operation " + kInventory + machines + "get " + machines), operations)
+      << "a second pair";
+  EXPECT_THAT(Choices("get operation " + kInventory + "com.acme.nothing "), ElementsAre());
+}
+
+TEST(Complete, OffersTheNamesOfAClientPartByPart) {
+  const std::string usage = "usage --source " ZELK_SOURCE_DIR "/metadata/cli ";
+  EXPECT_THAT(Choices(usage), ElementsAre("metadata"));
+  EXPECT_THAT(Choices(usage + "metadata "), ElementsAre("authentication", "cli", "metamodel"));
+  EXPECT_THAT(Choices(usage + "metadata.cli.co"),
+              IsSupersetOf({"metadata.cli.command", "metadata.cli.command.list"}));
+}
+
+TEST(Complete, OffersTheIdsOfMessagesWithTheirTexts) {
+  EXPECT_THAT(
+      Asked("explain zelk.metadata.json.missing"),
+      ElementsAre("words", "zelk.metadata.json.missing.field\tJson parse missing field: %1%"));
+}
+
+TEST(Complete, OffersTheShellsThatThereIsAScriptFor) {
+  EXPECT_EQ(Choices("completion "), Zelk::Tool::CompletedShells());
+}
+
+TEST(Complete, LeavesPathsToTheShell) {
+  EXPECT_THAT(Asked("check some"), ElementsAre("path"));
+  EXPECT_THAT(Asked("list --source "), ElementsAre("source"));
+  EXPECT_THAT(Asked("list --source=a=b"), ElementsAre("source"));
+}
+
+TEST(Complete, OffersNothingWhereNothingIsKnown) {
+  for (const char* line : {"search a", "search a b", "tree a", "nope ", "nope --nope a", "--nope=a",
+                           "completion bash b", "get component -- --"}) {
+    EXPECT_THAT(Choices(line), ElementsAre()) << line;
+  }
+  EXPECT_EQ(RunTool({"complete", "--"}).status, 0);
+}
+
+TEST(Complete, IsSilentAboutSourcesThatFail) {
+  const std::string broken = "--source " + kDataFolder + "/syntax_error.json ";
+  EXPECT_THAT(Choices("get component --source missing.json " + broken + kInventory),
+              ElementsAre("com.acme"));
+}
+
+TEST(Complete, ReadsNoInputNoPipeAndNoFileThatTakesLong) {
+  const TempFolder folder;
+  ASSERT_EQ(mkfifo(folder.Path("pipe.json").c_str(), 0600), 0);
+  const std::string inventory = Zelk::Testing::FileText(kDataFolder + "/inventory.json");
+  folder.Write("large.json", inventory + std::string(9U << 20U, ' '));
+  const ToolRun run =
+      RunTool({"complete", "--", "--source", "-", "--source", folder.Path("pipe.json"), "--source",
+               folder.Path("large.json"), "--source", folder.Path(""), "list", "source", ""},
+              inventory);
+  EXPECT_EQ(run.out, "words\n");
+}
+
+TEST(Complete, OffersNoWordThatATerminalCannotShow) {
+  const TempFolder folder;
+  const std::string path = folder.Write("strange.json", MetamodelFile(Component("a\\nb")));
+  EXPECT_THAT(RunLine("list component --source " + path).out, HasSubstr("x0a"));
+  EXPECT_THAT(Choices("get component --source " + path + " "), ElementsAre());
+}
+
+TEST(Completion, IsPrintedForEveryShellThatThereIsAScriptFor) {
+  for (const std::string& shell : Zelk::Tool::CompletedShells()) {
+    const ToolRun run = RunLine("completion " + shell);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.out, HasSubstr("Completion of zelk-metadata for " + shell));
+    EXPECT_THAT(run.out, HasSubstr(" complete -- ")) << "it asks the program";
+  }
+  EXPECT_THAT(RunLine("completion zsh").out, StartsWith("#compdef zelk-metadata\n"))
+      << "which the shell looks for in the files of its folders";
+  EXPECT_EQ(RunLine("completion fsh").status, 2);
+  EXPECT_EQ(RunLine("completion fsh").err,
+            "zelk-metadata: there is no completion for 'fsh'; the shells are bash, fish, zsh; did "
+            "you mean fish or zsh?\n");
+}
+
+TEST(CompletionInBash, CompletesCommandsOptionsKindsAndNames) {
+  const std::string keys =
+      "zelk-metadata li\t--outp\tpl\t" + kInventory + "oper\tcom.acme.inventory.m\t\n";
+  EXPECT_THAT(TypeInBash(keys).out, HasSubstr("<list><--output><plain><--source><" + kDataFolder +
+                                              "/inventory.json><operation>"
+                                              "<com.acme.inventory.machines>\n"));
+}
+
+TEST(CompletionInBash, CompletesBehindTheCharactersThatBashSplitsWordsAt) {
+  EXPECT_THAT(TypeInBash("zelk-metadata list metamodel:oper\t\n").out,
+              HasSubstr("<list><metamodel:operation>\n"));
+  EXPECT_THAT(TypeInBash("zelk-metadata check --output=gi\t\n").out,
+              HasSubstr("<check><--output=github>\n"));
+}
+
+TEST(CompletionInBash, CompletesPathsAsTheShellDoes) {
+  EXPECT_THAT(TypeInBash("touch a_file\nzelk-metadata check a_\t--source id=a_\t\n").out,
+              HasSubstr("<check><a_file><--source><id=a_file>\n"));
+}
+
+TEST(CompletionInBash, ShowsWhatTheChoicesMean) {
+  const std::string shown = TypeInBash("zelk-metadata \t\t\n").err;
+  for (const Command& command : Commands()) {
+    EXPECT_THAT(shown, HasSubstr("(" + command.description.summary + ")"));
+  }
+}
+
+TEST(CompletionInBash, EvaluatesNoNameOfAFile) {
+  const TempFolder folder;
+  const std::string path =
+      folder.Write("hostile.json", MetamodelFile(Component("$(touch${IFS}gone)`touch gone`;x")));
+  const std::string shown =
+      TypeInBash("zelk-metadata --source " + path + " get component \t\nls\n").out;
+  EXPECT_THAT(shown, HasSubstr("<$(touch${IFS}gone)`touch gone`;x>\n"));
+  EXPECT_THAT(shown, Not(HasSubstr("\ngone\n")));
+}

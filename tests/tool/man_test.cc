@@ -1,0 +1,61 @@
+#include <sstream>
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include "commands/about.h"
+#include "commands/table.h"
+#include "tool/tool_run.h"
+
+using testing::HasSubstr;
+using testing::StartsWith;
+using Zelk::Testing::RunLine;
+using Zelk::Testing::ToolRun;
+using Zelk::Tool::Command;
+using Zelk::Tool::Commands;
+using Zelk::Tool::SharedOptions;
+
+namespace {
+
+/// With the hyphens as roff wants them.
+std::string Roff(const std::string& text) {
+  std::string roff;
+  for (const char character : text) roff += character == '-' ? "\\-" : std::string(1, character);
+  return roff;
+}
+
+}  // namespace
+
+TEST(Manual, NamesEveryCommandWithItsOperandsOptionsAndExample) {
+  const ToolRun run = RunLine("man");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out, StartsWith(".TH ZELK\\-METADATA 1 "));
+  for (const Command& command : Commands()) {
+    const auto& description = command.description;
+    EXPECT_THAT(run.out, HasSubstr("\n.SS " + description.name + "\n"));
+    EXPECT_THAT(run.out, HasSubstr("\n" + Roff(description.summary) + ".\n"));
+    EXPECT_THAT(run.out, HasSubstr("\\fB" + Roff("zelk-metadata " + description.example) + "\\fR"));
+    for (const auto& operand : description.operands) {
+      EXPECT_THAT(run.out, HasSubstr("\n" + Roff(operand.summary) + "\n")) << operand.name;
+    }
+    for (const auto& option : description.options) {
+      EXPECT_THAT(run.out, HasSubstr("\\fB" + Roff("--" + option.name) + "\\fR")) << option.name;
+    }
+  }
+  for (const auto& option : SharedOptions()) EXPECT_THAT(run.out, HasSubstr(Roff(option.summary)));
+}
+
+TEST(Manual, NamesEveryExitStatus) {
+  const std::string page = RunLine("man").out;
+  for (const auto& [status, text] : Zelk::Tool::ExitStatusTexts()) {
+    EXPECT_THAT(page, HasSubstr("\n\\fB" + std::to_string(status) + "\\fR\n" + text + "\n"));
+  }
+}
+
+TEST(Manual, NoLineOfATextIsARequestByChance) {
+  std::istringstream page(RunLine("man").out);
+  for (std::string line; std::getline(page, line);) {
+    if (line.empty() || (line[0] != '.' && line[0] != '\'')) continue;
+    EXPECT_THAT(line, testing::MatchesRegex("\\.(TH|SH|SS|TP|PP|RS|RE|nf|fi|B)( .*)?"));
+  }
+}

@@ -1,0 +1,45 @@
+#include <gmock/gmock.h>
+
+#include "shell/line.h"
+
+using testing::ElementsAre;
+using Zelk::Tool::Quoted;
+using Zelk::Tool::Split;
+
+TEST(ShellLine, BlanksSeparateWords) {
+  EXPECT_THAT(Split("").words, ElementsAre());
+  EXPECT_THAT(Split(" \t ").words, ElementsAre());
+  EXPECT_THAT(Split("  list\tsources \r").words, ElementsAre("list", "sources"));
+}
+
+TEST(ShellLine, QuotesAndBackslashesKeepBlanksInAWord) {
+  EXPECT_THAT(Split(R"('a b' "c d" e\ f g'h'"i")").words, ElementsAre("a b", "c d", "e f", "ghi"));
+  EXPECT_THAT(Split(R"('\' "\"" '' "")").words, ElementsAre("\\", "\"", "", ""));
+  EXPECT_THAT(Split("end\\").words, ElementsAre("end\\"));
+}
+
+TEST(ShellLine, AQuoteThatIsNotClosedIsTold) {
+  EXPECT_TRUE(Split("a 'b").is_open);
+  EXPECT_TRUE(Split("\"").is_open);
+  EXPECT_FALSE(Split("a 'b' c").is_open);
+}
+
+TEST(ShellLine, WhatBeginsWithANumberSignIsNoWord) {
+  EXPECT_THAT(Split("# a comment").words, ElementsAre());
+  EXPECT_THAT(Split("list # a comment").words, ElementsAre("list"));
+  EXPECT_THAT(Split("a#b").words, ElementsAre("a#b"));
+}
+
+TEST(ShellLine, WhereTheLastWordBeginsIsTold) {
+  EXPECT_EQ(Split("list so").last_word, 5U);
+  EXPECT_EQ(Split("list 'a b").last_word, 5U);
+  EXPECT_EQ(Split("list ").last_word, 5U);
+  EXPECT_EQ(Split("").last_word, 0U);
+}
+
+TEST(ShellLine, AQuotedTextIsReadAsItWas) {
+  for (const char* text : {"plain", "", "a b", "it's", "\"", "\\", "#1", "\t", "x\\ y"}) {
+    EXPECT_THAT(Split(Quoted(text)).words, ElementsAre(text)) << text;
+    EXPECT_FALSE(Split(Quoted(text)).is_open) << text;
+  }
+}

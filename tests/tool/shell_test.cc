@@ -1,0 +1,293 @@
+#include <sstream>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <rapidjson/document.h>
+
+#include "shell/session.h"
+#include "support/builders.h"
+#include "support/temp_folder.h"
+#include "tool/tool_run.h"
+
+// Sessions without a terminal: lines in, answers out.
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsSupersetOf;
+using testing::Not;
+using testing::StartsWith;
+using Zelk::Testing::Component;
+using Zelk::Testing::kDataFolder;
+using Zelk::Testing::MetamodelFile;
+using Zelk::Testing::Package;
+using Zelk::Testing::RunTool;
+using Zelk::Testing::TempFolder;
+using Zelk::Testing::ToolRun;
+using Zelk::Tool::Choice;
+using Zelk::Tool::ExitStatus;
+using Zelk::Tool::LineCompletion;
+using Zelk::Tool::Session;
+
+namespace {
+
+const std::string kInventory = kDataFolder + "/inventory.json";
+const std::string kNetwork = kDataFolder + "/network.json";
+
+ToolRun RunScript(const std::string& lines) {
+  return RunTool({"shell"}, lines);
+}
+
+/// A session whose answers are looked at line by line.
+class Talk {
+ public:
+  /// What the line printed; the status is that of the line.
+  ToolRun Say(const std::string& line) {
+    out_.str("");
+    err_.str("");
+    const ExitStatus status = session_.Run(line);
+    return {static_cast<int>(status), out_.str(), err_.str()};
+  }
+
+  LineCompletion Complete(const std::string& line) const { return session_.Complete(line); }
+
+  bool IsOver() const { return session_.HasEnded(); }
+
+ private:
+  std::istringstream in_;
+  std::ostringstream out_;
+  std::ostringstream err_;
+  Session session_{{in_, out_, err_}};
+};
+
+std::vector<std::string> WordsOf(const LineCompletion& completion) {
+  std::vector<std::string> words;
+  for (const Choice& choice : completion.choices) words.push_back(choice.word);
+  return words;
+}
+
+}  // namespace
+
+TEST(Shell, AsksWhatIsLoadedByItsOwnLinesAndByTheCommandLine) {
+  const ToolRun run = RunTool({"shell", "--source", kNetwork},
+                              "list components\ncreate own=" + kInventory + "\nlist sources\n");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "com.acme.network\nnetwork\nown\n");
+  EXPECT_EQ(run.err, "");
+}
+
+TEST(Shell, AnswersAsTheProgramDoes) {
+  for (const std::string line :
+       {"list operations com.acme.inventory.machines",
+        "get operation com.acme.inventory.machines get", "fingerprint", "tree", "search machine",
+        "which component com.acme", "get component com.acme --json", "tree --output json",
+        "explain zelk.metadata.json.missing.field"}) {
+    const ToolRun alone = Zelk::Testing::RunOnInventory(line);
+    const ToolRun run = RunScript("create " + kInventory + "\n" + line + "\n");
+    EXPECT_EQ(run.out, alone.out) << line;
+    EXPECT_EQ(run.err, alone.err) << line;
+    EXPECT_EQ(run.status, alone.status) << line;
+  }
+}
+
+TEST(Shell, AScriptGoesOnAfterAFailureAndEndsWithTheStatusOfTheFirst) {
+  const ToolRun run = RunScript(
+      "# what fails, and what does not\n"
+      "list gadgets\n"
+      "\n"
+      "nope\n"
+      "explain zelk.metadata.json.missing.field\n");
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(run.out, StartsWith("zelk.metadata.json.missing.field\n"));
+  EXPECT_THAT(run.err, HasSubstr("unknown kind 'gadgets'"));
+  EXPECT_THAT(run.err, HasSubstr("unknown command 'nope'"));
+  EXPECT_EQ(RunScript("nope\nlist gadgets\n").status, 2);
+  EXPECT_EQ(RunTool({"shell", "--source", "missing.json"}, "list gadgets\n").status, 1);
+}
+
+TEST(Shell, QuitEndsItBeforeTheLinesDo) {
+  const ToolRun run = RunScript("quit\nlist gadgets\n");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  Talk talk;
+  EXPECT_FALSE(talk.IsOver());
+  talk.Say("quit too many words");
+  EXPECT_FALSE(talk.IsOver()) << "that is no quit";
+  talk.Say("quit");
+  EXPECT_TRUE(talk.IsOver());
+}
+
+TEST(Shell, HelpNamesEveryCommandAndTellsAllAboutOne) {
+  Talk talk;
+  const std::string all = talk.Say("help").out;
+  for (const auto& command : Zelk::Tool::SessionLanguage().commands) {
+    EXPECT_THAT(all, HasSubstr(command.description.name + " "));
+    EXPECT_THAT(all, HasSubstr(command.description.summary + "\n"));
+    const ToolRun one = talk.Say("help " + command.description.name);
+    EXPECT_THAT(one.out, HasSubstr("Usage: " + command.description.name)) << one.out;
+    EXPECT_THAT(one.out, Not(HasSubstr("--source"))) << one.out;
+  }
+  const ToolRun unknown = talk.Say("help relaod");
+  EXPECT_EQ(unknown.status, 3);
+  EXPECT_EQ(unknown.err, "zelk-metadata: unknown command 'relaod'; did you mean reload?\n");
+}
+
+TEST(Shell, ALineThatMakesNoSenseIsWrongUsage) {
+  Talk talk;
+  EXPECT_EQ(talk.Say("get component 'com.acme").err, "zelk-metadata: a quote is not closed\n");
+  EXPECT_EQ(talk.Say("get component 'com.acme").status, 2);
+  EXPECT_EQ(talk.Say("create -").status, 2);
+  EXPECT_EQ(talk.Say("create").status, 2);
+  EXPECT_EQ(talk.Say("list components --source " + kInventory).status, 2);
+  EXPECT_EQ(talk.Say("shell").status, 2);
+}
+
+TEST(Shell, CreateTellsWhatFailsAndLoadsTheRest) {
+  Talk talk;
+  const ToolRun run = talk.Say("create missing.json " + kInventory);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("file not found: missing.json"));
+  EXPECT_EQ(talk.Say("list sources").out, "inventory\n");
+  const ToolRun again = talk.Say("create " + kInventory);
+  EXPECT_EQ(again.status, 1);
+  EXPECT_THAT(again.err, HasSubstr("already exists")) << "an id is taken until it is deleted";
+}
+
+TEST(Shell, DeleteForgetsInAllDomainsOrInTheOneThatIsNamed) {
+  const std::string metadata = "create " ZELK_SOURCE_DIR "/metadata";
+  Talk talk;
+  EXPECT_EQ(talk.Say(metadata).status, 0);
+  EXPECT_EQ(talk.Say("delete authentication:zelk-metadata").status, 0);
+  EXPECT_EQ(talk.Say("list authentication:sources").out, "");
+  EXPECT_EQ(talk.Say("list metamodel:sources").out, "zelk-metadata\n");
+  EXPECT_EQ(talk.Say("delete zelk-metadata").status, 0);
+  EXPECT_EQ(talk.Say("list sources").out, "");
+  EXPECT_EQ(talk.Say("tree").out, "");
+  EXPECT_EQ(talk.Say("list components").out, "");
+}
+
+TEST(Shell, DeleteOfAnUnknownSourceNamesThoseThatAreNear) {
+  Talk talk;
+  talk.Say("create " + kInventory);
+  const ToolRun run = talk.Say("delete inventroy");
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.err, "zelk-metadata: no source is called 'inventroy'; did you mean inventory?\n");
+  EXPECT_EQ(talk.Say("reload inventroy").status, 3);
+  EXPECT_EQ(talk.Say("delete ''").status, 3);
+  EXPECT_EQ(talk.Say("list sources").out, "inventory\n");
+}
+
+TEST(Shell, ReloadTellsWhichSourcesChanged) {
+  const TempFolder folder;
+  const std::string same = folder.Write("a.json", MetamodelFile(Component("com.a")));
+  const std::string other = folder.Write("b.json", MetamodelFile(Component("com.b")));
+  Talk talk;
+  talk.Say("create " + folder.Path(""));
+  folder.Write("b.json", MetamodelFile(Component("com.changed")));
+  EXPECT_EQ(talk.Say("list components").out, "com.a\ncom.b\n") << "not yet";
+  const ToolRun run = talk.Say("reload");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "same\tmetamodel:a\t" + same + "\t\nchanged\tmetamodel:b\t" + other + "\t\n");
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(talk.Say("list components").out, "com.a\ncom.changed\n");
+}
+
+TEST(Shell, ReloadTellsWhichSourcesKeepTheirOldDataAndWhy) {
+  const TempFolder folder;
+  folder.Write("a.json", MetamodelFile(Component("com.a")));
+  folder.Write("b.json", MetamodelFile(Component("com.b")));
+  folder.Write("c.json", MetamodelFile(Component("com.c")));
+  Talk talk;
+  talk.Say("create " + folder.Path(""));
+  folder.Write("a.json", MetamodelFile(Component("com.a.new")));
+  const std::string broken = folder.Write("b.json", "{\"metamodel\": {}}");
+  folder.Write("c.json", MetamodelFile(Component("com.c.new")));
+  const ToolRun run = talk.Say("reload");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.out, HasSubstr("changed\tmetamodel:a\t"));
+  EXPECT_THAT(run.out, HasSubstr("kept\tmetamodel:b\t" + broken +
+                                 "\told data, since the file fails to load\n"));
+  EXPECT_THAT(run.out,
+              HasSubstr("old data, since b, which comes before it, fails; reload it by its "
+                        "id\n"));
+  EXPECT_EQ(run.err, "zelk-metadata: " + broken +
+                         ": Json parse missing field: component "
+                         "[zelk.metadata.json.missing.field]\n");
+  EXPECT_EQ(talk.Say("list components").out, "com.a.new\ncom.b\ncom.c\n");
+  EXPECT_THAT(talk.Say("reload c").out, StartsWith("changed\tmetamodel:c\t"));
+  EXPECT_EQ(talk.Say("list components").out, "com.a.new\ncom.b\ncom.c.new\n");
+}
+
+TEST(Shell, ReloadInJsonHasWhatTheLinesAndTheComplaintsHave) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.json", MetamodelFile(Component("com.a")));
+  Talk talk;
+  talk.Say("create " + path);
+  folder.Write("a.json", "{");
+  rapidjson::Document document;
+  document.Parse(talk.Say("reload metamodel:a --json").out.c_str());
+  ASSERT_TRUE(document.IsArray());
+  ASSERT_EQ(document.Size(), 1U);
+  EXPECT_STREQ(document[0]["state"].GetString(), "kept");
+  EXPECT_STREQ(document[0]["source"].GetString(), "a");
+  EXPECT_STREQ(document[0]["file"].GetString(), path.c_str());
+  EXPECT_EQ(document[0]["problems"].Size(), 1U);
+}
+
+TEST(Shell, EverythingIsAnsweredFromWhatIsLoadedNotFromTheFiles) {
+  const TempFolder folder;
+  const std::string path =
+      folder.Write("a.json", MetamodelFile(Component("com.a", {Package("com.a.old", {})})));
+  Talk talk;
+  talk.Say("create " + path);
+  folder.Write("a.json", MetamodelFile(Component("com.a", {Package("com.a.new", {})})));
+  EXPECT_THAT(talk.Say("tree").out, HasSubstr("com.a.old"));
+  EXPECT_EQ(talk.Say("search new").status, 3);
+  EXPECT_EQ(talk.Say("which package com.a.old").status, 0);
+  talk.Say("reload a");
+  EXPECT_THAT(talk.Say("tree").out, AllOf(HasSubstr("com.a.new"), Not(HasSubstr("com.a.old"))));
+  folder.Write("a.json", "gone wrong");
+  talk.Say("reload");
+  EXPECT_THAT(talk.Say("tree").out, HasSubstr("com.a.new"));
+}
+
+TEST(ShellCompletion, CompletesCommandsKindsAndNamesOfWhatIsLoaded) {
+  Talk talk;
+  talk.Say("create " + kInventory);
+  EXPECT_EQ(talk.Complete("rel").text, "reload ");
+  EXPECT_EQ(talk.Complete("  rel").replaced, 3U);
+  EXPECT_EQ(talk.Complete("get oper").text, "operation ");
+  EXPECT_EQ(talk.Complete("get operation com.acme.inventory.m").text,
+            "com.acme.inventory.machines ");
+  EXPECT_EQ(talk.Complete("delete inv").text, "inventory ");
+  EXPECT_EQ(talk.Complete("delete metamodel:inv").text, "metamodel:inventory ");
+  EXPECT_EQ(talk.Complete("help f").text, "fingerprint ");
+  EXPECT_EQ(talk.Complete("tree --js").text, "--json ");
+}
+
+TEST(ShellCompletion, GoesAsFarAsAllChoicesGoAndNamesThem) {
+  Talk talk;
+  const LineCompletion choices = talk.Complete("");
+  EXPECT_EQ(choices.text, "");
+  EXPECT_THAT(WordsOf(choices), IsSupersetOf({"create", "delete", "reload", "list", "quit"}));
+  EXPECT_EQ(talk.Complete("explain zelk.metadata.js").text, "zelk.metadata.json.");
+  EXPECT_THAT(talk.Complete("nope ").choices, ElementsAre());
+}
+
+TEST(ShellCompletion, CompletesPathsWithWhatTheyNeedToStayOneWord) {
+  const TempFolder folder;
+  folder.Write("one file.json", "");
+  folder.Write("two.json", "");
+  Talk talk;
+  EXPECT_EQ(talk.Complete("check " + folder.Path("on")).text, folder.Path("one\\ file.json") + " ");
+  EXPECT_EQ(talk.Complete("check " + folder.Path("one\\ f")).text,
+            folder.Path("one\\ file.json") + " ");
+  EXPECT_EQ(talk.Complete("create id=" + folder.Path("tw")).text,
+            "id=" + folder.Path("two.json") + " ");
+  const std::string path = folder.Path("");
+  const std::string without_end = path.substr(0, path.size() - 1);
+  EXPECT_EQ(talk.Complete("check " + without_end).text, path) << "a folder goes on";
+  EXPECT_THAT(WordsOf(talk.Complete("check " + path)),
+              ElementsAre(folder.Path("one file.json"), folder.Path("two.json")));
+  EXPECT_EQ(talk.Complete("check " + folder.Path("none/x")).text, "");
+}

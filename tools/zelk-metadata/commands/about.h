@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+// What --help and the manual page say about the program as a whole.
+
+namespace Zelk::Tool {
+
+/// One line.
+extern const char kDescription[];
+
+/// How sources are given, and how answers look; lines of at most 100 characters.
+extern const char kAboutSources[];
+extern const char kAboutOutput[];
+
+/// Each exit status with what it tells.
+const std::vector<std::pair<int, std::string>>& ExitStatusTexts();
+
+/// The end of --help.
+std::string HelpFooter();
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,115 @@
+#include <ostream>
+#include <variant>
+
+#include "commands/about.h"
+#include "commands/table.h"
+
+namespace Zelk::Tool {
+namespace {
+
+/// A text as roff prints it: hyphens that can be copied, and nothing at the beginning of a line
+/// that would be a request.
+std::string Escaped(const std::string& text) {
+  std::string escaped;
+  bool at_line_begin = true;
+  for (const char character : text) {
+    if (at_line_begin && (character == '.' || character == '\'')) escaped += "\\&";
+    at_line_begin = character == '\n';
+    if (character == '\\') {
+      escaped += "\\e";
+    } else if (character == '-') {
+      escaped += "\\-";
+    } else {
+      escaped += character;
+    }
+  }
+  return escaped;
+}
+
+std::string BoldText(const std::string& text) {
+  return "\\fB" + Escaped(text) + "\\fR";
+}
+
+std::string ItalicText(const std::string& text) {
+  return "\\fI" + Escaped(text) + "\\fR";
+}
+
+bool TakesAll(const OperandDescription& operand) {
+  return std::holds_alternative<std::vector<std::string> Arguments::*>(operand.target);
+}
+
+/// "KIND [ID...]".
+std::string OperandsText(const CommandDescription& command) {
+  std::string text;
+  for (const OperandDescription& operand : command.operands) {
+    const std::string name = ItalicText(operand.name) + (TakesAll(operand) ? "..." : "");
+    text += operand.required ? " " + name : " [" + name + "]";
+  }
+  return text;
+}
+
+void WriteTagged(std::ostream& out, const std::string& tag, const std::string& text) {
+  out << ".TP\n" << tag << '\n' << Escaped(text) << '\n';
+}
+
+void WriteOption(std::ostream& out, const OptionDescription& option) {
+  const std::string value = option.value_name.empty() ? "" : " " + ItalicText(option.value_name);
+  WriteTagged(out, BoldText("--" + option.name) + value, option.summary);
+}
+
+/// As its author broke it into lines.
+void WriteAsItIs(std::ostream& out, const std::string& text) {
+  const std::string without_end = text.substr(0, text.find_last_not_of('\n') + 1);
+  out << ".PP\n.nf\n" << Escaped(without_end) << "\n.fi\n";
+}
+
+void WriteFilled(std::ostream& out, const std::string& text) {
+  out << ".PP\n" << Escaped(text);
+}
+
+void WriteCommand(std::ostream& out, const CommandDescription& command) {
+  out << ".SS " << command.name << '\n';
+  out << BoldText("zelk-metadata " + command.name) << OperandsText(command) << '\n';
+  WriteFilled(out, command.summary + ".\n");
+  if (!command.details.empty()) WriteAsItIs(out, command.details);
+  for (const auto& operand : command.operands) {
+    WriteTagged(out, ItalicText(operand.name), operand.summary);
+  }
+  for (const auto& option : command.options) WriteOption(out, option);
+  out << ".PP\nExample:\n.RS\n.nf\n"
+      << BoldText("zelk-metadata " + command.example) << "\n.fi\n.RE\n";
+}
+
+void WritePage(std::ostream& out) {
+  const Language& language = ProgramLanguage();
+  out << ".TH ZELK\\-METADATA 1 \"\" \"zelk-metadata " ZELK_METADATA_VERSION "\"\n"
+      << ".SH NAME\nzelk\\-metadata \\- check and browse files of metadata\n"
+      << ".SH SYNOPSIS\n.B zelk\\-metadata\n\\fICOMMAND\\fR [\\fIOPTION\\fR...] "
+         "[\\fIWORD\\fR...]\n";
+  out << ".SH DESCRIPTION\n" << Escaped(kDescription) << '\n';
+  WriteFilled(out, kAboutSources);
+  WriteFilled(out, kAboutOutput);
+  out << ".SH OPTIONS\nMay stand before and behind the command.\n";
+  for (const auto& option : language.options) WriteOption(out, option);
+  WriteTagged(out, BoldText("--help"), "Print what can be given; behind a command, to that one");
+  WriteTagged(out, BoldText("--version"), "Print the version");
+  out << ".SH COMMANDS\n";
+  for (const Command& command : language.commands) WriteCommand(out, command.description);
+  out << ".SH EXIT STATUS\n";
+  for (const auto& [status, text] : ExitStatusTexts()) {
+    WriteTagged(out, BoldText(std::to_string(status)), text);
+  }
+  out << ".SH ENVIRONMENT\n";
+  WriteTagged(out, BoldText("NO_COLOR"), "If not empty, nothing is coloured");
+  WriteTagged(out, BoldText("COLUMNS"), "The width to wrap text to, in place of the terminal's");
+}
+
+}  // namespace
+
+/// The manual page, made from what the program knows of itself.
+ExitStatus RunManual(const Arguments& /*arguments*/, const Streams& streams) {
+  WritePage(streams.out);
+  return ExitStatus::kOk;
+}
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,324 @@
+#include "complete/completion.h"
+
+#include <algorithm>
+#include <set>
+#include <variant>
+
+#include "commands/query.h"
+#include "explain/explanations.h"
+
+namespace Zelk::Tool {
+namespace {
+
+using Choices = std::vector<Choice>;
+
+bool StartsWith(const std::string& text, const std::string& prefix) {
+  return text.compare(0, prefix.size(), prefix) == 0;
+}
+
+bool IsOption(const std::string& word) {
+  return word.size() > 1 && word.front() == '-';
+}
+
+/// What the words before the last one say.
+struct Line {
+  const Command* command = nullptr;
+  std::vector<std::string> operands;
+  std::vector<std::string> sources;
+
+  /// The option whose value comes next.
+  const OptionDescription* awaiting = nullptr;
+
+  /// Behind a command that there is not, where nobody knows what may come.
+  bool is_lost = false;
+
+  /// Behind "--", where nothing is an option.
+  bool only_operands = false;
+};
+
+/// An option's name and the value that is in the same word.
+struct OptionWord {
+  std::string name;
+  bool has_value;
+  std::string value;
+};
+
+OptionWord ReadOption(const std::string& word) {
+  const std::size_t equals = word.find('=');
+  const bool has_value = equals != std::string::npos;
+  return {word.substr(2, has_value ? equals - 2 : std::string::npos), has_value,
+          has_value ? word.substr(equals + 1) : ""};
+}
+
+/// Null for an option that there is not.
+const OptionDescription* FindOption(const Language& language, const Line& line,
+                                    const std::string& name) {
+  const auto is_called = [&name](const OptionDescription& option) { return option.name == name; };
+  const auto& shared = language.options;
+  const auto found = std::find_if(shared.begin(), shared.end(), is_called);
+  if (found != shared.end()) return &*found;
+  if (line.command == nullptr) return nullptr;
+  const auto& own = line.command->description.options;
+  const auto found_own = std::find_if(own.begin(), own.end(), is_called);
+  return found_own == own.end() ? nullptr : &*found_own;
+}
+
+void TakeValue(Line& line, const OptionDescription& option, const std::string& value) {
+  if (option.word == Word::kSource) line.sources.push_back(value);
+}
+
+void TakeOption(Line& line, const Language& language, const std::string& word) {
+  if (!StartsWith(word, "--")) return;
+  const OptionWord read = ReadOption(word);
+  const OptionDescription* const option = FindOption(language, line, read.name);
+  if (option == nullptr || option->word == Word::kNone) return;
+  if (read.has_value) {
+    TakeValue(line, *option, read.value);
+  } else {
+    line.awaiting = option;
+  }
+}
+
+void Take(Line& line, const Language& language, const std::string& word) {
+  if (line.awaiting != nullptr) {
+    TakeValue(line, *line.awaiting, word);
+    line.awaiting = nullptr;
+  } else if (!line.only_operands && word == "--") {
+    line.only_operands = true;
+  } else if (!line.only_operands && IsOption(word)) {
+    TakeOption(line, language, word);
+  } else if (line.command == nullptr) {
+    line.command = FindCommand(language, word);
+    line.is_lost = line.is_lost || line.command == nullptr;
+  } else {
+    line.operands.push_back(word);
+  }
+}
+
+Choices Commands(const Language& language) {
+  Choices choices;
+  for (const Command& command : language.commands) {
+    choices.push_back({command.description.name, command.description.summary});
+  }
+  return choices;
+}
+
+Choices Options(const Language& language, const Line& line) {
+  Choices choices;
+  const auto add = [&choices](const std::vector<OptionDescription>& options) {
+    for (const auto& option : options) choices.push_back({"--" + option.name, option.summary});
+  };
+  if (line.command != nullptr) add(line.command->description.options);
+  add(language.options);
+  choices.push_back({"--help", "Print what can be given, and end"});
+  if (line.command == nullptr && !language.program.empty()) {
+    choices.push_back({"--version", "Print the version"});
+  }
+  return choices;
+}
+
+Choices Plain(const Names& words) {
+  Choices choices;
+  for (const std::string& word : words) choices.push_back({word, ""});
+  return choices;
+}
+
+/// Those of the option, or else those of the command, or else those of any.
+Choices ValuesOf(const OptionDescription& option, const Language& language, const Line& line) {
+  if (!option.choices.empty()) return Plain(option.choices);
+  if (line.command != nullptr) return Plain(line.command->description.outputs);
+  Names all;
+  for (const Command& command : language.commands) {
+    for (const std::string& output : command.description.outputs) {
+      if (std::find(all.begin(), all.end(), output) == all.end()) all.push_back(output);
+    }
+  }
+  return Plain(all);
+}
+
+/// What is known of a place on the command line, to find the words for it.
+struct Place {
+  const Line& line;
+  const std::string& typed;
+  const Language& language;
+  const HostOf& host_of;
+
+  const Host& LoadedHost() const { return host_of(line.sources); }
+};
+
+Choices Kinds(const Place& place) {
+  const auto ids_of = place.line.command->description.ids_of;
+  const Host& host = place.host_of({});
+  const bool with_domain = place.typed.find(':') != std::string::npos;
+  Choices choices;
+  for (const std::string& name : host.KindNames()) {
+    for (const FoundKind& found : host.FindKinds(name)) {
+      const auto ids = ids_of == nullptr ? std::nullopt : ids_of(*found.kind);
+      if (!ids) continue;
+      const std::string word = with_domain ? found.row->name + ":" + name : name;
+      if (!choices.empty() && choices.back().word == word) continue;
+      const std::string needs = IdsText({found, *ids});
+      choices.push_back({word, needs.empty() ? "" : "with" + needs});
+    }
+  }
+  return choices;
+}
+
+/// Which of its ids comes next for a kind; nothing when it has enough of them.
+std::optional<std::size_t> NextId(const CommandDescription& command, const IdCount& count,
+                                  std::size_t given) {
+  if (command.takes_several) return given % std::max<std::size_t>(count.min, 1);
+  if (given >= count.max) return std::nullopt;
+  return given;
+}
+
+/// What is there of the kind that the id names, in what the ids before it name.
+Names NamesFor(const FoundKind& found, std::size_t index, const Ids& given) {
+  const std::string kind = KindOfId(found.kind->id_names[index]);
+  const Query<Names>* const list = found.ListOf(kind);
+  if (list == nullptr || given.size() < index) return {};
+  const Ids last(given.end() - static_cast<std::ptrdiff_t>(index), given.end());
+  if (last.size() < list->ids.min) return {};
+  const auto around = static_cast<std::ptrdiff_t>(list->ids.min);
+  const Outcome<Names> names = list->call({last.begin(), last.begin() + around});
+  return names.answer ? *names.answer : Names{};
+}
+
+Choices IdChoices(const Place& place) {
+  const CommandDescription& command = place.line.command->description;
+  if (place.line.operands.empty() || command.ids_of == nullptr) return {};
+  const Ids given(place.line.operands.begin() + 1, place.line.operands.end());
+  std::set<std::string> seen;
+  Choices choices;
+  for (const FoundKind& found : place.LoadedHost().FindKinds(place.line.operands.front())) {
+    const auto count = command.ids_of(*found.kind);
+    if (!count || !found.has_sources) continue;
+    const auto index = NextId(command, *count, given.size());
+    if (!index || *index >= found.kind->id_names.size()) continue;
+    for (const std::string& name : NamesFor(found, *index, given)) {
+      if (seen.insert(name).second) choices.push_back({name, ""});
+    }
+  }
+  return choices;
+}
+
+/// Names grow part by part, so that few are offered at a time; whole ones where the user has typed
+/// a dot.
+Choices CliNames(const Place& place) {
+  std::string around;
+  for (const std::string& word : place.line.operands) around += word + '.';
+  const bool whole = place.typed.find('.') != std::string::npos;
+  std::set<std::string> words;
+  for (const std::string& name : UsageNames(place.LoadedHost())) {
+    if (name.empty() || name == "." || !StartsWith(name, around)) continue;
+    const std::string rest = name.substr(around.size());
+    words.insert(whole ? rest : rest.substr(0, rest.find('.')));
+  }
+  return Plain({words.begin(), words.end()});
+}
+
+Choices MessageIds() {
+  Choices choices;
+  for (const Explanation& explanation : Explanations()) {
+    choices.push_back({explanation.id, explanation.text});
+  }
+  return choices;
+}
+
+Choices SourceIds(const Place& place) {
+  const bool with_domain = place.typed.find(':') != std::string::npos;
+  std::set<std::string> ids;
+  for (const FoundKind& found : place.LoadedHost().FindKinds("source")) {
+    const Outcome<Names> names = found.kind->list.call({});
+    if (!names.answer) continue;
+    for (const std::string& id : *names.answer) {
+      ids.insert(with_domain ? found.row->name + ":" + id : id);
+    }
+  }
+  return Plain({ids.begin(), ids.end()});
+}
+
+Completion ForWord(Word word, const Place& place) {
+  switch (word) {
+    case Word::kPath:
+      return {Completion::Of::kPath, {}};
+    case Word::kSource:
+      return {Completion::Of::kSource, {}};
+    case Word::kKind:
+      return {Completion::Of::kWords, Kinds(place)};
+    case Word::kId:
+      return {Completion::Of::kWords, IdChoices(place)};
+    case Word::kCliName:
+      return {Completion::Of::kWords, CliNames(place)};
+    case Word::kMessageId:
+      return {Completion::Of::kWords, MessageIds()};
+    case Word::kSourceId:
+      return {Completion::Of::kWords, SourceIds(place)};
+    case Word::kCommand:
+      return {Completion::Of::kWords, Commands(place.language)};
+    case Word::kNone:
+    case Word::kText:
+    case Word::kNumber:
+    case Word::kChoice:
+      break;
+  }
+  return {};
+}
+
+Completion ForOperand(const Place& place) {
+  const auto& operands = place.line.command->description.operands;
+  if (operands.empty()) return {};
+  const std::size_t given = place.line.operands.size();
+  const OperandDescription& last = operands.back();
+  const bool takes_all = std::holds_alternative<std::vector<std::string> Arguments::*>(last.target);
+  if (given >= operands.size() && !takes_all) return {};
+  const OperandDescription& operand = given < operands.size() ? operands[given] : last;
+  if (operand.word == Word::kChoice) return {Completion::Of::kWords, Plain(operand.choices)};
+  return ForWord(operand.word, place);
+}
+
+Completion ForValue(const OptionDescription& option, const Place& place) {
+  if (option.word != Word::kChoice) return ForWord(option.word, place);
+  return {Completion::Of::kWords, ValuesOf(option, place.language, place.line)};
+}
+
+/// For "--name=value": each choice is the whole word again.
+Completion ForOptionWord(const Place& place) {
+  const OptionWord read = ReadOption(place.typed);
+  const OptionDescription* const option = FindOption(place.language, place.line, read.name);
+  if (!read.has_value || option == nullptr) {
+    return {Completion::Of::kWords, Options(place.language, place.line)};
+  }
+  Completion completion = ForValue(*option, place);
+  for (Choice& choice : completion.choices) choice.word = "--" + read.name + "=" + choice.word;
+  return completion;
+}
+
+Completion AllThatFit(const Place& place) {
+  if (place.line.is_lost) return {};
+  const bool is_option = !place.line.only_operands && StartsWith(place.typed, "-");
+  if (place.line.awaiting != nullptr) return ForValue(*place.line.awaiting, place);
+  if (is_option && StartsWith(place.typed, "--")) return ForOptionWord(place);
+  if (is_option) return {Completion::Of::kWords, Options(place.language, place.line)};
+  if (place.line.command != nullptr) return ForOperand(place);
+  return {Completion::Of::kWords, Commands(place.language)};
+}
+
+}  // namespace
+
+Completion Complete(const std::vector<std::string>& words, const Language& language,
+                    const HostOf& host_of) {
+  if (words.empty()) return {Completion::Of::kWords, Commands(language)};
+  Line line;
+  for (std::size_t i = 0; i + 1 < words.size(); ++i) Take(line, language, words[i]);
+  const std::string& typed = words.back();
+  Completion completion = AllThatFit({line, typed, language, host_of});
+  Choices& choices = completion.choices;
+  choices.erase(
+      std::remove_if(choices.begin(), choices.end(),
+                     [&typed](const Choice& choice) { return !StartsWith(choice.word, typed); }),
+      choices.end());
+  return completion;
+}
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,195 @@
+#include <fmt/format.h>
+#include <ostream>
+
+#include "commands/output.h"
+#include "commands/sources.h"
+#include "commands/table.h"
+#include "host/near.h"
+#include "shell/session.h"
+
+// What can be said in a session only: changes of what is loaded.
+
+namespace Zelk::Tool {
+namespace {
+
+ExitStatus ComplainOfSource(const std::string& id, const Streams& streams) {
+  PrintError(streams.err, fmt::format("no source is called '{}'{}", id,
+                                      Suggestion(NearNames(id, streams.session->SourceIds()))));
+  return ExitStatus::kNotFound;
+}
+
+ExitStatus RunCreate(const Arguments& arguments, const Streams& streams) {
+  for (const std::string& source : arguments.sources) {
+    if (ParseSourceArgument(source).path != "-") continue;
+    PrintError(streams.err, "standard input is where the lines of the session come from");
+    return ExitStatus::kUsage;
+  }
+  const bool loaded = LoadSources(*streams.session, arguments, streams);
+  return loaded ? ExitStatus::kOk : ExitStatus::kSourceFailed;
+}
+
+ExitStatus RunDelete(const Arguments& arguments, const Streams& streams) {
+  ExitStatus status = ExitStatus::kOk;
+  for (const std::string& id : arguments.ids) {
+    if (id.empty() || streams.session->Delete(id) == 0) status = ComplainOfSource(id, streams);
+  }
+  return status;
+}
+
+const char* NameOf(ReloadReport::State state) {
+  switch (state) {
+    case ReloadReport::State::kChanged:
+      return "changed";
+    case ReloadReport::State::kKept:
+      return "kept";
+    case ReloadReport::State::kSame:
+      break;
+  }
+  return "same";
+}
+
+/// One line; the messages of the file follow elsewhere.
+std::string Reason(const ReloadReport& report) {
+  if (report.state != ReloadReport::State::kKept) return "";
+  if (!report.problems.empty()) return "old data, since the file fails to load";
+  if (report.behind.empty()) return "old data, since the file changed meanwhile; reload it again";
+  return fmt::format("old data, since {}, which comes before it, fails; reload it by its id",
+                     report.behind);
+}
+
+void WriteJson(JsonWriter& json, const ReloadReport& report) {
+  json.StartObject();
+  json.Member("domain", report.domain);
+  json.Member("source", report.id);
+  json.Member("file", report.file);
+  json.Member("state", NameOf(report.state));
+  json.Member("reason", Reason(report));
+  json.Key("problems");
+  json.StartArray();
+  for (const Problem& problem : report.problems) json.String(ProblemLine(report.file, problem));
+  json.EndArray();
+  json.EndObject();
+}
+
+void Write(const std::vector<ReloadReport>& reports, const Arguments& arguments,
+           const Streams& streams) {
+  JsonWriter json;
+  Table table({"STATE", "SOURCE", "FILE", "REASON"});
+  json.StartArray();
+  for (const ReloadReport& report : reports) {
+    WriteJson(json, report);
+    table.Add({NameOf(report.state), report.domain + ":" + report.id, report.file, Reason(report)});
+  }
+  json.EndArray();
+  if (arguments.json) {
+    json.WriteTo(streams.out);
+  } else {
+    WriteTable(table, arguments, streams);
+  }
+}
+
+/// The truth that the service cannot tell: it is silent about a source that keeps its old data.
+ExitStatus RunReload(const Arguments& arguments, const Streams& streams) {
+  const std::string& id = arguments.text;
+  const std::vector<ReloadReport> reports = streams.session->Reload(id);
+  if (reports.empty() && !id.empty()) return ComplainOfSource(id, streams);
+  Write(reports, arguments, streams);
+  ExitStatus status = ExitStatus::kOk;
+  for (const ReloadReport& report : reports) {
+    for (const Problem& problem : report.problems) {
+      PrintError(streams.err, ProblemLine(report.file, problem));
+    }
+    if (report.state == ReloadReport::State::kKept) status = ExitStatus::kSourceFailed;
+  }
+  return status;
+}
+
+ExitStatus RunHelp(const Arguments& arguments, const Streams& streams) {
+  const Language& language = SessionLanguage();
+  if (!arguments.text.empty() && FindCommand(language, arguments.text) == nullptr) {
+    Names known;
+    for (const Command& command : language.commands) known.push_back(command.description.name);
+    PrintError(streams.err, fmt::format("unknown command '{}'{}", arguments.text,
+                                        Suggestion(NearNames(arguments.text, known))));
+    return ExitStatus::kNotFound;
+  }
+  if (!arguments.text.empty()) {
+    streams.out << ParseArguments({arguments.text, "--help"}, language).help;
+    return ExitStatus::kOk;
+  }
+  Page page(streams.out, streams.out_terminal);
+  std::vector<std::pair<std::string, std::string>> pairs;
+  for (const Command& command : language.commands) {
+    pairs.emplace_back(command.description.name, command.description.summary);
+  }
+  page.Pairs(0, pairs);
+  return ExitStatus::kOk;
+}
+
+ExitStatus RunQuit(const Arguments& /*arguments*/, const Streams& /*streams*/) {
+  return ExitStatus::kOk;
+}
+
+std::vector<Command> Changes() {
+  const std::vector<std::string> text{"text"};
+  return {
+      {{"create",
+        "Load files or folders",
+        "",
+        {{"SOURCE", Word::kSource, true, "A file or a folder, given as [ID=]PATH",
+          &Arguments::sources}},
+        {},
+        text,
+        ""},
+       RunCreate},
+      {{"delete",
+        "Forget sources with all that came from them",
+        "",
+        {{"ID", Word::kSourceId, true, "A source, in all domains or as DOMAIN:ID",
+          &Arguments::ids}},
+        {},
+        text,
+        ""},
+       RunDelete},
+      {{"reload",
+        "Load sources once more, and tell which changed and which kept their old data",
+        "Without an ID all sources. A source whose file fails keeps its old data, and so do those\n"
+        "behind it in its domain, in the order of their ids, unless they are reloaded by theirs.\n",
+        {{"ID", Word::kSourceId, false, "A source, in all domains or as DOMAIN:ID",
+          &Arguments::text}},
+        {},
+        {"table", "plain", "json"},
+        ""},
+       RunReload},
+  };
+}
+
+std::vector<Command> Others() {
+  const std::vector<std::string> text{"text"};
+  return {
+      {{"help",
+        "Tell what can be said, or all about one command",
+        "",
+        {{"COMMAND", Word::kCommand, false, "The name of a command", &Arguments::text}},
+        {},
+        text,
+        ""},
+       RunHelp},
+      {{"quit", "End the session", "", {}, {}, text, ""}, RunQuit},
+  };
+}
+
+}  // namespace
+
+const Language& SessionLanguage() {
+  static const Language language = [] {
+    Language made{"", Changes(), SessionOptions()};
+    for (const auto& more : {Questions(), Others()}) {
+      made.commands.insert(made.commands.end(), more.begin(), more.end());
+    }
+    return made;
+  }();
+  return language;
+}
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,57 @@
+#include "shell/line.h"
+
+namespace Zelk::Tool {
+namespace {
+
+constexpr char kSpecial[] = " \t\\'\"#";
+
+bool IsBlank(char character) {
+  return character == ' ' || character == '\t' || character == '\r';
+}
+
+/// Reads the word at `at` and moves behind it.
+std::string TakeWord(const std::string& line, std::size_t& at, bool& is_open) {
+  std::string word;
+  char quote = '\0';
+  for (; at < line.size() && (quote != '\0' || !IsBlank(line[at])); ++at) {
+    const char character = line[at];
+    const bool is_escape = character == '\\' && quote != '\'';
+    if (is_escape && at + 1 < line.size()) {
+      word += line[++at];
+    } else if (quote == '\0' && (character == '\'' || character == '"')) {
+      quote = character;
+    } else if (character == quote) {
+      quote = '\0';
+    } else {
+      word += character;
+    }
+  }
+  is_open = quote != '\0';
+  return word;
+}
+
+}  // namespace
+
+SplitLine Split(const std::string& line) {
+  SplitLine split;
+  std::size_t at = 0;
+  while (true) {
+    while (at < line.size() && IsBlank(line[at])) ++at;
+    split.last_word = at;
+    if (at == line.size() || line[at] == '#') return split;
+    split.words.push_back(TakeWord(line, at, split.is_open));
+    if (at == line.size()) return split;
+  }
+}
+
+std::string Quoted(const std::string& word) {
+  if (word.empty()) return "''";
+  std::string quoted;
+  for (const char character : word) {
+    if (std::string(kSpecial).find(character) != std::string::npos) quoted += '\\';
+    quoted += character;
+  }
+  return quoted;
+}
+
+}  // namespace Zelk::Tool

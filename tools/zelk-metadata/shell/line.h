@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace Zelk::Tool {
+
+/// A line of a session as its words.
+struct SplitLine {
+  std::vector<std::string> words;
+
+  /// Where the last word begins in the line; the line's end, if the line ends between words.
+  std::size_t last_word = 0;
+
+  /// Whether a quote is opened that is not closed.
+  bool is_open = false;
+};
+
+/// Blanks separate words unless they are in 'quotes' or "quotes" or behind a backslash; what begins
+/// with '#' is not read on.
+SplitLine Split(const std::string& line);
+
+/// The text as one word of a line.
+std::string Quoted(const std::string& word);
+
+}  // namespace Zelk::Tool

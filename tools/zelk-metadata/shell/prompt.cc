@@ -1,0 +1,156 @@
+#include "shell/prompt.h"
+
+#include <algorithm>
+#include <clocale>
+#include <csignal>
+#include <cstdio>
+#include <histedit.h>
+#include <unistd.h>
+
+#include "render/layout.h"
+#include "render/terminal.h"
+#include "render/utf8.h"
+#include "shell/history.h"
+#include "shell/session.h"
+
+namespace Zelk::Tool {
+namespace {
+
+constexpr int kHistorySize = 1000;
+constexpr std::size_t kMostShown = 100;
+
+const char* PromptText(EditLine* /*editor*/) {
+  return "zelk> ";
+}
+
+}  // namespace
+
+struct Prompt::Editor {
+  explicit Editor(const Session& its_session) : session(its_session) {}
+
+  const Session& session;
+  EditLine* line = nullptr;
+  History* history = nullptr;
+  std::string history_file;
+  bool is_interrupted = false;
+  void (*interrupt_before)(int) = SIG_DFL;
+
+  static Editor& Of(EditLine* line) {
+    void* editor = nullptr;
+    el_get(line, EL_CLIENTDATA, &editor);
+    return *static_cast<Editor*>(editor);
+  }
+
+  static unsigned char Interrupt(EditLine* line, int /*key*/) {
+    Of(line).is_interrupted = true;
+    std::fputs("^C\n", stdout);
+    return CC_NEWLINE;
+  }
+
+  static unsigned char CompleteWord(EditLine* line, int /*key*/) { return Of(line).CompleteHere(); }
+
+  unsigned char CompleteHere() const;
+};
+
+namespace {
+
+/// Below the line, each choice with its meaning.
+void Show(const std::vector<Choice>& choices) {
+  std::size_t widest = 0;
+  for (const Choice& choice : choices) widest = std::max(widest, Columns(choice.word));
+  const std::size_t width = TerminalOf(STDOUT_FILENO).width;
+  std::string text = "\n";
+  for (std::size_t i = 0; i < std::min(choices.size(), kMostShown); ++i) {
+    const Choice& choice = choices[i];
+    text += choice.word;
+    if (!choice.summary.empty()) {
+      text += std::string(widest - Columns(choice.word) + 2, ' ');
+      const std::string summary = ForTerminal(choice.summary);
+      const std::size_t room = width > widest + 2 ? width - widest - 2 : 0;
+      const auto lines = Wrapped(summary, room);
+      text += lines.empty() ? "" : lines.front();
+    }
+    text += '\n';
+  }
+  if (choices.size() > kMostShown) {
+    text += "and " + std::to_string(choices.size() - kMostShown) + " more\n";
+  }
+  std::fputs(text.c_str(), stdout);
+}
+
+}  // namespace
+
+unsigned char Prompt::Editor::CompleteHere() const {
+  const LineInfo* const info = el_line(line);
+  const std::string typed(info->buffer, info->cursor);
+  const LineCompletion completion = session.Complete(typed);
+  if (!completion.text.empty()) {
+    // Counted in characters by the editor, in bytes by everybody else.
+    std::size_t characters = 0;
+    ForEachCharacter(typed.substr(typed.size() - completion.replaced),
+                     [&characters](std::uint32_t) { ++characters; });
+    el_deletestr(line, static_cast<int>(characters));
+    el_insertstr(line, completion.text.c_str());
+  }
+  if (completion.text.empty() && completion.choices.empty()) return CC_REFRESH_BEEP;
+  if (!completion.text.empty()) return CC_REFRESH;
+  Show(completion.choices);
+  return CC_REDISPLAY;
+}
+
+Prompt::Prompt(const Session& session) : editor_(std::make_unique<Editor>(session)) {
+  Editor& editor = *editor_;
+  // The editor reads characters of the user's encoding.
+  std::setlocale(LC_CTYPE, "");
+  editor.line = el_init("zelk-metadata", stdin, stdout, stderr);
+  editor.history = history_init();
+  editor.history_file = HistoryFile();
+  HistEvent event{};
+  history(editor.history, &event, H_SETSIZE, kHistorySize);
+  history(editor.history, &event, H_SETUNIQUE, 1);
+  if (!editor.history_file.empty()) {
+    history(editor.history, &event, H_LOAD, editor.history_file.c_str());
+  }
+  el_set(editor.line, EL_CLIENTDATA, &editor);
+  el_set(editor.line, EL_PROMPT, PromptText);
+  el_set(editor.line, EL_EDITOR, "emacs");
+  el_set(editor.line, EL_HIST, history, editor.history);
+  el_set(editor.line, EL_ADDFN, "zelk-complete", "Complete a word", Editor::CompleteWord);
+  el_set(editor.line, EL_BIND, "^I", "zelk-complete", nullptr);
+  // While a line is typed Ctrl-C is a key; while an answer is written it does nothing, since no
+  // answer takes long.
+  el_set(editor.line, EL_SETTY, "-d", "-isig", nullptr);
+  el_set(editor.line, EL_ADDFN, "zelk-interrupt", "Give up the line", Editor::Interrupt);
+  el_set(editor.line, EL_BIND, "^C", "zelk-interrupt", nullptr);
+  editor.interrupt_before = std::signal(SIGINT, SIG_IGN);
+}
+
+Prompt::~Prompt() {
+  HistEvent event{};
+  if (!editor_->history_file.empty()) {
+    history(editor_->history, &event, H_SAVE, editor_->history_file.c_str());
+  }
+  history_end(editor_->history);
+  el_end(editor_->line);
+  std::signal(SIGINT, editor_->interrupt_before);
+}
+
+bool Prompt::Read(std::string& line) {
+  editor_->is_interrupted = false;
+  int size = 0;
+  const char* const typed = el_gets(editor_->line, &size);
+  line.clear();
+  if (editor_->is_interrupted) return true;
+  if (typed == nullptr || size <= 0) {
+    std::fputs("\n", stdout);
+    return false;
+  }
+  line.assign(typed, static_cast<std::size_t>(size));
+  if (line.back() == '\n') line.pop_back();
+  HistEvent event{};
+  const bool is_blank = line.find_first_not_of(" \t") == std::string::npos;
+  if (!is_blank) history(editor_->history, &event, H_ENTER, line.c_str());
+  return true;
+}
+
+}  // namespace Zelk::Tool

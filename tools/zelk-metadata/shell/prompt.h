@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace Zelk::Tool {
+
+class Session;
+
+/// Lines that somebody types at the terminal of the process: with a history that outlives it, and
+/// with words completed by the session. One at a time.
+class Prompt {
+ public:
+  explicit Prompt(const Session& session);
+  Prompt(const Prompt&) = delete;
+  Prompt& operator=(const Prompt&) = delete;
+
+  /// Keeps the history. That it cannot be kept is no reason to bother anybody.
+  ~Prompt();
+
+  /// Asks for a line. Empty after Ctrl-C; false after Ctrl-D, or once the terminal is gone.
+  bool Read(std::string& line);
+
+ private:
+  struct Editor;
+
+  std::unique_ptr<Editor> editor_;
+};
+
+}  // namespace Zelk::Tool

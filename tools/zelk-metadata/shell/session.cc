@@ -1,0 +1,116 @@
+#include "shell/session.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <ostream>
+
+#include "commands/sources.h"
+#include "domains/table.h"
+#include "render/page.h"
+#include "render/utf8.h"
+#include "shell/line.h"
+
+namespace Zelk::Tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What the paths can become that begin with `typed`; folders end in '/', so that they can go on.
+std::vector<Choice> Paths(const std::string& typed, const std::string& before) {
+  const std::string folder = typed.substr(0, typed.rfind('/') + 1);
+  const std::string name = typed.substr(folder.size());
+  std::vector<Choice> choices;
+  std::error_code error;
+  for (fs::directory_iterator at(folder.empty() ? "." : folder, error); !error && at != fs::end(at);
+       at.increment(error)) {
+    const std::string found = at->path().filename().string();
+    if (found.compare(0, name.size(), name) != 0) continue;
+    if (name.empty() && found.front() == '.') continue;
+    std::error_code ignored;
+    const char* const end = at->is_directory(ignored) ? "/" : "";
+    choices.push_back({before + folder + found + end, ""});
+  }
+  std::sort(choices.begin(), choices.end(),
+            [](const Choice& left, const Choice& right) { return left.word < right.word; });
+  return choices;
+}
+
+std::vector<Choice> ChoicesOf(const Completion& completion, const std::string& typed) {
+  if (completion.of == Completion::Of::kWords) return completion.choices;
+  if (completion.of == Completion::Of::kPath) return Paths(typed, "");
+  const std::size_t slash = std::min(typed.find('/'), typed.size());
+  const std::size_t equals = typed.substr(0, slash).find('=');
+  const std::size_t path = equals == std::string::npos || equals == 0 ? 0 : equals + 1;
+  return Paths(typed.substr(path), typed.substr(0, path));
+}
+
+std::string CommonBeginning(const std::vector<Choice>& choices) {
+  std::string common = choices.front().word;
+  for (const Choice& choice : choices) {
+    const auto end =
+        std::mismatch(common.begin(), common.end(), choice.word.begin(), choice.word.end());
+    common.erase(end.first, common.end());
+  }
+  return common;
+}
+
+}  // namespace
+
+Session::Session(const Streams& streams) : host_(Domains(), HostUse::kSession), streams_(streams) {
+  streams_.session = &host_;
+}
+
+bool Session::Load(const std::vector<std::string>& sources) {
+  Arguments arguments;
+  arguments.sources = sources;
+  return LoadSources(host_, arguments, streams_);
+}
+
+ExitStatus Session::Run(const std::string& line) {
+  const SplitLine split = Split(line);
+  if (split.words.empty()) return ExitStatus::kOk;
+  if (split.is_open) {
+    PrintError(streams_.err, "a quote is not closed");
+    return ExitStatus::kUsage;
+  }
+  const ParsedArguments parsed = ParseArguments(split.words, SessionLanguage());
+  if (parsed.command != nullptr) {
+    has_ended_ = parsed.command->description.name == "quit";
+    return parsed.command->run(parsed.arguments, streams_);
+  }
+  if (!parsed.error.empty()) {
+    PrintError(streams_.err, parsed.error);
+    return ExitStatus::kUsage;
+  }
+  streams_.out << parsed.help;
+  return ExitStatus::kOk;
+}
+
+LineCompletion Session::Complete(const std::string& line) const {
+  SplitLine split = Split(line);
+  if (split.last_word == line.size()) split.words.emplace_back();
+  const std::string typed = split.words.back();
+  const auto host_of = [this](const std::vector<std::string>&) -> const Host& { return host_; };
+  const Completion completion = Tool::Complete(split.words, SessionLanguage(), host_of);
+  std::vector<Choice> choices = ChoicesOf(completion, typed);
+  choices.erase(
+      std::remove_if(choices.begin(), choices.end(),
+                     [](const Choice& choice) { return ForTerminal(choice.word) != choice.word; }),
+      choices.end());
+  if (choices.empty()) return {};
+  const std::string common = CommonBeginning(choices);
+  LineCompletion completed;
+  if (common != typed || choices.size() == 1) {
+    completed.replaced = line.size() - split.last_word;
+    completed.text = Quoted(common);
+  }
+  const bool goes_on = common.empty() || common.back() == '/' || common.back() == '=';
+  if (choices.size() > 1) {
+    completed.choices = std::move(choices);
+  } else if (!goes_on) {
+    completed.text += ' ';
+  }
+  return completed;
+}
+
+}  // namespace Zelk::Tool
