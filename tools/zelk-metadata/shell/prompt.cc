@@ -4,6 +4,7 @@
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <cwchar>
 #include <histedit.h>
 #include <unistd.h>
 
@@ -41,13 +42,15 @@ struct Prompt::Editor {
     return *static_cast<Editor*>(editor);
   }
 
-  static unsigned char Interrupt(EditLine* line, int /*key*/) {
+  static unsigned char Interrupt(EditLine* line, wint_t /*key*/) {
     Of(line).is_interrupted = true;
     std::fputs("^C\n", stdout);
     return CC_NEWLINE;
   }
 
-  static unsigned char CompleteWord(EditLine* line, int /*key*/) { return Of(line).CompleteHere(); }
+  static unsigned char CompleteWord(EditLine* line, wint_t /*key*/) {
+    return Of(line).CompleteHere();
+  }
 
   unsigned char CompleteHere() const;
 };
@@ -115,12 +118,13 @@ Prompt::Prompt(const Session& session) : editor_(std::make_unique<Editor>(sessio
   el_set(editor.line, EL_PROMPT, PromptText);
   el_set(editor.line, EL_EDITOR, "emacs");
   el_set(editor.line, EL_HIST, history, editor.history);
-  el_set(editor.line, EL_ADDFN, "zelk-complete", "Complete a word", Editor::CompleteWord);
+  // Given as wide texts, since the editor never frees the copies that it makes of others.
+  el_wset(editor.line, EL_ADDFN, L"zelk-complete", L"Complete a word", Editor::CompleteWord);
   el_set(editor.line, EL_BIND, "^I", "zelk-complete", nullptr);
   // While a line is typed Ctrl-C is a key; while an answer is written it does nothing, since no
   // answer takes long.
   el_set(editor.line, EL_SETTY, "-d", "-isig", nullptr);
-  el_set(editor.line, EL_ADDFN, "zelk-interrupt", "Give up the line", Editor::Interrupt);
+  el_wset(editor.line, EL_ADDFN, L"zelk-interrupt", L"Give up the line", Editor::Interrupt);
   el_set(editor.line, EL_BIND, "^C", "zelk-interrupt", nullptr);
   editor.interrupt_before = std::signal(SIGINT, SIG_IGN);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fmt/format.h>
 #include <ostream>
 
 #include "commands/sources.h"
@@ -28,7 +29,7 @@ std::vector<Choice> Paths(const std::string& typed, const std::string& before) {
     if (name.empty() && found.front() == '.') continue;
     std::error_code ignored;
     const char* const end = at->is_directory(ignored) ? "/" : "";
-    choices.push_back({before + folder + found + end, ""});
+    choices.push_back({fmt::format("{}{}{}{}", before, folder, found, end), ""});
   }
   std::sort(choices.begin(), choices.end(),
             [](const Choice& left, const Choice& right) { return left.word < right.word; });
