@@ -5,6 +5,7 @@
 
 #include "commands/about.h"
 #include "commands/table.h"
+#include "shell/session.h"
 #include "tool/tool_run.h"
 
 using testing::HasSubstr;
@@ -49,6 +50,14 @@ TEST(Manual, NamesEveryExitStatus) {
   const std::string page = RunLine("man").out;
   for (const auto& [status, text] : Zelk::Tool::ExitStatusTexts()) {
     EXPECT_THAT(page, HasSubstr("\n\\fB" + std::to_string(status) + "\\fR\n" + text + "\n"));
+  }
+}
+
+TEST(Manual, NamesWhatCanBeSaidInSessionsOnly) {
+  const std::string page = RunLine("man").out;
+  for (const Command& command : Zelk::Tool::SessionLanguage().commands) {
+    EXPECT_THAT(page, HasSubstr("\\fB" + command.description.name + "\\fR"));
+    EXPECT_THAT(page, HasSubstr("\n" + Roff(command.description.summary) + "."));
   }
 }
 

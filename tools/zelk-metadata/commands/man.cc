@@ -3,6 +3,7 @@
 
 #include "commands/about.h"
 #include "commands/table.h"
+#include "shell/session.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -80,6 +81,18 @@ void WriteCommand(std::ostream& out, const CommandDescription& command) {
       << BoldText("zelk-metadata " + command.example) << "\n.fi\n.RE\n";
 }
 
+/// What can be said in a session only.
+void WriteSessionCommands(std::ostream& out) {
+  out << ".SH SESSIONS\nWhat can be said in a shell only:\n";
+  for (const Command& command : SessionLanguage().commands) {
+    const CommandDescription& description = command.description;
+    if (FindCommand(ProgramLanguage(), description.name) != nullptr) continue;
+    const std::string end = description.details.empty() ? "." : ".\n" + description.details;
+    WriteTagged(out, BoldText(description.name) + OperandsText(description),
+                description.summary + end);
+  }
+}
+
 void WritePage(std::ostream& out) {
   const Language& language = ProgramLanguage();
   out << ".TH ZELK\\-METADATA 1 \"\" \"zelk-metadata " ZELK_METADATA_VERSION "\"\n"
@@ -95,6 +108,7 @@ void WritePage(std::ostream& out) {
   WriteTagged(out, BoldText("--version"), "Print the version");
   out << ".SH COMMANDS\n";
   for (const Command& command : language.commands) WriteCommand(out, command.description);
+  WriteSessionCommands(out);
   out << ".SH EXIT STATUS\n";
   for (const auto& [status, text] : ExitStatusTexts()) {
     WriteTagged(out, BoldText(std::to_string(status)), text);
@@ -102,6 +116,10 @@ void WritePage(std::ostream& out) {
   out << ".SH ENVIRONMENT\n";
   WriteTagged(out, BoldText("NO_COLOR"), "If not empty, nothing is coloured");
   WriteTagged(out, BoldText("COLUMNS"), "The width to wrap text to, in place of the terminal's");
+  WriteTagged(out, BoldText("XDG_STATE_HOME"), "Where the history is, ~/.local/state if not set");
+  out << ".SH FILES\n";
+  WriteTagged(out, ItalicText("$XDG_STATE_HOME/zelk-metadata/history"),
+              "What was typed in earlier sessions");
 }
 
 }  // namespace
