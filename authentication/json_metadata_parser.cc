@@ -7,15 +7,33 @@ namespace {
 
 using SchemeType = Bindings::AuthenticationInfoEnumerations::SchemeType;
 
-/// Takes everything that belongs to `owner` out of `records`; the first of a repeated key stays.
+/// Adds records to the tables of what they belong to; the first of a repeated key stays. Files name
+/// together what belongs together, so the table is mostly that of the record before.
+template <typename Record>
+class Adder {
+ public:
+  explicit Adder(JsonMetadataParser::Unclaimed<Record>& records)
+      : records_(records), last_(records.end()) {}
+
+  void Add(std::string owner, std::string key, std::shared_ptr<const Record> record) {
+    if (last_ == records_.end() || last_->first != owner) {
+      last_ = records_.try_emplace(std::move(owner)).first;
+    }
+    last_->second.emplace(std::move(key), std::move(record));
+  }
+
+ private:
+  JsonMetadataParser::Unclaimed<Record>& records_;
+  typename JsonMetadataParser::Unclaimed<Record>::iterator last_;
+};
+
+/// Takes the table of `owner` out of `records`.
 template <typename Record>
 JsonMetadataParser::Table<Record> Claim(JsonMetadataParser::Unclaimed<Record>& records,
                                         const std::string& owner) {
-  JsonMetadataParser::Table<Record> claimed;
-  const auto [first, last] = records.equal_range(owner);
-  for (auto record = first; record != last; ++record) claimed.insert(std::move(record->second));
-  records.erase(first, last);
-  return claimed;
+  auto claimed = records.extract(owner);
+  if (!claimed) return {};
+  return std::move(claimed.mapped());
 }
 
 /// Splits an id that must have both parts; false, with the message, when one is empty.
@@ -124,7 +142,7 @@ bool JsonMetadataParser::ParseSchemeList(const JsonValue& value, const SchemeTab
   constexpr char kPackages[] = "packages";
   const auto find_scheme = [&](const JsonValue& element, Errors&) -> Scheme {
     if (!CheckType(element, JsonType::kString, kPackages, errors)) return nullptr;
-    const auto scheme = schemes.find(ValToString(element));
+    const auto scheme = schemes.find(TextOf(element));
     if (scheme != schemes.end()) return scheme->second;
     errors.push_back(CatalogMessage(MessageId::kAuthenticationUnknownSchemaName) % "id");
     return nullptr;
@@ -135,6 +153,7 @@ bool JsonMetadataParser::ParseSchemeList(const JsonValue& value, const SchemeTab
 bool JsonMetadataParser::ParseOperations(const JsonValue& value, const SchemeTable& schemes,
                                          Unclaimed<Bindings::OperationInfo>& operations,
                                          Errors& errors) {
+  Adder adder(operations);
   for (const auto& member : JsonMembers(value)) {
     SchemeList list;
     if (!ParseSchemeList(member.value, schemes, list, errors)) return false;
@@ -145,7 +164,7 @@ bool JsonMetadataParser::ParseOperations(const JsonValue& value, const SchemeTab
     }
     auto& [service_id, name] = parts;
     auto operation = std::make_shared<const Bindings::OperationInfo>(std::move(list));
-    operations.emplace(std::move(service_id), std::pair(std::move(name), std::move(operation)));
+    adder.Add(std::move(service_id), std::move(name), std::move(operation));
   }
   return true;
 }
@@ -153,6 +172,7 @@ bool JsonMetadataParser::ParseOperations(const JsonValue& value, const SchemeTab
 bool JsonMetadataParser::ParseServices(const JsonValue& value, const SchemeTable& schemes,
                                        Unclaimed<Bindings::OperationInfo>& operations,
                                        Unclaimed<Bindings::ServiceInfo>& services, Errors& errors) {
+  Adder adder(services);
   for (const auto& member : JsonMembers(value)) {
     SchemeList list;
     if (!ParseSchemeList(member.value, schemes, list, errors)) return false;
@@ -161,7 +181,7 @@ bool JsonMetadataParser::ParseServices(const JsonValue& value, const SchemeTable
     if (!SplitId(id, MessageId::kAuthenticationJsonInvalidServiceId, parts, errors)) return false;
     auto service =
         std::make_shared<const Bindings::ServiceInfo>(std::move(list), Claim(operations, id));
-    services.emplace(std::move(parts.first), std::pair(std::move(id), std::move(service)));
+    adder.Add(std::move(parts.first), std::move(id), std::move(service));
   }
   return true;
 }
@@ -183,13 +203,14 @@ bool JsonMetadataParser::ParsePackages(const JsonValue& value, const SchemeTable
 bool JsonMetadataParser::CreateServicesFromOperations(
     Unclaimed<Bindings::OperationInfo>& operations, Unclaimed<Bindings::ServiceInfo>& services,
     Errors& errors) {
+  Adder adder(services);
   while (!operations.empty()) {
     std::string id = operations.begin()->first;
     auto table = Claim(operations, id);
     std::pair<std::string, std::string> parts;
     if (!SplitId(id, MessageId::kAuthenticationJsonInvalidServiceId, parts, errors)) return false;
     auto service = std::make_shared<const Bindings::ServiceInfo>(SchemeList(), std::move(table));
-    services.emplace(std::move(parts.first), std::pair(std::move(id), std::move(service)));
+    adder.Add(std::move(parts.first), std::move(id), std::move(service));
   }
   return true;
 }

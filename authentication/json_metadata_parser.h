@@ -26,15 +26,14 @@ class JsonMetadataParser {
   using Scheme = std::shared_ptr<const Bindings::AuthenticationInfo>;
   using SchemeList = std::list<Scheme>;
   /// The component's schemes by the names that its lists refer to.
-  using SchemeTable = std::map<std::string, Scheme>;
+  using SchemeTable = std::map<std::string, Scheme, std::less<>>;
 
   template <typename Record>
   using Table = std::map<std::string, std::shared_ptr<const Record>>;
 
-  /// Records by the id of what they belong to, each with its own key there.
+  /// The tables of what is not declared itself yet, by its id.
   template <typename Record>
-  using Unclaimed =
-      std::multimap<std::string, std::pair<std::string, std::shared_ptr<const Record>>>;
+  using Unclaimed = std::map<std::string, Table<Record>>;
 
   /// Reads one file; true when it is accepted, whatever `errors` holds then.
   static bool LoadMetadata(std::istream& in, const RegisterCallbacks& callbacks, Errors& errors);

@@ -265,17 +265,31 @@ Operations ReadOperations(const std::string& json) {
   return operations;
 }
 
-/// The keys of unclaimed records, each with the record's own key behind it.
+/// The keys of unclaimed records, each behind that of what it belongs to.
 template <typename Record>
 Lines Keys(const Parser::Unclaimed<Record>& records) {
   Lines keys;
-  for (const auto& [owner, record] : records) keys.push_back(owner + " / " + record.first);
+  for (const auto& [owner, table] : records) {
+    for (const auto& [key, record] : table) keys.push_back(owner + " / " + key);
+  }
   return keys;
 }
 
 TEST(ParseOperations, KeepsEveryOperationUnderItsService) {
-  EXPECT_EQ(Keys(ReadOperations(R"({"m.n": [], "a.b.d": [], "a.b.c": [], "a.b.d": []})")),
-            (Lines{"a.b / d", "a.b / c", "a.b / d", "m / n"}));
+  EXPECT_EQ(Keys(ReadOperations(R"({"m.n": [], "a.b.d": [], "m.o": [], "a.b.c": []})")),
+            (Lines{"a.b / c", "a.b / d", "m / n", "m / o"}));
+}
+
+TEST(ParseOperations, KeepsTheFirstOfARepeatedOperation) {
+  const Parser::SchemeTable schemes{
+      {"s",
+       std::make_shared<const Bindings::AuthenticationInfo>(
+           Bindings::AuthenticationInfoEnumerations::SchemeType::SESSIONLESS, boost::none, "s")}};
+  Operations operations;
+  Errors errors;
+  EXPECT_TRUE(Parser::ParseOperations(Json(R"({"a.b": ["s"], "c.d": [], "a.b": []})"), schemes,
+                                      operations, errors));
+  EXPECT_EQ(operations.at("a").at("b")->schemes.size(), 1U);
 }
 
 TEST(ParseOperations, AndTheOtherTablesOfAValueThatIsNoObjectAreEmpty) {
@@ -298,7 +312,7 @@ TEST(ParseServices, TakesTheOperationsOfTheServicesThatItMakes) {
       Parser::ParseServices(Json(R"({"a.b": []})"), kNoSchemes, operations, services, errors));
   EXPECT_EQ(Keys(operations), Lines{"a.e / f"});
   EXPECT_EQ(Keys(services), Lines{"a / a.b"});
-  EXPECT_EQ(services.begin()->second.second->operations.size(), 2U);
+  EXPECT_EQ(services.at("a").at("a.b")->operations.size(), 2U);
 }
 
 TEST(ParsePackages, TakesTheServicesOfThePackagesThatItMakes) {
