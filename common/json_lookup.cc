@@ -41,7 +41,8 @@ const JsonValue* FindMember(const JsonValue& object, const char* name) {
 const JsonValue* FindMember(const JsonValue& object, const char* name, Errors& errors) {
   const JsonValue* value = FindMember(object, name);
   if (value == nullptr) {
-    errors.push_back(CatalogMessage(MessageId::kMissingField) % name);
+    // Every optional member that is absent leaves one: made where it stays, not copied.
+    errors.emplace_back(CatalogMessage(MessageId::kMissingField)) % name;
   }
   return value;
 }
