@@ -285,9 +285,11 @@ TEST(Browse, UsageOfNothingNamesWhatIsNear) {
 }
 
 TEST(Browse, WithoutSourcesThereIsNothingButNoHarm) {
-  EXPECT_EQ(RunLine("tree").out, "");
+  const ToolRun tree = RunLine("tree");
+  EXPECT_EQ(tree.out, "");
+  EXPECT_EQ(tree.err, "zelk-metadata: nothing is loaded; --source PATH loads a file or a folder\n");
+  EXPECT_EQ(tree.status, 0);
   EXPECT_EQ(RunLine("tree --json").out, "[]\n");
-  EXPECT_EQ(RunLine("tree").status, 0);
   EXPECT_EQ(RunLine("search x").status, 3);
   EXPECT_EQ(RunLine("which component x").status, 3);
   EXPECT_EQ(RunLine("usage").status, 3);
@@ -312,6 +314,8 @@ TEST(Folders, EveryJsonFileInThemIsLoadedUnderItsOwnName) {
   EXPECT_EQ(RunTool({"list", "sources", "--source", folder.Path("")}).out, "a\nb\nc\n");
   EXPECT_EQ(RunTool({"list", "sources", "--source", "x=" + folder.Path("")}).out,
             "x/a\nx/b\nx/c\n");
+  EXPECT_EQ(RunTool({"list", "sources", "--source", "inner=" + folder.Path("inner")}).out,
+            "inner/c\n");
 }
 
 TEST(Folders, AFolderWithoutFilesIsASourceThatFails) {

@@ -14,6 +14,8 @@ using Zelk::Testing::RunLine;
 using Zelk::Testing::ToolRun;
 using Zelk::Tool::Command;
 using Zelk::Tool::Commands;
+using Zelk::Tool::FindCommand;
+using Zelk::Tool::ProgramLanguage;
 using Zelk::Tool::SharedOptions;
 
 namespace {
@@ -55,10 +57,14 @@ TEST(Manual, NamesEveryExitStatus) {
 
 TEST(Manual, NamesWhatCanBeSaidInSessionsOnly) {
   const std::string page = RunLine("man").out;
+  std::size_t told = 0;
   for (const Command& command : Zelk::Tool::SessionLanguage().commands) {
+    if (FindCommand(ProgramLanguage(), command.description.name) != nullptr) continue;
     EXPECT_THAT(page, HasSubstr("\\fB" + command.description.name + "\\fR"));
     EXPECT_THAT(page, HasSubstr("\n" + Roff(command.description.summary) + "."));
+    ++told;
   }
+  EXPECT_GT(told, 0U);
 }
 
 TEST(Manual, NoLineOfATextIsARequestByChance) {

@@ -36,6 +36,7 @@ ExitStatus RunList(const Arguments& arguments, const Streams& streams) {
   ExitStatus status =
       Prepare(question, "list", &Kind::list, arguments, arguments.ids.size(), streams);
   if (status != ExitStatus::kOk) return status;
+  question.TellIfEmpty(streams);
   Answers<Names> answers;
   status = Ask(&Kind::list, question.candidates, arguments.ids, streams, answers);
   if (status != ExitStatus::kOk) return question.Status(status);

@@ -76,6 +76,12 @@ std::vector<Candidate> Fitting(const std::vector<Candidate>& candidates, std::si
   return fitting;
 }
 
+void Question::TellIfEmpty(const Streams& streams) const {
+  if (!loaded || !host.SourceIds().empty()) return;
+  PrintError(streams.err, fmt::format("nothing is loaded; {} PATH loads a file or a folder",
+                                      own ? "--source" : "create"));
+}
+
 ExitStatus ComplainOfKind(const std::string& verb, const Arguments& arguments, const Host& host,
                           const std::vector<Candidate>& candidates, const Streams& streams) {
   if (host.FindKinds(arguments.kind).empty()) {

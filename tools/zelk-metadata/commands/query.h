@@ -103,6 +103,13 @@ struct Question {
       : own(streams.session == nullptr ? std::make_unique<Host>(Domains()) : nullptr),
         host(own ? *own : *streams.session) {}
 
+  void Load(const Arguments& arguments, const Streams& streams) {
+    loaded = LoadSources(host, arguments, streams);
+  }
+
+  /// Tells that nothing is loaded, if so, where the answer is empty then. It is no mistake.
+  void TellIfEmpty(const Streams& streams) const;
+
   std::unique_ptr<Host> own;
   Host& host;
   std::vector<Candidate> candidates;
@@ -120,7 +127,7 @@ ExitStatus Prepare(Question& question, const std::string& verb, Query<T> Kind::*
   if (Fitting(candidates, id_count).empty()) {
     return ComplainOfKind(verb, arguments, question.host, candidates, streams);
   }
-  question.loaded = LoadSources(question.host, arguments, streams);
+  question.Load(arguments, streams);
   // Only the loaded sources tell which domains can answer.
   question.candidates = Fitting(Candidates(question.host, arguments.kind, query), id_count);
   return ExitStatus::kOk;

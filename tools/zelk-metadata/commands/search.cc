@@ -99,7 +99,7 @@ void WriteJson(const Hits& hits, std::ostream& out) {
 /// What is called so first, then what is described so.
 ExitStatus RunSearch(const Arguments& arguments, const Streams& streams) {
   Question question(streams);
-  question.loaded = LoadSources(question.host, arguments, streams);
+  question.Load(arguments, streams);
   std::vector<SourceOutline> sources;
   question.loaded = LoadOutlines(question.host, sources, streams) && question.loaded;
   const std::vector<DomainOutline> domains = MergedByDomain(sources);

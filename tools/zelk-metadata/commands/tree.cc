@@ -122,7 +122,8 @@ void WriteJson(JsonWriter& json, const DomainRow& row, const std::vector<Line>& 
 /// Everything that is loaded, each thing below what it is in, with how many there are in it.
 ExitStatus RunTree(const Arguments& arguments, const Streams& streams) {
   Question question(streams);
-  question.loaded = LoadSources(question.host, arguments, streams);
+  question.Load(arguments, streams);
+  question.TellIfEmpty(streams);
   std::vector<SourceOutline> sources;
   question.loaded = LoadOutlines(question.host, sources, streams) && question.loaded;
   Page page = MakePage(arguments, streams);

@@ -19,7 +19,7 @@ std::string Joined(const Names& words) {
 /// The help that a command-line client would show.
 ExitStatus RunUsage(const Arguments& arguments, const Streams& streams) {
   Question question(streams);
-  question.loaded = LoadSources(question.host, arguments, streams);
+  question.Load(arguments, streams);
   const DomainRow* row = nullptr;
   const auto usage = question.host.Usage(arguments.ids, row);
   if (!usage) {

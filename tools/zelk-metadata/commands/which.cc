@@ -115,7 +115,7 @@ ExitStatus RunWhich(const Arguments& arguments, const Streams& streams) {
   if (Fitting(askable, id_count).empty()) {
     return ComplainOfKind("which", arguments, question.host, askable, streams);
   }
-  question.loaded = LoadSources(question.host, arguments, streams);
+  question.Load(arguments, streams);
   question.candidates = Fitting(Askable(question.host, arguments.kind), id_count);
   std::vector<SourceOutline> sources;
   question.loaded = LoadOutlines(question.host, sources, streams) && question.loaded;

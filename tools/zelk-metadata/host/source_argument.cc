@@ -67,7 +67,7 @@ Expansion ExpandInput(const SourceArgument& argument, std::istream& in) {
   if (in.eof()) return {{}, {"standard input: it can be read only once"}};
   const auto input = InputFile::Copy(in);
   if (!input) return {{}, {"standard input: there is no room for a copy of it"}};
-  return {{{argument.id, input->Path(), input}}, {}};
+  return {{{argument.id, input->Path(), argument.is_named, input}}, {}};
 }
 
 }  // namespace
@@ -76,7 +76,7 @@ SourceArgument ParseSourceArgument(const std::string& text) {
   const std::size_t equals = text.find('=');
   if (equals != std::string::npos && equals != 0) {
     std::string id = text.substr(0, equals);
-    if (id.find('/') == std::string::npos) return {std::move(id), text.substr(equals + 1)};
+    if (id.find('/') == std::string::npos) return {std::move(id), text.substr(equals + 1), true};
   }
   return {DefaultSourceId(text), text};
 }
@@ -93,8 +93,7 @@ Expansion Expand(const SourceArgument& argument, std::istream& in) {
   if (argument.path == kInput) return ExpandInput(argument, in);
   std::error_code ignored;
   if (!fs::is_directory(argument.path, ignored)) return {{argument}, {}};
-  const bool named = argument.id != DefaultSourceId(argument.path);
-  return ExpandFolder(argument, named ? argument.id + "/" : "");
+  return ExpandFolder(argument, argument.is_named ? argument.id + "/" : "");
 }
 
 }  // namespace Zelk::Tool

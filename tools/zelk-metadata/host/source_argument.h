@@ -14,6 +14,9 @@ struct SourceArgument {
   std::string id;
   std::string path;
 
+  /// Whether the user chose the id.
+  bool is_named = false;
+
   /// Set for standard input: keeps the file that it was copied to.
   std::shared_ptr<const InputFile> input = nullptr;
 };
