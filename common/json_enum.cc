@@ -2,12 +2,12 @@
 
 #include <locale>
 
-#include <boost/algorithm/string/case_conv.hpp>
-
 namespace Zelk::Provider::Metadata {
 
 std::string ToUpper(std::string text) {
-  boost::algorithm::to_upper(text, std::locale());
+  const std::locale locale;
+  // Asked for once a text; the standard's toupper() asks the locale for it at every character.
+  std::use_facet<std::ctype<char>>(locale).toupper(text.data(), text.data() + text.size());
   return text;
 }
 
