@@ -10,21 +10,18 @@
 #include "support/builders.h"
 #include "support/file_text.h"
 #include "support/temp_folder.h"
-#include "tool/shell_run.h"
 #include "tool/tool_run.h"
 
-// What the completion scripts ask the program, and that bash completes with the answers.
+// What the completion scripts ask the program.
 
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsSupersetOf;
-using testing::Not;
 using testing::StartsWith;
 using Zelk::Testing::Component;
 using Zelk::Testing::kDataFolder;
 using Zelk::Testing::MetamodelFile;
 using Zelk::Testing::RunLine;
-using Zelk::Testing::RunShell;
 using Zelk::Testing::RunTool;
 using Zelk::Testing::TempFolder;
 using Zelk::Testing::ToolRun;
@@ -59,23 +56,6 @@ Lines Choices(const std::string& line) {
   lines.erase(lines.begin());
   for (std::string& choice : lines) choice.erase(choice.find('\t'));
   return lines;
-}
-
-/// What a bash does at which somebody types these keys. The line that comes out of it is printed
-/// word by word; what is shown while it is typed is on standard error.
-ToolRun TypeInBash(const std::string& keys) {
-  const TempFolder folder;
-  folder.Write("rc",
-               "PS1=\n"
-               "PATH=${tool%/*}:$PATH\n"
-               "source <(command zelk-metadata completion bash)\n"
-               "zelk-metadata() {\n"
-               "  if [ \"$1\" = complete ]; then command zelk-metadata \"$@\"; return; fi\n"
-               "  printf '<%s>' \"$@\"; echo\n"
-               "}\n");
-  folder.Write("keys", keys);
-  const std::string folders = "cd " + folder.Path("") + "; export tool HOME=" + folder.Path("");
-  return RunShell(folders + "; TERM=dumb bash --noprofile --rcfile rc -i <keys");
 }
 
 }  // namespace
@@ -210,41 +190,4 @@ TEST(Completion, IsPrintedForEveryShellThatThereIsAScriptFor) {
   EXPECT_EQ(RunLine("completion fsh").err,
             "zelk-metadata: there is no completion for 'fsh'; the shells are bash, fish, zsh; did "
             "you mean fish or zsh?\n");
-}
-
-TEST(CompletionInBash, CompletesCommandsOptionsKindsAndNames) {
-  const std::string keys =
-      "zelk-metadata li\t--outp\tpl\t" + kInventory + "oper\tcom.acme.inventory.m\t\n";
-  EXPECT_THAT(TypeInBash(keys).out, HasSubstr("<list><--output><plain><--source><" + kDataFolder +
-                                              "/inventory.json><operation>"
-                                              "<com.acme.inventory.machines>\n"));
-}
-
-TEST(CompletionInBash, CompletesBehindTheCharactersThatBashSplitsWordsAt) {
-  EXPECT_THAT(TypeInBash("zelk-metadata list metamodel:oper\t\n").out,
-              HasSubstr("<list><metamodel:operation>\n"));
-  EXPECT_THAT(TypeInBash("zelk-metadata check --output=gi\t\n").out,
-              HasSubstr("<check><--output=github>\n"));
-}
-
-TEST(CompletionInBash, CompletesPathsAsTheShellDoes) {
-  EXPECT_THAT(TypeInBash("touch a_file\nzelk-metadata check a_\t--source id=a_\t\n").out,
-              HasSubstr("<check><a_file><--source><id=a_file>\n"));
-}
-
-TEST(CompletionInBash, ShowsWhatTheChoicesMean) {
-  const std::string shown = TypeInBash("zelk-metadata \t\t\n").err;
-  for (const Command& command : Commands()) {
-    EXPECT_THAT(shown, HasSubstr("(" + command.description.summary + ")"));
-  }
-}
-
-TEST(CompletionInBash, EvaluatesNoNameOfAFile) {
-  const TempFolder folder;
-  const std::string path =
-      folder.Write("hostile.json", MetamodelFile(Component("$(touch${IFS}gone)`touch gone`;x")));
-  const std::string shown =
-      TypeInBash("zelk-metadata --source " + path + " get component \t\nls\n").out;
-  EXPECT_THAT(shown, HasSubstr("<$(touch${IFS}gone)`touch gone`;x>\n"));
-  EXPECT_THAT(shown, Not(HasSubstr("\ngone\n")));
 }

@@ -8,42 +8,51 @@
 namespace Zelk::Tool {
 namespace {
 
-// bash splits words at ':' and '=', which the loop takes back, and replaces what is behind the last
-// of them only. It has no place for meanings but the list of choices, so they go there (types 63
-// and 33 of completion list, the others insert).
+// bash's own list of words keeps their quotes and splits them at ':' and '='. So the loop reads them
+// from the line, as bash will: $kept is the beginning of the last one that bash does not replace,
+// which is all up to a quote or a character that splits words, and $quote is the one that is open.
+// It has no place for meanings but the list of choices, so they go there (types 63 and 33 of
+// completion list, the others insert).
 constexpr char kBash[] = R"(# Completion of zelk-metadata for bash.
 _zelk_metadata() {
-  local rest=${COMP_LINE:0:COMP_POINT} words=() gap word i
-  for ((i = 0; i <= COMP_CWORD; ++i)); do
-    gap=${rest%%[![:space:]]*}
-    rest=${rest#"$gap"}
-    word=${COMP_WORDS[i]}
-    ((i < COMP_CWORD)) || word=$rest
-    rest=${rest#"$word"}
-    word=${word//[\\\'\"]/}
-    if [[ -z $gap && ${#words[@]} -gt 0 ]]; then
-      words[${#words[@]} - 1]+=$word
-    else
-      words+=("${word/#\~\//$HOME/}")
-    fi
+  local text=${COMP_LINE:0:COMP_POINT} words=() n=0 quote='' kept='' char i
+  for ((i = 0; i < ${#text}; ++i)); do
+    char=${text:i:1}
+    case $quote$char in
+      [[:space:]])
+        [[ -z ${words[n]+set} ]] || ((++n))
+        kept=''
+        continue
+        ;;
+      \'\' | \"\" | \' | \")
+        [[ -n $quote ]] && quote='' || quote=$char
+        words[n]+=''
+        kept=${words[n]}
+        continue
+        ;;
+      \\) char=${text: ++i:1} ;;
+      \"\\) [[ ${text:i + 1:1} != [\"\\\$\`] ]] || char=${text: ++i:1} ;;
+      \~) [[ -n ${words[n]+set} || ${text:i + 1:1} != / ]] || char=$HOME ;;
+      [:=]) [[ $COMP_WORDBREAKS != *"$char"* ]] || kept=${words[n]-}$char ;;
+    esac
+    words[n]+=$char
   done
+  words[n]+=''
 
   COMPREPLY=()
-  local typed=${words[${#words[@]} - 1]} lines=() summaries=() kept='' width=0 line summary
-  mapfile -t lines < <("${COMP_WORDS[0]/#\~\//$HOME/}" complete -- "${words[@]:1}" 2>/dev/null)
+  local lines=() summaries=() width=0 line word summary
+  mapfile -t lines < <("${words[0]}" complete -- "${words[@]:1}" 2>/dev/null)
   if [[ ${lines[0]-} != words ]]; then
     [[ -z ${lines[0]-} ]] || compopt -o default
     return
   fi
-  for gap in : =; do
-    if [[ $COMP_WORDBREAKS == *"$gap"* && $typed == *"$gap"* ]]; then
-      word=${typed%"${typed##*"$gap"}"}
-      ((${#word} <= ${#kept})) || kept=$word
-    fi
-  done
   for line in "${lines[@]:1}"; do
-    word=${line%%$'\t'*}
-    printf -v word %q "${word#"$kept"}"
+    word=${line%%$'\t'*} word=${word#"$kept"}
+    case $quote in
+      \') word=${word//\'/\'\\\'\'} ;;
+      \") for char in \\ \" \$ \`; do word=${word//"$char"/"\\$char"}; done ;;
+      *) printf -v word %q "$word" ;;
+    esac
     COMPREPLY+=("$word")
     summaries+=("${line#*$'\t'}")
     ((${#word} <= width)) || width=${#word}
@@ -65,7 +74,8 @@ constexpr char kZsh[] = R"(#compdef zelk-metadata
 _zelk-metadata() {
   local -a lines choices
   local line word
-  lines=("${(@f)$("${(Q)words[1]/#\~\//$HOME/}" complete -- "${(@Q)words[2,CURRENT-1]}" "${(Q)PREFIX}" 2>/dev/null)}")
+  local -a before=("${(@Q)words[1,CURRENT-1]/#\~\//${(q)HOME}/}")
+  lines=("${(@f)$("$before[1]" complete -- "${(@)before[2,-1]}" "${(Q)PREFIX}" 2>/dev/null)}")
   case $lines[1] in
     path) _files ;;
     source)
@@ -88,19 +98,26 @@ else
 fi
 )";
 
+// fish compares choices with what is typed as they are, and quotes them itself.
 constexpr char kFish[] = R"(# Completion of zelk-metadata for fish.
+function __zelk_metadata_unescape -d 'What a word says of which a quote may still be open'
+    string unescape -- "$argv"
+    or string unescape -- "$argv'"
+    or string unescape -- "$argv\""
+end
 function __zelk_metadata_complete
-    set -l words (commandline -opc)
-    set -l typed (commandline -ct)
+    set -l words (string replace -r '^~(?=/)' -- $HOME (commandline -opc))
+    set -l token (commandline -ct)
+    set -l typed (__zelk_metadata_unescape $token)
     set -l lines (command $words[1] complete -- $words[2..] "$typed" 2>/dev/null)
     switch "$lines[1]"
         case path
-            __fish_complete_path "$typed"
+            complete -C "'' $token"
         case source
-            set -l path (string replace -r '^([^/=]+=)+' '' -- "$typed")
-            set -l before (string sub -l (math (string length -- "$typed") - (string length -- "$path")) -- "$typed")
-            for found in (__fish_complete_path "$path")
-                echo "$before$found"
+            set -l parts (string match -r '^(["\']?)((?:[^/=]+=)*)(.*)' -- $token)
+            set -l before (__zelk_metadata_unescape $parts[3])
+            for found in (complete -C "'' $parts[2]$parts[4]")
+                printf '%s\n' "$before$found"
             end
         case words
             printf '%s\n' $lines[2..]
