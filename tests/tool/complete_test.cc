@@ -21,6 +21,7 @@ using testing::StartsWith;
 using Zelk::Testing::Component;
 using Zelk::Testing::kDataFolder;
 using Zelk::Testing::MetamodelFile;
+using Zelk::Testing::Package;
 using Zelk::Testing::RunLine;
 using Zelk::Testing::RunTool;
 using Zelk::Testing::TempFolder;
@@ -168,6 +169,44 @@ TEST(Complete, ReadsNoInputNoPipeAndNoFileThatTakesLong) {
                folder.Path("large.json"), "--source", folder.Path(""), "list", "source", ""},
               inventory);
   EXPECT_EQ(run.out, "words\n");
+}
+
+TEST(Complete, ReadsNoMoreOfAllSourcesTogetherThanOfOne) {
+  const TempFolder folder;
+  const auto write = [&folder](const std::string& name, std::size_t size) {
+    folder.Write(name + ".json", MetamodelFile(Component(name)) + std::string(size, ' '));
+    return "--source " + folder.Path(name + ".json ");
+  };
+  const std::string line = "get component " + write("a", 5U << 20U) + write("b", 5U << 20U);
+  EXPECT_THAT(Choices(line), ElementsAre("a"));
+  EXPECT_THAT(Choices(line + write("c", 0)), ElementsAre("a", "c")) << "for which there is room";
+}
+
+TEST(Complete, DoesNotLookThroughFoldersThatHoldMuch) {
+  const TempFolder crowd;
+  for (int i = 0; i < 4096; ++i) crowd.Write(std::to_string(i), "");
+  const TempFolder folder;
+  const std::string file = folder.Write("a.json", MetamodelFile(Component("a")));
+  const std::string in_folder = "--source " + folder.Path("") + " ";
+  const std::string in_crowd = "--source " + crowd.Path("") + " ";
+  EXPECT_THAT(Choices("get component " + in_folder + in_crowd), ElementsAre("a"));
+  EXPECT_THAT(Choices("get component " + in_crowd + in_folder), ElementsAre());
+  EXPECT_THAT(Choices("get component " + in_crowd + "--source " + file + " "), ElementsAre("a"));
+}
+
+TEST(Complete, OffersNamesThatLookLikeOptionsBehindTwoDashesOnly) {
+  const TempFolder folder;
+  const std::string names = MetamodelFile(Component("c", {Package("-dash"), Package("--output")}));
+  const std::string line = "get package --source " + folder.Write("dash.json", names) + " ";
+  EXPECT_THAT(Choices(line), ElementsAre());
+  EXPECT_THAT(Choices(line + "-- "), ElementsAre("--output", "-dash"));
+  EXPECT_THAT(Choices(line + "-- -d"), ElementsAre("-dash"));
+}
+
+TEST(Complete, OffersNoCommandBehindTwoDashesWhereNoneIsRead) {
+  EXPECT_EQ(RunLine("-- list component").status, 2);
+  EXPECT_THAT(Choices("-- "), ElementsAre());
+  EXPECT_THAT(Choices("-- list "), ElementsAre());
 }
 
 TEST(Complete, OffersNoWordThatATerminalCannotShow) {

@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -96,19 +97,22 @@ std::string LinesInFish(const Lines& lines, const TempFolder& folder) {
   return LinesOnTerminal("fish --no-config --init-command 'source ~/rc'", lines, folder);
 }
 
-struct Shell {
-  std::string name;
+/// What the lines print that are typed in that folder, which is the home folder, too.
+using TypeLines = std::string (*)(const Lines& lines, const TempFolder& folder);
 
-  /// What the lines print that are typed in that folder, which is the home folder, too.
-  std::string (*type)(const Lines& lines, const TempFolder& folder);
+const std::map<std::string, TypeLines> kShells{
+    {"bash", LinesInBash}, {"fish", LinesInFish}, {"zsh", LinesInZsh}};
+
+class CompletionInEveryShell : public testing::TestWithParam<std::string> {
+ protected:
+  static std::string Type(const Lines& lines, const TempFolder& folder) {
+    return kShells.at(GetParam())(lines, folder);
+  }
 };
 
-const Shell kShells[] = {{"bash", LinesInBash}, {"fish", LinesInFish}, {"zsh", LinesInZsh}};
-
-class CompletionInEveryShell : public testing::TestWithParam<Shell> {};
-
-INSTANTIATE_TEST_SUITE_P(Shells, CompletionInEveryShell, testing::ValuesIn(kShells),
-                         [](const auto& shell) { return shell.param.name; });
+INSTANTIATE_TEST_SUITE_P(Shells, CompletionInEveryShell,
+                         testing::ValuesIn(Zelk::Tool::CompletedShells()),
+                         [](const auto& shell) { return shell.param; });
 
 // Names that mean something to a shell, and beginnings of them that a user may type, the quotes of
 // which all shells read alike.
@@ -151,12 +155,6 @@ std::string StrangeNames() {
 
 }  // namespace
 
-TEST(CompletionScripts, IsTestedInEveryShellThatThereIsAScriptFor) {
-  Lines tested;
-  for (const Shell& shell : kShells) tested.push_back(shell.name);
-  EXPECT_EQ(Zelk::Tool::CompletedShells(), tested);
-}
-
 TEST_P(CompletionInEveryShell, QuotesNamesAsTheUserHasBegunTo) {
   const TempFolder folder;
   folder.Write("strange.json", StrangeNames());
@@ -166,7 +164,7 @@ TEST_P(CompletionInEveryShell, QuotesNamesAsTheUserHasBegunTo) {
     lines.push_back("zelk-metadata get package --source strange.json " + typed.beginning + "\t");
     expected += "<get><package><--source><strange.json><" + typed.name + ">\n";
   }
-  EXPECT_EQ(GetParam().type(lines, folder), expected);
+  EXPECT_EQ(Type(lines, folder), expected);
 }
 
 TEST_P(CompletionInEveryShell, KnowsTheNamesBeforeThatAreQuoted) {
@@ -174,7 +172,7 @@ TEST_P(CompletionInEveryShell, KnowsTheNamesBeforeThatAreQuoted) {
   folder.Write("f.json", MetamodelFile(Component(
                              "c", {Package("p", {Service("a'\\\\$b", {Operation("run")})})})));
   const std::string line = "zelk-metadata get operation --source f.json ";
-  EXPECT_EQ(GetParam().type({line + "a\\'\\\\\\$b r\t", line + "\"a'\\\\\\$b\" r\t"}, folder),
+  EXPECT_EQ(Type({line + "a\\'\\\\\\$b r\t", line + "\"a'\\\\\\$b\" r\t"}, folder),
             "<get><operation><--source><f.json><a'\\$b><run>\n"
             "<get><operation><--source><f.json><a'\\$b><run>\n");
 }
@@ -184,7 +182,7 @@ TEST_P(CompletionInEveryShell, FindsSourcesInTheHomeFolder) {
   folder.Write("home.json", MetamodelFile(Component("at_home")));
   folder.Write("at home.json", MetamodelFile(Component("there")));
   const std::string line = "cd /; zelk-metadata get component --source ";
-  EXPECT_EQ(GetParam().type({line + "~/home.json a\t", line + "~/at\\ home.json t\t"}, folder),
+  EXPECT_EQ(Type({line + "~/home.json a\t", line + "~/at\\ home.json t\t"}, folder),
             "<get><component><--source><" + folder.Path("home.json") + "><at_home>\n" +
                 "<get><component><--source><" + folder.Path("at home.json") + "><there>\n");
 }
@@ -193,9 +191,9 @@ TEST_P(CompletionInEveryShell, CompletesPathsAsTheShellDoes) {
   const TempFolder folder;
   folder.Write("a file", "");
   const std::string check = "zelk-metadata check ";
-  EXPECT_EQ(GetParam().type({check + "a\t", check + "a\\ \t", check + "'a \t", check + "\"a\t",
-                             check + "~/a\t", check + "--source id=a\t"},
-                            folder),
+  EXPECT_EQ(Type({check + "a\t", check + "a\\ \t", check + "'a \t", check + "\"a\t",
+                  check + "~/a\t", check + "--source id=a\t"},
+                 folder),
             "<check><a file>\n<check><a file>\n<check><a file>\n<check><a file>\n<check><" +
                 folder.Path("a file") + ">\n<check><--source><id=a file>\n");
 }

@@ -13,25 +13,32 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Nobody waits for a word longer than it takes to type it.
-constexpr std::uintmax_t kMostBytes = 8U << 20U;
+/// What may still be read: nobody waits for a word longer than it takes to type it.
+struct Budget {
+  std::uintmax_t bytes = 8U << 20U;
+  std::size_t entries = 4096;
+};
 
-/// Standard input is the terminal, and what is no file may never end.
-bool CanBeRead(const std::string& path) {
+/// Takes the file's size off the budget. What is no file may never end.
+bool CanBeRead(const std::string& path, Budget& budget) {
   std::error_code error;
   if (!fs::is_regular_file(path, error)) return false;
   const std::uintmax_t size = fs::file_size(path, error);
-  return !error && size <= kMostBytes;
+  if (error || size > budget.bytes) return false;
+  budget.bytes -= size;
+  return true;
 }
 
-/// Loads what can be loaded at once; what fails is told when the command runs.
+/// Loads what can be loaded at once, but not standard input, which is the terminal; what fails is
+/// told when the command runs.
 void LoadForWords(Host& host, const std::vector<std::string>& sources) {
   std::istringstream nothing;
+  Budget budget;
   for (const std::string& text : sources) {
     const SourceArgument argument = ParseSourceArgument(text);
     if (argument.path == "-") continue;
-    for (const SourceArgument& source : Expand(argument, nothing).sources) {
-      if (CanBeRead(source.path)) host.Load(source);
+    for (const SourceArgument& source : Expand(argument, nothing, budget.entries).sources) {
+      if (CanBeRead(source.path, budget)) host.Load(source);
     }
   }
 }

@@ -29,7 +29,7 @@ struct Line {
   /// The option whose value comes next.
   const OptionDescription* awaiting = nullptr;
 
-  /// Behind a command that there is not, where nobody knows what may come.
+  /// Behind a command that there is not, or behind "--" without one, where no command is read.
   bool is_lost = false;
 
   /// Behind "--", where nothing is an option.
@@ -85,6 +85,7 @@ void Take(Line& line, const Language& language, const std::string& word) {
     line.awaiting = nullptr;
   } else if (!line.only_operands && word == "--") {
     line.only_operands = true;
+    line.is_lost = line.command == nullptr;
   } else if (!line.only_operands && IsOption(word)) {
     TakeOption(line, language, word);
   } else if (line.command == nullptr) {
@@ -277,6 +278,16 @@ Completion ForOperand(const Place& place) {
   return ForWord(operand.word, place);
 }
 
+/// Without those that would be read as options.
+Completion ForOperandAmongOptions(const Place& place) {
+  Completion completion = ForOperand(place);
+  Choices& choices = completion.choices;
+  choices.erase(std::remove_if(choices.begin(), choices.end(),
+                               [](const Choice& choice) { return IsOption(choice.word); }),
+                choices.end());
+  return completion;
+}
+
 Completion ForValue(const OptionDescription& option, const Place& place) {
   if (option.word != Word::kChoice) return ForWord(option.word, place);
   return {Completion::Of::kWords, ValuesOf(option, place.language, place.line)};
@@ -300,8 +311,8 @@ Completion AllThatFit(const Place& place) {
   if (place.line.awaiting != nullptr) return ForValue(*place.line.awaiting, place);
   if (is_option && StartsWith(place.typed, "--")) return ForOptionWord(place);
   if (is_option) return {Completion::Of::kWords, Options(place.language, place.line)};
-  if (place.line.command != nullptr) return ForOperand(place);
-  return {Completion::Of::kWords, Commands(place.language)};
+  if (place.line.command == nullptr) return {Completion::Of::kWords, Commands(place.language)};
+  return place.line.only_operands ? ForOperand(place) : ForOperandAmongOptions(place);
 }
 
 }  // namespace

@@ -8,11 +8,11 @@
 namespace Zelk::Tool {
 namespace {
 
-// bash's own list of words keeps their quotes and splits them at ':' and '='. So the loop reads them
-// from the line, as bash will: $kept is the beginning of the last one that bash does not replace,
-// which is all up to a quote or a character that splits words, and $quote is the one that is open.
-// It has no place for meanings but the list of choices, so they go there (types 63 and 33 of
-// completion list, the others insert).
+// bash's own list of words keeps their quotes and splits them at ':' and '='. So the loop reads
+// them from the line, as bash will: $kept is the beginning of the last one that bash does not
+// replace, which is all up to a quote or a character that splits words, and $quote is the one that
+// is open. It has no place for meanings but the list of choices, so they go there (types 63 and 33
+// of completion list, the others insert).
 constexpr char kBash[] = R"(# Completion of zelk-metadata for bash.
 _zelk_metadata() {
   local text=${COMP_LINE:0:COMP_POINT} words=() n=0 quote='' kept='' char i

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <istream>
+#include <limits>
 #include <system_error>
 
 #include "host/input_file.h"
@@ -35,14 +36,15 @@ void AddFile(const fs::directory_entry& entry, JsonFiles& found, std::vector<fs:
 }
 
 /// A folder that cannot be read does not hide the others.
-JsonFiles FindJsonFiles(const fs::path& folder) {
+JsonFiles FindJsonFiles(const fs::path& folder, std::size_t& entries_left) {
   JsonFiles found;
   std::vector<fs::path> folders{folder};
-  while (!folders.empty()) {
+  while (!folders.empty() && entries_left > 0) {
     const fs::path next = folders.back();
     folders.pop_back();
     std::error_code error;
-    for (fs::directory_iterator at(next, error); !error && at != fs::end(at); at.increment(error)) {
+    fs::directory_iterator at(next, error);
+    for (; !error && at != fs::end(at) && entries_left > 0; at.increment(error), --entries_left) {
       AddFile(*at, found, folders);
     }
     if (error) found.complaints.push_back(next.string() + ": " + error.message());
@@ -51,8 +53,9 @@ JsonFiles FindJsonFiles(const fs::path& folder) {
   return found;
 }
 
-Expansion ExpandFolder(const SourceArgument& argument, const std::string& prefix) {
-  JsonFiles found = FindJsonFiles(argument.path);
+Expansion ExpandFolder(const SourceArgument& argument, const std::string& prefix,
+                       std::size_t& entries_left) {
+  JsonFiles found = FindJsonFiles(argument.path, entries_left);
   Expansion expansion{{}, std::move(found.complaints)};
   for (const fs::path& file : found.files) {
     expansion.sources.push_back({prefix + DefaultSourceId(file.string()), file.string()});
@@ -90,10 +93,15 @@ std::string ShownName(const SourceArgument& source) {
 }
 
 Expansion Expand(const SourceArgument& argument, std::istream& in) {
+  std::size_t all = std::numeric_limits<std::size_t>::max();
+  return Expand(argument, in, all);
+}
+
+Expansion Expand(const SourceArgument& argument, std::istream& in, std::size_t& entries_left) {
   if (argument.path == kInput) return ExpandInput(argument, in);
   std::error_code ignored;
   if (!fs::is_directory(argument.path, ignored)) return {{argument}, {}};
-  return ExpandFolder(argument, argument.is_named ? argument.id + "/" : "");
+  return ExpandFolder(argument, argument.is_named ? argument.id + "/" : "", entries_left);
 }
 
 }  // namespace Zelk::Tool

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <iosfwd>
 #include <memory>
 #include <string>
@@ -42,5 +43,9 @@ struct Expansion {
 /// order of their paths, each with its own name as the id, behind "ID/" where one was given. Links
 /// to folders are not followed. Anything else stands for itself, whether it can be read or not.
 Expansion Expand(const SourceArgument& argument, std::istream& in);
+
+/// The same for who cannot wait: looks at no more entries of folders than are left, and takes away
+/// those that it looked at.
+Expansion Expand(const SourceArgument& argument, std::istream& in, std::size_t& entries_left);
 
 }  // namespace Zelk::Tool
