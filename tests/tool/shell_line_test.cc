@@ -28,6 +28,8 @@ TEST(ShellLine, WhatBeginsWithANumberSignIsNoWord) {
   EXPECT_THAT(Split("# a comment").words, ElementsAre());
   EXPECT_THAT(Split("list # a comment").words, ElementsAre("list"));
   EXPECT_THAT(Split("a#b").words, ElementsAre("a#b"));
+  EXPECT_TRUE(Split("list # a comment").is_comment);
+  EXPECT_FALSE(Split("list '#1' a#b").is_comment);
 }
 
 TEST(ShellLine, WhereTheLastWordBeginsIsTold) {

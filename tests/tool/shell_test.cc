@@ -136,10 +136,20 @@ TEST(Shell, ALineThatMakesNoSenseIsWrongUsage) {
   Talk talk;
   EXPECT_EQ(talk.Say("get component 'com.acme").err, "zelk-metadata: a quote is not closed\n");
   EXPECT_EQ(talk.Say("get component 'com.acme").status, 2);
-  EXPECT_EQ(talk.Say("create -").status, 2);
   EXPECT_EQ(talk.Say("create").status, 2);
   EXPECT_EQ(talk.Say("list components --source " + kInventory).status, 2);
   EXPECT_EQ(talk.Say("shell").status, 2);
+}
+
+TEST(Shell, StandardInputIsLeftToTheLinesOfTheSession) {
+  for (const std::string line : {"create -", "create id=-", "check -", "check missing.json -"}) {
+    const ToolRun run = RunScript(line + "\nexplain zelk.metadata.json.missing.field\n");
+    EXPECT_EQ(run.status, 2) << line;
+    EXPECT_EQ(run.err,
+              "zelk-metadata: standard input is where the lines of the session come from\n")
+        << line;
+    EXPECT_THAT(run.out, StartsWith("zelk.metadata.json.missing.field\n")) << line;
+  }
 }
 
 TEST(Shell, CreateTellsWhatFailsAndLoadsTheRest) {
@@ -175,6 +185,32 @@ TEST(Shell, DeleteOfAnUnknownSourceNamesThoseThatAreNear) {
   EXPECT_EQ(talk.Say("reload inventroy").status, 3);
   EXPECT_EQ(talk.Say("delete ''").status, 3);
   EXPECT_EQ(talk.Say("list sources").out, "inventory\n");
+}
+
+TEST(Shell, AnExactIdWinsOverTheOneBehindADomain) {
+  Talk talk;
+  const std::string create = "create one=" + kInventory + " metamodel:one=" + kNetwork;
+  talk.Say(create);
+  EXPECT_EQ(talk.Say("delete metamodel:one").status, 0);
+  EXPECT_EQ(talk.Say("list sources").out, "one\n");
+  talk.Say("delete one");
+  talk.Say(create);
+  const ToolRun run = talk.Say("reload metamodel:one");
+  EXPECT_EQ(run.out, "same\tmetamodel:metamodel:one\t" + kNetwork + "\t\n");
+  EXPECT_EQ(talk.Say("reload metamodel:metamodel:one").out, run.out);
+}
+
+TEST(Shell, ReloadTakesSeveralSourcesAndAnEmptyIdIsNone) {
+  Talk talk;
+  talk.Say("create " + kInventory + " " + kNetwork);
+  EXPECT_EQ(talk.Say("reload network inventory").out, "same\tmetamodel:network\t" + kNetwork +
+                                                          "\t\nsame\tmetamodel:inventory\t" +
+                                                          kInventory + "\t\n");
+  const ToolRun run = talk.Say("reload ''");
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "zelk-metadata: no source is called ''\n");
+  EXPECT_EQ(talk.Say("reload nobody inventory").status, 3);
 }
 
 TEST(Shell, ReloadTellsWhichSourcesChanged) {
@@ -272,6 +308,15 @@ TEST(ShellCompletion, GoesAsFarAsAllChoicesGoAndNamesThem) {
   EXPECT_THAT(WordsOf(choices), IsSupersetOf({"create", "delete", "reload", "list", "quit"}));
   EXPECT_EQ(talk.Complete("explain zelk.metadata.js").text, "zelk.metadata.json.");
   EXPECT_THAT(talk.Complete("nope ").choices, ElementsAre());
+}
+
+TEST(ShellCompletion, NothingIsCompletedInAComment) {
+  Talk talk;
+  for (const char* line : {"#", "# li", "list #", "list #so", "  #"}) {
+    const LineCompletion completion = talk.Complete(line);
+    EXPECT_EQ(completion.text, "") << line;
+    EXPECT_THAT(completion.choices, ElementsAre()) << line;
+  }
 }
 
 TEST(ShellCompletion, CompletesPathsWithWhatTheyNeedToStayOneWord) {

@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <memory>
 
 #include "check/findings.h"
 #include "check/output.h"
+#include "commands/sources.h"
 #include "commands/table.h"
 #include "domains/table.h"
 #include "host/input_file.h"
@@ -15,6 +17,9 @@ ExitStatus RunCheck(const Arguments& arguments, const Streams& streams) {
     PrintError(streams.err, "check takes the files as operands, not as --source");
     return ExitStatus::kUsage;
   }
+  const bool reads_input =
+      std::find(arguments.files.begin(), arguments.files.end(), "-") != arguments.files.end();
+  if (reads_input && !MayReadInput(streams)) return ExitStatus::kUsage;
   ExitStatus status = ExitStatus::kOk;
   std::shared_ptr<const InputFile> input;
   std::vector<CheckedFile> for_json;

@@ -50,6 +50,12 @@ void Complain(const Tally& tally, const Streams& streams) {
 
 }  // namespace
 
+bool MayReadInput(const Streams& streams) {
+  if (streams.session == nullptr) return true;
+  PrintError(streams.err, "standard input is where the lines of the session come from");
+  return false;
+}
+
 bool LoadSources(Host& host, const Arguments& arguments, const Streams& streams) {
   Tally tally;
   {

@@ -5,6 +5,10 @@
 
 namespace Zelk::Tool {
 
+/// Whether standard input may be read. Not in a session, whose lines come from there; that is
+/// complained of.
+bool MayReadInput(const Streams& streams);
+
 /// Loads every --source and complains of those that fail, which does not keep the others from
 /// loading. False if one failed.
 bool LoadSources(Host& host, const Arguments& arguments, const Streams& streams);

@@ -105,14 +105,24 @@ void Host::KeepAlone(Loaded& loaded) {
   if (!is_same) loaded.alone = nullptr;
 }
 
-std::vector<Host::Loaded*> Host::Meant(const std::string& text) {
+std::function<bool(const Host::Loaded&)> Host::Meaning(
+    const std::optional<std::string>& text) const {
+  const bool is_id = std::any_of(loaded_.begin(), loaded_.end(), [&text](const Loaded& loaded) {
+    return text == loaded.source.id;
+  });
+  return [text, is_id](const Loaded& loaded) {
+    const std::string& id = loaded.source.id;
+    return !text || text == id || (!is_id && text == loaded.row->name + ":" + id);
+  };
+}
+
+std::vector<Host::Loaded*> Host::Meant(const std::optional<std::string>& text) {
+  const auto is_meant = Meaning(text);
   std::vector<Loaded*> meant;
   for (const DomainRow& row : table_) {
     const auto begin = static_cast<std::ptrdiff_t>(meant.size());
     for (Loaded& loaded : loaded_) {
-      const std::string& id = loaded.source.id;
-      const bool is_meant = text.empty() || text == id || text == row.name + ":" + id;
-      if (loaded.row == &row && is_meant) meant.push_back(&loaded);
+      if (loaded.row == &row && is_meant(loaded)) meant.push_back(&loaded);
     }
     std::sort(meant.begin() + begin, meant.end(), [](const Loaded* left, const Loaded* right) {
       return left->source.id < right->source.id;
@@ -127,10 +137,7 @@ std::size_t Host::Delete(const std::string& text) {
     const bool is_gone = !RunningOf(*meant->row).domain->DeleteSource(meant->source.id);
     deleted += is_gone ? 1 : 0;
   }
-  const auto is_meant = [&text](const Loaded& loaded) {
-    return text == loaded.source.id || text == loaded.row->name + ":" + loaded.source.id;
-  };
-  loaded_.erase(std::remove_if(loaded_.begin(), loaded_.end(), is_meant), loaded_.end());
+  loaded_.erase(std::remove_if(loaded_.begin(), loaded_.end(), Meaning(text)), loaded_.end());
   for (Running& running : domains_) {
     running.has_sources =
         std::any_of(loaded_.begin(), loaded_.end(),
@@ -139,7 +146,7 @@ std::size_t Host::Delete(const std::string& text) {
   return deleted;
 }
 
-std::vector<ReloadReport> Host::Reload(const std::string& text) {
+std::vector<ReloadReport> Host::Reload(const std::optional<std::string>& text) {
   const std::vector<Loaded*> meant = Meant(text);
   std::vector<ReloadReport> reports;
   for (Running& running : domains_) {
@@ -148,7 +155,7 @@ std::vector<ReloadReport> Host::Reload(const std::string& text) {
                  [&running](const Loaded* loaded) { return loaded->row == running.row; });
     if (sources.empty()) continue;
     boost::optional<std::string> id;
-    if (!text.empty()) id = sources.front()->source.id;
+    if (text) id = sources.front()->source.id;
     for (ReloadReport& report : ReloadIn(running, sources, id)) {
       reports.push_back(std::move(report));
     }
@@ -223,7 +230,7 @@ Names Host::KindNames() const {
 
 std::vector<SourceOutline> Host::Outlines(std::vector<LoadReport>& failures) {
   std::vector<SourceOutline> outlines;
-  for (const Loaded* const loaded : Meant("")) {
+  for (const Loaded* const loaded : Meant(std::nullopt)) {
     if (loaded->alone) {
       outlines.push_back({loaded->source, loaded->row, loaded->alone->MakeOutline()});
       continue;

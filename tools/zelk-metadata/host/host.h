@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -99,13 +100,13 @@ class Host {
   /// Loads the file into the domain that it belongs to.
   LoadReport Load(const SourceArgument& source);
 
-  /// Forgets the source of that id, in every domain that has one unless "DOMAIN:" stands before it.
-  /// Answers how many there were.
+  /// Forgets the source of that id, in every domain that has one; unless there is such an id, the
+  /// one of the domain that stands before it in "DOMAIN:ID". Answers how many there were.
   std::size_t Delete(const std::string& text);
 
-  /// Loads that source once more, in every domain that has it, or all sources for an empty text.
+  /// Loads the sources that Delete() would forget once more, or all of them without a text.
   /// Nothing, if there is none.
-  std::vector<ReloadReport> Reload(const std::string& text);
+  std::vector<ReloadReport> Reload(const std::optional<std::string>& text);
 
   /// The ids of all sources, those of several domains once.
   Names SourceIds() const;
@@ -143,8 +144,11 @@ class Host {
 
   Running& RunningOf(const DomainRow& row);
 
-  /// In the order in which the services walk them.
-  std::vector<Loaded*> Meant(const std::string& text);
+  /// Tells whether a source is one that the user means.
+  std::function<bool(const Loaded&)> Meaning(const std::optional<std::string>& text) const;
+
+  /// Those that the user means, in the order in which the services walk them.
+  std::vector<Loaded*> Meant(const std::optional<std::string>& text);
 
   /// Keeps what the source holds, read once more. Nothing, if that is not what is answered.
   void KeepAlone(Loaded& loaded);

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <fmt/format.h>
+#include <iterator>
 #include <ostream>
 
 #include "commands/output.h"
@@ -19,9 +21,11 @@ ExitStatus ComplainOfSource(const std::string& id, const Streams& streams) {
 }
 
 ExitStatus RunCreate(const Arguments& arguments, const Streams& streams) {
-  for (const std::string& source : arguments.sources) {
-    if (ParseSourceArgument(source).path != "-") continue;
-    PrintError(streams.err, "standard input is where the lines of the session come from");
+  const auto is_input = [](const std::string& source) {
+    return ParseSourceArgument(source).path == "-";
+  };
+  const auto& sources = arguments.sources;
+  if (std::any_of(sources.begin(), sources.end(), is_input) && !MayReadInput(streams)) {
     return ExitStatus::kUsage;
   }
   const bool loaded = LoadSources(*streams.session, arguments, streams);
@@ -31,7 +35,7 @@ ExitStatus RunCreate(const Arguments& arguments, const Streams& streams) {
 ExitStatus RunDelete(const Arguments& arguments, const Streams& streams) {
   ExitStatus status = ExitStatus::kOk;
   for (const std::string& id : arguments.ids) {
-    if (id.empty() || streams.session->Delete(id) == 0) status = ComplainOfSource(id, streams);
+    if (streams.session->Delete(id) == 0) status = ComplainOfSource(id, streams);
   }
   return status;
 }
@@ -90,11 +94,16 @@ void Write(const std::vector<ReloadReport>& reports, const Arguments& arguments,
 
 /// The truth that the service cannot tell: it is silent about a source that keeps its old data.
 ExitStatus RunReload(const Arguments& arguments, const Streams& streams) {
-  const std::string& id = arguments.text;
-  const std::vector<ReloadReport> reports = streams.session->Reload(id);
-  if (reports.empty() && !id.empty()) return ComplainOfSource(id, streams);
-  Write(reports, arguments, streams);
   ExitStatus status = ExitStatus::kOk;
+  std::vector<ReloadReport> reports;
+  if (arguments.ids.empty()) reports = streams.session->Reload(std::nullopt);
+  for (const std::string& id : arguments.ids) {
+    std::vector<ReloadReport> more = streams.session->Reload(id);
+    if (more.empty()) status = ComplainOfSource(id, streams);
+    std::move(more.begin(), more.end(), std::back_inserter(reports));
+  }
+  if (reports.empty() && status != ExitStatus::kOk) return status;
+  Write(reports, arguments, streams);
   for (const ReloadReport& report : reports) {
     for (const Problem& problem : report.problems) {
       PrintError(streams.err, ProblemLine(report.file, problem));
@@ -130,6 +139,10 @@ ExitStatus RunQuit(const Arguments& /*arguments*/, const Streams& /*streams*/) {
   return ExitStatus::kOk;
 }
 
+const std::string kAboutFolders =
+    "The files of a folder are sources of their own, called NAME, or FOLDER/NAME where the folder\n"
+    "was given the ID FOLDER.\n";
+
 std::vector<Command> Changes() {
   const std::vector<std::string> text{"text"};
   return {
@@ -144,7 +157,7 @@ std::vector<Command> Changes() {
        RunCreate},
       {{"delete",
         "Forget sources with all that came from them",
-        "",
+        kAboutFolders,
         {{"ID", Word::kSourceId, true, "A source, in all domains or as DOMAIN:ID",
           &Arguments::ids}},
         {},
@@ -154,9 +167,11 @@ std::vector<Command> Changes() {
       {{"reload",
         "Load sources once more, and tell which changed and which kept their old data",
         "Without an ID all sources. A source whose file fails keeps its old data, and so do those\n"
-        "behind it in its domain, in the order of their ids, unless they are reloaded by theirs.\n",
+        "behind it in its domain, in the order of their ids, unless they are reloaded by "
+        "theirs.\n" +
+            kAboutFolders,
         {{"ID", Word::kSourceId, false, "A source, in all domains or as DOMAIN:ID",
-          &Arguments::text}},
+          &Arguments::ids}},
         {},
         {"table", "plain", "json"},
         ""},

@@ -38,7 +38,8 @@ SplitLine Split(const std::string& line) {
   while (true) {
     while (at < line.size() && IsBlank(line[at])) ++at;
     split.last_word = at;
-    if (at == line.size() || line[at] == '#') return split;
+    split.is_comment = at < line.size() && line[at] == '#';
+    if (at == line.size() || split.is_comment) return split;
     split.words.push_back(TakeWord(line, at, split.is_open));
     if (at == line.size()) return split;
   }

@@ -14,6 +14,9 @@ struct SplitLine {
 
   /// Whether a quote is opened that is not closed.
   bool is_open = false;
+
+  /// Whether it ends in a comment.
+  bool is_comment = false;
 };
 
 /// Blanks separate words unless they are in 'quotes' or "quotes" or behind a backslash; what begins

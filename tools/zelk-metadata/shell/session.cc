@@ -89,6 +89,7 @@ ExitStatus Session::Run(const std::string& line) {
 
 LineCompletion Session::Complete(const std::string& line) const {
   SplitLine split = Split(line);
+  if (split.is_comment) return {};
   if (split.last_word == line.size()) split.words.emplace_back();
   const std::string typed = split.words.back();
   const auto host_of = [this](const std::vector<std::string>&) -> const Host& { return host_; };
