@@ -1,7 +1,11 @@
+#include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <sys/stat.h>
 
 #include <gmock/gmock.h>
 
+#include "shell/history.h"
 #include "support/file_text.h"
 #include "support/pty.h"
 #include "support/temp_folder.h"
@@ -19,14 +23,18 @@ using Zelk::Testing::Shown;
 using Zelk::Testing::ShowOnTerminal;
 using Zelk::Testing::TempFolder;
 using Zelk::Testing::Typing;
+using Zelk::Tool::HistoryFile;
 
 namespace {
 
 const std::string kPrompt = "zelk> ";
 
-Shown TypeInShell(const std::string& state, const std::vector<Typing>& steps) {
+/// `before` is run by the shell that then becomes the program.
+Shown TypeInShell(const std::string& state, const std::vector<Typing>& steps,
+                  const std::string& before = "") {
   const std::string environment =
-      "unset COLUMNS; export TERM=xterm NO_COLOR=1 XDG_STATE_HOME=" + state + "; ";
+      "unset COLUMNS; export TERM=xterm NO_COLOR=1 LC_ALL=C.UTF-8 XDG_STATE_HOME=" + state + "; " +
+      before;
   return ShowOnTerminal(environment + "exec " ZELK_METADATA_BINARY " shell --source " +
                             kDataFolder + "/inventory.json",
                         80, steps);
@@ -70,6 +78,64 @@ TEST(ShellOnATerminal, AHistoryThatCannotBeKeptBothersNobody) {
   EXPECT_EQ(shown.status, 0) << shown.text;
   EXPECT_THAT(shown.text, HasSubstr("inventory\r\n"));
   EXPECT_THAT(shown.text, Not(HasSubstr("state")));
+}
+
+TEST(ShellOnATerminal, WhatWasTypedIsKeptHoweverTheSessionEnds) {
+  const TempFolder folder;
+  const std::string history = folder.Path("state/zelk-metadata/history");
+  TypeInShell(folder.Path("state"), {{kPrompt, "list sources\r"}, {kPrompt, "tree\r"}},
+              "(for i in $(seq 500); do grep -q tree " + history +
+                  " && break; sleep 0.02; done; kill -HUP $$) 2>/dev/null & ");
+  EXPECT_EQ(FileText(history), "_HiStOrY_V2_\nlist\\040sources\ntree\n");
+  EXPECT_EQ(std::filesystem::status(history).permissions(),
+            std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+}
+
+TEST(ShellHistory, IsSharedBySessionsAtTheSameTime) {
+  const TempFolder folder;
+  setenv("XDG_STATE_HOME", folder.Path("").c_str(), 1);
+  HistoryFile one;
+  HistoryFile other;
+  unsetenv("XDG_STATE_HOME");
+  one.Append("first");
+  other.Append("second");
+  one.Append("third");
+  EXPECT_EQ(FileText(one.Path()), "_HiStOrY_V2_\nfirst\nsecond\nthird\n");
+}
+
+TEST(ShellOnATerminal, WhatWasTypedComesBackAsItWas) {
+  const TempFolder folder;
+  const std::string line = "search 'a\\b \xc3\xa4 ~'";
+  TypeInShell(folder.Path("state"), {{kPrompt, line + "\r"}, {kPrompt, "quit\r"}});
+  const Shown shown =
+      TypeInShell(folder.Path("state"),
+                  {{kPrompt, "\x1b[A"}, {"quit", "\x1b[A"}, {line, "\r"}, {kPrompt, "quit\r"}});
+  EXPECT_EQ(shown.status, 0) << shown.text;
+}
+
+TEST(ShellOnATerminal, TheNewestLinesOfALongHistoryAreKept) {
+  const TempFolder folder;
+  std::string text = "_HiStOrY_V2_\n";
+  for (int i = 0; i < 1500; ++i) text += "line" + std::to_string(i) + "\n";
+  std::filesystem::create_directories(folder.Path("zelk-metadata"));
+  const std::string history = folder.Write("zelk-metadata/history", text);
+  TypeInShell(folder.Path(""), {{kPrompt, "quit\r"}});
+  const std::string kept = FileText(history);
+  EXPECT_THAT(kept, testing::StartsWith("_HiStOrY_V2_\nline500\nline501\n"));
+  EXPECT_THAT(kept, testing::EndsWith("line1499\nquit\n"));
+}
+
+TEST(ShellOnATerminal, WhatIsNoHistoryIsLeftAlone) {
+  const TempFolder folder;
+  std::filesystem::create_directories(folder.Path("zelk-metadata"));
+  const std::string text = "dear diary\n";
+  const std::string diary = folder.Write("zelk-metadata/history", text);
+  EXPECT_EQ(TypeInShell(folder.Path(""), {{kPrompt, "quit\r"}}).status, 0);
+  EXPECT_EQ(FileText(diary), text);
+  std::filesystem::remove(diary);
+  ASSERT_EQ(mkfifo(diary.c_str(), 0600), 0);
+  EXPECT_EQ(TypeInShell(folder.Path(""), {{kPrompt, "quit\r"}}).status, 0);
+  EXPECT_TRUE(std::filesystem::is_fifo(diary));
 }
 
 TEST(ShellOnATerminal, CtrlDEndsIt) {

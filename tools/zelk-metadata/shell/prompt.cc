@@ -17,7 +17,6 @@
 namespace Zelk::Tool {
 namespace {
 
-constexpr int kHistorySize = 1000;
 constexpr std::size_t kMostShown = 100;
 
 const char* PromptText(EditLine* /*editor*/) {
@@ -32,7 +31,7 @@ struct Prompt::Editor {
   const Session& session;
   EditLine* line = nullptr;
   History* history = nullptr;
-  std::string history_file;
+  HistoryFile kept;
   bool is_interrupted = false;
   void (*interrupt_before)(int) = SIG_DFL;
 
@@ -107,13 +106,11 @@ Prompt::Prompt(const Session& session) : editor_(std::make_unique<Editor>(sessio
   std::setlocale(LC_CTYPE, "");
   editor.line = el_init("zelk-metadata", stdin, stdout, stderr);
   editor.history = history_init();
-  editor.history_file = HistoryFile();
   HistEvent event{};
-  history(editor.history, &event, H_SETSIZE, kHistorySize);
+  history(editor.history, &event, H_SETSIZE, static_cast<int>(kHistorySize));
   history(editor.history, &event, H_SETUNIQUE, 1);
-  if (!editor.history_file.empty()) {
-    history(editor.history, &event, H_LOAD, editor.history_file.c_str());
-  }
+  const std::string& path = editor.kept.Path();
+  if (!path.empty()) history(editor.history, &event, H_LOAD, path.c_str());
   el_set(editor.line, EL_CLIENTDATA, &editor);
   el_set(editor.line, EL_PROMPT, PromptText);
   el_set(editor.line, EL_EDITOR, "emacs");
@@ -130,10 +127,6 @@ Prompt::Prompt(const Session& session) : editor_(std::make_unique<Editor>(sessio
 }
 
 Prompt::~Prompt() {
-  HistEvent event{};
-  if (!editor_->history_file.empty()) {
-    history(editor_->history, &event, H_SAVE, editor_->history_file.c_str());
-  }
   history_end(editor_->history);
   el_end(editor_->line);
   std::signal(SIGINT, editor_->interrupt_before);
@@ -151,9 +144,10 @@ bool Prompt::Read(std::string& line) {
   }
   line.assign(typed, static_cast<std::size_t>(size));
   if (line.back() == '\n') line.pop_back();
+  if (line.find_first_not_of(" \t") == std::string::npos) return true;
   HistEvent event{};
-  const bool is_blank = line.find_first_not_of(" \t") == std::string::npos;
-  if (!is_blank) history(editor_->history, &event, H_ENTER, line.c_str());
+  history(editor_->history, &event, H_ENTER, line.c_str());
+  editor_->kept.Append(line);
   return true;
 }
 

@@ -15,7 +15,6 @@ class Prompt {
   Prompt(const Prompt&) = delete;
   Prompt& operator=(const Prompt&) = delete;
 
-  /// Keeps the history. That it cannot be kept is no reason to bother anybody.
   ~Prompt();
 
   /// Asks for a line. Empty after Ctrl-C; false after Ctrl-D, or once the terminal is gone.
