@@ -7,6 +7,7 @@
 #include <pty.h>
 #include <stdexcept>
 #include <string>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -24,6 +25,9 @@ struct Shown {
 struct Typing {
   std::string awaited;
   std::string keys;
+
+  /// What the terminal is made to before that, unless it is 0.
+  unsigned short columns = 0;
 };
 
 /// A command that shows nothing for so long, though more is to be typed, is ended.
@@ -57,6 +61,8 @@ inline Shown ShowOnTerminal(const std::string& command, unsigned short columns,
     if (shown.text.find(next.awaited, seen) == std::string::npos) continue;
     seen = shown.text.size();
     ++step;
+    if (next.columns > 0) size.ws_col = next.columns;
+    ioctl(terminal, TIOCSWINSZ, &size);
     if (write(terminal, next.keys.data(), next.keys.size()) < 0) break;
   }
   close(terminal);

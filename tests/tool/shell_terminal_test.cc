@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include "shell/history.h"
+#include "support/builders.h"
 #include "support/file_text.h"
 #include "support/pty.h"
 #include "support/temp_folder.h"
@@ -17,8 +18,10 @@
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
+using Zelk::Testing::Component;
 using Zelk::Testing::FileText;
 using Zelk::Testing::kDataFolder;
+using Zelk::Testing::MetamodelFile;
 using Zelk::Testing::Shown;
 using Zelk::Testing::ShowOnTerminal;
 using Zelk::Testing::TempFolder;
@@ -69,6 +72,40 @@ TEST(ShellOnATerminal, CtrlCGivesUpTheLineAndAsksAgain) {
                                                          {kPrompt, "quit\r"}});
   EXPECT_EQ(shown.status, 0) << shown.text;
   EXPECT_THAT(shown.text, AllOf(HasSubstr("inventory\r\n"), Not(HasSubstr("com.acme"))));
+}
+
+TEST(ShellOnATerminal, CtrlCEndsAnAnswer) {
+  std::string text;
+  for (int i = 100000; i < 200000; ++i) text += "line" + std::to_string(i) + "\\n";
+  const TempFolder folder;
+  const std::string path = folder.Write("a.json", MetamodelFile(Component("com.long").Doc(text)));
+  for (const std::string output : {"plain", "json"}) {
+    const Shown shown = TypeInShell(folder.Path("state"),
+                                    {{kPrompt, "create " + path + "\r"},
+                                     {kPrompt, "get component com.long --output " + output + "\r"},
+                                     {"line100001", "\x03"},
+                                     {"\n" + kPrompt, "list sources\r"},
+                                     {"inventory", "quit\r"}});
+    EXPECT_EQ(shown.status, 0) << output;
+    EXPECT_THAT(shown.text, Not(HasSubstr("line150000"))) << output;
+  }
+}
+
+TEST(ShellOnATerminal, AnswersFitTheTerminalAsItIs) {
+  const TempFolder folder;
+  const Shown shown = TypeInShell(
+      folder.Path("state"),
+      {{kPrompt, "help\r"}, {"\n" + kPrompt, "help\r", 50}, {"\n" + kPrompt, "quit\r"}});
+  EXPECT_EQ(shown.status, 0) << shown.text;
+  EXPECT_THAT(shown.text, HasSubstr("and which kept their\r\n"));
+  EXPECT_THAT(shown.text, HasSubstr("once more, and tell\r\n"));
+}
+
+TEST(ShellOnATerminal, TakesCharactersWhereTheLocaleHasNone) {
+  const TempFolder folder;
+  const Shown shown = TypeInShell(
+      folder.Path("state"), {{kPrompt, "explain \xc3\xa4\r"}, {kPrompt, "quit\r"}}, "LC_ALL=C; ");
+  EXPECT_THAT(shown.text, HasSubstr("unknown message id '\xc3\xa4'"));
 }
 
 TEST(ShellOnATerminal, AHistoryThatCannotBeKeptBothersNobody) {

@@ -1,9 +1,11 @@
+#include <csignal>
 #include <sstream>
 #include <string>
 
 #include <gmock/gmock.h>
 #include <rapidjson/document.h>
 
+#include "host/interrupt.h"
 #include "shell/session.h"
 #include "support/builders.h"
 #include "support/temp_folder.h"
@@ -211,6 +213,22 @@ TEST(Shell, ReloadTakesSeveralSourcesAndAnEmptyIdIsNone) {
   EXPECT_EQ(run.out, "");
   EXPECT_EQ(run.err, "zelk-metadata: no source is called ''\n");
   EXPECT_EQ(talk.Say("reload nobody inventory").status, 3);
+}
+
+TEST(Shell, WhatFollowsCtrlCIsNotLoaded) {
+  Talk talk;
+  talk.Say("create " + kInventory);
+  {
+    const Zelk::Tool::InterruptWatch watch;
+    EXPECT_FALSE(Zelk::Tool::IsInterrupted());
+    raise(SIGINT);
+    EXPECT_TRUE(Zelk::Tool::IsInterrupted());
+    EXPECT_EQ(talk.Say("create " + kNetwork).err, "");
+    EXPECT_EQ(talk.Say("reload").out, "");
+  }
+  EXPECT_FALSE(Zelk::Tool::IsInterrupted());
+  EXPECT_EQ(talk.Say("list sources").out, "inventory\n");
+  EXPECT_THAT(talk.Say("tree").out, HasSubstr("com.acme"));
 }
 
 TEST(Shell, ReloadTellsWhichSourcesChanged) {

@@ -4,6 +4,7 @@
 #include <fmt/ranges.h>
 
 #include "commands/progress.h"
+#include "host/interrupt.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -35,6 +36,7 @@ void Load(Host& host, const SourceArgument& argument, std::istream& in, Progress
     tally.failed.push_back(ShownName(argument));
   }
   for (const SourceArgument& source : expansion.sources) {
+    if (IsInterrupted()) return;
     ++tally.total;
     progress.Tell(fmt::format("loading {} ...", ShownName(source)));
     Add(tally, host.Load(source));

@@ -10,7 +10,7 @@ namespace Zelk::Tool {
 bool MayReadInput(const Streams& streams);
 
 /// Loads every --source and complains of those that fail, which does not keep the others from
-/// loading. False if one failed.
+/// loading; Ctrl-C in a session does. False if one failed.
 bool LoadSources(Host& host, const Arguments& arguments, const Streams& streams);
 
 /// What each source holds by itself. False if one that was loaded before failed now.

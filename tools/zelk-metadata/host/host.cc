@@ -7,6 +7,7 @@
 #include <iterator>
 #include <set>
 
+#include "host/interrupt.h"
 #include "host/root_key.h"
 
 namespace Zelk::Tool {
@@ -169,20 +170,26 @@ std::vector<ReloadReport> Host::ReloadIn(Running& running, const std::vector<Loa
   for (const Loaded* const loaded : sources) {
     before.push_back(FingerprintOf(*running.domain, loaded->source.id));
   }
-  running.domain->ReloadSource(id);
+  if (!IsInterrupted()) running.domain->ReloadSource(id);
   std::vector<ReloadReport> reports;
   std::string failed;
   for (std::size_t i = 0; i < sources.size(); ++i) {
     Loaded& loaded = *sources[i];
     const SourceArgument& source = loaded.source;
     const std::string after = FingerprintOf(*running.domain, source.id);
+    const bool is_changed = after != before[i];
+    if (IsInterrupted()) {
+      // What it holds is read once it is asked for.
+      if (is_changed) loaded.alone = nullptr;
+      continue;
+    }
     ReloadReport report{
         source.id, ShownName(source), running.row->name, ReloadReport::State::kSame, {}, {}};
     auto alone = running.row->make();
     report.problems = LoadInto(*alone, *running.row, source).problems;
     const bool loads = report.problems.empty();
     const bool is_answered = loads && FingerprintOf(*alone, source.id) == after;
-    if (after != before[i]) {
+    if (is_changed) {
       report.state = ReloadReport::State::kChanged;
       report.problems.clear();
     } else if (!is_answered) {

@@ -105,7 +105,7 @@ class Host {
   std::size_t Delete(const std::string& text);
 
   /// Loads the sources that Delete() would forget once more, or all of them without a text.
-  /// Nothing, if there is none.
+  /// Nothing, if there is none; not all, once Ctrl-C was pressed in a session.
   std::vector<ReloadReport> Reload(const std::optional<std::string>& text);
 
   /// The ids of all sources, those of several domains once.

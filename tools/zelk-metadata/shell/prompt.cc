@@ -4,8 +4,10 @@
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 #include <cwchar>
 #include <histedit.h>
+#include <langinfo.h>
 #include <unistd.h>
 
 #include "render/layout.h"
@@ -102,8 +104,9 @@ unsigned char Prompt::Editor::CompleteHere() const {
 
 Prompt::Prompt(const Session& session) : editor_(std::make_unique<Editor>(session)) {
   Editor& editor = *editor_;
-  // The editor reads characters of the user's encoding.
+  // The editor reads characters of the user's encoding, and drops those that it does not have.
   std::setlocale(LC_CTYPE, "");
+  if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) std::setlocale(LC_CTYPE, "C.UTF-8");
   editor.line = el_init("zelk-metadata", stdin, stdout, stderr);
   editor.history = history_init();
   HistEvent event{};
@@ -118,8 +121,7 @@ Prompt::Prompt(const Session& session) : editor_(std::make_unique<Editor>(sessio
   // Given as wide texts, since the editor never frees the copies that it makes of others.
   el_wset(editor.line, EL_ADDFN, L"zelk-complete", L"Complete a word", Editor::CompleteWord);
   el_set(editor.line, EL_BIND, "^I", "zelk-complete", nullptr);
-  // While a line is typed Ctrl-C is a key; while an answer is written it does nothing, since no
-  // answer takes long.
+  // While a line is typed Ctrl-C is a key.
   el_set(editor.line, EL_SETTY, "-d", "-isig", nullptr);
   el_wset(editor.line, EL_ADDFN, L"zelk-interrupt", L"Give up the line", Editor::Interrupt);
   el_set(editor.line, EL_BIND, "^C", "zelk-interrupt", nullptr);
@@ -134,6 +136,7 @@ Prompt::~Prompt() {
 
 bool Prompt::Read(std::string& line) {
   editor_->is_interrupted = false;
+  el_resize(editor_->line);
   int size = 0;
   const char* const typed = el_gets(editor_->line, &size);
   line.clear();

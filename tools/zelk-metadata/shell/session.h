@@ -29,6 +29,9 @@ class Session {
   /// Loads the values of --source. False if one failed.
   bool Load(const std::vector<std::string>& sources);
 
+  /// Has the answers that follow fit the terminal as it is now.
+  void Fit(const Terminal& terminal) { streams_.out_terminal = terminal; }
+
   /// Does what the line says. An empty one says nothing.
   ExitStatus Run(const std::string& line);
 
