@@ -1,3 +1,6 @@
+#include <cstdlib>
+#include <string>
+
 #include <gmock/gmock.h>
 
 #include "shell/line.h"
@@ -39,8 +42,17 @@ TEST(ShellLine, WhereTheLastWordBeginsIsTold) {
   EXPECT_EQ(Split("").last_word, 0U);
 }
 
+TEST(ShellLine, TheHomeFolderIsPutWhereShellsPutIt) {
+  const std::string home = "/home/somebody";
+  setenv("HOME", home.c_str(), 1);
+  EXPECT_THAT(Split("check ~/a id=~/b").words,
+              ElementsAre("check", home + "/a", "id=" + home + "/b"));
+  EXPECT_THAT(Split(R"(a~/b ~ ~a '~/a' \~/a)").words, ElementsAre("a~/b", "~", "~a", "~/a", "~/a"));
+}
+
 TEST(ShellLine, AQuotedTextIsReadAsItWas) {
-  for (const char* text : {"plain", "", "a b", "it's", "\"", "\\", "#1", "\t", "x\\ y"}) {
+  for (const char* text :
+       {"plain", "", "a b", "it's", "\"", "\\", "#1", "\t", "x\\ y", "~/a", "a=~/b"}) {
     EXPECT_THAT(Split(Quoted(text)).words, ElementsAre(text)) << text;
     EXPECT_FALSE(Split(Quoted(text)).is_open) << text;
   }

@@ -8,6 +8,7 @@
 #include "host/interrupt.h"
 #include "shell/session.h"
 #include "support/builders.h"
+#include "support/file_text.h"
 #include "support/temp_folder.h"
 #include "tool/tool_run.h"
 
@@ -20,6 +21,7 @@ using testing::IsSupersetOf;
 using testing::Not;
 using testing::StartsWith;
 using Zelk::Testing::Component;
+using Zelk::Testing::FileText;
 using Zelk::Testing::kDataFolder;
 using Zelk::Testing::MetamodelFile;
 using Zelk::Testing::Package;
@@ -117,6 +119,7 @@ TEST(Shell, QuitEndsItBeforeTheLinesDo) {
   EXPECT_FALSE(talk.IsOver()) << "that is no quit";
   talk.Say("quit");
   EXPECT_TRUE(talk.IsOver());
+  EXPECT_EQ(RunScript("exit\nlist gadgets\n").err, "");
 }
 
 TEST(Shell, HelpNamesEveryCommandAndTellsAllAboutOne) {
@@ -141,6 +144,21 @@ TEST(Shell, ALineThatMakesNoSenseIsWrongUsage) {
   EXPECT_EQ(talk.Say("create").status, 2);
   EXPECT_EQ(talk.Say("list components --source " + kInventory).status, 2);
   EXPECT_EQ(talk.Say("shell").status, 2);
+}
+
+TEST(Shell, ComplaintsNameWhatCanBeTypedInASession) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"relaod", "unknown command 'relaod'; did you mean reload?; try help"},
+      {"frobnicate", "unknown command 'frobnicate'; try help"},
+      {"--json", "a command is missing; try help"},
+      {"tree --frobnicate", "unknown option '--frobnicate'; try help"},
+      {"quit now", "quit has no use for 'now'; try help quit"},
+      {"list operations", "usage: list operation SERVICE"},
+  };
+  Talk talk;
+  for (const auto& [line, complaint] : rows) {
+    EXPECT_EQ(talk.Say(line).err, "zelk-metadata: " + complaint + "\n") << line;
+  }
 }
 
 TEST(Shell, StandardInputIsLeftToTheLinesOfTheSession) {
@@ -270,6 +288,21 @@ TEST(Shell, ReloadTellsWhichSourcesKeepTheirOldDataAndWhy) {
   EXPECT_EQ(talk.Say("list components").out, "com.a.new\ncom.b\ncom.c\n");
   EXPECT_THAT(talk.Say("reload c").out, StartsWith("changed\tmetamodel:c\t"));
   EXPECT_EQ(talk.Say("list components").out, "com.a.new\ncom.b\ncom.c.new\n");
+}
+
+TEST(Shell, ReloadTellsOfAFileThatBelongsToAnotherDomainNow) {
+  const TempFolder folder;
+  const std::string path =
+      folder.Write("a.json", FileText(ZELK_SOURCE_DIR "/metadata/cli/zelk-metadata.json"));
+  Talk talk;
+  ASSERT_EQ(talk.Say("create " + path).status, 0);
+  folder.Write("a.json", MetamodelFile(Component("com.a")));
+  const ToolRun run = talk.Say("reload");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "kept\tcli:a\t" + path +
+                         "\told data, since the file belongs to metamodel now; delete and create "
+                         "it\n");
+  EXPECT_EQ(run.err, "");
 }
 
 TEST(Shell, ReloadInJsonHasWhatTheLinesAndTheComplaintsHave) {

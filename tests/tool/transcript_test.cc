@@ -123,6 +123,7 @@ TEST(Transcript, WrongUsageIsToldInOneLine) {
   ExpectGolden("usage", {
                             "",
                             "frobnicate",
+                            "lsit",
                             "--frobnicate",
                             "list",
                             "list --frobnicate components",

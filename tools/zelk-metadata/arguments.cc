@@ -10,6 +10,7 @@
 
 #include "commands/about.h"
 #include "commands/command.h"
+#include "host/near.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -107,22 +108,31 @@ void Declare(CLI::App& app, const Language& language, Arguments& arguments) {
   }
 }
 
-std::string LeftOver(const CLI::App& app, const std::string& word) {
-  const bool is_option = word.size() > 1 && word.front() == '-';
-  if (is_option) return fmt::format("unknown option '{}'; try --help", word);
-  if (app.get_subcommands().empty()) return fmt::format("unknown command '{}'; try --help", word);
-  const std::string name = app.get_subcommands().front()->get_name();
-  return fmt::format("{} has no use for '{}'; try {} --help", name, word, name);
+/// What tells more, about the command or, without one, about all of them.
+std::string Help(const Language& language, const std::string& command = "") {
+  const bool is_session = language.program.empty();
+  const std::string blank = command.empty() ? "" : " ";
+  return is_session ? "help" + blank + command : command + blank + "--help";
 }
 
-std::string Complaint(const CLI::App& app) {
+std::string LeftOver(const CLI::App& app, const Language& language, const std::string& word) {
+  const bool is_option = word.size() > 1 && word.front() == '-';
+  if (is_option) return fmt::format("unknown option '{}'; try {}", word, Help(language));
+  if (app.get_subcommands().empty()) {
+    return fmt::format("{}; try {}", UnknownCommand(language, word), Help(language));
+  }
+  const std::string name = app.get_subcommands().front()->get_name();
+  return fmt::format("{} has no use for '{}'; try {}", name, word, Help(language, name));
+}
+
+std::string Complaint(const CLI::App& app, const Language& language) {
   std::vector<std::string> left_over = app.remaining(true);
   left_over.erase(std::remove(left_over.begin(), left_over.end(), "--"), left_over.end());
   if (!left_over.empty()) {
     Unshield(left_over.front());
-    return LeftOver(app, left_over.front());
+    return LeftOver(app, language, left_over.front());
   }
-  return app.get_subcommands().empty() ? "a command is missing; try --help" : "";
+  return app.get_subcommands().empty() ? "a command is missing; try " + Help(language) : "";
 }
 
 /// Makes --output and --json agree. Answers what is wrong with them.
@@ -141,6 +151,12 @@ std::string Reconcile(Arguments& arguments, const CommandDescription& command) {
 
 }  // namespace
 
+std::string UnknownCommand(const Language& language, const std::string& word) {
+  std::vector<std::string> known;
+  for (const Command& command : language.commands) known.push_back(command.description.name);
+  return fmt::format("unknown command '{}'{}", word, Suggestion(NearNames(word, known)));
+}
+
 ParsedArguments ParseArguments(const std::vector<std::string>& args, const Language& language) {
   ParsedArguments parsed;
   const std::string name = language.program.substr(0, language.program.find(' '));
@@ -158,10 +174,10 @@ ParsedArguments ParseArguments(const std::vector<std::string>& args, const Langu
     return parsed;
   } catch (const CLI::ParseError& error) {
     // What is left over explains more: it is why the rest seems to be missing.
-    parsed.error = app.remaining(true).empty() ? error.what() : Complaint(app);
+    parsed.error = app.remaining(true).empty() ? error.what() : Complaint(app, language);
     return parsed;
   }
-  parsed.error = Complaint(app);
+  parsed.error = Complaint(app, language);
   if (!parsed.error.empty()) return parsed;
   Unshield(parsed.arguments);
   const Command& chosen = *FindCommand(language, app.get_subcommands().front()->get_name());

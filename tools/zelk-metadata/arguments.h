@@ -37,6 +37,9 @@ struct ParsedArguments {
   std::string help;
 };
 
+/// The complaint about a word that is no command of the language, with those that are near.
+std::string UnknownCommand(const Language& language, const std::string& word);
+
 /// Options may stand before and after the command's name. Whether a kind is known, and how many
 /// ids it takes, is not checked here. The command is one of the language.
 ParsedArguments ParseArguments(const std::vector<std::string>& args, const Language& language);

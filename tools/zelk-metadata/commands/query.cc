@@ -95,8 +95,9 @@ ExitStatus ComplainOfKind(const std::string& verb, const Arguments& arguments, c
     PrintError(streams.err, fmt::format("there is no {} for the kind '{}'", verb, arguments.kind));
   } else {
     const Candidate& likeliest = candidates.front();
-    PrintError(streams.err, fmt::format("usage: zelk-metadata {} {}{}", verb,
-                                        likeliest.found.kind->name, IdsText(likeliest)));
+    PrintError(streams.err,
+               fmt::format("usage: {}{} {}{}", streams.session == nullptr ? "zelk-metadata " : "",
+                           verb, likeliest.found.kind->name, IdsText(likeliest)));
   }
   return ExitStatus::kUsage;
 }

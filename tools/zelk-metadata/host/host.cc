@@ -184,7 +184,7 @@ std::vector<ReloadReport> Host::ReloadIn(Running& running, const std::vector<Loa
       continue;
     }
     ReloadReport report{
-        source.id, ShownName(source), running.row->name, ReloadReport::State::kSame, {}, {}};
+        source.id, ShownName(source), running.row->name, ReloadReport::State::kSame, {}, {}, {}};
     auto alone = running.row->make();
     report.problems = LoadInto(*alone, *running.row, source).problems;
     const bool loads = report.problems.empty();
@@ -194,6 +194,11 @@ std::vector<ReloadReport> Host::ReloadIn(Running& running, const std::vector<Loa
       report.problems.clear();
     } else if (!is_answered) {
       report.state = ReloadReport::State::kKept;
+      const DomainRow* const row = FindDomain(source.path, table_);
+      if (row != nullptr && row != running.row) {
+        report.moved_to = row->name;
+        report.problems.clear();
+      }
       if (loads) report.behind = failed;
     }
     if (is_answered) loaded.alone = std::move(alone);

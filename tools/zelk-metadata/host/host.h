@@ -72,9 +72,10 @@ struct ReloadReport {
   std::string domain;
   State state;
 
-  /// Why it was kept: what is wrong with the file; or, if nothing is, the id of the source that
-  /// failed before it, which keeps a domain from going on; or neither, if the file has changed
-  /// meanwhile.
+  /// Why it was kept: the name of the domain that the file belongs to now; or what is wrong with
+  /// the file; or, if nothing is, the id of the source that failed before it, which keeps a domain
+  /// from going on; or none of these, if the file has changed meanwhile.
+  std::string moved_to;
   std::vector<Problem> problems;
   std::string behind;
 };

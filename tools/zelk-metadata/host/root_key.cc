@@ -38,7 +38,7 @@ class RootKeyFinder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Roo
     return found_ == table_.end();
   }
 
-  const DomainRow& Found() const { return found_ == table_.end() ? table_.front() : *found_; }
+  const DomainRow* Found() const { return found_ == table_.end() ? nullptr : &*found_; }
 
  private:
   const DomainTable& table_;
@@ -48,7 +48,7 @@ class RootKeyFinder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Roo
 
 }  // namespace
 
-const DomainRow& DomainOf(const std::string& path, const DomainTable& table) {
+const DomainRow* FindDomain(const std::string& path, const DomainTable& table) {
   RootKeyFinder finder(table);
   // Opening a pipe would wait for a writer, and reading it take the bytes from the service.
   std::error_code ignored;
@@ -59,6 +59,11 @@ const DomainRow& DomainOf(const std::string& path, const DomainTable& table) {
     rapidjson::Reader().Parse<rapidjson::kParseIterativeFlag>(stream, finder);
   }
   return finder.Found();
+}
+
+const DomainRow& DomainOf(const std::string& path, const DomainTable& table) {
+  const DomainRow* const found = FindDomain(path, table);
+  return found == nullptr ? table.front() : *found;
 }
 
 }  // namespace Zelk::Tool

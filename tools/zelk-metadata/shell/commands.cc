@@ -55,6 +55,10 @@ const char* NameOf(ReloadReport::State state) {
 /// One line; the messages of the file follow elsewhere.
 std::string Reason(const ReloadReport& report) {
   if (report.state != ReloadReport::State::kKept) return "";
+  if (!report.moved_to.empty()) {
+    return fmt::format("old data, since the file belongs to {} now; delete and create it",
+                       report.moved_to);
+  }
   if (!report.problems.empty()) return "old data, since the file fails to load";
   if (report.behind.empty()) return "old data, since the file changed meanwhile; reload it again";
   return fmt::format("old data, since {}, which comes before it, fails; reload it by its id",
@@ -116,10 +120,7 @@ ExitStatus RunReload(const Arguments& arguments, const Streams& streams) {
 ExitStatus RunHelp(const Arguments& arguments, const Streams& streams) {
   const Language& language = SessionLanguage();
   if (!arguments.text.empty() && FindCommand(language, arguments.text) == nullptr) {
-    Names known;
-    for (const Command& command : language.commands) known.push_back(command.description.name);
-    PrintError(streams.err, fmt::format("unknown command '{}'{}", arguments.text,
-                                        Suggestion(NearNames(arguments.text, known))));
+    PrintError(streams.err, UnknownCommand(language, arguments.text));
     return ExitStatus::kNotFound;
   }
   if (!arguments.text.empty()) {
@@ -191,6 +192,7 @@ std::vector<Command> Others() {
         ""},
        RunHelp},
       {{"quit", "End the session", "", {}, {}, text, ""}, RunQuit},
+      {{"exit", "The same as quit", "", {}, {}, text, ""}, RunQuit},
   };
 }
 

@@ -1,12 +1,20 @@
 #include "shell/line.h"
 
+#include <cstdlib>
+
 namespace Zelk::Tool {
 namespace {
 
-constexpr char kSpecial[] = " \t\\'\"#";
+constexpr char kSpecial[] = " \t\\'\"#~";
 
 bool IsBlank(char character) {
   return character == ' ' || character == '\t' || character == '\r';
+}
+
+/// Whether a path in the home folder begins there: "~/" where a word does, or behind "ID=".
+bool IsHome(const std::string& line, std::size_t at) {
+  const bool is_begin = at == 0 || IsBlank(line[at - 1]) || line[at - 1] == '=';
+  return is_begin && line.compare(at, 2, "~/") == 0 && std::getenv("HOME") != nullptr;
 }
 
 /// Reads the word at `at` and moves behind it.
@@ -22,6 +30,8 @@ std::string TakeWord(const std::string& line, std::size_t& at, bool& is_open) {
       quote = character;
     } else if (character == quote) {
       quote = '\0';
+    } else if (quote == '\0' && IsHome(line, at)) {
+      word += std::getenv("HOME");
     } else {
       word += character;
     }

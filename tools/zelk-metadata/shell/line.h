@@ -20,7 +20,8 @@ struct SplitLine {
 };
 
 /// Blanks separate words unless they are in 'quotes' or "quotes" or behind a backslash; what begins
-/// with '#' is not read on.
+/// with '#' is not read on. As shells do, "~/" at the beginning of a word or behind '=' is made the
+/// home folder, unless it is quoted.
 SplitLine Split(const std::string& line);
 
 /// The text as one word of a line.

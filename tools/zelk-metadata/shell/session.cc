@@ -76,7 +76,8 @@ ExitStatus Session::Run(const std::string& line) {
   }
   const ParsedArguments parsed = ParseArguments(split.words, SessionLanguage());
   if (parsed.command != nullptr) {
-    has_ended_ = parsed.command->description.name == "quit";
+    const std::string& name = parsed.command->description.name;
+    has_ended_ = name == "quit" || name == "exit";
     return parsed.command->run(parsed.arguments, streams_);
   }
   if (!parsed.error.empty()) {
