@@ -90,6 +90,8 @@ TEST(Complete, OffersTheValuesOfAnOptionApartOrInOneWord) {
   EXPECT_THAT(Choices("check --output=g"), ElementsAre("--output=github"));
   EXPECT_THAT(Choices("--output "), IsSupersetOf({"table", "plain", "json", "text", "github"}));
   EXPECT_THAT(Choices("tree --depth "), ElementsAre());
+  EXPECT_THAT(Choices("tree --json="), ElementsAre()) << "a flag has no value";
+  EXPECT_THAT(Choices("tree --nope="), ElementsAre());
 }
 
 TEST(Complete, OffersTheKindsThatTheCommandTakesWithTheirIds) {
@@ -110,6 +112,16 @@ TEST(Complete, OffersTheNamesThatTheSourcesBeforeItHold) {
               ElementsAre("com.acme.inventory.machines"));
   EXPECT_THAT(Choices("get component "), ElementsAre()) << "nothing is loaded";
   EXPECT_THAT(Choices("get gadget " + kInventory), ElementsAre());
+  EXPECT_THAT(Choices("get hidden " + kInventory), ElementsAre()) << "it can be listed only";
+  EXPECT_THAT(Choices("list operations com.acme.inventory.machines " + kInventory), ElementsAre());
+  EXPECT_THAT(Choices("-x --source=" + kDataFolder + "/inventory.json get component "),
+              ElementsAre("com.acme"))
+      << "the source in one word, behind an option that there is not";
+}
+
+TEST(Complete, OffersANameOnceThoughSeveralDomainsHaveIt) {
+  EXPECT_THAT(Choices("get component --source " ZELK_SOURCE_DIR "/metadata "),
+              ElementsAre("com.orvane.zelk.metadata"));
 }
 
 TEST(Complete, OffersOnlyTheOperationsOfTheServiceBeforeIt) {
@@ -127,6 +139,7 @@ TEST(Complete, OffersTheNamesOfAClientPartByPart) {
   EXPECT_THAT(Choices(usage + "metadata "), ElementsAre("authentication", "cli", "metamodel"));
   EXPECT_THAT(Choices(usage + "metadata.cli.co"),
               IsSupersetOf({"metadata.cli.command", "metadata.cli.command.list"}));
+  EXPECT_THAT(Choices(usage + "nope "), ElementsAre());
 }
 
 TEST(Complete, OffersTheIdsOfMessagesWithTheirTexts) {

@@ -22,6 +22,7 @@ using Zelk::Testing::Component;
 using Zelk::Testing::FileText;
 using Zelk::Testing::kDataFolder;
 using Zelk::Testing::MetamodelFile;
+using Zelk::Testing::Package;
 using Zelk::Testing::Shown;
 using Zelk::Testing::ShowOnTerminal;
 using Zelk::Testing::TempFolder;
@@ -74,6 +75,28 @@ TEST(ShellOnATerminal, CtrlCGivesUpTheLineAndAsksAgain) {
   EXPECT_THAT(shown.text, AllOf(HasSubstr("inventory\r\n"), Not(HasSubstr("com.acme"))));
 }
 
+TEST(ShellOnATerminal, ShowsNoMoreChoicesThanCanBeRead) {
+  std::string packages;
+  for (int i = 0; i < 120; ++i) {
+    const std::string name = (i % 2 == 0 ? "a" : "b") + std::to_string(i);
+    packages += (i == 0 ? "" : ", ") + Package(name).Json();
+  }
+  const TempFolder folder;
+  const std::string path =
+      folder.Write("many.json", R"({"metamodel": {"component": {"name": "com.many",
+      "documentation": "", "metadata": {}, "packages": [)" +
+                                    packages + "]}}}");
+  const Shown shown = TypeInShell(folder.Path("state"), {{kPrompt, "create " + path + "\r"},
+                                                         {kPrompt, "get package \t"},
+                                                         {"and 22 more", "\x03"},
+                                                         {kPrompt, "nope \t"},
+                                                         {"nope ", "\x03"},
+                                                         {kPrompt, "\r"},
+                                                         {kPrompt, "\x04"}});
+  EXPECT_EQ(shown.status, 0) << shown.text;
+  EXPECT_THAT(shown.text, AllOf(HasSubstr("a0\r\n"), HasSubstr("and 22 more\r\n")));
+}
+
 TEST(ShellOnATerminal, CtrlCEndsAnAnswer) {
   std::string text;
   for (int i = 100000; i < 200000; ++i) text += "line" + std::to_string(i) + "\\n";
@@ -115,6 +138,18 @@ TEST(ShellOnATerminal, AHistoryThatCannotBeKeptBothersNobody) {
   EXPECT_EQ(shown.status, 0) << shown.text;
   EXPECT_THAT(shown.text, HasSubstr("inventory\r\n"));
   EXPECT_THAT(shown.text, Not(HasSubstr("state")));
+}
+
+TEST(ShellOnATerminal, TheHistoryIsInTheHomeFolderUnlessAnotherFolderIsNamed) {
+  const TempFolder folder;
+  const std::vector<Typing> steps{{kPrompt, "list sources\r"}, {kPrompt, "quit\r"}};
+  for (const char* elsewhere : {"unset XDG_STATE_HOME; ", "XDG_STATE_HOME=relative; "}) {
+    std::filesystem::remove_all(folder.Path(".local"));
+    TypeInShell("", steps, elsewhere + ("export HOME=" + folder.Path("") + "; "));
+    EXPECT_THAT(FileText(folder.Path(".local/state/zelk-metadata/history")), HasSubstr("quit"));
+  }
+  const Shown homeless = TypeInShell("", steps, "unset XDG_STATE_HOME HOME; ");
+  EXPECT_EQ(homeless.status, 0) << homeless.text;
 }
 
 TEST(ShellOnATerminal, WhatWasTypedIsKeptHoweverTheSessionEnds) {

@@ -137,6 +137,14 @@ TEST(Shell, HelpNamesEveryCommandAndTellsAllAboutOne) {
   EXPECT_EQ(unknown.err, "zelk-metadata: unknown command 'relaod'; did you mean reload?\n");
 }
 
+TEST(Shell, HelpBehindACommandTellsAllAboutIt) {
+  Talk talk;
+  const ToolRun run = talk.Say("list --help");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, talk.Say("help list").out);
+  EXPECT_EQ(run.err, "");
+}
+
 TEST(Shell, ALineThatMakesNoSenseIsWrongUsage) {
   Talk talk;
   EXPECT_EQ(talk.Say("get component 'com.acme").err, "zelk-metadata: a quote is not closed\n");
@@ -290,6 +298,15 @@ TEST(Shell, ReloadTellsWhichSourcesKeepTheirOldDataAndWhy) {
   EXPECT_EQ(talk.Say("list components").out, "com.a.new\ncom.b\ncom.c.new\n");
 }
 
+TEST(Shell, ReloadTellsOfSourcesOfEveryDomain) {
+  Talk talk;
+  talk.Say("create " ZELK_SOURCE_DIR "/metadata/authentication m=" ZELK_SOURCE_DIR
+           "/metadata/metamodel/zelk-metadata.json");
+  const ToolRun run = talk.Say("reload --output json");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.out, AllOf(HasSubstr("\"authentication\""), HasSubstr("\"metamodel\"")));
+}
+
 TEST(Shell, ReloadTellsOfAFileThatBelongsToAnotherDomainNow) {
   const TempFolder folder;
   const std::string path =
@@ -350,6 +367,7 @@ TEST(ShellCompletion, CompletesCommandsKindsAndNamesOfWhatIsLoaded) {
   EXPECT_EQ(talk.Complete("delete metamodel:inv").text, "metamodel:inventory ");
   EXPECT_EQ(talk.Complete("help f").text, "fingerprint ");
   EXPECT_EQ(talk.Complete("tree --js").text, "--json ");
+  EXPECT_EQ(talk.Complete("--h").text, "--help ");
 }
 
 TEST(ShellCompletion, GoesAsFarAsAllChoicesGoAndNamesThem) {
@@ -386,4 +404,8 @@ TEST(ShellCompletion, CompletesPathsWithWhatTheyNeedToStayOneWord) {
   EXPECT_THAT(WordsOf(talk.Complete("check " + path)),
               ElementsAre(folder.Path("one file.json"), folder.Path("two.json")));
   EXPECT_EQ(talk.Complete("check " + folder.Path("none/x")).text, "");
+  EXPECT_EQ(talk.Complete("create " + folder.Path("tw")).text.find(folder.Path("tw")), 0U);
+  folder.Write(".hidden.json", "");
+  EXPECT_THAT(WordsOf(talk.Complete("check " + path)),
+              Not(testing::Contains(HasSubstr(".hidden"))));
 }
