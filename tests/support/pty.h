@@ -30,7 +30,7 @@ struct Typing {
   unsigned short columns = 0;
 };
 
-/// A command that shows nothing for so long, though more is to be typed, is ended.
+/// A command that shows nothing for so long is ended.
 constexpr int kPatienceInMilliseconds = 30000;
 
 inline Shown ShowOnTerminal(const std::string& command, unsigned short columns,
@@ -51,7 +51,10 @@ inline Shown ShowOnTerminal(const std::string& command, unsigned short columns,
   std::size_t seen = 0;
   pollfd ready{terminal, POLLIN, 0};
   while (true) {
-    if (step < steps.size() && poll(&ready, 1, kPatienceInMilliseconds) == 0) kill(child, SIGKILL);
+    if (poll(&ready, 1, kPatienceInMilliseconds) == 0) {
+      kill(child, SIGKILL);
+      break;
+    }
     // The end is an error here, once nobody has the other side open any more.
     const ssize_t size_read = read(terminal, chunk.data(), chunk.size());
     if (size_read <= 0) break;
