@@ -48,6 +48,8 @@ TEST(ShellLine, TheHomeFolderIsPutWhereShellsPutIt) {
   EXPECT_THAT(Split("check ~/a id=~/b").words,
               ElementsAre("check", home + "/a", "id=" + home + "/b"));
   EXPECT_THAT(Split(R"(a~/b ~ ~a '~/a' \~/a)").words, ElementsAre("a~/b", "~", "~a", "~/a", "~/a"));
+  unsetenv("HOME");
+  EXPECT_THAT(Split("check ~/a").words, ElementsAre("check", "~/a")) << "nobody is at home";
 }
 
 TEST(ShellLine, AQuotedTextIsReadAsItWas) {

@@ -94,6 +94,16 @@ TEST(ShellOnATerminal, ShowsNoMoreChoicesThanCanBeRead) {
   EXPECT_THAT(shown.text, AllOf(HasSubstr("a0\r\n"), HasSubstr("and 22 more\r\n")));
 }
 
+TEST(ShellOnATerminal, BeepsWhereThereIsNothingAndEndsWithCtrlD) {
+  const TempFolder folder;
+  const Shown shown =
+      TypeInShell(folder.Path("state"),
+                  {{kPrompt, "nope \t"}, {"\a", "\x03"}, {"^C\r\n", "  \r"}, {kPrompt, "\x04"}});
+  EXPECT_EQ(shown.status, 0) << shown.text;
+  EXPECT_EQ(FileText(folder.Path("state/zelk-metadata/history")), "_HiStOrY_V2_\n")
+      << "neither a line that was given up nor a blank one is kept";
+}
+
 TEST(ShellOnATerminal, CtrlCEndsAnAnswer) {
   std::string text;
   for (int i = 100000; i < 200000; ++i) text += "line" + std::to_string(i) + "\\n";

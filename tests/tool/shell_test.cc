@@ -360,6 +360,7 @@ TEST(ShellCompletion, CompletesCommandsKindsAndNamesOfWhatIsLoaded) {
   talk.Say("create " + kInventory);
   EXPECT_EQ(talk.Complete("rel").text, "reload ");
   EXPECT_EQ(talk.Complete("  rel").replaced, 3U);
+  EXPECT_EQ(talk.Complete("reload").text, "reload ") << "the word is whole, and the next may begin";
   EXPECT_EQ(talk.Complete("get oper").text, "operation ");
   EXPECT_EQ(talk.Complete("get operation com.acme.inventory.m").text,
             "com.acme.inventory.machines ");
@@ -404,6 +405,8 @@ TEST(ShellCompletion, CompletesPathsWithWhatTheyNeedToStayOneWord) {
   EXPECT_THAT(WordsOf(talk.Complete("check " + path)),
               ElementsAre(folder.Path("one file.json"), folder.Path("two.json")));
   EXPECT_EQ(talk.Complete("check " + folder.Path("none/x")).text, "");
+  EXPECT_EQ(talk.Complete("check no-such-file-in-this-folder").text, "");
+  EXPECT_EQ(talk.Complete("create =no-such-file").text, "") << "no id stands before the sign";
   EXPECT_EQ(talk.Complete("create " + folder.Path("tw")).text.find(folder.Path("tw")), 0U);
   folder.Write(".hidden.json", "");
   EXPECT_THAT(WordsOf(talk.Complete("check " + path)),
