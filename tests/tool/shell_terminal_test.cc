@@ -94,14 +94,23 @@ TEST(ShellOnATerminal, ShowsNoMoreChoicesThanCanBeRead) {
   EXPECT_THAT(shown.text, AllOf(HasSubstr("a0\r\n"), HasSubstr("and 22 more\r\n")));
 }
 
-TEST(ShellOnATerminal, BeepsWhereThereIsNothingAndEndsWithCtrlD) {
+TEST(ShellOnATerminal, BeepsWhereThereIsNothingToComplete) {
   const TempFolder folder;
-  const Shown shown =
-      TypeInShell(folder.Path("state"),
-                  {{kPrompt, "nope \t"}, {"\a", "\x03"}, {"^C\r\n", "  \r"}, {kPrompt, "\x04"}});
+  const Shown shown = TypeInShell(folder.Path("state"),
+                                  {{kPrompt, "nope \t"}, {"\a", "\x03"}, {"^C\r\n", "quit\r"}});
   EXPECT_EQ(shown.status, 0) << shown.text;
-  EXPECT_EQ(FileText(folder.Path("state/zelk-metadata/history")), "_HiStOrY_V2_\n")
-      << "neither a line that was given up nor a blank one is kept";
+}
+
+TEST(ShellOnATerminal, KeepsNoBlankLine) {
+  const TempFolder folder;
+  const Shown shown = TypeInShell(folder.Path("state"), {{kPrompt, "  \r"}, {kPrompt, "quit\r"}});
+  EXPECT_EQ(shown.status, 0) << shown.text;
+  EXPECT_EQ(FileText(folder.Path("state/zelk-metadata/history")), "_HiStOrY_V2_\nquit\n");
+}
+
+TEST(ShellOnATerminal, CtrlDEndsTheSession) {
+  const TempFolder folder;
+  EXPECT_EQ(TypeInShell(folder.Path("state"), {{kPrompt, "\x04"}}).status, 0);
 }
 
 TEST(ShellOnATerminal, CtrlCEndsAnAnswer) {

@@ -45,7 +45,7 @@ std::string TakeWord(const std::string& line, std::size_t& at, bool& is_open) {
 SplitLine Split(const std::string& line) {
   SplitLine split;
   std::size_t at = 0;
-  while (true) {
+  for (;;) {
     while (at < line.size() && IsBlank(line[at])) ++at;
     split.last_word = at;
     split.is_comment = at < line.size() && line[at] == '#';
