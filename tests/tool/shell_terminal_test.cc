@@ -108,9 +108,11 @@ TEST(ShellOnATerminal, KeepsNoBlankLine) {
   EXPECT_EQ(FileText(folder.Path("state/zelk-metadata/history")), "_HiStOrY_V2_\nquit\n");
 }
 
-TEST(ShellOnATerminal, CtrlDEndsTheSession) {
+TEST(ShellOnATerminal, CtrlDOnAnEmptyLineEndsTheSession) {
   const TempFolder folder;
-  EXPECT_EQ(TypeInShell(folder.Path("state"), {{kPrompt, "\x04"}}).status, 0);
+  const Shown shown =
+      TypeInShell(folder.Path("state"), {{kPrompt, "get comp\t"}, {"onent", "\x15\x04"}});
+  EXPECT_EQ(shown.status, 0) << shown.text;
 }
 
 TEST(ShellOnATerminal, CtrlCEndsAnAnswer) {
