@@ -154,7 +154,7 @@ Choices Kinds(const Place& place) {
   Choices choices;
   for (const std::string& name : host.KindNames()) {
     for (const FoundKind& found : host.FindKinds(name)) {
-      const auto ids = ids_of == nullptr ? std::nullopt : ids_of(*found.kind);
+      const auto ids = ids_of(*found.kind);
       if (!ids) continue;
       const std::string word = with_domain ? found.row->name + ":" + name : name;
       if (!choices.empty() && choices.back().word == word) continue;
@@ -187,7 +187,7 @@ Names NamesFor(const FoundKind& found, std::size_t index, const Ids& given) {
 
 Choices IdChoices(const Place& place) {
   const CommandDescription& command = place.line.command->description;
-  if (place.line.operands.empty() || command.ids_of == nullptr) return {};
+  // The kind stands before its ids.
   const Ids given(place.line.operands.begin() + 1, place.line.operands.end());
   std::set<std::string> seen;
   Choices choices;

@@ -174,38 +174,41 @@ std::vector<ReloadReport> Host::ReloadIn(Running& running, const std::vector<Loa
   std::vector<ReloadReport> reports;
   std::string failed;
   for (std::size_t i = 0; i < sources.size(); ++i) {
-    Loaded& loaded = *sources[i];
-    const SourceArgument& source = loaded.source;
-    const std::string after = FingerprintOf(*running.domain, source.id);
-    const bool is_changed = after != before[i];
-    if (IsInterrupted()) {
+    if (!IsInterrupted()) {
+      reports.push_back(ReportOf(running, *sources[i], before[i], failed));
+    } else if (FingerprintOf(*running.domain, sources[i]->source.id) != before[i]) {
       // What it holds is read once it is asked for.
-      if (is_changed) loaded.alone = nullptr;
-      continue;
+      sources[i]->alone = nullptr;
     }
-    ReloadReport report{
-        source.id, ShownName(source), running.row->name, ReloadReport::State::kSame, {}, {}, {}};
-    auto alone = running.row->make();
-    report.problems = LoadInto(*alone, *running.row, source).problems;
-    const bool loads = report.problems.empty();
-    const bool is_answered = loads && FingerprintOf(*alone, source.id) == after;
-    if (is_changed) {
-      report.state = ReloadReport::State::kChanged;
-      report.problems.clear();
-    } else if (!is_answered) {
-      report.state = ReloadReport::State::kKept;
-      const DomainRow* const row = FindDomain(source.path, table_);
-      if (row != nullptr && row != running.row) {
-        report.moved_to = row->name;
-        report.problems.clear();
-      }
-      if (loads) report.behind = failed;
-    }
-    if (is_answered) loaded.alone = std::move(alone);
-    if (!loads && failed.empty()) failed = source.id;
-    reports.push_back(std::move(report));
   }
   return reports;
+}
+
+ReloadReport Host::ReportOf(Running& running, Loaded& loaded, const std::string& before,
+                            std::string& failed) {
+  const SourceArgument& source = loaded.source;
+  const std::string after = FingerprintOf(*running.domain, source.id);
+  ReloadReport report{
+      source.id, ShownName(source), running.row->name, ReloadReport::State::kSame, {}, {}, {}};
+  auto alone = running.row->make();
+  report.problems = LoadInto(*alone, *running.row, source).problems;
+  const bool loads = report.problems.empty();
+  const bool is_answered = loads && FingerprintOf(*alone, source.id) == after;
+  if (after != before) {
+    report.state = ReloadReport::State::kChanged;
+    report.problems.clear();
+  } else if (!is_answered) {
+    report.state = ReloadReport::State::kKept;
+    const DomainRow* const row = FindDomain(source.path, table_);
+    if (row != nullptr && row != running.row) {
+      report.moved_to = row->name;
+      report.problems.clear();
+    }
+    if (loads) report.behind = failed;
+  }
+  if (is_answered) loaded.alone = std::move(alone);
+  if (!loads && failed.empty()) failed = source.id;
+  return report;
 }
 
 Names Host::SourceIds() const {

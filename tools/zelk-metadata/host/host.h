@@ -158,6 +158,11 @@ class Host {
   std::vector<ReloadReport> ReloadIn(Running& running, const std::vector<Loaded*>& sources,
                                      const boost::optional<std::string>& id);
 
+  /// How a reload left the source, whose fingerprint was `before`. `failed` is the first source of
+  /// the reload that failed so far; empty for none.
+  ReloadReport ReportOf(Running& running, Loaded& loaded, const std::string& before,
+                        std::string& failed);
+
   HostUse use_;
   std::vector<Running> domains_;
   std::vector<Loaded> loaded_;

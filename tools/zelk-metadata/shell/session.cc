@@ -107,7 +107,7 @@ LineCompletion Session::Complete(const std::string& line) const {
     completed.replaced = line.size() - split.last_word;
     completed.text = Quoted(common);
   }
-  const bool goes_on = common.empty() || common.back() == '/' || common.back() == '=';
+  const bool goes_on = common.empty() || common.back() == '/';
   if (choices.size() > 1) {
     completed.choices = std::move(choices);
   } else if (!goes_on) {
