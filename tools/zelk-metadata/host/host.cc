@@ -174,12 +174,13 @@ std::vector<ReloadReport> Host::ReloadIn(Running& running, const std::vector<Loa
   std::vector<ReloadReport> reports;
   std::string failed;
   for (std::size_t i = 0; i < sources.size(); ++i) {
-    if (!IsInterrupted()) {
-      reports.push_back(ReportOf(running, *sources[i], before[i], failed));
-    } else if (FingerprintOf(*running.domain, sources[i]->source.id) != before[i]) {
+    if (IsInterrupted()) {
+      const bool is_changed = FingerprintOf(*running.domain, sources[i]->source.id) != before[i];
       // What it holds is read once it is asked for.
-      sources[i]->alone = nullptr;
+      if (is_changed) sources[i]->alone = nullptr;
+      continue;
     }
+    reports.push_back(ReportOf(running, *sources[i], before[i], failed));
   }
   return reports;
 }
