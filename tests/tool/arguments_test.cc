@@ -11,7 +11,7 @@ using Zelk::Testing::RunOnInventory;
 using Zelk::Testing::RunTool;
 using Zelk::Testing::ToolRun;
 using Zelk::Tool::Command;
-using Zelk::Tool::Commands;
+using Zelk::Tool::ProgramLanguage;
 
 TEST(Arguments, VersionIsThatOfTheProject) {
   const ToolRun run = RunLine("--version");
@@ -23,7 +23,7 @@ TEST(Arguments, VersionIsThatOfTheProject) {
 TEST(Arguments, HelpNamesTheCommandsTheOptionsAndTheExitStatuses) {
   const ToolRun run = RunLine("--help");
   EXPECT_EQ(run.status, 0);
-  for (const Command& command : Commands()) {
+  for (const Command& command : ProgramLanguage().commands) {
     EXPECT_THAT(run.out, HasSubstr("\n  " + command.description.name + " "));
     EXPECT_THAT(run.out, HasSubstr("\n  zelk-metadata " + command.description.example + "\n"));
   }
@@ -102,7 +102,7 @@ TEST(Arguments, AnUnknownKindIsToldBeforeAnythingIsLoaded) {
 }
 
 TEST(Arguments, EveryCommandHasAHelpWithItsOperandsItsOptionsAndItsExample) {
-  for (const Command& command : Commands()) {
+  for (const Command& command : ProgramLanguage().commands) {
     const ToolRun run = RunLine(command.description.name + " --help");
     EXPECT_EQ(run.status, 0) << command.description.name;
     EXPECT_THAT(run.out, HasSubstr("Example: zelk-metadata " + command.description.example));
@@ -116,7 +116,7 @@ TEST(Arguments, EveryCommandHasAHelpWithItsOperandsItsOptionsAndItsExample) {
 }
 
 TEST(Arguments, OutputIsOneOfThoseThatTheCommandKnows) {
-  for (const Command& command : Commands()) {
+  for (const Command& command : ProgramLanguage().commands) {
     const std::string& name = command.description.name;
     std::vector<std::string> line{name, "--output", "poem"};
     if (!command.description.operands.empty()) line.emplace_back("source");

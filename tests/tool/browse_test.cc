@@ -74,7 +74,7 @@ class InSourceFolder {
 TEST(Browse, TheExampleOfEveryCommandWorksAndIsShownInTheReadme) {
   const InSourceFolder in_source_folder;
   const std::string readme = FileText("README.md");
-  for (const Command& command : Zelk::Tool::Commands()) {
+  for (const Command& command : Zelk::Tool::ProgramLanguage().commands) {
     const std::string& example = command.description.example;
     const ToolRun run = RunLine(example);
     EXPECT_EQ(run.status, 0) << example;

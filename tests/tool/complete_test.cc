@@ -27,8 +27,7 @@ using Zelk::Testing::RunTool;
 using Zelk::Testing::TempFolder;
 using Zelk::Testing::ToolRun;
 using Zelk::Tool::Command;
-using Zelk::Tool::Commands;
-using Zelk::Tool::SharedOptions;
+using Zelk::Tool::ProgramLanguage;
 
 namespace {
 
@@ -63,7 +62,7 @@ Lines Choices(const std::string& line) {
 
 TEST(Complete, OffersEveryCommandWithItsSummary) {
   Lines expected{"words"};
-  for (const Command& command : Commands()) {
+  for (const Command& command : ProgramLanguage().commands) {
     expected.push_back(command.description.name + "\t" + command.description.summary);
   }
   EXPECT_EQ(Asked(""), expected);
@@ -71,10 +70,10 @@ TEST(Complete, OffersEveryCommandWithItsSummary) {
 }
 
 TEST(Complete, OffersEveryOptionThatMayStandThere) {
-  for (const Command& command : Commands()) {
+  for (const Command& command : ProgramLanguage().commands) {
     Lines expected;
     for (const auto& option : command.description.options) expected.push_back("--" + option.name);
-    for (const auto& option : SharedOptions()) expected.push_back("--" + option.name);
+    for (const auto& option : ProgramLanguage().options) expected.push_back("--" + option.name);
     expected.emplace_back("--help");
     EXPECT_EQ(Choices(command.description.name + " -"), expected);
     EXPECT_EQ(Choices(command.description.name + " --"), expected);
@@ -84,7 +83,7 @@ TEST(Complete, OffersEveryOptionThatMayStandThere) {
 }
 
 TEST(Complete, OffersTheValuesOfAnOptionApartOrInOneWord) {
-  for (const Command& command : Commands()) {
+  for (const Command& command : ProgramLanguage().commands) {
     EXPECT_EQ(Choices(command.description.name + " --output "), command.description.outputs);
   }
   EXPECT_THAT(Choices("check --output=g"), ElementsAre("--output=github"));

@@ -33,7 +33,7 @@ using Zelk::Testing::TempFolder;
 using Zelk::Testing::ToolRun;
 using Zelk::Testing::Typing;
 using Zelk::Tool::Command;
-using Zelk::Tool::Commands;
+using Zelk::Tool::ProgramLanguage;
 
 namespace {
 
@@ -215,7 +215,7 @@ TEST(CompletionInBash, CompletesBehindTheCharactersThatBashSplitsWordsAt) {
 
 TEST(CompletionInBash, ShowsWhatTheChoicesMean) {
   const std::string shown = TypeInBash("zelk-metadata \t\t\n").err;
-  for (const Command& command : Commands()) {
+  for (const Command& command : ProgramLanguage().commands) {
     EXPECT_THAT(shown, HasSubstr("(" + command.description.summary + ")"));
   }
 }

@@ -13,10 +13,8 @@ using testing::StartsWith;
 using Zelk::Testing::RunLine;
 using Zelk::Testing::ToolRun;
 using Zelk::Tool::Command;
-using Zelk::Tool::Commands;
 using Zelk::Tool::FindCommand;
 using Zelk::Tool::ProgramLanguage;
-using Zelk::Tool::SharedOptions;
 
 namespace {
 
@@ -33,7 +31,7 @@ TEST(Manual, NamesEveryCommandWithItsOperandsOptionsAndExample) {
   const ToolRun run = RunLine("man");
   EXPECT_EQ(run.status, 0);
   EXPECT_THAT(run.out, StartsWith(".TH ZELK\\-METADATA 1 "));
-  for (const Command& command : Commands()) {
+  for (const Command& command : ProgramLanguage().commands) {
     const auto& description = command.description;
     EXPECT_THAT(run.out, HasSubstr("\n.SS " + description.name + "\n"));
     EXPECT_THAT(run.out, HasSubstr("\n" + Roff(description.summary) + ".\n"));
@@ -45,7 +43,8 @@ TEST(Manual, NamesEveryCommandWithItsOperandsOptionsAndExample) {
       EXPECT_THAT(run.out, HasSubstr("\\fB" + Roff("--" + option.name) + "\\fR")) << option.name;
     }
   }
-  for (const auto& option : SharedOptions()) EXPECT_THAT(run.out, HasSubstr(Roff(option.summary)));
+  for (const auto& option : ProgramLanguage().options)
+    EXPECT_THAT(run.out, HasSubstr(Roff(option.summary)));
 }
 
 TEST(Manual, NamesEveryExitStatus) {

@@ -68,10 +68,8 @@ struct OptionDescription {
   /// What its value is called in texts; empty for a flag.
   std::string value_name;
 
+  /// The choices of Word::kChoice are the outputs of the command.
   Word word;
-
-  /// For Word::kChoice; empty where every command has choices of its own.
-  std::vector<std::string> choices;
 
   /// One line of --help.
   std::string summary;
@@ -92,6 +90,9 @@ struct OperandDescription {
   /// For Word::kChoice.
   std::vector<std::string> choices = {};
 };
+
+/// Whether it takes all words that are left.
+bool TakesAll(const OperandDescription& operand);
 
 struct CommandDescription {
   std::string name;

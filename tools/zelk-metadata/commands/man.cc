@@ -1,5 +1,4 @@
 #include <ostream>
-#include <variant>
 
 #include "commands/about.h"
 #include "commands/table.h"
@@ -33,10 +32,6 @@ std::string BoldText(const std::string& text) {
 
 std::string ItalicText(const std::string& text) {
   return "\\fI" + Escaped(text) + "\\fR";
-}
-
-bool TakesAll(const OperandDescription& operand) {
-  return std::holds_alternative<std::vector<std::string> Arguments::*>(operand.target);
 }
 
 /// "KIND [ID...]".

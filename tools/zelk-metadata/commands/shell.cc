@@ -1,71 +1,19 @@
-#include <algorithm>
-#include <iostream>
-#include <streambuf>
+#include <istream>
 #include <string>
-#include <unistd.h>
 
 #include "commands/table.h"
-#include "host/interrupt.h"
-#include "shell/prompt.h"
+#include "shell/dialogue.h"
 #include "shell/session.h"
 
 namespace Zelk::Tool {
-namespace {
-
-/// Somebody types, and sees the answers.
-bool IsDialogue(const Streams& streams) {
-  return &streams.in == &std::cin && isatty(STDIN_FILENO) != 0 && streams.out_terminal.is_terminal;
-}
-
-/// Throws away what is written once Ctrl-C was pressed.
-class UntilInterrupted : public std::streambuf {
- public:
-  explicit UntilInterrupted(std::streambuf& target) : target_(target) {}
-
- protected:
-  int_type overflow(int_type character) override {
-    const char text = traits_type::to_char_type(character);
-    return xsputn(&text, 1) == 1 ? traits_type::not_eof(character) : traits_type::eof();
-  }
-
-  std::streamsize xsputn(const char* text, std::streamsize size) override {
-    // In pieces, as one long text may take long, too.
-    constexpr std::streamsize kPiece = 4096;
-    for (std::streamsize at = 0; at < size && !IsInterrupted(); at += kPiece) {
-      const std::streamsize piece = std::min(kPiece, size - at);
-      if (target_.sputn(text + at, piece) != piece) return at;
-    }
-    return size;
-  }
-
-  int sync() override { return target_.pubsync(); }
-
- private:
-  std::streambuf& target_;
-};
-
-ExitStatus RunDialogue(const Arguments& arguments, const Streams& streams) {
-  UntilInterrupted buffer(*streams.out.rdbuf());
-  std::ostream out(&buffer);
-  Session session({streams.in, out, streams.err, streams.out_terminal, streams.err_terminal});
-  session.Load(arguments.sources);
-  Prompt prompt(session);
-  for (std::string line; !session.HasEnded() && prompt.Read(line);) {
-    session.Fit(TerminalOf(STDOUT_FILENO));
-    const InterruptWatch watch;
-    session.Run(line);
-    if (IsInterrupted()) streams.out << '\n';
-    out.flush();
-  }
-  return ExitStatus::kOk;
-}
-
-}  // namespace
 
 /// Runs lines until one says that it is over, or none is left. One that fails does not end a
 /// script, but decides its exit status.
 ExitStatus RunShell(const Arguments& arguments, const Streams& streams) {
-  if (IsDialogue(streams)) return RunDialogue(arguments, streams);
+  if (IsDialogue(streams)) {
+    RunDialogue(arguments.sources, streams);
+    return ExitStatus::kOk;
+  }
   Session session(streams);
   const bool loaded = session.Load(arguments.sources);
   ExitStatus first = loaded ? ExitStatus::kOk : ExitStatus::kSourceFailed;

@@ -110,11 +110,7 @@ Command Tree() {
            "Components, packages, services and operations; namespaces and commands; how many of\n"
            "each there are in a thing. What several sources hold is shown once.\n",
            {},
-           {{"depth",
-             "LEVELS",
-             Word::kNumber,
-             {},
-             "How many levels to show below the domains",
+           {{"depth", "LEVELS", Word::kNumber, "How many levels to show below the domains",
              &Arguments::depth}},
            kOutputs,
            "tree --depth 1 --source metadata"},
@@ -206,10 +202,7 @@ Command Shell() {
 std::vector<OptionDescription> ProgramOptions() {
   std::vector<OptionDescription> options = SessionOptions();
   options.insert(options.begin(),
-                 {"source",
-                  "[ID=]PATH",
-                  Word::kSource,
-                  {},
+                 {"source", "[ID=]PATH", Word::kSource,
                   "Load a file, a folder or standard input (-); may be given several times",
                   &Arguments::sources});
   return options;
@@ -219,13 +212,9 @@ std::vector<OptionDescription> ProgramOptions() {
 
 std::vector<OptionDescription> SessionOptions() {
   return {
-      {"output",
-       "FORMAT",
-       Word::kChoice,
-       {},
-       "table, plain or json; unless given, a table on a terminal, else plain",
-       &Arguments::output},
-      {"json", "", Word::kNone, {}, "The same as --output json", &Arguments::json},
+      {"output", "FORMAT", Word::kChoice,
+       "table, plain or json; unless given, a table on a terminal, else plain", &Arguments::output},
+      {"json", "", Word::kNone, "The same as --output json", &Arguments::json},
   };
 }
 
@@ -242,20 +231,16 @@ const Language& ProgramLanguage() {
   return language;
 }
 
+bool TakesAll(const OperandDescription& operand) {
+  return std::holds_alternative<std::vector<std::string> Arguments::*>(operand.target);
+}
+
 const Command* FindCommand(const Language& language, const std::string& name) {
   const auto& commands = language.commands;
   const auto found = std::find_if(commands.begin(), commands.end(), [&](const Command& command) {
     return command.description.name == name;
   });
   return found == commands.end() ? nullptr : &*found;
-}
-
-const std::vector<Command>& Commands() {
-  return ProgramLanguage().commands;
-}
-
-const std::vector<OptionDescription>& SharedOptions() {
-  return ProgramLanguage().options;
 }
 
 }  // namespace Zelk::Tool

@@ -6,18 +6,12 @@
 
 namespace Zelk::Tool {
 
-/// What the program can be asked on its command line.
+/// What the program can be asked on its command line, in the order in which --help shows it.
 const Language& ProgramLanguage();
 
 // What sessions have of it: the commands that ask something, and the options without sources.
 std::vector<Command> Questions();
 std::vector<OptionDescription> SessionOptions();
-
-/// All commands, in the order in which --help shows them.
-const std::vector<Command>& Commands();
-
-/// The options that all commands take, before and after the command's name.
-const std::vector<OptionDescription>& SharedOptions();
 
 /// How many ids `which` takes for the kind, or nothing for one that it cannot be asked.
 std::optional<IdCount> IdsOfWhich(const Kind& kind);

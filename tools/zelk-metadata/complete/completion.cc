@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <set>
-#include <variant>
 
 #include "commands/query.h"
 #include "explain/explanations.h"
@@ -124,9 +123,8 @@ Choices Plain(const Names& words) {
   return choices;
 }
 
-/// Those of the option, or else those of the command, or else those of any.
-Choices ValuesOf(const OptionDescription& option, const Language& language, const Line& line) {
-  if (!option.choices.empty()) return Plain(option.choices);
+/// The outputs of the command or, without one, of any.
+Choices Outputs(const Language& language, const Line& line) {
   if (line.command != nullptr) return Plain(line.command->description.outputs);
   Names all;
   for (const Command& command : language.commands) {
@@ -271,8 +269,7 @@ Completion ForOperand(const Place& place) {
   if (operands.empty()) return {};
   const std::size_t given = place.line.operands.size();
   const OperandDescription& last = operands.back();
-  const bool takes_all = std::holds_alternative<std::vector<std::string> Arguments::*>(last.target);
-  if (given >= operands.size() && !takes_all) return {};
+  if (given >= operands.size() && !TakesAll(last)) return {};
   const OperandDescription& operand = given < operands.size() ? operands[given] : last;
   if (operand.word == Word::kChoice) return {Completion::Of::kWords, Plain(operand.choices)};
   return ForWord(operand.word, place);
@@ -290,7 +287,7 @@ Completion ForOperandAmongOptions(const Place& place) {
 
 Completion ForValue(const OptionDescription& option, const Place& place) {
   if (option.word != Word::kChoice) return ForWord(option.word, place);
-  return {Completion::Of::kWords, ValuesOf(option, place.language, place.line)};
+  return {Completion::Of::kWords, Outputs(place.language, place.line)};
 }
 
 /// For "--name=value": each choice is the whole word again.
