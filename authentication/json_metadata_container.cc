@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "authentication/json_metadata_parser.h"
-#include "common/tree_queries.h"
+#include "common/queries/tree_queries.h"
 
 namespace Zelk::Provider::Metadata::Authentication {
 

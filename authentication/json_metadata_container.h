@@ -5,7 +5,7 @@
 #include <zelk/provider/metadata/authentication/metadata_container.h>
 
 #include "authentication/source_data.h"
-#include "common/source_registry.h"
+#include "common/sources/source_registry.h"
 
 namespace Zelk::Provider::Metadata::Authentication {
 

@@ -1,6 +1,6 @@
 #include "authentication/json_metadata_parser.h"
 
-#include "common/json_member.h"
+#include "common/json/json_member.h"
 
 namespace Zelk::Provider::Metadata::Authentication {
 namespace {

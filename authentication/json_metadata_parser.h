@@ -10,7 +10,7 @@
 
 #include <com/orvane/zelk/metadata/authentication/records.h>
 
-#include "common/json_document.h"
+#include "common/json/json_document.h"
 
 namespace Zelk::Provider::Metadata::Authentication {
 

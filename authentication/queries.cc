@@ -1,5 +1,5 @@
 #include "authentication/json_metadata_container.h"
-#include "common/tree_queries.h"
+#include "common/queries/tree_queries.h"
 
 // The queries of the container. Sources are walked in ascending id order, and at every level the
 // records in ascending key order.

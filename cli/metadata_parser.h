@@ -6,7 +6,7 @@
 
 #include <com/orvane/zelk/metadata/cli/records.h>
 
-#include "common/json_member.h"
+#include "common/json/json_member.h"
 
 namespace Zelk::Provider::Metadata::Cli {
 

@@ -6,7 +6,7 @@
 
 #include <com/orvane/zelk/metadata/cli/records.h>
 
-#include "common/source_record.h"
+#include "common/sources/source_record.h"
 
 namespace Zelk::Provider::Metadata::Cli {
 

@@ -11,7 +11,7 @@
 
 #include <com/orvane/zelk/metadata/metamodel/enumerations.h>
 
-#include "common/json_member.h"
+#include "common/json/json_member.h"
 #include "fuzz/support/check.h"
 #include "fuzz/support/default_json.h"
 #include "fuzz/support/json_member_oracle.h"

@@ -1,4 +1,4 @@
-#include "common/json_member.h"
+#include "common/json/json_member.h"
 #include "metamodel/json_metadata_parser.h"
 #include "metamodel/member_parsers.h"
 

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "common/tree_queries.h"
+#include "common/queries/tree_queries.h"
 #include "metamodel/json_metadata_parser.h"
 #include "metamodel/walkers.h"
 

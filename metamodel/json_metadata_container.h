@@ -4,7 +4,7 @@
 
 #include <zelk/provider/metadata/metamodel/metadata_container.h>
 
-#include "common/source_registry.h"
+#include "common/sources/source_registry.h"
 #include "metamodel/source_data.h"
 
 namespace Zelk::Provider::Metadata::Metamodel {

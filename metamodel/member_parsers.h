@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "common/json_member.h"
+#include "common/json/json_member.h"
 #include "metamodel/json_metadata_parser.h"
 
 // What the Metamodel parser's operations share when they read members.

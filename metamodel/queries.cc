@@ -1,4 +1,4 @@
-#include "common/tree_queries.h"
+#include "common/queries/tree_queries.h"
 #include "metamodel/json_metadata_container.h"
 #include "metamodel/walkers.h"
 

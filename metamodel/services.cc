@@ -1,6 +1,6 @@
 #include <zelk/provider/metadata/metamodel/services.h>
 
-#include "common/service_frame.h"
+#include "common/queries/service_frame.h"
 
 namespace Zelk::Provider::Metadata::Metamodel {
 

@@ -7,7 +7,7 @@
 
 #include <com/orvane/zelk/metadata/metamodel/records.h>
 
-#include "common/source_record.h"
+#include "common/sources/source_record.h"
 
 namespace Zelk::Provider::Metadata::Metamodel {
 

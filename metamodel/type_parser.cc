@@ -2,7 +2,7 @@
 #include <utility>
 #include <vector>
 
-#include "common/json_member.h"
+#include "common/json/json_member.h"
 #include "metamodel/json_metadata_parser.h"
 
 namespace Zelk::Provider::Metadata::Metamodel {

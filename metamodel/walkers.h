@@ -4,8 +4,8 @@
 #include <set>
 #include <string>
 
-#include "common/tree_queries.h"
-#include "common/walkers.h"
+#include "common/queries/tree_queries.h"
+#include "common/queries/walkers.h"
 
 namespace Zelk::Provider::Metadata::Metamodel {
 

@@ -11,6 +11,7 @@
 
 #include "authentication/component_text.h"
 #include "support/message_texts.h"
+#include "support/source_dir.h"
 
 // The definitions of the library's own services: what their schemes file says fits what their
 // metamodel file says.

@@ -16,6 +16,7 @@
 
 #include "cli/cli_text.h"
 #include "cli/hosted.h"
+#include "support/source_dir.h"
 
 // The commands for the library's own services, held against the description of these services.
 

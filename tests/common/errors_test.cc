@@ -1,4 +1,4 @@
-#include "common/errors.h"
+#include "common/messages/errors.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "common/json_document.h"
+#include "common/json/json_document.h"
 
 #include <cstdint>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "common/json_enum.h"
+#include "common/json/json_enum.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "common/json_member.h"
+#include "common/json/json_member.h"
 
 #include <string>
 #include <vector>

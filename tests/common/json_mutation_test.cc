@@ -9,7 +9,7 @@
 #include <rapidjson/document.h>
 #include <rapidjson/istreamwrapper.h>
 
-#include "common/json_document.h"
+#include "common/json/json_document.h"
 #include "support/json_text.h"
 #include "support/message_texts.h"
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "common/json_member.h"
+#include "common/json/json_member.h"
 #include "support/json_text.h"
 #include "support/message_texts.h"
 

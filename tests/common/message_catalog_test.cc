@@ -1,4 +1,4 @@
-#include "common/message_catalog.h"
+#include "common/messages/message_catalog.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -13,6 +13,7 @@
 #include <rapidjson/error/error.h>
 
 #include "support/file_text.h"
+#include "support/source_dir.h"
 
 namespace Zelk::Provider::Metadata {
 namespace {
@@ -65,7 +66,8 @@ const std::vector<Row> kRows = {
 
 /// The strings of the catalog's array as the source lists them: id, text, id, text and so on.
 std::vector<std::string> StringsOfTheSource() {
-  const std::string source = Testing::FileText(ZELK_SOURCE_DIR "/common/message_catalog.cc");
+  const std::string source =
+      Testing::FileText(ZELK_SOURCE_DIR "/common/messages/message_catalog.cc");
   const auto begin = source.find("kCatalog[] = {");
   const std::string rows = source.substr(begin, source.find("{nullptr, nullptr}", begin) - begin);
   std::vector<std::string> strings;

@@ -1,4 +1,4 @@
-#include "common/name_filter.h"
+#include "common/sources/name_filter.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "common/service_frame.h"
+#include "common/queries/service_frame.h"
 
 #include <functional>
 #include <list>

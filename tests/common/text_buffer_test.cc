@@ -1,4 +1,4 @@
-#include "common/text_buffer.h"
+#include "common/json/text_buffer.h"
 
 #include <cstddef>
 #include <cstdint>

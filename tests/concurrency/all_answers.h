@@ -7,6 +7,7 @@
 #include <boost/none.hpp>
 
 #include "support/record_dump.h"
+#include "support/source_dir.h"
 #include "surface/domains_under_test.h"
 
 // What every const operation of a container answers, in one text: for all that it lists, and for

@@ -10,7 +10,7 @@ while IFS=$'\t' read -r id text; do
     echo "docs/messages.md lacks $id with its text"
     status=1
   fi
-done < <(tr -d '\n' <"$1/common/message_catalog.cc" | grep -oE '\{"[^"]+", *"[^"]+"\}' |
+done < <(tr -d '\n' <"$1/common/messages/message_catalog.cc" | grep -oE '\{"[^"]+", *"[^"]+"\}' |
   sed -E 's/\{"([^"]+)", *"([^"]+)"\}/\1\t\2/')
 [ "$count" -eq 32 ] || { echo "$count messages found"; status=1; }
 exit $status

@@ -16,6 +16,7 @@
 #include "fault/injection.h"
 #include "fault/metamodel_calls.h"
 #include "support/file_text.h"
+#include "support/source_dir.h"
 #include "surface/domains_under_test.h"
 
 namespace Zelk::Testing {

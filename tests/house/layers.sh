@@ -22,21 +22,22 @@ forbid metamodel '(authentication|cli)/' 'domains know each other'
 forbid authentication '(metamodel|cli)/' 'domains know each other'
 forbid cli '(metamodel|authentication)/' 'domains know each other'
 forbid platform/core 'com/' 'the core knows the bindings'
-forbid 'common/message_catalog.*' 'common/(json|source|service|errors)' 'the catalog looks up'
-forbid 'common/json_*' 'common/(source|service|errors)' 'the binding looks up'
+forbid common/messages 'common/(json|sources|queries)/' 'messages know a layer above them'
+forbid common/json 'common/(sources|queries)/' 'the JSON binding knows a layer above it'
+forbid common/sources 'common/queries/' 'sources know the queries'
 for domain in metamodel authentication cli; do
   forbid "$domain/*parser*" \
-    "(common/(source|service|walkers|tree)|$domain/(json_metadata_container|walkers|source_data|queries))" \
+    "(common/(sources|queries)/|$domain/(json_metadata_container|walkers|source_data|queries))" \
     'a parser looks up'
-  forbid "$domain/json_metadata_container.* $domain/queries.cc" '(common/service_frame|.*/services\.h)' \
+  forbid "$domain/json_metadata_container.* $domain/queries.cc" '(common/queries/service_frame|.*/services\.h)' \
     'a container looks up'
 done
 forbid tools '(common|metamodel|authentication|cli)/' 'the host goes round the public headers'
 forbid tests/surface '(common|metamodel|authentication|cli)/' 'a surface test looks inside'
 
 # RapidJSON asserts where a lookup or a type is wrong, so only checked lookups touch it.
-found=$(grep -nE 'MemberBegin|FindMember\("|HasMember|\.GetObject\(|GetString\(' {common,metamodel,authentication,cli}/*.{h,cc} |
-  grep -v '^common/json_lookup')
+found=$(grep -nE 'MemberBegin|FindMember\("|HasMember|\.GetObject\(|GetString\(' {common/*,metamodel,authentication,cli}/*.{h,cc} |
+  grep -v '^common/json/json_lookup')
 if [ -n "$found" ]; then
   printf 'unchecked JSON access:\n%s\n' "$found"
   status=1

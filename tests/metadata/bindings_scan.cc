@@ -8,6 +8,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "support/source_dir.h"
+
 namespace Zelk::Testing {
 namespace {
 

@@ -12,6 +12,7 @@
 #include <zelk/provider/metadata/metamodel/metadata_container.h>
 
 #include "metadata/bindings_scan.h"
+#include "support/source_dir.h"
 
 namespace Zelk::Testing {
 namespace {

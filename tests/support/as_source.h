@@ -3,7 +3,7 @@
 #include <istream>
 #include <string_view>
 
-#include "common/text_buffer.h"
+#include "common/json/text_buffer.h"
 
 // What the parsers read: a text as that of a file, a stream as it is.
 

@@ -8,7 +8,7 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
-#include "common/json_document.h"
+#include "common/json/json_document.h"
 
 // JSON for tests: parsed, written, and changed in one place.
 

@@ -9,7 +9,7 @@
 
 #include <boost/optional.hpp>
 
-#include "common/source_registry.h"
+#include "common/sources/source_registry.h"
 #include "support/temp_folder.h"
 
 // For tests that hold lookups against walks that leave nothing out.

@@ -14,6 +14,7 @@
 #include "check/findings.h"
 #include "domains/table.h"
 #include "support/file_text.h"
+#include "support/source_dir.h"
 #include "support/temp_folder.h"
 
 // Every message of the library gets a place, and the right one: documents are damaged at random,

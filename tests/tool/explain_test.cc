@@ -8,6 +8,7 @@
 #include "domains/table.h"
 #include "explain/explanations.h"
 #include "support/file_text.h"
+#include "support/source_dir.h"
 #include "support/temp_folder.h"
 #include "tool/tool_run.h"
 

@@ -9,6 +9,7 @@
 #include "shell/session.h"
 #include "support/builders.h"
 #include "support/file_text.h"
+#include "support/source_dir.h"
 #include "support/temp_folder.h"
 #include "tool/tool_run.h"
 

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "support/pty.h"
+#include "support/source_dir.h"
 #include "support/temp_folder.h"
 #include "tool/tool_run.h"
 

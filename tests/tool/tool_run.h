@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "run.h"
+#include "support/source_dir.h"
 
 namespace Zelk::Testing {
 

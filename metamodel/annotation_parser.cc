@@ -1,6 +1,6 @@
 #include <com/orvane/zelk/metadata/metamodel/metadata_identifier_svc.h>
 
-#include "common/json_lookup.h"
+#include "common/json/json_lookup.h"
 #include "metamodel/json_metadata_parser.h"
 
 namespace Zelk::Provider::Metadata::Metamodel {

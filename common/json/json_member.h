@@ -9,8 +9,8 @@
 
 #include <boost/optional.hpp>
 
-#include "common/json_enum.h"
-#include "common/json_lookup.h"
+#include "common/json/json_enum.h"
+#include "common/json/json_lookup.h"
 
 // Each helper binds one member of a JSON object while it is constructed: it looks the member up,
 // checks its type, converts it and appends a message for every problem. Afterwards Ok() tells

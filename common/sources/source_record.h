@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "common/name_filter.h"
+#include "common/sources/name_filter.h"
 
 namespace Zelk::Provider::Metadata {
 

@@ -4,7 +4,7 @@
 
 #include <boost/optional.hpp>
 
-#include "common/text_buffer.h"
+#include "common/json/text_buffer.h"
 
 namespace Zelk::Provider::Metadata {
 

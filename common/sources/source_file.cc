@@ -1,4 +1,4 @@
-#include "common/source_file.h"
+#include "common/sources/source_file.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -8,7 +8,7 @@
 
 #include <boost/range/algorithm/find_if.hpp>
 
-#include "common/name_filter.h"
+#include "common/sources/name_filter.h"
 
 // Function objects that a query nests in the order of the tree, outermost level first, such as
 //   WalkComponents{WalkPackages{WalkServices{PushName{names}}}}

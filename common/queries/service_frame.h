@@ -8,7 +8,7 @@
 
 #include <zelk/async_result.h>
 
-#include "common/errors.h"
+#include "common/messages/errors.h"
 
 // How a service hands its container's answer on. Every operation of every service is one of these
 // calls; nothing is caught, so whatever the container or the host's callback throws leaves it.

@@ -1,4 +1,4 @@
-#include "common/message_catalog.h"
+#include "common/messages/message_catalog.h"
 
 namespace Zelk::Provider::Metadata {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "common/json_document.h"
+#include "common/json/json_document.h"
 
 namespace Zelk::Provider::Metadata {
 

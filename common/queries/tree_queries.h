@@ -8,7 +8,7 @@
 
 #include <boost/optional.hpp>
 
-#include "common/walkers.h"
+#include "common/queries/walkers.h"
 
 // The queries over the tree of components, packages, services and operations, alike in the domains
 // that have it. Walk order: sources, and at each level the records, in ascending key order.

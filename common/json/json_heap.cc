@@ -1,4 +1,4 @@
-#include "common/json_heap.h"
+#include "common/json/json_heap.h"
 
 #include <cstdlib>
 #include <new>

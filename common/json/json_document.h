@@ -5,10 +5,10 @@
 
 #include <rapidjson/document.h>
 
-#include "common/insitu_text.h"
-#include "common/json_heap.h"
-#include "common/message_catalog.h"
-#include "common/text_buffer.h"
+#include "common/json/insitu_text.h"
+#include "common/json/json_heap.h"
+#include "common/json/text_buffer.h"
+#include "common/messages/message_catalog.h"
 
 namespace Zelk::Provider::Metadata {
 

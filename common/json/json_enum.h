@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "common/json_lookup.h"
+#include "common/json/json_lookup.h"
 
 namespace Zelk::Provider::Metadata {
 

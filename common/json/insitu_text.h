@@ -7,7 +7,7 @@
 
 #include <rapidjson/document.h>
 
-#include "common/text_buffer.h"
+#include "common/json/text_buffer.h"
 
 // How RapidJSON reads a text that may be written over: decoded strings take the place of their own
 // JSON text, which is never shorter, so that nothing is copied to where it already stands.

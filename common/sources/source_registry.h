@@ -12,9 +12,9 @@
 #include <com/orvane/zelk/metadata/source_type.h>
 #include <zelk/md5.h>
 
-#include "common/errors.h"
-#include "common/name_filter.h"
-#include "common/source_file.h"
+#include "common/messages/errors.h"
+#include "common/sources/name_filter.h"
+#include "common/sources/source_file.h"
 
 namespace Zelk::Provider::Metadata {
 

@@ -1,4 +1,4 @@
-#include "common/json_lookup.h"
+#include "common/json/json_lookup.h"
 
 #include <cstring>
 

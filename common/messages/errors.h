@@ -5,7 +5,7 @@
 #include <com/orvane/zelk/std/errors.h>
 #include <zelk/data/error_factory.h>
 
-#include "common/message_catalog.h"
+#include "common/messages/message_catalog.h"
 
 namespace Zelk::Provider::Metadata {
 

@@ -1,11 +1,11 @@
-#include "common/text_buffer.h"
+#include "common/json/text_buffer.h"
 
 #include <cstdint>
 #include <cstring>
 #include <new>
 #include <sys/mman.h>
 
-#include "common/json_heap.h"
+#include "common/json/json_heap.h"
 
 namespace Zelk::Provider::Metadata {
 namespace {
