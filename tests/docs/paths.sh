@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Files of the repository that documents name in backticks, with a folder, exist.
+# usage: paths.sh SOURCE
+set -uo pipefail
+cd "$1" || exit
+folders=$(printf '%s\n' .ci/ */ | grep -vx build/ | tr -d /)
+status=0
+count=0
+for document in *.md */*.md; do
+  folder=$(dirname "$document")
+  while read -r path; do
+    count=$((count + 1))
+    compgen -G "$path" >/dev/null || compgen -G "$folder/$path" >/dev/null ||
+      { echo "$document: $path does not exist"; status=1; }
+  done < <(awk '/^```/ { code = !code; next } !code' "$document" |
+    grep -oE "\`(${folders//$'\n'/|})/[A-Za-z0-9_./*-]+\`" | tr -d '`')
+done
+echo "$count paths"
+[ "$count" -gt 0 ] || status=1
+exit $status
