@@ -20,6 +20,14 @@ install(FILES ${printed_dir}/zelk-metadata.fish
 install(FILES ${printed_dir}/_zelk-metadata
   DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 
+# The examples of --help and of the manual page run in this folder.
+install(DIRECTORY metadata DESTINATION ${CMAKE_INSTALL_DATADIR}/zelk-metadata
+  FILES_MATCHING PATTERN "*.json")
+# The documents, with everything that they link to.
+install(FILES README.md ARCHITECTURE.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs examples metadata DESTINATION ${CMAKE_INSTALL_DOCDIR}
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.cc" PATTERN "*.json")
+
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zelk-metadata-services)
 install(EXPORT zelk-metadata-services-targets NAMESPACE Zelk:: DESTINATION ${package_dir})
 configure_package_config_file(cmake/zelk-metadata-services-config.cmake.in

@@ -30,6 +30,10 @@ const char kAboutOutput[] =
     "Output is a table or a page for people on a terminal, in its width and with colours unless\n"
     "NO_COLOR is set. Elsewhere it is plain: nothing is wrapped, and lists have no headings.\n";
 
+const char kAboutExamples[] =
+    "The examples load the folder metadata, which describes the program's own services. It is in\n"
+    "share/zelk-metadata below the folder that the program was installed to.\n";
+
 const std::vector<std::pair<int, std::string>>& ExitStatusTexts() {
   static const std::vector<std::pair<int, std::string>> texts{
       Row(ExitStatus::kOk, "all is well"),
@@ -47,7 +51,7 @@ std::string HelpFooter() {
     statuses += fmt::format("{} {} {}", status == 0 ? "" : ";", status, text);
   }
   statuses += '.';
-  return fmt::format("{}\n{}\n{}", kAboutSources, kAboutOutput,
+  return fmt::format("{}\n{}\n{}\n{}", kAboutExamples, kAboutSources, kAboutOutput,
                      fmt::join(Wrapped(statuses, kWidth), "\n"));
 }
 

@@ -11,7 +11,9 @@ namespace Zelk::Tool {
 /// One line.
 extern const char kDescription[];
 
-/// How sources are given, and how answers look; lines of at most 100 characters.
+/// Where the examples run, how sources are given, and how answers look; lines of at most 100
+/// characters.
+extern const char kAboutExamples[];
 extern const char kAboutSources[];
 extern const char kAboutOutput[];
 

@@ -97,6 +97,7 @@ void WritePage(std::ostream& out) {
   out << ".SH DESCRIPTION\n" << Escaped(kDescription) << '\n';
   WriteFilled(out, kAboutSources);
   WriteFilled(out, kAboutOutput);
+  WriteFilled(out, kAboutExamples);
   out << ".SH OPTIONS\nMay stand before and behind the command.\n";
   for (const auto& option : language.options) WriteOption(out, option);
   WriteTagged(out, BoldText("--help"), "Print what can be given; behind a command, to that one");
