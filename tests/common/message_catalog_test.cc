@@ -99,6 +99,13 @@ TEST(MessageCatalog, ListsItsRowsInOrderAndNoOthers) {
   EXPECT_EQ(StringsOfTheSource(), expected);
 }
 
+TEST(MessageCatalog, IsDocumented) {
+  const std::string page = Testing::FileText(ZELK_SOURCE_DIR "/docs/messages.md");
+  for (const auto& row : kRows) {
+    EXPECT_THAT(page, testing::HasSubstr("\n| `" + row.id + "` | " + row.text + " | ")) << row.id;
+  }
+}
+
 TEST(MessageCatalog, HasNoTextForIdsThatAreRaisedWithoutARow) {
   for (const auto* id :
        {"zelk.metadata.authentication.json.invalid.operation.id",
