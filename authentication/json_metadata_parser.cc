@@ -75,8 +75,9 @@ bool JsonMetadataParser::ParseAuthentication(const RegisterCallbacks& callbacks,
   const auto parse = WithCallbacks(callbacks, ParseComponent);
   const bool product = JsonOptObjectMember<void>(value, "product", parse, errors).Ok();
   const bool component = JsonOptObjectMember<void>(value, "component", parse, errors).Ok();
-  // Intended: one good part carries the file, and an absent part is a good one.
-  return component || product;
+  // Intended: a good product carries a file whose component is broken. An absent one does not: a
+  // file with nothing but a broken component would load and say nothing.
+  return component || (product && FindMember(value, "product") != nullptr);
 }
 
 bool JsonMetadataParser::ParseComponent(const RegisterCallbacks& callbacks, const JsonValue& value,

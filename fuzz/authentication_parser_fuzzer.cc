@@ -56,7 +56,7 @@ Outcome Load(Source&& in) {
         source.RegisterComponentNode(name, component);
       },
       errors);
-  Check(ok || source.components.empty(), "a good component carries the file");
+  Check(ok || source.components.empty(), "a refused file has no good component");
   CheckSource(source);
   return {ok, DumpOf(source), Testing::MessageTexts(errors)};
 }

@@ -63,6 +63,9 @@ void MakeAuthenticationSeeds(const std::filesystem::path& corpus,
   seeds.Add("good-and-bad", File(whole, "{}"));
   seeds.Add("bad-and-good", File("0", whole));
   seeds.Add("none", R"({"authentication":{}})");
+  seeds.Add("component-only", R"({"authentication":{"component":{"name":"c"}}})");
+  seeds.Add("bad-component-only", R"({"authentication":{"component":{}}})");
+  seeds.Add("bad-product-only", R"({"authentication":{"product":{}}})");
   seeds.AddBroken(File("{}", whole), {"schemes", "operations", "services", "packages"});
   for (const auto& row : kRows) {
     seeds.Add(row.name, File("{}", Component(row.members)));

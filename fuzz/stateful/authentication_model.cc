@@ -237,25 +237,27 @@ struct Authentication {
   static Content Read(const Json& document, ModelReader& reader) {
     const Json& body = reader.Required(document, "authentication", Json::Kind::kObject);
     Content components;
-    const bool product = ReadPart(body, "product", reader, components);
-    const bool component = ReadPart(body, "component", reader, components);
-    if (!product && !component) throw GivenUp();
+    const Part product = ReadPart(body, "product", reader, components);
+    const Part component = ReadPart(body, "component", reader, components);
+    if (component == Part::kBroken && product != Part::kGood) throw GivenUp();
     return components;
   }
 
   static std::string Ask(const Sources& sources, const Question& question);
 
  private:
-  /// False when the part is there and broken.
-  static bool ReadPart(const Json& body, const std::string& key, ModelReader& reader,
+  enum class Part { kAbsent, kGood, kBroken };
+
+  static Part ReadPart(const Json& body, const std::string& key, ModelReader& reader,
                        Content& components) {
     try {
       const Json* part = reader.Optional(body, key, Json::Kind::kObject);
-      if (part != nullptr) Store(ComponentReading(*part, reader).Component(), components);
+      if (part == nullptr) return Part::kAbsent;
+      Store(ComponentReading(*part, reader).Component(), components);
     } catch (const GivenUp&) {
-      return false;
+      return Part::kBroken;
     }
-    return true;
+    return Part::kGood;
   }
 
   /// There are two at most; the later one of a name stays.

@@ -93,13 +93,24 @@ const FailureRow kFailures[] = {
      {kBadService, kUnknownScheme}},
 };
 
-TEST(Failure, OfAComponentLeavesExactlyTheseMessages) {
+TEST(Failure, OfAComponentWithoutAProductFailsTheFileWithExactlyTheseMessages) {
   for (const auto& row : kFailures) {
+    const std::string json = R"({"authentication": {"component": )" + row.component + "}}";
     auto messages = row.messages;
     messages.insert(messages.begin(), Missing("product"));
-    EXPECT_EQ(MessagesOfFile(R"({"authentication": {"component": )" + row.component + "}}"),
-              messages)
-        << row.component;
+    EXPECT_EQ(MessagesOfFile(json), messages) << row.component;
+    const auto parsed = ParseFile(json);
+    EXPECT_FALSE(parsed.accepted) << row.component;
+    EXPECT_EQ(parsed.components, "") << row.component;
+  }
+}
+
+TEST(Failure, OfAComponentBesideAGoodProductDoesNotFailTheFile) {
+  for (const auto& row : kFailures) {
+    const auto parsed = ParseFile(R"({"authentication": {"component": )" + row.component +
+                                  R"(, "product": {"name": "bar"}}})");
+    EXPECT_TRUE(parsed.accepted) << row.component;
+    EXPECT_EQ(parsed.components, "component \"bar\"\n") << row.component;
   }
 }
 

@@ -99,7 +99,7 @@ constexpr char kBrokenComponent[] = R"("component": {})";
 const PartsRow kParts[] = {
     {"", "", true, ""},
     {"", kGoodComponent, true, "component \"bar\"\n"},
-    {"", kBrokenComponent, true, ""},
+    {"", kBrokenComponent, false, ""},
     {kGoodProduct, "", true, "component \"foo\"\n"},
     {kGoodProduct, kGoodComponent, true, "component \"foo\"\ncomponent \"bar\"\n"},
     {kGoodProduct, kBrokenComponent, true, "component \"foo\"\n"},
@@ -113,7 +113,7 @@ Lines MessagesOf(const std::string& part, const std::string& key) {
   return part.find("name") == std::string::npos ? Lines{MissingField("name")} : kAbsentTables;
 }
 
-TEST(AuthenticationParts, FailTheFileOnlyWhenBothAreBroken) {
+TEST(AuthenticationParts, BrokenComponentFailsTheFileUnlessTheProductIsThereAndGood) {
   for (const auto& row : kParts) {
     const std::string both = std::string(row.product) +
                              (*row.product != '\0' && *row.component != '\0' ? ", " : "") +
@@ -135,11 +135,18 @@ TEST(AuthenticationParts, ThatAreNoObjectsAreBroken) {
     EXPECT_EQ(both.components, "") << value;
     EXPECT_EQ(both.messages, (Lines{InvalidField("product"), InvalidField("component")})) << value;
     const auto component = ParseFile(File(std::string(R"("component": )") + value));
-    EXPECT_TRUE(component.accepted) << value;
+    EXPECT_FALSE(component.accepted) << value;
     EXPECT_EQ(component.components, "") << value;
     EXPECT_EQ(component.messages, (Lines{MissingField("product"), InvalidField("component")}))
         << value;
   }
+}
+
+TEST(AuthenticationParts, ProductThatIsNoObjectDoesNotFailTheFileOfAnAbsentComponent) {
+  const auto parsed = ParseFile(File(R"("product": 1)"));
+  EXPECT_TRUE(parsed.accepted);
+  EXPECT_EQ(parsed.components, "");
+  EXPECT_EQ(parsed.messages, (Lines{InvalidField("product"), MissingField("component")}));
 }
 
 TEST(AuthenticationParts, DoNotShareTheirSchemes) {

@@ -195,7 +195,7 @@ TEST(OneFile, IsAcceptedWithoutTheServicesThatCannotBeMadeUp) {
 TEST(OneFile, MayRegisterNothing) {
   const Sources sources;
   ASSERT_EQ(sources.Create("m", R"({"authentication": {}})"), Lines());
-  ASSERT_EQ(sources.Create("n", R"({"authentication": {"component": 1}})"), Lines());
+  ASSERT_EQ(sources.Create("n", R"({"authentication": {"product": 1}})"), Lines());
   EXPECT_THAT(sources->ListSources(), ElementsAre("m", "n"));
   EXPECT_THAT(sources->ListComponents(), IsEmpty());
 }

@@ -117,6 +117,15 @@ TEST(AuthenticationSources, WithAnUndefinedSchemeInBothPartsAreInvalidArguments)
   EXPECT_THAT(sources->ListSources(), IsEmpty());
 }
 
+TEST(AuthenticationSources, WithABrokenComponentOnlyAreInvalidArguments) {
+  const Sources sources;
+  EXPECT_EQ(sources.Create("m", R"({"authentication": {"component": {"name": "foo", "schemes": {},
+                                   "operations": {"a.b.c": ["z"]}}}})"),
+            (Lines{kInvalidArgument, MissingField("product"),
+                   MessageText("zelk.metadata.authentication.json.unknown.schema.name", {"id"})}));
+  EXPECT_THAT(sources->ListSources(), IsEmpty());
+}
+
 TEST(AuthenticationSources, CarryTheMessagesOfAbsentMembersBeforeTheRealFailure) {
   const Sources sources;
   EXPECT_EQ(

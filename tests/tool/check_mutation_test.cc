@@ -64,8 +64,7 @@ constexpr char kMetamodel[] = R"({"metamodel": {"component": {
                    "type": {"category": "BUILTIN", "primitive_type": "VOID"}},
         "errors": [{"user_defined_type_name": "s", "documentation": ""}]}]}]}]}}})";
 
-/// The product is bad, so that the load stands and falls with the component.
-constexpr char kAuthentication[] = R"({"authentication": {"product": {"name": 1}, "component": {
+constexpr char kAuthentication[] = R"({"authentication": {"component": {
   "name": "c",
   "schemes": {"a": {"authenticationScheme": "x", "type": "SESSIONLESS"},
               "b": {"authenticationScheme": "y", "type": "SessionAware", "sessionManager": "m"}},

@@ -130,12 +130,12 @@ bool ReadComponent(Walk& walk, JsonTree::Id value, const char* name) {
 constexpr Key kProduct[] = {{"product", ReadComponent, true}};
 constexpr Key kComponent[] = {{"component", ReadComponent, true}};
 
-/// One good part carries the file, and an absent part is a good one.
+/// An absent part is a good one, but only a product that is there makes up for a broken component.
 bool Authentication(Walk& walk, JsonTree::Id value, const char* name) {
   if (!walk.IsOf(value, JsonKind::kObject, name)) return false;
   const bool product = ReadKeys(walk, value, kProduct);
   const bool component = ReadKeys(walk, value, kComponent);
-  return product || component;
+  return component || (product && walk.tree.Find(value, "product") != JsonTree::kNone);
 }
 
 constexpr Key kDocument[] = {{"authentication", Authentication}};

@@ -226,32 +226,34 @@ const std::vector<Explanation>& Explanations() {
       {"zelk.metadata.authentication.json.unknown.schema.name",
        "Authentication unknown schema name: %1%",
        "A list of schemes refers to one that the component's schemes do not define. The argument "
-       "is always id. As long as the file's other part, product or component, is good or absent, "
-       "the file loads all the same, without this part and without the message.",
+       "is always id. A good product makes up for a broken component, and a good or absent "
+       "component for a broken product: the file then loads without the broken part and the "
+       "message.",
        "A misspelt scheme, or one that is defined in another component.",
        "Define the scheme in the same component, or mend its name.",
-       {R"({"authentication": {"product": {"name": 1}, "component": {"name": "com.acme",
+       {R"({"authentication": {"component": {"name": "com.acme",
   "schemes": {}, "packages": {"com.acme.p": ["badge"]}}}})",
         "check FILE", ""}},
       {"zelk.metadata.authentication.json.invalid.operation.id",
        "Unknown message.",
        "An operation id has no full stop, or nothing before or after its last one. The argument is "
-       "the id. As long as the file's other part, product or component, is good or absent, the "
-       "file loads all the same, without this part and without the message.",
+       "the id. A good product makes up for a broken component, and a good or absent component for "
+       "a broken product: the file then loads without the broken part and the message.",
        "The operation's name without its service.",
        "Write SERVICE.OPERATION.",
-       {R"({"authentication": {"product": {"name": 1}, "component": {"name": "com.acme",
+       {R"({"authentication": {"component": {"name": "com.acme",
   "schemes": {}, "operations": {"list": []}}}})",
         "check FILE", ""}},
       {"zelk.metadata.authentication.json.invalid.service.id",
        "Unknown message.",
        "A service id has no full stop, or nothing before or after its last one; also that of the "
        "service that an operation id names, which costs that service but not the component. The "
-       "argument is the id. As long as the file's other part, product or component, is good or "
-       "absent, the file loads all the same, without this part and without the message.",
+       "argument is the id. A good product makes up for a broken component, and a good or absent "
+       "component for a broken product: the file then loads without the broken part and the "
+       "message.",
        "The service's name without its package.",
        "Write PACKAGE.SERVICE.",
-       {R"({"authentication": {"product": {"name": 1}, "component": {"name": "com.acme",
+       {R"({"authentication": {"component": {"name": "com.acme",
   "schemes": {}, "services": {"machines": []}}}})",
         "check FILE", ""}},
       {"zelk.metadata.cli.json.invalid.field",
