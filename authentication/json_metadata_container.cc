@@ -30,7 +30,7 @@ JsonMetadataContainer::~JsonMetadataContainer() = default;
 
 ErrorPtr JsonMetadataContainer::CreateSource(
     const std::string& source_id,
-    const std::shared_ptr<const Bindings::SourceSvc::CreateSpec>& spec) {
+    const std::shared_ptr<const Bindings::Authentication::SourceSvc::CreateSpec>& spec) {
   return sources_.Create(source_id, spec);
 }
 
@@ -46,7 +46,7 @@ std::list<std::string> JsonMetadataContainer::ListSources() const {
   return sources_.Ids();
 }
 
-std::shared_ptr<const Bindings::SourceSvc::Info> JsonMetadataContainer::SourcesInfo(
+std::shared_ptr<const Bindings::Authentication::SourceSvc::Info> JsonMetadataContainer::SourcesInfo(
     const std::string& source_id) const {
   return sources_.Info(source_id);
 }

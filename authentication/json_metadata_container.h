@@ -12,8 +12,8 @@ namespace Zelk::Provider::Metadata::Authentication {
 /// What the shared source registry needs to know of this domain.
 struct SourceDomain {
   using SourceData = Authentication::SourceData;
-  using CreateSpec = Bindings::SourceSvc::CreateSpec;
-  using Info = Bindings::SourceSvc::Info;
+  using CreateSpec = Bindings::Authentication::SourceSvc::CreateSpec;
+  using Info = Bindings::Authentication::SourceSvc::Info;
 
   static constexpr const char* kExists = MessageId::kAuthenticationSourceExists;
   static constexpr const char* kNotFound = MessageId::kAuthenticationSourceNotFound;
@@ -35,27 +35,27 @@ class ZELK_METADATA_SERVICES_EXPORT JsonMetadataContainer final : public Metadat
 
   ErrorPtr CreateSource(
       const std::string& source_id,
-      const std::shared_ptr<const Bindings::SourceSvc::CreateSpec>& spec) override;
+      const std::shared_ptr<const Bindings::Authentication::SourceSvc::CreateSpec>& spec) override;
   ErrorPtr DeleteSource(const std::string& source_id) override;
   ErrorPtr ReloadSource(const boost::optional<std::string>& source_id) override;
   std::list<std::string> ListSources() const override;
-  std::shared_ptr<const Bindings::SourceSvc::Info> SourcesInfo(
+  std::shared_ptr<const Bindings::Authentication::SourceSvc::Info> SourcesInfo(
       const std::string& source_id) const override;
   std::string SourceFingerprint(const boost::optional<std::string>& source_id) const override;
 
   std::list<std::string> ListComponents() const override;
-  std::shared_ptr<const Bindings::ComponentData> ComponentInfo(
+  std::shared_ptr<const Bindings::Authentication::ComponentData> ComponentInfo(
       const std::string& component_id) const override;
   std::string ComponentFingerprint(const std::string& component_id) const override;
   std::list<std::string> ListPackages() const override;
-  std::shared_ptr<const Bindings::PackageInfo> PackageInfo(
+  std::shared_ptr<const Bindings::Authentication::PackageInfo> PackageInfo(
       const std::string& package_id) const override;
   std::list<std::string> ListServices() const override;
-  std::shared_ptr<const Bindings::ServiceInfo> ServiceInfo(
+  std::shared_ptr<const Bindings::Authentication::ServiceInfo> ServiceInfo(
       const std::string& service_id) const override;
   boost::optional<std::list<std::string>> ListOperations(
       const std::string& service_id) const override;
-  std::shared_ptr<const Bindings::OperationInfo> OperationInfo(
+  std::shared_ptr<const Bindings::Authentication::OperationInfo> OperationInfo(
       const std::string& service_id, const std::string& operation_id) const override;
 
  private:

@@ -5,7 +5,7 @@
 namespace Zelk::Provider::Metadata::Authentication {
 namespace {
 
-using SchemeType = Bindings::AuthenticationInfoEnumerations::SchemeType;
+using SchemeType = Bindings::Authentication::AuthenticationInfoEnumerations::SchemeType;
 
 /// Adds records to the tables of what they belong to; the first of a repeated key stays. Files name
 /// together what belongs together, so the table is mostly that of the record before.
@@ -87,22 +87,23 @@ bool JsonMetadataParser::ParseComponent(const RegisterCallbacks& callbacks, cons
   JsonOptObjectMember<SchemeTable> schemes(value, "schemes", ParseSchemes, errors);
   if (!schemes.Ok()) return false;
   const SchemeTable table = schemes.Take();
-  JsonOptObjectMember<Unclaimed<Bindings::OperationInfo>> operation_list(
+  JsonOptObjectMember<Unclaimed<Bindings::Authentication::OperationInfo>> operation_list(
       value, "operations", With(ParseOperations, table), errors);
   if (!operation_list.Ok()) return false;
   auto operations = operation_list.Take();
-  JsonOptObjectMember<Unclaimed<Bindings::ServiceInfo>> service_list(
+  JsonOptObjectMember<Unclaimed<Bindings::Authentication::ServiceInfo>> service_list(
       value, "services", With(ParseServices, table, operations), errors);
   if (!service_list.Ok()) return false;
   auto services = service_list.Take();
   // Intended: an operation whose service has no package costs that service, not the component.
   CreateServicesFromOperations(operations, services, errors);
-  JsonOptObjectMember<Table<Bindings::PackageInfo>> package_table(
+  JsonOptObjectMember<Table<Bindings::Authentication::PackageInfo>> package_table(
       value, "packages", With(ParsePackages, table, services), errors);
   if (!package_table.Ok()) return false;
   auto packages = package_table.Take();
   CreatePackagesFromServices(services, packages);
-  callbacks(name.Value(), std::make_shared<Bindings::ComponentInfo>(std::move(packages)));
+  callbacks(name.Value(),
+            std::make_shared<Bindings::Authentication::ComponentInfo>(std::move(packages)));
   return true;
 }
 
@@ -128,8 +129,8 @@ JsonMetadataParser::Scheme JsonMetadataParser::ParseAuthInfo(const JsonValue& va
     if (!manager.Ok()) return nullptr;
     session_manager = manager.Take();
   }
-  return std::make_shared<Bindings::AuthenticationInfo>(type.Take(), std::move(session_manager),
-                                                        scheme.Take());
+  return std::make_shared<Bindings::Authentication::AuthenticationInfo>(
+      type.Take(), std::move(session_manager), scheme.Take());
 }
 
 bool JsonMetadataParser::ParseSchemeTypeEnum(const JsonValue& value, const char* name,
@@ -151,9 +152,9 @@ bool JsonMetadataParser::ParseSchemeList(const JsonValue& value, const SchemeTab
   return JsonParseArray(value, kPackages, find_scheme, errors, list);
 }
 
-bool JsonMetadataParser::ParseOperations(const JsonValue& value, const SchemeTable& schemes,
-                                         Unclaimed<Bindings::OperationInfo>& operations,
-                                         Errors& errors) {
+bool JsonMetadataParser::ParseOperations(
+    const JsonValue& value, const SchemeTable& schemes,
+    Unclaimed<Bindings::Authentication::OperationInfo>& operations, Errors& errors) {
   Adder adder(operations);
   for (const auto& member : JsonMembers(value)) {
     SchemeList list;
@@ -164,15 +165,17 @@ bool JsonMetadataParser::ParseOperations(const JsonValue& value, const SchemeTab
       return false;
     }
     auto& [service_id, name] = parts;
-    auto operation = std::make_shared<const Bindings::OperationInfo>(std::move(list));
+    auto operation =
+        std::make_shared<const Bindings::Authentication::OperationInfo>(std::move(list));
     adder.Add(std::move(service_id), std::move(name), std::move(operation));
   }
   return true;
 }
 
-bool JsonMetadataParser::ParseServices(const JsonValue& value, const SchemeTable& schemes,
-                                       Unclaimed<Bindings::OperationInfo>& operations,
-                                       Unclaimed<Bindings::ServiceInfo>& services, Errors& errors) {
+bool JsonMetadataParser::ParseServices(
+    const JsonValue& value, const SchemeTable& schemes,
+    Unclaimed<Bindings::Authentication::OperationInfo>& operations,
+    Unclaimed<Bindings::Authentication::ServiceInfo>& services, Errors& errors) {
   Adder adder(services);
   for (const auto& member : JsonMembers(value)) {
     SchemeList list;
@@ -180,48 +183,51 @@ bool JsonMetadataParser::ParseServices(const JsonValue& value, const SchemeTable
     std::string id = ValToString(member.name);
     std::pair<std::string, std::string> parts;
     if (!SplitId(id, MessageId::kAuthenticationJsonInvalidServiceId, parts, errors)) return false;
-    auto service =
-        std::make_shared<const Bindings::ServiceInfo>(std::move(list), Claim(operations, id));
+    auto service = std::make_shared<const Bindings::Authentication::ServiceInfo>(
+        std::move(list), Claim(operations, id));
     adder.Add(std::move(parts.first), std::move(id), std::move(service));
   }
   return true;
 }
 
 bool JsonMetadataParser::ParsePackages(const JsonValue& value, const SchemeTable& schemes,
-                                       Unclaimed<Bindings::ServiceInfo>& services,
-                                       Table<Bindings::PackageInfo>& packages, Errors& errors) {
+                                       Unclaimed<Bindings::Authentication::ServiceInfo>& services,
+                                       Table<Bindings::Authentication::PackageInfo>& packages,
+                                       Errors& errors) {
   for (const auto& member : JsonMembers(value)) {
     SchemeList list;
     if (!ParseSchemeList(member.value, schemes, list, errors)) return false;
     std::string name = ValToString(member.name);
-    auto package =
-        std::make_shared<const Bindings::PackageInfo>(std::move(list), Claim(services, name));
+    auto package = std::make_shared<const Bindings::Authentication::PackageInfo>(
+        std::move(list), Claim(services, name));
     packages.insert_or_assign(std::move(name), std::move(package));
   }
   return true;
 }
 
 bool JsonMetadataParser::CreateServicesFromOperations(
-    Unclaimed<Bindings::OperationInfo>& operations, Unclaimed<Bindings::ServiceInfo>& services,
-    Errors& errors) {
+    Unclaimed<Bindings::Authentication::OperationInfo>& operations,
+    Unclaimed<Bindings::Authentication::ServiceInfo>& services, Errors& errors) {
   Adder adder(services);
   while (!operations.empty()) {
     std::string id = operations.begin()->first;
     auto table = Claim(operations, id);
     std::pair<std::string, std::string> parts;
     if (!SplitId(id, MessageId::kAuthenticationJsonInvalidServiceId, parts, errors)) return false;
-    auto service = std::make_shared<const Bindings::ServiceInfo>(SchemeList(), std::move(table));
+    auto service = std::make_shared<const Bindings::Authentication::ServiceInfo>(SchemeList(),
+                                                                                 std::move(table));
     adder.Add(std::move(parts.first), std::move(id), std::move(service));
   }
   return true;
 }
 
-bool JsonMetadataParser::CreatePackagesFromServices(Unclaimed<Bindings::ServiceInfo>& services,
-                                                    Table<Bindings::PackageInfo>& packages) {
+bool JsonMetadataParser::CreatePackagesFromServices(
+    Unclaimed<Bindings::Authentication::ServiceInfo>& services,
+    Table<Bindings::Authentication::PackageInfo>& packages) {
   while (!services.empty()) {
     std::string name = services.begin()->first;
-    auto package =
-        std::make_shared<const Bindings::PackageInfo>(SchemeList(), Claim(services, name));
+    auto package = std::make_shared<const Bindings::Authentication::PackageInfo>(
+        SchemeList(), Claim(services, name));
     packages.insert_or_assign(std::move(name), std::move(package));
   }
   return true;

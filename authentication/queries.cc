@@ -10,9 +10,9 @@ std::list<std::string> JsonMetadataContainer::ListComponents() const {
   return ComponentNames(sources_.Sources());
 }
 
-std::shared_ptr<const Bindings::ComponentData> JsonMetadataContainer::ComponentInfo(
+std::shared_ptr<const Bindings::Authentication::ComponentData> JsonMetadataContainer::ComponentInfo(
     const std::string& component_id) const {
-  return FindComponent<Bindings::ComponentData>(sources_.Sources(), component_id);
+  return FindComponent<Bindings::Authentication::ComponentData>(sources_.Sources(), component_id);
 }
 
 std::string JsonMetadataContainer::ComponentFingerprint(const std::string& component_id) const {
@@ -23,18 +23,18 @@ std::list<std::string> JsonMetadataContainer::ListPackages() const {
   return PackageNames(sources_.Sources());
 }
 
-std::shared_ptr<const Bindings::PackageInfo> JsonMetadataContainer::PackageInfo(
+std::shared_ptr<const Bindings::Authentication::PackageInfo> JsonMetadataContainer::PackageInfo(
     const std::string& package_id) const {
-  return FindPackage<Bindings::PackageInfo>(sources_.Sources(), package_id);
+  return FindPackage<Bindings::Authentication::PackageInfo>(sources_.Sources(), package_id);
 }
 
 std::list<std::string> JsonMetadataContainer::ListServices() const {
   return ServiceNames(sources_.Sources());
 }
 
-std::shared_ptr<const Bindings::ServiceInfo> JsonMetadataContainer::ServiceInfo(
+std::shared_ptr<const Bindings::Authentication::ServiceInfo> JsonMetadataContainer::ServiceInfo(
     const std::string& service_id) const {
-  return FindService<Bindings::ServiceInfo>(sources_.Sources(), service_id);
+  return FindService<Bindings::Authentication::ServiceInfo>(sources_.Sources(), service_id);
 }
 
 boost::optional<std::list<std::string>> JsonMetadataContainer::ListOperations(
@@ -42,17 +42,18 @@ boost::optional<std::list<std::string>> JsonMetadataContainer::ListOperations(
   return OperationNames(ServiceInfo(service_id));
 }
 
-std::shared_ptr<const Bindings::OperationInfo> JsonMetadataContainer::OperationInfo(
+std::shared_ptr<const Bindings::Authentication::OperationInfo> JsonMetadataContainer::OperationInfo(
     const std::string& service_id, const std::string& operation_id) const {
-  std::shared_ptr<const Bindings::OperationInfo> operation;
+  std::shared_ptr<const Bindings::Authentication::OperationInfo> operation;
   // Intended: a service without the operation does not end the walk; several components may each
   // describe some operations of one service.
-  const auto take_operation = [&](const std::shared_ptr<const Bindings::ServiceInfo>& service) {
-    const auto found = service->operations.find(operation_id);
-    if (found == service->operations.end()) return false;
-    operation = found->second;
-    return true;
-  };
+  const auto take_operation =
+      [&](const std::shared_ptr<const Bindings::Authentication::ServiceInfo>& service) {
+        const auto found = service->operations.find(operation_id);
+        if (found == service->operations.end()) return false;
+        operation = found->second;
+        return true;
+      };
   WalkSources(sources_.Sources(),
               IfMayHold(NameMark(kServiceName, service_id),
                         WalkComponents{WalkPackages{SelectService{service_id, take_operation}}}));

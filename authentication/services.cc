@@ -4,7 +4,7 @@
 
 namespace Zelk::Provider::Metadata::Authentication {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Authentication;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 using Activation = std::shared_ptr<::Zelk::Core::AsyncActivation>;
 
 namespace ComponentSvc {
@@ -19,7 +19,8 @@ void AsyncServiceImpl::List(const Activation& /*activation*/,
 
 void AsyncServiceImpl::Get(
     const std::string& component_id, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::ComponentData>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Authentication::ComponentData>>&
+        result) {
   DeliverOrNotFound(result, container_->ComponentInfo(component_id),
                     MessageId::kMetamodelComponentNotFound, component_id);
 }
@@ -47,7 +48,8 @@ void AsyncServiceImpl::List(const Activation& /*activation*/,
 
 void AsyncServiceImpl::Get(
     const std::string& package_id, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::PackageInfo>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Authentication::PackageInfo>>&
+        result) {
   DeliverOrNotFound(result, container_->PackageInfo(package_id),
                     MessageId::kAuthenticationPackageNotFound, package_id);
 }
@@ -68,7 +70,8 @@ void AsyncServiceImpl::List(const Activation& /*activation*/,
 
 void AsyncServiceImpl::Get(
     const std::string& service_id, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::ServiceInfo>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Authentication::ServiceInfo>>&
+        result) {
   DeliverOrNotFound(result, container_->ServiceInfo(service_id),
                     MessageId::kAuthenticationServiceNotFound, service_id);
 }
@@ -91,7 +94,8 @@ void AsyncServiceImpl::List(const std::string& service_id, const Activation& /*a
 void AsyncServiceImpl::Get(
     const std::string& service_id, const std::string& operation_id,
     const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::OperationInfo>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Authentication::OperationInfo>>&
+        result) {
   DeliverOrNotFound(result, container_->OperationInfo(service_id, operation_id),
                     MessageId::kAuthenticationOperationNotFound, service_id, operation_id);
 }
@@ -105,10 +109,10 @@ namespace SourceSvc {
 AsyncServiceImpl::AsyncServiceImpl(std::shared_ptr<MetadataContainer> container)
     : container_(std::move(container)) {}
 
-void AsyncServiceImpl::Create(const std::string& source_id,
-                              const std::shared_ptr<const Bindings::SourceSvc::CreateSpec>& spec,
-                              const Activation& /*activation*/,
-                              const ::Zelk::AsyncResult<::Zelk::Void>& result) {
+void AsyncServiceImpl::Create(
+    const std::string& source_id,
+    const std::shared_ptr<const Bindings::Authentication::SourceSvc::CreateSpec>& spec,
+    const Activation& /*activation*/, const ::Zelk::AsyncResult<::Zelk::Void>& result) {
   DeliverChange(result, container_->CreateSource(source_id, spec), OnSuccess::kStaySilent);
 }
 
@@ -119,7 +123,8 @@ void AsyncServiceImpl::Delete(const std::string& source_id, const Activation& /*
 
 void AsyncServiceImpl::Get(
     const std::string& source_id, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::SourceSvc::Info>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Authentication::SourceSvc::Info>>&
+        result) {
   DeliverOrNotFound(result, container_->SourcesInfo(source_id),
                     MessageId::kAuthenticationSourceNotFound, source_id);
 }

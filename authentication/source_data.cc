@@ -2,8 +2,9 @@
 
 namespace Zelk::Provider::Metadata::Authentication {
 
-void SourceData::RegisterComponentNode(const std::string& name,
-                                       const std::shared_ptr<Bindings::ComponentInfo>& component) {
+void SourceData::RegisterComponentNode(
+    const std::string& name,
+    const std::shared_ptr<Bindings::Authentication::ComponentInfo>& component) {
   components[name] = component;
 }
 

@@ -8,7 +8,7 @@
 namespace Zelk::Benchmarks {
 namespace {
 
-namespace Records = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace Proto = ::google::protobuf;
 using Location = Proto::SourceCodeInfo::Location;
 using Path = std::vector<int>;
@@ -49,7 +49,7 @@ std::string EntryName(const std::string& field) {
 
 class DescriptorsMaker {
  public:
-  Proto::FileDescriptorProto Make(const Records::ComponentInfo& component) {
+  Proto::FileDescriptorProto Make(const Bindings::Metamodel::ComponentInfo& component) {
     file_.set_name(component.name);
     file_.set_package(component.name);
     Location* const location = Describe({2}, component.documentation, component.metadata);
@@ -63,10 +63,10 @@ class DescriptorsMaker {
   }
 
  private:
-  using Constants = std::map<std::string, std::shared_ptr<const Records::ConstantInfo>>;
+  using Constants = std::map<std::string, std::shared_ptr<const Bindings::Metamodel::ConstantInfo>>;
 
   Location* Describe(const Path& path, const std::string& documentation,
-                     const Records::MetadataMap& annotations) {
+                     const Bindings::Metamodel::MetadataMap& annotations) {
     Location* const location = file_.mutable_source_code_info()->add_location();
     for (const int step : path) location->add_path(step);
     // Nobody asks where in a file it was, but there has to be something.
@@ -92,9 +92,10 @@ class DescriptorsMaker {
   }
 
   void AddEnumerations(
-      const std::map<std::string, std::shared_ptr<const Records::EnumerationInfo>>& enumerations) {
+      const std::map<std::string, std::shared_ptr<const Bindings::Metamodel::EnumerationInfo>>&
+          enumerations) {
     for (const auto& entry : enumerations) {
-      const Records::EnumerationInfo& enumeration = *entry.second;
+      const Bindings::Metamodel::EnumerationInfo& enumeration = *entry.second;
       const Path path = {Proto::FileDescriptorProto::kEnumTypeFieldNumber, file_.enum_type_size()};
       Proto::EnumDescriptorProto* const made = file_.add_enum_type();
       made->set_name(LocalName(enumeration.name));
@@ -112,9 +113,10 @@ class DescriptorsMaker {
   }
 
   void AddStructures(
-      const std::map<std::string, std::shared_ptr<const Records::StructureInfo>>& structures) {
+      const std::map<std::string, std::shared_ptr<const Bindings::Metamodel::StructureInfo>>&
+          structures) {
     for (const auto& entry : structures) {
-      const Records::StructureInfo& structure = *entry.second;
+      const Bindings::Metamodel::StructureInfo& structure = *entry.second;
       AddEnumerations(structure.enumerations);
       Location* const location = AddMessage(LocalName(structure.name), structure.documentation,
                                             structure.metadata, structure.fields);
@@ -122,9 +124,10 @@ class DescriptorsMaker {
     }
   }
 
-  Location* AddMessage(const std::string& name, const std::string& documentation,
-                       const Records::MetadataMap& annotations,
-                       const std::list<std::shared_ptr<const Records::FieldInfo>>& fields) {
+  Location* AddMessage(
+      const std::string& name, const std::string& documentation,
+      const Bindings::Metamodel::MetadataMap& annotations,
+      const std::list<std::shared_ptr<const Bindings::Metamodel::FieldInfo>>& fields) {
     const Path path = {Proto::FileDescriptorProto::kMessageTypeFieldNumber,
                        file_.message_type_size()};
     Location* const location = Describe(path, documentation, annotations);
@@ -142,7 +145,7 @@ class DescriptorsMaker {
   std::string FullName(const std::string& name) const { return "." + file_.package() + "." + name; }
 
   void AddField(Proto::DescriptorProto& message, const std::string& name,
-                const Records::Type& type) {
+                const Bindings::Metamodel::Type& type) {
     Proto::FieldDescriptorProto* const field = message.add_field();
     field->set_name(name);
     field->set_number(message.field_size());
@@ -152,8 +155,8 @@ class DescriptorsMaker {
 
   /// Of types in each other the outermost that protobuf has counts.
   void SetType(Proto::DescriptorProto& message, Proto::FieldDescriptorProto& field,
-               const Records::Type& type) {
-    using Generic = Records::GenericInstantiationEnumerations::GenericType;
+               const Bindings::Metamodel::Type& type) {
+    using Generic = Bindings::Metamodel::GenericInstantiationEnumerations::GenericType;
     if (type.user_defined_type) {
       field.set_type(type.user_defined_type->resource_type == kEnumeration
                          ? Proto::FieldDescriptorProto::TYPE_ENUM
@@ -172,7 +175,7 @@ class DescriptorsMaker {
   }
 
   void SetMap(Proto::DescriptorProto& message, Proto::FieldDescriptorProto& field,
-              const Records::GenericInstantiation& map) {
+              const Bindings::Metamodel::GenericInstantiation& map) {
     // A map in a map has no place; its text is one value.
     if (message.options().map_entry()) {
       field.set_type(Proto::FieldDescriptorProto::TYPE_STRING);
@@ -192,8 +195,8 @@ class DescriptorsMaker {
   }
 
   static Proto::FieldDescriptorProto::Type BuiltinType(
-      const Records::TypeEnumerations::BuiltinType& type) {
-    using Builtin = Records::TypeEnumerations::BuiltinType;
+      const Bindings::Metamodel::TypeEnumerations::BuiltinType& type) {
+    using Builtin = Bindings::Metamodel::TypeEnumerations::BuiltinType;
     switch (type.Value()) {
       case Builtin::BOOLEAN:
         return Proto::FieldDescriptorProto::TYPE_BOOL;
@@ -209,7 +212,7 @@ class DescriptorsMaker {
     }
   }
 
-  void AddService(const Records::ServiceInfo& service) {
+  void AddService(const Bindings::Metamodel::ServiceInfo& service) {
     AddEnumerations(service.enumerations);
     const Path path = {Proto::FileDescriptorProto::kServiceFieldNumber, file_.service_size()};
     AddConstants(service.constants, *Describe(path, service.documentation, service.metadata));
@@ -220,7 +223,7 @@ class DescriptorsMaker {
   }
 
   void AddMethod(Proto::ServiceDescriptorProto& service, const Path& service_path,
-                 const Records::OperationInfo& operation) {
+                 const Bindings::Metamodel::OperationInfo& operation) {
     const std::string prefix = service.name() + "_" + operation.name;
     const Path path = Joined(
         service_path, {Proto::ServiceDescriptorProto::kMethodFieldNumber, service.method_size()});
@@ -233,9 +236,9 @@ class DescriptorsMaker {
     AddMessage(prefix + "_params", "", {}, operation.params);
     method->set_input_type(FullName(prefix + "_params"));
     AddMessage(prefix + "_result", "", {},
-               {std::make_shared<const Records::FieldInfo>("result", operation.output->type,
-                                                           operation.output->metadata,
-                                                           operation.output->documentation)});
+               {std::make_shared<const Bindings::Metamodel::FieldInfo>(
+                   "result", operation.output->type, operation.output->metadata,
+                   operation.output->documentation)});
     method->set_output_type(FullName(prefix + "_result"));
   }
 
@@ -244,7 +247,7 @@ class DescriptorsMaker {
 
 }  // namespace
 
-Proto::FileDescriptorProto DescriptorsOf(const Records::ComponentInfo& component) {
+Proto::FileDescriptorProto DescriptorsOf(const Bindings::Metamodel::ComponentInfo& component) {
   return DescriptorsMaker().Make(component);
 }
 

@@ -211,21 +211,20 @@ template <>
 std::vector<Lookup> Lookups(const std::shared_ptr<CliContainer>& container,
                             const std::shared_ptr<CliContainer>& last, Aim aim, std::size_t count,
                             RandomText& random) {
-  namespace Records = ::Com::Orvane::Zelk::Metadata::Cli;
+  namespace Bindings = ::Com::Orvane::Zelk::Metadata;
   KeyPicker picker(aim, count, random);
   std::vector<Lookup> lookups;
-  lookups.push_back(
-      MakeLookup("CLI, namespace", true,
-                 picker.Pick(*container, *last,
-                             [](const CliContainer& one) { return KeysOf(one.ListNamespaces()); }),
-                 MakeByIdentity<Records::NamespaceSvc::Identity>([container](const auto& identity) {
-                   return container->NamespaceInfo(identity);
-                 })));
+  lookups.push_back(MakeLookup(
+      "CLI, namespace", true,
+      picker.Pick(*container, *last,
+                  [](const CliContainer& one) { return KeysOf(one.ListNamespaces()); }),
+      MakeByIdentity<Bindings::Cli::NamespaceSvc::Identity>(
+          [container](const auto& identity) { return container->NamespaceInfo(identity); })));
   lookups.push_back(MakeLookup(
       "CLI, command", true,
       picker.Pick(*container, *last,
                   [](const CliContainer& one) { return KeysOf(one.ListCommands(boost::none)); }),
-      MakeByIdentity<Records::CommandSvc::Identity>(
+      MakeByIdentity<Bindings::Cli::CommandSvc::Identity>(
           [container](const auto& identity) { return container->CommandInfo(identity); })));
   return lookups;
 }

@@ -18,7 +18,7 @@
 namespace Zelk::Benchmarks {
 namespace {
 
-namespace Records = ::Com::Orvane::Zelk::Metadata;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 using Activation = std::shared_ptr<Core::AsyncActivation>;
 
 /// A container with one file in it.
@@ -55,12 +55,12 @@ void AddMetamodel(std::vector<ServiceCall>& calls) {
       std::make_shared<Domain::Service::OperationSvc::AsyncServiceImpl>(container);
   const std::string id = container->ListServices().back();
   const std::string operation = container->ListOperations(id)->back();
-  calls.push_back(Call<std::shared_ptr<const Records::Metamodel::ServiceInfo>>(
+  calls.push_back(Call<std::shared_ptr<const Bindings::Metamodel::ServiceInfo>>(
       "Metamodel, service, get", [=] { return container->ServiceInfo(id); },
       [=](const Activation& activation, const auto& result) {
         services->Get(id, activation, result);
       }));
-  calls.push_back(Call<std::shared_ptr<const Records::Metamodel::OperationInfo>>(
+  calls.push_back(Call<std::shared_ptr<const Bindings::Metamodel::OperationInfo>>(
       "Metamodel, operation, get", [=] { return container->OperationInfo(id, operation); },
       [=](const Activation& activation, const auto& result) {
         operations->Get(id, operation, activation, result);
@@ -77,7 +77,7 @@ void AddAuthentication(std::vector<ServiceCall>& calls) {
   const auto container = Loaded<AuthenticationDomain>(DomainId::kAuthentication);
   const auto packages = std::make_shared<Domain::PackageSvc::AsyncServiceImpl>(container);
   const std::string id = container->ListPackages().back();
-  calls.push_back(Call<std::shared_ptr<const Records::Authentication::PackageInfo>>(
+  calls.push_back(Call<std::shared_ptr<const Bindings::Authentication::PackageInfo>>(
       "Authentication, package, get", [=] { return container->PackageInfo(id); },
       [=](const Activation& activation, const auto& result) {
         packages->Get(id, activation, result);
@@ -89,7 +89,7 @@ void AddCli(std::vector<ServiceCall>& calls) {
   const auto container = Loaded<CliDomain>(DomainId::kCli);
   const auto commands = std::make_shared<Domain::CommandSvc::AsyncServiceImpl>(container);
   const auto id = container->ListCommands(boost::none).back();
-  calls.push_back(Call<std::shared_ptr<const Records::Cli::CommandSvc::Info>>(
+  calls.push_back(Call<std::shared_ptr<const Bindings::Cli::CommandSvc::Info>>(
       "CLI, command, get", [=] { return container->CommandInfo(id); },
       [=](const Activation& activation, const auto& result) {
         commands->Get(id, activation, result);

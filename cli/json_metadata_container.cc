@@ -18,7 +18,7 @@ bool SourceDomain::Parse(TextBuffer text, const std::shared_ptr<SourceData>& sou
                          Errors& errors) {
   const auto on_namespace = [&source](const NamespacePtr& info) { source->RegisterNsNode(info); };
   // Intended: the later of two commands of the same identity counts.
-  const auto on_command = [&source](const std::shared_ptr<Bindings::CommandSvc::Info>& info) {
+  const auto on_command = [&source](const std::shared_ptr<Bindings::Cli::CommandSvc::Info>& info) {
     source->commands[info->identity] = info;
   };
   return MetadataParser::LoadMetadata(std::move(text), on_namespace, on_command, errors);
@@ -41,7 +41,7 @@ JsonMetadataContainer::~JsonMetadataContainer() = default;
 
 ErrorPtr JsonMetadataContainer::CreateSource(
     const std::string& source_id,
-    const std::shared_ptr<const Bindings::SourceSvc::CreateSpec>& spec) {
+    const std::shared_ptr<const Bindings::Cli::SourceSvc::CreateSpec>& spec) {
   return sources_.Create(source_id, spec);
 }
 
@@ -57,7 +57,7 @@ std::list<std::string> JsonMetadataContainer::ListSources() const {
   return sources_.Ids();
 }
 
-std::shared_ptr<const Bindings::SourceSvc::Info> JsonMetadataContainer::SourcesInfo(
+std::shared_ptr<const Bindings::Cli::SourceSvc::Info> JsonMetadataContainer::SourcesInfo(
     const std::string& source_id) const {
   return sources_.Info(source_id);
 }

@@ -12,8 +12,8 @@ namespace Zelk::Provider::Metadata::Cli {
 /// What the shared source registry needs to know of this domain.
 struct SourceDomain {
   using SourceData = Cli::SourceData;
-  using CreateSpec = Bindings::SourceSvc::CreateSpec;
-  using Info = Bindings::SourceSvc::Info;
+  using CreateSpec = Bindings::Cli::SourceSvc::CreateSpec;
+  using Info = Bindings::Cli::SourceSvc::Info;
 
   static constexpr const char* kExists = MessageId::kCliSourceExists;
   static constexpr const char* kNotFound = MessageId::kCliSourceNotFound;
@@ -35,23 +35,23 @@ class ZELK_METADATA_SERVICES_EXPORT JsonMetadataContainer final : public Metadat
 
   ErrorPtr CreateSource(
       const std::string& source_id,
-      const std::shared_ptr<const Bindings::SourceSvc::CreateSpec>& spec) override;
+      const std::shared_ptr<const Bindings::Cli::SourceSvc::CreateSpec>& spec) override;
   ErrorPtr DeleteSource(const std::string& source_id) override;
   ErrorPtr ReloadSource(const boost::optional<std::string>& source_id) override;
   std::list<std::string> ListSources() const override;
-  std::shared_ptr<const Bindings::SourceSvc::Info> SourcesInfo(
+  std::shared_ptr<const Bindings::Cli::SourceSvc::Info> SourcesInfo(
       const std::string& source_id) const override;
   std::string SourceFingerprint(const boost::optional<std::string>& source_id) const override;
 
-  std::list<std::shared_ptr<const Bindings::NamespaceSvc::Identity>> ListNamespaces()
+  std::list<std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity>> ListNamespaces()
       const override;
-  std::shared_ptr<const Bindings::NamespaceSvc::Info> NamespaceInfo(
-      const std::shared_ptr<const Bindings::NamespaceSvc::Identity>& identity) const override;
+  std::shared_ptr<const Bindings::Cli::NamespaceSvc::Info> NamespaceInfo(
+      const std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity>& identity) const override;
   std::string NamespaceFingerprint() const override;
-  std::list<std::shared_ptr<const Bindings::CommandSvc::Identity>> ListCommands(
+  std::list<std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>> ListCommands(
       const boost::optional<std::string>& namespace_path) const override;
-  std::shared_ptr<const Bindings::CommandSvc::Info> CommandInfo(
-      const std::shared_ptr<const Bindings::CommandSvc::Identity>& identity) const override;
+  std::shared_ptr<const Bindings::Cli::CommandSvc::Info> CommandInfo(
+      const std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>& identity) const override;
   std::string CommandFingerprint() const override;
 
  private:

@@ -3,8 +3,8 @@
 namespace Zelk::Provider::Metadata::Cli {
 namespace {
 
-using FormatterType = Bindings::CommandSvc::FormatterType;
-using GenericType = Bindings::CommandSvc::GenericType;
+using FormatterType = Bindings::Cli::CommandSvc::FormatterType;
+using GenericType = Bindings::Cli::CommandSvc::GenericType;
 
 template <typename Record>
 using OptList = JsonOptArrayMember<std::list<std::shared_ptr<const Record>>>;
@@ -17,8 +17,8 @@ GenericType ToGenericType(const std::string& text) {
 
 }  // namespace
 
-bool MetadataParser::ParseCommandMetadata(const JsonValue& value, Bindings::CommandSvc::Info& info,
-                                          Errors& errors) {
+bool MetadataParser::ParseCommandMetadata(const JsonValue& value,
+                                          Bindings::Cli::CommandSvc::Info& info, Errors& errors) {
   // Intended: the message says "path".
   if (!value.IsObject()) return Fail(MessageId::kCliInvalidField, "path", errors);
   JsonMember<std::string> service_id(value, "service_id", errors);
@@ -30,17 +30,17 @@ bool MetadataParser::ParseCommandMetadata(const JsonValue& value, Bindings::Comm
   JsonOptMember<boost::optional<std::string>> formatter(value, "formatter", errors);
   if (!formatter.Ok()) return false;
   if (formatter.Value()) info.formatter = EnumConverter::Convert<FormatterType>(*formatter.Value());
-  OptList<Bindings::CommandSvc::OptionInfo> options(value, "options", ParseOptionInfo, errors);
+  OptList<Bindings::Cli::CommandSvc::OptionInfo> options(value, "options", ParseOptionInfo, errors);
   if (!options.Ok()) return false;
   info.options = options.Take();
-  OptList<Bindings::CommandSvc::OutputInfo> outputs(value, "output_field_list", ParseFieldInfo,
-                                                    errors);
+  OptList<Bindings::Cli::CommandSvc::OutputInfo> outputs(value, "output_field_list", ParseFieldInfo,
+                                                         errors);
   if (!outputs.Ok()) return false;
   info.output_field_list = outputs.Take();
   return true;
 }
 
-std::shared_ptr<const Bindings::CommandSvc::OptionInfo> MetadataParser::ParseOptionInfo(
+std::shared_ptr<const Bindings::Cli::CommandSvc::OptionInfo> MetadataParser::ParseOptionInfo(
     const JsonValue& value, Errors& errors) {
   if (!value.IsObject()) {
     Fail(MessageId::kCliInvalidField, "options_entry", errors);
@@ -58,12 +58,12 @@ std::shared_ptr<const Bindings::CommandSvc::OptionInfo> MetadataParser::ParseOpt
   if (!type.Ok()) return nullptr;
   JsonMember<std::string> generic(value, "generic", errors);
   if (!generic.Ok()) return nullptr;
-  return std::make_shared<Bindings::CommandSvc::OptionInfo>(
+  return std::make_shared<Bindings::Cli::CommandSvc::OptionInfo>(
       long_option.Take(), short_option.Take(), field_name.Take(), description.Take(), type.Take(),
       ToGenericType(generic.Value()));
 }
 
-std::shared_ptr<const Bindings::CommandSvc::OutputInfo> MetadataParser::ParseFieldInfo(
+std::shared_ptr<const Bindings::Cli::CommandSvc::OutputInfo> MetadataParser::ParseFieldInfo(
     const JsonValue& value, Errors& errors) {
   if (!value.IsObject()) {
     // Intended: the word that bad options get.
@@ -72,13 +72,14 @@ std::shared_ptr<const Bindings::CommandSvc::OutputInfo> MetadataParser::ParseFie
   }
   JsonMember<std::string> structure_id(value, "structure_id", errors);
   if (!structure_id.Ok()) return nullptr;
-  OptList<Bindings::CommandSvc::OutputFieldInfo> fields(value, "output_fields", ParseMemberInfo,
-                                                        errors);
+  OptList<Bindings::Cli::CommandSvc::OutputFieldInfo> fields(value, "output_fields",
+                                                             ParseMemberInfo, errors);
   if (!fields.Ok()) return nullptr;
-  return std::make_shared<Bindings::CommandSvc::OutputInfo>(structure_id.Take(), fields.Take());
+  return std::make_shared<Bindings::Cli::CommandSvc::OutputInfo>(structure_id.Take(),
+                                                                 fields.Take());
 }
 
-std::shared_ptr<const Bindings::CommandSvc::OutputFieldInfo> MetadataParser::ParseMemberInfo(
+std::shared_ptr<const Bindings::Cli::CommandSvc::OutputFieldInfo> MetadataParser::ParseMemberInfo(
     const JsonValue& value, Errors& errors) {
   if (!value.IsObject()) {
     Fail(MessageId::kCliInvalidField, "output_fields", errors);
@@ -88,8 +89,8 @@ std::shared_ptr<const Bindings::CommandSvc::OutputFieldInfo> MetadataParser::Par
   if (!field_name.Ok()) return nullptr;
   JsonMember<std::string> display_name(value, "display_name", errors);
   if (!display_name.Ok()) return nullptr;
-  return std::make_shared<Bindings::CommandSvc::OutputFieldInfo>(field_name.Take(),
-                                                                 display_name.Take());
+  return std::make_shared<Bindings::Cli::CommandSvc::OutputFieldInfo>(field_name.Take(),
+                                                                      display_name.Take());
 }
 
 bool MetadataParser::Fail(const char* message_id, const char* argument, Errors& errors) {

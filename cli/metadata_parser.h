@@ -10,7 +10,7 @@
 
 namespace Zelk::Provider::Metadata::Cli {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Cli;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 /// Reads CLI files. Keeps no state; every operation appends its messages to `errors`. The callbacks
 /// receive each namespace and each command, as pointers to their new Info, in document order.
@@ -51,8 +51,8 @@ class MetadataParser {
     if (type.Value() == "command") return ParseCommandNode(value, on_command, errors);
     // Intended: the message names the key and not the text that was found.
     if (type.Value() != "namespace") return Fail(MessageId::kCliInvalidNodeType, "type", errors);
-    using Bindings::NamespaceSvc::Identity;
-    using Bindings::NamespaceSvc::Info;
+    using Bindings::Cli::NamespaceSvc::Identity;
+    using Bindings::Cli::NamespaceSvc::Info;
     const auto info = ParseInfoNode<Identity, Info>(value, errors);
     if (!info) return false;
     on_namespace(info);
@@ -77,8 +77,8 @@ class MetadataParser {
   template <typename CommandCallback>
   static bool ParseCommandNode(const JsonValue& value, const CommandCallback& on_command,
                                Errors& errors) {
-    using Bindings::CommandSvc::Identity;
-    using Bindings::CommandSvc::Info;
+    using Bindings::Cli::CommandSvc::Identity;
+    using Bindings::Cli::CommandSvc::Info;
     const auto info = ParseInfoNode<Identity, Info>(value, errors);
     if (!info) return false;
     const JsonValue* metadata = FindMember(value, "node_metadata", errors);
@@ -87,13 +87,13 @@ class MetadataParser {
     return true;
   }
 
-  static bool ParseCommandMetadata(const JsonValue& value, Bindings::CommandSvc::Info& info,
+  static bool ParseCommandMetadata(const JsonValue& value, Bindings::Cli::CommandSvc::Info& info,
                                    Errors& errors);
-  static std::shared_ptr<const Bindings::CommandSvc::OptionInfo> ParseOptionInfo(
+  static std::shared_ptr<const Bindings::Cli::CommandSvc::OptionInfo> ParseOptionInfo(
       const JsonValue& value, Errors& errors);
-  static std::shared_ptr<const Bindings::CommandSvc::OutputInfo> ParseFieldInfo(
+  static std::shared_ptr<const Bindings::Cli::CommandSvc::OutputInfo> ParseFieldInfo(
       const JsonValue& value, Errors& errors);
-  static std::shared_ptr<const Bindings::CommandSvc::OutputFieldInfo> ParseMemberInfo(
+  static std::shared_ptr<const Bindings::Cli::CommandSvc::OutputFieldInfo> ParseMemberInfo(
       const JsonValue& value, Errors& errors);
 
  private:

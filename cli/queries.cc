@@ -56,14 +56,14 @@ typename Nodes::mapped_type FindNode(const SourceRegistry<SourceDomain>::Table& 
 
 }  // namespace
 
-std::list<std::shared_ptr<const Bindings::NamespaceSvc::Identity>>
+std::list<std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity>>
 JsonMetadataContainer::ListNamespaces() const {
-  return Identities<Bindings::NamespaceSvc::Identity>(sources_.Sources(), &SourceData::namespaces,
-                                                      boost::none);
+  return Identities<Bindings::Cli::NamespaceSvc::Identity>(sources_.Sources(),
+                                                           &SourceData::namespaces, boost::none);
 }
 
-std::shared_ptr<const Bindings::NamespaceSvc::Info> JsonMetadataContainer::NamespaceInfo(
-    const std::shared_ptr<const Bindings::NamespaceSvc::Identity>& identity) const {
+std::shared_ptr<const Bindings::Cli::NamespaceSvc::Info> JsonMetadataContainer::NamespaceInfo(
+    const std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity>& identity) const {
   return FindNode(sources_.Sources(), kNamespaceName, &SourceData::namespaces, identity);
 }
 
@@ -71,14 +71,14 @@ std::string JsonMetadataContainer::NamespaceFingerprint() const {
   return DigestOfSources(sources_.Sources(), &SourceData::namespace_fingerprint);
 }
 
-std::list<std::shared_ptr<const Bindings::CommandSvc::Identity>>
+std::list<std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>>
 JsonMetadataContainer::ListCommands(const boost::optional<std::string>& namespace_path) const {
-  return Identities<Bindings::CommandSvc::Identity>(sources_.Sources(), &SourceData::commands,
-                                                    namespace_path);
+  return Identities<Bindings::Cli::CommandSvc::Identity>(sources_.Sources(), &SourceData::commands,
+                                                         namespace_path);
 }
 
-std::shared_ptr<const Bindings::CommandSvc::Info> JsonMetadataContainer::CommandInfo(
-    const std::shared_ptr<const Bindings::CommandSvc::Identity>& identity) const {
+std::shared_ptr<const Bindings::Cli::CommandSvc::Info> JsonMetadataContainer::CommandInfo(
+    const std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>& identity) const {
   return FindNode(sources_.Sources(), kCommandName, &SourceData::commands, identity);
 }
 

@@ -4,7 +4,7 @@
 
 namespace Zelk::Provider::Metadata::Cli {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Cli;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 using Activation = std::shared_ptr<::Zelk::Core::AsyncActivation>;
 
 namespace {
@@ -25,8 +25,8 @@ AsyncServiceImpl::AsyncServiceImpl(std::shared_ptr<MetadataContainer> container)
 
 void AsyncServiceImpl::List(
     const boost::optional<std::string>& namespace_path, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::list<std::shared_ptr<const Bindings::CommandSvc::Identity>>>&
-        result) {
+    const ::Zelk::AsyncResult<
+        std::list<std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>>>& result) {
   const auto commands = container_->ListCommands(namespace_path);
   // Intended: a namespace that holds no command itself is answered like an unknown one.
   if (namespace_path && commands.empty()) {
@@ -37,9 +37,9 @@ void AsyncServiceImpl::List(
 }
 
 void AsyncServiceImpl::Get(
-    const std::shared_ptr<const Bindings::CommandSvc::Identity>& identity,
+    const std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>& identity,
     const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::CommandSvc::Info>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Cli::CommandSvc::Info>>& result) {
   DeliverOrNotFound(result, container_->CommandInfo(identity), MessageId::kCliCommandNotFound,
                     [&identity] { return FullName(identity); });
 }
@@ -60,15 +60,15 @@ AsyncServiceImpl::AsyncServiceImpl(std::shared_ptr<MetadataContainer> container)
 
 void AsyncServiceImpl::List(
     const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::list<std::shared_ptr<const Bindings::NamespaceSvc::Identity>>>&
-        result) {
+    const ::Zelk::AsyncResult<
+        std::list<std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity>>>& result) {
   result(container_->ListNamespaces());
 }
 
 void AsyncServiceImpl::Get(
-    const std::shared_ptr<const Bindings::NamespaceSvc::Identity>& identity,
+    const std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity>& identity,
     const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::NamespaceSvc::Info>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Cli::NamespaceSvc::Info>>& result) {
   DeliverOrNotFound(result, container_->NamespaceInfo(identity), MessageId::kCliNamespaceNotFound,
                     [&identity] { return FullName(identity); });
 }
@@ -87,10 +87,10 @@ namespace SourceSvc {
 AsyncServiceImpl::AsyncServiceImpl(std::shared_ptr<MetadataContainer> container)
     : container_(std::move(container)) {}
 
-void AsyncServiceImpl::Create(const std::string& source_id,
-                              const std::shared_ptr<const Bindings::SourceSvc::CreateSpec>& spec,
-                              const Activation& /*activation*/,
-                              const ::Zelk::AsyncResult<::Zelk::Void>& result) {
+void AsyncServiceImpl::Create(
+    const std::string& source_id,
+    const std::shared_ptr<const Bindings::Cli::SourceSvc::CreateSpec>& spec,
+    const Activation& /*activation*/, const ::Zelk::AsyncResult<::Zelk::Void>& result) {
   DeliverChange(result, container_->CreateSource(source_id, spec), OnSuccess::kDeliver);
 }
 
@@ -101,7 +101,7 @@ void AsyncServiceImpl::Delete(const std::string& source_id, const Activation& /*
 
 void AsyncServiceImpl::Get(
     const std::string& source_id, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::SourceSvc::Info>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Cli::SourceSvc::Info>>& result) {
   DeliverOrNotFound(result, container_->SourcesInfo(source_id), MessageId::kCliSourceNotFound,
                     source_id);
 }

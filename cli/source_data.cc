@@ -20,17 +20,17 @@ NamespacePtr SourceData::RegisterWithParent(const NamespaceIdentityPtr& identity
     return nullptr;
   }
   std::string description = parent->name.empty() ? "Root namespace" : parent->name + " namespace";
-  return std::make_shared<Bindings::NamespaceSvc::Info>(std::move(parent), std::move(description),
-                                                        std::list<NamespaceIdentityPtr>{identity});
+  return std::make_shared<Bindings::Cli::NamespaceSvc::Info>(
+      std::move(parent), std::move(description), std::list<NamespaceIdentityPtr>{identity});
 }
 
 NamespaceIdentityPtr SourceData::Str2NsId(const std::string& path) {
   const auto dot = path.rfind('.');
   if (dot == std::string::npos) {
-    return std::make_shared<Bindings::NamespaceSvc::Identity>(std::string(), path);
+    return std::make_shared<Bindings::Cli::NamespaceSvc::Identity>(std::string(), path);
   }
-  return std::make_shared<Bindings::NamespaceSvc::Identity>(path.substr(0, dot),
-                                                            path.substr(dot + 1));
+  return std::make_shared<Bindings::Cli::NamespaceSvc::Identity>(path.substr(0, dot),
+                                                                 path.substr(dot + 1));
 }
 
 }  // namespace Zelk::Provider::Metadata::Cli

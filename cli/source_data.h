@@ -10,10 +10,10 @@
 
 namespace Zelk::Provider::Metadata::Cli {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Cli;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
-using NamespaceIdentityPtr = std::shared_ptr<const Bindings::NamespaceSvc::Identity>;
-using NamespacePtr = std::shared_ptr<Bindings::NamespaceSvc::Info>;
+using NamespaceIdentityPtr = std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity>;
+using NamespacePtr = std::shared_ptr<Bindings::Cli::NamespaceSvc::Info>;
 
 /// Orders pointers to identities by what they point to.
 struct ByIdentity {
@@ -27,7 +27,8 @@ struct ByIdentity {
 enum NameKind : unsigned { kNamespaceName, kCommandName };
 
 /// What one CLI file declares: a tree of namespaces and the commands in them.
-struct SourceData : SourceRecord<Bindings::SourceSvc::CreateSpec, Bindings::SourceSvc::Info> {
+struct SourceData
+    : SourceRecord<Bindings::Cli::SourceSvc::CreateSpec, Bindings::Cli::SourceSvc::Info> {
   using SourceRecord::SourceRecord;
 
   /// Puts the namespace into the tree, making the namespaces above it where they are missing.
@@ -42,8 +43,8 @@ struct SourceData : SourceRecord<Bindings::SourceSvc::CreateSpec, Bindings::Sour
   static NamespaceIdentityPtr Str2NsId(const std::string& path);
 
   std::map<NamespaceIdentityPtr, NamespacePtr, ByIdentity> namespaces;
-  std::map<std::shared_ptr<const Bindings::CommandSvc::Identity>,
-           std::shared_ptr<Bindings::CommandSvc::Info>, ByIdentity>
+  std::map<std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>,
+           std::shared_ptr<Bindings::Cli::CommandSvc::Info>, ByIdentity>
       commands;
   /// The file's digest, from which the domain's two fingerprints are made.
   std::string namespace_fingerprint;

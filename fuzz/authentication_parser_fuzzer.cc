@@ -47,12 +47,13 @@ void CheckSource(const SourceData& source) {
 
 template <typename Source>
 Outcome Load(Source&& in) {
-  SourceData source(std::make_shared<const Bindings::SourceSvc::CreateSpec>(
+  SourceData source(std::make_shared<const Bindings::Authentication::SourceSvc::CreateSpec>(
       "", ::Com::Orvane::Zelk::Metadata::SourceType::LOCAL_FILE, boost::none, boost::none));
   Errors errors;
   const bool ok = JsonMetadataParser::LoadMetadata(
       Testing::AsSource(in),
-      [&](const std::string& name, const std::shared_ptr<Bindings::ComponentInfo>& component) {
+      [&](const std::string& name,
+          const std::shared_ptr<Bindings::Authentication::ComponentInfo>& component) {
         source.RegisterComponentNode(name, component);
       },
       errors);

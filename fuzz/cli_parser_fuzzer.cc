@@ -23,10 +23,10 @@ std::string DumpOf(const SourceData& source) {
 }
 
 /// The namespace that a path names, split at its last full stop; the root for an empty path.
-NamespaceIdentityPtr ParentOf(const Bindings::TreeIdentity& identity) {
+NamespaceIdentityPtr ParentOf(const Bindings::Cli::TreeIdentity& identity) {
   const auto& path = identity.path;
   const auto name_begin = path.find_last_of('.') + 1;  // 0 when there is none
-  return std::make_shared<Bindings::NamespaceSvc::Identity>(
+  return std::make_shared<Bindings::Cli::NamespaceSvc::Identity>(
       path.substr(0, name_begin == 0 ? 0 : name_begin - 1), path.substr(name_begin));
 }
 
@@ -48,12 +48,12 @@ void CheckTree(const SourceData& source) {
 
 template <typename Source>
 Outcome Load(Source&& in) {
-  SourceData source(std::make_shared<const Bindings::SourceSvc::CreateSpec>(
+  SourceData source(std::make_shared<const Bindings::Cli::SourceSvc::CreateSpec>(
       "", ::Com::Orvane::Zelk::Metadata::SourceType::LOCAL_FILE, boost::none, boost::none));
   Errors errors;
   const bool ok = MetadataParser::LoadMetadata(
       Testing::AsSource(in), [&](const NamespacePtr& info) { source.RegisterNsNode(info); },
-      [&](const std::shared_ptr<Bindings::CommandSvc::Info>& info) {
+      [&](const std::shared_ptr<Bindings::Cli::CommandSvc::Info>& info) {
         source.commands[info->identity] = info;
       },
       errors);

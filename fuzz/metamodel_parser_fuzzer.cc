@@ -39,10 +39,10 @@ void CheckSource(const SourceData& source, bool ok) {
 
 template <typename Source>
 Outcome Load(Source&& in) {
-  SourceData source(std::make_shared<const Bindings::SourceSvc::CreateSpec>(
+  SourceData source(std::make_shared<const Bindings::Metamodel::SourceSvc::CreateSpec>(
       "", ::Com::Orvane::Zelk::Metadata::SourceType::LOCAL_FILE, boost::none, boost::none));
   const JsonMetadataParser::RegisterCallbacks callbacks{
-      [&](const std::shared_ptr<Bindings::ComponentInfo>& component) {
+      [&](const std::shared_ptr<Bindings::Metamodel::ComponentInfo>& component) {
         source.RegisterComponentNode(component);
       },
       [&](const std::string& resource_id) { source.RegisterResoure(resource_id); },

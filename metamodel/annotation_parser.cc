@@ -6,16 +6,16 @@
 namespace Zelk::Provider::Metadata::Metamodel {
 namespace {
 
-using Bindings::MetadataIdentifierSvc::Constants;
-using ElementType = Bindings::ElementValueEnumerations::Type;
+using Bindings::Metamodel::MetadataIdentifierSvc::Constants;
+using ElementType = Bindings::Metamodel::ElementValueEnumerations::Type;
 using Names = std::list<std::string>;
 
 // What messages call an element whose value cannot be read, and an annotation that is no object.
 constexpr char kElementValue[] = "ElementValue";
 
 /// The annotation's element of that name; null when it has none.
-std::shared_ptr<const Bindings::ElementValue> FindElement(const Bindings::ElementMap& element_map,
-                                                          const std::string& name) {
+std::shared_ptr<const Bindings::Metamodel::ElementValue> FindElement(
+    const Bindings::Metamodel::ElementMap& element_map, const std::string& name) {
   const auto found = element_map.elements.find(name);
   return found == element_map.elements.end() ? nullptr : found->second;
 }
@@ -43,7 +43,7 @@ void Report(const JsonMetadataParser::RegisterCallbacks& callbacks,
 }  // namespace
 
 bool JsonMetadataParser::ParseMetadata(const RegisterCallbacks& callbacks, const JsonValue& value,
-                                       Bindings::MetadataMap& map, Errors& errors) {
+                                       Bindings::Metamodel::MetadataMap& map, Errors& errors) {
   for (const auto& member : JsonMembers(value)) {
     auto element_map = ParseElementMap(member.value, ParseStringElementValue, errors);
     if (!element_map) return false;
@@ -57,33 +57,33 @@ bool JsonMetadataParser::ParseMetadata(const RegisterCallbacks& callbacks, const
   return true;
 }
 
-std::shared_ptr<const Bindings::ElementMap> JsonMetadataParser::ParseElementMap(
+std::shared_ptr<const Bindings::Metamodel::ElementMap> JsonMetadataParser::ParseElementMap(
     const JsonValue& value, ElementParser parse_element, Errors& errors) {
   if (!CheckType(value, JsonType::kObject, kElementValue, errors)) return nullptr;
-  std::map<std::string, std::shared_ptr<const Bindings::ElementValue>> elements;
+  std::map<std::string, std::shared_ptr<const Bindings::Metamodel::ElementValue>> elements;
   for (const auto& member : JsonMembers(value)) {
     auto element = parse_element(member.value, errors);
     if (!element) return nullptr;
     elements.insert_or_assign(ValToString(member.name), std::move(element));
   }
-  return std::make_shared<Bindings::ElementMap>(std::move(elements));
+  return std::make_shared<Bindings::Metamodel::ElementMap>(std::move(elements));
 }
 
-std::shared_ptr<const Bindings::ElementValue> JsonMetadataParser::ParseStringElementValue(
-    const JsonValue& value, Errors& errors) {
+std::shared_ptr<const Bindings::Metamodel::ElementValue>
+JsonMetadataParser::ParseStringElementValue(const JsonValue& value, Errors& errors) {
   if (value.IsString()) {
-    return std::make_shared<Bindings::ElementValue>(ElementType::STRING, ValToString(value),
-                                                    boost::none, boost::none, boost::none);
+    return std::make_shared<Bindings::Metamodel::ElementValue>(
+        ElementType::STRING, ValToString(value), boost::none, boost::none, boost::none);
   }
   if (!CheckType(value, JsonType::kArray, kElementValue, errors)) return nullptr;
   auto names = ParseStrings(value, errors);
   if (!names) return nullptr;
-  return std::make_shared<Bindings::ElementValue>(ElementType::STRING_LIST, boost::none,
-                                                  std::move(names), boost::none, boost::none);
+  return std::make_shared<Bindings::Metamodel::ElementValue>(
+      ElementType::STRING_LIST, boost::none, std::move(names), boost::none, boost::none);
 }
 
 void JsonMetadataParser::HandleResource(const RegisterCallbacks& callbacks,
-                                        const Bindings::ElementMap& element_map) {
+                                        const Bindings::Metamodel::ElementMap& element_map) {
   const auto value = FindElement(element_map, "value");
   if (!value) return;
   switch (value->type.Value()) {
@@ -101,7 +101,7 @@ void JsonMetadataParser::HandleResource(const RegisterCallbacks& callbacks,
 }
 
 void JsonMetadataParser::HandleModelInfo(const RegisterCallbacks& callbacks,
-                                         const Bindings::StructureInfo& structure) {
+                                         const Bindings::Metamodel::StructureInfo& structure) {
   if (structure.metadata.count(Constants::MODEL) == 0) return;
   for (const auto& field : structure.fields) {
     const auto resource = field->metadata.find(Constants::RESOURCE);

@@ -4,10 +4,10 @@
 namespace Zelk::Provider::Metadata::Metamodel {
 namespace {
 
-using BuiltinType = Bindings::TypeEnumerations::BuiltinType;
-using ConstantCategory = Bindings::ConstantValueEnumerations::Category;
-using GenericType = Bindings::GenericInstantiationEnumerations::GenericType;
-using PrimitiveType = Bindings::PrimitiveValueEnumerations::Type;
+using BuiltinType = Bindings::Metamodel::TypeEnumerations::BuiltinType;
+using ConstantCategory = Bindings::Metamodel::ConstantValueEnumerations::Category;
+using GenericType = Bindings::Metamodel::GenericInstantiationEnumerations::GenericType;
+using PrimitiveType = Bindings::Metamodel::PrimitiveValueEnumerations::Type;
 
 /// How a constant of a built-in type is held; unknown for a type that constants cannot hold.
 PrimitiveType ToPrimitiveType(const BuiltinType& builtin_type) {
@@ -27,9 +27,8 @@ PrimitiveType ToPrimitiveType(const BuiltinType& builtin_type) {
 
 }  // namespace
 
-Named<Bindings::ConstantInfo> JsonMetadataParser::ParseConstant(const RegisterCallbacks& callbacks,
-                                                                const JsonValue& value,
-                                                                Errors& errors) {
+Named<Bindings::Metamodel::ConstantInfo> JsonMetadataParser::ParseConstant(
+    const RegisterCallbacks& callbacks, const JsonValue& value, Errors& errors) {
   constexpr char kValue[] = "value";
   JsonMember<std::string> name(value, "name", errors);
   if (!name.Ok()) return {};
@@ -47,9 +46,9 @@ Named<Bindings::ConstantInfo> JsonMetadataParser::ParseConstant(const RegisterCa
   auto held = category == ConstantCategory::PRIMITIVE
                   ? ParseConstantPrimitiveValue(*constant, kValue, errors,
                                                 ToPrimitiveType(*constant_type->builtin_type))
-                  : std::make_shared<const Bindings::ConstantValue>(category, nullptr);
-  return {name.Take(), std::make_shared<Bindings::ConstantInfo>(constant_type, std::move(held),
-                                                                documentation.Take())};
+                  : std::make_shared<const Bindings::Metamodel::ConstantValue>(category, nullptr);
+  return {name.Take(), std::make_shared<Bindings::Metamodel::ConstantInfo>(
+                           constant_type, std::move(held), documentation.Take())};
 }
 
 bool JsonMetadataParser::ParseConstantType(const RegisterCallbacks& callbacks,
@@ -66,18 +65,20 @@ bool JsonMetadataParser::ParseConstantType(const RegisterCallbacks& callbacks,
   return true;
 }
 
-std::shared_ptr<const Bindings::ConstantValue> JsonMetadataParser::ParseConstantPrimitiveValue(
-    const JsonValue& value, const char* name, Errors& errors, const PrimitiveType& primitive_type) {
-  return std::make_shared<const Bindings::ConstantValue>(
+std::shared_ptr<const Bindings::Metamodel::ConstantValue>
+JsonMetadataParser::ParseConstantPrimitiveValue(const JsonValue& value, const char* name,
+                                                Errors& errors,
+                                                const PrimitiveType& primitive_type) {
+  return std::make_shared<const Bindings::Metamodel::ConstantValue>(
       ConstantCategory::PRIMITIVE, ParsePrimitiveValue(value, name, errors, primitive_type));
 }
 
-std::shared_ptr<const Bindings::PrimitiveValue> JsonMetadataParser::ParsePrimitiveValue(
+std::shared_ptr<const Bindings::Metamodel::PrimitiveValue> JsonMetadataParser::ParsePrimitiveValue(
     const JsonValue& value, const char* name, Errors& errors, const PrimitiveType& primitive_type) {
   if (primitive_type != PrimitiveType::STRING) return nullptr;
   std::string text;
   if (!JsonParseString<ParseString>(value, name, errors, text)) return nullptr;
-  return std::make_shared<Bindings::PrimitiveValue>(primitive_type, std::move(text));
+  return std::make_shared<Bindings::Metamodel::PrimitiveValue>(primitive_type, std::move(text));
 }
 
 }  // namespace Zelk::Provider::Metadata::Metamodel

@@ -12,8 +12,8 @@ namespace Zelk::Provider::Metadata::Metamodel {
 /// What the shared source registry needs to know of this domain.
 struct SourceDomain {
   using SourceData = Metamodel::SourceData;
-  using CreateSpec = Bindings::SourceSvc::CreateSpec;
-  using Info = Bindings::SourceSvc::Info;
+  using CreateSpec = Bindings::Metamodel::SourceSvc::CreateSpec;
+  using Info = Bindings::Metamodel::SourceSvc::Info;
 
   static constexpr const char* kExists = MessageId::kMetamodelSourceExists;
   static constexpr const char* kNotFound = MessageId::kMetamodelSourceNotFound;
@@ -35,34 +35,34 @@ class ZELK_METADATA_SERVICES_EXPORT JsonMetadataContainer final : public Metadat
 
   ErrorPtr CreateSource(
       const std::string& source_id,
-      const std::shared_ptr<const Bindings::SourceSvc::CreateSpec>& spec) override;
+      const std::shared_ptr<const Bindings::Metamodel::SourceSvc::CreateSpec>& spec) override;
   ErrorPtr DeleteSource(const std::string& source_id) override;
   ErrorPtr ReloadSource(const boost::optional<std::string>& source_id) override;
   std::list<std::string> ListSources() const override;
-  std::shared_ptr<const Bindings::SourceSvc::Info> SourcesInfo(
+  std::shared_ptr<const Bindings::Metamodel::SourceSvc::Info> SourcesInfo(
       const std::string& source_id) const override;
   std::string SourceFingerprint(const boost::optional<std::string>& source_id) const override;
 
   std::list<std::string> ListComponents() const override;
-  std::shared_ptr<const Bindings::ComponentData> ComponentInfo(
+  std::shared_ptr<const Bindings::Metamodel::ComponentData> ComponentInfo(
       const std::string& component_id) const override;
   std::string ComponentFingerprint(const std::string& component_id) const override;
   std::list<std::string> ListPackages() const override;
-  std::shared_ptr<const Bindings::PackageInfo> PackageInfo(
+  std::shared_ptr<const Bindings::Metamodel::PackageInfo> PackageInfo(
       const std::string& package_id) const override;
   std::list<std::string> ListServices() const override;
-  std::shared_ptr<const Bindings::ServiceInfo> ServiceInfo(
+  std::shared_ptr<const Bindings::Metamodel::ServiceInfo> ServiceInfo(
       const std::string& service_id) const override;
   boost::optional<std::list<std::string>> ListOperations(
       const std::string& service_id) const override;
-  std::shared_ptr<const Bindings::OperationInfo> OperationInfo(
+  std::shared_ptr<const Bindings::Metamodel::OperationInfo> OperationInfo(
       const std::string& service_id, const std::string& operation_id) const override;
   std::list<std::string> ListHiddens() const override;
   std::list<std::string> ListEnumerations() const override;
-  std::shared_ptr<const Bindings::EnumerationInfo> EnumerationInfo(
+  std::shared_ptr<const Bindings::Metamodel::EnumerationInfo> EnumerationInfo(
       const std::string& enumeration_id) const override;
   std::list<std::string> ListStructures() const override;
-  std::shared_ptr<const Bindings::StructureInfo> StructureInfo(
+  std::shared_ptr<const Bindings::Metamodel::StructureInfo> StructureInfo(
       const std::string& structure_id) const override;
   std::set<std::string> ListResources() const override;
   boost::optional<std::set<std::string>> ListModels(const std::string& resource_id) const override;

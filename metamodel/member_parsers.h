@@ -20,7 +20,7 @@ template <typename Record>
 using ListMember = JsonArrayMember<std::list<std::shared_ptr<const Record>>>;
 
 /// The annotations under "metadata".
-class MetadataMember : public JsonObjectMember<Bindings::MetadataMap> {
+class MetadataMember : public JsonObjectMember<Bindings::Metamodel::MetadataMap> {
  public:
   MetadataMember(const JsonValue& object, const JsonMetadataParser::RegisterCallbacks& callbacks,
                  Errors& errors)

@@ -11,9 +11,9 @@ std::list<std::string> JsonMetadataContainer::ListComponents() const {
   return ComponentNames(sources_.Sources());
 }
 
-std::shared_ptr<const Bindings::ComponentData> JsonMetadataContainer::ComponentInfo(
+std::shared_ptr<const Bindings::Metamodel::ComponentData> JsonMetadataContainer::ComponentInfo(
     const std::string& component_id) const {
-  return FindComponent<Bindings::ComponentData>(sources_.Sources(), component_id);
+  return FindComponent<Bindings::Metamodel::ComponentData>(sources_.Sources(), component_id);
 }
 
 std::string JsonMetadataContainer::ComponentFingerprint(const std::string& component_id) const {
@@ -24,18 +24,18 @@ std::list<std::string> JsonMetadataContainer::ListPackages() const {
   return PackageNames(sources_.Sources());
 }
 
-std::shared_ptr<const Bindings::PackageInfo> JsonMetadataContainer::PackageInfo(
+std::shared_ptr<const Bindings::Metamodel::PackageInfo> JsonMetadataContainer::PackageInfo(
     const std::string& package_id) const {
-  return FindPackage<Bindings::PackageInfo>(sources_.Sources(), package_id);
+  return FindPackage<Bindings::Metamodel::PackageInfo>(sources_.Sources(), package_id);
 }
 
 std::list<std::string> JsonMetadataContainer::ListServices() const {
   return ServiceNames(sources_.Sources());
 }
 
-std::shared_ptr<const Bindings::ServiceInfo> JsonMetadataContainer::ServiceInfo(
+std::shared_ptr<const Bindings::Metamodel::ServiceInfo> JsonMetadataContainer::ServiceInfo(
     const std::string& service_id) const {
-  return FindService<Bindings::ServiceInfo>(sources_.Sources(), service_id);
+  return FindService<Bindings::Metamodel::ServiceInfo>(sources_.Sources(), service_id);
 }
 
 boost::optional<std::list<std::string>> JsonMetadataContainer::ListOperations(
@@ -43,7 +43,7 @@ boost::optional<std::list<std::string>> JsonMetadataContainer::ListOperations(
   return OperationNames(ServiceInfo(service_id));
 }
 
-std::shared_ptr<const Bindings::OperationInfo> JsonMetadataContainer::OperationInfo(
+std::shared_ptr<const Bindings::Metamodel::OperationInfo> JsonMetadataContainer::OperationInfo(
     const std::string& service_id, const std::string& operation_id) const {
   const auto service = ServiceInfo(service_id);
   if (!service) return nullptr;
@@ -67,9 +67,9 @@ std::list<std::string> JsonMetadataContainer::ListEnumerations() const {
   return names;
 }
 
-std::shared_ptr<const Bindings::EnumerationInfo> JsonMetadataContainer::EnumerationInfo(
+std::shared_ptr<const Bindings::Metamodel::EnumerationInfo> JsonMetadataContainer::EnumerationInfo(
     const std::string& enumeration_id) const {
-  std::shared_ptr<const Bindings::EnumerationInfo> enumeration;
+  std::shared_ptr<const Bindings::Metamodel::EnumerationInfo> enumeration;
   const SelectEnumeration select{enumeration_id, Assign{enumeration}};
   WalkSourcesByLevel(sources_.Sources(), NameMark(kEnumerationName, enumeration_id),
                      IfMayHold(NameMark(kPackageEnumerationName, enumeration_id),
@@ -92,9 +92,9 @@ std::list<std::string> JsonMetadataContainer::ListStructures() const {
   return names;
 }
 
-std::shared_ptr<const Bindings::StructureInfo> JsonMetadataContainer::StructureInfo(
+std::shared_ptr<const Bindings::Metamodel::StructureInfo> JsonMetadataContainer::StructureInfo(
     const std::string& structure_id) const {
-  std::shared_ptr<const Bindings::StructureInfo> structure;
+  std::shared_ptr<const Bindings::Metamodel::StructureInfo> structure;
   const SelectStructure select{structure_id, Assign{structure}};
   WalkSourcesByLevel(sources_.Sources(), NameMark(kStructureName, structure_id),
                      IfMayHold(NameMark(kPackageStructureName, structure_id),

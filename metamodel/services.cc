@@ -4,7 +4,7 @@
 
 namespace Zelk::Provider::Metadata::Metamodel {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 using Activation = std::shared_ptr<::Zelk::Core::AsyncActivation>;
 
 namespace ComponentSvc {
@@ -19,7 +19,7 @@ void AsyncServiceImpl::List(const Activation& /*activation*/,
 
 void AsyncServiceImpl::Get(
     const std::string& component_id, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::ComponentData>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Metamodel::ComponentData>>& result) {
   DeliverOrNotFound(result, container_->ComponentInfo(component_id),
                     MessageId::kMetamodelComponentNotFound, component_id);
 }
@@ -47,7 +47,8 @@ void AsyncServiceImpl::List(const Activation& /*activation*/,
 
 void AsyncServiceImpl::Get(
     const std::string& enumeration_id, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::EnumerationInfo>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Metamodel::EnumerationInfo>>&
+        result) {
   DeliverOrNotFound(result, container_->EnumerationInfo(enumeration_id),
                     MessageId::kMetamodelEnumerationNotFound, enumeration_id);
 }
@@ -68,7 +69,7 @@ void AsyncServiceImpl::List(const Activation& /*activation*/,
 
 void AsyncServiceImpl::Get(
     const std::string& package_id, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::PackageInfo>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Metamodel::PackageInfo>>& result) {
   DeliverOrNotFound(result, container_->PackageInfo(package_id),
                     MessageId::kMetamodelPackageNotFound, package_id);
 }
@@ -118,7 +119,7 @@ void AsyncServiceImpl::List(const Activation& /*activation*/,
 
 void AsyncServiceImpl::Get(
     const std::string& service_id, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::ServiceInfo>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Metamodel::ServiceInfo>>& result) {
   DeliverOrNotFound(result, container_->ServiceInfo(service_id),
                     MessageId::kMetamodelServiceNotFound, service_id);
 }
@@ -141,7 +142,7 @@ void AsyncServiceImpl::List(const std::string& service_id, const Activation& /*a
 void AsyncServiceImpl::Get(
     const std::string& service_id, const std::string& operation_id,
     const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::OperationInfo>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Metamodel::OperationInfo>>& result) {
   DeliverOrNotFound(result, container_->OperationInfo(service_id, operation_id),
                     MessageId::kMetamodelOperationNotFound, service_id, operation_id);
 }
@@ -176,7 +177,7 @@ void AsyncServiceImpl::List(const Activation& /*activation*/,
 
 void AsyncServiceImpl::Get(
     const std::string& structure_id, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::StructureInfo>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Metamodel::StructureInfo>>& result) {
   DeliverOrNotFound(result, container_->StructureInfo(structure_id),
                     MessageId::kMetamodelStructureNotFound, structure_id);
 }
@@ -190,10 +191,10 @@ namespace SourceSvc {
 AsyncServiceImpl::AsyncServiceImpl(std::shared_ptr<MetadataContainer> container)
     : container_(std::move(container)) {}
 
-void AsyncServiceImpl::Create(const std::string& source_id,
-                              const std::shared_ptr<const Bindings::SourceSvc::CreateSpec>& spec,
-                              const Activation& /*activation*/,
-                              const ::Zelk::AsyncResult<::Zelk::Void>& result) {
+void AsyncServiceImpl::Create(
+    const std::string& source_id,
+    const std::shared_ptr<const Bindings::Metamodel::SourceSvc::CreateSpec>& spec,
+    const Activation& /*activation*/, const ::Zelk::AsyncResult<::Zelk::Void>& result) {
   DeliverChange(result, container_->CreateSource(source_id, spec), OnSuccess::kStaySilent);
 }
 
@@ -204,7 +205,8 @@ void AsyncServiceImpl::Delete(const std::string& source_id, const Activation& /*
 
 void AsyncServiceImpl::Get(
     const std::string& source_id, const Activation& /*activation*/,
-    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::SourceSvc::Info>>& result) {
+    const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Metamodel::SourceSvc::Info>>&
+        result) {
   DeliverOrNotFound(result, container_->SourcesInfo(source_id), MessageId::kMetamodelSourceNotFound,
                     source_id);
 }

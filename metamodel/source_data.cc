@@ -2,7 +2,8 @@
 
 namespace Zelk::Provider::Metadata::Metamodel {
 
-void SourceData::RegisterComponentNode(const std::shared_ptr<Bindings::ComponentInfo>& component) {
+void SourceData::RegisterComponentNode(
+    const std::shared_ptr<Bindings::Metamodel::ComponentInfo>& component) {
   components[component->name] = component;
 }
 

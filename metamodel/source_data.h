@@ -11,14 +11,15 @@
 
 namespace Zelk::Provider::Metadata::Metamodel {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 /// What one Metamodel file declares.
-struct SourceData : SourceRecord<Bindings::SourceSvc::CreateSpec, Bindings::SourceSvc::Info> {
+struct SourceData : SourceRecord<Bindings::Metamodel::SourceSvc::CreateSpec,
+                                 Bindings::Metamodel::SourceSvc::Info> {
   using SourceRecord::SourceRecord;
 
   /// A component of a name already present replaces the earlier one.
-  void RegisterComponentNode(const std::shared_ptr<Bindings::ComponentInfo>& component);
+  void RegisterComponentNode(const std::shared_ptr<Bindings::Metamodel::ComponentInfo>& component);
 
   /// A resource already present keeps its models.
   void RegisterResoure(const std::string& resource_id);
@@ -26,7 +27,7 @@ struct SourceData : SourceRecord<Bindings::SourceSvc::CreateSpec, Bindings::Sour
   /// Adds the resource too when it is not there yet.
   void RegisterModel(const std::string& resource_id, const std::string& model_name);
 
-  std::map<std::string, std::shared_ptr<const Bindings::ComponentInfo>> components;
+  std::map<std::string, std::shared_ptr<const Bindings::Metamodel::ComponentInfo>> components;
   /// Resource id to the names of the structures that are its models.
   std::map<std::string, std::set<std::string>> resources;
   /// What the queries hand out as the fingerprint of each component: the file's.

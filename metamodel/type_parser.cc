@@ -8,13 +8,14 @@
 namespace Zelk::Provider::Metadata::Metamodel {
 namespace {
 
-using BuiltinType = Bindings::TypeEnumerations::BuiltinType;
-using Category = Bindings::TypeEnumerations::Category;
-using GenericType = Bindings::GenericInstantiationEnumerations::GenericType;
+using BuiltinType = Bindings::Metamodel::TypeEnumerations::BuiltinType;
+using Category = Bindings::Metamodel::TypeEnumerations::Category;
+using GenericType = Bindings::Metamodel::GenericInstantiationEnumerations::GenericType;
 
-TypePtr ToType(std::shared_ptr<const Bindings::GenericInstantiation> generic_instantiation) {
-  return std::make_shared<Bindings::Type>(Category::GENERIC, boost::none, nullptr,
-                                          std::move(generic_instantiation));
+TypePtr ToType(
+    std::shared_ptr<const Bindings::Metamodel::GenericInstantiation> generic_instantiation) {
+  return std::make_shared<Bindings::Metamodel::Type>(Category::GENERIC, boost::none, nullptr,
+                                                     std::move(generic_instantiation));
 }
 
 TypePtr ParseBuiltinType(BuiltinTypes& builtin_types, const JsonValue& value, Errors& errors) {
@@ -126,7 +127,7 @@ TypePtr JsonMetadataParser::ParseUserDefinedType(const JsonValue& value, Errors&
     type = "com.orvane.zelk.enumeration";
   }
   return GetUserDefinedType(
-      std::make_shared<Bindings::UserDefinedType>(std::move(type), resource_id.Take()));
+      std::make_shared<Bindings::Metamodel::UserDefinedType>(std::move(type), resource_id.Take()));
 }
 
 TypePtr JsonMetadataParser::ParseGenericType(const RegisterCallbacks& callbacks,
@@ -145,23 +146,23 @@ bool JsonMetadataParser::ParseBinEnum(const JsonValue& value, const char* name, 
 }
 
 TypePtr JsonMetadataParser::GetBuildinType(BuiltinType builtin_type) {
-  return std::make_shared<Bindings::Type>(Category::BUILTIN, std::move(builtin_type), nullptr,
-                                          nullptr);
+  return std::make_shared<Bindings::Metamodel::Type>(Category::BUILTIN, std::move(builtin_type),
+                                                     nullptr, nullptr);
 }
 
 TypePtr JsonMetadataParser::GetUserDefinedType(
-    std::shared_ptr<const Bindings::UserDefinedType> user_defined_type) {
-  return std::make_shared<Bindings::Type>(Category::USER_DEFINED, boost::none,
-                                          std::move(user_defined_type), nullptr);
+    std::shared_ptr<const Bindings::Metamodel::UserDefinedType> user_defined_type) {
+  return std::make_shared<Bindings::Metamodel::Type>(Category::USER_DEFINED, boost::none,
+                                                     std::move(user_defined_type), nullptr);
 }
 
 TypePtr JsonMetadataParser::GetGenericType(GenericType generic_type, TypePtr element_type) {
-  return ToType(std::make_shared<Bindings::GenericInstantiation>(
+  return ToType(std::make_shared<Bindings::Metamodel::GenericInstantiation>(
       std::move(generic_type), std::move(element_type), nullptr, nullptr));
 }
 
 TypePtr JsonMetadataParser::GetGenericType(TypePtr key_type, TypePtr value_type) {
-  return ToType(std::make_shared<Bindings::GenericInstantiation>(
+  return ToType(std::make_shared<Bindings::Metamodel::GenericInstantiation>(
       GenericType::MAP, nullptr, std::move(key_type), std::move(value_type)));
 }
 

@@ -8,29 +8,29 @@ namespace Zelk::Fuzzing {
 namespace {
 
 namespace Provided = ::Zelk::Provider::Metadata::Authentication;
-namespace Bound = ::Com::Orvane::Zelk::Metadata::Authentication;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 struct Authentication {
   using Container = Provided::MetadataContainer;
   using Sources = Provided::SourceSvc::AsyncServiceImpl;
-  using CreateSpec = Bound::SourceSvc::CreateSpec;
+  using CreateSpec = Bindings::Authentication::SourceSvc::CreateSpec;
 };
 
 // Records do not hold their names, so the texts have none.
 
-std::string Text(const Bound::ComponentData& component) {
+std::string Text(const Bindings::Authentication::ComponentData& component) {
   return Testing::ComponentText("", *component.info) + component.fingerprint;
 }
 
-std::string Text(const Bound::PackageInfo& package) {
+std::string Text(const Bindings::Authentication::PackageInfo& package) {
   return Testing::PackageText("", package);
 }
 
-std::string Text(const Bound::ServiceInfo& service) {
+std::string Text(const Bindings::Authentication::ServiceInfo& service) {
   return Testing::ServiceText("", service);
 }
 
-std::string Text(const Bound::OperationInfo& operation) {
+std::string Text(const Bindings::Authentication::OperationInfo& operation) {
   return Testing::OperationText("", operation);
 }
 

@@ -8,12 +8,12 @@ namespace Zelk::Fuzzing {
 namespace {
 
 namespace Provided = ::Zelk::Provider::Metadata::Cli;
-namespace Bound = ::Com::Orvane::Zelk::Metadata::Cli;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 struct Cli {
   using Container = Provided::MetadataContainer;
   using Sources = Provided::SourceSvc::AsyncServiceImpl;
-  using CreateSpec = Bound::SourceSvc::CreateSpec;
+  using CreateSpec = Bindings::Cli::SourceSvc::CreateSpec;
 };
 
 template <typename Record>
@@ -43,7 +43,7 @@ class Library final : public LibraryServices<Cli> {
         return DeliveredIdentities(Ask(namespaces_, &Namespaces::List));
       case Operation::kGetNamespace:
         return DeliveredRecord(Ask(namespaces_, &Namespaces::Get,
-                                   IdentityOf<Bound::NamespaceSvc::Identity>(question)));
+                                   IdentityOf<Bindings::Cli::NamespaceSvc::Identity>(question)));
       case Operation::kFingerprintOfNamespaces:
         return Delivered(Ask(namespaces_, &Namespaces::Fingerprint));
       case Operation::kListAllCommands:
@@ -51,8 +51,8 @@ class Library final : public LibraryServices<Cli> {
       case Operation::kListCommands:
         return DeliveredIdentities(Ask(commands_, &Commands::List, Filter(question.key)));
       case Operation::kGetCommand:
-        return DeliveredRecord(
-            Ask(commands_, &Commands::Get, IdentityOf<Bound::CommandSvc::Identity>(question)));
+        return DeliveredRecord(Ask(commands_, &Commands::Get,
+                                   IdentityOf<Bindings::Cli::CommandSvc::Identity>(question)));
       case Operation::kFingerprintOfCommands:
         return Delivered(Ask(commands_, &Commands::Fingerprint));
       default:

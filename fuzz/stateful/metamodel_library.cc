@@ -8,12 +8,12 @@ namespace Zelk::Fuzzing {
 namespace {
 
 namespace Provided = ::Zelk::Provider::Metadata::Metamodel;
-namespace Bound = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 struct Metamodel {
   using Container = Provided::MetadataContainer;
   using Sources = Provided::SourceSvc::AsyncServiceImpl;
-  using CreateSpec = Bound::SourceSvc::CreateSpec;
+  using CreateSpec = Bindings::Metamodel::SourceSvc::CreateSpec;
 };
 
 template <typename Record>
@@ -22,7 +22,7 @@ std::string DeliveredRecord(const Testing::Delivery<std::shared_ptr<const Record
 }
 
 std::string DeliveredRecord(
-    const Testing::Delivery<std::shared_ptr<const Bound::ComponentData>>& delivery) {
+    const Testing::Delivery<std::shared_ptr<const Bindings::Metamodel::ComponentData>>& delivery) {
   return Delivered(delivery, [](const auto& component) {
     return Testing::Dump(*component->info) + component->fingerprint;
   });

@@ -253,9 +253,9 @@ TEST(LeftOverOperations, AreNotLookedAtWhenTheServiceIsListed) {
 
 const Parser::SchemeTable kNoSchemes;
 
-using Operations = Parser::Unclaimed<Bindings::OperationInfo>;
-using Services = Parser::Unclaimed<Bindings::ServiceInfo>;
-using Packages = Parser::Table<Bindings::PackageInfo>;
+using Operations = Parser::Unclaimed<Bindings::Authentication::OperationInfo>;
+using Services = Parser::Unclaimed<Bindings::Authentication::ServiceInfo>;
+using Packages = Parser::Table<Bindings::Authentication::PackageInfo>;
 
 Operations ReadOperations(const std::string& json) {
   Operations operations;
@@ -282,9 +282,9 @@ TEST(ParseOperations, KeepsEveryOperationUnderItsService) {
 
 TEST(ParseOperations, KeepsTheFirstOfARepeatedOperation) {
   const Parser::SchemeTable schemes{
-      {"s",
-       std::make_shared<const Bindings::AuthenticationInfo>(
-           Bindings::AuthenticationInfoEnumerations::SchemeType::SESSIONLESS, boost::none, "s")}};
+      {"s", std::make_shared<const Bindings::Authentication::AuthenticationInfo>(
+                Bindings::Authentication::AuthenticationInfoEnumerations::SchemeType::SESSIONLESS,
+                boost::none, "s")}};
   Operations operations;
   Errors errors;
   EXPECT_TRUE(Parser::ParseOperations(Json(R"({"a.b": ["s"], "c.d": [], "a.b": []})"), schemes,

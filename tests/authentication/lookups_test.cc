@@ -56,20 +56,20 @@ class RandomFiles {
   unsigned components_ = 0;
 };
 
-std::string Text(const Bindings::OperationInfo& operation) {
+std::string Text(const Bindings::Authentication::OperationInfo& operation) {
   std::string text;
   for (const auto& scheme : operation.schemes) text += scheme->scheme;
   return text;
 }
 
-std::string Text(const Bindings::ServiceInfo& service) {
+std::string Text(const Bindings::Authentication::ServiceInfo& service) {
   std::string text;
   for (const auto& scheme : service.schemes) text += scheme->scheme;
   for (const auto& [name, operation] : service.operations) text += "(" + Text(*operation) + ")";
   return text;
 }
 
-std::string Text(const Bindings::PackageInfo& package) {
+std::string Text(const Bindings::Authentication::PackageInfo& package) {
   std::string text;
   for (const auto& scheme : package.schemes) text += scheme->scheme;
   for (const auto& [id, service] : package.services) text += "[" + Text(*service) + "]";

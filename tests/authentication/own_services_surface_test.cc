@@ -24,8 +24,7 @@ using testing::Not;
 using Zelk::Testing::Lines;
 using Zelk::Testing::SchemesText;
 using Zelk::Testing::SchemeText;
-namespace Auth = Zelk::Testing::Auth;
-namespace Model = Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace Metadata = Zelk::Provider::Metadata;
 
 using Names = std::list<std::string>;
@@ -48,8 +47,9 @@ NameSet Set(const Names& names) {
 class OwnServices : public testing::Test {
  protected:
   void SetUp() override {
-    ASSERT_EQ(Load<Model::SourceSvc::CreateSpec>(*metamodel_, "metamodel"), Lines());
-    ASSERT_EQ(Load<Auth::SourceSvc::CreateSpec>(*schemes_, "authentication"), Lines());
+    ASSERT_EQ(Load<Bindings::Metamodel::SourceSvc::CreateSpec>(*metamodel_, "metamodel"), Lines());
+    ASSERT_EQ(Load<Bindings::Authentication::SourceSvc::CreateSpec>(*schemes_, "authentication"),
+              Lines());
     ASSERT_THAT(metamodel_->ListPackages(), Not(IsEmpty()));
     ASSERT_THAT(metamodel_->ListServices(), Not(IsEmpty()));
   }

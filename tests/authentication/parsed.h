@@ -27,10 +27,10 @@ struct Parsed {
 
 /// A parser's callback that keeps the components' texts.
 inline JsonMetadataParser::RegisterCallbacks KeepTexts(std::string& components) {
-  return
-      [&components](const std::string& name, const std::shared_ptr<Bindings::ComponentInfo>& info) {
-        components += Testing::ComponentText(name, *info);
-      };
+  return [&components](const std::string& name,
+                       const std::shared_ptr<Bindings::Authentication::ComponentInfo>& info) {
+    components += Testing::ComponentText(name, *info);
+  };
 }
 
 /// Reads a whole file.

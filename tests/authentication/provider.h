@@ -21,11 +21,11 @@ namespace Zelk::Testing {
 
 namespace AuthProvider = ::Zelk::Provider::Metadata::Authentication;
 using ::Com::Orvane::Zelk::Metadata::SourceType;
-using SpecPtr = std::shared_ptr<const Auth::SourceSvc::CreateSpec>;
+using SpecPtr = std::shared_ptr<const Bindings::Authentication::SourceSvc::CreateSpec>;
 
 inline SpecPtr FileSpec(const std::string& path) {
-  return std::make_shared<const Auth::SourceSvc::CreateSpec>("foo", SourceType::LOCAL_FILE, path,
-                                                             boost::none);
+  return std::make_shared<const Bindings::Authentication::SourceSvc::CreateSpec>(
+      "foo", SourceType::LOCAL_FILE, path, boost::none);
 }
 
 /// What a service delivered: how often, and the last value or error.

@@ -7,7 +7,7 @@
 namespace Zelk::Provider::Metadata::Authentication {
 namespace {
 
-using SchemeType = Bindings::AuthenticationInfoEnumerations::SchemeType;
+using SchemeType = Bindings::Authentication::AuthenticationInfoEnumerations::SchemeType;
 using Parser = JsonMetadataParser;
 using Testing::Json;
 using Testing::MessageTexts;

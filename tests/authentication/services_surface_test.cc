@@ -19,7 +19,7 @@ using Zelk::Testing::Lines;
 using Zelk::Testing::Md5;
 using Zelk::Testing::NotFound;
 using Zelk::Testing::Sources;
-namespace Auth = Zelk::Testing::Auth;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace AuthProvider = Zelk::Testing::AuthProvider;
 
 using Names = std::list<std::string>;
@@ -78,18 +78,18 @@ TEST_F(QueryServices, PassListsOnInWalkOrderWithRepetitions) {
 }
 
 TEST_F(QueryServices, DeliverTheRecordsThatTheContainerFinds) {
-  const auto component = Value(Call<std::shared_ptr<const Auth::ComponentData>>(
+  const auto component = Value(Call<std::shared_ptr<const Bindings::Authentication::ComponentData>>(
       components_, &ComponentService::Get, std::string("foo")));
   ASSERT_NE(component, nullptr);
   EXPECT_EQ(component->info, sources_->ComponentInfo("foo")->info);
   EXPECT_EQ(component->fingerprint, Md5(FirstFile()));
-  EXPECT_EQ(Value(Call<std::shared_ptr<const Auth::PackageInfo>>(packages_, &PackageService::Get,
-                                                                 std::string("a"))),
+  EXPECT_EQ(Value(Call<std::shared_ptr<const Bindings::Authentication::PackageInfo>>(
+                packages_, &PackageService::Get, std::string("a"))),
             sources_->PackageInfo("a"));
-  EXPECT_EQ(Value(Call<std::shared_ptr<const Auth::ServiceInfo>>(services_, &ServiceService::Get,
-                                                                 std::string("a.e"))),
+  EXPECT_EQ(Value(Call<std::shared_ptr<const Bindings::Authentication::ServiceInfo>>(
+                services_, &ServiceService::Get, std::string("a.e"))),
             sources_->ServiceInfo("a.e"));
-  EXPECT_EQ(Value(Call<std::shared_ptr<const Auth::OperationInfo>>(
+  EXPECT_EQ(Value(Call<std::shared_ptr<const Bindings::Authentication::OperationInfo>>(
                 operations_, &OperationService::Get, std::string("a.b"), std::string("z"))),
             sources_->OperationInfo("a.b", "z"));
 }
@@ -102,7 +102,7 @@ TEST_F(QueryServices, DeliverTheDigestOfTheFirstSourcesFileAsAComponentsFingerpr
 
 TEST_F(QueryServices, ReportAnUnknownComponentUnderTheMetamodelId) {
   const auto error = NotFound("zelk.metada.metamodel.component.not.found", {"bar"});
-  EXPECT_EQ(Error(Call<std::shared_ptr<const Auth::ComponentData>>(
+  EXPECT_EQ(Error(Call<std::shared_ptr<const Bindings::Authentication::ComponentData>>(
                 components_, &ComponentService::Get, std::string("bar"))),
             error);
   EXPECT_EQ(
@@ -111,11 +111,11 @@ TEST_F(QueryServices, ReportAnUnknownComponentUnderTheMetamodelId) {
 }
 
 TEST_F(QueryServices, ReportAnUnknownPackageOrService) {
-  EXPECT_EQ(Error(Call<std::shared_ptr<const Auth::PackageInfo>>(packages_, &PackageService::Get,
-                                                                 std::string("bar"))),
+  EXPECT_EQ(Error(Call<std::shared_ptr<const Bindings::Authentication::PackageInfo>>(
+                packages_, &PackageService::Get, std::string("bar"))),
             NotFound("zelk.metada.authentication.package.not.found", {"bar"}));
-  EXPECT_EQ(Error(Call<std::shared_ptr<const Auth::ServiceInfo>>(services_, &ServiceService::Get,
-                                                                 std::string("a.bar"))),
+  EXPECT_EQ(Error(Call<std::shared_ptr<const Bindings::Authentication::ServiceInfo>>(
+                services_, &ServiceService::Get, std::string("a.bar"))),
             NotFound("zelk.metada.authentication.service.not.found", {"a.bar"}));
 }
 
@@ -128,7 +128,7 @@ TEST_F(QueryServices, TellAnUnknownServiceFromOneWithoutOperations) {
 
 TEST_F(QueryServices, ReportAnUnknownOperationWithTheServiceFirst) {
   for (const std::string service : {"a.b", "a.bar"}) {
-    EXPECT_EQ(Error(Call<std::shared_ptr<const Auth::OperationInfo>>(
+    EXPECT_EQ(Error(Call<std::shared_ptr<const Bindings::Authentication::OperationInfo>>(
                   operations_, &OperationService::Get, service, std::string("baz"))),
               NotFound("zelk.metada.authentication.operation.not.found", {service, "baz"}))
         << service;

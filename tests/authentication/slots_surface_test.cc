@@ -8,7 +8,7 @@
 
 namespace {
 
-namespace Auth = Zelk::Testing::Auth;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace AuthProvider = Zelk::Testing::AuthProvider;
 using Container = AuthProvider::MetadataContainer;
 
@@ -35,16 +35,17 @@ struct ServiceTypes {
   using Impl = ImplType;
 };
 
-using Components = ServiceTypes<Auth::ComponentSvc::AsyncServiceInterface,
+using Components = ServiceTypes<Bindings::Authentication::ComponentSvc::AsyncServiceInterface,
                                 AuthProvider::ComponentSvc::AsyncServiceImpl>;
-using Packages = ServiceTypes<Auth::PackageSvc::AsyncServiceInterface,
+using Packages = ServiceTypes<Bindings::Authentication::PackageSvc::AsyncServiceInterface,
                               AuthProvider::PackageSvc::AsyncServiceImpl>;
-using Services = ServiceTypes<Auth::ServiceSvc::AsyncServiceInterface,
+using Services = ServiceTypes<Bindings::Authentication::ServiceSvc::AsyncServiceInterface,
                               AuthProvider::ServiceSvc::AsyncServiceImpl>;
-using Operations = ServiceTypes<Auth::Service::OperationSvc::AsyncServiceInterface,
-                                AuthProvider::Service::OperationSvc::AsyncServiceImpl>;
-using SourceTypes =
-    ServiceTypes<Auth::SourceSvc::AsyncServiceInterface, AuthProvider::SourceSvc::AsyncServiceImpl>;
+using Operations =
+    ServiceTypes<Bindings::Authentication::Service::OperationSvc::AsyncServiceInterface,
+                 AuthProvider::Service::OperationSvc::AsyncServiceImpl>;
+using SourceTypes = ServiceTypes<Bindings::Authentication::SourceSvc::AsyncServiceInterface,
+                                 AuthProvider::SourceSvc::AsyncServiceImpl>;
 
 template <typename Types>
 class AuthenticationServiceSlots : public testing::Test {};

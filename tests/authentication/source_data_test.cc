@@ -17,20 +17,20 @@ namespace {
 using ::Com::Orvane::Zelk::Metadata::SourceType;
 using Testing::ErrorTexts;
 using Testing::TempFolder;
-using SpecPtr = std::shared_ptr<const Bindings::SourceSvc::CreateSpec>;
+using SpecPtr = std::shared_ptr<const Bindings::Authentication::SourceSvc::CreateSpec>;
 
 SpecPtr FileSpec(const std::string& path) {
-  return std::make_shared<const Bindings::SourceSvc::CreateSpec>("foo", SourceType::LOCAL_FILE,
-                                                                 path, std::string("bar"));
+  return std::make_shared<const Bindings::Authentication::SourceSvc::CreateSpec>(
+      "foo", SourceType::LOCAL_FILE, path, std::string("bar"));
 }
 
 std::string FileOf(const std::string& component) {
   return R"({"authentication": {"component": {"name": ")" + component + R"("}}})";
 }
 
-std::shared_ptr<Bindings::ComponentInfo> EmptyComponent() {
-  return std::make_shared<Bindings::ComponentInfo>(
-      std::map<std::string, std::shared_ptr<const Bindings::PackageInfo>>());
+std::shared_ptr<Bindings::Authentication::ComponentInfo> EmptyComponent() {
+  return std::make_shared<Bindings::Authentication::ComponentInfo>(
+      std::map<std::string, std::shared_ptr<const Bindings::Authentication::PackageInfo>>());
 }
 
 TEST(SourceData, StartsWithItsSpecAndNothingRead) {

@@ -26,7 +26,7 @@ using Zelk::Testing::NotFound;
 using Zelk::Testing::Sources;
 using Zelk::Testing::SourceType;
 using Zelk::Testing::SpecPtr;
-namespace Auth = Zelk::Testing::Auth;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace AuthProvider = Zelk::Testing::AuthProvider;
 
 using SourceService = AuthProvider::SourceSvc::AsyncServiceImpl;
@@ -61,7 +61,7 @@ TEST(AuthenticationSources, WhoseFileCannotBeOpenedAreNotFoundByTheirPath) {
   const auto path = sources.Path("missing");
   EXPECT_EQ(Texts(sources->CreateSource("m", FileSpec(path))),
             NotFound("zelk.metada.authentication.source.file.not.found", {path}));
-  const auto no_path = std::make_shared<const Auth::SourceSvc::CreateSpec>(
+  const auto no_path = std::make_shared<const Bindings::Authentication::SourceSvc::CreateSpec>(
       "foo", SourceType::LOCAL_FILE, boost::none, std::string("bar"));
   EXPECT_EQ(Texts(sources->CreateSource("m", no_path)),
             NotFound("zelk.metada.authentication.source.file.not.found", {""}));
@@ -75,7 +75,7 @@ TEST(AuthenticationSources, OfOtherTypesAreRefusedWithoutMessages) {
            {SourceType::REMOTE, "com.orvane.zelk.std.errors.unsupported"},
            {SourceType::UNKNOWN, kInvalidArgument},
            {SourceType::Unknown("BAR"), kInvalidArgument}}) {
-    const auto spec = std::make_shared<const Auth::SourceSvc::CreateSpec>(
+    const auto spec = std::make_shared<const Bindings::Authentication::SourceSvc::CreateSpec>(
         "foo", type, sources.Path("m"), boost::none);
     EXPECT_EQ(Texts(sources->CreateSource("m", spec)), Lines{error}) << type.Value();
   }
@@ -139,7 +139,7 @@ TEST(AuthenticationSources, CarryTheMessagesOfAbsentMembersBeforeTheRealFailure)
 TEST(AuthenticationSources, KeepWhatTheyWereCreatedWith) {
   const Sources sources;
   sources.Write("m", Component("foo"));
-  const auto spec = std::make_shared<const Auth::SourceSvc::CreateSpec>(
+  const auto spec = std::make_shared<const Bindings::Authentication::SourceSvc::CreateSpec>(
       "foo", SourceType::LOCAL_FILE, sources.Path("m"), std::string("bar"));
   ASSERT_EQ(sources->CreateSource("m", spec), nullptr);
   const auto info = sources->SourcesInfo("m");
@@ -232,8 +232,10 @@ class AuthenticationSourceService : public testing::Test {
     return Call<std::string>(service_, &SourceService::Fingerprint, id);
   }
 
-  Delivery<std::shared_ptr<const Auth::SourceSvc::Info>> Get(const std::string& id) {
-    return Call<std::shared_ptr<const Auth::SourceSvc::Info>>(service_, &SourceService::Get, id);
+  Delivery<std::shared_ptr<const Bindings::Authentication::SourceSvc::Info>> Get(
+      const std::string& id) {
+    return Call<std::shared_ptr<const Bindings::Authentication::SourceSvc::Info>>(
+        service_, &SourceService::Get, id);
   }
 
   Delivery<std::list<std::string>> List() {

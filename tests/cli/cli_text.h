@@ -13,15 +13,15 @@
 namespace Zelk::Testing {
 
 using Lines = std::vector<std::string>;
-namespace CliModel = ::Com::Orvane::Zelk::Metadata::Cli;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 /// The path and the name; ":" is the root.
-inline std::string CliText(const CliModel::TreeIdentity& identity) {
+inline std::string CliText(const Bindings::Cli::TreeIdentity& identity) {
   return identity.path + ":" + identity.name;
 }
 
 /// One namespace in one line, its children in brackets.
-inline std::string CliText(const CliModel::NamespaceSvc::Info& info) {
+inline std::string CliText(const Bindings::Cli::NamespaceSvc::Info& info) {
   std::string children;
   for (const auto& child : info.children) {
     children += (children.empty() ? "" : ", ") + CliText(*child);
@@ -30,13 +30,13 @@ inline std::string CliText(const CliModel::NamespaceSvc::Info& info) {
          "]";
 }
 
-inline std::string CliText(const CliModel::CommandSvc::OptionInfo& option) {
+inline std::string CliText(const Bindings::Cli::CommandSvc::OptionInfo& option) {
   return "option " + Quoted(option.long_option) + " " + Quoted(option.short_option) + " " +
          Quoted(option.field_name) + " " + Quoted(option.description) + " " + Quoted(option.type) +
          " " + EnumText(option.generic);
 }
 
-inline std::string CliText(const CliModel::CommandSvc::OutputInfo& output) {
+inline std::string CliText(const Bindings::Cli::CommandSvc::OutputInfo& output) {
   std::string fields;
   for (const auto& field : output.output_fields) {
     fields += (fields.empty() ? "" : ", ") + Quoted(field->field_name) + " as " +
@@ -46,7 +46,7 @@ inline std::string CliText(const CliModel::CommandSvc::OutputInfo& output) {
 }
 
 /// A command in one line, and one line for each of its options and outputs.
-inline std::string CliText(const CliModel::CommandSvc::Info& info) {
+inline std::string CliText(const Bindings::Cli::CommandSvc::Info& info) {
   std::string text = "command " + CliText(*info.identity) + " " + Quoted(info.description) + " " +
                      Quoted(info.service_id) + " " + Quoted(info.operation_id) + " " +
                      (info.formatter ? EnumText(*info.formatter) : "none");

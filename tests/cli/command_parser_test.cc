@@ -15,8 +15,8 @@
 namespace Zelk::Provider::Metadata::Cli {
 namespace {
 
-using Bindings::CommandSvc::FormatterType;
-using Bindings::CommandSvc::GenericType;
+using Bindings::Cli::CommandSvc::FormatterType;
+using Bindings::Cli::CommandSvc::GenericType;
 using Testing::CliInvalidField;
 using Testing::CliText;
 using Testing::InvalidField;
@@ -30,15 +30,15 @@ constexpr char kOption[] = R"({"long_option": "foo", "short_option": "f", "field
     "description": "Baz", "type": "qux", "generic": "list"})";
 
 /// A command that already has what its metadata can replace.
-Bindings::CommandSvc::Info OldCommand() {
-  Bindings::CommandSvc::Info info;
-  info.identity = std::make_shared<const Bindings::CommandSvc::Identity>("foo", "bar");
+Bindings::Cli::CommandSvc::Info OldCommand() {
+  Bindings::Cli::CommandSvc::Info info;
+  info.identity = std::make_shared<const Bindings::Cli::CommandSvc::Identity>("foo", "bar");
   info.description = info.service_id = info.operation_id = "old";
-  info.options = {std::make_shared<const Bindings::CommandSvc::OptionInfo>(
+  info.options = {std::make_shared<const Bindings::Cli::CommandSvc::OptionInfo>(
       "old", boost::none, "", "", "", GenericType::NONE)};
   info.formatter = FormatterType(FormatterType::XML);
-  info.output_field_list = {std::make_shared<const Bindings::CommandSvc::OutputInfo>(
-      "old", std::list<std::shared_ptr<const Bindings::CommandSvc::OutputFieldInfo>>())};
+  info.output_field_list = {std::make_shared<const Bindings::Cli::CommandSvc::OutputInfo>(
+      "old", std::list<std::shared_ptr<const Bindings::Cli::CommandSvc::OutputFieldInfo>>())};
   return info;
 }
 
@@ -71,7 +71,7 @@ TEST(CliCommandMetadata, IsReadWhole) {
 
 TEST(CliCommandMetadata, WithoutOptionalMembersSucceedsAndLeavesTheirMessages) {
   Errors errors;
-  Bindings::CommandSvc::Info info = OldCommand();
+  Bindings::Cli::CommandSvc::Info info = OldCommand();
   info.formatter = boost::none;
   EXPECT_TRUE(MetadataParser::ParseCommandMetadata(
       Json(R"({"service_id": "svc", "operation_id": "op"})"), info, errors));
@@ -150,7 +150,7 @@ TEST(CliFormatter, IsMatchedInAnyCaseAndKeptInUpperCaseWhenUnknown) {
                          {"unknown", "UNKNOWN \"UNKNOWN\""}};
   for (const auto& [text, expected] : rows) {
     Errors errors;
-    Bindings::CommandSvc::Info info = OldCommand();
+    Bindings::Cli::CommandSvc::Info info = OldCommand();
     EXPECT_TRUE(MetadataParser::ParseCommandMetadata(
         Json(R"({"service_id": "", "operation_id": "", "formatter": ")" + text + R"("})"), info,
         errors))

@@ -14,11 +14,11 @@
 namespace Zelk::Testing {
 namespace {
 
-using CliModel::CommandSvc::Identity;
+using Bindings::Cli::CommandSvc::Identity;
 
-std::shared_ptr<const CliModel::NamespaceSvc::Identity> Namespace(const std::string& path,
-                                                                  const std::string& name) {
-  return std::make_shared<const CliModel::NamespaceSvc::Identity>(path, name);
+std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity> Namespace(const std::string& path,
+                                                                       const std::string& name) {
+  return std::make_shared<const Bindings::Cli::NamespaceSvc::Identity>(path, name);
 }
 
 std::shared_ptr<const Identity> Command(const std::string& path, const std::string& name) {

@@ -64,8 +64,8 @@ class Lookups : public testing::Test {
   }
 
   void CheckAll() {
-    using NamespaceIdentity = Bindings::NamespaceSvc::Identity;
-    using CommandIdentity = Bindings::CommandSvc::Identity;
+    using NamespaceIdentity = Bindings::Cli::NamespaceSvc::Identity;
+    using CommandIdentity = Bindings::Cli::CommandSvc::Identity;
     const auto& lookups = table_.Lookups();
     for (const auto& path : kPaths) {
       for (const auto& name : kNames) {

@@ -11,14 +11,14 @@
 namespace Zelk::Provider::Metadata::Cli {
 namespace {
 
-using Bindings::NamespaceSvc::Identity;
-using Bindings::NamespaceSvc::Info;
+using Bindings::Cli::NamespaceSvc::Identity;
+using Bindings::Cli::NamespaceSvc::Info;
 using ::Com::Orvane::Zelk::Metadata::SourceType;
 using Testing::CliText;
 using Testing::Lines;
 
 SourceData NewSource() {
-  return SourceData(std::make_shared<const Bindings::SourceSvc::CreateSpec>(
+  return SourceData(std::make_shared<const Bindings::Cli::SourceSvc::CreateSpec>(
       "foo", SourceType::LOCAL_FILE, std::string("bar"), boost::none));
 }
 
@@ -230,7 +230,7 @@ TEST(Str2NsId, KeepsZeroBytes) {
 }
 
 TEST(CliSourceData, DescribesItselfByItsSpecAndStartsEmpty) {
-  const auto spec = std::make_shared<const Bindings::SourceSvc::CreateSpec>(
+  const auto spec = std::make_shared<const Bindings::Cli::SourceSvc::CreateSpec>(
       "foo", SourceType::REMOTE, boost::none, std::string("bar"));
   const SourceData source(spec);
   EXPECT_EQ(source.spec, spec);

@@ -24,17 +24,17 @@ namespace Zelk::Testing {
 namespace {
 
 namespace Provided = Provider::Metadata;
-using CliModel::CommandSvc::FormatterType;
-using Model::TypeEnumerations::BuiltinType;
+using Bindings::Cli::CommandSvc::FormatterType;
+using Bindings::Metamodel::TypeEnumerations::BuiltinType;
 using CommandService = Provided::Cli::CommandSvc::AsyncServiceImpl;
 using OperationService = Provided::Metamodel::Service::OperationSvc::AsyncServiceImpl;
 using SourceService = Provided::Metamodel::SourceSvc::AsyncServiceImpl;
 using StructureService = Provided::Metamodel::StructureSvc::AsyncServiceImpl;
-using TypePtr = std::shared_ptr<const Model::Type>;
-using OperationPtr = std::shared_ptr<const Model::OperationInfo>;
-using StructurePtr = std::shared_ptr<const Model::StructureInfo>;
-using CommandPtr = std::shared_ptr<const CliModel::CommandSvc::Info>;
-using Fields = std::list<std::shared_ptr<const Model::FieldInfo>>;
+using TypePtr = std::shared_ptr<const Bindings::Metamodel::Type>;
+using OperationPtr = std::shared_ptr<const Bindings::Metamodel::OperationInfo>;
+using StructurePtr = std::shared_ptr<const Bindings::Metamodel::StructureInfo>;
+using CommandPtr = std::shared_ptr<const Bindings::Cli::CommandSvc::Info>;
+using Fields = std::list<std::shared_ptr<const Bindings::Metamodel::FieldInfo>>;
 
 /// Where an option can go: the parameter, or its field after a full stop, and the type there.
 using Leaves = std::map<std::string, TypePtr>;
@@ -68,7 +68,7 @@ class OwnMetadata : public testing::Test {
     const std::string folder = ZELK_SOURCE_DIR "/metadata/";
     const auto error = cli_->CreateSource("own", FileSpec(folder + "cli/zelk-metadata.json"));
     if (error) throw std::invalid_argument(ErrorLines(error).back());
-    const auto spec = std::make_shared<const Model::SourceSvc::CreateSpec>(
+    const auto spec = std::make_shared<const Bindings::Metamodel::SourceSvc::CreateSpec>(
         "", SourceTypeValue::LOCAL_FILE, folder + "metamodel/zelk-metadata.json", boost::none);
     SourceService service(metamodel_);
     const auto delivery = Ask(service, &SourceService::Create, "own", spec);

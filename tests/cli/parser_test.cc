@@ -227,8 +227,8 @@ TEST(CliNode, IsReadInTheOrderTypePathNameDescription) {
 
 TEST(CliNode, OfANamespaceStartsWithoutChildren) {
   Errors errors;
-  using Bindings::NamespaceSvc::Identity;
-  using Bindings::NamespaceSvc::Info;
+  using Bindings::Cli::NamespaceSvc::Identity;
+  using Bindings::Cli::NamespaceSvc::Info;
   const auto info = MetadataParser::ParseInfoNode<Identity, Info>(
       Json(R"({"path": "foo.bar", "name": "baz", "description": "qux"})"), errors);
   ASSERT_TRUE(info);

@@ -34,13 +34,13 @@ auto ListCommands(const CliHost& host, const OptionalPath& path) {
 auto GetCommand(const CliHost& host, const std::string& path, const std::string& name) {
   CommandService service(host.Container());
   return Ask(service, &CommandService::Get,
-             std::make_shared<const CliModel::CommandSvc::Identity>(path, name));
+             std::make_shared<const Bindings::Cli::CommandSvc::Identity>(path, name));
 }
 
 auto GetNamespace(const CliHost& host, const std::string& path, const std::string& name) {
   NamespaceService service(host.Container());
   return Ask(service, &NamespaceService::Get,
-             std::make_shared<const CliModel::NamespaceSvc::Identity>(path, name));
+             std::make_shared<const Bindings::Cli::NamespaceSvc::Identity>(path, name));
 }
 
 template <typename Service>

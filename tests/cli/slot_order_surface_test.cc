@@ -12,7 +12,7 @@
 namespace Zelk::Testing {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Cli;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace Cli = Provider::Metadata::Cli;
 using Cli::MetadataContainer;
 
@@ -23,12 +23,12 @@ struct ServiceTypes {
   using Impl = ImplType;
 };
 
-using Commands =
-    ServiceTypes<Bindings::CommandSvc::AsyncServiceInterface, Cli::CommandSvc::AsyncServiceImpl>;
-using Namespaces = ServiceTypes<Bindings::NamespaceSvc::AsyncServiceInterface,
+using Commands = ServiceTypes<Bindings::Cli::CommandSvc::AsyncServiceInterface,
+                              Cli::CommandSvc::AsyncServiceImpl>;
+using Namespaces = ServiceTypes<Bindings::Cli::NamespaceSvc::AsyncServiceInterface,
                                 Cli::NamespaceSvc::AsyncServiceImpl>;
 using SourceTypes =
-    ServiceTypes<Bindings::SourceSvc::AsyncServiceInterface, Cli::SourceSvc::AsyncServiceImpl>;
+    ServiceTypes<Bindings::Cli::SourceSvc::AsyncServiceInterface, Cli::SourceSvc::AsyncServiceImpl>;
 
 template <typename Types>
 class CliServiceSlots : public testing::Test {};

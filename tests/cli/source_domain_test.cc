@@ -14,7 +14,7 @@
 namespace Zelk::Provider::Metadata::Cli {
 namespace {
 
-using Bindings::SourceSvc::CreateSpec;
+using Bindings::Cli::SourceSvc::CreateSpec;
 using ::Com::Orvane::Zelk::Metadata::SourceType;
 using Testing::CliText;
 using Testing::Lines;

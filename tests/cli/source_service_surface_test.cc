@@ -89,7 +89,8 @@ Lines Versions(const CliHost& host) {
 }
 
 std::string VersionOf(const CliHost& host) {
-  return host->NamespaceInfo(std::make_shared<const CliModel::NamespaceSvc::Identity>("", "foo"))
+  return host
+      ->NamespaceInfo(std::make_shared<const Bindings::Cli::NamespaceSvc::Identity>("", "foo"))
       ->description;
 }
 

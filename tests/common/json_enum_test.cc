@@ -13,10 +13,10 @@
 namespace Zelk::Provider::Metadata {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
-using Bindings::GenericInstantiationEnumerations::GenericType;
-using Bindings::TypeEnumerations::BuiltinType;
-using Bindings::TypeEnumerations::Category;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
+using Bindings::Metamodel::GenericInstantiationEnumerations::GenericType;
+using Bindings::Metamodel::TypeEnumerations::BuiltinType;
+using Bindings::Metamodel::TypeEnumerations::Category;
 using Testing::InvalidEnumValue;
 using Testing::Json;
 using Testing::Lines;
@@ -58,21 +58,21 @@ struct Texts<GenericType> {
 };
 
 template <>
-struct Texts<Bindings::StructureInfoEnumerations::Type> {
+struct Texts<Bindings::Metamodel::StructureInfoEnumerations::Type> {
   static std::vector<std::string> Get() { return {"STRUCTURE", "ERROR"}; }
 };
 
 template <>
-struct Texts<Bindings::ConstantValueEnumerations::Category> {
+struct Texts<Bindings::Metamodel::ConstantValueEnumerations::Category> {
   static std::vector<std::string> Get() { return {"PRIMITIVE", "LIST"}; }
 };
 
 template <typename E>
 class EnumConverterOf : public testing::Test {};
 
-using FileEnumerations =
-    testing::Types<Category, BuiltinType, GenericType, Bindings::StructureInfoEnumerations::Type,
-                   Bindings::ConstantValueEnumerations::Category>;
+using FileEnumerations = testing::Types<Category, BuiltinType, GenericType,
+                                        Bindings::Metamodel::StructureInfoEnumerations::Type,
+                                        Bindings::Metamodel::ConstantValueEnumerations::Category>;
 TYPED_TEST_SUITE(EnumConverterOf, FileEnumerations);
 
 TYPED_TEST(EnumConverterOf, FindsEveryTextInAnyCase) {

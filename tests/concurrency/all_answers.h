@@ -103,10 +103,10 @@ inline std::string AllAnswers(const MetamodelUnderTest::Container& container) {
   return answers.Text();
 }
 
-namespace Auth = ::Com::Orvane::Zelk::Metadata::Authentication;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 inline std::string SchemesText(
-    const std::list<std::shared_ptr<const Auth::AuthenticationInfo>>& list) {
+    const std::list<std::shared_ptr<const Bindings::Authentication::AuthenticationInfo>>& list) {
   std::string text;
   for (const auto& scheme : list) {
     text += EnumText(scheme->scheme_type) + " " + Quoted(scheme->session_manager) + " " +
@@ -115,23 +115,23 @@ inline std::string SchemesText(
   return text;
 }
 
-inline std::string SchemesText(const Auth::OperationInfo& operation) {
+inline std::string SchemesText(const Bindings::Authentication::OperationInfo& operation) {
   return SchemesText(operation.schemes);
 }
 
-inline std::string SchemesText(const Auth::ServiceInfo& service) {
+inline std::string SchemesText(const Bindings::Authentication::ServiceInfo& service) {
   std::string text = SchemesText(service.schemes);
   for (const auto& [id, operation] : service.operations) text += id + SchemesText(*operation);
   return text;
 }
 
-inline std::string SchemesText(const Auth::PackageInfo& package) {
+inline std::string SchemesText(const Bindings::Authentication::PackageInfo& package) {
   std::string text = SchemesText(package.schemes);
   for (const auto& [id, service] : package.services) text += id + SchemesText(*service);
   return text;
 }
 
-inline std::string SchemesText(const Auth::ComponentInfo& component) {
+inline std::string SchemesText(const Bindings::Authentication::ComponentInfo& component) {
   std::string text;
   for (const auto& [id, package] : component.packages) text += id + SchemesText(*package);
   return text;
@@ -145,9 +145,7 @@ inline std::string AllAnswers(const AuthenticationUnderTest::Container& containe
   return answers.Text();
 }
 
-namespace CliModel = ::Com::Orvane::Zelk::Metadata::Cli;
-
-inline std::string CommandText(const CliModel::CommandSvc::Info& command) {
+inline std::string CommandText(const Bindings::Cli::CommandSvc::Info& command) {
   std::string text = CliUnderTest::Text(command);
   for (const auto& option : command.options) {
     text += "\n" + option->long_option + Quoted(option->short_option) + option->field_name +
@@ -177,9 +175,10 @@ inline std::string AllAnswers(const CliUnderTest::Container& container) {
   }
   answers.Add(container.NamespaceFingerprint());
   answers.Add(container.CommandFingerprint());
-  const auto command = std::make_shared<const CliModel::CommandSvc::Identity>(kNoSuchId, "");
+  const auto command = std::make_shared<const Bindings::Cli::CommandSvc::Identity>(kNoSuchId, "");
   answers.AddUnless(container.CommandInfo(command) == nullptr, "CommandInfo");
-  const auto name_space = std::make_shared<const CliModel::NamespaceSvc::Identity>(kNoSuchId, "");
+  const auto name_space =
+      std::make_shared<const Bindings::Cli::NamespaceSvc::Identity>(kNoSuchId, "");
   answers.AddUnless(container.NamespaceInfo(name_space) == nullptr, "NamespaceInfo");
   return answers.Text();
 }

@@ -73,21 +73,23 @@ TYPED_TEST(ConcurrentAnswers, MayHoldTheLastShareOfTheContainerOnAnyThread) {
   }
 }
 
-using TypePtr = std::shared_ptr<const Model::Type>;
+using TypePtr = std::shared_ptr<const Bindings::Metamodel::Type>;
 
 /// A list of a list of a list and so on, the outermost first.
 std::vector<TypePtr> NestedLists(int levels) {
-  using Category = Model::TypeEnumerations::Category;
-  std::vector<TypePtr> types{std::make_shared<const Model::Type>(
+  using Category = Bindings::Metamodel::TypeEnumerations::Category;
+  std::vector<TypePtr> types{std::make_shared<const Bindings::Metamodel::Type>(
       Category::BUILTIN,
-      Model::TypeEnumerations::BuiltinType(Model::TypeEnumerations::BuiltinType::STRING), nullptr,
-      nullptr)};
+      Bindings::Metamodel::TypeEnumerations::BuiltinType(
+          Bindings::Metamodel::TypeEnumerations::BuiltinType::STRING),
+      nullptr, nullptr)};
   for (int level = 0; level < levels; ++level) {
-    types.insert(types.begin(), std::make_shared<const Model::Type>(
-                                    Category::GENERIC, boost::none, nullptr,
-                                    std::make_shared<const Model::GenericInstantiation>(
-                                        Model::GenericInstantiationEnumerations::GenericType::LIST,
-                                        types.front(), nullptr, nullptr)));
+    types.insert(types.begin(),
+                 std::make_shared<const Bindings::Metamodel::Type>(
+                     Category::GENERIC, boost::none, nullptr,
+                     std::make_shared<const Bindings::Metamodel::GenericInstantiation>(
+                         Bindings::Metamodel::GenericInstantiationEnumerations::GenericType::LIST,
+                         types.front(), nullptr, nullptr)));
   }
   return types;
 }
@@ -95,7 +97,7 @@ std::vector<TypePtr> NestedLists(int levels) {
 TEST(ConcurrentNestedTypes, AreReleasedOnceWhenThreadsDropSharesOfOneTypeTogether) {
   for (int round = 0; round < 100; ++round) {
     std::vector<TypePtr> shares(kThreads);
-    std::weak_ptr<const Model::Type> innermost;
+    std::weak_ptr<const Bindings::Metamodel::Type> innermost;
     {
       const auto types = NestedLists(50);
       shares.assign(kThreads, types.front());
@@ -109,7 +111,7 @@ TEST(ConcurrentNestedTypes, AreReleasedOnceWhenThreadsDropSharesOfOneTypeTogethe
 TEST(ConcurrentNestedTypes, AreReleasedOnceWhenThreadsDropSharesOfDifferentLevelsTogether) {
   for (int round = 0; round < 100; ++round) {
     std::vector<std::vector<TypePtr>> shares(kThreads);
-    std::weak_ptr<const Model::Type> innermost;
+    std::weak_ptr<const Bindings::Metamodel::Type> innermost;
     {
       const auto types = NestedLists(50);
       for (std::size_t level = 0; level < types.size(); ++level) {

@@ -23,55 +23,55 @@ inline std::string RecordText(const ::Com::Orvane::Zelk::Metadata::SourceDescrip
          Quoted(source.address);
 }
 
-inline std::string RecordText(const Model::ComponentData& component) {
+inline std::string RecordText(const Bindings::Metamodel::ComponentData& component) {
   return component.fingerprint + Dump(*component.info);
 }
 
-inline std::string RecordText(const Model::PackageInfo& record) {
+inline std::string RecordText(const Bindings::Metamodel::PackageInfo& record) {
   return Dump(record);
 }
 
-inline std::string RecordText(const Model::ServiceInfo& record) {
+inline std::string RecordText(const Bindings::Metamodel::ServiceInfo& record) {
   return Dump(record);
 }
 
-inline std::string RecordText(const Model::OperationInfo& record) {
+inline std::string RecordText(const Bindings::Metamodel::OperationInfo& record) {
   return Dump(record);
 }
 
-inline std::string RecordText(const Model::StructureInfo& record) {
+inline std::string RecordText(const Bindings::Metamodel::StructureInfo& record) {
   return Dump(record);
 }
 
-inline std::string RecordText(const Model::EnumerationInfo& record) {
+inline std::string RecordText(const Bindings::Metamodel::EnumerationInfo& record) {
   return Dump(record);
 }
 
-inline std::string RecordText(const Auth::ComponentData& component) {
+inline std::string RecordText(const Bindings::Authentication::ComponentData& component) {
   return ComponentText(component.fingerprint, *component.info);
 }
 
-inline std::string RecordText(const Auth::PackageInfo& package) {
+inline std::string RecordText(const Bindings::Authentication::PackageInfo& package) {
   return PackageText("", package);
 }
 
-inline std::string RecordText(const Auth::ServiceInfo& service) {
+inline std::string RecordText(const Bindings::Authentication::ServiceInfo& service) {
   return ServiceText("", service);
 }
 
-inline std::string RecordText(const Auth::OperationInfo& operation) {
+inline std::string RecordText(const Bindings::Authentication::OperationInfo& operation) {
   return OperationText("", operation);
 }
 
-inline std::string RecordText(const CliModel::TreeIdentity& identity) {
+inline std::string RecordText(const Bindings::Cli::TreeIdentity& identity) {
   return CliText(identity);
 }
 
-inline std::string RecordText(const CliModel::NamespaceSvc::Info& info) {
+inline std::string RecordText(const Bindings::Cli::NamespaceSvc::Info& info) {
   return CliText(info);
 }
 
-inline std::string RecordText(const CliModel::CommandSvc::Info& info) {
+inline std::string RecordText(const Bindings::Cli::CommandSvc::Info& info) {
   return CliText(info);
 }
 
@@ -117,11 +117,13 @@ bool TakesMemory(const std::shared_ptr<const Record>& /*record*/) {
   return false;
 }
 
-inline bool TakesMemory(const std::shared_ptr<const Model::ComponentData>& component) {
+inline bool TakesMemory(
+    const std::shared_ptr<const Bindings::Metamodel::ComponentData>& component) {
   return component != nullptr;
 }
 
-inline bool TakesMemory(const std::shared_ptr<const Auth::ComponentData>& component) {
+inline bool TakesMemory(
+    const std::shared_ptr<const Bindings::Authentication::ComponentData>& component) {
   return component != nullptr;
 }
 

@@ -13,7 +13,7 @@ namespace Zelk::Testing {
 
 /// The CLI domain where memory runs out.
 struct CliWithoutMemory : CliUnderTest {
-  using NamespaceIdentity = CliModel::NamespaceSvc::Identity;
+  using NamespaceIdentity = Bindings::Cli::NamespaceSvc::Identity;
 
   static constexpr char kDataFile[] = "cli.json";
 

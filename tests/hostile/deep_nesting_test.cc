@@ -214,7 +214,7 @@ const std::vector<Nesting> kTypes = {
 };
 
 /// The generic types around the innermost one, whichever way they nest.
-std::size_t CountLevels(std::shared_ptr<const Model::Type> type) {
+std::size_t CountLevels(std::shared_ptr<const Bindings::Metamodel::Type> type) {
   std::size_t levels = 0;
   while (type->generic_instantiation) {
     const auto generic = type->generic_instantiation;

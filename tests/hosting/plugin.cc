@@ -3,7 +3,7 @@
 #include <zelk/provider/metadata/metamodel/metadata_container.h>
 
 namespace Metamodel = Zelk::Provider::Metadata::Metamodel;
-namespace Bindings = Com::Orvane::Zelk::Metadata;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 extern "C" __attribute__((visibility("default"))) int ServicesOf(const char* file) {
   const auto container = Metamodel::MetadataContainer::GetInstance();

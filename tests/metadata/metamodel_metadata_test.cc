@@ -109,18 +109,21 @@ TEST_F(MetamodelMetadata, HasEveryRecordWithItsMembersInOrderAndNoOther) {
 }
 
 TEST_F(MetamodelMetadata, HasEveryEnumerationWithItsValuesInOrderAndNoOther) {
-  namespace Model = Bindings::Metamodel;
   const std::map<std::string, const char* const*> expected{
       {"source_type", Bindings::SourceType::Strings::values},
-      {"metamodel.type.category", Model::TypeEnumerations::Category::Strings::values},
-      {"metamodel.type.builtin_type", Model::TypeEnumerations::BuiltinType::Strings::values},
+      {"metamodel.type.category", Bindings::Metamodel::TypeEnumerations::Category::Strings::values},
+      {"metamodel.type.builtin_type",
+       Bindings::Metamodel::TypeEnumerations::BuiltinType::Strings::values},
       {"metamodel.generic_instantiation.generic_type",
-       Model::GenericInstantiationEnumerations::GenericType::Strings::values},
-      {"metamodel.structure_info.type", Model::StructureInfoEnumerations::Type::Strings::values},
+       Bindings::Metamodel::GenericInstantiationEnumerations::GenericType::Strings::values},
+      {"metamodel.structure_info.type",
+       Bindings::Metamodel::StructureInfoEnumerations::Type::Strings::values},
       {"metamodel.constant_value.category",
-       Model::ConstantValueEnumerations::Category::Strings::values},
-      {"metamodel.primitive_value.type", Model::PrimitiveValueEnumerations::Type::Strings::values},
-      {"metamodel.element_value.type", Model::ElementValueEnumerations::Type::Strings::values},
+       Bindings::Metamodel::ConstantValueEnumerations::Category::Strings::values},
+      {"metamodel.primitive_value.type",
+       Bindings::Metamodel::PrimitiveValueEnumerations::Type::Strings::values},
+      {"metamodel.element_value.type",
+       Bindings::Metamodel::ElementValueEnumerations::Type::Strings::values},
       {"authentication.authentication_info.scheme_type",
        Bindings::Authentication::AuthenticationInfoEnumerations::SchemeType::Strings::values},
       {"cli.command.formatter_type", Bindings::Cli::CommandSvc::FormatterType::Strings::values},

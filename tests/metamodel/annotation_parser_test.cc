@@ -12,13 +12,13 @@
 namespace Zelk::Testing {
 namespace {
 
-using ElementType = Model::ElementValueEnumerations::Type;
+using ElementType = Bindings::Metamodel::ElementValueEnumerations::Type;
 using Names = std::list<std::string>;
 
 /// Everything that comes of a metadata object.
 Loaded ParseMetadata(const std::string& json) {
   ParseRecorder recorder;
-  Model::MetadataMap map;
+  Bindings::Metamodel::MetadataMap map;
   const bool ok =
       MetamodelParser::ParseMetadata(recorder.Callbacks(), Json(json), map, recorder.errors);
   return {ok, DumpAll(map), recorder.calls, MessageTexts(recorder.errors)};
@@ -122,8 +122,8 @@ TEST(ParseMetadata, KnowsTheResourceAnnotationByItsExactName) {
 TEST(ParseElementMap, ReadsElementsWithTheGivenParser) {
   Errors errors;
   const auto parser = [](const JsonValue&, Errors&) {
-    return std::make_shared<const Model::ElementValue>(ElementType::STRING, std::string("same"),
-                                                       boost::none, boost::none, boost::none);
+    return std::make_shared<const Bindings::Metamodel::ElementValue>(
+        ElementType::STRING, std::string("same"), boost::none, boost::none, boost::none);
   };
   const auto map = MetamodelParser::ParseElementMap(Json(R"({"a": 1, "b": {}})"), parser, errors);
   EXPECT_EQ(Dump(*map), "{\"a\"=\"same\" \"b\"=\"same\"}\n");
@@ -131,22 +131,23 @@ TEST(ParseElementMap, ReadsElementsWithTheGivenParser) {
   EXPECT_EQ(MessageTexts(errors), Lines{InvalidField("ElementValue")});
 }
 
-using ElementPtr = std::shared_ptr<const Model::ElementValue>;
+using ElementPtr = std::shared_ptr<const Bindings::Metamodel::ElementValue>;
 
 /// An element with every payload set, each to other texts, so that the one that is used shows.
 ElementPtr FullElement(const ElementType& type) {
-  return std::make_shared<const Model::ElementValue>(
+  return std::make_shared<const Bindings::Metamodel::ElementValue>(
       type, std::string("text"), Names{"b", "a", "b"}, std::string("id"), Names{"y", "x"});
 }
 
 ElementPtr EmptyElement(const ElementType& type) {
-  return std::make_shared<const Model::ElementValue>(type, boost::none, boost::none, boost::none,
-                                                     boost::none);
+  return std::make_shared<const Bindings::Metamodel::ElementValue>(type, boost::none, boost::none,
+                                                                   boost::none, boost::none);
 }
 
 Lines HandleResource(const std::string& name, const ElementPtr& element) {
   ParseRecorder recorder;
-  MetamodelParser::HandleResource(recorder.Callbacks(), Model::ElementMap({{name, element}}));
+  MetamodelParser::HandleResource(recorder.Callbacks(),
+                                  Bindings::Metamodel::ElementMap({{name, element}}));
   return recorder.calls;
 }
 
@@ -176,7 +177,7 @@ TEST(HandleResource, LooksAtTheElementCalledValueOnly) {
     EXPECT_EQ(HandleResource(name, FullElement(ElementType::STRING)), Lines()) << name;
   }
   ParseRecorder recorder;
-  MetamodelParser::HandleResource(recorder.Callbacks(), Model::ElementMap({}));
+  MetamodelParser::HandleResource(recorder.Callbacks(), Bindings::Metamodel::ElementMap({}));
   EXPECT_EQ(recorder.calls, Lines());
 }
 
@@ -190,10 +191,11 @@ TEST(HandleResource, ReportsNothingOfAnEmptyList) {
 }
 
 TEST(HandleResource, ThrowsOnAnEmptyCallback) {
-  EXPECT_THROW(MetamodelParser::HandleResource(
-                   {}, Model::ElementMap({{"value", FullElement(ElementType::STRING)}})),
-               std::bad_function_call);
-  EXPECT_NO_THROW(MetamodelParser::HandleResource({}, Model::ElementMap({})));
+  EXPECT_THROW(
+      MetamodelParser::HandleResource(
+          {}, Bindings::Metamodel::ElementMap({{"value", FullElement(ElementType::STRING)}})),
+      std::bad_function_call);
+  EXPECT_NO_THROW(MetamodelParser::HandleResource({}, Bindings::Metamodel::ElementMap({})));
 }
 
 /// The metadata of a field, as it stands in a file.
@@ -263,20 +265,22 @@ TEST(HandleModelInfo, TheModelAnnotationMayHoldAnything) {
 }
 
 /// A model with a key field of each of the types, in order.
-Model::StructureInfo ModelWithKeys(const std::vector<ElementType>& types) {
-  std::list<std::shared_ptr<const Model::FieldInfo>> fields;
-  const auto empty = std::make_shared<const Model::ElementMap>(
-      std::map<std::string, std::shared_ptr<const Model::ElementValue>>());
+Bindings::Metamodel::StructureInfo ModelWithKeys(const std::vector<ElementType>& types) {
+  std::list<std::shared_ptr<const Bindings::Metamodel::FieldInfo>> fields;
+  const auto empty = std::make_shared<const Bindings::Metamodel::ElementMap>(
+      std::map<std::string, std::shared_ptr<const Bindings::Metamodel::ElementValue>>());
   for (const auto& type : types) {
-    const auto resource = std::make_shared<const Model::ElementMap>(
-        std::map<std::string, std::shared_ptr<const Model::ElementValue>>{
+    const auto resource = std::make_shared<const Bindings::Metamodel::ElementMap>(
+        std::map<std::string, std::shared_ptr<const Bindings::Metamodel::ElementValue>>{
             {"value", FullElement(type)}});
-    fields.push_back(std::make_shared<const Model::FieldInfo>(
-        "f", nullptr, Model::MetadataMap{{"Resource", resource}, {"ModelKey", empty}}, ""));
+    fields.push_back(std::make_shared<const Bindings::Metamodel::FieldInfo>(
+        "f", nullptr, Bindings::Metamodel::MetadataMap{{"Resource", resource}, {"ModelKey", empty}},
+        ""));
   }
-  return {
-      "s", Model::StructureInfoEnumerations::Type::STRUCTURE, {}, {}, fields, {{"Model", empty}},
-      ""};
+  return {"s",    Bindings::Metamodel::StructureInfoEnumerations::Type::STRUCTURE,
+          {},     {},
+          fields, {{"Model", empty}},
+          ""};
 }
 
 TEST(HandleModelInfo, StopsAtEveryTypeOfValueButAString) {

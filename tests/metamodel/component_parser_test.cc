@@ -340,7 +340,7 @@ TEST(ParseOperation, GivesTheRecordUnderItsName) {
 
 TEST(ParseResult, StoresNothingOnFailure) {
   ParseRecorder recorder;
-  std::shared_ptr<const Model::OperationResultInfo> result;
+  std::shared_ptr<const Bindings::Metamodel::OperationResultInfo> result;
   EXPECT_FALSE(MetamodelParser::ParseResult(recorder.Callbacks(),
                                             Json(R"({"documentation": "", "metadata": {}})"),
                                             result, recorder.errors));

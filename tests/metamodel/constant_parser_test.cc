@@ -9,9 +9,9 @@
 namespace Zelk::Testing {
 namespace {
 
-using BuiltinType = Model::TypeEnumerations::BuiltinType;
-using ConstantCategory = Model::ConstantValueEnumerations::Category;
-using PrimitiveType = Model::PrimitiveValueEnumerations::Type;
+using BuiltinType = Bindings::Metamodel::TypeEnumerations::BuiltinType;
+using ConstantCategory = Bindings::Metamodel::ConstantValueEnumerations::Category;
+using PrimitiveType = Bindings::Metamodel::PrimitiveValueEnumerations::Type;
 
 const std::vector<std::string> kBuiltinNames = {
     "VOID",   "BOOLEAN",   "LONG", "DOUBLE", "STRING",    "BINARY",

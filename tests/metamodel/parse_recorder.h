@@ -21,11 +21,11 @@ using Provider::Metadata::Errors;
 /// Takes down what a parser reports, one line a call.
 struct ParseRecorder {
   Lines calls;
-  std::shared_ptr<const Model::ComponentInfo> component;
+  std::shared_ptr<const Bindings::Metamodel::ComponentInfo> component;
   Errors errors;
 
   MetamodelParser::RegisterCallbacks Callbacks() {
-    return {[this](const std::shared_ptr<Model::ComponentInfo>& found) {
+    return {[this](const std::shared_ptr<Bindings::Metamodel::ComponentInfo>& found) {
               calls.push_back("component " + found->name);
               component = found;
             },

@@ -15,15 +15,15 @@ namespace {
 using ::Com::Orvane::Zelk::Metadata::SourceType;
 using Models = std::map<std::string, std::set<std::string>>;
 
-std::shared_ptr<const Bindings::SourceSvc::CreateSpec> Spec() {
-  return std::make_shared<const Bindings::SourceSvc::CreateSpec>(
+std::shared_ptr<const Bindings::Metamodel::SourceSvc::CreateSpec> Spec() {
+  return std::make_shared<const Bindings::Metamodel::SourceSvc::CreateSpec>(
       "foo", SourceType::LOCAL_FILE, std::string("bar"), std::string("baz"));
 }
 
-std::shared_ptr<Bindings::ComponentInfo> Component(const std::string& name) {
-  return std::make_shared<Bindings::ComponentInfo>(
-      name, std::map<std::string, std::shared_ptr<const Bindings::PackageInfo>>(),
-      Bindings::MetadataMap(), "");
+std::shared_ptr<Bindings::Metamodel::ComponentInfo> Component(const std::string& name) {
+  return std::make_shared<Bindings::Metamodel::ComponentInfo>(
+      name, std::map<std::string, std::shared_ptr<const Bindings::Metamodel::PackageInfo>>(),
+      Bindings::Metamodel::MetadataMap(), "");
 }
 
 TEST(SourceData, KeepsTheVerySpecAndDescribesItself) {
@@ -37,7 +37,7 @@ TEST(SourceData, KeepsTheVerySpecAndDescribesItself) {
 }
 
 TEST(SourceData, DescribesWhatItsSpecLeavesOut) {
-  const SourceData source(std::make_shared<const Bindings::SourceSvc::CreateSpec>(
+  const SourceData source(std::make_shared<const Bindings::Metamodel::SourceSvc::CreateSpec>(
       "", SourceType::REMOTE, boost::none, boost::none));
   EXPECT_EQ(source.info->description, "");
   EXPECT_EQ(source.info->type, SourceType::REMOTE);

@@ -10,10 +10,10 @@
 namespace Zelk::Testing {
 namespace {
 
-using BuiltinType = Model::TypeEnumerations::BuiltinType;
-using Category = Model::TypeEnumerations::Category;
-using GenericType = Model::GenericInstantiationEnumerations::GenericType;
-using TypePtr = std::shared_ptr<const Model::Type>;
+using BuiltinType = Bindings::Metamodel::TypeEnumerations::BuiltinType;
+using Category = Bindings::Metamodel::TypeEnumerations::Category;
+using GenericType = Bindings::Metamodel::GenericInstantiationEnumerations::GenericType;
+using TypePtr = std::shared_ptr<const Bindings::Metamodel::Type>;
 
 /// What comes of a type object: its text, or "none", and the messages.
 struct ParsedType {
@@ -313,7 +313,8 @@ TEST(GetBuildinType, HasCategoryZeroAndTheBuiltinTypeOnly) {
 }
 
 TEST(GetUserDefinedType, HasCategoryOneAndTheVeryDefinitionOnly) {
-  const auto definition = std::make_shared<const Model::UserDefinedType>("foo", "bar");
+  const auto definition =
+      std::make_shared<const Bindings::Metamodel::UserDefinedType>("foo", "bar");
   const auto type = MetamodelParser::GetUserDefinedType(definition);
   EXPECT_EQ(type->category.Value(), 1);
   EXPECT_FALSE(type->builtin_type);

@@ -8,12 +8,13 @@
 
 namespace {
 
-namespace Cli = Com::Orvane::Zelk::Metadata::Cli;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 template <typename Identity>
 class CliIdentity : public testing::Test {};
 
-using Identities = testing::Types<Cli::NamespaceSvc::Identity, Cli::CommandSvc::Identity>;
+using Identities =
+    testing::Types<Bindings::Cli::NamespaceSvc::Identity, Bindings::Cli::CommandSvc::Identity>;
 TYPED_TEST_SUITE(CliIdentity, Identities, );
 
 TYPED_TEST(CliIdentity, IsEqualToOneOfTheSamePathAndName) {
@@ -38,7 +39,7 @@ TYPED_TEST(CliIdentity, ComesBeforeOneOfALaterPathOrWithTheSamePathALaterName) {
 }
 
 TEST(CliCommandInfo, HoldsWhatItIsMadeFrom) {
-  using namespace Cli::CommandSvc;  // NOLINT(google-build-using-namespace): a test
+  using namespace Bindings::Cli::CommandSvc;  // NOLINT(google-build-using-namespace): a test
   const auto identity = std::make_shared<const Identity>("a.b", "c");
   const auto option = std::make_shared<const OptionInfo>("long", std::string("l"), "field", "foo",
                                                          "Type", GenericType::LIST);

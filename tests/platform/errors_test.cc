@@ -12,7 +12,7 @@
 
 namespace {
 
-namespace Errors = Com::Orvane::Zelk::Std::Errors;
+namespace StdErrors = Com::Orvane::Zelk::Std::Errors;
 using Zelk::Data::ErrorFactory;
 using Zelk::Data::ErrorValue;
 using Zelk::Data::ListValue;
@@ -30,8 +30,8 @@ std::shared_ptr<const Zelk::Data::DataValue> Data(const ErrorValue& error) {
 template <typename E>
 class StandardErrors : public testing::Test {};
 
-using AllErrors = testing::Types<Errors::Error, Errors::NotFound, Errors::AlreadyExists,
-                                 Errors::InvalidArgument, Errors::Unsupported>;
+using AllErrors = testing::Types<StdErrors::Error, StdErrors::NotFound, StdErrors::AlreadyExists,
+                                 StdErrors::InvalidArgument, StdErrors::Unsupported>;
 TYPED_TEST_SUITE(StandardErrors, AllErrors, );
 
 TYPED_TEST(StandardErrors, AreMadeEmpty) {
@@ -81,11 +81,11 @@ TYPED_TEST(StandardErrors, AreCopiedWithTheirMessagesAndData) {
 }
 
 TEST(StandardErrorNames, AreDottedLowerCase) {
-  EXPECT_EQ(Errors::Error().TypeName(), "com.orvane.zelk.std.errors.error");
-  EXPECT_EQ(Errors::NotFound().TypeName(), "com.orvane.zelk.std.errors.not_found");
-  EXPECT_EQ(Errors::AlreadyExists().TypeName(), "com.orvane.zelk.std.errors.already_exists");
-  EXPECT_EQ(Errors::InvalidArgument().TypeName(), "com.orvane.zelk.std.errors.invalid_argument");
-  EXPECT_EQ(Errors::Unsupported().TypeName(), "com.orvane.zelk.std.errors.unsupported");
+  EXPECT_EQ(StdErrors::Error().TypeName(), "com.orvane.zelk.std.errors.error");
+  EXPECT_EQ(StdErrors::NotFound().TypeName(), "com.orvane.zelk.std.errors.not_found");
+  EXPECT_EQ(StdErrors::AlreadyExists().TypeName(), "com.orvane.zelk.std.errors.already_exists");
+  EXPECT_EQ(StdErrors::InvalidArgument().TypeName(), "com.orvane.zelk.std.errors.invalid_argument");
+  EXPECT_EQ(StdErrors::Unsupported().TypeName(), "com.orvane.zelk.std.errors.unsupported");
 }
 
 }  // namespace

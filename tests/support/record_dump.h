@@ -19,14 +19,14 @@ class RecordDump {
  public:
   const std::string& Text() const { return text_; }
 
-  void Add(const Model::ComponentInfo& component) {
+  void Add(const Bindings::Metamodel::ComponentInfo& component) {
     Open("component", component.name, component.documentation);
     AddAll(component.metadata);
     AddAll(component.packages);
     Close();
   }
 
-  void Add(const Model::PackageInfo& package) {
+  void Add(const Bindings::Metamodel::PackageInfo& package) {
     Open("package", package.name, package.documentation);
     AddAll(package.metadata);
     AddAll(package.enumerations);
@@ -35,7 +35,7 @@ class RecordDump {
     Close();
   }
 
-  void Add(const Model::ServiceInfo& service) {
+  void Add(const Bindings::Metamodel::ServiceInfo& service) {
     Open("service", service.name, service.documentation);
     AddAll(service.metadata);
     AddAll(service.enumerations);
@@ -45,7 +45,7 @@ class RecordDump {
     Close();
   }
 
-  void Add(const Model::OperationInfo& operation) {
+  void Add(const Bindings::Metamodel::OperationInfo& operation) {
     Open("operation", operation.name, operation.documentation);
     AddAll(operation.metadata);
     AddAll(operation.params);
@@ -54,22 +54,22 @@ class RecordDump {
     Close();
   }
 
-  void Add(const Model::OperationResultInfo& result) {
+  void Add(const Bindings::Metamodel::OperationResultInfo& result) {
     Line("result " + Quoted(result.documentation) + " : " + TypeText(result.type));
     AddNested(result.metadata);
   }
 
-  void Add(const Model::ErrorInfo& error) {
+  void Add(const Bindings::Metamodel::ErrorInfo& error) {
     Line("error " + Quoted(error.structure_name) + " " + Quoted(error.documentation));
   }
 
-  void Add(const Model::FieldInfo& field) {
+  void Add(const Bindings::Metamodel::FieldInfo& field) {
     Line("field " + Quoted(field.name) + " " + Quoted(field.documentation) + " : " +
          TypeText(field.type));
     AddNested(field.metadata);
   }
 
-  void Add(const Model::StructureInfo& structure) {
+  void Add(const Bindings::Metamodel::StructureInfo& structure) {
     Open("structure " + EnumText(structure.type), structure.name, structure.documentation);
     AddAll(structure.metadata);
     AddAll(structure.enumerations);
@@ -78,25 +78,25 @@ class RecordDump {
     Close();
   }
 
-  void Add(const Model::EnumerationInfo& enumeration) {
+  void Add(const Bindings::Metamodel::EnumerationInfo& enumeration) {
     Open("enumeration", enumeration.name, enumeration.documentation);
     AddAll(enumeration.metadata);
     AddAll(enumeration.values);
     Close();
   }
 
-  void Add(const Model::EnumerationValueInfo& value) {
+  void Add(const Bindings::Metamodel::EnumerationValueInfo& value) {
     Open("value", value.value, value.documentation);
     AddAll(value.metadata);
     Close();
   }
 
-  void Add(const Model::ConstantInfo& constant) {
+  void Add(const Bindings::Metamodel::ConstantInfo& constant) {
     Line("constant " + Quoted(constant.documentation) + " : " + TypeText(constant.type) + " = " +
          (constant.value ? ValueText(*constant.value) : "null"));
   }
 
-  void Add(const Model::ElementMap& annotation) {
+  void Add(const Bindings::Metamodel::ElementMap& annotation) {
     std::string text;
     for (const auto& [name, value] : annotation.elements) {
       text += (text.empty() ? "" : " ") + Quoted(name) + "=" + ElementText(*value);
@@ -119,7 +119,7 @@ class RecordDump {
   }
 
  private:
-  static std::string ValueText(const Model::ConstantValue& value) {
+  static std::string ValueText(const Bindings::Metamodel::ConstantValue& value) {
     const auto& primitive = value.primitive_value;
     return EnumText(value.category) +
            (primitive ? " " + EnumText(primitive->type) + " " + Quoted(primitive->string_value)
@@ -131,7 +131,7 @@ class RecordDump {
     record ? Add(*record) : Line("null");
   }
 
-  void AddNested(const Model::MetadataMap& metadata) {
+  void AddNested(const Bindings::Metamodel::MetadataMap& metadata) {
     ++depth_;
     AddAll(metadata);
     --depth_;

@@ -14,7 +14,7 @@
 
 namespace Zelk::Testing {
 
-namespace Model = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 /// In quotes; a byte that is not printable ASCII is written as \xNN.
 inline std::string Quoted(const std::string& text) {
@@ -50,8 +50,8 @@ std::string EnumText(const E& value) {
 }
 
 /// One annotation element: the payload that its type selects. A "!" when others are set too.
-inline std::string ElementText(const Model::ElementValue& value) {
-  using ElementType = Model::ElementValueEnumerations::Type;
+inline std::string ElementText(const Bindings::Metamodel::ElementValue& value) {
+  using ElementType = Bindings::Metamodel::ElementValueEnumerations::Type;
   const int payloads = value.string_value.has_value() + value.list_value.has_value() +
                        value.structure_id.has_value() + value.structure_ids.has_value();
   const std::string mark = payloads > 1 ? "!" : "";
@@ -70,8 +70,8 @@ inline std::string ElementText(const Model::ElementValue& value) {
 }
 
 /// A type without what it is made of. A "!" when a member is set that its category does not select.
-inline std::string OuterTypeText(const Model::Type& type) {
-  using Category = Model::TypeEnumerations::Category;
+inline std::string OuterTypeText(const Bindings::Metamodel::Type& type) {
+  using Category = Bindings::Metamodel::TypeEnumerations::Category;
   const int members = type.builtin_type.has_value() + (type.user_defined_type != nullptr) +
                       (type.generic_instantiation != nullptr);
   const std::string mark = members > 1 ? "!" : "";
@@ -89,10 +89,10 @@ inline std::string OuterTypeText(const Model::Type& type) {
 }
 
 /// A type such as MAP<STRING, LIST<"foo":"bar">>, nested to any depth.
-inline std::string TypeText(const std::shared_ptr<const Model::Type>& root) {
+inline std::string TypeText(const std::shared_ptr<const Bindings::Metamodel::Type>& root) {
   struct Piece {
     std::string text;
-    std::shared_ptr<const Model::Type> type;
+    std::shared_ptr<const Bindings::Metamodel::Type> type;
   };
 
   std::string text;

@@ -83,7 +83,7 @@ Row MakeRow(const std::string& container_call, const Expected& expected,
 
 std::vector<Row> Rows() {
   const std::string x = "x";
-  const auto spec = std::make_shared<const Model::SourceSvc::CreateSpec>(
+  const auto spec = std::make_shared<const Bindings::Metamodel::SourceSvc::CreateSpec>(
       "foo", SourceType::LOCAL_FILE, boost::none, boost::none);
   const auto value = kAlwaysAValue;
   const auto lookup = kAValueOrNotFound;
@@ -249,7 +249,7 @@ TEST(MetamodelServicesTogether, KeepTheirContainerUntilTheLastOfThemIsGone) {
 
 TEST(MetamodelServicesTogether, MayBeCalledThroughTheirInterface) {
   ComponentService service(std::make_shared<FakeContainer>());
-  Model::ComponentSvc::AsyncServiceInterface& interface = service;
+  Bindings::Metamodel::ComponentSvc::AsyncServiceInterface& interface = service;
   Delivery<std::string> delivery;
   interface.Fingerprint("x", nullptr, RecordIn(delivery));
   EXPECT_EQ(ValueOf(delivery), "digits");

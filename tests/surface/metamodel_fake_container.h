@@ -36,7 +36,7 @@ class FakeContainer final : public ::Zelk::Provider::Metadata::Metamodel::Metada
  public:
   using Names = std::list<std::string>;
   using OptionalId = boost::optional<std::string>;
-  using SpecPtr = std::shared_ptr<const Model::SourceSvc::CreateSpec>;
+  using SpecPtr = std::shared_ptr<const Bindings::Metamodel::SourceSvc::CreateSpec>;
   template <typename Record>
   using Ptr = std::shared_ptr<const Record>;
 
@@ -50,26 +50,36 @@ class FakeContainer final : public ::Zelk::Provider::Metadata::Metamodel::Metada
   const std::set<std::string> set{"y", "x"};
   const std::string fingerprint = "digits";
   const ErrorPtr error = std::make_shared<const Data::ErrorValue>("foo");
-  const Ptr<Model::SourceSvc::Info> source = std::make_shared<const Model::SourceSvc::Info>(
-      "", ::Com::Orvane::Zelk::Metadata::SourceType(), boost::none, boost::none);
-  const Ptr<Model::ComponentData> component =
-      std::make_shared<const Model::ComponentData>(nullptr, "");
-  const Ptr<Model::PackageInfo> package = std::make_shared<const Model::PackageInfo>(
-      "", Children<Model::StructureInfo>(), Children<Model::EnumerationInfo>(),
-      Children<Model::ServiceInfo>(), Model::MetadataMap(), "");
-  const Ptr<Model::ServiceInfo> service = std::make_shared<const Model::ServiceInfo>(
-      "", Children<Model::OperationInfo>(), Children<Model::StructureInfo>(),
-      Children<Model::EnumerationInfo>(), Children<Model::ConstantInfo>(), Model::MetadataMap(),
-      "");
-  const Ptr<Model::OperationInfo> operation = std::make_shared<const Model::OperationInfo>(
-      "", std::list<Ptr<Model::FieldInfo>>(), nullptr, std::list<Ptr<Model::ErrorInfo>>(),
-      Model::MetadataMap(), "");
-  const Ptr<Model::EnumerationInfo> enumeration = std::make_shared<const Model::EnumerationInfo>(
-      "", std::list<Ptr<Model::EnumerationValueInfo>>(), Model::MetadataMap(), "");
-  const Ptr<Model::StructureInfo> structure = std::make_shared<const Model::StructureInfo>(
-      "", Model::StructureInfoEnumerations::Type::STRUCTURE, Children<Model::EnumerationInfo>(),
-      Children<Model::ConstantInfo>(), std::list<Ptr<Model::FieldInfo>>(), Model::MetadataMap(),
-      "");
+  const Ptr<Bindings::Metamodel::SourceSvc::Info> source =
+      std::make_shared<const Bindings::Metamodel::SourceSvc::Info>(
+          "", ::Com::Orvane::Zelk::Metadata::SourceType(), boost::none, boost::none);
+  const Ptr<Bindings::Metamodel::ComponentData> component =
+      std::make_shared<const Bindings::Metamodel::ComponentData>(nullptr, "");
+  const Ptr<Bindings::Metamodel::PackageInfo> package =
+      std::make_shared<const Bindings::Metamodel::PackageInfo>(
+          "", Children<Bindings::Metamodel::StructureInfo>(),
+          Children<Bindings::Metamodel::EnumerationInfo>(),
+          Children<Bindings::Metamodel::ServiceInfo>(), Bindings::Metamodel::MetadataMap(), "");
+  const Ptr<Bindings::Metamodel::ServiceInfo> service =
+      std::make_shared<const Bindings::Metamodel::ServiceInfo>(
+          "", Children<Bindings::Metamodel::OperationInfo>(),
+          Children<Bindings::Metamodel::StructureInfo>(),
+          Children<Bindings::Metamodel::EnumerationInfo>(),
+          Children<Bindings::Metamodel::ConstantInfo>(), Bindings::Metamodel::MetadataMap(), "");
+  const Ptr<Bindings::Metamodel::OperationInfo> operation =
+      std::make_shared<const Bindings::Metamodel::OperationInfo>(
+          "", std::list<Ptr<Bindings::Metamodel::FieldInfo>>(), nullptr,
+          std::list<Ptr<Bindings::Metamodel::ErrorInfo>>(), Bindings::Metamodel::MetadataMap(), "");
+  const Ptr<Bindings::Metamodel::EnumerationInfo> enumeration =
+      std::make_shared<const Bindings::Metamodel::EnumerationInfo>(
+          "", std::list<Ptr<Bindings::Metamodel::EnumerationValueInfo>>(),
+          Bindings::Metamodel::MetadataMap(), "");
+  const Ptr<Bindings::Metamodel::StructureInfo> structure =
+      std::make_shared<const Bindings::Metamodel::StructureInfo>(
+          "", Bindings::Metamodel::StructureInfoEnumerations::Type::STRUCTURE,
+          Children<Bindings::Metamodel::EnumerationInfo>(),
+          Children<Bindings::Metamodel::ConstantInfo>(),
+          std::list<Ptr<Bindings::Metamodel::FieldInfo>>(), Bindings::Metamodel::MetadataMap(), "");
 
   ErrorPtr CreateSource(const std::string& id, const SpecPtr& spec) override {
     return Change("CreateSource(" + id + ", " + (spec ? spec->description : "null") + ")");
@@ -85,7 +95,7 @@ class FakeContainer final : public ::Zelk::Provider::Metadata::Metamodel::Metada
 
   Names ListSources() const override { return List("ListSources()"); }
 
-  Ptr<Model::SourceSvc::Info> SourcesInfo(const std::string& id) const override {
+  Ptr<Bindings::Metamodel::SourceSvc::Info> SourcesInfo(const std::string& id) const override {
     return Known("SourcesInfo(" + id + ")") ? source : nullptr;
   }
 
@@ -95,7 +105,7 @@ class FakeContainer final : public ::Zelk::Provider::Metadata::Metamodel::Metada
 
   Names ListComponents() const override { return List("ListComponents()"); }
 
-  Ptr<Model::ComponentData> ComponentInfo(const std::string& id) const override {
+  Ptr<Bindings::Metamodel::ComponentData> ComponentInfo(const std::string& id) const override {
     return Known("ComponentInfo(" + id + ")") ? component : nullptr;
   }
 
@@ -105,13 +115,13 @@ class FakeContainer final : public ::Zelk::Provider::Metadata::Metamodel::Metada
 
   Names ListPackages() const override { return List("ListPackages()"); }
 
-  Ptr<Model::PackageInfo> PackageInfo(const std::string& id) const override {
+  Ptr<Bindings::Metamodel::PackageInfo> PackageInfo(const std::string& id) const override {
     return Known("PackageInfo(" + id + ")") ? package : nullptr;
   }
 
   Names ListServices() const override { return List("ListServices()"); }
 
-  Ptr<Model::ServiceInfo> ServiceInfo(const std::string& id) const override {
+  Ptr<Bindings::Metamodel::ServiceInfo> ServiceInfo(const std::string& id) const override {
     return Known("ServiceInfo(" + id + ")") ? service : nullptr;
   }
 
@@ -119,8 +129,8 @@ class FakeContainer final : public ::Zelk::Provider::Metadata::Metamodel::Metada
     return boost::make_optional(Known("ListOperations(" + service_id + ")"), names);
   }
 
-  Ptr<Model::OperationInfo> OperationInfo(const std::string& service_id,
-                                          const std::string& operation_id) const override {
+  Ptr<Bindings::Metamodel::OperationInfo> OperationInfo(
+      const std::string& service_id, const std::string& operation_id) const override {
     return Known("OperationInfo(" + service_id + ", " + operation_id + ")") ? operation : nullptr;
   }
 
@@ -128,13 +138,13 @@ class FakeContainer final : public ::Zelk::Provider::Metadata::Metamodel::Metada
 
   Names ListEnumerations() const override { return List("ListEnumerations()"); }
 
-  Ptr<Model::EnumerationInfo> EnumerationInfo(const std::string& id) const override {
+  Ptr<Bindings::Metamodel::EnumerationInfo> EnumerationInfo(const std::string& id) const override {
     return Known("EnumerationInfo(" + id + ")") ? enumeration : nullptr;
   }
 
   Names ListStructures() const override { return List("ListStructures()"); }
 
-  Ptr<Model::StructureInfo> StructureInfo(const std::string& id) const override {
+  Ptr<Bindings::Metamodel::StructureInfo> StructureInfo(const std::string& id) const override {
     return Known("StructureInfo(" + id + ")") ? structure : nullptr;
   }
 

@@ -141,7 +141,7 @@ TEST_F(MetamodelServices, SeeEveryChangeOfTheSourcesAtOnce) {
 }
 
 TEST_F(MetamodelServices, DeliverAnswersThatOutliveServicesAndContainer) {
-  std::shared_ptr<const Model::ServiceInfo> answer;
+  std::shared_ptr<const Bindings::Metamodel::ServiceInfo> answer;
   {
     const ComponentSources sources{{"a", FirstComponent()}};
     ServiceService service(sources.Shared());

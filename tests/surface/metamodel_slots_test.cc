@@ -11,7 +11,7 @@
 namespace Zelk::Testing {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace Provider = ::Zelk::Provider::Metadata::Metamodel;
 using Container = Provider::MetadataContainer;
 
@@ -37,26 +37,26 @@ struct ServicePair {
   using Implementation = ImplementationClass;
 };
 
-using Components = ServicePair<Bindings::ComponentSvc::AsyncServiceInterface,
+using Components = ServicePair<Bindings::Metamodel::ComponentSvc::AsyncServiceInterface,
                                Provider::ComponentSvc::AsyncServiceImpl>;
-using Enumerations = ServicePair<Bindings::EnumerationSvc::AsyncServiceInterface,
+using Enumerations = ServicePair<Bindings::Metamodel::EnumerationSvc::AsyncServiceInterface,
                                  Provider::EnumerationSvc::AsyncServiceImpl>;
-using Packages = ServicePair<Bindings::PackageSvc::AsyncServiceInterface,
+using Packages = ServicePair<Bindings::Metamodel::PackageSvc::AsyncServiceInterface,
                              Provider::PackageSvc::AsyncServiceImpl>;
-using Resources = ServicePair<Bindings::ResourceSvc::AsyncServiceInterface,
+using Resources = ServicePair<Bindings::Metamodel::ResourceSvc::AsyncServiceInterface,
                               Provider::ResourceSvc::AsyncServiceImpl>;
-using Models = ServicePair<Bindings::Resource::ModelSvc::AsyncServiceInterface,
+using Models = ServicePair<Bindings::Metamodel::Resource::ModelSvc::AsyncServiceInterface,
                            Provider::Resource::ModelSvc::AsyncServiceImpl>;
-using Services = ServicePair<Bindings::ServiceSvc::AsyncServiceInterface,
+using Services = ServicePair<Bindings::Metamodel::ServiceSvc::AsyncServiceInterface,
                              Provider::ServiceSvc::AsyncServiceImpl>;
-using Operations = ServicePair<Bindings::Service::OperationSvc::AsyncServiceInterface,
+using Operations = ServicePair<Bindings::Metamodel::Service::OperationSvc::AsyncServiceInterface,
                                Provider::Service::OperationSvc::AsyncServiceImpl>;
-using Hidden = ServicePair<Bindings::Service::HiddenSvc::AsyncServiceInterface,
+using Hidden = ServicePair<Bindings::Metamodel::Service::HiddenSvc::AsyncServiceInterface,
                            Provider::Service::HiddenSvc::AsyncServiceImpl>;
-using Structures = ServicePair<Bindings::StructureSvc::AsyncServiceInterface,
+using Structures = ServicePair<Bindings::Metamodel::StructureSvc::AsyncServiceInterface,
                                Provider::StructureSvc::AsyncServiceImpl>;
-using SourcesPair =
-    ServicePair<Bindings::SourceSvc::AsyncServiceInterface, Provider::SourceSvc::AsyncServiceImpl>;
+using SourcesPair = ServicePair<Bindings::Metamodel::SourceSvc::AsyncServiceInterface,
+                                Provider::SourceSvc::AsyncServiceImpl>;
 
 template <typename Pair>
 class MetamodelServiceSlots : public testing::Test {};

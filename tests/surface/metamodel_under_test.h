@@ -22,8 +22,8 @@ namespace MetamodelProvider = ::Zelk::Provider::Metadata::Metamodel;
 struct MetamodelUnderTest {
   using Container = MetamodelProvider::MetadataContainer;
   using SourceService = MetamodelProvider::SourceSvc::AsyncServiceImpl;
-  using CreateSpec = Model::SourceSvc::CreateSpec;
-  using Record = Model::ComponentData;
+  using CreateSpec = Bindings::Metamodel::SourceSvc::CreateSpec;
+  using Record = Bindings::Metamodel::ComponentData;
 
   static constexpr char kName[] = "Metamodel";
   static constexpr char kRootKey[] = "metamodel";
@@ -75,7 +75,8 @@ std::string DocOf(const std::shared_ptr<const Record>& record) {
   return record ? record->documentation : "none";
 }
 
-inline std::string DocOf(const std::shared_ptr<const Model::ComponentData>& component) {
+inline std::string DocOf(
+    const std::shared_ptr<const Bindings::Metamodel::ComponentData>& component) {
   return component ? component->info->documentation : "none";
 }
 

@@ -12,18 +12,18 @@
 
 namespace {
 
-namespace Bindings = Com::Orvane::Zelk::Metadata::Metamodel;
-using Bindings::ElementValue;
-using Type = Bindings::ElementValueEnumerations::Type;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
+using Bindings::Metamodel::ElementValue;
+using Type = Bindings::Metamodel::ElementValueEnumerations::Type;
 
 /// The page of an empty structure with one annotation, "@Foo bar=<element>".
 std::string PageWith(const ElementValue& element) {
-  const auto annotation = std::make_shared<const Bindings::ElementMap>(
+  const auto annotation = std::make_shared<const Bindings::Metamodel::ElementMap>(
       std::map<std::string, std::shared_ptr<const ElementValue>>{
           {"bar", std::make_shared<const ElementValue>(element)}});
-  const Bindings::StructureInfo structure("foo",
-                                          Bindings::StructureInfoEnumerations::Type::STRUCTURE, {},
-                                          {}, {}, {{"Foo", annotation}}, "");
+  const Bindings::Metamodel::StructureInfo structure(
+      "foo", Bindings::Metamodel::StructureInfoEnumerations::Type::STRUCTURE, {}, {}, {},
+      {{"Foo", annotation}}, "");
   std::ostringstream out;
   Zelk::Tool::Page page(out);
   WritePage(page, structure);

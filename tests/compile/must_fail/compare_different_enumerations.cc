@@ -1,12 +1,12 @@
 #include <com/orvane/zelk/metadata/metamodel/enumerations.h>
 
-namespace Metamodel = Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
-bool Same(const Metamodel::TypeEnumerations::Category& category) {
+bool Same(const Bindings::Metamodel::TypeEnumerations::Category& category) {
 #ifdef MUST_FAIL
-  return category ==
-         Metamodel::TypeEnumerations::BuiltinType(Metamodel::TypeEnumerations::BuiltinType::VOID);
+  return category == Bindings::Metamodel::TypeEnumerations::BuiltinType(
+                         Bindings::Metamodel::TypeEnumerations::BuiltinType::VOID);
 #else
-  return category == Metamodel::TypeEnumerations::Category::BUILTIN;
+  return category == Bindings::Metamodel::TypeEnumerations::Category::BUILTIN;
 #endif
 }

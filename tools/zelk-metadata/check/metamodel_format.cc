@@ -7,13 +7,13 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
-using BuiltinType = Bindings::TypeEnumerations::BuiltinType;
-using Category = Bindings::TypeEnumerations::Category;
-using ConstantCategory = Bindings::ConstantValueEnumerations::Category;
-using GenericType = Bindings::GenericInstantiationEnumerations::GenericType;
-using StructureType = Bindings::StructureInfoEnumerations::Type;
+using BuiltinType = Bindings::Metamodel::TypeEnumerations::BuiltinType;
+using Category = Bindings::Metamodel::TypeEnumerations::Category;
+using ConstantCategory = Bindings::Metamodel::ConstantValueEnumerations::Category;
+using GenericType = Bindings::Metamodel::GenericInstantiationEnumerations::GenericType;
+using StructureType = Bindings::Metamodel::StructureInfoEnumerations::Type;
 
 // --- annotations --------------------------------------------------------------------------------
 

@@ -11,7 +11,7 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Authentication;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace Provider = ::Zelk::Provider::Metadata::Authentication;
 using Container = std::shared_ptr<Provider::MetadataContainer>;
 using ComponentSvc = Provider::ComponentSvc::AsyncServiceImpl;
@@ -38,7 +38,7 @@ class Authentication final : public Domain {
 
   std::optional<ServiceError> CreateSource(const std::string& id,
                                            const std::string& path) override {
-    return CreateLocalSource<Bindings::SourceSvc::CreateSpec>(source_, id, path);
+    return CreateLocalSource<Bindings::Authentication::SourceSvc::CreateSpec>(source_, id, path);
   }
 
   std::optional<ServiceError> DeleteSource(const std::string& id) override {

@@ -8,7 +8,7 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Authentication;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 void WriteSchemes(Page& page, std::size_t level, const SchemeList& schemes) {
   for (const auto& scheme : schemes) {
@@ -21,11 +21,13 @@ void WriteSchemes(Page& page, std::size_t level, const SchemeList& schemes) {
 
 // The parts of a record, each with its name.
 
-void WriteParts(Page& page, std::size_t level, const Bindings::OperationInfo& operation) {
+void WriteParts(Page& page, std::size_t level,
+                const Bindings::Authentication::OperationInfo& operation) {
   WriteSchemes(page, level, operation.schemes);
 }
 
-void WriteParts(Page& page, std::size_t level, const Bindings::ServiceInfo& service) {
+void WriteParts(Page& page, std::size_t level,
+                const Bindings::Authentication::ServiceInfo& service) {
   WriteSchemes(page, level, service.schemes);
   for (const auto& [name, operation] : service.operations) {
     page.Line(level, "operation " + name);
@@ -33,7 +35,8 @@ void WriteParts(Page& page, std::size_t level, const Bindings::ServiceInfo& serv
   }
 }
 
-void WriteParts(Page& page, std::size_t level, const Bindings::PackageInfo& package) {
+void WriteParts(Page& page, std::size_t level,
+                const Bindings::Authentication::PackageInfo& package) {
   WriteSchemes(page, level, package.schemes);
   for (const auto& [id, service] : package.services) {
     page.Line(level, "service " + id);
@@ -43,7 +46,8 @@ void WriteParts(Page& page, std::size_t level, const Bindings::PackageInfo& pack
 
 }  // namespace
 
-static void WriteJson(JsonWriter& json, const Bindings::AuthenticationInfo& scheme) {
+static void WriteJson(JsonWriter& json,
+                      const Bindings::Authentication::AuthenticationInfo& scheme) {
   json.StartObject();
   json.Member("scheme_type", EnumText(scheme.scheme_type));
   json.Member("session_manager", scheme.session_manager);
@@ -51,40 +55,41 @@ static void WriteJson(JsonWriter& json, const Bindings::AuthenticationInfo& sche
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::ComponentInfo& component) {
+static void WriteJson(JsonWriter& json, const Bindings::Authentication::ComponentInfo& component) {
   json.StartObject();
   WriteMap(json, "packages", component.packages);
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::OperationInfo& operation) {
+void WriteJson(JsonWriter& json, const Bindings::Authentication::OperationInfo& operation) {
   json.StartObject();
   WriteList(json, "schemes", operation.schemes);
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::ServiceInfo& service) {
+void WriteJson(JsonWriter& json, const Bindings::Authentication::ServiceInfo& service) {
   json.StartObject();
   WriteList(json, "schemes", service.schemes);
   WriteMap(json, "operations", service.operations);
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::PackageInfo& package) {
+void WriteJson(JsonWriter& json, const Bindings::Authentication::PackageInfo& package) {
   json.StartObject();
   WriteList(json, "schemes", package.schemes);
   WriteMap(json, "services", package.services);
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::ComponentData& component) {
+void WriteJson(JsonWriter& json, const Bindings::Authentication::ComponentData& component) {
   json.StartObject();
   WriteOne(json, "info", component.info);
   json.Member("fingerprint", component.fingerprint);
   json.EndObject();
 }
 
-void WritePage(Page& page, const std::string& title, const Bindings::ComponentData& component) {
+void WritePage(Page& page, const std::string& title,
+               const Bindings::Authentication::ComponentData& component) {
   page.Title(title);
   page.Line(1, "Fingerprint: " + component.fingerprint);
   for (const auto& [name, package] : component.info->packages) {
@@ -93,17 +98,20 @@ void WritePage(Page& page, const std::string& title, const Bindings::ComponentDa
   }
 }
 
-void WritePage(Page& page, const std::string& title, const Bindings::PackageInfo& package) {
+void WritePage(Page& page, const std::string& title,
+               const Bindings::Authentication::PackageInfo& package) {
   page.Title(title);
   WriteParts(page, 1, package);
 }
 
-void WritePage(Page& page, const std::string& title, const Bindings::ServiceInfo& service) {
+void WritePage(Page& page, const std::string& title,
+               const Bindings::Authentication::ServiceInfo& service) {
   page.Title(title);
   WriteParts(page, 1, service);
 }
 
-void WritePage(Page& page, const std::string& title, const Bindings::OperationInfo& operation) {
+void WritePage(Page& page, const std::string& title,
+               const Bindings::Authentication::OperationInfo& operation) {
   page.Title(title);
   WriteParts(page, 1, operation);
 }
@@ -118,7 +126,7 @@ void WriteLevels(Page& page, const std::vector<LevelSchemes>& levels) {
 }
 
 void WriteOutline(OutlineWriter& outline, const std::string& name,
-                  const Bindings::ComponentInfo& component) {
+                  const Bindings::Authentication::ComponentInfo& component) {
   outline.Kind(0, "component", {name}, "");
   for (const auto& [package_name, package] : component.packages) {
     outline.Kind(1, "package", {package_name}, "");

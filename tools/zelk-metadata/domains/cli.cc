@@ -9,7 +9,7 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Cli;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace Provider = ::Zelk::Provider::Metadata::Cli;
 using Container = std::shared_ptr<Provider::MetadataContainer>;
 using CommandSvc = Provider::CommandSvc::AsyncServiceImpl;
@@ -70,7 +70,7 @@ class Cli final : public Domain {
 
   std::optional<ServiceError> CreateSource(const std::string& id,
                                            const std::string& path) override {
-    return CreateLocalSource<Bindings::SourceSvc::CreateSpec>(source_, id, path);
+    return CreateLocalSource<Bindings::Cli::SourceSvc::CreateSpec>(source_, id, path);
   }
 
   std::optional<ServiceError> DeleteSource(const std::string& id) override {
@@ -105,13 +105,13 @@ Cli::Cli(const Container& container)
       {"namespace",
        {"NAMESPACE", "NAME"},
        NamespaceList(namespace_),
-       NodeQuery<Bindings::NamespaceSvc::Identity>(namespace_, &NamespaceSvc::Get),
+       NodeQuery<Bindings::Cli::NamespaceSvc::Identity>(namespace_, &NamespaceSvc::Get),
        FingerprintQuery(namespace_, &NamespaceSvc::Fingerprint),
        Rule::kFirstSource},
       {"command",
        {"COMMAND", "NAME"},
        CommandList(command_),
-       NodeQuery<Bindings::CommandSvc::Identity>(command_, &CommandSvc::Get),
+       NodeQuery<Bindings::Cli::CommandSvc::Identity>(command_, &CommandSvc::Get),
        FingerprintQuery(command_, &CommandSvc::Fingerprint),
        Rule::kFirstSource},
       SourceKind(source_),

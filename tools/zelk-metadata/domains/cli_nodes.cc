@@ -10,7 +10,7 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Cli;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 using Identity = CliNodes::Identity;
 using Pairs = std::vector<std::pair<std::string, std::string>>;
 
@@ -55,13 +55,13 @@ class TreeWriter {
 
  private:
   struct Inside {
-    std::vector<const Bindings::NamespaceSvc::Info*> namespaces;
-    std::vector<const Bindings::CommandSvc::Info*> commands;
+    std::vector<const Bindings::Cli::NamespaceSvc::Info*> namespaces;
+    std::vector<const Bindings::Cli::CommandSvc::Info*> commands;
   };
 
   struct Pending {
     std::size_t depth;
-    const Bindings::NamespaceSvc::Info* info;
+    const Bindings::Cli::NamespaceSvc::Info* info;
   };
 
   void WriteFrom(const std::string& path) {
@@ -89,7 +89,7 @@ class TreeWriter {
     inside_.erase(found);
   }
 
-  void WriteCommand(std::size_t depth, const Bindings::CommandSvc::Info& command) {
+  void WriteCommand(std::size_t depth, const Bindings::Cli::CommandSvc::Info& command) {
     const Identity& identity = *command.identity;
     outline_.Named(depth, "command", IdsOf(identity), identity.name, command.description);
     for (const auto& option : command.options) {
@@ -119,7 +119,7 @@ std::string WordsOf(const std::string& dotted) {
 }
 
 NamespaceHelp HelpOf(const CliNodes& nodes, const Identity& identity,
-                     const Bindings::NamespaceSvc::Info& info) {
+                     const Bindings::Cli::NamespaceSvc::Info& info) {
   NamespaceHelp help{FullName(identity), info.description, {}, {}};
   const std::string path = Path(identity);
   for (const auto& [child, child_info] : nodes.namespaces) {

@@ -7,16 +7,16 @@
 
 namespace Zelk::Tool {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Cli;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
-static void WriteJson(JsonWriter& json, const Bindings::TreeIdentity& identity) {
+static void WriteJson(JsonWriter& json, const Bindings::Cli::TreeIdentity& identity) {
   json.StartObject();
   json.Member("path", identity.path);
   json.Member("name", identity.name);
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::CommandSvc::OptionInfo& option) {
+static void WriteJson(JsonWriter& json, const Bindings::Cli::CommandSvc::OptionInfo& option) {
   json.StartObject();
   json.Member("long_option", option.long_option);
   json.Member("short_option", option.short_option);
@@ -27,21 +27,21 @@ static void WriteJson(JsonWriter& json, const Bindings::CommandSvc::OptionInfo& 
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::CommandSvc::OutputFieldInfo& field) {
+static void WriteJson(JsonWriter& json, const Bindings::Cli::CommandSvc::OutputFieldInfo& field) {
   json.StartObject();
   json.Member("field_name", field.field_name);
   json.Member("display_name", field.display_name);
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::CommandSvc::OutputInfo& output) {
+static void WriteJson(JsonWriter& json, const Bindings::Cli::CommandSvc::OutputInfo& output) {
   json.StartObject();
   json.Member("structure_id", output.structure_id);
   WriteList(json, "output_fields", output.output_fields);
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::NamespaceSvc::Info& info) {
+void WriteJson(JsonWriter& json, const Bindings::Cli::NamespaceSvc::Info& info) {
   json.StartObject();
   WriteOne(json, "identity", info.identity);
   json.Member("description", info.description);
@@ -49,7 +49,7 @@ void WriteJson(JsonWriter& json, const Bindings::NamespaceSvc::Info& info) {
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::CommandSvc::Info& info) {
+void WriteJson(JsonWriter& json, const Bindings::Cli::CommandSvc::Info& info) {
   json.StartObject();
   WriteOne(json, "identity", info.identity);
   json.Member("description", info.description);
@@ -62,12 +62,12 @@ void WriteJson(JsonWriter& json, const Bindings::CommandSvc::Info& info) {
   json.EndObject();
 }
 
-std::string FullName(const Bindings::TreeIdentity& identity) {
+std::string FullName(const Bindings::Cli::TreeIdentity& identity) {
   if (identity.path.empty() && identity.name.empty()) return ".";
   return identity.path.empty() ? identity.name : identity.path + '.' + identity.name;
 }
 
-void WritePage(Page& page, const Bindings::NamespaceSvc::Info& info) {
+void WritePage(Page& page, const Bindings::Cli::NamespaceSvc::Info& info) {
   page.Title("namespace " + FullName(*info.identity));
   page.Paragraph(1, info.description);
   if (info.children.empty()) return;
@@ -77,15 +77,16 @@ void WritePage(Page& page, const Bindings::NamespaceSvc::Info& info) {
 
 namespace {
 
-std::string OptionText(const Bindings::CommandSvc::OptionInfo& option) {
-  const bool plain = option.generic == Bindings::CommandSvc::GenericType::NONE;
+std::string OptionText(const Bindings::Cli::CommandSvc::OptionInfo& option) {
+  const bool plain = option.generic == Bindings::Cli::CommandSvc::GenericType::NONE;
   return fmt::format("--{}{}: {}", option.long_option,
                      option.short_option ? ", -" + *option.short_option : "",
                      plain ? option.type : EnumText(option.generic) + '<' + option.type + '>');
 }
 
 void WriteOptions(
-    Page& page, const std::list<std::shared_ptr<const Bindings::CommandSvc::OptionInfo>>& options) {
+    Page& page,
+    const std::list<std::shared_ptr<const Bindings::Cli::CommandSvc::OptionInfo>>& options) {
   if (options.empty()) return;
   page.Heading("Options:");
   for (const auto& option : options) {
@@ -95,7 +96,7 @@ void WriteOptions(
   }
 }
 
-void WriteOutputs(Page& page, const Bindings::CommandSvc::Info& info) {
+void WriteOutputs(Page& page, const Bindings::Cli::CommandSvc::Info& info) {
   for (const auto& output : info.output_field_list) {
     page.Heading(fmt::format("Output of {}:", output->structure_id));
     for (const auto& field : output->output_fields) {
@@ -106,7 +107,7 @@ void WriteOutputs(Page& page, const Bindings::CommandSvc::Info& info) {
 
 }  // namespace
 
-void WritePage(Page& page, const Bindings::CommandSvc::Info& info) {
+void WritePage(Page& page, const Bindings::Cli::CommandSvc::Info& info) {
   page.Title("command " + FullName(*info.identity));
   page.Paragraph(1, info.description);
   page.Line(1, fmt::format("Calls {} of {}", info.operation_id, info.service_id));
@@ -115,7 +116,8 @@ void WritePage(Page& page, const Bindings::CommandSvc::Info& info) {
   WriteOutputs(page, info);
 }
 
-void WriteUsagePage(Page& page, const std::string& title, const Bindings::CommandSvc::Info& info) {
+void WriteUsagePage(Page& page, const std::string& title,
+                    const Bindings::Cli::CommandSvc::Info& info) {
   page.Title(title);
   page.Paragraph(1, info.description);
   WriteOptions(page, info.options);

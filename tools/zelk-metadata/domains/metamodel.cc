@@ -10,7 +10,7 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace Provider = ::Zelk::Provider::Metadata::Metamodel;
 using Container = std::shared_ptr<Provider::MetadataContainer>;
 using ComponentSvc = Provider::ComponentSvc::AsyncServiceImpl;
@@ -31,7 +31,7 @@ class Metamodel final : public Domain {
 
   std::optional<ServiceError> CreateSource(const std::string& id,
                                            const std::string& path) override {
-    return CreateLocalSource<Bindings::SourceSvc::CreateSpec>(source_, id, path);
+    return CreateLocalSource<Bindings::Metamodel::SourceSvc::CreateSpec>(source_, id, path);
   }
 
   std::optional<ServiceError> DeleteSource(const std::string& id) override {

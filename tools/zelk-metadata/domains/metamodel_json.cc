@@ -6,19 +6,19 @@
 
 namespace Zelk::Tool {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 // Static rather than in the unnamed namespace, where the templates below would not find them.
-static void WriteJson(JsonWriter& json, const Bindings::ComponentInfo& component);
-static void WriteJson(JsonWriter& json, const Bindings::ConstantInfo& constant);
-static void WriteJson(JsonWriter& json, const Bindings::ConstantValue& value);
-static void WriteJson(JsonWriter& json, const Bindings::ElementMap& annotation);
-static void WriteJson(JsonWriter& json, const Bindings::ElementValue& element);
-static void WriteJson(JsonWriter& json, const Bindings::EnumerationValueInfo& value);
-static void WriteJson(JsonWriter& json, const Bindings::ErrorInfo& error);
-static void WriteJson(JsonWriter& json, const Bindings::FieldInfo& field);
-static void WriteJson(JsonWriter& json, const Bindings::OperationResultInfo& result);
-static void WriteJson(JsonWriter& json, const Bindings::PrimitiveValue& value);
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ComponentInfo& component);
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ConstantInfo& constant);
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ConstantValue& value);
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ElementMap& annotation);
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ElementValue& element);
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::EnumerationValueInfo& value);
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ErrorInfo& error);
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::FieldInfo& field);
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::OperationResultInfo& result);
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::PrimitiveValue& value);
 
 namespace {
 
@@ -41,7 +41,7 @@ void WriteDescription(JsonWriter& json, const Described& record) {
 
 }  // namespace
 
-static void WriteJson(JsonWriter& json, const Bindings::ElementValue& element) {
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ElementValue& element) {
   json.StartObject();
   json.Member("type", EnumText(element.type));
   json.Member("string_value", element.string_value);
@@ -51,13 +51,13 @@ static void WriteJson(JsonWriter& json, const Bindings::ElementValue& element) {
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::ElementMap& annotation) {
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ElementMap& annotation) {
   json.StartObject();
   WriteMap(json, "elements", annotation.elements);
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::FieldInfo& field) {
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::FieldInfo& field) {
   json.StartObject();
   json.Member("name", field.name);
   WriteOne(json, "type", field.type);
@@ -65,21 +65,21 @@ static void WriteJson(JsonWriter& json, const Bindings::FieldInfo& field) {
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::PrimitiveValue& value) {
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::PrimitiveValue& value) {
   json.StartObject();
   json.Member("type", EnumText(value.type));
   json.Member("string_value", value.string_value);
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::ConstantValue& value) {
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ConstantValue& value) {
   json.StartObject();
   json.Member("category", EnumText(value.category));
   WriteOne(json, "primitive_value", value.primitive_value);
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::ConstantInfo& constant) {
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ConstantInfo& constant) {
   json.StartObject();
   WriteOne(json, "type", constant.type);
   WriteOne(json, "value", constant.value);
@@ -87,28 +87,28 @@ static void WriteJson(JsonWriter& json, const Bindings::ConstantInfo& constant) 
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::EnumerationValueInfo& value) {
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::EnumerationValueInfo& value) {
   json.StartObject();
   json.Member("value", value.value);
   WriteDescription(json, value);
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::ErrorInfo& error) {
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ErrorInfo& error) {
   json.StartObject();
   json.Member("structure_name", error.structure_name);
   json.Member("documentation", error.documentation);
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::OperationResultInfo& result) {
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::OperationResultInfo& result) {
   json.StartObject();
   WriteOne(json, "type", result.type);
   WriteDescription(json, result);
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::EnumerationInfo& enumeration) {
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::EnumerationInfo& enumeration) {
   json.StartObject();
   json.Member("name", enumeration.name);
   WriteList(json, "values", enumeration.values);
@@ -116,7 +116,7 @@ void WriteJson(JsonWriter& json, const Bindings::EnumerationInfo& enumeration) {
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::StructureInfo& structure) {
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::StructureInfo& structure) {
   json.StartObject();
   json.Member("name", structure.name);
   json.Member("type", EnumText(structure.type));
@@ -127,7 +127,7 @@ void WriteJson(JsonWriter& json, const Bindings::StructureInfo& structure) {
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::OperationInfo& operation) {
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::OperationInfo& operation) {
   json.StartObject();
   json.Member("name", operation.name);
   WriteList(json, "params", operation.params);
@@ -137,7 +137,7 @@ void WriteJson(JsonWriter& json, const Bindings::OperationInfo& operation) {
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::ServiceInfo& service) {
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::ServiceInfo& service) {
   json.StartObject();
   json.Member("name", service.name);
   WriteMap(json, "operations", service.operations);
@@ -148,7 +148,7 @@ void WriteJson(JsonWriter& json, const Bindings::ServiceInfo& service) {
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::PackageInfo& package) {
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::PackageInfo& package) {
   json.StartObject();
   json.Member("name", package.name);
   WriteMap(json, "structures", package.structures);
@@ -158,7 +158,7 @@ void WriteJson(JsonWriter& json, const Bindings::PackageInfo& package) {
   json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::ComponentInfo& component) {
+static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ComponentInfo& component) {
   json.StartObject();
   json.Member("name", component.name);
   WriteMap(json, "packages", component.packages);
@@ -166,7 +166,7 @@ static void WriteJson(JsonWriter& json, const Bindings::ComponentInfo& component
   json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::ComponentData& component) {
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::ComponentData& component) {
   json.StartObject();
   WriteOne(json, "info", component.info);
   json.Member("fingerprint", component.fingerprint);

@@ -3,7 +3,7 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 // Where a definition stands decides which of several of one name is answered.
 constexpr int kInPackage = 0;
@@ -43,7 +43,7 @@ void WriteStructures(OutlineWriter& outline, std::size_t depth, int place,
 }
 
 void WriteService(OutlineWriter& outline, std::size_t depth, const std::string& id,
-                  const Bindings::ServiceInfo& service) {
+                  const Bindings::Metamodel::ServiceInfo& service) {
   outline.Kind(depth, "service", {id}, service.documentation);
   for (const auto& [name, operation] : service.operations) {
     outline.Part(depth + 1, "operation", {id, name}, operation->documentation);
@@ -58,7 +58,7 @@ void WriteService(OutlineWriter& outline, std::size_t depth, const std::string& 
 
 }  // namespace
 
-void WriteOutline(OutlineWriter& outline, const Bindings::ComponentInfo& component) {
+void WriteOutline(OutlineWriter& outline, const Bindings::Metamodel::ComponentInfo& component) {
   outline.Kind(0, "component", {component.name}, component.documentation);
   for (const auto& [name, package] : component.packages) {
     outline.Kind(1, "package", {name}, package->documentation);

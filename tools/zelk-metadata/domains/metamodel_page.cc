@@ -8,7 +8,7 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 std::string Quoted(const std::string& text) {
   std::string quoted = "\"";
@@ -27,7 +27,7 @@ std::string Bracketed(const std::list<std::string>& texts) {
   return '[' + bracketed + ']';
 }
 
-std::string ElementText(const Bindings::ElementValue& element) {
+std::string ElementText(const Bindings::Metamodel::ElementValue& element) {
   if (element.string_value) return Quoted(*element.string_value);
   if (element.list_value) return Bracketed(*element.list_value);
   if (element.structure_id) return Quoted(*element.structure_id);
@@ -36,7 +36,8 @@ std::string ElementText(const Bindings::ElementValue& element) {
 }
 
 /// One line an annotation: "@Name element="value" other=["a", "b"]".
-void WriteAnnotations(Page& page, std::size_t level, const Bindings::MetadataMap& annotations) {
+void WriteAnnotations(Page& page, std::size_t level,
+                      const Bindings::Metamodel::MetadataMap& annotations) {
   for (const auto& [name, annotation] : annotations) {
     std::string line = '@' + name;
     for (const auto& [element, value] : annotation->elements) {
@@ -62,7 +63,7 @@ std::string FirstLine(const std::string& text) {
   return text.substr(0, text.find('\n'));
 }
 
-std::string Signature(const Bindings::OperationInfo& operation) {
+std::string Signature(const Bindings::Metamodel::OperationInfo& operation) {
   std::string params;
   for (const auto& param : operation.params) {
     params +=
@@ -77,12 +78,13 @@ std::string PartText(const std::string& name, const Part& /*part*/) {
   return name;
 }
 
-std::string PartText(const std::string& /*name*/, const Bindings::OperationInfo& operation) {
+std::string PartText(const std::string& /*name*/,
+                     const Bindings::Metamodel::OperationInfo& operation) {
   return Signature(operation);
 }
 
 /// Only strings are kept of a constant's value.
-std::string PartText(const std::string& name, const Bindings::ConstantInfo& constant) {
+std::string PartText(const std::string& name, const Bindings::Metamodel::ConstantInfo& constant) {
   const auto& primitive = constant.value->primitive_value;
   const std::string value =
       primitive && primitive->string_value ? " = " + Quoted(*primitive->string_value) : "";
@@ -100,7 +102,7 @@ void WriteParts(Page& page, const char* heading, const Map& parts) {
 }
 
 void WriteFields(Page& page, const char* heading,
-                 const std::list<std::shared_ptr<const Bindings::FieldInfo>>& fields) {
+                 const std::list<std::shared_ptr<const Bindings::Metamodel::FieldInfo>>& fields) {
   if (fields.empty()) return;
   page.Heading(heading);
   for (const auto& field : fields) {
@@ -109,7 +111,8 @@ void WriteFields(Page& page, const char* heading,
   }
 }
 
-void WriteErrors(Page& page, const std::list<std::shared_ptr<const Bindings::ErrorInfo>>& errors) {
+void WriteErrors(Page& page,
+                 const std::list<std::shared_ptr<const Bindings::Metamodel::ErrorInfo>>& errors) {
   if (errors.empty()) return;
   page.Heading("Errors:");
   for (const auto& error : errors) {
@@ -120,21 +123,21 @@ void WriteErrors(Page& page, const std::list<std::shared_ptr<const Bindings::Err
 
 }  // namespace
 
-void WritePage(Page& page, const Bindings::ComponentData& component) {
+void WritePage(Page& page, const Bindings::Metamodel::ComponentData& component) {
   WriteTitle(page, "component " + component.info->name, *component.info);
   page.Heading("Fingerprint:");
   page.Line(1, component.fingerprint);
   WriteParts(page, "Packages:", component.info->packages);
 }
 
-void WritePage(Page& page, const Bindings::PackageInfo& package) {
+void WritePage(Page& page, const Bindings::Metamodel::PackageInfo& package) {
   WriteTitle(page, "package " + package.name, package);
   WriteParts(page, "Services:", package.services);
   WriteParts(page, "Structures:", package.structures);
   WriteParts(page, "Enumerations:", package.enumerations);
 }
 
-void WritePage(Page& page, const Bindings::ServiceInfo& service) {
+void WritePage(Page& page, const Bindings::Metamodel::ServiceInfo& service) {
   WriteTitle(page, "service " + service.name, service);
   WriteParts(page, "Operations:", service.operations);
   WriteParts(page, "Structures:", service.structures);
@@ -142,7 +145,7 @@ void WritePage(Page& page, const Bindings::ServiceInfo& service) {
   WriteParts(page, "Constants:", service.constants);
 }
 
-void WritePage(Page& page, const Bindings::OperationInfo& operation) {
+void WritePage(Page& page, const Bindings::Metamodel::OperationInfo& operation) {
   WriteTitle(page, Signature(operation), operation);
   WriteFields(page, "Parameters:", operation.params);
   page.Heading("Result:");
@@ -151,20 +154,21 @@ void WritePage(Page& page, const Bindings::OperationInfo& operation) {
   WriteErrors(page, operation.errors);
 }
 
-void WriteSummary(Page& page, const Bindings::OperationInfo& operation) {
+void WriteSummary(Page& page, const Bindings::Metamodel::OperationInfo& operation) {
   page.Line(1, Signature(operation));
   page.Paragraph(2, FirstLine(operation.documentation));
 }
 
-void WritePage(Page& page, const Bindings::StructureInfo& structure) {
-  const bool is_error = structure.type == Bindings::StructureInfoEnumerations::Type::ERROR;
+void WritePage(Page& page, const Bindings::Metamodel::StructureInfo& structure) {
+  const bool is_error =
+      structure.type == Bindings::Metamodel::StructureInfoEnumerations::Type::ERROR;
   WriteTitle(page, "structure " + structure.name + (is_error ? " (error)" : ""), structure);
   WriteFields(page, "Fields:", structure.fields);
   WriteParts(page, "Enumerations:", structure.enumerations);
   WriteParts(page, "Constants:", structure.constants);
 }
 
-void WritePage(Page& page, const Bindings::EnumerationInfo& enumeration) {
+void WritePage(Page& page, const Bindings::Metamodel::EnumerationInfo& enumeration) {
   WriteTitle(page, "enumeration " + enumeration.name, enumeration);
   if (enumeration.values.empty()) return;
   page.Heading("Values:");

@@ -7,16 +7,16 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata::Metamodel;
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 /// A text to append, or a type whose text is still to be worked out.
 struct TextStep {
   const char* text;
-  const Bindings::Type* type;
+  const Bindings::Metamodel::Type* type;
 };
 
 /// Appends the beginning of a generic type's text and leaves its rest as work, the next step last.
-void OpenText(const Bindings::GenericInstantiation& generic, std::string& text,
+void OpenText(const Bindings::Metamodel::GenericInstantiation& generic, std::string& text,
               std::vector<TextStep>& work) {
   text += EnumText(generic.generic_type) + '<';
   work.push_back({">", nullptr});
@@ -32,10 +32,10 @@ void OpenText(const Bindings::GenericInstantiation& generic, std::string& text,
 /// and of the type that it belongs to.
 struct JsonStep {
   const char* key;
-  const Bindings::Type* type;
+  const Bindings::Metamodel::Type* type;
 };
 
-void WriteBuiltinType(JsonWriter& json, const Bindings::Type& type) {
+void WriteBuiltinType(JsonWriter& json, const Bindings::Metamodel::Type& type) {
   json.Key("builtin_type");
   if (type.builtin_type) {
     json.String(EnumText(*type.builtin_type));
@@ -44,7 +44,7 @@ void WriteBuiltinType(JsonWriter& json, const Bindings::Type& type) {
   }
 }
 
-void WriteUserDefinedType(JsonWriter& json, const Bindings::Type& type) {
+void WriteUserDefinedType(JsonWriter& json, const Bindings::Metamodel::Type& type) {
   json.Key("user_defined_type");
   if (!type.user_defined_type) {
     json.Null();
@@ -57,7 +57,8 @@ void WriteUserDefinedType(JsonWriter& json, const Bindings::Type& type) {
 }
 
 /// Writes the type up to its first nested type and leaves the rest as work, the next step last.
-void OpenJson(JsonWriter& json, const Bindings::Type& type, std::vector<JsonStep>& work) {
+void OpenJson(JsonWriter& json, const Bindings::Metamodel::Type& type,
+              std::vector<JsonStep>& work) {
   json.StartObject();
   json.Member("category", EnumText(type.category));
   WriteBuiltinType(json, type);
@@ -68,7 +69,7 @@ void OpenJson(JsonWriter& json, const Bindings::Type& type, std::vector<JsonStep
     json.EndObject();
     return;
   }
-  const Bindings::GenericInstantiation& generic = *type.generic_instantiation;
+  const Bindings::Metamodel::GenericInstantiation& generic = *type.generic_instantiation;
   json.StartObject();
   json.Member("generic_type", EnumText(generic.generic_type));
   work.push_back({nullptr, nullptr});
@@ -93,7 +94,7 @@ void WriteStep(JsonWriter& json, const JsonStep& step, std::vector<JsonStep>& wo
 
 }  // namespace
 
-std::string TypeText(const Bindings::Type& type) {
+std::string TypeText(const Bindings::Metamodel::Type& type) {
   std::string text;
   std::vector<TextStep> work{{nullptr, &type}};
   while (!work.empty()) {
@@ -112,7 +113,7 @@ std::string TypeText(const Bindings::Type& type) {
   return text;
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Type& type) {
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::Type& type) {
   std::vector<JsonStep> work;
   OpenJson(json, type, work);
   while (!work.empty()) {
