@@ -32,6 +32,12 @@ for domain in metamodel authentication cli; do
   forbid "$domain/json_metadata_container.* $domain/queries.cc" '(common/queries/service_frame|.*/services\.h)' \
     'a container looks up'
 done
+forbid 'common metamodel authentication cli include platform' 'analysis/' 'the library knows the analysis'
+forbid analysis \
+  '(common|metamodel|authentication|cli|tools|commands|shell|complete|check|explain|domains|host|render)/' \
+  'the analysis goes round the public headers, or knows the tool'
+forbid analysis '(iostream|ostream|fstream|cstdio|fmt/|rapidjson/document)' \
+  'the analysis prints, reads files, or takes the tree that recurses'
 forbid tools '(common|metamodel|authentication|cli)/' 'the host goes round the public headers'
 forbid tests/surface '(common|metamodel|authentication|cli)/' 'a surface test looks inside'
 

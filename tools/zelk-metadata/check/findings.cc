@@ -2,10 +2,15 @@
 
 #include <algorithm>
 #include <charconv>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <system_error>
+#include <utility>
 
 #include <rapidjson/error/en.h>
 
-#include "check/formats.h"
+#include "analysis/format.h"
 #include "host/host.h"
 
 namespace Zelk::Tool {
@@ -47,29 +52,43 @@ std::vector<Finding> Unlocated(const std::vector<Message>& messages, const Domai
   return findings;
 }
 
-void LocateSyntaxErrors(std::vector<Finding>& findings, const SourceText& text,
+void LocateSyntaxErrors(std::vector<Finding>& findings, const Analysis::Document& document,
                         const DomainRow& row) {
   for (Finding& finding : findings) {
     const auto error = SyntaxErrorOf(finding.message, row);
-    if (!error || error->offset > text.Text().size()) continue;
-    finding.place = Place{error->offset, text.PositionAt(error->offset), std::nullopt};
+    if (!error || error->offset > document.Text().size()) continue;
+    finding.place = Place{error->offset, document.PositionAt(error->offset), std::nullopt};
   }
 }
 
-bool IsExpected(const Message& message, const Expected& expected) {
-  return message.id == expected.id &&
-         message.arguments == std::vector<std::string>{expected.argument};
+bool IsExpected(const Message& message, const Analysis::Problem& problem) {
+  return message.id == problem.message_id &&
+         message.arguments == std::vector<std::string>{problem.argument};
 }
 
 /// Up to the first message that was not expected: from there on no place is sure.
-void LocateExpected(std::vector<Finding>& findings, const SourceText& text, const Walk& walk) {
-  const std::size_t count = std::min(findings.size(), walk.messages.size());
-  for (std::size_t i = 0; i < count && IsExpected(findings[i].message, walk.messages[i]); ++i) {
-    const Expected& expected = walk.messages[i];
-    findings[i].severity = expected.severity;
+void LocateExpected(std::vector<Finding>& findings, const Analysis::Document& document,
+                    const std::vector<Analysis::Problem>& problems) {
+  const std::size_t count = std::min(findings.size(), problems.size());
+  for (std::size_t i = 0; i < count && IsExpected(findings[i].message, problems[i]); ++i) {
+    const Analysis::Problem& problem = problems[i];
+    findings[i].severity = problem.severity;
     findings[i].place =
-        Place{expected.offset, text.PositionAt(expected.offset), walk.tree.Pointer(expected.value)};
+        Place{problem.offset, document.PositionAt(problem.offset), document.Pointer(problem.node)};
   }
+}
+
+/// Empty for anything but a regular file and for a file that cannot be read.
+std::optional<std::string> TextOf(const std::string& path) {
+  std::error_code ignored;
+  // Opening a pipe would wait for a writer.
+  if (!std::filesystem::is_regular_file(path, ignored)) return std::nullopt;
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return std::nullopt;
+  std::ostringstream text;
+  // Of an empty file there is nothing to take, which would count as a failure.
+  if (file.peek() != std::ifstream::traits_type::eof()) text << file.rdbuf();
+  return text.str();
 }
 
 const DomainRow& RowOf(const std::string& domain, const DomainTable& table) {
@@ -79,30 +98,32 @@ const DomainRow& RowOf(const std::string& domain, const DomainTable& table) {
 
 }  // namespace
 
-std::vector<Finding> Locate(const std::vector<Message>& messages, const SourceText& text,
-                            const DomainRow& row) {
+std::vector<Finding> Locate(const std::vector<Message>& messages,
+                            const Analysis::Document& document, const DomainRow& row) {
   std::vector<Finding> findings = Unlocated(messages, row);
-  const std::optional<JsonTree> tree = JsonTree::Parse(text.Text());
-  if (!tree) {
-    LocateSyntaxErrors(findings, text, row);
+  if (!document.IsJson()) {
+    LocateSyntaxErrors(findings, document, row);
     return findings;
   }
-  Walk walk(*tree);
+  const Analysis::Reading reading = Analysis::Read(document, *Analysis::FindFormat(row.name));
   // Of a document that would load, no message can be explained.
-  const std::optional<bool> loads = WalkDocument(walk, row.name);
-  if (loads && !*loads) LocateExpected(findings, text, walk);
+  if (!reading.loads) LocateExpected(findings, document, reading.problems);
   return findings;
 }
 
 CheckedFile CheckFile(const std::string& name, const std::string& path, const DomainTable& table) {
   const LoadReport report = LoadAlone(path, table);
-  CheckedFile checked{name, report.domain, {}, std::nullopt};
+  CheckedFile checked{name, report.domain, {}, nullptr};
   if (report.problems.empty()) return checked;
   std::vector<Message> messages;
   for (const Problem& problem : report.problems) messages.push_back(problem.message);
   const DomainRow& row = RowOf(report.domain, table);
-  checked.text = SourceText::Read(path);
-  checked.findings = checked.text ? Locate(messages, *checked.text, row) : Unlocated(messages, row);
+  if (auto text = TextOf(path)) {
+    checked.text = std::make_shared<const Analysis::Document>(std::move(*text));
+    checked.findings = Locate(messages, *checked.text, row);
+  } else {
+    checked.findings = Unlocated(messages, row);
+  }
   return checked;
 }
 

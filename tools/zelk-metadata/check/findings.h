@@ -1,20 +1,23 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "check/source_text.h"
-#include "check/walk.h"
+#include "analysis/document.h"
+#include "analysis/reader.h"
 #include "host/domain.h"
 
 namespace Zelk::Tool {
 
+using Analysis::Severity;
+
 /// Where in a file something is wrong.
 struct Place {
   std::size_t offset;
-  FilePosition position;
+  Analysis::Position position;
 
   /// The JSON Pointer of the value; empty where the file is not valid JSON. A missing member has
   /// the place of the object that misses it.
@@ -47,15 +50,15 @@ struct CheckedFile {
   /// Every message of the library, in its order; none for a file that was loaded.
   std::vector<Finding> findings;
 
-  /// Set if there is a finding with a place.
-  std::optional<SourceText> text;
+  /// The text of the file; set if there is a finding with a place.
+  std::shared_ptr<const Analysis::Document> text;
 };
 
 /// Loads the file into a domain of its own and finds the places of what the library has to say.
 CheckedFile CheckFile(const std::string& name, const std::string& path, const DomainTable& table);
 
 /// The findings of a load that gave these messages.
-std::vector<Finding> Locate(const std::vector<Message>& messages, const SourceText& text,
-                            const DomainRow& row);
+std::vector<Finding> Locate(const std::vector<Message>& messages,
+                            const Analysis::Document& document, const DomainRow& row);
 
 }  // namespace Zelk::Tool

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string_view>
 
+#include "check/excerpt.h"
 #include "render/json_writer.h"
 #include "render/utf8.h"
 
@@ -41,8 +42,8 @@ std::string PointerText(const Finding& finding) {
   return pointer.empty() ? "at the root" : "at " + pointer;
 }
 
-void WriteExcerpt(std::ostream& out, const SourceText& text, const Place& place) {
-  const Excerpt excerpt = text.ExcerptAt(place.offset);
+void WriteExcerpt(std::ostream& out, const Analysis::Document& text, const Place& place) {
+  const Excerpt excerpt = ExcerptAt(text, place.offset);
   const std::string number = std::to_string(place.position.line);
   const std::string blank(number.size(), ' ');
   out << "  " << number << " | " << excerpt.line << '\n';
@@ -52,7 +53,7 @@ void WriteExcerpt(std::ostream& out, const SourceText& text, const Place& place)
 void WriteFinding(std::ostream& out, const CheckedFile& checked, const Finding& finding) {
   std::string head = checked.file;
   if (finding.place) {
-    const FilePosition& position = finding.place->position;
+    const Analysis::Position& position = finding.place->position;
     head += fmt::format(":{}:{}", position.line, position.column);
   }
   const std::string pointer = PointerText(finding);
@@ -88,7 +89,7 @@ std::string EscapedData(const std::string& text) {
 void WriteCommand(std::ostream& out, const CheckedFile& checked, const Finding& finding) {
   out << "::" << Command(finding.severity) << " file=" << EscapedProperty(checked.file);
   if (finding.place) {
-    const FilePosition& position = finding.place->position;
+    const Analysis::Position& position = finding.place->position;
     out << ",line=" << position.line << ",col=" << position.column;
   }
   std::string text = finding.message.Text();
@@ -99,7 +100,7 @@ void WriteCommand(std::ostream& out, const CheckedFile& checked, const Finding& 
 }
 
 void WriteNumberOrNull(JsonWriter& json, const char* key, const std::optional<Place>& place,
-                       std::uint64_t FilePosition::*member) {
+                       std::uint64_t Analysis::Position::*member) {
   json.Key(key);
   if (place) {
     json.Number(place->position.*member);
@@ -115,8 +116,8 @@ void WriteFinding(JsonWriter& json, const Finding& finding) {
   json.Member("text", finding.message.Text());
   json.Key("arguments");
   json.StringArray(finding.message.arguments);
-  WriteNumberOrNull(json, "line", finding.place, &FilePosition::line);
-  WriteNumberOrNull(json, "column", finding.place, &FilePosition::column);
+  WriteNumberOrNull(json, "line", finding.place, &Analysis::Position::line);
+  WriteNumberOrNull(json, "column", finding.place, &Analysis::Position::column);
   boost::optional<std::string> pointer;
   if (finding.place && finding.place->pointer) pointer = *finding.place->pointer;
   json.Member("pointer", pointer);

@@ -1,12 +1,8 @@
-#include "check/source_text.h"
+#include "check/excerpt.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string_view>
-#include <system_error>
-#include <utility>
+#include <vector>
 
 #include "render/layout.h"
 #include "render/utf8.h"
@@ -68,34 +64,11 @@ std::string From(std::string_view bytes, std::size_t columns) {
 
 }  // namespace
 
-SourceText::SourceText(std::string text) : text_(std::move(text)), lines_{0} {
-  for (std::size_t at = text_.find('\n'); at != std::string::npos; at = text_.find('\n', at + 1)) {
-    lines_.push_back(at + 1);
-  }
-}
-
-std::optional<SourceText> SourceText::Read(const std::string& path) {
-  std::error_code ignored;
-  // Opening a pipe would wait for a writer.
-  if (!std::filesystem::is_regular_file(path, ignored)) return std::nullopt;
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  std::ostringstream text;
-  // Of an empty file there is nothing to take, which would count as a failure.
-  if (file.peek() != std::ifstream::traits_type::eof()) text << file.rdbuf();
-  return SourceText(text.str());
-}
-
-FilePosition SourceText::PositionAt(std::size_t offset) const {
-  const auto next = std::upper_bound(lines_.begin(), lines_.end(), offset);
-  return {static_cast<std::uint64_t>(next - lines_.begin()), offset - *std::prev(next) + 1};
-}
-
-Excerpt SourceText::ExcerptAt(std::size_t offset) const {
-  const std::size_t begin = *std::prev(std::upper_bound(lines_.begin(), lines_.end(), offset));
-  std::size_t end = std::min(text_.find('\n', offset), text_.size());
-  if (end > offset && text_[end - 1] == '\r') --end;
-  const std::string_view text = text_;
+Excerpt ExcerptAt(const Analysis::Document& document, std::size_t offset) {
+  const std::string_view text = document.Text();
+  const std::size_t begin = offset + 1 - document.PositionAt(offset).column;
+  std::size_t end = std::min(text.find('\n', offset), text.size());
+  if (end > offset && text[end - 1] == '\r') --end;
   const std::string before = Before(text.substr(begin, offset - begin));
   const std::size_t mark = Columns(before);
   return {before + From(text.substr(offset, end - offset), kColumns - mark), mark};

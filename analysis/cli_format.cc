@@ -1,0 +1,82 @@
+#include "analysis/format_parts.h"
+
+namespace Zelk::Analysis {
+namespace {
+
+/// `form`, about which messages of this domain's own say that it is of another JSON type.
+constexpr ValueForm Own(ValueForm form, const char* called) {
+  form.called = called;
+  form.invalid_id = "zelk.metadata.cli.json.invalid.field";
+  return form;
+}
+
+constexpr ValueForm OwnObject(ElementKind element, const ObjectForm& object, const char* called) {
+  return Own(As(element, Object(object)), called);
+}
+
+constexpr KeyForm kOutputFieldKeys[] = {
+    {"field_name", kText},
+    {"display_name", kText},
+};
+constexpr ObjectForm kOutputFieldObject{kOutputFieldKeys};
+constexpr ValueForm kOutputField =
+    OwnObject(ElementKind::kOutputField, kOutputFieldObject, "output_fields");
+
+// Messages about outputs call them as they call options.
+constexpr char kOptionsEntry[] = "options_entry";
+
+constexpr KeyForm kOutputKeys[] = {
+    {"structure_id", kText},
+    Optional("output_fields", ListOf(kOutputField)),
+};
+constexpr ObjectForm kOutputObject{kOutputKeys};
+constexpr ValueForm kOutput = OwnObject(ElementKind::kOutput, kOutputObject, kOptionsEntry);
+
+constexpr KeyForm kOptionKeys[] = {
+    {"long_option", kText}, Optional("short_option", kText),
+    {"field_name", kText},  {"description", kText},
+    {"type", kText},        {"generic", kText},
+};
+constexpr ObjectForm kOptionObject{kOptionKeys};
+constexpr ValueForm kOption = OwnObject(ElementKind::kOption, kOptionObject, kOptionsEntry);
+
+constexpr KeyForm kNodeMetadataKeys[] = {
+    {"service_id", kText},
+    {"operation_id", kText},
+    Optional("formatter", kText),
+    Optional("options", ListOf(kOption)),
+    Optional("output_field_list", ListOf(kOutput)),
+};
+constexpr ObjectForm kNodeMetadata{kNodeMetadataKeys};
+
+constexpr KeyForm kCommandKeys[] = {
+    {"path", kText},
+    {"name", kText},
+    {"description", kText},
+    {"node_metadata", OwnObject(ElementKind::kNone, kNodeMetadata, "path")},
+};
+constexpr ObjectForm kCommand{kCommandKeys};
+
+constexpr KeyForm kNamespaceKeys[] = {
+    {"path", kText},
+    {"name", kText},
+    {"description", kText},
+};
+constexpr ObjectForm kNamespace{kNamespaceKeys};
+
+constexpr KeyForm kNodeKeys[] = {{"type", kText}};
+constexpr Variant kNodeVariants[] = {
+    {"command", &kCommand, ElementKind::kCommand},
+    {"namespace", &kNamespace, ElementKind::kNamespace},
+};
+constexpr ObjectForm kNodeObject{kNodeKeys, "type", nullptr, kNodeVariants};
+constexpr ValueForm kNode = Each(ElementKind::kNone, kNodeObject);
+
+constexpr KeyForm kRootKeys[] = {{"cli", Own(ListOf(kNode), "cli")}};
+constexpr ObjectForm kRoot{kRootKeys};
+
+}  // namespace
+
+const Format kCliFormat{Domain::kCli, "cli", Each(ElementKind::kNone, kRoot)};
+
+}  // namespace Zelk::Analysis

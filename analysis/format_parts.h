@@ -1,0 +1,55 @@
+#pragma once
+
+#include "analysis/format.h"
+
+// Short ways to write the tables of the formats.
+
+namespace Zelk::Analysis {
+
+inline constexpr ValueForm kAnything{Form::kAnything};
+inline constexpr ValueForm kText{Form::kText};
+
+/// `form`, as messages call it.
+constexpr ValueForm Called(ValueForm form, const char* called) {
+  form.called = called;
+  return form;
+}
+
+/// `form`, with what is looked at once it has been read.
+constexpr ValueForm WithRule(ValueForm form, Rule rule) {
+  form.rule = rule;
+  return form;
+}
+
+/// `form`, values of which are elements.
+constexpr ValueForm As(ElementKind element, ValueForm form) {
+  form.element = element;
+  return form;
+}
+
+constexpr ValueForm OneOf(const Words& words) {
+  return {Form::kWord, ElementKind::kNone, nullptr, nullptr, &words};
+}
+
+constexpr ValueForm Object(const ObjectForm& object) {
+  return {Form::kObject, ElementKind::kNone, &object};
+}
+
+/// An element of an array, which need not be an object to be read as one.
+constexpr ValueForm Each(ElementKind element, const ObjectForm& object) {
+  return {Form::kElement, element, &object};
+}
+
+constexpr ValueForm ListOf(const ValueForm& each) {
+  return {Form::kList, ElementKind::kNone, nullptr, &each};
+}
+
+constexpr ValueForm MembersOf(const ValueForm& each) {
+  return {Form::kMembers, ElementKind::kNone, nullptr, &each};
+}
+
+constexpr KeyForm Optional(const char* name, const ValueForm& value) {
+  return {name, value, KeyForm::kOptional};
+}
+
+}  // namespace Zelk::Analysis

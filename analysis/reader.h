@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "analysis/document.h"
+#include "analysis/element.h"
+#include "analysis/format.h"
+
+namespace Zelk::Analysis {
+
+/// What a problem means for the load.
+enum class Severity : std::uint8_t {
+  /// It is why the load failed, or why a part of the file was left out.
+  kError,
+  /// Something is wrong, but the load went on without it.
+  kWarning,
+  /// An optional key is absent, which does no harm.
+  kNote,
+};
+
+/// A message that the library gives about a document.
+struct Problem {
+  const char* message_id;
+  std::string argument;
+  Severity severity;
+  /// Where the value begins; for a message about the key of a member, where the key does.
+  std::size_t offset;
+  /// The value; for a missing key, the object without it.
+  NodeId node;
+};
+
+/// What the library makes of a document as a file of one domain.
+struct Reading {
+  bool loads = false;
+  /// The messages of the library, in its order. It gives them if the file does not load.
+  std::vector<Problem> problems;
+  /// What was read, in document order except that keys are in the order of the format. If the file
+  /// does not load, only what was before the first error; nothing of it is answered then. Their
+  /// fates, owners and targets are not decided yet, except that of parts that are left out.
+  std::vector<Element> elements;
+};
+
+/// Reads the document, which must be JSON, key by key in the order in which the library does.
+Reading Read(const Document& document, const Format& format);
+
+}  // namespace Zelk::Analysis
