@@ -1,15 +1,25 @@
 // A host whose threads ask one container at the same time while its files change.
 //
-// The library locks nothing: const operations may run together, a change (create, reload, delete)
-// must run alone. A std::shared_mutex says exactly that. Queries hold it shared, changes hold it
-// alone; what a query has answered belongs to the caller and is read without it.
+// The library locks nothing. Const operations may run at the same time; a change (create, reload,
+// delete) must run alone. So queries lock a std::shared_mutex shared, and changes lock it
+// exclusively. An answer belongs to the caller and is read without the lock.
 #include <array>
 #include <atomic>
 #include <iostream>
+#include <memory>
 #include <mutex>
 #include <shared_mutex>
+#include <string>
 #include <thread>
 
+#include <boost/optional.hpp>
+
+#include <com/orvane/zelk/metadata/metamodel/services.h>
+#include <com/orvane/zelk/metadata/source_type.h>
+#include <zelk/async_result.h>
+#include <zelk/core/async_activation.h>
+#include <zelk/data/values.h>
+#include <zelk/provider/metadata/metamodel/metadata_container.h>
 #include <zelk/provider/metadata/metamodel/services.h>
 
 namespace Bindings = Com::Orvane::Zelk::Metadata;
@@ -40,8 +50,8 @@ class Host {
   ServicePtr Find(const std::string& service) {
     ServicePtr found;
     const std::shared_lock<std::shared_mutex> together(mutex_);
-    // An operation calls its result before it returns, so the lock is still held in there. The
-    // result must not ask for it again: keep the answer and let go.
+    // The operation calls its result before it returns, while the lock is held. So the result must
+    // not lock again: it only keeps the answer.
     services_.Get(
         service, activation_,
         Zelk::AsyncResult<ServicePtr>([&found](const auto& answer, const auto&, const auto&) {
@@ -50,7 +60,7 @@ class Host {
     return found;
   }
 
-  /// No change has failed so far.
+  /// Whether every change so far has succeeded.
   bool Ok() const { return failures_ == 0; }
 
  private:
@@ -83,7 +93,8 @@ int main(int argc, char** argv) {
   const auto read = [&] {
     while (!done) {
       const auto service = host.Find("com.orvane.zelk.metadata.metamodel.component");
-      // Between delete and create there is none. One that was found stays as it is.
+      // Between delete and create the service does not exist. A record that was found stays as it
+      // is.
       if (service && service->operations.size() != 3) ++wrong;
       std::this_thread::yield();
     }

@@ -89,8 +89,11 @@ class ZELK_CORE_EXPORT StructValue : public CompoundValue {
   ~StructValue() override;
 };
 
-// An error. From the start it has the fields "messages", an empty ListValue, and "data", an absent
-// OptionalValue, so that who receives an error finds both whatever its kind.
+// An error. It always has the fields "messages", a ListValue, and "data", an OptionalValue; both are
+// empty unless set. Each message is a StructValue with the fields "id" and "default_text"
+// (StringValue) and "arguments" (ListValue of StringValue). The placeholder "%1%" of the default
+// text stands for the first argument, "%2%" for the second. examples/errors.cc shows how to read
+// them.
 class ZELK_CORE_EXPORT ErrorValue : public CompoundValue {
  public:
   explicit ErrorValue(std::string name);
