@@ -122,10 +122,9 @@ class SourceRegistry {
   ErrorPtr Reload(const boost::optional<std::string>& id) {
     ReloadEntry<Domain> reload;
     if (!id) {
-      // In a copy: when memory runs out half-way, nothing is half reloaded.
-      Table fresh = sources_;
-      for (auto& entry : fresh) reload(entry);
-      sources_.swap(fresh);
+      // In place, so that at most one source is in memory twice. When memory runs out, the sources
+      // before it are new and the others are old; each is whole.
+      for (auto& entry : sources_) reload(entry);
       return nullptr;
     }
     const auto found = sources_.find(*id);

@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -27,11 +28,12 @@ class ChangeWithoutMemory : public FaultTest<Domain> {
   }
 
   std::size_t FailReload(const std::string& name, const OptionalText& id,
-                         const Undo& undo = nullptr) {
-    const auto failures = this->Fail({name, [&] { this->sources_->ReloadSource(id); }, undo});
+                         const Undo& undo = nullptr, const std::vector<std::string>& between = {}) {
+    const auto failures =
+        this->Fail({name, [&] { this->sources_->ReloadSource(id); }, undo, between});
     EXPECT_GT(failures, 0U) << name;
     const auto call = [&] { this->service_.Reload(id, this->activation_, result_); };
-    return failures + this->Fail({name + " by the service", call, undo});
+    return failures + this->Fail({name + " by the service", call, undo, between});
   }
 
   std::size_t FailDelete(const std::string& name, const std::string& id,
@@ -92,9 +94,13 @@ TYPED_TEST(ChangeWithoutMemory, ReloadsASourceWholeOrNotAtAll) {
   this->FailReload("reload", Some(kFirstSource), [this] { this->TakeBackReload(); });
 }
 
-TYPED_TEST(ChangeWithoutMemory, ReloadsAllSourcesOrNone) {
+TYPED_TEST(ChangeWithoutMemory, ReloadsEachOfAllSourcesWholeOrNotAtAll) {
   this->WriteEditedFiles();
-  this->FailReload("reload of all", boost::none, [this] { this->TakeBackReload(); });
+  this->sources_->ReloadSource(Some(kFirstSource));
+  const std::string first_is_new = this->State();
+  this->TakeBackReload();
+  this->FailReload("reload of all", boost::none, [this] { this->TakeBackReload(); },
+                   {first_is_new});
 }
 
 TYPED_TEST(ChangeWithoutMemory, KeepsTheDataOfASourceWhoseFileWentBad) {

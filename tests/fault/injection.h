@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "fault/allocations.h"
 
@@ -15,11 +16,15 @@ struct FaultyCall {
   std::function<void()> run;
   /// Takes back what the call changed; empty for one that changes nothing.
   std::function<void()> undo;
+  /// The states that a failure may leave besides the one before the call, for a call that makes
+  /// several changes one after another. Each must be left by some failure.
+  std::vector<std::string> between = {};
 };
 
 /// Fails every single allocation of the call, first each alone and then each with all later ones,
-/// until a run needs no more. Expects that each failure leaves the call as std::bad_alloc, changes
-/// no part of `state`, leaks nothing, and does not keep the same call from succeeding afterwards.
+/// until a run needs no more. Expects that each failure leaves the call as std::bad_alloc, leaves
+/// `state` as it was before the call or in one of the states between, leaks nothing, and does not
+/// keep the same call from succeeding afterwards.
 /// Answers how many runs were failed.
 std::size_t FailEveryAllocation(const FaultyCall& call, const std::function<std::string()>& state);
 

@@ -47,10 +47,11 @@ class ZELK_METADATA_SERVICES_EXPORT MetadataContainer {
   virtual std::shared_ptr<const ::Zelk::Data::ErrorValue> DeleteSource(
       const std::string& source_id) = 0;
 
-  /// Reads the source's file again; without an id every source's, in ascending id order. Whatever
-  /// fails to load keeps its old data and is not reported; when reloading all, so does every
-  /// source after the first that failed. The one error is NotFound for an unknown id (with the
-  /// source-exists message).
+  /// Reads the source's file again; without an id every source's, in ascending id order. A source
+  /// whose file fails to load keeps its old data and is not reported; when reloading all, so does
+  /// every source after the first that failed. Sources are replaced one after another: when
+  /// std::bad_alloc leaves the call, each source is wholly old or wholly new. The one error is
+  /// NotFound for an unknown id (with the source-exists message).
   virtual std::shared_ptr<const ::Zelk::Data::ErrorValue> ReloadSource(
       const boost::optional<std::string>& source_id) = 0;
 
