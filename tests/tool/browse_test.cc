@@ -46,7 +46,7 @@ ToolRun RunOnInput(const std::vector<std::string>& args, const std::string& inpu
   std::istringstream in(input);
   std::ostringstream out;
   std::ostringstream err;
-  const int status = Zelk::Tool::Run(args, in, out, err);
+  const int status = Zelk::Tool::Run(args, {in, out, err});
   return {status, out.str(), err.str()};
 }
 
@@ -76,7 +76,7 @@ TEST(Browse, TheExampleOfEveryCommandWorksAndIsShownInTheReadme) {
   const InSourceFolder in_source_folder;
   const std::string readme = FileText("README.md");
   for (const Command& command : Zelk::Tool::ProgramLanguage().commands) {
-    const std::string& example = command.description.example;
+    const std::string& example = command.example;
     const ToolRun run = RunLine(example);
     EXPECT_EQ(run.status, 0) << example;
     EXPECT_EQ(run.err, "") << example;
@@ -242,7 +242,7 @@ TEST(Browse, SearchThatFindsNothingSaysSo) {
   const ToolRun run = RunOnThree("search gizmo");
   EXPECT_EQ(run.status, 3);
   EXPECT_EQ(run.out, "");
-  EXPECT_EQ(run.err, "zelk-metadata: nothing is called or described 'gizmo'\n");
+  EXPECT_EQ(run.err, "zelk-metadata: no name or documentation contains 'gizmo'\n");
   EXPECT_EQ(RunOnThree("search gizmo --json").out, "[]\n");
 }
 

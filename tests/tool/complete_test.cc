@@ -64,7 +64,7 @@ Lines Choices(const std::string& line) {
 TEST(Complete, OffersEveryCommandWithItsSummary) {
   Lines expected{"words"};
   for (const Command& command : ProgramLanguage().commands) {
-    expected.push_back(command.description.name + "\t" + command.description.summary);
+    expected.push_back(command.name + "\t" + command.summary);
   }
   EXPECT_EQ(Asked(""), expected);
   EXPECT_THAT(Choices("--json fi"), ElementsAre("fingerprint"));
@@ -73,11 +73,11 @@ TEST(Complete, OffersEveryCommandWithItsSummary) {
 TEST(Complete, OffersEveryOptionThatMayStandThere) {
   for (const Command& command : ProgramLanguage().commands) {
     Lines expected;
-    for (const auto& option : command.description.options) expected.push_back("--" + option.name);
+    for (const auto& option : command.options) expected.push_back("--" + option.name);
     for (const auto& option : ProgramLanguage().options) expected.push_back("--" + option.name);
     expected.emplace_back("--help");
-    EXPECT_EQ(Choices(command.description.name + " -"), expected);
-    EXPECT_EQ(Choices(command.description.name + " --"), expected);
+    EXPECT_EQ(Choices(command.name + " -"), expected);
+    EXPECT_EQ(Choices(command.name + " --"), expected);
   }
   EXPECT_THAT(Choices("--v"), ElementsAre("--version"));
   EXPECT_THAT(Choices("list -- --"), ElementsAre()) << "behind -- nothing is an option";
@@ -85,7 +85,7 @@ TEST(Complete, OffersEveryOptionThatMayStandThere) {
 
 TEST(Complete, OffersTheValuesOfAnOptionApartOrInOneWord) {
   for (const Command& command : ProgramLanguage().commands) {
-    EXPECT_EQ(Choices(command.description.name + " --output "), command.description.outputs);
+    EXPECT_EQ(Choices(command.name + " --output "), command.outputs);
   }
   EXPECT_THAT(Choices("check --output=g"), ElementsAre("--output=github"));
   EXPECT_THAT(Choices("--output "), IsSupersetOf({"table", "plain", "json", "text", "github"}));

@@ -216,7 +216,7 @@ TEST(CompletionInBash, CompletesBehindTheCharactersThatBashSplitsWordsAt) {
 TEST(CompletionInBash, ShowsWhatTheChoicesMean) {
   const std::string shown = TypeInBash("zelk-metadata \t\t\n").err;
   for (const Command& command : ProgramLanguage().commands) {
-    EXPECT_THAT(shown, HasSubstr("(" + command.description.summary + ")"));
+    EXPECT_THAT(shown, HasSubstr("(" + command.summary + ")"));
   }
 }
 

@@ -3,9 +3,8 @@
 
 #include <gmock/gmock.h>
 
-#include "commands/about.h"
 #include "commands/table.h"
-#include "shell/session.h"
+#include "language/about.h"
 #include "tool/tool_run.h"
 
 using testing::HasSubstr;
@@ -13,7 +12,6 @@ using testing::StartsWith;
 using Zelk::Testing::RunLine;
 using Zelk::Testing::ToolRun;
 using Zelk::Tool::Command;
-using Zelk::Tool::FindCommand;
 using Zelk::Tool::ProgramLanguage;
 
 namespace {
@@ -32,14 +30,13 @@ TEST(Manual, NamesEveryCommandWithItsOperandsOptionsAndExample) {
   EXPECT_EQ(run.status, 0);
   EXPECT_THAT(run.out, StartsWith(".TH ZELK\\-METADATA 1 "));
   for (const Command& command : ProgramLanguage().commands) {
-    const auto& description = command.description;
-    EXPECT_THAT(run.out, HasSubstr("\n.SS " + description.name + "\n"));
-    EXPECT_THAT(run.out, HasSubstr("\n" + Roff(description.summary) + ".\n"));
-    EXPECT_THAT(run.out, HasSubstr("\\fB" + Roff("zelk-metadata " + description.example) + "\\fR"));
-    for (const auto& operand : description.operands) {
+    EXPECT_THAT(run.out, HasSubstr("\n.SS " + command.name + "\n"));
+    EXPECT_THAT(run.out, HasSubstr("\n" + Roff(command.summary) + ".\n"));
+    EXPECT_THAT(run.out, HasSubstr("\\fB" + Roff("zelk-metadata " + command.example) + "\\fR"));
+    for (const auto& operand : command.operands) {
       EXPECT_THAT(run.out, HasSubstr("\n" + Roff(operand.summary) + "\n")) << operand.name;
     }
-    for (const auto& option : description.options) {
+    for (const auto& option : command.options) {
       EXPECT_THAT(run.out, HasSubstr("\\fB" + Roff("--" + option.name) + "\\fR")) << option.name;
     }
   }
@@ -58,9 +55,9 @@ TEST(Manual, NamesWhatCanBeSaidInSessionsOnly) {
   const std::string page = RunLine("man").out;
   std::size_t told = 0;
   for (const Command& command : Zelk::Tool::SessionLanguage().commands) {
-    if (FindCommand(ProgramLanguage(), command.description.name) != nullptr) continue;
-    EXPECT_THAT(page, HasSubstr("\\fB" + command.description.name + "\\fR"));
-    EXPECT_THAT(page, HasSubstr("\n" + Roff(command.description.summary) + "."));
+    if (ProgramLanguage().Find(command.name) != nullptr) continue;
+    EXPECT_THAT(page, HasSubstr("\\fB" + command.name + "\\fR"));
+    EXPECT_THAT(page, HasSubstr("\n" + Roff(command.summary) + "."));
     ++told;
   }
   EXPECT_GT(told, 0U);

@@ -1,4 +1,4 @@
-#include "host/near.h"
+#include "render/near.h"
 
 #include <algorithm>
 #include <random>

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <rapidjson/document.h>
 
+#include "commands/table.h"
 #include "host/interrupt.h"
 #include "shell/session.h"
 #include "support/builders.h"
@@ -62,7 +63,7 @@ class Talk {
   std::istringstream in_;
   std::ostringstream out_;
   std::ostringstream err_;
-  Session session_{{in_, out_, err_}};
+  Session session_{Zelk::Tool::SessionLanguage(), {in_, out_, err_}};
 };
 
 std::vector<std::string> WordsOf(const LineCompletion& completion) {
@@ -127,10 +128,10 @@ TEST(Shell, HelpNamesEveryCommandAndTellsAllAboutOne) {
   Talk talk;
   const std::string all = talk.Say("help").out;
   for (const auto& command : Zelk::Tool::SessionLanguage().commands) {
-    EXPECT_THAT(all, HasSubstr(command.description.name + " "));
-    EXPECT_THAT(all, HasSubstr(command.description.summary + "\n"));
-    const ToolRun one = talk.Say("help " + command.description.name);
-    EXPECT_THAT(one.out, HasSubstr("Usage: " + command.description.name)) << one.out;
+    EXPECT_THAT(all, HasSubstr(command.name + " "));
+    EXPECT_THAT(all, HasSubstr(command.summary + "\n"));
+    const ToolRun one = talk.Say("help " + command.name);
+    EXPECT_THAT(one.out, HasSubstr("Usage: " + command.name)) << one.out;
     EXPECT_THAT(one.out, Not(HasSubstr("--source"))) << one.out;
   }
   const ToolRun unknown = talk.Say("help relaod");
@@ -161,7 +162,7 @@ TEST(Shell, ComplaintsNameWhatCanBeTypedInASession) {
       {"frobnicate", "unknown command 'frobnicate'; try help"},
       {"--json", "a command is missing; try help"},
       {"tree --frobnicate", "unknown option '--frobnicate'; try help"},
-      {"quit now", "quit has no use for 'now'; try help quit"},
+      {"quit now", "unexpected argument 'now'; try help quit"},
       {"list operations", "usage: list operation SERVICE"},
   };
   Talk talk;
@@ -174,8 +175,9 @@ TEST(Shell, StandardInputIsLeftToTheLinesOfTheSession) {
   for (const std::string line : {"create -", "create id=-", "check -", "check missing.json -"}) {
     const ToolRun run = RunScript(line + "\nexplain zelk.metadata.json.missing.field\n");
     EXPECT_EQ(run.status, 2) << line;
-    EXPECT_EQ(run.err,
-              "zelk-metadata: standard input is where the lines of the session come from\n")
+    EXPECT_EQ(
+        run.err,
+        "zelk-metadata: '-' cannot be used in a session: standard input is the session's own\n")
         << line;
     EXPECT_THAT(run.out, StartsWith("zelk.metadata.json.missing.field\n")) << line;
   }

@@ -30,7 +30,7 @@ inline ToolRun RunTool(const std::vector<std::string>& args, const std::string& 
   std::istringstream in(input);
   std::ostringstream out;
   std::ostringstream err;
-  const int status = Tool::Run(args, in, out, err);
+  const int status = Tool::Run(args, {in, out, err});
   return {status, out.str(), err.str()};
 }
 

@@ -7,11 +7,12 @@
 #include "run.h"
 
 int main(int argc, char** argv) {
-  // A reader that has seen enough ends the program quietly, even if the parent ignores the signal.
+  // When the reader closes the pipe the program ends quietly, even if the parent ignores the
+  // signal.
   std::signal(SIGPIPE, SIG_DFL);
   std::ios::sync_with_stdio(false);
   const std::vector<std::string> args(argv + (argc > 0 ? 1 : 0), argv + argc);
-  return Zelk::Tool::Run(args, std::cin, std::cout, std::cerr,
-                         Zelk::Tool::TerminalOf(STDOUT_FILENO),
-                         Zelk::Tool::TerminalOf(STDERR_FILENO));
+  return Zelk::Tool::Run(args,
+                         {std::cin, std::cout, std::cerr, Zelk::Tool::TerminalOf(STDOUT_FILENO),
+                          Zelk::Tool::TerminalOf(STDERR_FILENO), isatty(STDIN_FILENO) != 0});
 }

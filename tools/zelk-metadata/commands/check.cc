@@ -3,48 +3,64 @@
 
 #include "check/findings.h"
 #include "check/output.h"
-#include "commands/sources.h"
-#include "commands/table.h"
 #include "domains/table.h"
 #include "host/input_file.h"
-#include "render/page.h"
+#include "language/invocation.h"
 
 namespace Zelk::Tool {
+namespace {
 
 /// What is wrong with each file, in the order given.
-ExitStatus RunCheck(const Arguments& arguments, const Streams& streams) {
+ExitStatus RunCheck(Invocation& call) {
+  const Arguments& arguments = call.Args();
   if (!arguments.sources.empty()) {
-    PrintError(streams.err, "check takes the files as operands, not as --source");
-    return ExitStatus::kUsage;
+    return call.Fail(ExitStatus::kUsage, "check takes the files as operands, not as --source");
   }
   const bool reads_input =
       std::find(arguments.files.begin(), arguments.files.end(), "-") != arguments.files.end();
-  if (reads_input && !MayReadInput(streams)) return ExitStatus::kUsage;
+  if (reads_input && !call.MayReadInput()) return ExitStatus::kUsage;
   ExitStatus status = ExitStatus::kOk;
   std::shared_ptr<const InputFile> input;
   std::vector<CheckedFile> for_json;
   for (const std::string& file : arguments.files) {
     const bool is_input = file == "-";
-    if (is_input && !input) input = InputFile::Copy(streams.in);
+    if (is_input && !input) input = InputFile::Copy(call.GetStreams().in);
     if (is_input && !input) {
-      PrintError(streams.err, "there is no room for a copy of standard input");
-      status = ExitStatus::kSourceFailed;
+      status =
+          call.Fail(ExitStatus::kSourceFailed, "there is no room for a copy of standard input");
       continue;
     }
     CheckedFile checked = is_input ? CheckFile("<stdin>", input->Path(), Domains())
                                    : CheckFile(file, file, Domains());
     if (!checked.findings.empty()) status = ExitStatus::kSourceFailed;
-    if (arguments.json) {
+    if (call.WantsJson()) {
       checked.text.reset();
       for_json.push_back(std::move(checked));
     } else if (arguments.output == "github") {
-      WriteCheckedCommands(streams.out, checked);
+      WriteCheckedCommands(call.Out(), checked);
     } else {
-      WriteCheckedText(streams.out, checked);
+      WriteCheckedText(call.Out(), checked);
     }
   }
-  if (arguments.json) WriteCheckedJson(streams.out, for_json);
+  if (call.WantsJson()) WriteCheckedJson(call.Out(), for_json);
   return status;
+}
+
+}  // namespace
+
+Command CheckCommand() {
+  Command command;
+  command.name = "check";
+  command.summary = "Load files by themselves and tell what is wrong with them";
+  command.operands = {{"FILE", Word::kPath, true,
+                       "Files of metadata, each loaded by itself; - is standard input",
+                       &Arguments::files}};
+  command.outputs = {"text", "json", "github"};
+  command.example =
+      "check metadata/metamodel/zelk-metadata.json metadata/authentication/zelk-metadata.json "
+      "metadata/cli/zelk-metadata.json";
+  command.run = RunCheck;
+  return command;
 }
 
 }  // namespace Zelk::Tool

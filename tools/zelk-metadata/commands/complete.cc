@@ -3,9 +3,9 @@
 #include <ostream>
 #include <sstream>
 
-#include "commands/table.h"
 #include "complete/completion.h"
 #include "domains/table.h"
+#include "language/invocation.h"
 #include "render/utf8.h"
 
 namespace Zelk::Tool {
@@ -13,13 +13,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What may still be read: nobody waits for a word longer than it takes to type it.
+/// What may still be read: completion must be faster than typing.
 struct Budget {
   std::uintmax_t bytes = 8U << 20U;
   std::size_t entries = 4096;
 };
 
-/// Takes the file's size off the budget. What is no file may never end.
+/// Subtracts the file's size from the budget. Reading anything but a regular file may never end.
 bool CanBeRead(const std::string& path, Budget& budget) {
   std::error_code error;
   if (!fs::is_regular_file(path, error)) return false;
@@ -29,8 +29,8 @@ bool CanBeRead(const std::string& path, Budget& budget) {
   return true;
 }
 
-/// Loads what can be loaded at once, but not standard input, which is the terminal; what fails is
-/// told when the command runs.
+/// Loads what is quick to load, but not standard input, which is the terminal. Errors are reported
+/// when the command runs.
 void LoadForWords(Host& host, const std::vector<std::string>& sources) {
   std::istringstream nothing;
   Budget budget;
@@ -55,24 +55,32 @@ const char* NameOf(Completion::Of of) {
   return "words";
 }
 
-}  // namespace
-
-/// What can be typed, one a line. Words that a terminal cannot show as they are, line ends among
-/// them, are left out.
-ExitStatus RunComplete(const std::vector<std::string>& words, const Streams& streams) {
-  std::unique_ptr<Host> host;
-  const HostOf host_of = [&host](const std::vector<std::string>& sources) -> const Host& {
-    if (!host) host = std::make_unique<Host>(Domains());
-    LoadForWords(*host, sources);
-    return *host;
+/// What can be typed, one a line. Words that a terminal cannot show unchanged, such as those with
+/// line ends, are left out.
+ExitStatus RunComplete(Invocation& call) {
+  const HostOf host_of = [&call](const std::vector<std::string>& sources) -> const Host& {
+    LoadForWords(call.GetHost(), sources);
+    return call.GetHost();
   };
-  const Completion completion = Complete(words, ProgramLanguage(), host_of);
-  streams.out << NameOf(completion.of) << '\n';
+  const Completion completion = Complete(call.Args().ids, call.GetLanguage(), host_of);
+  call.Out() << NameOf(completion.of) << '\n';
   for (const Choice& choice : completion.choices) {
     if (ForTerminal(choice.word) != choice.word) continue;
-    streams.out << choice.word << '\t' << ForTerminal(choice.summary) << '\n';
+    call.Out() << choice.word << '\t' << ForTerminal(choice.summary) << '\n';
   }
   return ExitStatus::kOk;
+}
+
+}  // namespace
+
+/// What the completion scripts call: the words of the command line without the program. The last
+/// one, which is to be completed, may be empty.
+Command CompleteCommand() {
+  Command command;
+  command.name = "complete";
+  command.scope = Scope::kHidden;
+  command.run = RunComplete;
+  return command;
 }
 
 }  // namespace Zelk::Tool

@@ -2,25 +2,44 @@
 #include <fmt/ranges.h>
 #include <ostream>
 
-#include "commands/table.h"
 #include "complete/scripts.h"
-#include "host/near.h"
-#include "render/page.h"
+#include "language/invocation.h"
+#include "render/near.h"
 
 namespace Zelk::Tool {
+namespace {
 
-/// The script for a shell.
-ExitStatus RunCompletion(const Arguments& arguments, const Streams& streams) {
-  const std::string script = CompletionScript(arguments.text);
+ExitStatus RunCompletion(Invocation& call) {
+  const std::string& shell = call.Args().text;
+  const std::string script = CompletionScript(shell);
   if (script.empty()) {
     const auto shells = CompletedShells();
-    PrintError(streams.err,
-               fmt::format("there is no completion for '{}'; the shells are {}{}", arguments.text,
-                           fmt::join(shells, ", "), Suggestion(NearNames(arguments.text, shells))));
-    return ExitStatus::kUsage;
+    return call.Fail(ExitStatus::kUsage,
+                     fmt::format("there is no completion for '{}'; the shells are {}{}", shell,
+                                 fmt::join(shells, ", "), Suggestion(NearNames(shell, shells))));
   }
-  streams.out << script;
+  call.Out() << script;
   return ExitStatus::kOk;
+}
+
+}  // namespace
+
+Command CompletionCommand() {
+  Command command;
+  command.name = "completion";
+  command.summary = "Print what makes a shell complete the words of this program";
+  command.details =
+      "bash: put into ~/.bashrc: source <(zelk-metadata completion bash)\n"
+      "zsh:  put into ~/.zshrc, behind compinit: source <(zelk-metadata completion zsh)\n"
+      "fish: put into ~/.config/fish/config.fish: zelk-metadata completion fish | source\n"
+      "Where the program was installed from a package the shells know it already. Names are\n"
+      "completed from the sources that stand before them, unless those are very large.\n\n";
+  command.operands = {
+      {"SHELL", Word::kChoice, true, "bash, zsh or fish", &Arguments::text, CompletedShells()}};
+  command.example = "completion bash";
+  command.scope = Scope::kProgram;
+  command.run = RunCompletion;
+  return command;
 }
 
 }  // namespace Zelk::Tool

@@ -1,14 +1,11 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <ostream>
-#include <sstream>
 
-#include "commands/table.h"
 #include "explain/explanations.h"
-#include "host/near.h"
-#include "render/json_writer.h"
+#include "language/invocation.h"
 #include "render/layout.h"
-#include "render/page.h"
+#include "render/near.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -61,48 +58,43 @@ void WriteJson(JsonWriter& json, const Explanation& explanation) {
   json.EndObject();
 }
 
-void ListAll(const Arguments& arguments, std::ostream& out) {
-  JsonWriter json;
-  json.StartArray();
-  for (const Explanation& explanation : Explanations()) {
-    if (arguments.json) {
-      WriteJson(json, explanation);
-    } else {
-      out << explanation.id << '\n';
-    }
-  }
-  json.EndArray();
-  if (arguments.json) json.WriteTo(out);
-}
-
-ExitStatus ComplainOfId(const std::string& id, std::ostream& err) {
-  std::vector<std::string> known;
-  for (const Explanation& explanation : Explanations()) known.push_back(explanation.id);
-  PrintError(err, fmt::format("unknown message id '{}'{}", id, Suggestion(NearNames(id, known))));
-  return ExitStatus::kNotFound;
-}
-
 }  // namespace
 
 /// What there is to say about one message; without an id, the ids of all.
-ExitStatus RunExplain(const Arguments& arguments, const Streams& streams) {
-  if (arguments.text.empty()) {
-    ListAll(arguments, streams.out);
+static ExitStatus RunExplain(Invocation& call) {
+  const std::string& id = call.Args().text;
+  const auto& all = Explanations();
+  if (id.empty() && call.WantsJson()) {
+    call.ShowJsonArray(all, WriteJson);
     return ExitStatus::kOk;
   }
-  const auto& all = Explanations();
-  const auto found = std::find_if(all.begin(), all.end(), [&](const Explanation& explanation) {
-    return explanation.id == arguments.text;
-  });
-  if (found == all.end()) return ComplainOfId(arguments.text, streams.err);
-  if (arguments.json) {
-    JsonWriter json;
-    WriteJson(json, *found);
-    json.WriteTo(streams.out);
-  } else {
-    WritePage(streams.out, *found);
+  std::vector<std::string> known;
+  for (const Explanation& explanation : all) {
+    known.push_back(explanation.id);
+    if (id.empty()) call.Out() << explanation.id << '\n';
+    if (explanation.id != id) continue;
+    if (call.WantsJson()) {
+      call.ShowJson([&](JsonWriter& json) { WriteJson(json, explanation); });
+    } else {
+      WritePage(call.Out(), explanation);
+    }
+    return ExitStatus::kOk;
   }
-  return ExitStatus::kOk;
+  if (id.empty()) return ExitStatus::kOk;
+  return call.Fail(ExitStatus::kNotFound,
+                   fmt::format("unknown message id '{}'{}", id, Suggestion(NearNames(id, known))));
+}
+
+Command ExplainCommand() {
+  Command command;
+  command.name = "explain";
+  command.summary = "Explain a message: what it means, what causes it, how to mend it";
+  command.details = "Without an ID, the ids of all messages are listed.\n\n";
+  command.operands = {{"ID", Word::kMessageId, false, "The id of a message", &Arguments::text}};
+  command.outputs = {"text", "json"};
+  command.example = "explain zelk.metadata.json.missing.field";
+  command.run = RunExplain;
+  return command;
 }
 
 }  // namespace Zelk::Tool

@@ -1,10 +1,8 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
-#include <ostream>
 
-#include "commands/output.h"
-#include "commands/query.h"
-#include "commands/table.h"
+#include "language/invocation.h"
+#include "language/operands.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -21,45 +19,55 @@ void WriteJson(JsonWriter& json, const Fingerprint& answer) {
   json.EndObject();
 }
 
-void WriteJson(const Answers<std::string>& answers, std::ostream& out) {
-  JsonWriter json;
-  if (answers.size() != 1) json.StartArray();
-  for (const Fingerprint& answer : answers) WriteJson(json, answer);
-  if (answers.size() != 1) json.EndArray();
-  json.WriteTo(out);
-}
-
 /// What it is the fingerprint of, as the user would write it.
 std::string SubjectText(const Fingerprint& answer) {
   return fmt::format("{}:{}{}{}", answer.row->name, answer.kind->name,
                      answer.ids.empty() ? "" : " ", fmt::join(answer.ids, " "));
 }
 
-}  // namespace
-
-/// The digits, and behind them, where people read or several domains answer, what they are the
-/// fingerprint of. Without a kind, that of all sources of a domain together.
-ExitStatus RunFingerprint(const Arguments& arguments, const Streams& streams) {
-  Arguments asked = arguments;
-  if (asked.kind.empty()) asked.kind = "source";
-  Question question(streams);
-  ExitStatus status =
-      Prepare(question, "fingerprint", &Kind::fingerprint, asked, arguments.ids.size(), streams);
+/// The digits, followed by what they are the fingerprint of if people read or several domains
+/// answer. Without a kind, that of all sources of a domain together.
+ExitStatus RunFingerprint(Invocation& call) {
+  const Ids& ids = call.Args().ids;
+  const std::string kind = call.Args().kind.empty() ? "source" : call.Args().kind;
+  ExitStatus status = call.Prepare(kind, ids.size());
   if (status != ExitStatus::kOk) return status;
   Answers<std::string> answers;
-  status = Ask(&Kind::fingerprint, question.candidates, arguments.ids, streams, answers);
-  if (status != ExitStatus::kOk) return question.Status(status);
-  if (arguments.json) {
-    WriteJson(answers, streams.out);
-    return question.Status(status);
+  status = call.Ask(&Kind::fingerprint, ids, answers);
+  if (status != ExitStatus::kOk) return status;
+  if (call.WantsJson() && answers.size() == 1) {
+    call.ShowJson([&](JsonWriter& json) { WriteJson(json, answers.front()); });
+    return status;
   }
-  const bool with_subjects = answers.size() > 1 || IsForPeople(arguments, streams);
+  if (call.WantsJson()) {
+    call.ShowJsonArray(answers, WriteJson);
+    return status;
+  }
+  const bool with_subjects = answers.size() > 1 || call.IsForPeople();
   Table table(with_subjects ? Names{"FINGERPRINT", "OF"} : Names{"FINGERPRINT"});
   for (const Fingerprint& answer : answers) {
     table.Add(with_subjects ? Names{answer.value, SubjectText(answer)} : Names{answer.value});
   }
-  WriteTable(table, arguments, streams);
-  return question.Status(status);
+  call.Show(table);
+  return status;
+}
+
+}  // namespace
+
+Command FingerprintCommand() {
+  Command command;
+  command.name = "fingerprint";
+  command.summary = "Print a digest that changes when the metadata does";
+  command.ids_of = IdsOfQuery<&Kind::fingerprint>;
+  command.details =
+      "Without a KIND, that of all sources of a domain together. The digits alone are printed\n"
+      "where one domain answers and --output is plain, as it is when a program reads.\n\n" +
+      KindsText(command.ids_of);
+  command.operands = {KindOperand(false), IdsOperand()};
+  command.outputs = TableOutputs();
+  command.example = "fingerprint --source metadata";
+  command.run = RunFingerprint;
+  return command;
 }
 
 }  // namespace Zelk::Tool

@@ -1,9 +1,8 @@
 #include <algorithm>
 #include <ostream>
 
-#include "commands/output.h"
-#include "commands/query.h"
-#include "commands/table.h"
+#include "language/invocation.h"
+#include "language/operands.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -19,26 +18,25 @@ std::vector<Ids> Chunks(const Ids& ids, std::size_t size) {
 }
 
 /// The ids of one record each. Where a record takes one id or two, two are those of one record.
-std::vector<Ids> Questions(const Ids& ids, const std::vector<Candidate>& candidates) {
-  if (candidates.empty()) return {ids};
-  const IdCount count = candidates.front().ids;
-  if (ids.size() <= count.max || ids.size() % count.min != 0) return {ids};
+std::vector<Ids> Questions(const Ids& ids, const std::vector<FoundKind>& kinds) {
+  if (kinds.empty()) return {ids};
+  const IdCount count = kinds.front().ids;
+  if (ids.size() <= count.max || count.min == 0 || ids.size() % count.min != 0) return {ids};
   return Chunks(ids, count.min);
 }
 
 class Pages {
  public:
-  Pages(const Arguments& arguments, const Streams& streams)
-      : out_(streams.out), page_(MakePage(arguments, streams)) {}
+  explicit Pages(Invocation& call) : call_(call), page_(call.MakePage()) {}
 
-  /// The page of the first domain that answers, with what the others have to say about it. Those
-  /// that say nothing have a page of their own.
-  void Write(const RecordAnswers& answers, const Question& question) {
+  /// The page of the first domain that answers, with what the others know about it. If they know
+  /// nothing, each has a page of its own.
+  void Write(const RecordAnswers& answers) {
     std::vector<Section> sections;
     if (!answers.empty()) {
       const auto& first = answers.front();
       WriteOne(first.value);
-      sections = question.host.About(*first.row, {first.kind->name, first.ids});
+      sections = call_.GetHost().About(*first.row, {first.kind->name, first.ids});
     }
     for (const Section& section : sections) section(page_);
     if (!sections.empty()) return;
@@ -47,12 +45,12 @@ class Pages {
 
  private:
   void WriteOne(const Record& record) {
-    if (!is_first_) out_ << '\n';
+    if (!is_first_) call_.Out() << '\n';
     is_first_ = false;
     record.page(page_);
   }
 
-  std::ostream& out_;
+  Invocation& call_;
   Page page_;
   bool is_first_ = true;
 };
@@ -68,40 +66,54 @@ void WriteAnswer(JsonWriter& json, const Answer<Record>& answer) {
   json.EndObject();
 }
 
-/// One record as it is; several, or what was asked for several, as an array of who is who.
-void WriteJson(const RecordAnswers& answers, bool one_question, std::ostream& out) {
+/// One record as it is; several, or the answers to several questions, as an array of who is who.
+void ShowJson(const Invocation& call, const RecordAnswers& answers, bool one_question) {
   if (one_question && answers.empty()) return;
-  JsonWriter json;
   if (one_question && answers.size() == 1) {
-    answers.front().value.json(json);
+    call.ShowJson(answers.front().value.json);
   } else {
-    json.StartArray();
-    for (const auto& answer : answers) WriteAnswer(json, answer);
-    json.EndArray();
+    call.ShowJsonArray(answers, WriteAnswer);
   }
-  json.WriteTo(out);
+}
+
+/// The records as pages; in JSON the records whole, which pages are not.
+ExitStatus RunGet(Invocation& call) {
+  const std::string& kind = call.Args().kind;
+  const auto questions = Questions(call.Args().ids, call.KindsCalled(kind));
+  ExitStatus status = call.Prepare(kind, questions.front().size());
+  if (status != ExitStatus::kOk) return status;
+  RecordAnswers all;
+  Pages pages(call);
+  for (const Ids& ids : questions) {
+    RecordAnswers answers;
+    status = std::max(status, call.Ask(&Kind::get, ids, answers));
+    if (!call.WantsJson()) pages.Write(answers);
+    all.insert(all.end(), answers.begin(), answers.end());
+  }
+  if (call.WantsJson()) ShowJson(call, all, questions.size() == 1);
+  return status;
 }
 
 }  // namespace
 
-/// The records as pages; in JSON the records whole, which pages are not.
-ExitStatus RunGet(const Arguments& arguments, const Streams& streams) {
-  Question question(streams);
-  const auto questions =
-      Questions(arguments.ids, Candidates(question.host, arguments.kind, &Kind::get));
-  ExitStatus status =
-      Prepare(question, "get", &Kind::get, arguments, questions.front().size(), streams);
-  if (status != ExitStatus::kOk) return status;
-  RecordAnswers all;
-  Pages pages(arguments, streams);
-  for (const Ids& ids : questions) {
-    RecordAnswers answers;
-    status = std::max(status, Ask(&Kind::get, question.candidates, ids, streams, answers));
-    if (!arguments.json) pages.Write(answers, question);
-    all.insert(all.end(), answers.begin(), answers.end());
-  }
-  if (arguments.json) WriteJson(all, questions.size() == 1, streams.out);
-  return question.Status(status);
+Command GetCommand() {
+  Command command;
+  command.name = "get";
+  command.summary = "Show what there is to know about one or more IDs";
+  command.ids_of = IdsOfQuery<&Kind::get>;
+  command.details =
+      "A page has what the other domains say about the thing, too: the schemes that are listed\n"
+      "for it and what is around it, and the commands that call it. JSON has the record whole\n"
+      "and nothing else; an array of records with their domain, kind and ids, if several ids\n"
+      "are asked for or several domains answer.\n\n" +
+      KindsText(command.ids_of);
+  command.operands = {KindOperand(), IdsOperand()};
+  command.outputs = TableOutputs();
+  command.example =
+      "get operation com.orvane.zelk.metadata.metamodel.source delete --source metadata";
+  command.takes_several = true;
+  command.run = RunGet;
+  return command;
 }
 
 }  // namespace Zelk::Tool

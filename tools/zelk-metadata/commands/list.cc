@@ -1,23 +1,10 @@
-#include <ostream>
-
-#include "commands/output.h"
-#include "commands/query.h"
-#include "commands/table.h"
+#include "language/invocation.h"
+#include "language/operands.h"
 
 namespace Zelk::Tool {
 namespace {
 
-void WriteJson(const Answers<Names>& answers, std::ostream& out) {
-  JsonWriter json;
-  json.StartArray();
-  for (const auto& answer : answers) {
-    for (const std::string& name : answer.value) json.String(name);
-  }
-  json.EndArray();
-  json.WriteTo(out);
-}
-
-/// The domain is told only to people, and where there are several.
+/// Domains are shown only to people, and if there are several.
 Table MakeTable(const Answers<Names>& answers, bool with_domains) {
   Table table(with_domains ? Names{"DOMAIN", "NAME"} : Names{"NAME"});
   for (const auto& answer : answers) {
@@ -28,25 +15,49 @@ Table MakeTable(const Answers<Names>& answers, bool with_domains) {
   return table;
 }
 
+/// An array of the names.
+void ShowJson(const Invocation& call, const Answers<Names>& answers) {
+  Names all;
+  for (const auto& answer : answers) {
+    all.insert(all.end(), answer.value.begin(), answer.value.end());
+  }
+  call.ShowJson([&all](JsonWriter& json) { json.StringArray(all); });
+}
+
+/// The names, one a line. Those of several domains follow each other.
+ExitStatus RunList(Invocation& call) {
+  const Ids& ids = call.Args().ids;
+  ExitStatus status = call.Prepare(call.Args().kind, ids.size());
+  if (status != ExitStatus::kOk) return status;
+  call.NoteIfEmpty();
+  Answers<Names> answers;
+  status = call.Ask(&Kind::list, ids, answers);
+  if (status != ExitStatus::kOk) return status;
+  if (call.WantsJson()) {
+    ShowJson(call, answers);
+  } else {
+    call.Show(MakeTable(answers, answers.size() > 1 && call.IsForPeople()));
+  }
+  return status;
+}
+
 }  // namespace
 
-/// The names, one a line; in JSON an array of them. Those of several domains follow each other.
-ExitStatus RunList(const Arguments& arguments, const Streams& streams) {
-  Question question(streams);
-  ExitStatus status =
-      Prepare(question, "list", &Kind::list, arguments, arguments.ids.size(), streams);
-  if (status != ExitStatus::kOk) return status;
-  question.TellIfEmpty(streams);
-  Answers<Names> answers;
-  status = Ask(&Kind::list, question.candidates, arguments.ids, streams, answers);
-  if (status != ExitStatus::kOk) return question.Status(status);
-  if (arguments.json) {
-    WriteJson(answers, streams.out);
-  } else {
-    const bool with_domains = answers.size() > 1 && IsForPeople(arguments, streams);
-    WriteTable(MakeTable(answers, with_domains), arguments, streams);
-  }
-  return question.Status(status);
+Command ListCommand() {
+  Command command;
+  command.name = "list";
+  command.summary = "List the names of a kind, or of what belongs to an ID";
+  command.ids_of = IdsOfQuery<&Kind::list>;
+  command.details =
+      "A kind that several domains know is listed for all of them, one after the other; write\n"
+      "DOMAIN:KIND for one of them. --output plain and json answer the names alone.\n\n" +
+      KindsText(command.ids_of);
+  command.operands = {KindOperand(), IdsOperand()};
+  command.outputs = TableOutputs();
+  command.example =
+      "list operations com.orvane.zelk.metadata.metamodel.component --source metadata";
+  command.run = RunList;
+  return command;
 }
 
 }  // namespace Zelk::Tool

@@ -1,8 +1,8 @@
 #include <ostream>
 
-#include "commands/about.h"
 #include "commands/table.h"
-#include "shell/session.h"
+#include "language/about.h"
+#include "language/invocation.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -35,10 +35,10 @@ std::string ItalicText(const std::string& text) {
 }
 
 /// "KIND [ID...]".
-std::string OperandsText(const CommandDescription& command) {
+std::string OperandsText(const Command& command) {
   std::string text;
   for (const OperandDescription& operand : command.operands) {
-    const std::string name = ItalicText(operand.name) + (TakesAll(operand) ? "..." : "");
+    const std::string name = ItalicText(operand.name) + (operand.TakesAll() ? "..." : "");
     text += operand.required ? " " + name : " [" + name + "]";
   }
   return text;
@@ -53,7 +53,7 @@ void WriteOption(std::ostream& out, const OptionDescription& option) {
   WriteTagged(out, BoldText("--" + option.name) + value, option.summary);
 }
 
-/// As its author broke it into lines.
+/// With its own line breaks.
 void WriteAsItIs(std::ostream& out, const std::string& text) {
   const std::string without_end = text.substr(0, text.find_last_not_of('\n') + 1);
   out << ".PP\n.nf\n" << Escaped(without_end) << "\n.fi\n";
@@ -63,7 +63,7 @@ void WriteFilled(std::ostream& out, const std::string& text) {
   out << ".PP\n" << Escaped(text);
 }
 
-void WriteCommand(std::ostream& out, const CommandDescription& command) {
+void WriteCommand(std::ostream& out, const Command& command) {
   out << ".SS " << command.name << '\n';
   out << BoldText("zelk-metadata " + command.name) << OperandsText(command) << '\n';
   WriteFilled(out, command.summary + ".\n");
@@ -80,11 +80,9 @@ void WriteCommand(std::ostream& out, const CommandDescription& command) {
 void WriteSessionCommands(std::ostream& out) {
   out << ".SH SESSIONS\nWhat can be said in a shell only:\n";
   for (const Command& command : SessionLanguage().commands) {
-    const CommandDescription& description = command.description;
-    if (FindCommand(ProgramLanguage(), description.name) != nullptr) continue;
-    const std::string end = description.details.empty() ? "." : ".\n" + description.details;
-    WriteTagged(out, BoldText(description.name) + OperandsText(description),
-                description.summary + end);
+    if (command.scope != Scope::kSession) continue;
+    const std::string end = command.details.empty() ? "." : ".\n" + command.details;
+    WriteTagged(out, BoldText(command.name) + OperandsText(command), command.summary + end);
   }
 }
 
@@ -103,7 +101,7 @@ void WritePage(std::ostream& out) {
   WriteTagged(out, BoldText("--help"), "Print what can be given; behind a command, to that one");
   WriteTagged(out, BoldText("--version"), "Print the version");
   out << ".SH COMMANDS\n";
-  for (const Command& command : language.commands) WriteCommand(out, command.description);
+  for (const Command& command : language.commands) WriteCommand(out, command);
   WriteSessionCommands(out);
   out << ".SH EXIT STATUS\n";
   for (const auto& [status, text] : ExitStatusTexts()) {
@@ -118,12 +116,23 @@ void WritePage(std::ostream& out) {
               "What was typed in earlier sessions");
 }
 
+/// The manual page, made from what the program knows of itself.
+ExitStatus RunMan(Invocation& call) {
+  WritePage(call.Out());
+  return ExitStatus::kOk;
+}
+
 }  // namespace
 
-/// The manual page, made from what the program knows of itself.
-ExitStatus RunManual(const Arguments& /*arguments*/, const Streams& streams) {
-  WritePage(streams.out);
-  return ExitStatus::kOk;
+Command ManCommand() {
+  Command command;
+  command.name = "man";
+  command.summary = "Print the manual page";
+  command.details = "As a page for man: zelk-metadata man | man -l -\n\n";
+  command.example = "man";
+  command.scope = Scope::kProgram;
+  command.run = RunMan;
+  return command;
 }
 
 }  // namespace Zelk::Tool

@@ -1,27 +1,18 @@
-#include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
-#include <ostream>
 #include <sstream>
 
-#include "commands/output.h"
-#include "commands/query.h"
-#include "commands/table.h"
 #include "host/merged_outline.h"
+#include "language/invocation.h"
+#include "language/operands.h"
+#include "render/text.h"
 
 namespace Zelk::Tool {
 namespace {
 
-/// Upper and lower case make no difference in ASCII.
-std::string Folded(std::string text) {
-  for (char& character : text) {
-    if (character >= 'A' && character <= 'Z') character = static_cast<char>(character + 'a' - 'A');
-  }
-  return text;
-}
-
-bool Holds(const std::string& text, const std::string& folded_part) {
-  return Folded(text).find(folded_part) != std::string::npos;
+/// `part` is in lower case.
+bool Holds(const std::string& text, const std::string& part) {
+  return LowerCase(text).find(part) != std::string::npos;
 }
 
 struct Hit {
@@ -34,8 +25,8 @@ struct Hits {
   std::vector<Hit> by_documentation;
 };
 
-/// The name where the thing stands; a text with a dot may also be a part of its whole name, which
-/// otherwise would make a hit of everything inside of a hit.
+/// In its own name. Only a text with a dot is looked for in the whole name, since otherwise
+/// everything inside a hit would be a hit.
 bool HoldsInName(const Entry& entry, const std::string& text) {
   if (Holds(entry.name, text)) return true;
   return text.find('.') != std::string::npos &&
@@ -85,39 +76,52 @@ void WriteHits(JsonWriter& json, const std::vector<Hit>& hits, const char* match
   }
 }
 
-void WriteJson(const Hits& hits, std::ostream& out) {
-  JsonWriter json;
-  json.StartArray();
-  WriteHits(json, hits.by_name, "name");
-  WriteHits(json, hits.by_documentation, "documentation");
-  json.EndArray();
-  json.WriteTo(out);
+void Show(const Invocation& call, const Hits& hits, const std::string& text) {
+  if (call.WantsJson()) {
+    call.ShowJson([&hits](JsonWriter& json) {
+      json.StartArray();
+      WriteHits(json, hits.by_name, "name");
+      WriteHits(json, hits.by_documentation, "documentation");
+      json.EndArray();
+    });
+    return;
+  }
+  Table table({"KIND", "NAME", "TEXT"});
+  AddRows(table, hits.by_name, text);
+  AddRows(table, hits.by_documentation, text);
+  call.Show(table);
+}
+
+/// Hits in names first, then those in documentation.
+ExitStatus RunSearch(Invocation& call) {
+  call.Load();
+  const std::vector<DomainOutline> domains = MergedByDomain(call.Outlines());
+  const std::string text = LowerCase(call.Args().text);
+  Hits hits;
+  for (const DomainOutline& domain : domains) Search(domain, text, hits);
+  const bool found = !hits.by_name.empty() || !hits.by_documentation.empty();
+  if (found || call.WantsJson()) Show(call, hits, text);
+  if (found) return ExitStatus::kOk;
+  return call.Fail(ExitStatus::kNotFound,
+                   fmt::format("no name or documentation contains '{}'", call.Args().text));
 }
 
 }  // namespace
 
-/// What is called so first, then what is described so.
-ExitStatus RunSearch(const Arguments& arguments, const Streams& streams) {
-  Question question(streams);
-  question.Load(arguments, streams);
-  std::vector<SourceOutline> sources;
-  question.loaded = LoadOutlines(question.host, sources, streams) && question.loaded;
-  const std::vector<DomainOutline> domains = MergedByDomain(sources);
-  const std::string text = Folded(arguments.text);
-  Hits hits;
-  for (const DomainOutline& domain : domains) Search(domain, text, hits);
-  const bool found = !hits.by_name.empty() || !hits.by_documentation.empty();
-  if (arguments.json) {
-    WriteJson(hits, streams.out);
-  } else if (found) {
-    Table table({"KIND", "NAME", "TEXT"});
-    AddRows(table, hits.by_name, text);
-    AddRows(table, hits.by_documentation, text);
-    WriteTable(table, arguments, streams);
-  }
-  if (found) return question.Status(ExitStatus::kOk);
-  PrintError(streams.err, fmt::format("nothing is called or described '{}'", arguments.text));
-  return question.Status(ExitStatus::kNotFound);
+Command SearchCommand() {
+  Command command;
+  command.name = "search";
+  command.summary = "Find what is called or described by a text";
+  command.details =
+      "Upper and lower case are the same. What is called so comes first; a TEXT with a dot is\n"
+      "looked for in whole names, other texts in their last part only.\n";
+  command.operands = {
+      {"TEXT", Word::kText, true, "A part of a name or of a documentation", &Arguments::text}};
+  command.outputs = TableOutputs();
+  command.example = "search md5 --source metadata";
+  command.use = HostUse::kOutlines;
+  command.run = RunSearch;
+  return command;
 }
 
 }  // namespace Zelk::Tool

@@ -1,28 +1,29 @@
 #include <algorithm>
-#include <array>
 #include <fmt/format.h>
-#include <ostream>
 
-#include "commands/output.h"
-#include "commands/query.h"
-#include "commands/table.h"
 #include "host/merged_outline.h"
+#include "language/invocation.h"
+#include "language/operands.h"
 
 namespace Zelk::Tool {
 namespace {
 
-constexpr std::array<const char*, 6> kKinds{"component", "package",   "service",
-                                            "operation", "namespace", "command"};
-using Counts = std::array<std::size_t, kKinds.size()>;
+/// The kinds that a tree shows.
+const Names& ShownKinds() {
+  static const Names kinds = KindNames([](const Kind& kind) {
+    return kind.in_tree ? std::optional<IdCount>(IdCount{}) : std::nullopt;
+  });
+  return kinds;
+}
+
+/// One for each shown kind.
+using Counts = std::vector<std::size_t>;
 
 /// The place of the kind among those that a tree shows; their number for one that it does not.
 std::size_t KindIndex(const Entry& entry) {
-  return static_cast<std::size_t>(std::find(kKinds.begin(), kKinds.end(), entry.subject.kind) -
-                                  kKinds.begin());
-}
-
-bool IsShown(const Entry& entry) {
-  return KindIndex(entry) < kKinds.size();
+  const Names& kinds = ShownKinds();
+  return static_cast<std::size_t>(std::find(kinds.begin(), kinds.end(), entry.subject.kind) -
+                                  kinds.begin());
 }
 
 /// The lines of a tree: the domain itself, then what is in it one level deeper.
@@ -33,18 +34,19 @@ struct Line {
 };
 
 std::vector<Line> Lines(const Outline& outline) {
-  std::vector<Line> lines{{0, nullptr, {}}};
+  const Counts none(ShownKinds().size(), 0);
+  std::vector<Line> lines{{0, nullptr, none}};
   for (const Entry& entry : outline) {
-    if (IsShown(entry)) lines.push_back({entry.depth + 1, &entry, {}});
+    if (KindIndex(entry) < ShownKinds().size()) lines.push_back({entry.depth + 1, &entry, none});
   }
   // From the end, so that what is inside has been counted before. Each depth keeps what the lines
   // below add to the next line above that is less deep.
   std::vector<Counts> inside;
   for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
-    inside.resize(std::max(inside.size(), line->depth + 2));
+    inside.resize(std::max(inside.size(), line->depth + 2), none);
     line->counts = inside[line->depth + 1];
-    inside[line->depth + 1] = {};
-    for (std::size_t i = 0; i < kKinds.size(); ++i) {
+    inside[line->depth + 1] = none;
+    for (std::size_t i = 0; i < none.size(); ++i) {
       inside[line->depth][i] += line->counts[i];
     }
     if (line->entry != nullptr) ++inside[line->depth][KindIndex(*line->entry)];
@@ -55,9 +57,9 @@ std::vector<Line> Lines(const Outline& outline) {
 /// " (1 package, 3 services)", or nothing for a leaf.
 std::string CountsText(const Counts& counts) {
   std::string text;
-  for (std::size_t i = 0; i < kKinds.size(); ++i) {
+  for (std::size_t i = 0; i < counts.size(); ++i) {
     if (counts[i] == 0) continue;
-    text += fmt::format("{}{} {}{}", text.empty() ? " (" : ", ", counts[i], kKinds[i],
+    text += fmt::format("{}{} {}{}", text.empty() ? " (" : ", ", counts[i], ShownKinds()[i],
                         counts[i] == 1 ? "" : "s");
   }
   return text.empty() ? text : text + ")";
@@ -80,9 +82,9 @@ void WritePage(Page& page, const DomainRow& row, const std::vector<Line>& lines,
 void WriteCounts(JsonWriter& json, const Counts& counts) {
   json.Key("counts");
   json.StartObject();
-  for (std::size_t i = 0; i < kKinds.size(); ++i) {
+  for (std::size_t i = 0; i < counts.size(); ++i) {
     if (counts[i] == 0) continue;
-    json.Key(kKinds[i]);
+    json.Key(ShownKinds()[i]);
     json.Number(counts[i]);
   }
   json.EndObject();
@@ -117,29 +119,41 @@ void WriteJson(JsonWriter& json, const DomainRow& row, const std::vector<Line>& 
   for (; !open.empty(); open.pop_back()) CloseJson(json);
 }
 
+/// Everything that is loaded, each thing below its parent, with how many there are in it.
+ExitStatus RunTree(Invocation& call) {
+  call.Load();
+  call.NoteIfEmpty();
+  const std::vector<DomainOutline> domains = MergedByDomain(call.Outlines());
+  const std::size_t depth = call.Args().depth;
+  if (call.WantsJson()) {
+    call.ShowJsonArray(domains, [depth](JsonWriter& json, const DomainOutline& domain) {
+      WriteJson(json, *domain.row, Lines(domain.outline), depth);
+    });
+    return ExitStatus::kOk;
+  }
+  Page page = call.MakePage();
+  for (const DomainOutline& domain : domains) {
+    WritePage(page, *domain.row, Lines(domain.outline), depth);
+  }
+  return ExitStatus::kOk;
+}
+
 }  // namespace
 
-/// Everything that is loaded, each thing below what it is in, with how many there are in it.
-ExitStatus RunTree(const Arguments& arguments, const Streams& streams) {
-  Question question(streams);
-  question.Load(arguments, streams);
-  question.TellIfEmpty(streams);
-  std::vector<SourceOutline> sources;
-  question.loaded = LoadOutlines(question.host, sources, streams) && question.loaded;
-  Page page = MakePage(arguments, streams);
-  JsonWriter json;
-  json.StartArray();
-  for (const DomainOutline& domain : MergedByDomain(sources)) {
-    const std::vector<Line> lines = Lines(domain.outline);
-    if (arguments.json) {
-      WriteJson(json, *domain.row, lines, arguments.depth);
-    } else {
-      WritePage(page, *domain.row, lines, arguments.depth);
-    }
-  }
-  json.EndArray();
-  if (arguments.json) json.WriteTo(streams.out);
-  return question.Status(ExitStatus::kOk);
+Command TreeCommand() {
+  Command command;
+  command.name = "tree";
+  command.summary = "Show everything that is loaded, each thing below what it is in";
+  command.details =
+      "Components, packages, services and operations; namespaces and commands; how many of\n"
+      "each there are in a thing. What several sources hold is shown once.\n";
+  command.options = {{"depth", "LEVELS", Word::kNumber, "How many levels to show below the domains",
+                      &Arguments::depth}};
+  command.outputs = TableOutputs();
+  command.example = "tree --depth 1 --source metadata";
+  command.use = HostUse::kOutlines;
+  command.run = RunTree;
+  return command;
 }
 
 }  // namespace Zelk::Tool

@@ -1,49 +1,55 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
-#include <ostream>
 
-#include "commands/output.h"
-#include "commands/query.h"
-#include "commands/table.h"
-#include "host/near.h"
+#include "language/invocation.h"
+#include "language/operands.h"
+#include "render/near.h"
 
 namespace Zelk::Tool {
 namespace {
 
-std::string Joined(const Names& words) {
-  return fmt::format("{}", fmt::join(words, "."));
+/// The help that a command-line client would show.
+ExitStatus RunUsage(Invocation& call) {
+  call.Load();
+  const Host& host = call.GetHost();
+  const Names& words = call.Args().ids;
+  const auto usage = host.Usage(words);
+  if (!usage) {
+    return call.Fail(ExitStatus::kNotFound,
+                     "no source that is loaded describes a command-line client");
+  }
+  if (!usage->page.answer) {
+    const std::string name = fmt::format("{}", fmt::join(words, "."));
+    return call.Fail(ExitStatus::kNotFound, usage->page.error->messages.front().Text() +
+                                                Suggestion(NearNames(name, host.UsageNames())));
+  }
+  const UsagePage& help = *usage->page.answer;
+  if (call.WantsJson()) {
+    call.ShowJson(help.record.json);
+    return ExitStatus::kOk;
+  }
+  Page page = call.MakePage();
+  help.record.page(page);
+  if (help.calls) {
+    for (const Section& section : host.About(*usage->row, *help.calls)) section(page);
+  }
+  return ExitStatus::kOk;
 }
 
 }  // namespace
 
-/// The help that a command-line client would show.
-ExitStatus RunUsage(const Arguments& arguments, const Streams& streams) {
-  Question question(streams);
-  question.Load(arguments, streams);
-  const DomainRow* row = nullptr;
-  const auto usage = question.host.Usage(arguments.ids, row);
-  if (!usage) {
-    PrintError(streams.err, "no source that is loaded describes a command-line client");
-    return question.Status(ExitStatus::kNotFound);
-  }
-  if (!usage->answer) {
-    PrintError(streams.err,
-               usage->error->messages.front().Text() +
-                   Suggestion(NearNames(Joined(arguments.ids), UsageNames(question.host))));
-    return question.Status(ExitStatus::kNotFound);
-  }
-  if (arguments.json) {
-    JsonWriter json;
-    usage->answer->record.json(json);
-    json.WriteTo(streams.out);
-    return question.Status(ExitStatus::kOk);
-  }
-  Page page = MakePage(arguments, streams);
-  usage->answer->record.page(page);
-  if (usage->answer->calls) {
-    for (const Section& section : question.host.About(*row, *usage->answer->calls)) section(page);
-  }
-  return question.Status(ExitStatus::kOk);
+Command UsageCommand() {
+  Command command;
+  command.name = "usage";
+  command.summary = "Show the help of the command-line client that the metadata describes";
+  command.details = "Without a NAME that of the client itself, with its uppermost namespaces.\n";
+  command.operands = {{"NAME", Word::kUsageName, false,
+                       "The namespaces and the command, dotted or each for itself",
+                       &Arguments::ids}};
+  command.outputs = TableOutputs();
+  command.example = "usage metadata metamodel component --source metadata";
+  command.run = RunUsage;
+  return command;
 }
 
 }  // namespace Zelk::Tool

@@ -1,23 +1,20 @@
-#include "host/which.h"
-
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <ostream>
 
-#include "commands/output.h"
-#include "commands/query.h"
-#include "commands/table.h"
+#include "host/precedence.h"
+#include "language/invocation.h"
+#include "language/operands.h"
+#include "render/layout.h"
 
 namespace Zelk::Tool {
 namespace {
 
-/// The kinds that one can ask this of, with how many ids name one thing.
-std::vector<Candidate> Askable(const Host& host, const std::string& name) {
-  std::vector<Candidate> candidates;
-  for (const FoundKind& found : host.FindKinds(name)) {
-    if (const auto ids = IdsOfWhich(*found.kind)) candidates.push_back({found, *ids});
-  }
-  return candidates;
+/// The ids that name one thing, of the kinds that this can be asked for.
+std::optional<IdCount> IdsOfWhich(const Kind& kind) {
+  if (kind.precedence.rule == Rule::kNone) return std::nullopt;
+  const std::size_t most = kind.id_kinds.size();
+  return IdCount{kind.get.call ? kind.get.ids.min : most, most};
 }
 
 std::string HolderText(const Holder& holder) {
@@ -58,7 +55,7 @@ void WriteJson(JsonWriter& json, const Decided& decided, const Ids& ids) {
   json.StringArray(ids);
   WriteJson(json, "answering", decided.decision.answering);
   WriteJson(json, "passed_over", decided.decision.passed_over);
-  json.Member("rule", RuleText(decided.found.kind->rule));
+  json.Member("rule", std::string(decided.found.kind->precedence.text));
   json.EndObject();
 }
 
@@ -72,66 +69,65 @@ void WritePage(Page& page, const Decided& decided, const Ids& ids) {
   }
   WriteHolders(page, "Passed over:", decided.decision.passed_over);
   page.Heading("Rule:");
-  page.Paragraph(1, RuleText(decided.found.kind->rule));
+  page.Paragraph(1, decided.found.kind->precedence.text);
 }
 
-ExitStatus ComplainOfNobody(const Arguments& arguments, const std::vector<Candidate>& candidates,
-                            const Streams& streams) {
-  const std::string text =
-      fmt::format("no source holds the {} {}", candidates.front().found.kind->name,
-                  fmt::join(arguments.ids, " "));
-  return ComplainOf(ServiceError{"", {Message{"", text, {}}}}, candidates, arguments.ids, streams);
-}
-
-void Write(const std::vector<Decided>& all, const Arguments& arguments, const Streams& streams) {
-  JsonWriter json;
-  Page page = MakePage(arguments, streams);
-  json.StartArray();
-  for (const Decided& decided : all) {
-    if (arguments.json) {
-      WriteJson(json, decided, arguments.ids);
-    } else {
-      if (&decided != &all.front()) streams.out << '\n';
-      WritePage(page, decided, arguments.ids);
-    }
+void Show(const Invocation& call, const std::vector<Decided>& all) {
+  const Ids& ids = call.Args().ids;
+  if (call.WantsJson()) {
+    return call.ShowJsonArray(
+        all, [&ids](JsonWriter& json, const Decided& decided) { WriteJson(json, decided, ids); });
   }
-  json.EndArray();
-  if (arguments.json) json.WriteTo(streams.out);
+  Page page = call.MakePage();
+  for (const Decided& decided : all) {
+    if (&decided != &all.front()) call.Out() << '\n';
+    WritePage(page, decided, ids);
+  }
+}
+
+/// Which source answers for a name, which are passed over, and by which rule.
+ExitStatus RunWhich(Invocation& call) {
+  const Ids& ids = call.Args().ids;
+  const ExitStatus status = call.Prepare(call.Args().kind, ids.size());
+  if (status != ExitStatus::kOk) return status;
+  const std::vector<SourceOutline> sources = call.Outlines();
+  std::vector<Decided> all;
+  bool answered = false;
+  for (const FoundKind& found : call.Kinds()) {
+    Decision decision = Decide(sources, found, ids);
+    if (decision.answering.empty() && decision.passed_over.empty()) continue;
+    answered = answered || !decision.answering.empty();
+    all.push_back({found, std::move(decision)});
+  }
+  Show(call, all);
+  if (!all.empty()) return answered ? ExitStatus::kOk : ExitStatus::kNotFound;
+  // Near names are those of all sources together.
+  call.GetHost().LoadTogether();
+  const std::string text = fmt::format("no source holds the {} {}", call.Kinds().front().kind->name,
+                                       fmt::join(ids, " "));
+  return call.FailAs(ServiceError{"", {Message{"", text, {}}}}, ids);
 }
 
 }  // namespace
 
-std::optional<IdCount> IdsOfWhich(const Kind& kind) {
-  if (kind.rule == Rule::kNone) return std::nullopt;
-  const std::size_t most = kind.id_names.size();
-  return IdCount{kind.get.call ? kind.get.ids.min : most, most};
-}
-
-/// Which source answers for a name, which are passed over, and by which rule.
-ExitStatus RunWhich(const Arguments& arguments, const Streams& streams) {
-  Question question(streams);
-  const std::size_t id_count = arguments.ids.size();
-  const auto askable = Askable(question.host, arguments.kind);
-  if (Fitting(askable, id_count).empty()) {
-    return ComplainOfKind("which", arguments, question.host, askable, streams);
-  }
-  question.Load(arguments, streams);
-  question.candidates = Fitting(Askable(question.host, arguments.kind), id_count);
-  std::vector<SourceOutline> sources;
-  question.loaded = LoadOutlines(question.host, sources, streams) && question.loaded;
-  std::vector<Decided> all;
-  bool answered = false;
-  for (const Candidate& candidate : question.candidates) {
-    Decision decision = Decide(sources, candidate.found, arguments.ids);
-    if (decision.answering.empty() && decision.passed_over.empty()) continue;
-    answered = answered || !decision.answering.empty();
-    all.push_back({candidate.found, std::move(decision)});
-  }
-  Write(all, arguments, streams);
-  if (all.empty()) {
-    return question.Status(ComplainOfNobody(arguments, question.candidates, streams));
-  }
-  return question.Status(answered ? ExitStatus::kOk : ExitStatus::kNotFound);
+Command WhichCommand() {
+  Command command;
+  command.name = "which";
+  command.summary = "Tell which source answers for a name, which are passed over, and why";
+  command.ids_of = IdsOfWhich;
+  const std::string kinds = fmt::format(
+      "Kinds: {}; with the ids that `get` takes, for model and resource that of the "
+      "resource.",
+      fmt::join(KindNames(command.ids_of), ", "));
+  command.details = fmt::format("{}\n", fmt::join(Wrapped(kinds, 88), "\n"));
+  command.operands = {KindOperand(), IdsOperand()};
+  command.outputs = TableOutputs();
+  command.example =
+      "which service com.orvane.zelk.metadata.cli.command --source metadata "
+      "--source copy=metadata/metamodel/zelk-metadata.json";
+  command.use = HostUse::kOutlines;
+  command.run = RunWhich;
+  return command;
 }
 
 }  // namespace Zelk::Tool

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <set>
 
-#include "commands/query.h"
 #include "explain/explanations.h"
 
 namespace Zelk::Tool {
@@ -19,7 +18,7 @@ bool IsOption(const std::string& word) {
   return word.size() > 1 && word.front() == '-';
 }
 
-/// What the words before the last one say.
+/// What is read from the words before the last one.
 struct Line {
   const Command* command = nullptr;
   std::vector<std::string> operands;
@@ -28,10 +27,10 @@ struct Line {
   /// The option whose value comes next.
   const OptionDescription* awaiting = nullptr;
 
-  /// Behind a command that there is not, or behind "--" without one, where no command is read.
+  /// After an unknown command, or after "--" without a command.
   bool is_lost = false;
 
-  /// Behind "--", where nothing is an option.
+  /// After "--", where nothing is an option.
   bool only_operands = false;
 };
 
@@ -49,7 +48,7 @@ OptionWord ReadOption(const std::string& word) {
           has_value ? word.substr(equals + 1) : ""};
 }
 
-/// Null for an option that there is not.
+/// Null for an unknown option.
 const OptionDescription* FindOption(const Language& language, const Line& line,
                                     const std::string& name) {
   const auto is_called = [&name](const OptionDescription& option) { return option.name == name; };
@@ -57,7 +56,7 @@ const OptionDescription* FindOption(const Language& language, const Line& line,
   const auto found = std::find_if(shared.begin(), shared.end(), is_called);
   if (found != shared.end()) return &*found;
   if (line.command == nullptr) return nullptr;
-  const auto& own = line.command->description.options;
+  const auto& own = line.command->options;
   const auto found_own = std::find_if(own.begin(), own.end(), is_called);
   return found_own == own.end() ? nullptr : &*found_own;
 }
@@ -88,7 +87,7 @@ void Take(Line& line, const Language& language, const std::string& word) {
   } else if (!line.only_operands && IsOption(word)) {
     TakeOption(line, language, word);
   } else if (line.command == nullptr) {
-    line.command = FindCommand(language, word);
+    line.command = language.Find(word);
     line.is_lost = line.is_lost || line.command == nullptr;
   } else {
     line.operands.push_back(word);
@@ -98,7 +97,7 @@ void Take(Line& line, const Language& language, const std::string& word) {
 Choices Commands(const Language& language) {
   Choices choices;
   for (const Command& command : language.commands) {
-    choices.push_back({command.description.name, command.description.summary});
+    choices.push_back({command.name, command.summary});
   }
   return choices;
 }
@@ -108,7 +107,7 @@ Choices Options(const Language& language, const Line& line) {
   const auto add = [&choices](const std::vector<OptionDescription>& options) {
     for (const auto& option : options) choices.push_back({"--" + option.name, option.summary});
   };
-  if (line.command != nullptr) add(line.command->description.options);
+  if (line.command != nullptr) add(line.command->options);
   add(language.options);
   choices.push_back({"--help", "Print what can be given, and end"});
   if (line.command == nullptr && !language.program.empty()) {
@@ -125,10 +124,10 @@ Choices Plain(const Names& words) {
 
 /// The outputs of the command or, without one, of any.
 Choices Outputs(const Language& language, const Line& line) {
-  if (line.command != nullptr) return Plain(line.command->description.outputs);
+  if (line.command != nullptr) return Plain(line.command->outputs);
   Names all;
   for (const Command& command : language.commands) {
-    for (const std::string& output : command.description.outputs) {
+    for (const std::string& output : command.outputs) {
       if (std::find(all.begin(), all.end(), output) == all.end()) all.push_back(output);
     }
   }
@@ -146,17 +145,15 @@ struct Place {
 };
 
 Choices Kinds(const Place& place) {
-  const auto ids_of = place.line.command->description.ids_of;
+  const auto ids_of = place.line.command->ids_of;
   const Host& host = place.host_of({});
   const bool with_domain = place.typed.find(':') != std::string::npos;
   Choices choices;
   for (const std::string& name : host.KindNames()) {
-    for (const FoundKind& found : host.FindKinds(name)) {
-      const auto ids = ids_of(*found.kind);
-      if (!ids) continue;
+    for (const FoundKind& found : host.FindKinds(name, ids_of)) {
       const std::string word = with_domain ? found.row->name + ":" + name : name;
       if (!choices.empty() && choices.back().word == word) continue;
-      const std::string needs = IdsText({found, *ids});
+      const std::string needs = found.IdsText();
       choices.push_back({word, needs.empty() ? "" : "with" + needs});
     }
   }
@@ -164,51 +161,39 @@ Choices Kinds(const Place& place) {
 }
 
 /// Which of its ids comes next for a kind; nothing when it has enough of them.
-std::optional<std::size_t> NextId(const CommandDescription& command, const IdCount& count,
-                                  std::size_t given) {
+std::optional<std::size_t> NextId(const Command& command, const IdCount& count, std::size_t given) {
   if (command.takes_several) return given % std::max<std::size_t>(count.min, 1);
   if (given >= count.max) return std::nullopt;
   return given;
 }
 
-/// What is there of the kind that the id names, in what the ids before it name.
-Names NamesFor(const FoundKind& found, std::size_t index, const Ids& given) {
-  const std::string kind = KindOfId(found.kind->id_names[index]);
-  const Query<Names>* const list = found.ListOf(kind);
-  if (list == nullptr || given.size() < index) return {};
-  const Ids last(given.end() - static_cast<std::ptrdiff_t>(index), given.end());
-  if (last.size() < list->ids.min) return {};
-  const auto around = static_cast<std::ptrdiff_t>(list->ids.min);
-  const Outcome<Names> names = list->call({last.begin(), last.begin() + around});
-  return names.answer ? *names.answer : Names{};
-}
-
 Choices IdChoices(const Place& place) {
-  const CommandDescription& command = place.line.command->description;
+  const Command& command = *place.line.command;
   // The kind stands before its ids.
   const Ids given(place.line.operands.begin() + 1, place.line.operands.end());
   std::set<std::string> seen;
   Choices choices;
-  for (const FoundKind& found : place.LoadedHost().FindKinds(place.line.operands.front())) {
-    const auto count = command.ids_of(*found.kind);
-    if (!count || !found.has_sources) continue;
-    const auto index = NextId(command, *count, given.size());
-    if (!index || *index >= found.kind->id_names.size()) continue;
-    for (const std::string& name : NamesFor(found, *index, given)) {
+  for (const FoundKind& found :
+       place.LoadedHost().FindKinds(place.line.operands.front(), command.ids_of)) {
+    if (!found.has_sources) continue;
+    const auto index = NextId(command, found.ids, given.size());
+    if (!index || *index >= found.kind->id_kinds.size()) continue;
+    const Ids before(given.end() - static_cast<std::ptrdiff_t>(*index), given.end());
+    for (const std::string& name : found.NamesAt(*index, before).value_or(Names{})) {
       if (seen.insert(name).second) choices.push_back({name, ""});
     }
   }
   return choices;
 }
 
-/// Names grow part by part, so that few are offered at a time; whole ones where the user has typed
-/// a dot.
-Choices CliNames(const Place& place) {
+/// One part of a name at a time, so that few are offered; whole names once the user has typed a
+/// dot.
+Choices UsageNames(const Place& place) {
   std::string around;
   for (const std::string& word : place.line.operands) around += word + '.';
   const bool whole = place.typed.find('.') != std::string::npos;
   std::set<std::string> words;
-  for (const std::string& name : UsageNames(place.LoadedHost())) {
+  for (const std::string& name : place.LoadedHost().UsageNames()) {
     if (name.empty() || name == "." || !StartsWith(name, around)) continue;
     const std::string rest = name.substr(around.size());
     words.insert(whole ? rest : rest.substr(0, rest.find('.')));
@@ -226,15 +211,7 @@ Choices MessageIds() {
 
 Choices SourceIds(const Place& place) {
   const bool with_domain = place.typed.find(':') != std::string::npos;
-  std::set<std::string> ids;
-  for (const FoundKind& found : place.LoadedHost().FindKinds("source")) {
-    const Outcome<Names> names = found.kind->list.call({});
-    if (!names.answer) continue;
-    for (const std::string& id : *names.answer) {
-      ids.insert(with_domain ? found.row->name + ":" + id : id);
-    }
-  }
-  return Plain({ids.begin(), ids.end()});
+  return Plain(place.LoadedHost().SourceIds(with_domain));
 }
 
 Completion ForWord(Word word, const Place& place) {
@@ -247,8 +224,8 @@ Completion ForWord(Word word, const Place& place) {
       return {Completion::Of::kWords, Kinds(place)};
     case Word::kId:
       return {Completion::Of::kWords, IdChoices(place)};
-    case Word::kCliName:
-      return {Completion::Of::kWords, CliNames(place)};
+    case Word::kUsageName:
+      return {Completion::Of::kWords, UsageNames(place)};
     case Word::kMessageId:
       return {Completion::Of::kWords, MessageIds()};
     case Word::kSourceId:
@@ -265,11 +242,11 @@ Completion ForWord(Word word, const Place& place) {
 }
 
 Completion ForOperand(const Place& place) {
-  const auto& operands = place.line.command->description.operands;
+  const auto& operands = place.line.command->operands;
   if (operands.empty()) return {};
   const std::size_t given = place.line.operands.size();
   const OperandDescription& last = operands.back();
-  if (given >= operands.size() && !TakesAll(last)) return {};
+  if (given >= operands.size() && !last.TakesAll()) return {};
   const OperandDescription& operand = given < operands.size() ? operands[given] : last;
   if (operand.word == Word::kChoice) return {Completion::Of::kWords, Plain(operand.choices)};
   return ForWord(operand.word, place);

@@ -4,12 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "commands/command.h"
-#include "host/host.h"
+#include "language/command.h"
 
 namespace Zelk::Tool {
 
-/// A word that may stand where the user types, and what it means in one line or nothing.
+/// A word that the user may want, and what it means in one line or nothing.
 struct Choice {
   std::string word;
   std::string summary;
@@ -20,9 +19,9 @@ struct Completion {
   enum class Of {
     /// The choices, and nothing else.
     kWords,
-    /// A path, which shells complete better than anybody else.
+    /// A path, which shells complete best.
     kPath,
-    /// A path, behind "ID=" if the user has typed that.
+    /// A path, after "ID=" if the user has typed that.
     kSource,
   };
 
@@ -35,8 +34,8 @@ struct Completion {
 /// The host that has loaded these values of --source. Asked only for names that are in sources.
 using HostOf = std::function<const Host&(const std::vector<std::string>& sources)>;
 
-/// What the last of the words can become; the others stand before it on the command line. Words
-/// are the user's, so nothing about them is certain.
+/// The completions of the last word; the others precede it on the command line. The words may be
+/// anything.
 Completion Complete(const std::vector<std::string>& words, const Language& language,
                     const HostOf& host_of);
 

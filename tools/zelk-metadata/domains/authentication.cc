@@ -5,7 +5,7 @@
 #include <zelk/provider/metadata/authentication/services.h>
 
 #include "domains/authentication_record.h"
-#include "domains/source_record.h"
+#include "domains/source_domain.h"
 #include "domains/table.h"
 
 namespace Zelk::Tool {
@@ -32,24 +32,9 @@ Query<Record> TitledQuery(const std::string& kind, Service& service,
 }
 
 /// The services of the domain over one container.
-class Authentication final : public Domain {
+class Authentication final : public SourceDomain<SourceSvc, Bindings::Authentication::SourceSvc::CreateSpec> {
  public:
   Authentication() : Authentication(Provider::MetadataContainer::GetInstance()) {}
-
-  std::optional<ServiceError> CreateSource(const std::string& id,
-                                           const std::string& path) override {
-    return CreateLocalSource<Bindings::Authentication::SourceSvc::CreateSpec>(source_, id, path);
-  }
-
-  std::optional<ServiceError> DeleteSource(const std::string& id) override {
-    return Call(source_, &SourceSvc::Delete, id).error;
-  }
-
-  std::optional<ServiceError> ReloadSource(const boost::optional<std::string>& id) override {
-    return Call(source_, &SourceSvc::Reload, id).error;
-  }
-
-  const std::vector<Kind>& Kinds() const override { return kinds_; }
 
   Outline MakeOutline() override;
   std::vector<Section> About(const std::vector<Subject>& levels) override;
@@ -64,41 +49,43 @@ class Authentication final : public Domain {
   PackageSvc package_;
   ServiceSvc service_;
   OperationSvc operation_;
-  SourceSvc source_;
-  std::vector<Kind> kinds_;
 };
 
 Authentication::Authentication(const Container& container)
-    : component_(container),
+    : SourceDomain(container),
+      component_(container),
       package_(container),
       service_(container),
-      operation_(container),
-      source_(container) {
+      operation_(container) {
   kinds_ = {
       {"component",
-       {"COMPONENT"},
+       {"component"},
        ListQuery(component_, &ComponentSvc::List),
        TitledQuery("component", component_, &ComponentSvc::Get),
        FingerprintQuery(component_, &ComponentSvc::Fingerprint),
-       Rule::kFirstSource},
+       kFirstSource,
+       true},
       {"package",
-       {"PACKAGE"},
+       {"package"},
        ListQuery(package_, &PackageSvc::List),
        TitledQuery("package", package_, &PackageSvc::Get),
        {},
-       Rule::kFirstSource},
+       kFirstSource,
+       true},
       {"service",
-       {"SERVICE"},
+       {"service"},
        ListQuery(service_, &ServiceSvc::List),
        TitledQuery("service", service_, &ServiceSvc::Get),
        {},
-       Rule::kFirstSource},
+       kFirstSource,
+       true},
       {"operation",
-       {"SERVICE", "OPERATION"},
+       {"service", "operation"},
        ListQuery(operation_, &OperationSvc::List),
        TitledQuery("operation", operation_, &OperationSvc::Get),
        {},
-       Rule::kFirstSource},
+       kFirstSource,
+       true},
       SourceKind(source_),
   };
 }

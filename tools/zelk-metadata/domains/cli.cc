@@ -3,7 +3,7 @@
 
 #include "domains/cli_nodes.h"
 #include "domains/cli_record.h"
-#include "domains/source_record.h"
+#include "domains/source_domain.h"
 #include "domains/table.h"
 
 namespace Zelk::Tool {
@@ -16,8 +16,8 @@ using CommandSvc = Provider::CommandSvc::AsyncServiceImpl;
 using NamespaceSvc = Provider::NamespaceSvc::AsyncServiceImpl;
 using SourceSvc = Provider::SourceSvc::AsyncServiceImpl;
 
-/// The identity that the user means by one dotted name, or by path and name. A name that itself
-/// holds a full stop can only be given the second way.
+/// The identity that the user means by one dotted name, or by path and name. A name that contains a
+/// full stop can only be given the second way.
 template <typename Identity>
 std::shared_ptr<const Identity> ToIdentity(const Ids& ids) {
   if (ids.size() == 2) return std::make_shared<const Identity>(ids[0], ids[1]);
@@ -64,56 +64,42 @@ Query<Names> CommandList(CommandSvc& service) {
 }
 
 /// The services of the domain over one container.
-class Cli final : public Domain {
+class Cli final : public SourceDomain<SourceSvc, Bindings::Cli::SourceSvc::CreateSpec> {
  public:
   Cli() : Cli(Provider::MetadataContainer::GetInstance()) {}
-
-  std::optional<ServiceError> CreateSource(const std::string& id,
-                                           const std::string& path) override {
-    return CreateLocalSource<Bindings::Cli::SourceSvc::CreateSpec>(source_, id, path);
-  }
-
-  std::optional<ServiceError> DeleteSource(const std::string& id) override {
-    return Call(source_, &SourceSvc::Delete, id).error;
-  }
-
-  std::optional<ServiceError> ReloadSource(const boost::optional<std::string>& id) override {
-    return Call(source_, &SourceSvc::Reload, id).error;
-  }
-
-  const std::vector<Kind>& Kinds() const override { return kinds_; }
 
   Outline MakeOutline() override;
   std::vector<Section> About(const std::vector<Subject>& levels) override;
   std::optional<Outcome<UsagePage>> Usage(const Names& words) override;
+  Names UsageNames() override;
 
  private:
-  /// Each with its record. Those that several sources have come once, with the record of the first.
+  /// Each with its record, once: that of the first source that has it.
   CliNodes Nodes();
 
   explicit Cli(const Container& container);
 
   NamespaceSvc namespace_;
   CommandSvc command_;
-  SourceSvc source_;
-  std::vector<Kind> kinds_;
 };
 
 Cli::Cli(const Container& container)
-    : namespace_(container), command_(container), source_(container) {
+    : SourceDomain(container), namespace_(container), command_(container) {
   kinds_ = {
       {"namespace",
-       {"NAMESPACE", "NAME"},
+       {"namespace", "name"},
        NamespaceList(namespace_),
        NodeQuery<Bindings::Cli::NamespaceSvc::Identity>(namespace_, &NamespaceSvc::Get),
        FingerprintQuery(namespace_, &NamespaceSvc::Fingerprint),
-       Rule::kFirstSource},
+       kFirstSource,
+       true},
       {"command",
-       {"COMMAND", "NAME"},
+       {"command", "name"},
        CommandList(command_),
        NodeQuery<Bindings::Cli::CommandSvc::Identity>(command_, &CommandSvc::Get),
        FingerprintQuery(command_, &CommandSvc::Fingerprint),
-       Rule::kFirstSource},
+       kFirstSource,
+       true},
       SourceKind(source_),
   };
 }
@@ -148,6 +134,13 @@ std::vector<Section> Cli::About(const std::vector<Subject>& levels) {
 
 std::optional<Outcome<UsagePage>> Cli::Usage(const Names& words) {
   return UsageOf(Nodes(), words);
+}
+
+Names Cli::UsageNames() {
+  Names names = *NamespaceList(namespace_).call({}).answer;
+  const Names commands = *CommandList(command_).call({}).answer;
+  names.insert(names.end(), commands.begin(), commands.end());
+  return names;
 }
 
 }  // namespace

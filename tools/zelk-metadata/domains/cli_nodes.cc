@@ -6,6 +6,7 @@
 
 #include "domains/cli_record.h"
 #include "domains/outline.h"
+#include "render/text.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -24,10 +25,6 @@ std::string Path(const Identity& identity) {
 Ids IdsOf(const Identity& identity) {
   if (identity.name.find('.') != std::string::npos) return {identity.path, identity.name};
   return {FullName(identity)};
-}
-
-std::string FirstLine(const std::string& text) {
-  return text.substr(0, text.find('\n'));
 }
 
 /// Writes the tree without recursion, since a path may be as long as its file.

@@ -4,7 +4,7 @@
 #include "domains/metamodel_json.h"
 #include "domains/metamodel_outline.h"
 #include "domains/metamodel_page.h"
-#include "domains/source_record.h"
+#include "domains/source_domain.h"
 #include "domains/table.h"
 
 namespace Zelk::Tool {
@@ -24,32 +24,31 @@ using ServiceSvc = Provider::ServiceSvc::AsyncServiceImpl;
 using SourceSvc = Provider::SourceSvc::AsyncServiceImpl;
 using StructureSvc = Provider::StructureSvc::AsyncServiceImpl;
 
+constexpr Precedence kServiceFirst{Rule::kFirstParent,
+                                   "The first source in the order of the ids that has the service "
+                                   "answers for all its operations."};
+constexpr Precedence kByPlace{
+    Rule::kPlace,
+    "What stands in packages comes before what stands in services, and both before what stands in "
+    "structures, whichever source it is in; in equal places the first source in the order of the "
+    "ids answers."};
+constexpr Precedence kLastSource{
+    Rule::kLastSource,
+    "The last source in the order of the ids answers; the sets of the others are not added to its "
+    "own."};
+constexpr Precedence kTogether{Rule::kAll, "All sources answer together, each name once."};
+
 /// The services of the domain over one container.
-class Metamodel final : public Domain {
+class Metamodel final : public SourceDomain<SourceSvc, Bindings::Metamodel::SourceSvc::CreateSpec> {
  public:
   Metamodel() : Metamodel(Provider::MetadataContainer::GetInstance()) {}
-
-  std::optional<ServiceError> CreateSource(const std::string& id,
-                                           const std::string& path) override {
-    return CreateLocalSource<Bindings::Metamodel::SourceSvc::CreateSpec>(source_, id, path);
-  }
-
-  std::optional<ServiceError> DeleteSource(const std::string& id) override {
-    return Call(source_, &SourceSvc::Delete, id).error;
-  }
-
-  std::optional<ServiceError> ReloadSource(const boost::optional<std::string>& id) override {
-    return Call(source_, &SourceSvc::Reload, id).error;
-  }
-
-  const std::vector<Kind>& Kinds() const override { return kinds_; }
 
   Outline MakeOutline() override;
   std::vector<Subject> Levels(const Subject& subject) override;
   std::vector<Section> About(const std::vector<Subject>& levels) override;
 
  private:
-  /// The first package that has the service, as packages are answered; an empty text for none.
+  /// The first package that has the service, in the order of the packages; empty for none.
   std::string PackageOf(const std::string& service_id);
 
   explicit Metamodel(const Container& container);
@@ -63,12 +62,11 @@ class Metamodel final : public Domain {
   ResourceSvc resource_;
   ModelSvc model_;
   HiddenSvc hidden_;
-  SourceSvc source_;
-  std::vector<Kind> kinds_;
 };
 
 Metamodel::Metamodel(const Container& container)
-    : component_(container),
+    : SourceDomain(container),
+      component_(container),
       package_(container),
       service_(container),
       operation_(container),
@@ -76,47 +74,50 @@ Metamodel::Metamodel(const Container& container)
       enumeration_(container),
       resource_(container),
       model_(container),
-      hidden_(container),
-      source_(container) {
+      hidden_(container) {
   kinds_ = {
       {"component",
-       {"COMPONENT"},
+       {"component"},
        ListQuery(component_, &ComponentSvc::List),
        GetQuery(component_, &ComponentSvc::Get),
        FingerprintQuery(component_, &ComponentSvc::Fingerprint),
-       Rule::kFirstSource},
+       kFirstSource,
+       true},
       {"package",
-       {"PACKAGE"},
+       {"package"},
        ListQuery(package_, &PackageSvc::List),
        GetQuery(package_, &PackageSvc::Get),
        {},
-       Rule::kFirstSource},
+       kFirstSource,
+       true},
       {"service",
-       {"SERVICE"},
+       {"service"},
        ListQuery(service_, &ServiceSvc::List),
        GetQuery(service_, &ServiceSvc::Get),
        {},
-       Rule::kFirstSource},
+       kFirstSource,
+       true},
       {"operation",
-       {"SERVICE", "OPERATION"},
+       {"service", "operation"},
        ListQuery(operation_, &OperationSvc::List),
        GetQuery(operation_, &OperationSvc::Get),
        {},
-       Rule::kFirstParent},
+       kServiceFirst,
+       true},
       {"structure",
-       {"STRUCTURE"},
+       {"structure"},
        ListQuery(structure_, &StructureSvc::List),
        GetQuery(structure_, &StructureSvc::Get),
        {},
-       Rule::kPlace},
+       kByPlace},
       {"enumeration",
-       {"ENUMERATION"},
+       {"enumeration"},
        ListQuery(enumeration_, &EnumerationSvc::List),
        GetQuery(enumeration_, &EnumerationSvc::Get),
        {},
-       Rule::kPlace},
-      {"resource", {"RESOURCE"}, ListQuery(resource_, &ResourceSvc::List), {}, {}, Rule::kAll},
-      {"model", {"RESOURCE"}, ListQuery(model_, &ModelSvc::List), {}, {}, Rule::kLastSource},
+       kByPlace},
+      {"resource", {"resource"}, ListQuery(resource_, &ResourceSvc::List), {}, {}, kTogether},
+      {"model", {"resource"}, ListQuery(model_, &ModelSvc::List), {}, {}, kLastSource},
       {"hidden", {}, ListQuery(hidden_, &HiddenSvc::List), {}, {}},
       SourceKind(source_),
   };

@@ -4,6 +4,7 @@
 
 #include "domains/enum_text.h"
 #include "domains/metamodel_type.h"
+#include "render/text.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -57,10 +58,6 @@ template <typename Described>
 void WriteTitle(Page& page, const std::string& title, const Described& record) {
   page.Title(title);
   WriteDescription(page, 1, record);
-}
-
-std::string FirstLine(const std::string& text) {
-  return text.substr(0, text.find('\n'));
 }
 
 std::string Signature(const Bindings::Metamodel::OperationInfo& operation) {

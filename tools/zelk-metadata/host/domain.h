@@ -11,27 +11,27 @@
 #include "render/json_writer.h"
 #include "render/page.h"
 
-// What a domain of metadata looks like to the commands. They know no domain by name: a new one is a
-// file that implements this, and a row in the table of domains.
+// The interface that a domain of metadata has for the commands. Commands name no domain and no
+// kind: a new domain is a file that implements this, and a row in the table of domains.
 
 namespace Zelk::Tool {
 
 using Ids = std::vector<std::string>;
 using Names = std::vector<std::string>;
 
-/// A record that a service answered, with the two ways to show it.
+/// A record from a service, with the two ways to show it.
 struct Record {
   std::function<void(Page&)> page;
   std::function<void(JsonWriter&)> json;
 };
 
-/// How many ids a query takes.
+/// How many ids a query takes; both numbers are included.
 struct IdCount {
   std::size_t min = 0;
   std::size_t max = 0;
 };
 
-/// One question that can be asked about a kind; empty where the services have no operation for it.
+/// One question about a kind. `call` is empty if the services have no operation for it.
 template <typename T>
 struct Query {
   IdCount ids;
@@ -40,31 +40,45 @@ struct Query {
 
 /// Which of several sources that hold the same name answers for it.
 enum class Rule {
-  /// Nobody can tell, or it makes no sense to ask.
+  /// It cannot be known, or the question makes no sense.
   kNone,
   kFirstSource,
   kLastSource,
-  /// The first source that holds what is around it, whether it is in there or not.
+  /// The first source that holds the parent, even if its parent does not hold the name.
   kFirstParent,
-  /// Definitions in a place that counts more come first, whichever source they are in; among equals
-  /// the first source.
+  /// The definition with the smallest Entry::place, in whichever source; among equals the first
+  /// source.
   kPlace,
-  /// All, since names only are answered.
+  /// All of them, since only names are returned.
   kAll,
 };
 
-/// A kind of thing that a domain knows. The user may also write the name with an "s" behind.
+struct Precedence {
+  Rule rule = Rule::kNone;
+
+  /// The rule in words for the user.
+  const char* text = "";
+};
+
+constexpr Precedence kFirstSource{Rule::kFirstSource,
+                                  "The first source in the order of the ids answers."};
+
+/// A kind of thing that a domain knows. The user may also write the name with an "s" after it.
 struct Kind {
   std::string name;
 
-  /// What the ids are called in texts for the user, for the query that takes the most of them.
-  std::vector<std::string> id_names;
+  /// For the query that takes the most ids: what each of them names, usually a kind. Texts for the
+  /// user show these words in capitals.
+  std::vector<std::string> id_kinds;
 
   Query<Names> list;
   Query<Record> get;
   Query<std::string> fingerprint;
 
-  Rule rule = Rule::kNone;
+  Precedence precedence = {};
+
+  /// Whether trees show it.
+  bool in_tree = false;
 };
 
 /// A thing by its kind and ids.
@@ -78,25 +92,25 @@ struct Entry {
   /// How many entries it is inside of.
   std::size_t depth;
 
-  /// A kind, or the name of a part that is no kind, such as "field".
+  /// A kind, or the name of a part that is not a kind, such as "field".
   Subject subject;
 
-  /// What it is called where it stands.
+  /// Its name within its parent.
   std::string name;
 
   std::string documentation;
 
-  /// Whether it is only seen through the entry around it.
+  /// Whether it can only be reached through its parent.
   bool is_part = false;
 
-  /// For Rule::kPlace: the smallest counts most.
+  /// For Rule::kPlace: the smallest wins.
   int place = 0;
 };
 
-/// Each entry is followed by those inside of it. Flat, because they may nest to any depth.
+/// Each entry is followed by its children. Flat, because they may nest to any depth.
 using Outline = std::vector<Entry>;
 
-/// Writes what a domain has to say about a thing that another one describes.
+/// Writes what a domain knows about a thing that another one describes.
 using Section = std::function<void(Page&)>;
 
 /// What a command-line client shows as help, and the operation that would be called, if any.
@@ -105,7 +119,7 @@ struct UsagePage {
   std::optional<Subject> calls;
 };
 
-/// One domain at work: a container of its own with the services over it.
+/// One container with its services.
 class Domain {
  public:
   Domain() = default;
@@ -113,35 +127,41 @@ class Domain {
   Domain& operator=(const Domain&) = delete;
   virtual ~Domain() = default;
 
-  /// Has the domain's source service load a file. Empty for success.
+  /// Loads a file with the domain's source service. Empty on success.
   virtual std::optional<ServiceError> CreateSource(const std::string& id,
                                                    const std::string& path) = 0;
 
-  /// Has it forget a source. Empty for success.
+  /// Deletes a source. Empty on success.
   virtual std::optional<ServiceError> DeleteSource(const std::string& id) = 0;
 
-  /// Has it load a source once more, or all without an id. Empty also where sources keep their old
-  /// data, of which services say nothing.
+  /// Reloads a source, or all without an id. Empty also if sources keep their old data, which the
+  /// services do not report.
   virtual std::optional<ServiceError> ReloadSource(const boost::optional<std::string>& id) = 0;
+
+  /// The fingerprint of a source; empty in a domain without fingerprints.
+  virtual std::string FingerprintOf(const std::string& /*id*/) { return ""; }
 
   /// What can be asked. The queries stay usable as long as this object lives.
   virtual const std::vector<Kind>& Kinds() const = 0;
 
-  // What only some domains have to say; nothing, unless they do.
+  // What only some domains provide.
 
-  /// Everything that the sources hold, in the order in which the services look for it. With more
-  /// than one source that is only what the first ones hold.
+  /// Everything that the sources hold, in the order in which the services search. With more than
+  /// one source, a name that several hold has only what the first one says.
   virtual Outline MakeOutline() { return {}; }
 
-  /// The thing and what is around it, outermost first.
+  /// The thing and its parents, outermost first.
   virtual std::vector<Subject> Levels(const Subject& subject) { return {subject}; }
 
-  /// What can be told about the last of the levels, which are those of another domain.
+  /// What this domain knows about the last of the levels, which are those of another domain.
   virtual std::vector<Section> About(const std::vector<Subject>& /*levels*/) { return {}; }
 
-  /// The help for what the words name, parts of a dotted name each. Empty in a domain that
-  /// describes no client.
+  /// The help for the dotted name that the words are parts of. Empty in a domain that describes no
+  /// client.
   virtual std::optional<Outcome<UsagePage>> Usage(const Names& /*words*/) { return std::nullopt; }
+
+  /// The names that Usage() knows.
+  virtual Names UsageNames() { return {}; }
 };
 
 /// A row of the table of domains.

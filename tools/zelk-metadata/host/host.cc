@@ -1,7 +1,6 @@
 #include "host/host.h"
 
 #include <algorithm>
-#include <charconv>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <iterator>
@@ -9,6 +8,7 @@
 
 #include "host/interrupt.h"
 #include "host/root_key.h"
+#include "render/text.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -16,11 +16,8 @@ namespace {
 std::optional<FilePosition> PositionOf(const Message& message, const std::string& path,
                                        const DomainRow& row) {
   if (message.id != row.parse_error_id || message.arguments.size() < 2) return std::nullopt;
-  const std::string& text = message.arguments[1];
-  std::uint64_t offset = 0;
-  const auto parsed = std::from_chars(text.data(), text.data() + text.size(), offset);
-  if (parsed.ec != std::errc()) return std::nullopt;
-  return PositionAt(path, offset);
+  const std::optional<std::uint64_t> offset = ParseNumber(message.arguments[1]);
+  return offset ? PositionAt(path, *offset) : std::nullopt;
 }
 
 LoadReport LoadInto(Domain& domain, const DomainRow& row, const SourceArgument& source) {
@@ -33,16 +30,7 @@ LoadReport LoadInto(Domain& domain, const DomainRow& row, const SourceArgument& 
   return report;
 }
 
-/// Of one source, as the domain answers it; nothing in a domain without fingerprints.
-std::string FingerprintOf(const Domain& domain, const std::string& id) {
-  const auto& kinds = domain.Kinds();
-  const auto found = std::find_if(kinds.begin(), kinds.end(),
-                                  [](const Kind& kind) { return kind.name == "source"; });
-  if (found == kinds.end()) return "";
-  return found->fingerprint.call({id}).answer.value_or("");
-}
-
-bool Means(const std::string& text, const std::string& domain, const Kind& kind) {
+bool MatchesKind(const std::string& text, const std::string& domain, const Kind& kind) {
   const std::string prefix = domain + ":";
   const bool qualified = text.compare(0, prefix.size(), prefix) == 0;
   const std::string name = qualified ? text.substr(prefix.size()) : text;
@@ -68,10 +56,24 @@ std::string ProblemLine(const std::string& file, const Problem& problem) {
                      arguments);
 }
 
-const Query<Names>* FoundKind::ListOf(const std::string& name) const {
-  const auto found = std::find_if(kinds->begin(), kinds->end(),
-                                  [&name](const Kind& other) { return other.name == name; });
-  return found != kinds->end() && found->list.call ? &found->list : nullptr;
+std::string FoundKind::IdsText() const {
+  std::string text;
+  for (std::size_t i = 0; i < ids.max; ++i) {
+    const std::string name = UpperCase(kind->id_kinds[i]);
+    text += i < ids.min ? " " + name : " [" + name + "]";
+  }
+  return text;
+}
+
+std::optional<Names> FoundKind::NamesAt(std::size_t index, const Ids& before) const {
+  const auto named = std::find_if(kinds->begin(), kinds->end(), [&](const Kind& other) {
+    return other.name == kind->id_kinds[index];
+  });
+  if (named == kinds->end() || !named->list.call) return std::nullopt;
+  const std::size_t needed = named->list.ids.min;
+  if (before.size() < needed) return std::nullopt;
+  const auto end = before.begin() + static_cast<std::ptrdiff_t>(needed);
+  return named->list.call({before.begin(), end}).answer;
 }
 
 Host::Host(const DomainTable& table, HostUse use) : use_(use), table_(table) {
@@ -81,14 +83,34 @@ Host::Host(const DomainTable& table, HostUse use) : use_(use), table_(table) {
 Host::~Host() = default;
 
 LoadReport Host::Load(const SourceArgument& source) {
-  const DomainRow* const row = &DomainOf(source.path, table_);
-  Running& running = RunningOf(*row);
-  LoadReport report = LoadInto(*running.domain, *row, source);
+  Loaded loaded{source, &DomainOf(source.path, table_), nullptr};
+  LoadReport report = LoadFor(loaded);
   if (!report.problems.empty()) return report;
-  running.has_sources = true;
-  loaded_.push_back({source, row, nullptr});
-  if (use_ == HostUse::kSession) KeepAlone(loaded_.back());
+  RunningOf(*loaded.row).has_sources = true;
+  if (use_ == HostUse::kSession) Isolate(loaded);
+  loaded_.push_back(std::move(loaded));
   return report;
+}
+
+LoadReport Host::LoadFor(Loaded& loaded) {
+  const DomainRow& row = *loaded.row;
+  if (use_ != HostUse::kOutlines) {
+    return LoadInto(*RunningOf(row).domain, row, loaded.source);
+  }
+  // The container that has a source of that id refuses the second one.
+  for (const Loaded& other : loaded_) {
+    if (other.row == &row && other.source.id == loaded.source.id) {
+      return LoadInto(*other.isolated, row, loaded.source);
+    }
+  }
+  loaded.isolated = row.make();
+  return LoadInto(*loaded.isolated, row, loaded.source);
+}
+
+void Host::LoadTogether() {
+  for (const Loaded& loaded : loaded_) {
+    LoadInto(*RunningOf(*loaded.row).domain, *loaded.row, loaded.source);
+  }
 }
 
 Host::Running& Host::RunningOf(const DomainRow& row) {
@@ -96,17 +118,16 @@ Host::Running& Host::RunningOf(const DomainRow& row) {
                        [&row](const Running& candidate) { return candidate.row == &row; });
 }
 
-void Host::KeepAlone(Loaded& loaded) {
-  loaded.alone = loaded.row->make();
-  const LoadReport report = LoadInto(*loaded.alone, *loaded.row, loaded.source);
+void Host::Isolate(Loaded& loaded) {
   const std::string& id = loaded.source.id;
-  const Domain& live = *RunningOf(*loaded.row).domain;
-  const bool is_same =
-      report.problems.empty() && FingerprintOf(*loaded.alone, id) == FingerprintOf(live, id);
-  if (!is_same) loaded.alone = nullptr;
+  auto isolated = loaded.row->make();
+  const bool is_loaded = LoadInto(*isolated, *loaded.row, loaded.source).problems.empty();
+  Domain& together = *RunningOf(*loaded.row).domain;
+  const bool is_same = is_loaded && isolated->FingerprintOf(id) == together.FingerprintOf(id);
+  if (is_same) loaded.isolated = std::move(isolated);
 }
 
-std::function<bool(const Host::Loaded&)> Host::Meaning(
+std::function<bool(const Host::Loaded&)> Host::SourceMatcher(
     const std::optional<std::string>& text) const {
   const bool is_id = std::any_of(loaded_.begin(), loaded_.end(), [&text](const Loaded& loaded) {
     return text == loaded.source.id;
@@ -117,28 +138,28 @@ std::function<bool(const Host::Loaded&)> Host::Meaning(
   };
 }
 
-std::vector<Host::Loaded*> Host::Meant(const std::optional<std::string>& text) {
-  const auto is_meant = Meaning(text);
-  std::vector<Loaded*> meant;
+std::vector<Host::Loaded*> Host::MatchingSources(const std::optional<std::string>& text) {
+  const auto matches = SourceMatcher(text);
+  std::vector<Loaded*> matching;
   for (const DomainRow& row : table_) {
-    const auto begin = static_cast<std::ptrdiff_t>(meant.size());
+    const auto begin = static_cast<std::ptrdiff_t>(matching.size());
     for (Loaded& loaded : loaded_) {
-      if (loaded.row == &row && is_meant(loaded)) meant.push_back(&loaded);
+      if (loaded.row == &row && matches(loaded)) matching.push_back(&loaded);
     }
-    std::sort(meant.begin() + begin, meant.end(), [](const Loaded* left, const Loaded* right) {
-      return left->source.id < right->source.id;
-    });
+    std::sort(
+        matching.begin() + begin, matching.end(),
+        [](const Loaded* left, const Loaded* right) { return left->source.id < right->source.id; });
   }
-  return meant;
+  return matching;
 }
 
 std::size_t Host::Delete(const std::string& text) {
   std::size_t deleted = 0;
-  for (const Loaded* const meant : Meant(text)) {
-    const bool is_gone = !RunningOf(*meant->row).domain->DeleteSource(meant->source.id);
+  for (const Loaded* const loaded : MatchingSources(text)) {
+    const bool is_gone = !RunningOf(*loaded->row).domain->DeleteSource(loaded->source.id);
     deleted += is_gone ? 1 : 0;
   }
-  loaded_.erase(std::remove_if(loaded_.begin(), loaded_.end(), Meaning(text)), loaded_.end());
+  loaded_.erase(std::remove_if(loaded_.begin(), loaded_.end(), SourceMatcher(text)), loaded_.end());
   for (Running& running : domains_) {
     running.has_sources =
         std::any_of(loaded_.begin(), loaded_.end(),
@@ -148,11 +169,11 @@ std::size_t Host::Delete(const std::string& text) {
 }
 
 std::vector<ReloadReport> Host::Reload(const std::optional<std::string>& text) {
-  const std::vector<Loaded*> meant = Meant(text);
+  const std::vector<Loaded*> matching = MatchingSources(text);
   std::vector<ReloadReport> reports;
   for (Running& running : domains_) {
     std::vector<Loaded*> sources;
-    std::copy_if(meant.begin(), meant.end(), std::back_inserter(sources),
+    std::copy_if(matching.begin(), matching.end(), std::back_inserter(sources),
                  [&running](const Loaded* loaded) { return loaded->row == running.row; });
     if (sources.empty()) continue;
     boost::optional<std::string> id;
@@ -168,16 +189,16 @@ std::vector<ReloadReport> Host::ReloadIn(Running& running, const std::vector<Loa
                                          const boost::optional<std::string>& id) {
   Names before;
   for (const Loaded* const loaded : sources) {
-    before.push_back(FingerprintOf(*running.domain, loaded->source.id));
+    before.push_back(running.domain->FingerprintOf(loaded->source.id));
   }
   if (!IsInterrupted()) running.domain->ReloadSource(id);
   std::vector<ReloadReport> reports;
   std::string failed;
   for (std::size_t i = 0; i < sources.size(); ++i) {
     if (IsInterrupted()) {
-      const bool is_changed = FingerprintOf(*running.domain, sources[i]->source.id) != before[i];
-      // What it holds is read once it is asked for.
-      if (is_changed) sources[i]->alone = nullptr;
+      const bool is_changed = running.domain->FingerprintOf(sources[i]->source.id) != before[i];
+      // What it holds is loaded when it is asked for.
+      if (is_changed) sources[i]->isolated = nullptr;
       continue;
     }
     reports.push_back(ReportOf(running, *sources[i], before[i], failed));
@@ -188,13 +209,13 @@ std::vector<ReloadReport> Host::ReloadIn(Running& running, const std::vector<Loa
 ReloadReport Host::ReportOf(Running& running, Loaded& loaded, const std::string& before,
                             std::string& failed) {
   const SourceArgument& source = loaded.source;
-  const std::string after = FingerprintOf(*running.domain, source.id);
+  const std::string after = running.domain->FingerprintOf(source.id);
   ReloadReport report{
       source.id, ShownName(source), running.row->name, ReloadReport::State::kSame, {}, {}, {}};
-  auto alone = running.row->make();
-  report.problems = LoadInto(*alone, *running.row, source).problems;
+  auto isolated = running.row->make();
+  report.problems = LoadInto(*isolated, *running.row, source).problems;
   const bool loads = report.problems.empty();
-  const bool is_answered = loads && FingerprintOf(*alone, source.id) == after;
+  const bool is_answered = loads && isolated->FingerprintOf(source.id) == after;
   if (after != before) {
     report.state = ReloadReport::State::kChanged;
     report.problems.clear();
@@ -205,27 +226,31 @@ ReloadReport Host::ReportOf(Running& running, Loaded& loaded, const std::string&
       report.moved_to = row->name;
       report.problems.clear();
     }
-    if (loads) report.behind = failed;
+    if (loads) report.stopped_by = failed;
   }
-  if (is_answered) loaded.alone = std::move(alone);
+  if (is_answered) loaded.isolated = std::move(isolated);
   if (!loads && failed.empty()) failed = source.id;
   return report;
 }
 
-Names Host::SourceIds() const {
+Names Host::SourceIds(bool with_domains) const {
   std::set<std::string> ids;
-  for (const Loaded& loaded : loaded_) ids.insert(loaded.source.id);
+  for (const Loaded& loaded : loaded_) {
+    ids.insert((with_domains ? loaded.row->name + ":" : "") + loaded.source.id);
+  }
   return {ids.begin(), ids.end()};
 }
 
-std::vector<FoundKind> Host::FindKinds(const std::string& text) const {
+std::vector<FoundKind> Host::FindKinds(const std::string& text, IdsOf ids_of) const {
   std::vector<FoundKind> found;
   for (const bool has_sources : {true, false}) {
     for (const Running& running : domains_) {
       if (running.has_sources != has_sources) continue;
-      for (const Kind& kind : running.domain->Kinds()) {
-        if (Means(text, running.row->name, kind))
-          found.push_back({running.row, &kind, has_sources, &running.domain->Kinds()});
+      const std::vector<Kind>& kinds = running.domain->Kinds();
+      for (const Kind& kind : kinds) {
+        if (!MatchesKind(text, running.row->name, kind)) continue;
+        const std::optional<IdCount> ids = ids_of == nullptr ? IdCount{} : ids_of(kind);
+        if (ids) found.push_back({running.row, &kind, *ids, has_sources, &kinds});
       }
     }
   }
@@ -246,9 +271,9 @@ Names Host::KindNames() const {
 
 std::vector<SourceOutline> Host::Outlines(std::vector<LoadReport>& failures) {
   std::vector<SourceOutline> outlines;
-  for (const Loaded* const loaded : Meant(std::nullopt)) {
-    if (loaded->alone) {
-      outlines.push_back({loaded->source, loaded->row, loaded->alone->MakeOutline()});
+  for (const Loaded* const loaded : MatchingSources(std::nullopt)) {
+    if (loaded->isolated) {
+      outlines.push_back({loaded->source, loaded->row, loaded->isolated->MakeOutline()});
       continue;
     }
     const std::unique_ptr<Domain> domain = loaded->row->make();
@@ -277,13 +302,21 @@ std::vector<Section> Host::About(const DomainRow& row, const Subject& subject) c
   return sections;
 }
 
-std::optional<Outcome<UsagePage>> Host::Usage(const Names& words, const DomainRow*& row) const {
+std::optional<UsageAnswer> Host::Usage(const Names& words) const {
   for (const Running& running : domains_) {
     if (!running.has_sources) continue;
-    row = running.row;
-    if (auto usage = running.domain->Usage(words)) return usage;
+    if (auto page = running.domain->Usage(words)) return UsageAnswer{running.row, *page};
   }
   return std::nullopt;
+}
+
+Names Host::UsageNames() const {
+  Names names;
+  for (const Running& running : domains_) {
+    const Names known = running.domain->UsageNames();
+    names.insert(names.end(), known.begin(), known.end());
+  }
+  return names;
 }
 
 LoadReport LoadAlone(const std::string& path, const DomainTable& table) {

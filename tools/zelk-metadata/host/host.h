@@ -31,14 +31,18 @@ struct LoadReport {
   std::vector<Problem> problems;
 };
 
-/// "FILE: TEXT [ID]", with the position behind the file's name where there is one, and behind the
-/// id the arguments that the text does not show.
+/// "FILE: TEXT [ID]", with the position after the file's name if it is known, and after the id the
+/// arguments that the text does not show.
 std::string ProblemLine(const std::string& file, const Problem& problem);
+
+/// How many ids a command takes for the kind; nothing for a kind that it does not know.
+using IdsOf = std::optional<IdCount> (*)(const Kind& kind);
 
 /// A kind that the user may mean.
 struct FoundKind {
   const DomainRow* row;
   const Kind* kind;
+  IdCount ids;
 
   /// Whether its domain has loaded something.
   bool has_sources;
@@ -46,11 +50,15 @@ struct FoundKind {
   /// All kinds of its domain.
   const std::vector<Kind>* kinds;
 
-  /// How the names of a kind of its domain are listed; null when there is none.
-  const Query<Names>* ListOf(const std::string& name) const;
+  /// " SERVICE OPERATION", with brackets round an id that may be left out.
+  std::string IdsText() const;
+
+  /// The names that the id at `index` may be, if `before` are the ids before it. Empty if they
+  /// cannot be listed.
+  std::optional<Names> NamesAt(std::size_t index, const Ids& before) const;
 };
 
-/// What one of the loaded sources holds, whatever the others hold.
+/// What one of the loaded sources holds by itself.
 struct SourceOutline {
   SourceArgument source;
   const DomainRow* row;
@@ -60,10 +68,10 @@ struct SourceOutline {
 /// How a reload left one source.
 struct ReloadReport {
   enum class State {
-    /// The file is the one that was loaded.
+    /// The file did not change.
     kSame,
     kChanged,
-    /// The file is another one, but the old data is still what is answered.
+    /// The file differs, but the old data is still in use.
     kKept,
   };
 
@@ -73,27 +81,34 @@ struct ReloadReport {
   State state;
 
   /// Why it was kept: the name of the domain that the file belongs to now; or what is wrong with
-  /// the file; or, if nothing is, the id of the source that failed before it, which keeps a domain
-  /// from going on; or none of these, if the file has changed meanwhile.
+  /// the file; or, if nothing is, the id of the source whose failure stopped the domain's reload;
+  /// or none of these, if the file has changed meanwhile.
   std::string moved_to;
   std::vector<Problem> problems;
-  std::string behind;
+  std::string stopped_by;
 };
 
-/// How long a host is used.
+/// What a host is asked, which decides how it loads sources.
 enum class HostUse {
-  /// For one answer.
-  kOnce,
-  /// For many, while files change. What each source holds is kept beside what all hold together,
-  /// so that everything is answered from the data that is loaded.
+  /// What all sources say together: each is loaded into the container of its domain.
+  kAnswers,
+  /// What each source holds by itself: each is loaded into a container of its own.
+  kOutlines,
+  /// Both, while files change. Each source is loaded twice, so that everything is answered from the
+  /// data that is loaded and not from the files.
   kSession,
 };
 
-/// Every domain of a table at work.
+struct UsageAnswer {
+  const DomainRow* row;
+  Outcome<UsagePage> page;
+};
+
+/// All domains of a table, each with a container.
 class Host {
  public:
   /// The table must not be empty and must outlive the host.
-  explicit Host(const DomainTable& table, HostUse use = HostUse::kOnce);
+  explicit Host(const DomainTable& table, HostUse use = HostUse::kAnswers);
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
   ~Host();
@@ -101,36 +116,43 @@ class Host {
   /// Loads the file into the domain that it belongs to.
   LoadReport Load(const SourceArgument& source);
 
-  /// Forgets the source of that id, in every domain that has one; unless there is such an id, the
-  /// one of the domain that stands before it in "DOMAIN:ID". Answers how many there were.
+  /// Deletes the source with that id from every domain. If no source has that id, `text` is taken
+  /// as DOMAIN:ID. Returns the number of sources deleted.
   std::size_t Delete(const std::string& text);
 
-  /// Loads the sources that Delete() would forget once more, or all of them without a text.
-  /// Nothing, if there is none; not all, once Ctrl-C was pressed in a session.
+  /// Reloads the sources that Delete() would delete, or all of them without a text. The result is
+  /// empty if there are none, and not complete after Ctrl-C in a session.
   std::vector<ReloadReport> Reload(const std::optional<std::string>& text);
 
-  /// The ids of all sources, those of several domains once.
-  Names SourceIds() const;
+  /// The ids of all sources, each once; with their domains as DOMAIN:ID.
+  Names SourceIds(bool with_domains = false) const;
 
   /// The kinds that the user may mean by `text`, a kind's name or its plural, with or without
-  /// "DOMAIN:" before it. Domains that have loaded something come first.
-  std::vector<FoundKind> FindKinds(const std::string& text) const;
+  /// "DOMAIN:" before it; with `ids_of` only those that it knows. Domains that have loaded
+  /// something come first.
+  std::vector<FoundKind> FindKinds(const std::string& text, IdsOf ids_of = nullptr) const;
 
   /// The names of all kinds, each once.
   Names KindNames() const;
 
   /// What each source holds, in the order in which the services walk them: domain by domain, in
-  /// each by id. Outside of a session every source is loaded once more for that; one that cannot be
-  /// loaded any more is reported in `failures`.
+  /// each by id. A source that was not loaded by itself is loaded now; if that fails, it is
+  /// reported in `failures`.
   std::vector<SourceOutline> Outlines(std::vector<LoadReport>& failures);
 
-  /// What the domains with sources, but the one of `row`, have to say about a thing of that one.
-  /// What is around the thing is asked of all of them.
+  /// For HostUse::kOutlines: loads every source into the container of its domain, too.
+  void LoadTogether();
+
+  /// What the other domains with sources than that of `row` know about a thing of that one. All of
+  /// them are asked for its parents.
   std::vector<Section> About(const DomainRow& row, const Subject& subject) const;
 
   /// The help for the words from the first domain with sources that describes a client. Empty
   /// without one.
-  std::optional<Outcome<UsagePage>> Usage(const Names& words, const DomainRow*& row) const;
+  std::optional<UsageAnswer> Usage(const Names& words) const;
+
+  /// The names that Usage() knows.
+  Names UsageNames() const;
 
  private:
   struct Running;
@@ -139,22 +161,25 @@ class Host {
     SourceArgument source;
     const DomainRow* row;
 
-    /// In a session, a domain with nothing but this source.
-    std::unique_ptr<Domain> alone;
+    /// A domain that holds only this source; null if its file changed while it was loaded.
+    std::unique_ptr<Domain> isolated;
   };
 
   Running& RunningOf(const DomainRow& row);
 
-  /// Tells whether a source is one that the user means.
-  std::function<bool(const Loaded&)> Meaning(const std::optional<std::string>& text) const;
+  /// Whether a source is one that the user means; all are without a text.
+  std::function<bool(const Loaded&)> SourceMatcher(const std::optional<std::string>& text) const;
 
-  /// Those that the user means, in the order in which the services walk them.
-  std::vector<Loaded*> Meant(const std::optional<std::string>& text);
+  /// The sources that match, in the order in which the services walk them.
+  std::vector<Loaded*> MatchingSources(const std::optional<std::string>& text);
 
-  /// Keeps what the source holds, read once more. Nothing, if that is not what is answered.
-  void KeepAlone(Loaded& loaded);
+  /// Loads the source where its use needs it.
+  LoadReport LoadFor(Loaded& loaded);
 
-  /// Loads those sources of one domain once more, by one call of its service.
+  /// Loads what the source holds by itself in a session, unless the file has changed.
+  void Isolate(Loaded& loaded);
+
+  /// Reloads those sources of one domain by one call of its service.
   std::vector<ReloadReport> ReloadIn(Running& running, const std::vector<Loaded*>& sources,
                                      const boost::optional<std::string>& id);
 
@@ -169,7 +194,7 @@ class Host {
   const DomainTable& table_;
 };
 
-/// Loads a file all by itself, to see whether it can be loaded.
+/// Loads a file by itself, to see whether it can be loaded.
 LoadReport LoadAlone(const std::string& path, const DomainTable& table);
 
 }  // namespace Zelk::Tool

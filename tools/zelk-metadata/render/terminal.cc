@@ -1,21 +1,19 @@
 #include "render/terminal.h"
 
-#include <charconv>
 #include <cstdlib>
 #include <cstring>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include "render/text.h"
+
 namespace Zelk::Tool {
 namespace {
 
 std::size_t WidthOf(int descriptor) {
-  if (const char* const columns = std::getenv("COLUMNS")) {
-    std::size_t width = 0;
-    const char* const end = columns + std::strlen(columns);
-    const auto parsed = std::from_chars(columns, end, width);
-    if (parsed.ec == std::errc() && parsed.ptr == end && width > 0) return width;
-  }
+  const char* const columns = std::getenv("COLUMNS");
+  const std::uint64_t width = columns == nullptr ? 0 : ParseNumber(columns).value_or(0);
+  if (width > 0) return width;
   winsize size{};
   if (ioctl(descriptor, TIOCGWINSZ, &size) != 0) return 0;
   return size.ws_col;

@@ -5,7 +5,7 @@
 
 namespace Zelk::Tool {
 
-/// What stands at the other end of a stream. As it is made, no terminal: text goes out as it is.
+/// Where a stream ends. By default not a terminal: text is written unchanged.
 struct Terminal {
   bool is_terminal = false;
 
@@ -15,8 +15,8 @@ struct Terminal {
   bool colours = false;
 };
 
-/// That of a file descriptor. The width is that of COLUMNS, or else of the terminal; colours are
-/// used unless NO_COLOR is set to anything but nothing or the terminal is a dumb one.
+/// That of a file descriptor. The width is COLUMNS, or else the terminal's own. Colours are off if
+/// NO_COLOR is set and not empty, or TERM is "dumb".
 Terminal TerminalOf(int descriptor);
 
 /// The text in bold where colours are used.

@@ -1,7 +1,7 @@
 #include "shell/dialogue.h"
 
 #include <algorithm>
-#include <iostream>
+#include <ostream>
 #include <streambuf>
 #include <unistd.h>
 
@@ -12,7 +12,7 @@
 namespace Zelk::Tool {
 namespace {
 
-/// Throws away what is written once Ctrl-C was pressed.
+/// Drops what is written after Ctrl-C.
 class UntilInterrupted : public std::streambuf {
  public:
   explicit UntilInterrupted(std::streambuf& target) : target_(target) {}
@@ -24,7 +24,7 @@ class UntilInterrupted : public std::streambuf {
   }
 
   std::streamsize xsputn(const char* text, std::streamsize size) override {
-    // In pieces, as one long text may take long, too.
+    // In pieces, since one long text may take long, too.
     constexpr std::streamsize kPiece = 4096;
     for (std::streamsize at = 0; at < size && !IsInterrupted(); at += kPiece) {
       const std::streamsize piece = std::min(kPiece, size - at);
@@ -41,14 +41,12 @@ class UntilInterrupted : public std::streambuf {
 
 }  // namespace
 
-bool IsDialogue(const Streams& streams) {
-  return &streams.in == &std::cin && isatty(STDIN_FILENO) != 0 && streams.out_terminal.is_terminal;
-}
-
-void RunDialogue(const std::vector<std::string>& sources, const Streams& streams) {
+void RunDialogue(const Language& language, const std::vector<std::string>& sources,
+                 const Streams& streams) {
   UntilInterrupted buffer(*streams.out.rdbuf());
   std::ostream out(&buffer);
-  Session session({streams.in, out, streams.err, streams.out_terminal, streams.err_terminal});
+  Session session(language,
+                  {streams.in, out, streams.err, streams.out_terminal, streams.err_terminal});
   session.Load(sources);
   Prompt prompt(session);
   for (std::string line; !session.HasEnded() && prompt.Read(line);) {

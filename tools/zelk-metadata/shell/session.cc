@@ -5,8 +5,8 @@
 #include <fmt/format.h>
 #include <ostream>
 
-#include "commands/sources.h"
 #include "domains/table.h"
+#include "language/sources.h"
 #include "render/page.h"
 #include "render/utf8.h"
 #include "shell/line.h"
@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What the paths can become that begin with `typed`; folders end in '/', so that they can go on.
+/// The paths that begin with `typed`; folders end in '/', so that typing can go on.
 std::vector<Choice> Paths(const std::string& typed, const std::string& before) {
   const std::string folder = typed.substr(0, typed.rfind('/') + 1);
   const std::string name = typed.substr(folder.size());
@@ -57,35 +57,19 @@ std::string CommonBeginning(const std::vector<Choice>& choices) {
 
 }  // namespace
 
-Session::Session(const Streams& streams) : host_(Domains(), HostUse::kSession), streams_(streams) {
-  streams_.session = &host_;
-}
+Session::Session(const Language& language, const Streams& streams)
+    : language_(language), streams_(streams), state_{Host(Domains(), HostUse::kSession)} {}
 
 bool Session::Load(const std::vector<std::string>& sources) {
-  Arguments arguments;
-  arguments.sources = sources;
-  return LoadSources(host_, arguments, streams_);
+  return LoadSources(state_.host, sources, streams_);
 }
 
 ExitStatus Session::Run(const std::string& line) {
   const SplitLine split = Split(line);
   if (split.words.empty()) return ExitStatus::kOk;
-  if (split.is_open) {
-    PrintError(streams_.err, "a quote is not closed");
-    return ExitStatus::kUsage;
-  }
-  const ParsedArguments parsed = ParseArguments(split.words, SessionLanguage());
-  if (parsed.command != nullptr) {
-    const std::string& name = parsed.command->description.name;
-    has_ended_ = name == "quit" || name == "exit";
-    return parsed.command->run(parsed.arguments, streams_);
-  }
-  if (!parsed.error.empty()) {
-    PrintError(streams_.err, parsed.error);
-    return ExitStatus::kUsage;
-  }
-  streams_.out << parsed.help;
-  return ExitStatus::kOk;
+  if (!split.is_open) return Perform(split.words, language_, streams_, &state_);
+  PrintError(streams_.err, "a quote is not closed");
+  return ExitStatus::kUsage;
 }
 
 LineCompletion Session::Complete(const std::string& line) const {
@@ -93,8 +77,10 @@ LineCompletion Session::Complete(const std::string& line) const {
   if (split.is_comment) return {};
   if (split.last_word == line.size()) split.words.emplace_back();
   const std::string typed = split.words.back();
-  const auto host_of = [this](const std::vector<std::string>&) -> const Host& { return host_; };
-  const Completion completion = Tool::Complete(split.words, SessionLanguage(), host_of);
+  const auto host_of = [this](const std::vector<std::string>&) -> const Host& {
+    return state_.host;
+  };
+  const Completion completion = Tool::Complete(split.words, language_, host_of);
   std::vector<Choice> choices = ChoicesOf(completion, typed);
   choices.erase(
       std::remove_if(choices.begin(), choices.end(),

@@ -3,13 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "commands/command.h"
 #include "complete/completion.h"
-#include "host/host.h"
+#include "language/invocation.h"
 
 namespace Zelk::Tool {
 
-/// What the user can be helped with at the end of a line.
+/// How the end of a line can be completed.
 struct LineCompletion {
   /// How many bytes at the end of the line are replaced, and what by.
   std::size_t replaced = 0;
@@ -19,35 +18,32 @@ struct LineCompletion {
   std::vector<Choice> choices;
 };
 
-/// Questions and changes, one line each, on containers that stay loaded. Knows nothing of how the
-/// lines come about.
+/// Runs lines, each a question or a change, on sources that stay loaded. Where the lines come from
+/// is not its concern.
 class Session {
  public:
-  /// Where the streams tell, the answers go. Their own session is not looked at.
-  explicit Session(const Streams& streams);
+  /// The language must outlive the session. Answers are written to `streams`.
+  Session(const Language& language, const Streams& streams);
 
   /// Loads the values of --source. False if one failed.
   bool Load(const std::vector<std::string>& sources);
 
-  /// Has the answers that follow fit the terminal as it is now.
+  /// The answers that follow are for this terminal.
   void Fit(const Terminal& terminal) { streams_.out_terminal = terminal; }
 
-  /// Does what the line says. An empty one says nothing.
+  /// Runs a line. An empty one does nothing.
   ExitStatus Run(const std::string& line);
 
-  /// Whether a line has said that it is over.
-  bool HasEnded() const { return has_ended_; }
+  /// Whether a line ended the session.
+  bool HasEnded() const { return state_.has_ended; }
 
-  /// What can be typed behind the line.
+  /// The completions of the line.
   LineCompletion Complete(const std::string& line) const;
 
  private:
-  Host host_;
+  const Language& language_;
   Streams streams_;
-  bool has_ended_ = false;
+  SessionState state_;
 };
-
-/// What can be said in a session.
-const Language& SessionLanguage();
 
 }  // namespace Zelk::Tool

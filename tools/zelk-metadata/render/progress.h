@@ -10,8 +10,8 @@
 
 namespace Zelk::Tool {
 
-/// Tells on a terminal what is being done, as soon as it lasts long, and takes it back at the end.
-/// Nothing else may write to the stream meanwhile.
+/// Shows on a terminal what is being done, once it takes long, and removes it at the end. Nothing
+/// else may write to the stream meanwhile.
 class Progress {
  public:
   /// Silent when `shown` is false.
@@ -21,7 +21,7 @@ class Progress {
   ~Progress();
 
   /// What is being done from now on.
-  void Tell(const std::string& text);
+  void Show(const std::string& text);
 
  private:
   void Watch(std::chrono::milliseconds patience);

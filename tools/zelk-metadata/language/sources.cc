@@ -1,17 +1,18 @@
-#include "commands/sources.h"
+#include "language/sources.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include "commands/progress.h"
 #include "host/interrupt.h"
+#include "render/page.h"
+#include "render/progress.h"
 
 namespace Zelk::Tool {
 namespace {
 
 constexpr std::chrono::milliseconds kPatience{500};
 
-/// What became of all sources together.
+/// How the sources loaded.
 struct Tally {
   std::size_t total = 0;
   Names complaints;
@@ -28,7 +29,7 @@ void Add(Tally& tally, const LoadReport& report) {
 
 void Load(Host& host, const SourceArgument& argument, std::istream& in, Progress& progress,
           Tally& tally) {
-  progress.Tell(fmt::format("reading {} ...", ShownName(argument)));
+  progress.Show(fmt::format("reading {} ...", ShownName(argument)));
   const Expansion expansion = Expand(argument, in);
   for (const std::string& complaint : expansion.complaints) {
     ++tally.total;
@@ -38,7 +39,7 @@ void Load(Host& host, const SourceArgument& argument, std::istream& in, Progress
   for (const SourceArgument& source : expansion.sources) {
     if (IsInterrupted()) return;
     ++tally.total;
-    progress.Tell(fmt::format("loading {} ...", ShownName(source)));
+    progress.Show(fmt::format("loading {} ...", ShownName(source)));
     Add(tally, host.Load(source));
   }
 }
@@ -52,17 +53,11 @@ void Complain(const Tally& tally, const Streams& streams) {
 
 }  // namespace
 
-bool MayReadInput(const Streams& streams) {
-  if (streams.session == nullptr) return true;
-  PrintError(streams.err, "standard input is where the lines of the session come from");
-  return false;
-}
-
-bool LoadSources(Host& host, const Arguments& arguments, const Streams& streams) {
+bool LoadSources(Host& host, const std::vector<std::string>& sources, const Streams& streams) {
   Tally tally;
   {
     Progress progress(streams.err, streams.err_terminal.is_terminal, kPatience);
-    for (const std::string& source : arguments.sources) {
+    for (const std::string& source : sources) {
       Load(host, ParseSourceArgument(source), streams.in, progress, tally);
     }
   }
@@ -74,7 +69,7 @@ bool LoadOutlines(Host& host, std::vector<SourceOutline>& outlines, const Stream
   std::vector<LoadReport> failures;
   {
     Progress progress(streams.err, streams.err_terminal.is_terminal, kPatience);
-    progress.Tell("looking into every source ...");
+    progress.Show("looking into every source ...");
     outlines = host.Outlines(failures);
   }
   Tally tally;

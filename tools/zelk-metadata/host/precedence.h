@@ -15,23 +15,20 @@ struct Holder {
   const Entry& Held() const { return source->outline[index]; }
 };
 
-/// Who answers for a name that one or more sources hold.
+/// Which of the sources that hold a name answers for it.
 struct Decision {
-  /// More than one only where names alone are answered; none where a source passes all others over
-  /// that does not hold the name itself.
+  /// Has several elements only for rules that merge names; empty if the deciding source does not
+  /// hold the name.
   std::vector<Holder> answering;
 
   std::vector<Holder> passed_over;
 };
 
-/// Nobody, if none of the sources holds it. The sources must be in the order in which the services
-/// walk them.
+/// Empty if no source holds the name. The sources must be in the order in which the services walk
+/// them.
 Decision Decide(const std::vector<SourceOutline>& sources, const FoundKind& found, const Ids& ids);
 
-/// The rule in words. Empty for Rule::kNone.
-std::string RuleText(Rule rule);
-
-/// What the thing is in: "package com.acme.inventory"; empty for what is in nothing.
+/// The parent, as in "package com.acme.inventory"; empty at the top.
 std::string PlaceText(const Holder& holder);
 
 }  // namespace Zelk::Tool

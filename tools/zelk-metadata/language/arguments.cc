@@ -1,4 +1,4 @@
-#include "arguments.h"
+#include "language/arguments.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -8,9 +8,9 @@
 #include <type_traits>
 #include <variant>
 
-#include "commands/about.h"
-#include "commands/command.h"
-#include "host/near.h"
+#include "language/about.h"
+#include "language/command.h"
+#include "render/near.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -18,8 +18,8 @@ namespace {
 constexpr char kSharedOptions[] =
     "The options that zelk-metadata --help shows may be given here, too.";
 
-// The parser reads an operand such as [a,b] as a list of two. A byte in front, taken off again
-// afterwards, keeps every operand what it is.
+// The parser reads an operand such as [a,b] as a list of two. A byte in front, removed after
+// parsing, prevents that.
 constexpr char kShield = '\x01';
 
 std::string Shielded(const std::string& arg) {
@@ -42,7 +42,7 @@ std::string NumberComplaint(const std::string& text) {
   // As many digits as always fit.
   const bool is_number = !text.empty() && text.size() <= 18 &&
                          text.find_first_not_of("0123456789") == std::string::npos;
-  return is_number ? std::string() : "'" + text + "' is no number, or too large";
+  return is_number ? std::string() : "'" + text + "' is not a number or is too large";
 }
 
 void Declare(CLI::App& app, const OptionDescription& option, Arguments& arguments) {
@@ -73,7 +73,7 @@ void Declare(CLI::App& app, const OperandDescription& operand, Arguments& argume
       operand.target);
 }
 
-void Declare(CLI::App& app, const CommandDescription& command, const Language& language,
+void Declare(CLI::App& app, const Command& command, const Language& language,
              Arguments& arguments) {
   CLI::App* const subcommand = app.add_subcommand(command.name, command.summary);
   subcommand->fallthrough();
@@ -89,7 +89,7 @@ void Declare(CLI::App& app, const CommandDescription& command, const Language& l
 std::string Tour(const Language& language) {
   std::string tour = "Examples:\n";
   for (const Command& command : language.commands) {
-    tour += "  " + language.program + command.description.example + '\n';
+    tour += "  " + language.program + command.example + '\n';
   }
   return tour;
 }
@@ -99,16 +99,16 @@ void Declare(CLI::App& app, const Language& language, Arguments& arguments) {
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app.set_version_flag("--version", "zelk-metadata " ZELK_METADATA_VERSION, "Print the version");
   for (const auto& option : language.options) Declare(app, option, arguments);
-  // Unknown words are left over, so that the complaint about them can be ours. At most one command,
-  // so that an id may be called like another command.
+  // Unknown words are left over, so that we print the error. At most one command, so that an id may
+  // have the name of another command.
   app.allow_extras();
   app.require_subcommand(0, 1);
   for (const Command& command : language.commands) {
-    Declare(app, command.description, language, arguments);
+    Declare(app, command, language, arguments);
   }
 }
 
-/// What tells more, about the command or, without one, about all of them.
+/// What to type for the help of the command or, without one, of all.
 std::string Help(const Language& language, const std::string& command = "") {
   const bool is_session = language.program.empty();
   const std::string blank = command.empty() ? "" : " ";
@@ -122,7 +122,7 @@ std::string LeftOver(const CLI::App& app, const Language& language, const std::s
     return fmt::format("{}; try {}", UnknownCommand(language, word), Help(language));
   }
   const std::string name = app.get_subcommands().front()->get_name();
-  return fmt::format("{} has no use for '{}'; try {}", name, word, Help(language, name));
+  return fmt::format("unexpected argument '{}'; try {}", word, Help(language, name));
 }
 
 std::string Complaint(const CLI::App& app, const Language& language) {
@@ -135,8 +135,8 @@ std::string Complaint(const CLI::App& app, const Language& language) {
   return app.get_subcommands().empty() ? "a command is missing; try " + Help(language) : "";
 }
 
-/// Makes --output and --json agree. Answers what is wrong with them.
-std::string Reconcile(Arguments& arguments, const CommandDescription& command) {
+/// Makes --output and --json agree. Returns what is wrong with them.
+std::string Reconcile(Arguments& arguments, const Command& command) {
   const std::string& output = arguments.output;
   if (arguments.json && !output.empty() && output != "json") {
     return fmt::format("--json and --output {} contradict each other", output);
@@ -149,16 +149,32 @@ std::string Reconcile(Arguments& arguments, const CommandDescription& command) {
                      output);
 }
 
+const Command* FindIn(const std::vector<Command>& commands, const std::string& name) {
+  const auto found = std::find_if(commands.begin(), commands.end(),
+                                  [&](const Command& command) { return command.name == name; });
+  return found == commands.end() ? nullptr : &*found;
+}
+
 }  // namespace
 
 std::string UnknownCommand(const Language& language, const std::string& word) {
   std::vector<std::string> known;
-  for (const Command& command : language.commands) known.push_back(command.description.name);
+  for (const Command& command : language.commands) known.push_back(command.name);
   return fmt::format("unknown command '{}'{}", word, Suggestion(NearNames(word, known)));
+}
+
+const Command* Language::Find(const std::string& name) const {
+  return FindIn(commands, name);
 }
 
 ParsedArguments ParseArguments(const std::vector<std::string>& args, const Language& language) {
   ParsedArguments parsed;
+  const bool may_be_hidden = args.size() > 1 && args[1] == "--";
+  parsed.command = may_be_hidden ? FindIn(language.hidden, args[0]) : nullptr;
+  if (parsed.command != nullptr) {
+    parsed.arguments.ids.assign(args.begin() + 2, args.end());
+    return parsed;
+  }
   const std::string name = language.program.substr(0, language.program.find(' '));
   CLI::App app(kDescription, name);
   Declare(app, language, parsed.arguments);
@@ -173,15 +189,15 @@ ParsedArguments ParseArguments(const std::vector<std::string>& args, const Langu
     parsed.help = out.str();
     return parsed;
   } catch (const CLI::ParseError& error) {
-    // What is left over explains more: it is why the rest seems to be missing.
+    // What is left over explains more: because of it, the rest seems to be missing.
     parsed.error = app.remaining(true).empty() ? error.what() : Complaint(app, language);
     return parsed;
   }
   parsed.error = Complaint(app, language);
   if (!parsed.error.empty()) return parsed;
   Unshield(parsed.arguments);
-  const Command& chosen = *FindCommand(language, app.get_subcommands().front()->get_name());
-  parsed.error = Reconcile(parsed.arguments, chosen.description);
+  const Command& chosen = *language.Find(app.get_subcommands().front()->get_name());
+  parsed.error = Reconcile(parsed.arguments, chosen);
   if (parsed.error.empty()) parsed.command = &chosen;
   return parsed;
 }

@@ -1,4 +1,4 @@
-#include "domains/source_record.h"
+#include "domains/source_domain.h"
 
 #include "domains/enum_text.h"
 

@@ -1,36 +1,19 @@
 #pragma once
 
 #include <cstddef>
-#include <iosfwd>
-#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
-#include "arguments.h"
-#include "exit_status.h"
-#include "host/domain.h"
-#include "render/terminal.h"
+#include "host/host.h"
+#include "language/arguments.h"
+#include "language/exit_status.h"
 
-// What the program can be asked to do. The description of a command is all that is known of it: the
-// parser of the command line, --help, the completion of words and the manual page are made from it.
+// What the program can be asked to do.
 
 namespace Zelk::Tool {
 
-class Host;
-
-/// Where a command reads, answers and complains.
-struct Streams {
-  std::istream& in;
-  std::ostream& out;
-  std::ostream& err;
-  Terminal out_terminal = {};
-  Terminal err_terminal = {};
-
-  /// The sources of the session that the command is given in; null outside of sessions, where
-  /// each command loads its own.
-  Host* session = nullptr;
-};
+class Invocation;
 
 /// What a word of the command line stands for.
 enum class Word {
@@ -43,15 +26,15 @@ enum class Word {
   kPath,
   /// "[ID=]PATH", where "-" is standard input.
   kSource,
-  /// A kind of the domains, alone or behind "DOMAIN:".
+  /// A kind of the domains, alone or after "DOMAIN:".
   kKind,
   /// An id of the kind before it.
   kId,
-  /// A part of the name of a namespace or command of the domain CLI.
-  kCliName,
+  /// A part of a name that Host::UsageNames() lists.
+  kUsageName,
   /// The id of a message of the library.
   kMessageId,
-  /// The id of a source that is loaded, alone or behind "DOMAIN:".
+  /// The id of a loaded source, alone or after "DOMAIN:".
   kSourceId,
   /// The name of a command.
   kCommand,
@@ -84,60 +67,75 @@ struct OperandDescription {
   bool required;
   std::string summary;
 
-  /// A list takes all words that are left, which the last operand only may do.
+  /// A list takes all remaining words, so it must be the last operand.
   Target target;
 
   /// For Word::kChoice.
   std::vector<std::string> choices = {};
+
+  bool TakesAll() const {
+    return std::holds_alternative<std::vector<std::string> Arguments::*>(target);
+  }
 };
 
-/// Whether it takes all words that are left.
-bool TakesAll(const OperandDescription& operand);
+/// Where a command can be given.
+enum class Scope {
+  kEverywhere,
+  kProgram,
+  kSession,
+  /// By scripts, on the program's command line: no help or completion shows it, and its words,
+  /// which follow "--", are not parsed.
+  kHidden,
+};
 
-struct CommandDescription {
+/// One command. The parser, --help, completion and the manual page are made from these members.
+struct Command {
   std::string name;
 
   /// One line of --help.
   std::string summary;
 
   /// What --help of the command says in addition; lines of at most 100 characters.
-  std::string details;
+  std::string details = {};
 
-  std::vector<OperandDescription> operands;
+  std::vector<OperandDescription> operands = {};
 
-  /// Its own, beside those that all commands share.
-  std::vector<OptionDescription> options;
+  /// Its own, in addition to those that all commands share.
+  std::vector<OptionDescription> options = {};
 
   /// What --output may be.
-  std::vector<std::string> outputs;
+  std::vector<std::string> outputs = {"text"};
 
   /// A command line that works in the root of the sources. Its output is shown in README.md.
-  std::string example;
+  std::string example = {};
 
-  /// For a command with a Word::kKind: how many ids it takes for the kind, or nothing for a kind
-  /// that it cannot be asked.
-  std::optional<IdCount> (*ids_of)(const Kind& kind) = nullptr;
+  /// For a command with a Word::kKind.
+  IdsOf ids_of = nullptr;
 
   /// Whether the ids of several things may follow each other.
   bool takes_several = false;
-};
 
-/// One command of the program, a row of the table of commands.
-struct Command {
-  CommandDescription description;
-  ExitStatus (*run)(const Arguments& arguments, const Streams& streams);
+  /// How its sources are loaded outside of sessions.
+  HostUse use = HostUse::kAnswers;
+
+  Scope scope = Scope::kEverywhere;
+
+  ExitStatus (*run)(Invocation& call) = nullptr;
 };
 
 /// What may stand on a command line: one of the commands, and options that all of them share.
 struct Language {
-  /// The word before the command in texts, with a blank behind it; empty in a session.
+  /// The word before the command in texts, with a blank after it; empty in a session.
   std::string program;
 
   std::vector<Command> commands;
   std::vector<OptionDescription> options;
-};
 
-/// Null for an unknown name.
-const Command* FindCommand(const Language& language, const std::string& name);
+  /// Those of Scope::kHidden.
+  std::vector<Command> hidden = {};
+
+  /// Null for an unknown name.
+  const Command* Find(const std::string& name) const;
+};
 
 }  // namespace Zelk::Tool

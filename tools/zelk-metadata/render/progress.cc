@@ -1,4 +1,4 @@
-#include "commands/progress.h"
+#include "render/progress.h"
 
 #include <ostream>
 
@@ -26,7 +26,7 @@ Progress::~Progress() {
   watcher_.join();
 }
 
-void Progress::Tell(const std::string& text) {
+void Progress::Show(const std::string& text) {
   if (!watcher_.joinable()) return;
   {
     const std::lock_guard<std::mutex> lock(mutex_);

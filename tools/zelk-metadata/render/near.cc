@@ -1,21 +1,16 @@
-#include "host/near.h"
+#include "render/near.h"
 
 #include <algorithm>
 #include <set>
 #include <utility>
+
+#include "render/text.h"
 
 namespace Zelk::Tool {
 namespace {
 
 constexpr std::size_t kMostNames = 3;
 constexpr std::size_t kFar = 100;
-
-std::string LowerCase(std::string text) {
-  for (char& character : text) {
-    if (character >= 'A' && character <= 'Z') character = static_cast<char>(character + 'a' - 'A');
-  }
-  return text;
-}
 
 std::string BehindLastDot(const std::string& name) {
   return name.substr(name.rfind('.') + 1);

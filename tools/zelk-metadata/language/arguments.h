@@ -10,7 +10,7 @@ namespace Zelk::Tool {
 struct Command;
 struct Language;
 
-/// What the user asked for, for whichever command it is.
+/// What the user asked for; which members are set depends on the command.
 struct Arguments {
   /// The values of --source, as given.
   std::vector<std::string> sources;
@@ -28,7 +28,7 @@ struct Arguments {
   std::size_t depth = std::numeric_limits<std::size_t>::max();
 };
 
-/// Either a command with its arguments, or, without one, an error or a text that answers --help or
+/// Either a command with its arguments, or, without one, an error or the text for --help or
 /// --version.
 struct ParsedArguments {
   const Command* command = nullptr;
@@ -37,7 +37,7 @@ struct ParsedArguments {
   std::string help;
 };
 
-/// The complaint about a word that is no command of the language, with those that are near.
+/// The complaint about an unknown command, with similar ones.
 std::string UnknownCommand(const Language& language, const std::string& word);
 
 /// Options may stand before and after the command's name. Whether a kind is known, and how many

@@ -1,9 +1,9 @@
-#include "commands/about.h"
+#include "language/about.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include "exit_status.h"
+#include "language/exit_status.h"
 #include "render/layout.h"
 
 namespace Zelk::Tool {

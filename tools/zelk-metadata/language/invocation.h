@@ -1,0 +1,178 @@
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/host.h"
+#include "language/command.h"
+#include "render/json_writer.h"
+#include "render/page.h"
+#include "render/table.h"
+#include "render/terminal.h"
+
+namespace Zelk::Tool {
+
+/// Where a command reads, answers and complains.
+struct Streams {
+  std::istream& in;
+  std::ostream& out;
+  std::ostream& err;
+  Terminal out_terminal = {};
+  Terminal err_terminal = {};
+
+  /// Whether `in` is the terminal of the process.
+  bool in_is_terminal = false;
+};
+
+/// What stays from one line of a session to the next.
+struct SessionState {
+  Host host;
+  bool has_ended = false;
+};
+
+/// What one domain answered to one question.
+template <typename T>
+struct Answer {
+  const DomainRow* row;
+  const Kind* kind;
+  Ids ids;
+  T value;
+};
+
+template <typename T>
+using Answers = std::vector<Answer<T>>;
+
+/// All that a command is given: its arguments, its sources, and how answers are shown.
+class Invocation {
+ public:
+  /// `session` is null outside of sessions, where each command has sources of its own.
+  Invocation(const Language& language, const Command& command, Arguments arguments,
+             const Streams& streams, SessionState* session);
+
+  /// Runs the command. A source that failed to load decides the status, whatever the command
+  /// returns.
+  ExitStatus Run();
+
+  const Arguments& Args() const { return arguments_; }
+
+  const Language& GetLanguage() const { return language_; }
+
+  const Streams& GetStreams() const { return streams_; }
+
+  // Sources.
+
+  /// The session's, or else the command's own. These are empty before Load().
+  Host& GetHost() { return host_; }
+
+  /// Loads every --source.
+  void Load();
+
+  /// What each source holds by itself.
+  std::vector<SourceOutline> Outlines();
+
+  /// If no source is loaded, prints a note that explains the empty answer. Not an error.
+  void NoteIfEmpty();
+
+  /// False in a session, which reads its lines from standard input; prints an error in that case.
+  bool MayReadInput();
+
+  /// The next line is not read.
+  void EndSession();
+
+  // Questions about one kind.
+
+  /// The kinds that the user may mean, of those that this command can be asked for.
+  std::vector<FoundKind> KindsCalled(const std::string& kind) const;
+
+  /// Finds the kinds and loads the sources. Anything but kOk ends the command; wrong usage is
+  /// reported before anything is loaded. `id_count` is the number of ids of one question.
+  ExitStatus Prepare(const std::string& kind, std::size_t id_count);
+
+  /// The kinds that Prepare() found.
+  const std::vector<FoundKind>& Kinds() const { return kinds_; }
+
+  /// Puts one question to every kind. If none answers, prints the first error.
+  template <typename T>
+  ExitStatus Ask(Query<T> Kind::*query, const Ids& ids, Answers<T>& answers) {
+    std::optional<ServiceError> error;
+    const std::size_t before = answers.size();
+    for (const FoundKind& found : kinds_) {
+      Outcome<T> outcome = (found.kind->*query).call(ids);
+      if (outcome.answer) {
+        answers.push_back({found.row, found.kind, ids, std::move(*outcome.answer)});
+      } else if (!error) {
+        error = std::move(outcome.error);
+      }
+    }
+    return answers.size() > before || !error ? ExitStatus::kOk : FailAs(*error, ids);
+  }
+
+  // Answers.
+
+  std::ostream& Out() const { return streams_.out; }
+
+  bool WantsJson() const { return arguments_.json; }
+
+  /// Whether people read the answer: they asked for a table, or asked for nothing and have a
+  /// terminal. Not for JSON.
+  bool IsForPeople() const;
+
+  /// A page for people, or one without wrapping and colours.
+  Page MakePage() const;
+
+  void Show(const Table& table) const;
+
+  template <typename Write>
+  void ShowJson(const Write& write) const {
+    JsonWriter json;
+    write(json);
+    json.WriteTo(streams_.out);
+  }
+
+  /// An array with what `write(json, element)` writes of each element.
+  template <typename Elements, typename Write>
+  void ShowJsonArray(const Elements& elements, const Write& write) const {
+    ShowJson([&](JsonWriter& json) {
+      json.StartArray();
+      for (const auto& element : elements) write(json, element);
+      json.EndArray();
+    });
+  }
+
+  // Complaints.
+
+  /// Prints one line on standard error.
+  void Complain(const std::string& text) const;
+
+  /// The same, and returns the status.
+  ExitStatus Fail(ExitStatus status, const std::string& complaint) const;
+
+  /// Prints what the service says about the ids in one line, with names that may be meant.
+  ExitStatus FailAs(const ServiceError& error, const Ids& ids) const;
+
+  /// No source of the session has the id.
+  ExitStatus FailAsSource(const std::string& id) const;
+
+ private:
+  ExitStatus FailAsUsage(const std::string& kind) const;
+
+  const Language& language_;
+  const Command& command_;
+  const Arguments arguments_;
+  const Streams& streams_;
+  SessionState* session_;
+  std::unique_ptr<Host> own_;
+  Host& host_;
+  std::vector<FoundKind> kinds_;
+  bool has_failed_ = false;
+};
+
+/// Does what the words say as a command line of the language.
+ExitStatus Perform(const std::vector<std::string>& words, const Language& language,
+                   const Streams& streams, SessionState* session = nullptr);
+
+}  // namespace Zelk::Tool
