@@ -32,7 +32,8 @@ Query<Record> TitledQuery(const std::string& kind, Service& service,
 }
 
 /// The services of the domain over one container.
-class Authentication final : public SourceDomain<SourceSvc, Bindings::Authentication::SourceSvc::CreateSpec> {
+class Authentication final
+    : public SourceDomain<SourceSvc, Bindings::Authentication::SourceSvc::CreateSpec> {
  public:
   Authentication() : Authentication(Provider::MetadataContainer::GetInstance()) {}
 
