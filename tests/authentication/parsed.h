@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "authentication/component_text.h"
+#include "support/authentication_text.h"
 #include "authentication/json_metadata_parser.h"
 #include "support/as_source.h"
 #include "support/json_text.h"

@@ -7,7 +7,7 @@
 #include <boost/none.hpp>
 #include <gtest/gtest.h>
 
-#include "cli/cli_text.h"
+#include "support/cli_text.h"
 #include "cli/metadata_parser.h"
 #include "cli/parser_messages.h"
 #include "support/json_text.h"

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/cli_text.h"
+#include "support/cli_text.h"
 #include "cli/metadata_parser.h"
 #include "cli/parser_messages.h"
 #include "support/json_text.h"

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/cli_text.h"
+#include "support/cli_text.h"
 #include "cli/source_data.h"
 #include "support/small_stack.h"
 

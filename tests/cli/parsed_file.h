@@ -6,7 +6,7 @@
 
 #include <zelk/message.h>
 
-#include "cli/cli_text.h"
+#include "support/cli_text.h"
 #include "cli/metadata_parser.h"
 #include "cli/parser_messages.h"
 #include "support/as_source.h"

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/cli_text.h"
+#include "support/cli_text.h"
 #include "cli/json_metadata_container.h"
 #include "support/as_source.h"
 #include "support/message_texts.h"

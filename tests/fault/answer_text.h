@@ -9,8 +9,8 @@
 
 #include <com/orvane/zelk/metadata/source_type.h>
 
-#include "authentication/component_text.h"
-#include "cli/cli_text.h"
+#include "support/authentication_text.h"
+#include "support/cli_text.h"
 #include "support/record_dump.h"
 #include "support/record_text.h"
 

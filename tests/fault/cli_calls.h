@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "cli/cli_text.h"
+#include "support/cli_text.h"
 #include "fault/tree_calls.h"
 #include "surface/cli_under_test.h"
 

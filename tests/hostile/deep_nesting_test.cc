@@ -92,7 +92,7 @@ TYPED_TEST_SUITE(DeepNesting, DomainsUnderTest, DomainName);
 
 TYPED_TEST(DeepNesting, AsTheWholeFileMissesTheRootKey) {
   this->ForEachNesting([this](const Nesting& nesting) {
-    this->ExpectRefused(nesting.Whole(), MissingField(TypeParam::kRootKey));
+    this->ExpectRefused(nesting.Whole(), MissingFieldError(TypeParam::kRootKey));
   });
 }
 
@@ -172,14 +172,14 @@ std::string AsTheName(const Nesting& nesting) {
 
 TEST_F(DeepMetamodel, WhereATextIsReadIsAnInvalidField) {
   ForEachNesting([this](const Nesting& nesting) {
-    ExpectRefused(WithMember(AsTheName(nesting)), InvalidField("name"));
+    ExpectRefused(WithMember(AsTheName(nesting)), InvalidFieldError("name"));
   });
 }
 
 TEST_F(DeepMetamodel, InAnAnnotationIsAnInvalidElementValue) {
   ForEachNesting([this](const Nesting& nesting) {
     ExpectRefused(WithMember(R"("metadata": {"A": {"b": )" + nesting.Whole() + "}}"),
-                  InvalidField("ElementValue"));
+                  InvalidFieldError("ElementValue"));
   });
 }
 
@@ -193,7 +193,7 @@ TEST_F(DeepAuthentication, WhereATextIsReadLeavesTheComponentOut) {
 
 TEST_F(DeepCli, WhereATextIsReadIsAnInvalidField) {
   ForEachNesting([this](const Nesting& nesting) {
-    ExpectRefused(WithMember(AsTheName(nesting)), InvalidField("name"));
+    ExpectRefused(WithMember(AsTheName(nesting)), InvalidFieldError("name"));
   });
 }
 
@@ -277,7 +277,7 @@ TEST(DeepTypes, ThatEndInAnUnknownOneAreRefusedWithOneMessage) {
     const MetamodelSources sources;
     Nesting unknown = nesting;
     unknown.inside = kUnknownType;
-    EXPECT_EQ(sources.Create("m", FileOfType(unknown.Whole())), InvalidEnumValue("primitive_type"));
+    EXPECT_EQ(sources.Create("m", FileOfType(unknown.Whole())), InvalidEnumValueError("primitive_type"));
     EXPECT_THAT(sources->ListSources(), IsEmpty());
   });
 }
@@ -290,7 +290,7 @@ TEST(DeepTypes, AreReleasedWhenSomethingBehindThemIsRefused) {
   ForEachType([&refused](const Nesting& nesting) {
     const MetamodelSources sources;
     EXPECT_EQ(sources.Create("m", Replaced(refused, "<type>", nesting.Whole())),
-              InvalidEnumValue("primitive_type"));
+              InvalidEnumValueError("primitive_type"));
   });
 }
 

@@ -3,16 +3,15 @@
 #include <list>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include <zelk/data/values.h>
 #include <zelk/message.h>
 
+#include "support/lines.h"
+
 // Messages as text, so that a test compares a whole list of them at once.
 
 namespace Zelk::Testing {
-
-using Lines = std::vector<std::string>;
 
 /// One message: its id, then its arguments in parentheses.
 inline std::string MessageText(const std::string& id, const std::list<std::string>& arguments) {

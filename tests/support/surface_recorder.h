@@ -6,7 +6,6 @@
 #include <stdexcept>
 #include <string>
 #include <tuple>
-#include <vector>
 
 #include <boost/optional.hpp>
 
@@ -14,13 +13,13 @@
 #include <zelk/core/async_activation.h>
 #include <zelk/data/values.h>
 
+#include "support/lines.h"
 #include "support/record_text.h"
 
 // What the operations of services and containers answer, in a form that a test compares at once.
 
 namespace Zelk::Testing {
 
-using Lines = std::vector<std::string>;
 using ErrorPtr = std::shared_ptr<const Data::ErrorValue>;
 
 inline constexpr char kNotFoundError[] = "com.orvane.zelk.std.errors.not_found";

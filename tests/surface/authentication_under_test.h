@@ -33,7 +33,7 @@ struct AuthenticationUnderTest {
   }
 
   /// What a root key of the wrong type gives.
-  static Lines InvalidRoot() { return InvalidField(kRootKey); }
+  static Lines InvalidRoot() { return InvalidFieldError(kRootKey); }
 
   static Lines Names(const Container& container) {
     const auto names = container.ListComponents();
@@ -53,5 +53,15 @@ struct AuthenticationUnderTest {
     return text;
   }
 };
+
+using AuthenticationSources = Sources<AuthenticationUnderTest>;
+
+/// A file with one component; the schemes "x" and "y" are there to be named.
+inline std::string SchemesFile(const std::string& component, const std::string& members) {
+  return R"({"authentication": {"component": {"name": ")" + component + R"(", "schemes": {
+      "x": {"authenticationScheme": "ex", "type": "SESSIONLESS"},
+      "y": {"authenticationScheme": "why", "type": "SESSION_AWARE", "sessionManager": "sm"}},)" +
+         members + "}}}";
+}
 
 }  // namespace Zelk::Testing

@@ -58,4 +58,6 @@ struct CliUnderTest {
   }
 };
 
+using CliSources = Sources<CliUnderTest>;
+
 }  // namespace Zelk::Testing

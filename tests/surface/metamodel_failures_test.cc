@@ -22,27 +22,27 @@ struct Change {
 };
 
 const std::vector<Change> kChanges = {
-    {R"("component")", R"("Component")", MissingField("component")},
-    {R"({"component": {)", R"({"component": [], "": {)", InvalidField("component")},
-    {R"({"component": {)", R"({"component": null, "": {)", InvalidField("component")},
-    {R"("name": "c")", R"("Name": "c")", MissingField("name")},
-    {R"("name": "c")", R"("name": null)", InvalidField("name")},
-    {R"("name": "c")", R"("name": null, "name": "c")", InvalidField("name")},
-    {R"("documentation": "")", R"("documentation": 1)", InvalidField("documentation")},
-    {R"("metadata": {)", R"("metadata": [], "": {)", InvalidField("metadata")},
-    {R"("metadata": {)", R"("metadata": {"a": 1)", InvalidField("ElementValue")},
-    {R"("metadata": {)", R"("metadata": {"a": [])", InvalidField("ElementValue")},
-    {R"("metadata": {)", R"("metadata": {"a": {"b": null})", InvalidField("ElementValue")},
-    {R"("metadata": {)", R"("metadata": {"a": {"b": ["c", 1]})", InvalidField("ElementValue")},
-    {R"("packages": [)", R"("packages": {}, "": [)", InvalidField("packages")},
-    {R"("packages": [)", R"("packages": [1, )", MissingField("name")},
-    {R"("structures": [)", R"("structures": [null, )", MissingField("name")},
-    {R"("services")", R"("Services")", MissingField("services")},
-    {R"("type": "STRUCTURE")", R"("type": "FOO")", InvalidEnumValue("type")},
-    {R"("type": "STRUCTURE")", R"("type": 1)", InvalidField("type")},
-    {R"("BUILTIN")", R"("FOO")", InvalidEnumValue("category")},
-    {R"("STRING")", R"("FOO")", InvalidEnumValue("primitive_type")},
-    {R"("STRING")", "null", InvalidField("primitive_type")},
+    {R"("component")", R"("Component")", MissingFieldError("component")},
+    {R"({"component": {)", R"({"component": [], "": {)", InvalidFieldError("component")},
+    {R"({"component": {)", R"({"component": null, "": {)", InvalidFieldError("component")},
+    {R"("name": "c")", R"("Name": "c")", MissingFieldError("name")},
+    {R"("name": "c")", R"("name": null)", InvalidFieldError("name")},
+    {R"("name": "c")", R"("name": null, "name": "c")", InvalidFieldError("name")},
+    {R"("documentation": "")", R"("documentation": 1)", InvalidFieldError("documentation")},
+    {R"("metadata": {)", R"("metadata": [], "": {)", InvalidFieldError("metadata")},
+    {R"("metadata": {)", R"("metadata": {"a": 1)", InvalidFieldError("ElementValue")},
+    {R"("metadata": {)", R"("metadata": {"a": [])", InvalidFieldError("ElementValue")},
+    {R"("metadata": {)", R"("metadata": {"a": {"b": null})", InvalidFieldError("ElementValue")},
+    {R"("metadata": {)", R"("metadata": {"a": {"b": ["c", 1]})", InvalidFieldError("ElementValue")},
+    {R"("packages": [)", R"("packages": {}, "": [)", InvalidFieldError("packages")},
+    {R"("packages": [)", R"("packages": [1, )", MissingFieldError("name")},
+    {R"("structures": [)", R"("structures": [null, )", MissingFieldError("name")},
+    {R"("services")", R"("Services")", MissingFieldError("services")},
+    {R"("type": "STRUCTURE")", R"("type": "FOO")", InvalidEnumValueError("type")},
+    {R"("type": "STRUCTURE")", R"("type": 1)", InvalidFieldError("type")},
+    {R"("BUILTIN")", R"("FOO")", InvalidEnumValueError("category")},
+    {R"("STRING")", R"("FOO")", InvalidEnumValueError("primitive_type")},
+    {R"("STRING")", "null", InvalidFieldError("primitive_type")},
 };
 
 TEST(MetamodelFailures, AreReportedWithOneMessageThatNamesTheKey) {
@@ -64,8 +64,8 @@ TEST(MetamodelFailures, CarryEveryMessageInTheOrderFound) {
                         R"("value": "")", R"("value": 1)"),
                R"("services")", R"("Services")");
   EXPECT_EQ(MetamodelSources().Create("m", text),
-            (Lines{kInvalidArgumentError, InvalidField("value").back(),
-                   MissingField("services").back()}));
+            (Lines{kInvalidArgumentError, InvalidFieldError("value").back(),
+                   MissingFieldError("services").back()}));
 }
 
 TEST(MetamodelFailures, ThatAreToleratedAreNotReported) {
@@ -81,7 +81,7 @@ TEST(MetamodelFailures, ThatAreToleratedAreNotReported) {
 TEST(MetamodelFailures, OfOneSourceLeaveTheOthersAlone) {
   const ComponentSources sources{{"a", Component("c", {Package("p")})}};
   EXPECT_EQ(sources.Create("b", R"({"metamodel": {"component": {"name": "d"}}})"),
-            MissingField("documentation"));
+            MissingFieldError("documentation"));
   EXPECT_THAT(sources->ListComponents(), ElementsAre("c"));
   EXPECT_THAT(sources->ListPackages(), ElementsAre("p"));
 }

@@ -78,7 +78,7 @@ TEST(ListResources, NamesNothingOfAFileThatIsRefusedFurtherOn) {
   const Part broken = Structure("u").Annotated(Resource("s") + R"(, "foo": 1)");
   EXPECT_EQ(sources.Create(
                 "b", MetamodelFile(Component("c", {Package("p", {ModelOf("t", "r"), broken})}))),
-            InvalidField("ElementValue"));
+            InvalidFieldError("ElementValue"));
   EXPECT_THAT(sources->ListResources(), ElementsAre("r"));
   EXPECT_THAT(ModelsOf(sources, "r"), IsEmpty());
 }

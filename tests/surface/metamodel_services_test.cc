@@ -26,17 +26,6 @@ using ServiceService = Provider::ServiceSvc::AsyncServiceImpl;
 using SourceService = Provider::SourceSvc::AsyncServiceImpl;
 using StructureService = Provider::StructureSvc::AsyncServiceImpl;
 
-/// The one message of a NotFound error.
-Lines NotFound(const std::string& kind, const std::string& placeholders,
-               const std::list<std::string>& keys) {
-  return {kNotFoundError, MessageLine("zelk.metada.metamodel." + kind + ".not.found",
-                                      "Metamodel " + kind + " not found: " + placeholders, keys)};
-}
-
-Lines NotFound(const std::string& kind, const std::string& key) {
-  return NotFound(kind, "%1%", {key});
-}
-
 Part FirstComponent() {
   return Component("c", {Package("p", {Service("s", {Operation("o"), Operation("n")}),
                                        Structure("t"), Enumeration("e"), ModelOf("m", "r")})})
@@ -96,33 +85,40 @@ TEST_F(MetamodelServices, GetAComponentWithItsFingerprintFromTheFirstSource) {
 TEST_F(MetamodelServices, ReportWhatTheyDoNotKnowUnderItsKey) {
   for (const std::string key : {"x", "", "C", "a b", "%1%"}) {
     const std::string& id = key;
-    EXPECT_EQ(ErrorOf(Ask(components_, &ComponentService::Get, id)), NotFound("component", id));
+    EXPECT_EQ(ErrorOf(Ask(components_, &ComponentService::Get, id)),
+              NotFound<MetamodelUnderTest>("component", id));
     EXPECT_EQ(ErrorOf(Ask(components_, &ComponentService::Fingerprint, id)),
-              NotFound("component", id));
-    EXPECT_EQ(ErrorOf(Ask(packages_, &PackageService::Get, id)), NotFound("package", id));
-    EXPECT_EQ(ErrorOf(Ask(services_, &ServiceService::Get, id)), NotFound("service", id));
-    EXPECT_EQ(ErrorOf(Ask(structures_, &StructureService::Get, id)), NotFound("structure", id));
+              NotFound<MetamodelUnderTest>("component", id));
+    EXPECT_EQ(ErrorOf(Ask(packages_, &PackageService::Get, id)),
+              NotFound<MetamodelUnderTest>("package", id));
+    EXPECT_EQ(ErrorOf(Ask(services_, &ServiceService::Get, id)),
+              NotFound<MetamodelUnderTest>("service", id));
+    EXPECT_EQ(ErrorOf(Ask(structures_, &StructureService::Get, id)),
+              NotFound<MetamodelUnderTest>("structure", id));
     EXPECT_EQ(ErrorOf(Ask(enumerations_, &EnumerationService::Get, id)),
-              NotFound("enumeration", id));
-    EXPECT_EQ(ErrorOf(Ask(models_, &ModelService::List, id)), NotFound("resource", id));
-    EXPECT_EQ(ErrorOf(Ask(operations_, &OperationService::List, id)), NotFound("service", id));
+              NotFound<MetamodelUnderTest>("enumeration", id));
+    EXPECT_EQ(ErrorOf(Ask(models_, &ModelService::List, id)),
+              NotFound<MetamodelUnderTest>("resource", id));
+    EXPECT_EQ(ErrorOf(Ask(operations_, &OperationService::List, id)),
+              NotFound<MetamodelUnderTest>("service", id));
   }
 }
 
 TEST_F(MetamodelServices, ReportAnUnknownOperationUnderItsServiceAndItsOwnKey) {
   for (const std::string service : {"s", "u", "unknown", ""}) {
     EXPECT_EQ(ErrorOf(Ask(operations_, &OperationService::Get, service, "y")),
-              NotFound("operation", "%1%[%2%]", {service, "y"}));
+              NotFound<MetamodelUnderTest>("operation", "%1%[%2%]", {service, "y"}));
   }
   EXPECT_EQ(ErrorOf(Ask(operations_, &OperationService::Get, "unknown", "o")),
-            NotFound("operation", "%1%[%2%]", {"unknown", "o"}));
+            NotFound<MetamodelUnderTest>("operation", "%1%[%2%]", {"unknown", "o"}));
   EXPECT_EQ(ErrorOf(Ask(operations_, &OperationService::Get, "s", "x")),
-            NotFound("operation", "%1%[%2%]", {"s", "x"}));
+            NotFound<MetamodelUnderTest>("operation", "%1%[%2%]", {"s", "x"}));
 }
 
 TEST_F(MetamodelServices, TellAServiceWithoutOperationsFromAnUnknownOne) {
   EXPECT_THAT(ValueOf(Ask(operations_, &OperationService::List, "u")), IsEmpty());
-  EXPECT_EQ(ErrorOf(Ask(operations_, &OperationService::List, "v")), NotFound("service", "v"));
+  EXPECT_EQ(ErrorOf(Ask(operations_, &OperationService::List, "v")),
+            NotFound<MetamodelUnderTest>("service", "v"));
 }
 
 TEST_F(MetamodelServices, HideNothing) {
@@ -158,9 +154,12 @@ TEST(MetamodelServicesOfAnEmptyContainer, DeliverEmptyListsAndReportEveryKey) {
   OperationService operations(container);
   EXPECT_THAT(ValueOf(Ask(components, &ComponentService::List)), IsEmpty());
   EXPECT_THAT(ValueOf(Ask(resources, &ResourceService::List)), IsEmpty());
-  EXPECT_EQ(ErrorOf(Ask(components, &ComponentService::Get, "")), NotFound("component", ""));
-  EXPECT_EQ(ErrorOf(Ask(models, &ModelService::List, "")), NotFound("resource", ""));
-  EXPECT_EQ(ErrorOf(Ask(operations, &OperationService::List, "")), NotFound("service", ""));
+  EXPECT_EQ(ErrorOf(Ask(components, &ComponentService::Get, "")),
+            NotFound<MetamodelUnderTest>("component", ""));
+  EXPECT_EQ(ErrorOf(Ask(models, &ModelService::List, "")),
+            NotFound<MetamodelUnderTest>("resource", ""));
+  EXPECT_EQ(ErrorOf(Ask(operations, &OperationService::List, "")),
+            NotFound<MetamodelUnderTest>("service", ""));
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ struct MetamodelUnderTest {
   }
 
   /// What a root key of the wrong type gives.
-  static Lines InvalidRoot() { return InvalidField(kRootKey); }
+  static Lines InvalidRoot() { return InvalidFieldError(kRootKey); }
 
   static Lines Names(const Container& container) {
     const auto names = container.ListComponents();

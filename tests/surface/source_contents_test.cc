@@ -107,7 +107,7 @@ TYPED_TEST(SourceContents, WithoutTheRootKeyMissIt) {
        {std::string("{}"), std::string("[]"), std::string("null"), std::string("true"),
         std::string("1"), this->RootKey(), "[" + good + "]", R"({"foo": )" + good + "}",
         Replaced(good, this->RootKey(), R"("Foo")")}) {
-    this->ExpectRefused(text, MissingField(TypeParam::kRootKey));
+    this->ExpectRefused(text, MissingFieldError(TypeParam::kRootKey));
   }
 }
 
@@ -128,7 +128,7 @@ TYPED_TEST(SourceContents, WithAZeroByteInAKeyCountWhatStandsBeforeIt) {
   const std::string key = std::string("\"") + TypeParam::kRootKey;
   this->ExpectAccepted(Replaced(this->Good(), this->RootKey(), key + R"(\u0000bar")"), "foo");
   this->ExpectRefused(Replaced(this->Good(), this->RootKey(), R"("\u0000bar")"),
-                      MissingField(TypeParam::kRootKey));
+                      MissingFieldError(TypeParam::kRootKey));
 }
 
 TYPED_TEST(SourceContents, WithUnknownKeysAreReadWithoutThem) {

@@ -3,14 +3,10 @@
 #include <boost/none.hpp>
 #include <gtest/gtest.h>
 
-#include <zelk/md5.h>
-
 #include "surface/domains_under_test.h"
 
 namespace Zelk::Testing {
 namespace {
-
-constexpr char kDigestOfNothing[] = "d41d8cd98f00b204e9800998ecf8427e";
 
 template <typename Domain>
 class SourceFingerprint : public testing::Test {};
@@ -65,29 +61,38 @@ TYPED_TEST(SourceFingerprint, CoversEveryByteOfTheFile) {
   }
 }
 
-TEST(ComponentFingerprint, IsTheDigestOfTheFileItself) {
-  const std::string text = MetamodelUnderTest::File("foo");
-  const MetamodelSources sources{{"m", text}};
+template <typename Domain>
+class ComponentFingerprint : public testing::Test {};
+
+using DomainsWithComponents = testing::Types<MetamodelUnderTest, AuthenticationUnderTest>;
+TYPED_TEST_SUITE(ComponentFingerprint, DomainsWithComponents, DomainName);
+
+TYPED_TEST(ComponentFingerprint, IsTheDigestOfTheFile) {
+  const std::string text = TypeParam::File("foo");
+  const Sources<TypeParam> sources{{"m", text}};
   EXPECT_EQ(sources->ComponentFingerprint("foo"), Md5(text));
   ASSERT_NE(sources->ComponentInfo("foo"), nullptr);
   EXPECT_EQ(sources->ComponentInfo("foo")->fingerprint, Md5(text));
 }
 
-TEST(ComponentFingerprint, IsKnownWithoutThisLibrary) {
+TYPED_TEST(ComponentFingerprint, ChangesOnlyWhenAReloadSucceeds) {
+  const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
+  sources.Write("m", "{");
+  ASSERT_EQ(sources->ReloadSource(Some("m")), nullptr);
+  EXPECT_EQ(sources->ComponentFingerprint("foo"), Md5(TypeParam::File("foo")));
+  const std::string changed = TypeParam::File("foo") + "\n";
+  sources.Write("m", changed);
+  EXPECT_EQ(sources->ComponentFingerprint("foo"), Md5(TypeParam::File("foo")));
+  ASSERT_EQ(sources->ReloadSource(Some("m")), nullptr);
+  EXPECT_EQ(sources->ComponentFingerprint("foo"), Md5(changed));
+}
+
+TEST(KnownFile, HasKnownFingerprints) {
   const MetamodelSources sources{
       {"m", R"({"metamodel":{"component":{"name":"foo","documentation":"","metadata":{},)"
             R"("packages":[]}}})"}};
   EXPECT_EQ(sources->ComponentFingerprint("foo"), "7f3122d7ec2a06c1db5ae44dc504acfd");
   EXPECT_EQ(sources->SourceFingerprint(Some("m")), "067c140a8afd5f5f06cbc5363c417be7");
-}
-
-TEST(ComponentFingerprint, ChangesWithAReloadOnly) {
-  const MetamodelSources sources{{"m", MetamodelUnderTest::File("foo")}};
-  const std::string changed = MetamodelUnderTest::File("foo") + "\n";
-  sources.Write("m", changed);
-  EXPECT_EQ(sources->ComponentFingerprint("foo"), Md5(MetamodelUnderTest::File("foo")));
-  ASSERT_EQ(sources->ReloadSource(Some("m")), nullptr);
-  EXPECT_EQ(sources->ComponentFingerprint("foo"), Md5(changed));
 }
 
 }  // namespace

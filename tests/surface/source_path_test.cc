@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <system_error>
 #include <unistd.h>
@@ -87,6 +88,10 @@ TYPED_TEST(SourcePath, OfNoFileIsNotFound) {
 
 TYPED_TEST(SourcePath, ThatIsAbsentIsNotFoundAsTheEmptyPath) {
   EXPECT_EQ(this->sources_.CreateAt("m", boost::none), FileNotFound<TypeParam>(""));
+  const auto with_address = std::make_shared<const typename TypeParam::CreateSpec>(
+      "foo", SourceType::LOCAL_FILE, boost::none, std::string("bar"));
+  EXPECT_EQ(ErrorLines(this->sources_->CreateSource("m", with_address)),
+            FileNotFound<TypeParam>(""));
   EXPECT_THAT(this->sources_->ListSources(), IsEmpty());
 }
 

@@ -265,19 +265,20 @@ std::string MessageOfAnUnknownSource() {
 TEST(DomainUnderTest, OfMetamodelReportsWithTheWordMetamodel) {
   EXPECT_THAT(MessageIds<MetamodelUnderTest>(), Each(HasSubstr(".metamodel.")));
   EXPECT_THAT(MessageOfAnUnknownSource<MetamodelUnderTest>(), HasSubstr(".metamodel."));
-  EXPECT_EQ(MetamodelSources().Create("m", "{}"), MissingField("metamodel"));
+  EXPECT_EQ(MetamodelSources().Create("m", "{}"), MissingFieldError("metamodel"));
 }
 
 TEST(DomainUnderTest, OfAuthenticationReportsWithTheWordAuthentication) {
   EXPECT_THAT(MessageIds<AuthenticationUnderTest>(), Each(HasSubstr(".authentication.")));
   EXPECT_THAT(MessageOfAnUnknownSource<AuthenticationUnderTest>(), HasSubstr(".authentication."));
-  EXPECT_EQ(Sources<AuthenticationUnderTest>().Create("m", "{}"), MissingField("authentication"));
+  EXPECT_EQ(Sources<AuthenticationUnderTest>().Create("m", "{}"),
+            MissingFieldError("authentication"));
 }
 
 TEST(DomainUnderTest, OfCliReportsWithTheWordCli) {
   EXPECT_THAT(MessageIds<CliUnderTest>(), Each(HasSubstr(".cli.")));
   EXPECT_THAT(MessageOfAnUnknownSource<CliUnderTest>(), HasSubstr(".cli."));
-  EXPECT_EQ(Sources<CliUnderTest>().Create("m", "{}"), MissingField("cli"));
+  EXPECT_EQ(Sources<CliUnderTest>().Create("m", "{}"), MissingFieldError("cli"));
 }
 
 }  // namespace

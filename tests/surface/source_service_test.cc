@@ -78,7 +78,7 @@ TYPED_TEST(SourceService, DoesNotTellOfAReloadThatFailed) {
 TYPED_TEST(SourceService, DeliversWhyASourceCouldNotBeCreated) {
   const auto missing = this->sources_.At(this->sources_.Path("missing"));
   EXPECT_EQ(ErrorOf(this->Create("m", "{")), (ParseError<TypeParam>(4, 1)));
-  EXPECT_EQ(ErrorOf(this->Create("m", "{}")), MissingField(TypeParam::kRootKey));
+  EXPECT_EQ(ErrorOf(this->Create("m", "{}")), MissingFieldError(TypeParam::kRootKey));
   EXPECT_EQ(ErrorOf(Ask(this->service_, &TypeParam::SourceService::Create, "m", missing)),
             FileNotFound<TypeParam>(this->sources_.Path("missing")));
   this->ExpectDone(this->Create("m", TypeParam::File("foo")));
@@ -122,7 +122,7 @@ TYPED_TEST(SourceService, DeliversWhatTheContainerKnows) {
 
 TYPED_TEST(SourceService, DeliversAnEmptyListAndTheDigestOfNothingForNoSources) {
   EXPECT_THAT(ValueOf(this->List()), IsEmpty());
-  EXPECT_EQ(ValueOf(this->Fingerprint(boost::none)), "d41d8cd98f00b204e9800998ecf8427e");
+  EXPECT_EQ(ValueOf(this->Fingerprint(boost::none)), kDigestOfNothing);
   this->ExpectDone(this->Reload(boost::none));
 }
 
@@ -150,6 +150,8 @@ TYPED_TEST(SourceService, ThrowsWhenAnErrorHasNowhereToGo) {
   EXPECT_THROW(this->service_.Create("m", nullptr, nullptr, nobody), std::bad_function_call);
   EXPECT_THROW(this->service_.Delete("m", nullptr, nobody), std::bad_function_call);
   EXPECT_THROW(this->service_.Reload(Some("m"), nullptr, nobody), std::bad_function_call);
+  ASSERT_EQ(this->sources_.Create("n", TypeParam::File("foo")), Lines());
+  EXPECT_THROW(this->service_.Get("n", nullptr, {}), std::bad_function_call);
   EXPECT_THROW(this->service_.Get("m", nullptr, {}), std::bad_function_call);
   EXPECT_THROW(this->service_.List(nullptr, {}), std::bad_function_call);
   EXPECT_THROW(this->service_.Fingerprint(boost::none, nullptr, {}), std::bad_function_call);

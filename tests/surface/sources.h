@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <initializer_list>
+#include <list>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -34,6 +35,9 @@ inline std::string Md5(const std::string& text) {
   digest.Update(text);
   return digest.hexdigest();
 }
+
+/// MD5 of no bytes.
+inline constexpr char kDigestOfNothing[] = "d41d8cd98f00b204e9800998ecf8427e";
 
 /// The same text with the first occurrence of `from` replaced.
 inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
@@ -126,6 +130,21 @@ Lines SourceNotFound(const std::string& argument) {
                       {argument})};
 }
 
+/// What a query reports of an unknown record of a kind such as "package".
+template <typename Domain>
+Lines NotFound(const std::string& kind, const std::string& placeholders,
+               const std::list<std::string>& keys) {
+  return {
+      kNotFoundError,
+      MessageLine("zelk.metada." + std::string(Domain::kRootKey) + "." + kind + ".not.found",
+                  std::string(Domain::kName) + " " + kind + " not found: " + placeholders, keys)};
+}
+
+template <typename Domain>
+Lines NotFound(const std::string& kind, const std::string& key) {
+  return NotFound<Domain>(kind, "%1%", {key});
+}
+
 template <typename Domain>
 Lines FileNotFound(const std::string& path) {
   return {kNotFoundError,
@@ -145,16 +164,19 @@ inline std::string MissingFieldMessage(const std::string& key) {
   return MessageLine("zelk.metadata.json.missing.field", "Json parse missing field: %1%", {key});
 }
 
-inline Lines MissingField(const std::string& key) {
+inline std::string InvalidFieldMessage(const std::string& key) {
+  return MessageLine("zelk.metadata.json.invalid.field", "Json parse invalid field: %1%", {key});
+}
+
+inline Lines MissingFieldError(const std::string& key) {
   return {kInvalidArgumentError, MissingFieldMessage(key)};
 }
 
-inline Lines InvalidField(const std::string& key) {
-  return {kInvalidArgumentError,
-          MessageLine("zelk.metadata.json.invalid.field", "Json parse invalid field: %1%", {key})};
+inline Lines InvalidFieldError(const std::string& key) {
+  return {kInvalidArgumentError, InvalidFieldMessage(key)};
 }
 
-inline Lines InvalidEnumValue(const std::string& key) {
+inline Lines InvalidEnumValueError(const std::string& key) {
   return {kInvalidArgumentError, MessageLine("zelk.metadata.json.invalid.enum.value",
                                              "Json parse invalid enum value: %1%", {key})};
 }

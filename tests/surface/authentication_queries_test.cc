@@ -4,21 +4,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "authentication/provider.h"
+#include "support/authentication_text.h"
+#include "surface/authentication_under_test.h"
 
+namespace Zelk::Testing {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Zelk::Testing::ComponentFile;
-using Zelk::Testing::ComponentText;
-using Zelk::Testing::Lines;
-using Zelk::Testing::Md5;
-using Zelk::Testing::OperationText;
-using Zelk::Testing::PackageText;
-using Zelk::Testing::SchemesText;
-using Zelk::Testing::ServiceText;
-using Zelk::Testing::Sources;
+using Container = AuthenticationUnderTest::Container;
 
 // Two parts with the same package, service and operations but other schemes.
 constexpr char kProductAndComponent[] = R"({"authentication": {
@@ -32,14 +26,13 @@ constexpr char kProductAndComponent[] = R"({"authentication": {
         "services": {"a.b": ["x", "x"]}, "packages": {"a": ["x", "x"], "0": ["x"]}}}})";
 
 std::string SecondFile() {
-  return ComponentFile("foo", R"("operations": {"a.b.d": ["y"], "a.b.f": ["y"], "z.b.g": []},
+  return SchemesFile("foo", R"("operations": {"a.b.d": ["y"], "a.b.f": ["y"], "z.b.g": []},
                                  "services": {"a.b": ["y"], "a.a": []},
                                  "packages": {"a": ["y"], "q": []})");
 }
 
 /// The operations listed for a service, or a word in their place when it is unknown.
-std::list<std::string> OperationsOf(const Zelk::Testing::AuthProvider::MetadataContainer& container,
-                                    const std::string& service_id) {
+std::list<std::string> OperationsOf(const Container& container, const std::string& service_id) {
   return container.ListOperations(service_id).value_or(std::list<std::string>{"(unknown)"});
 }
 
@@ -51,11 +44,11 @@ class TwoSources : public testing::Test {
     ASSERT_EQ(sources_.Create("m", kProductAndComponent), Lines());
   }
 
-  Sources sources_;
+  AuthenticationSources sources_;
 };
 
 TEST(EmptyContainer, HasEmptyListsAndNoRecords) {
-  const Sources sources;
+  const AuthenticationSources sources;
   EXPECT_THAT(sources->ListSources(), IsEmpty());
   EXPECT_THAT(sources->ListComponents(), IsEmpty());
   EXPECT_THAT(sources->ListPackages(), IsEmpty());
@@ -123,9 +116,9 @@ TEST_F(TwoSources, GiveTheFirstServiceOfAnId) {
 }
 
 TEST_F(TwoSources, ListTheOperationsOfTheFirstServiceOnly) {
-  EXPECT_THAT(OperationsOf(*sources_.Container(), "a.b"), ElementsAre("d", "e"));
-  EXPECT_THAT(OperationsOf(*sources_.Container(), "a.c"), ElementsAre("d"));
-  EXPECT_THAT(OperationsOf(*sources_.Container(), "a.a"), IsEmpty());
+  EXPECT_THAT(OperationsOf(*sources_.Shared(), "a.b"), ElementsAre("d", "e"));
+  EXPECT_THAT(OperationsOf(*sources_.Shared(), "a.c"), ElementsAre("d"));
+  EXPECT_THAT(OperationsOf(*sources_.Shared(), "a.a"), IsEmpty());
   EXPECT_FALSE(sources_->ListOperations("a").has_value());
 }
 
@@ -141,28 +134,27 @@ TEST_F(TwoSources, LookForAnOperationInEveryServiceOfTheId) {
 }
 
 TEST(Operations, AreFoundInALaterComponentOfTheSameSource) {
-  const Sources sources;
+  const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", R"({"authentication": {
       "product": {"name": "second", "operations": {"a.b.op": []}},
       "component": {"name": "first", "services": {"a.b": []}}}})"),
             Lines());
-  EXPECT_THAT(OperationsOf(*sources.Container(), "a.b"), IsEmpty());
+  EXPECT_THAT(OperationsOf(*sources.Shared(), "a.b"), IsEmpty());
   EXPECT_NE(sources->OperationInfo("a.b", "op"), nullptr);
 }
 
 TEST(Operations, AreFoundInALaterSource) {
-  const Sources sources;
-  ASSERT_EQ(sources.Create("m", ComponentFile("foo", R"("services": {"a.b": []})")), Lines());
-  ASSERT_EQ(sources.Create("n", ComponentFile("foo", R"("operations": {"a.b.op": ["x"]})")),
-            Lines());
-  EXPECT_THAT(OperationsOf(*sources.Container(), "a.b"), IsEmpty());
+  const AuthenticationSources sources;
+  ASSERT_EQ(sources.Create("m", SchemesFile("foo", R"("services": {"a.b": []})")), Lines());
+  ASSERT_EQ(sources.Create("n", SchemesFile("foo", R"("operations": {"a.b.op": ["x"]})")), Lines());
+  EXPECT_THAT(OperationsOf(*sources.Shared(), "a.b"), IsEmpty());
   const auto operation = sources->OperationInfo("a.b", "op");
   ASSERT_NE(operation, nullptr);
   EXPECT_EQ(OperationText("op", *operation), "operation \"op\" [\"ex\"]\n");
 }
 
 TEST(OneFile, KeepsTheComponentOfTwoPartsWithOneName) {
-  const Sources sources;
+  const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", R"({"authentication": {
       "component": {"name": "foo", "packages": {"late": []}},
       "product": {"name": "foo", "packages": {"early": []}}}})"),
@@ -172,7 +164,7 @@ TEST(OneFile, KeepsTheComponentOfTwoPartsWithOneName) {
 }
 
 TEST(OneFile, IsAcceptedWithOneGoodPartBesideABrokenOne) {
-  const Sources sources;
+  const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", R"({"authentication": {"product": {"name": 1},
                                                        "component": {"name": "foo"}}})"),
             Lines());
@@ -183,8 +175,8 @@ TEST(OneFile, IsAcceptedWithOneGoodPartBesideABrokenOne) {
 }
 
 TEST(OneFile, IsAcceptedWithoutTheServicesThatCannotBeMadeUp) {
-  const Sources sources;
-  ASSERT_EQ(sources.Create("m", ComponentFile("foo", R"("operations": {"power.start": [],
+  const AuthenticationSources sources;
+  ASSERT_EQ(sources.Create("m", SchemesFile("foo", R"("operations": {"power.start": [],
                                                                        "vm.power.start": []})")),
             Lines());
   EXPECT_THAT(sources->ListComponents(), ElementsAre("foo"));
@@ -193,7 +185,7 @@ TEST(OneFile, IsAcceptedWithoutTheServicesThatCannotBeMadeUp) {
 }
 
 TEST(OneFile, MayRegisterNothing) {
-  const Sources sources;
+  const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", R"({"authentication": {}})"), Lines());
   ASSERT_EQ(sources.Create("n", R"({"authentication": {"product": 1}})"), Lines());
   EXPECT_THAT(sources->ListSources(), ElementsAre("m", "n"));
@@ -201,8 +193,8 @@ TEST(OneFile, MayRegisterNothing) {
 }
 
 TEST(Records, CarryTheirOwnSchemesOnly) {
-  const Sources sources;
-  ASSERT_EQ(sources.Create("m", ComponentFile("foo", R"("operations": {"a.b.c": []},
+  const AuthenticationSources sources;
+  ASSERT_EQ(sources.Create("m", SchemesFile("foo", R"("operations": {"a.b.c": []},
       "services": {"a.b": ["y"]}, "packages": {"a": ["x"]})")),
             Lines());
   const auto package = sources->PackageInfo("a");
@@ -220,8 +212,8 @@ TEST(Records, CarryTheirOwnSchemesOnly) {
 }
 
 TEST(Records, KeepZeroBytesInTheirNames) {
-  const Sources sources;
-  ASSERT_EQ(sources.Create("m", ComponentFile("f\\u0000o", R"("operations": {"a.b\u0000.c": []})")),
+  const AuthenticationSources sources;
+  ASSERT_EQ(sources.Create("m", SchemesFile("f\\u0000o", R"("operations": {"a.b\u0000.c": []})")),
             Lines());
   const std::string component("f\0o", 3);
   const std::string service("a.b\0", 4);
@@ -233,8 +225,8 @@ TEST(Records, KeepZeroBytesInTheirNames) {
 }
 
 TEST(Records, AreHandedOutWithoutBeingCopied) {
-  const Sources sources;
-  ASSERT_EQ(sources.Create("m", ComponentFile("foo", R"("operations": {"a.b.c": []})")), Lines());
+  const AuthenticationSources sources;
+  ASSERT_EQ(sources.Create("m", SchemesFile("foo", R"("operations": {"a.b.c": []})")), Lines());
   const auto component = sources->ComponentInfo("foo");
   const auto package = sources->PackageInfo("a");
   const auto service = sources->ServiceInfo("a.b");
@@ -245,9 +237,8 @@ TEST(Records, AreHandedOutWithoutBeingCopied) {
 }
 
 TEST(Records, StayValidAfterTheirSourceIsGone) {
-  const Sources sources;
-  ASSERT_EQ(sources.Create("m", ComponentFile("foo", R"("operations": {"a.b.c": ["y"]})")),
-            Lines());
+  const AuthenticationSources sources;
+  ASSERT_EQ(sources.Create("m", SchemesFile("foo", R"("operations": {"a.b.c": ["y"]})")), Lines());
   const auto foo = sources->ComponentInfo("foo");
   ASSERT_NE(foo, nullptr);
   ASSERT_EQ(sources->DeleteSource("m"), nullptr);
@@ -260,3 +251,4 @@ TEST(Records, StayValidAfterTheirSourceIsGone) {
 }
 
 }  // namespace
+}  // namespace Zelk::Testing

@@ -6,8 +6,9 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/cli_text.h"
-#include "cli/hosted.h"
+#include "support/cli_files.h"
+#include "support/cli_text.h"
+#include "surface/cli_under_test.h"
 
 // The two services that answer questions.
 
@@ -16,88 +17,86 @@ namespace {
 
 using CommandService = Provider::Metadata::Cli::CommandSvc::AsyncServiceImpl;
 using NamespaceService = Provider::Metadata::Cli::NamespaceSvc::AsyncServiceImpl;
-using OptionalPath = boost::optional<std::string>;
 
 Lines CommandNotFound(const std::string& full_name) {
-  return NotFound("zelk.metada.cli.command.not.found", "Cli command not found: %1%", full_name);
+  return NotFound<CliUnderTest>("command", full_name);
 }
 
 Lines NamespaceNotFound(const std::string& full_name) {
-  return NotFound("zelk.metada.cli.namespace.not.found", "Cli namespace not found: %1%", full_name);
+  return NotFound<CliUnderTest>("namespace", full_name);
 }
 
-auto ListCommands(const CliHost& host, const OptionalPath& path) {
-  CommandService service(host.Container());
+auto ListCommands(const CliSources& sources, const OptionalText& path) {
+  CommandService service(sources.Shared());
   return Ask(service, &CommandService::List, path);
 }
 
-auto GetCommand(const CliHost& host, const std::string& path, const std::string& name) {
-  CommandService service(host.Container());
+auto GetCommand(const CliSources& sources, const std::string& path, const std::string& name) {
+  CommandService service(sources.Shared());
   return Ask(service, &CommandService::Get,
              std::make_shared<const Bindings::Cli::CommandSvc::Identity>(path, name));
 }
 
-auto GetNamespace(const CliHost& host, const std::string& path, const std::string& name) {
-  NamespaceService service(host.Container());
+auto GetNamespace(const CliSources& sources, const std::string& path, const std::string& name) {
+  NamespaceService service(sources.Shared());
   return Ask(service, &NamespaceService::Get,
              std::make_shared<const Bindings::Cli::NamespaceSvc::Identity>(path, name));
 }
 
 template <typename Service>
-std::string Fingerprint(const CliHost& host) {
-  Service service(host.Container());
+std::string Fingerprint(const CliSources& sources) {
+  Service service(sources.Shared());
   return ValueOf(Ask(service, &Service::Fingerprint));
 }
 
 template <typename Service>
-Lines ErrorForNull(const CliHost& host) {
-  Service service(host.Container());
+Lines ErrorForNull(const CliSources& sources) {
+  Service service(sources.Shared());
   return ErrorOf(Ask(service, &Service::Get, nullptr));
 }
 
 /// Sources whose namespaces and commands collide.
-CliHost::Files Colliding() {
+CliSources Colliding() {
   return {{"2", CliFile({NamespaceNode("", "a", "second"), CommandNode("a", "list", "second"),
                          CommandNode("a.b.c", "list")})},
           {"1", CliFile({NamespaceNode("a", "b"), CommandNode("a", "list", "first"),
                          CommandNode("", "top")})}};
 }
 
-// --- commands -----------------------------------------------------------------------------------
-
 TEST(CliCommandService, ListsWhatTheContainerLists) {
-  const CliHost host(Colliding());
-  const auto commands = ValueOf(ListCommands(host, boost::none));
+  const CliSources sources = Colliding();
+  const auto commands = ValueOf(ListCommands(sources, boost::none));
   EXPECT_EQ(CliTexts(commands), (Lines{":top", "a:list", "a:list", "a.b.c:list"}));
-  EXPECT_EQ(commands, host->ListCommands(boost::none));
+  EXPECT_EQ(commands, sources->ListCommands(boost::none));
 }
 
 TEST(CliCommandService, ListsTheCommandsOfOneNamespace) {
-  const CliHost host(Colliding());
-  EXPECT_EQ(CliTexts(ValueOf(ListCommands(host, std::string("a")))), (Lines{"a:list", "a:list"}));
+  const CliSources sources = Colliding();
+  EXPECT_EQ(CliTexts(ValueOf(ListCommands(sources, std::string("a")))),
+            (Lines{"a:list", "a:list"}));
 }
 
 TEST(CliCommandService, TakesAnEmptyNamespaceForAFilterLikeAnyOther) {
-  EXPECT_EQ(CliTexts(ValueOf(ListCommands(CliHost(Colliding()), std::string()))), Lines{":top"});
-  EXPECT_EQ(ErrorOf(ListCommands(CliHost(), std::string())), NamespaceNotFound(""));
+  EXPECT_EQ(CliTexts(ValueOf(ListCommands(Colliding(), std::string()))), Lines{":top"});
+  EXPECT_EQ(ErrorOf(ListCommands(CliSources(), std::string())), NamespaceNotFound(""));
 }
 
 TEST(CliCommandService, DoesNotFindANamespaceWithoutCommandsOfItsOwn) {
-  const CliHost host(Colliding());
+  const CliSources sources = Colliding();
   for (const std::string path : {"a.b", "A", "a.", "a.b.c.list", "list", " a", "nowhere"}) {
-    EXPECT_EQ(ErrorOf(ListCommands(host, path)), NamespaceNotFound(path)) << path;
+    EXPECT_EQ(ErrorOf(ListCommands(sources, path)), NamespaceNotFound(path)) << path;
   }
 }
 
 TEST(CliCommandService, WithoutSourcesListsNothingSuccessfully) {
-  EXPECT_EQ(CliTexts(ValueOf(ListCommands(CliHost(), boost::none))), Lines());
+  EXPECT_EQ(CliTexts(ValueOf(ListCommands(CliSources(), boost::none))), Lines());
 }
 
 TEST(CliCommandService, GetsTheRecordOfTheFirstSource) {
-  const CliHost host(Colliding());
-  const auto command = ValueOf(GetCommand(host, "a", "list"));
+  const CliSources sources = Colliding();
+  const auto command = ValueOf(GetCommand(sources, "a", "list"));
   EXPECT_EQ(CliText(*command), R"(command a:list "first" "" "" none)");
-  EXPECT_EQ(command, host->CommandInfo(command->identity));
+  EXPECT_EQ(command, sources->CommandInfo(command->identity));
 }
 
 TEST(CliCommandService, NamesTheCommandItDoesNotFindInFull) {
@@ -107,55 +106,53 @@ TEST(CliCommandService, NamesTheCommandItDoesNotFindInFull) {
     const char* full_name;
   };
 
-  const CliHost host(Colliding());
+  const CliSources sources = Colliding();
   const std::vector<Row> rows = {
       {"a.b", "list", "a.b.list"}, {"", "list", "list"},   {"a", "", "a."}, {"", "", ""},
       {"", "a.list", "a.list"},    {"A", "list", "A.list"}};
   for (const auto& row : rows) {
-    EXPECT_EQ(ErrorOf(GetCommand(host, row.path, row.name)), CommandNotFound(row.full_name))
+    EXPECT_EQ(ErrorOf(GetCommand(sources, row.path, row.name)), CommandNotFound(row.full_name))
         << row.full_name;
   }
 }
 
 TEST(CliCommandService, DoesNotFindANullIdentity) {
-  EXPECT_EQ(ErrorForNull<CommandService>(CliHost(Colliding())), CommandNotFound(""));
+  EXPECT_EQ(ErrorForNull<CommandService>(Colliding()), CommandNotFound(""));
 }
 
 TEST(CliCommandService, DeliversTheFingerprintOfAllSourcesOrOfNone) {
-  const CliHost host(Colliding());
-  EXPECT_EQ(Fingerprint<CommandService>(host), host->CommandFingerprint());
-  EXPECT_EQ(Fingerprint<CommandService>(CliHost()), kDigestOfNothing);
+  const CliSources sources = Colliding();
+  EXPECT_EQ(Fingerprint<CommandService>(sources), sources->CommandFingerprint());
+  EXPECT_EQ(Fingerprint<CommandService>(CliSources()), kDigestOfNothing);
 }
 
-// --- namespaces ---------------------------------------------------------------------------------
-
 TEST(CliNamespaceService, ListsWhatTheContainerLists) {
-  const CliHost host(Colliding());
-  NamespaceService service(host.Container());
+  const CliSources sources = Colliding();
+  NamespaceService service(sources.Shared());
   const auto namespaces = ValueOf(Ask(service, &NamespaceService::List));
   EXPECT_EQ(CliTexts(namespaces), (Lines{":", ":a", "a:b", ":", ":a"}));
-  EXPECT_EQ(namespaces, host->ListNamespaces());
+  EXPECT_EQ(namespaces, sources->ListNamespaces());
 }
 
 TEST(CliNamespaceService, WithoutSourcesListsNothingSuccessfully) {
-  NamespaceService service(CliHost().Container());
+  NamespaceService service(CliSources().Shared());
   EXPECT_EQ(CliTexts(ValueOf(Ask(service, &NamespaceService::List))), Lines());
 }
 
 TEST(CliNamespaceService, GetsTheRootThatListsItself) {
-  EXPECT_EQ(CliText(*ValueOf(GetNamespace(CliHost(Colliding()), "", ""))),
+  EXPECT_EQ(CliText(*ValueOf(GetNamespace(Colliding(), "", ""))),
             R"(namespace : "Root namespace" [:a, :])");
 }
 
 TEST(CliNamespaceService, WithoutSourcesDoesNotFindTheRoot) {
-  EXPECT_EQ(ErrorOf(GetNamespace(CliHost(), "", "")), NamespaceNotFound(""));
+  EXPECT_EQ(ErrorOf(GetNamespace(CliSources(), "", "")), NamespaceNotFound(""));
 }
 
 TEST(CliNamespaceService, GetsTheRecordOfTheFirstSource) {
-  const CliHost host(Colliding());
-  const auto info = ValueOf(GetNamespace(host, "", "a"));
+  const CliSources sources = Colliding();
+  const auto info = ValueOf(GetNamespace(sources, "", "a"));
   EXPECT_EQ(CliText(*info), R"(namespace :a "a namespace" [a:b])");
-  EXPECT_EQ(info, host->NamespaceInfo(info->identity));
+  EXPECT_EQ(info, sources->NamespaceInfo(info->identity));
 }
 
 TEST(CliNamespaceService, NamesTheNamespaceItDoesNotFindInFull) {
@@ -165,34 +162,32 @@ TEST(CliNamespaceService, NamesTheNamespaceItDoesNotFindInFull) {
     const char* full_name;
   };
 
-  const CliHost host(Colliding());
+  const CliSources sources = Colliding();
   const std::vector<Row> rows = {{"", "b", "b"},
                                  {"b", "a", "b.a"},
                                  {"a.b", "c", "a.b.c"},
                                  {"a", "", "a."},
                                  {"", "a.b", "a.b"}};
   for (const auto& row : rows) {
-    EXPECT_EQ(ErrorOf(GetNamespace(host, row.path, row.name)), NamespaceNotFound(row.full_name))
+    EXPECT_EQ(ErrorOf(GetNamespace(sources, row.path, row.name)), NamespaceNotFound(row.full_name))
         << row.full_name;
   }
 }
 
 TEST(CliNamespaceService, DoesNotFindANullIdentity) {
-  EXPECT_EQ(ErrorForNull<NamespaceService>(CliHost(Colliding())), NamespaceNotFound(""));
+  EXPECT_EQ(ErrorForNull<NamespaceService>(Colliding()), NamespaceNotFound(""));
 }
 
 TEST(CliNamespaceService, DeliversTheFingerprintOfAllSourcesOrOfNone) {
-  const CliHost host(Colliding());
-  EXPECT_EQ(Fingerprint<NamespaceService>(host), host->NamespaceFingerprint());
-  EXPECT_EQ(Fingerprint<NamespaceService>(CliHost()), kDigestOfNothing);
+  const CliSources sources = Colliding();
+  EXPECT_EQ(Fingerprint<NamespaceService>(sources), sources->NamespaceFingerprint());
+  EXPECT_EQ(Fingerprint<NamespaceService>(CliSources()), kDigestOfNothing);
 }
 
-// --- both ---------------------------------------------------------------------------------------
-
 TEST(CliServices, ThrowOnAnEmptyResult) {
-  const CliHost host(Colliding());
-  CommandService commands(host.Container());
-  NamespaceService namespaces(host.Container());
+  const CliSources sources = Colliding();
+  CommandService commands(sources.Shared());
+  NamespaceService namespaces(sources.Shared());
   EXPECT_THROW(commands.List(boost::none, nullptr, {}), std::bad_function_call);
   EXPECT_THROW(commands.List(std::string("nowhere"), nullptr, {}), std::bad_function_call);
   EXPECT_THROW(commands.Get(nullptr, nullptr, {}), std::bad_function_call);

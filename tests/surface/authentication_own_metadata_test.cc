@@ -9,42 +9,37 @@
 #include <zelk/provider/metadata/authentication/metadata_container.h>
 #include <zelk/provider/metadata/metamodel/metadata_container.h>
 
-#include "authentication/component_text.h"
-#include "support/message_texts.h"
+#include "support/authentication_text.h"
 #include "support/source_dir.h"
+#include "support/surface_recorder.h"
 
 // The definitions of the library's own services: what their schemes file says fits what their
 // metamodel file says.
 
+namespace Zelk::Testing {
 namespace {
 
+namespace Metadata = ::Zelk::Provider::Metadata;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
-using Zelk::Testing::Lines;
-using Zelk::Testing::SchemesText;
-using Zelk::Testing::SchemeText;
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
-namespace Metadata = Zelk::Provider::Metadata;
-
 using Names = std::list<std::string>;
 using NameSet = std::set<std::string>;
 
-/// Registers the domain's file of the repository; the error's texts, none for success.
+/// Registers the domain's file of the repository; the error, nothing for success.
 template <typename CreateSpec, typename Container>
 Lines Load(Container& container, const std::string& domain) {
   const auto spec = std::make_shared<const CreateSpec>(
-      "own services", Com::Orvane::Zelk::Metadata::SourceType::LOCAL_FILE,
+      "own services", ::Com::Orvane::Zelk::Metadata::SourceType::LOCAL_FILE,
       ZELK_SOURCE_DIR "/metadata/" + domain + "/zelk-metadata.json", boost::none);
-  const auto error = container.CreateSource(domain, spec);
-  return error ? Zelk::Testing::ErrorTexts(*error) : Lines();
+  return ErrorLines(container.CreateSource(domain, spec));
 }
 
 NameSet Set(const Names& names) {
   return {names.begin(), names.end()};
 }
 
-class OwnServices : public testing::Test {
+class AuthenticationOwnMetadata : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_EQ(Load<Bindings::Metamodel::SourceSvc::CreateSpec>(*metamodel_, "metamodel"), Lines());
@@ -75,12 +70,12 @@ class OwnServices : public testing::Test {
       Metadata::Authentication::MetadataContainer::GetInstance();
 };
 
-TEST_F(OwnServices, AreOneComponentInBothFiles) {
+TEST_F(AuthenticationOwnMetadata, AreOneComponentInBothFiles) {
   EXPECT_EQ(schemes_->ListComponents(), metamodel_->ListComponents());
   EXPECT_THAT(schemes_->ListComponents(), ElementsAre("com.orvane.zelk.metadata"));
 }
 
-TEST_F(OwnServices, HaveSchemesForEveryPackage) {
+TEST_F(AuthenticationOwnMetadata, HaveSchemesForEveryPackage) {
   for (const auto& name : metamodel_->ListPackages()) {
     const auto package = schemes_->PackageInfo(name);
     ASSERT_NE(package, nullptr) << name;
@@ -88,7 +83,7 @@ TEST_F(OwnServices, HaveSchemesForEveryPackage) {
   }
 }
 
-TEST_F(OwnServices, HaveSchemesForEveryOperationAtSomeLevel) {
+TEST_F(AuthenticationOwnMetadata, HaveSchemesForEveryOperationAtSomeLevel) {
   for (const auto& service : metamodel_->ListServices()) {
     EXPECT_THAT(Operations(service), Not(IsEmpty())) << service;
     for (const auto& operation : Operations(service)) {
@@ -99,7 +94,7 @@ TEST_F(OwnServices, HaveSchemesForEveryOperationAtSomeLevel) {
   }
 }
 
-TEST_F(OwnServices, HaveSchemesForKnownServicesAndOperationsOnly) {
+TEST_F(AuthenticationOwnMetadata, HaveSchemesForKnownServicesAndOperationsOnly) {
   const auto known = Set(metamodel_->ListServices());
   for (const auto& service : schemes_->ListServices()) {
     EXPECT_EQ(known.count(service), 1U) << service;
@@ -112,7 +107,7 @@ TEST_F(OwnServices, HaveSchemesForKnownServicesAndOperationsOnly) {
 }
 
 // A service inside another one has that one's id in the place of a package.
-TEST_F(OwnServices, HaveSchemesForKnownPackagesOnly) {
+TEST_F(AuthenticationOwnMetadata, HaveSchemesForKnownPackagesOnly) {
   const auto packages = Set(metamodel_->ListPackages());
   const auto services = Set(metamodel_->ListServices());
   for (const auto& name : schemes_->ListPackages()) {
@@ -122,7 +117,7 @@ TEST_F(OwnServices, HaveSchemesForKnownPackagesOnly) {
   }
 }
 
-TEST_F(OwnServices, ChangeSourcesForAdministratorsOnly) {
+TEST_F(AuthenticationOwnMetadata, ChangeSourcesForAdministratorsOnly) {
   const std::string administrator =
       R"("com.orvane.zelk.authentication.administrator"@"com.orvane.zelk.session.administrator")";
   for (const auto& service : metamodel_->ListServices()) {
@@ -136,7 +131,7 @@ TEST_F(OwnServices, ChangeSourcesForAdministratorsOnly) {
   }
 }
 
-TEST_F(OwnServices, TellWithoutASessionWhichSchemesCallsNeed) {
+TEST_F(AuthenticationOwnMetadata, TellWithoutASessionWhichSchemesCallsNeed) {
   const std::string domain = "com.orvane.zelk.metadata.authentication.";
   for (const std::string service : {"component", "package", "service", "service.operation"}) {
     ASSERT_THAT(Operations(domain + service), Not(IsEmpty())) << service;
@@ -148,7 +143,7 @@ TEST_F(OwnServices, TellWithoutASessionWhichSchemesCallsNeed) {
   }
 }
 
-TEST_F(OwnServices, NeedNoAdministratorForAWholePackage) {
+TEST_F(AuthenticationOwnMetadata, NeedNoAdministratorForAWholePackage) {
   NameSet schemes;
   for (const auto& name : schemes_->ListPackages()) {
     for (const auto& scheme : schemes_->PackageInfo(name)->schemes) {
@@ -162,3 +157,4 @@ TEST_F(OwnServices, NeedNoAdministratorForAWholePackage) {
 }
 
 }  // namespace
+}  // namespace Zelk::Testing

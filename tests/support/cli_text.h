@@ -1,10 +1,10 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include <com/orvane/zelk/metadata/cli/records.h>
 
+#include "support/lines.h"
 #include "support/record_text.h"
 
 // CLI records as text, so that a test compares everything that was read at once. For tests only:
@@ -12,7 +12,6 @@
 
 namespace Zelk::Testing {
 
-using Lines = std::vector<std::string>;
 namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 /// The path and the name; ":" is the root.

@@ -14,9 +14,9 @@
 #include <zelk/provider/metadata/metamodel/metadata_container.h>
 #include <zelk/provider/metadata/metamodel/services.h>
 
-#include "cli/cli_text.h"
-#include "cli/hosted.h"
+#include "support/cli_text.h"
 #include "support/source_dir.h"
+#include "surface/cli_under_test.h"
 
 // The commands for the library's own services, held against the description of these services.
 
@@ -62,14 +62,14 @@ std::string OptionTypeText(const TypePtr& type) {
 }
 
 /// Both files, loaded and asked through their services.
-class OwnMetadata : public testing::Test {
+class CliOwnMetadata : public testing::Test {
  protected:
-  OwnMetadata() {
+  CliOwnMetadata() {
     const std::string folder = ZELK_SOURCE_DIR "/metadata/";
-    const auto error = cli_->CreateSource("own", FileSpec(folder + "cli/zelk-metadata.json"));
+    const auto error = cli_->CreateSource("own", CliSources::At(folder + "cli/zelk-metadata.json"));
     if (error) throw std::invalid_argument(ErrorLines(error).back());
     const auto spec = std::make_shared<const Bindings::Metamodel::SourceSvc::CreateSpec>(
-        "", SourceTypeValue::LOCAL_FILE, folder + "metamodel/zelk-metadata.json", boost::none);
+        "", SourceType::LOCAL_FILE, folder + "metamodel/zelk-metadata.json", boost::none);
     SourceService service(metamodel_);
     const auto delivery = Ask(service, &SourceService::Create, "own", spec);
     if (delivery.error) throw std::invalid_argument(ErrorLines(delivery.error).back());
@@ -120,7 +120,7 @@ class OwnMetadata : public testing::Test {
       Provided::Metamodel::MetadataContainer::GetInstance();
 };
 
-TEST_F(OwnMetadata, HasOneCommandForEveryOperationOfEveryService) {
+TEST_F(CliOwnMetadata, HasOneCommandForEveryOperationOfEveryService) {
   std::multiset<std::pair<std::string, std::string>> commands;
   for (const auto& command : Commands()) {
     commands.emplace(command->service_id, command->operation_id);
@@ -134,7 +134,7 @@ TEST_F(OwnMetadata, HasOneCommandForEveryOperationOfEveryService) {
   EXPECT_EQ(commands, operations);
 }
 
-TEST_F(OwnMetadata, NamesCommandsAfterTheirServicesAndOperations) {
+TEST_F(CliOwnMetadata, NamesCommandsAfterTheirServicesAndOperations) {
   for (const auto& command : Commands()) {
     EXPECT_EQ("com.orvane.zelk." + command->identity->path, command->service_id);
     EXPECT_EQ(command->identity->name, command->operation_id) << command->service_id;
@@ -142,7 +142,7 @@ TEST_F(OwnMetadata, NamesCommandsAfterTheirServicesAndOperations) {
   }
 }
 
-TEST_F(OwnMetadata, FillsEveryParameterWithAnOptionOfItsType) {
+TEST_F(CliOwnMetadata, FillsEveryParameterWithAnOptionOfItsType) {
   for (const auto& command : Commands()) {
     const auto operation = Operation(command);
     ASSERT_TRUE(operation) << CliText(*command);
@@ -161,7 +161,7 @@ TEST_F(OwnMetadata, FillsEveryParameterWithAnOptionOfItsType) {
   }
 }
 
-TEST_F(OwnMetadata, HasNoOptionTwiceInACommand) {
+TEST_F(CliOwnMetadata, HasNoOptionTwiceInACommand) {
   for (const auto& command : Commands()) {
     std::set<std::string> names;
     for (const auto& option : command->options) {
@@ -175,7 +175,7 @@ TEST_F(OwnMetadata, HasNoOptionTwiceInACommand) {
   }
 }
 
-TEST_F(OwnMetadata, ShowsFieldsThatTheStructuresHave) {
+TEST_F(CliOwnMetadata, ShowsFieldsThatTheStructuresHave) {
   for (const auto& command : Commands()) {
     for (const auto& output : command->output_field_list) {
       const auto structure = Structure(output->structure_id);
@@ -193,7 +193,7 @@ TEST_F(OwnMetadata, ShowsFieldsThatTheStructuresHave) {
   }
 }
 
-TEST_F(OwnMetadata, ShowsTheStructureOfTheResultFirstAndThenWhatItHolds) {
+TEST_F(CliOwnMetadata, ShowsTheStructureOfTheResultFirstAndThenWhatItHolds) {
   for (const auto& command : Commands()) {
     const auto operation = Operation(command);
     ASSERT_TRUE(operation) << CliText(*command);
@@ -209,7 +209,7 @@ TEST_F(OwnMetadata, ShowsTheStructureOfTheResultFirstAndThenWhatItHolds) {
   }
 }
 
-TEST_F(OwnMetadata, HasAFormatterForWhatAnswersSomething) {
+TEST_F(CliOwnMetadata, HasAFormatterForWhatAnswersSomething) {
   for (const auto& command : Commands()) {
     const auto operation = Operation(command);
     ASSERT_TRUE(operation) << CliText(*command);
@@ -221,7 +221,7 @@ TEST_F(OwnMetadata, HasAFormatterForWhatAnswersSomething) {
   }
 }
 
-TEST_F(OwnMetadata, DescribesEveryNamespaceAndEachBeforeItsChildren) {
+TEST_F(CliOwnMetadata, DescribesEveryNamespaceAndEachBeforeItsChildren) {
   std::set<std::string> names;
   for (const auto& identity : cli_->ListNamespaces()) {
     const auto info = cli_->NamespaceInfo(identity);
@@ -236,7 +236,7 @@ TEST_F(OwnMetadata, DescribesEveryNamespaceAndEachBeforeItsChildren) {
   EXPECT_EQ(names.size(), cli_->ListNamespaces().size());
 }
 
-TEST_F(OwnMetadata, HasItsCommandsInNamespacesThatItDescribes) {
+TEST_F(CliOwnMetadata, HasItsCommandsInNamespacesThatItDescribes) {
   std::set<std::string> full_names;
   for (const auto& identity : cli_->ListNamespaces()) {
     full_names.insert(identity->path.empty() ? identity->name

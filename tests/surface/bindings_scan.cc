@@ -1,4 +1,4 @@
-#include "metadata/bindings_scan.h"
+#include "surface/bindings_scan.h"
 
 #include <algorithm>
 #include <cctype>

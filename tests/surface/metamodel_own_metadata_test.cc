@@ -11,8 +11,8 @@
 #include <com/orvane/zelk/metadata/source_type.h>
 #include <zelk/provider/metadata/metamodel/metadata_container.h>
 
-#include "metadata/bindings_scan.h"
 #include "support/source_dir.h"
+#include "surface/bindings_scan.h"
 
 namespace Zelk::Testing {
 namespace {
@@ -23,7 +23,7 @@ namespace Metamodel = ::Zelk::Provider::Metadata::Metamodel;
 const std::string kComponent = "com.orvane.zelk.metadata";
 
 /// The file that ships, loaded; and the ids that it gives to what the bindings declare.
-class MetamodelMetadata : public testing::Test {
+class MetamodelOwnMetadata : public testing::Test {
  protected:
   void SetUp() override {
     const auto spec = std::make_shared<const Bindings::Metamodel::SourceSvc::CreateSpec>(
@@ -55,14 +55,14 @@ class MetamodelMetadata : public testing::Test {
       Metamodel::MetadataContainer::GetInstance();
 };
 
-TEST_F(MetamodelMetadata, DescribesOneComponentWithAPackageForEachDomain) {
+TEST_F(MetamodelOwnMetadata, DescribesOneComponentWithAPackageForEachDomain) {
   EXPECT_THAT(container_->ListComponents(), testing::ElementsAre(kComponent));
   for (const auto& domain : DomainNames()) {
     EXPECT_NE(container_->PackageInfo(kComponent + '.' + domain), nullptr) << domain;
   }
 }
 
-TEST_F(MetamodelMetadata, HasEveryServiceOfTheBindingsAndNoOther) {
+TEST_F(MetamodelOwnMetadata, HasEveryServiceOfTheBindingsAndNoOther) {
   std::set<std::string> expected;
   for (const auto& domain : DomainNames()) {
     for (const auto& [name, operations] : ScanBindings(domain).services) {
@@ -73,7 +73,7 @@ TEST_F(MetamodelMetadata, HasEveryServiceOfTheBindingsAndNoOther) {
   EXPECT_THAT(container_->ListServices(), testing::UnorderedElementsAreArray(expected));
 }
 
-TEST_F(MetamodelMetadata, HasEveryOperationWithItsParametersInOrder) {
+TEST_F(MetamodelOwnMetadata, HasEveryOperationWithItsParametersInOrder) {
   for (const auto& domain : DomainNames()) {
     for (const auto& [name, operations] : ScanBindings(domain).services) {
       const std::string service_id = Id(domain, name);
@@ -91,7 +91,7 @@ TEST_F(MetamodelMetadata, HasEveryOperationWithItsParametersInOrder) {
   }
 }
 
-TEST_F(MetamodelMetadata, HasEveryRecordWithItsMembersInOrderAndNoOther) {
+TEST_F(MetamodelOwnMetadata, HasEveryRecordWithItsMembersInOrderAndNoOther) {
   std::set<std::string> expected;
   for (const auto& domain : DomainNames()) {
     for (const auto& [name, members] : ScanBindings(domain).records) {
@@ -108,7 +108,7 @@ TEST_F(MetamodelMetadata, HasEveryRecordWithItsMembersInOrderAndNoOther) {
   EXPECT_THAT(container_->ListStructures(), testing::UnorderedElementsAreArray(expected));
 }
 
-TEST_F(MetamodelMetadata, HasEveryEnumerationWithItsValuesInOrderAndNoOther) {
+TEST_F(MetamodelOwnMetadata, HasEveryEnumerationWithItsValuesInOrderAndNoOther) {
   const std::map<std::string, const char* const*> expected{
       {"source_type", Bindings::SourceType::Strings::values},
       {"metamodel.type.category", Bindings::Metamodel::TypeEnumerations::Category::Strings::values},
@@ -142,7 +142,7 @@ TEST_F(MetamodelMetadata, HasEveryEnumerationWithItsValuesInOrderAndNoOther) {
   }
 }
 
-TEST_F(MetamodelMetadata, SaysOfEveryOperationAndFieldWhatItIs) {
+TEST_F(MetamodelOwnMetadata, SaysOfEveryOperationAndFieldWhatItIs) {
   for (const auto& service_id : container_->ListServices()) {
     for (const auto& [name, operation] : container_->ServiceInfo(service_id)->operations) {
       EXPECT_FALSE(operation->documentation.empty()) << service_id << ' ' << name;
@@ -161,7 +161,7 @@ TEST_F(MetamodelMetadata, SaysOfEveryOperationAndFieldWhatItIs) {
   }
 }
 
-TEST_F(MetamodelMetadata, NamesTheModelsOfItsResources) {
+TEST_F(MetamodelOwnMetadata, NamesTheModelsOfItsResources) {
   const auto models = container_->ListModels(kComponent + ".metamodel.component");
   ASSERT_TRUE(models);
   EXPECT_THAT(*models, testing::ElementsAre(kComponent + ".metamodel.component_info"));
