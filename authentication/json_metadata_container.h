@@ -18,6 +18,7 @@ struct SourceDomain {
   static constexpr const char* kExists = MessageId::kAuthenticationSourceExists;
   static constexpr const char* kNotFound = MessageId::kAuthenticationSourceNotFound;
   static constexpr const char* kFileNotFound = MessageId::kAuthenticationSourceFileNotFound;
+  static constexpr const char* kParseError = MessageId::kAuthenticationParseError;
 
   static bool Parse(TextBuffer text, const std::shared_ptr<SourceData>& source, Errors& errors);
   static void PushNames(const SourceData& source, std::vector<NameMark>& names);

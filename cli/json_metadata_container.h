@@ -18,6 +18,7 @@ struct SourceDomain {
   static constexpr const char* kExists = MessageId::kCliSourceExists;
   static constexpr const char* kNotFound = MessageId::kCliSourceNotFound;
   static constexpr const char* kFileNotFound = MessageId::kCliSourceFileNotFound;
+  static constexpr const char* kParseError = MessageId::kCliParseError;
 
   static bool Parse(TextBuffer text, const std::shared_ptr<SourceData>& source, Errors& errors);
   static void PushNames(const SourceData& source, std::vector<NameMark>& names);

@@ -18,6 +18,7 @@ struct SourceDomain {
   static constexpr const char* kExists = MessageId::kMetamodelSourceExists;
   static constexpr const char* kNotFound = MessageId::kMetamodelSourceNotFound;
   static constexpr const char* kFileNotFound = MessageId::kMetamodelSourceFileNotFound;
+  static constexpr const char* kParseError = MessageId::kMetamodelParseError;
 
   static bool Parse(TextBuffer text, const std::shared_ptr<SourceData>& source, Errors& errors);
   static void PushNames(const SourceData& source, std::vector<NameMark>& names);

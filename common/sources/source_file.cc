@@ -42,15 +42,20 @@ std::size_t ReadSome(int descriptor, char* buffer, std::size_t size) {
   return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 
-TextBuffer ReadToEnd(int descriptor, std::size_t expected_size) {
+boost::optional<TextBuffer> ReadToEnd(int descriptor, std::size_t expected_size,
+                                      bool& is_too_large) {
+  is_too_large = expected_size > kMaxTextSize;
+  if (is_too_large) return boost::none;
   TextBuffer text(expected_size);
   std::size_t filled = 0;
   // Asks for one byte more than expected, which takes the place of the zero byte: a file of that
   // size ends the loop on its second read.
   while (const auto count = ReadSome(descriptor, text.Data() + filled, text.Size() + 1 - filled)) {
     filled += count;
+    is_too_large = filled > kMaxTextSize;
+    if (is_too_large) return boost::none;
     if (filled > text.Size()) {  // it grows while it is read
-      TextBuffer larger(std::max(filled, std::min(2 * filled, kMaxTextSize)));
+      TextBuffer larger(std::min(2 * filled, kMaxTextSize));
       std::memcpy(larger.Data(), text.Data(), filled);
       text = std::move(larger);
     }
@@ -61,7 +66,8 @@ TextBuffer ReadToEnd(int descriptor, std::size_t expected_size) {
 
 }  // namespace
 
-boost::optional<TextBuffer> ReadSourceFile(const std::string& path) {
+boost::optional<TextBuffer> ReadSourceFile(const std::string& path, bool& is_too_large) {
+  is_too_large = false;
   // The system would silently look at the part before a zero byte.
   if (path.find('\0') != std::string::npos) return boost::none;
   const FileDescriptor file(path);
@@ -71,7 +77,7 @@ boost::optional<TextBuffer> ReadSourceFile(const std::string& path) {
   if (!file.IsOpen() || fstat(file.Get(), &status) != 0) return boost::none;
   if (S_ISDIR(status.st_mode)) return TextBuffer(0);
   if (!S_ISREG(status.st_mode)) return boost::none;
-  return ReadToEnd(file.Get(), static_cast<std::size_t>(status.st_size));
+  return ReadToEnd(file.Get(), static_cast<std::size_t>(status.st_size), is_too_large);
 }
 
 }  // namespace Zelk::Provider::Metadata

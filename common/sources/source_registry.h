@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <boost/optional.hpp>
+#include <rapidjson/error/error.h>
 
 #include <com/orvane/zelk/metadata/source_type.h>
 #include <zelk/md5.h>
@@ -21,7 +22,7 @@ namespace Zelk::Provider::Metadata {
 // The life cycle of a domain's sources. A `Domain` is a struct of facts:
 //
 // - SourceData, CreateSpec, Info: the record of a source, what it is made from and described by;
-// - kExists, kNotFound, kFileNotFound: message ids;
+// - kExists, kNotFound, kFileNotFound, kParseError: message ids;
 // - static bool Parse(text, source, errors): fills a new SourceData from a file's text, which it
 //   may write over;
 // - static void PushNames(source, names): appends the names that lookups in it can ask for;
@@ -44,9 +45,14 @@ std::shared_ptr<const typename Domain::SourceData> LoadSource(
     return nullptr;
   }
   const std::string path = spec->file_path.value_or(std::string());
-  auto text = ReadSourceFile(path);
+  bool is_too_large = false;
+  auto text = ReadSourceFile(path, is_too_large);
   if (!text) {
-    error = MakeError<StdErrors::NotFound>(Domain::kFileNotFound, path);
+    // A file that is too large counts as one that the parser stopped reading at the last offset
+    // that it knows.
+    error = is_too_large ? MakeError<StdErrors::InvalidArgument>(
+                               Domain::kParseError, rapidjson::kParseErrorTermination, kMaxTextSize)
+                         : MakeError<StdErrors::NotFound>(Domain::kFileNotFound, path);
     return nullptr;
   }
   const auto source = std::make_shared<typename Domain::SourceData>(spec);

@@ -45,6 +45,7 @@ struct CountedDomain {
   static constexpr const char* kExists = "exists";
   static constexpr const char* kNotFound = "not.found";
   static constexpr const char* kFileNotFound = "file.not.found";
+  static constexpr const char* kParseError = "parse.error";
 
   static bool Parse(TextBuffer text, const std::shared_ptr<SourceData>& /*source*/,
                     Errors& /*errors*/) {

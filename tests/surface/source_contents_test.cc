@@ -1,4 +1,6 @@
 #include <cstddef>
+#include <cstdint>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -41,6 +43,22 @@ class SourceContents : public testing::Test {
 };
 
 TYPED_TEST_SUITE(SourceContents, DomainsUnderTest, DomainName);
+
+TYPED_TEST(SourceContents, OfMoreBytesThanTheParserCountsAreASyntaxErrorAndNotRead) {
+  const std::string path = this->sources_.Write("m", this->Good());
+  for (const auto size : {std::uintmax_t{1} << 32U, std::uintmax_t{1} << 40U}) {
+    std::filesystem::resize_file(path, size);
+    EXPECT_EQ(this->sources_.CreateAt("m", path), (ParseError<TypeParam>(16, 4294967295))) << size;
+    EXPECT_THAT(this->sources_->ListSources(), IsEmpty()) << size;
+  }
+}
+
+TYPED_TEST(SourceContents, OfMoreBytesThanTheParserCountsLeaveTheOldDataOnReload) {
+  this->sources_.Create("m", this->Good());
+  std::filesystem::resize_file(this->sources_.Path("m"), std::uintmax_t{1} << 32U);
+  EXPECT_EQ(this->sources_->ReloadSource(boost::none), nullptr);
+  EXPECT_THAT(this->sources_.Names(), ElementsAre("foo"));
+}
 
 /// What is no JSON, the code of the syntax error, and its offset.
 struct SyntaxError {
