@@ -4,7 +4,7 @@
 #include <string>
 #include <type_traits>
 
-#include <boost/optional/optional.hpp>
+#include <boost/optional.hpp>
 #include <gtest/gtest.h>
 
 #include <zelk/async_result.h>

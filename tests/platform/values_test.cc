@@ -4,7 +4,7 @@
 #include <vector>
 
 #include <boost/none.hpp>
-#include <boost/optional/optional.hpp>
+#include <boost/optional.hpp>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -27,7 +27,7 @@ class JsonWriter {
   void Bool(bool value);
   void Null();
 
-  // A key with its value; null for an empty optional.
+  /// A key with its value; null for an empty optional.
   void Member(const std::string& name, const std::string& value);
   void Member(const std::string& name, const boost::optional<std::string>& value);
 

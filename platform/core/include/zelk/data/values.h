@@ -9,8 +9,8 @@
 
 namespace Zelk::Data {
 
-// A value in the framework's own form, in which it travels between processes. Values are built once
-// and from then on shared as pointers to const, so they are not copied.
+/// A value in the framework's own form, in which it travels between processes. Values are built
+/// once and from then on shared as pointers to const, so they are not copied.
 class ZELK_CORE_EXPORT DataValue {
  public:
   DataValue(const DataValue&) = delete;
@@ -34,14 +34,14 @@ class ZELK_CORE_EXPORT StringValue : public DataValue {
 
 class ZELK_CORE_EXPORT OptionalValue : public DataValue {
  public:
-  // Absent.
+  /// Absent.
   OptionalValue();
 
-  // Absent when the pointer is null.
+  /// Absent when the pointer is null.
   explicit OptionalValue(std::shared_ptr<const DataValue> value);
   ~OptionalValue() override;
 
-  // Null when absent.
+  /// Null when absent.
   const std::shared_ptr<const DataValue>& Value() const;
 
  private:
@@ -55,24 +55,24 @@ class ZELK_CORE_EXPORT ListValue : public DataValue {
 
   void Add(std::shared_ptr<const DataValue> element);
 
-  // In the order added.
+  /// In the order added.
   const std::vector<std::shared_ptr<const DataValue>>& Elements() const;
 
  private:
   std::vector<std::shared_ptr<const DataValue>> elements_;
 };
 
-// A value made of named fields. The name is that of its type, dotted and in lower case.
+/// A value made of named fields. The name is that of its type, dotted and in lower case.
 class ZELK_CORE_EXPORT CompoundValue : public DataValue {
  public:
   ~CompoundValue() override;
 
   const std::string& Name() const;
 
-  // Replaces the field if it is already there.
+  /// Replaces the field if it is already there.
   void SetField(const std::string& name, std::shared_ptr<const DataValue> value);
 
-  // Null when there is no such field.
+  /// Null when there is no such field.
   std::shared_ptr<const DataValue> Field(const std::string& name) const;
 
  protected:
@@ -89,11 +89,8 @@ class ZELK_CORE_EXPORT StructValue : public CompoundValue {
   ~StructValue() override;
 };
 
-// An error. It always has the fields "messages", a ListValue, and "data", an OptionalValue; both are
-// empty unless set. Each message is a StructValue with the fields "id" and "default_text"
-// (StringValue) and "arguments" (ListValue of StringValue). The placeholder "%1%" of the default
-// text stands for the first argument, "%2%" for the second. examples/errors.cc shows how to read
-// them.
+/// An error. From the start it has the fields "messages", an empty ListValue, and "data", an absent
+/// OptionalValue, so that who receives an error finds both whatever its kind.
 class ZELK_CORE_EXPORT ErrorValue : public CompoundValue {
  public:
   explicit ErrorValue(std::string name);

@@ -2,14 +2,14 @@
 
 #include <string>
 
-#include <boost/optional/optional.hpp>
+#include <boost/optional.hpp>
 
 #include <com/orvane/zelk/export.h>
 #include <zelk/enum.h>
 
 namespace Com::Orvane::Zelk::Metadata {
 
-// Where the metadata of a source comes from.
+/// Where the metadata of a source comes from.
 class ZELK_STD_BINDINGS_EXPORT SourceType : public ::Zelk::GeneratedEnum<SourceType> {
  public:
   enum Enumerator { LOCAL_FILE, REMOTE, UNKNOWN };
@@ -23,21 +23,21 @@ class ZELK_STD_BINDINGS_EXPORT SourceType : public ::Zelk::GeneratedEnum<SourceT
   SourceType(Enumerator value) : GeneratedEnum(value) {}  // NOLINT(google-explicit-constructor)
 };
 
-// A source as its creator describes it. Each domain has its own SourceSvc::CreateSpec and
-// SourceSvc::Info made from it, so that the domains' descriptions are not mixed up.
+/// A source as its creator describes it. Each domain has its own SourceSvc::CreateSpec and
+/// SourceSvc::Info made from it, so that the domains' descriptions are not mixed up.
 struct ZELK_STD_BINDINGS_EXPORT SourceDescription {
   SourceDescription(std::string description, SourceType type,
                     boost::optional<std::string> file_path, boost::optional<std::string> address);
 
-  // Free text for people.
+  /// Free text for people.
   std::string description;
 
   SourceType type;
 
-  // The file that holds the metadata, for LOCAL_FILE.
+  /// The file that holds the metadata, for LOCAL_FILE.
   boost::optional<std::string> file_path;
 
-  // Where to ask for the metadata, for REMOTE.
+  /// Where to ask for the metadata, for REMOTE.
   boost::optional<std::string> address;
 };
 

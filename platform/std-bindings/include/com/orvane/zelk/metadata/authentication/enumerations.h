@@ -7,7 +7,7 @@ namespace Com::Orvane::Zelk::Metadata::Authentication {
 
 namespace AuthenticationInfoEnumerations {
 
-// Whether a scheme authenticates every call by itself or opens a session first.
+/// Whether a scheme authenticates every call by itself or opens a session first.
 class ZELK_STD_BINDINGS_EXPORT SchemeType : public ::Zelk::GeneratedEnum<SchemeType> {
  public:
   enum Enumerator { SESSIONLESS, SESSION_AWARE, UNKNOWN };

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include <boost/optional/optional.hpp>
+#include <boost/optional.hpp>
 
 #include <com/orvane/zelk/export.h>
 #include <com/orvane/zelk/metadata/authentication/enumerations.h>
@@ -18,17 +18,17 @@
 
 namespace Com::Orvane::Zelk::Metadata::Authentication {
 
-// One scheme.
+/// One scheme.
 struct ZELK_STD_BINDINGS_EXPORT AuthenticationInfo {
   AuthenticationInfo(AuthenticationInfoEnumerations::SchemeType scheme_type,
                      boost::optional<std::string> session_manager, std::string scheme);
 
   AuthenticationInfoEnumerations::SchemeType scheme_type;
 
-  // Who opens the session, for SESSION_AWARE, else empty.
+  /// Who opens the session, for SESSION_AWARE, else empty.
   boost::optional<std::string> session_manager;
 
-  // The identifier of the scheme.
+  /// The identifier of the scheme.
   std::string scheme;
 };
 
@@ -44,7 +44,7 @@ struct ZELK_STD_BINDINGS_EXPORT ServiceInfo {
 
   std::list<std::shared_ptr<const AuthenticationInfo>> schemes;
 
-  // By the operation's name without that of the service.
+  /// By the operation's name without that of the service.
   std::map<std::string, std::shared_ptr<const OperationInfo>> operations;
 };
 
@@ -54,7 +54,7 @@ struct ZELK_STD_BINDINGS_EXPORT PackageInfo {
 
   std::list<std::shared_ptr<const AuthenticationInfo>> schemes;
 
-  // By the full service id.
+  /// By the full service id.
   std::map<std::string, std::shared_ptr<const ServiceInfo>> services;
 };
 
@@ -64,24 +64,24 @@ struct ZELK_STD_BINDINGS_EXPORT ComponentInfo {
   std::map<std::string, std::shared_ptr<const PackageInfo>> packages;
 };
 
-// A component as its service answers it.
+/// A component as its service answers it.
 struct ZELK_STD_BINDINGS_EXPORT ComponentData {
   ComponentData(std::shared_ptr<const ComponentInfo> info, std::string fingerprint);
 
   std::shared_ptr<const ComponentInfo> info;
 
-  // 32 lower-case hex digits that change whenever the source of the component does.
+  /// 32 lower-case hex digits that change whenever the source of the component does.
   std::string fingerprint;
 };
 
 namespace SourceSvc {
 
-// What a client gives to register a source.
+/// What a client gives to register a source.
 struct ZELK_STD_BINDINGS_EXPORT CreateSpec : SourceDescription {
   using SourceDescription::SourceDescription;
 };
 
-// What a registered source was made from.
+/// What a registered source was made from.
 struct ZELK_STD_BINDINGS_EXPORT Info : SourceDescription {
   using SourceDescription::SourceDescription;
 };

@@ -7,7 +7,7 @@ namespace Com::Orvane::Zelk::Metadata::Cli {
 
 namespace CommandSvc {
 
-// How a client shows the result of a command.
+/// How a client shows the result of a command.
 class ZELK_STD_BINDINGS_EXPORT FormatterType : public ::Zelk::GeneratedEnum<FormatterType> {
  public:
   enum Enumerator { SIMPLE, TABLE, JSON, XML, CSV, HTML, UNKNOWN };
@@ -22,7 +22,7 @@ class ZELK_STD_BINDINGS_EXPORT FormatterType : public ::Zelk::GeneratedEnum<Form
       : GeneratedEnum(value) {}
 };
 
-// Which generic type is put around the type of an option.
+/// Which generic type is put around the type of an option.
 class ZELK_STD_BINDINGS_EXPORT GenericType : public ::Zelk::GeneratedEnum<GenericType> {
  public:
   enum Enumerator { NONE, OPTIONAL, LIST, OPTIONAL_LIST, LIST_OPTIONAL, UNKNOWN };

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include <boost/optional/optional.hpp>
+#include <boost/optional.hpp>
 
 #include <com/orvane/zelk/export.h>
 #include <com/orvane/zelk/metadata/cli/enumerations.h>
@@ -15,12 +15,12 @@
 
 namespace Com::Orvane::Zelk::Metadata::Cli {
 
-// The place of a namespace or a command in the tree. Identities order by path, then name, each by
-// its bytes.
+/// The place of a namespace or a command in the tree. Identities order by path, then name, each by
+/// its bytes.
 struct ZELK_STD_BINDINGS_EXPORT TreeIdentity {
   TreeIdentity(std::string path, std::string name);
 
-  // The dotted full name of the namespace around it; empty at the top level.
+  /// The dotted full name of the namespace around it; empty at the top level.
   std::string path;
 
   std::string name;
@@ -32,7 +32,7 @@ ZELK_STD_BINDINGS_EXPORT bool operator<(const TreeIdentity& left, const TreeIden
 
 namespace NamespaceSvc {
 
-// Of the root namespace, path and name are both empty.
+/// Of the root namespace, path and name are both empty.
 struct ZELK_STD_BINDINGS_EXPORT Identity : TreeIdentity {
   using TreeIdentity::TreeIdentity;
 };
@@ -42,12 +42,12 @@ struct ZELK_STD_BINDINGS_EXPORT Info {
   Info(std::shared_ptr<const Identity> identity, std::string description,
        std::list<std::shared_ptr<const Identity>> children);
 
-  // Null in a default-constructed record only.
+  /// Null in a default-constructed record only.
   std::shared_ptr<const Identity> identity;
 
   std::string description;
 
-  // The namespaces directly in this one, in the order registered. The root lists itself too.
+  /// The namespaces directly in this one, in the order registered. The root lists itself too.
   std::list<std::shared_ptr<const Identity>> children;
 };
 
@@ -59,7 +59,7 @@ struct ZELK_STD_BINDINGS_EXPORT Identity : TreeIdentity {
   using TreeIdentity::TreeIdentity;
 };
 
-// One option of a command and the input field that it fills.
+/// One option of a command and the input field that it fills.
 struct ZELK_STD_BINDINGS_EXPORT OptionInfo {
   OptionInfo(std::string long_option, boost::optional<std::string> short_option,
              std::string field_name, std::string description, std::string type,
@@ -70,13 +70,13 @@ struct ZELK_STD_BINDINGS_EXPORT OptionInfo {
   std::string field_name;
   std::string description;
 
-  // As written in the file.
+  /// As written in the file.
   std::string type;
 
   GenericType generic;
 };
 
-// One column or line of what a command shows.
+/// One column or line of what a command shows.
 struct ZELK_STD_BINDINGS_EXPORT OutputFieldInfo {
   OutputFieldInfo(std::string field_name, std::string display_name);
 
@@ -84,7 +84,7 @@ struct ZELK_STD_BINDINGS_EXPORT OutputFieldInfo {
   std::string display_name;
 };
 
-// What is shown of one result structure.
+/// What is shown of one result structure.
 struct ZELK_STD_BINDINGS_EXPORT OutputInfo {
   OutputInfo(std::string structure_id,
              std::list<std::shared_ptr<const OutputFieldInfo>> output_fields);
@@ -93,7 +93,7 @@ struct ZELK_STD_BINDINGS_EXPORT OutputInfo {
   std::list<std::shared_ptr<const OutputFieldInfo>> output_fields;
 };
 
-// A command and the service operation that it calls.
+/// A command and the service operation that it calls.
 struct ZELK_STD_BINDINGS_EXPORT Info {
   Info();
   Info(std::shared_ptr<const Identity> identity, std::string description, std::string service_id,
@@ -101,7 +101,7 @@ struct ZELK_STD_BINDINGS_EXPORT Info {
        boost::optional<FormatterType> formatter,
        std::list<std::shared_ptr<const OutputInfo>> output_field_list);
 
-  // Null in a default-constructed record only.
+  /// Null in a default-constructed record only.
   std::shared_ptr<const Identity> identity;
 
   std::string description;
@@ -109,7 +109,7 @@ struct ZELK_STD_BINDINGS_EXPORT Info {
   std::string operation_id;
   std::list<std::shared_ptr<const OptionInfo>> options;
 
-  // Empty when the command names none.
+  /// Empty when the command names none.
   boost::optional<FormatterType> formatter;
 
   std::list<std::shared_ptr<const OutputInfo>> output_field_list;
@@ -119,12 +119,12 @@ struct ZELK_STD_BINDINGS_EXPORT Info {
 
 namespace SourceSvc {
 
-// What a client gives to register a source.
+/// What a client gives to register a source.
 struct ZELK_STD_BINDINGS_EXPORT CreateSpec : SourceDescription {
   using SourceDescription::SourceDescription;
 };
 
-// What a registered source was made from.
+/// What a registered source was made from.
 struct ZELK_STD_BINDINGS_EXPORT Info : SourceDescription {
   using SourceDescription::SourceDescription;
 };

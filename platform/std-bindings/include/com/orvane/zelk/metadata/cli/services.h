@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include <boost/optional/optional.hpp>
+#include <boost/optional.hpp>
 
 #include <com/orvane/zelk/export.h>
 #include <com/orvane/zelk/metadata/cli/records.h>
@@ -19,22 +19,22 @@ namespace Com::Orvane::Zelk::Metadata::Cli {
 
 namespace CommandSvc {
 
-// The commands that a command-line client offers.
+/// The commands that a command-line client offers.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // The commands directly in a namespace, or all; NotFound for a namespace without any.
+  /// The commands directly in a namespace, or all; NotFound for a namespace without any.
   virtual void List(
       const boost::optional<std::string>& namespace_path,
       const ::Zelk::Core::AsyncActivationPtr& activation,
       const ::Zelk::AsyncResult<std::list<std::shared_ptr<const CommandSvc::Identity>>>&
           result) = 0;
 
-  // The command with its options and output, or NotFound.
+  /// The command with its options and output, or NotFound.
   virtual void Get(const std::shared_ptr<const CommandSvc::Identity>& identity,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const CommandSvc::Info>>& result) = 0;
 
-  // The fingerprint of all commands together.
+  /// The fingerprint of all commands together.
   virtual void Fingerprint(const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;
 
@@ -45,22 +45,22 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace NamespaceSvc {
 
-// The namespaces in which the commands are grouped.
+/// The namespaces in which the commands are grouped.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // All namespaces, once for each source that has them.
+  /// All namespaces, once for each source that has them.
   virtual void List(
       const ::Zelk::Core::AsyncActivationPtr& activation,
       const ::Zelk::AsyncResult<std::list<std::shared_ptr<const NamespaceSvc::Identity>>>&
           result) = 0;
 
-  // The namespace with its children, or NotFound.
+  /// The namespace with its children, or NotFound.
   virtual void Get(
       const std::shared_ptr<const NamespaceSvc::Identity>& identity,
       const ::Zelk::Core::AsyncActivationPtr& activation,
       const ::Zelk::AsyncResult<std::shared_ptr<const NamespaceSvc::Info>>& result) = 0;
 
-  // The fingerprint of all namespaces together.
+  /// The fingerprint of all namespaces together.
   virtual void Fingerprint(const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;
 
@@ -71,34 +71,34 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace SourceSvc {
 
-// The sources that the domain is loaded from.
+/// The sources that the domain is loaded from.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // Registers a source and loads it.
+  /// Registers a source and loads it.
   virtual void Create(const std::string& source_id,
                       const std::shared_ptr<const SourceSvc::CreateSpec>& spec,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  // Removes a source and all that came from it.
+  /// Removes a source and all that came from it.
   virtual void Delete(const std::string& source_id,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  // What the source was created with, or NotFound.
+  /// What the source was created with, or NotFound.
   virtual void Get(const std::string& source_id, const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const SourceSvc::Info>>& result) = 0;
 
-  // The ids of all sources.
+  /// The ids of all sources.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  // Reads one source again, or all of them.
+  /// Reads one source again, or all of them.
   virtual void Reload(const boost::optional<std::string>& source_id,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  // The fingerprint of one source, or of all of them together.
+  /// The fingerprint of one source, or of all of them together.
   virtual void Fingerprint(const boost::optional<std::string>& source_id,
                            const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;

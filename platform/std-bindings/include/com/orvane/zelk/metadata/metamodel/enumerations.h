@@ -7,7 +7,7 @@ namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
 namespace TypeEnumerations {
 
-// Which of its members a Type uses.
+/// Which of its members a Type uses.
 class ZELK_STD_BINDINGS_EXPORT Category : public ::Zelk::GeneratedEnum<Category> {
  public:
   enum Enumerator { BUILTIN, USER_DEFINED, GENERIC, UNKNOWN };
@@ -21,7 +21,7 @@ class ZELK_STD_BINDINGS_EXPORT Category : public ::Zelk::GeneratedEnum<Category>
   Category(Enumerator value) : GeneratedEnum(value) {}  // NOLINT(google-explicit-constructor)
 };
 
-// The types that need no definition.
+/// The types that need no definition.
 class ZELK_STD_BINDINGS_EXPORT BuiltinType : public ::Zelk::GeneratedEnum<BuiltinType> {
  public:
   enum Enumerator {
@@ -54,7 +54,7 @@ class ZELK_STD_BINDINGS_EXPORT BuiltinType : public ::Zelk::GeneratedEnum<Builti
 
 namespace GenericInstantiationEnumerations {
 
-// The generic types. MAP has a key and a value type, the others have one element type.
+/// The generic types. MAP has a key and a value type, the others have one element type.
 class ZELK_STD_BINDINGS_EXPORT GenericType : public ::Zelk::GeneratedEnum<GenericType> {
  public:
   enum Enumerator { LIST, MAP, OPTIONAL, SET, UNKNOWN };
@@ -72,7 +72,7 @@ class ZELK_STD_BINDINGS_EXPORT GenericType : public ::Zelk::GeneratedEnum<Generi
 
 namespace StructureInfoEnumerations {
 
-// Whether a structure is data or is raised by operations.
+/// Whether a structure is data or is raised by operations.
 class ZELK_STD_BINDINGS_EXPORT Type : public ::Zelk::GeneratedEnum<Type> {
  public:
   enum Enumerator { STRUCTURE, ERROR, UNKNOWN };
@@ -90,7 +90,7 @@ class ZELK_STD_BINDINGS_EXPORT Type : public ::Zelk::GeneratedEnum<Type> {
 
 namespace ConstantValueEnumerations {
 
-// Whether a constant is one value or a list of values.
+/// Whether a constant is one value or a list of values.
 class ZELK_STD_BINDINGS_EXPORT Category : public ::Zelk::GeneratedEnum<Category> {
  public:
   enum Enumerator { PRIMITIVE, LIST, UNKNOWN };
@@ -108,7 +108,7 @@ class ZELK_STD_BINDINGS_EXPORT Category : public ::Zelk::GeneratedEnum<Category>
 
 namespace PrimitiveValueEnumerations {
 
-// The types that a single constant value can have.
+/// The types that a single constant value can have.
 class ZELK_STD_BINDINGS_EXPORT Type : public ::Zelk::GeneratedEnum<Type> {
  public:
   enum Enumerator { BOOLEAN, DOUBLE, LONG, STRING, UNKNOWN };
@@ -126,7 +126,7 @@ class ZELK_STD_BINDINGS_EXPORT Type : public ::Zelk::GeneratedEnum<Type> {
 
 namespace ElementValueEnumerations {
 
-// Which of its members an ElementValue uses.
+/// Which of its members an ElementValue uses.
 class ZELK_STD_BINDINGS_EXPORT Type : public ::Zelk::GeneratedEnum<Type> {
  public:
   enum Enumerator {

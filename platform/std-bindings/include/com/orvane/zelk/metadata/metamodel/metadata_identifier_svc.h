@@ -6,12 +6,12 @@
 
 namespace Com::Orvane::Zelk::Metadata::Metamodel::MetadataIdentifierSvc {
 
-// The names of the annotations that have a meaning to the metadata services themselves.
+/// The names of the annotations that have a meaning to the metadata services themselves.
 struct ZELK_STD_BINDINGS_EXPORT Constants {
-  // Says of a structure that it is the model of resources: "Model".
+  /// Says of a structure that it is the model of resources: "Model".
   static const std::string MODEL;
 
-  // Says which resources an identifier or a model stands for: "Resource".
+  /// Says which resources an identifier or a model stands for: "Resource".
   static const std::string RESOURCE;
 };
 

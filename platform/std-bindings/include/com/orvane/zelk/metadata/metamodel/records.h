@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include <boost/optional/optional.hpp>
+#include <boost/optional.hpp>
 
 #include <com/orvane/zelk/export.h>
 #include <com/orvane/zelk/metadata/metamodel/enumerations.h>
@@ -22,10 +22,10 @@ namespace Com::Orvane::Zelk::Metadata::Metamodel {
 struct ElementMap;
 struct GenericInstantiation;
 
-// The annotations of a definition by name.
+/// The annotations of a definition by name.
 using MetadataMap = std::map<std::string, std::shared_ptr<const ElementMap>>;
 
-// One value inside an annotation. Only the member that the type selects is set.
+/// One value inside an annotation. Only the member that the type selects is set.
 struct ZELK_STD_BINDINGS_EXPORT ElementValue {
   ElementValue(ElementValueEnumerations::Type type, boost::optional<std::string> string_value,
                boost::optional<std::list<std::string>> list_value,
@@ -34,39 +34,39 @@ struct ZELK_STD_BINDINGS_EXPORT ElementValue {
 
   ElementValueEnumerations::Type type;
 
-  // For STRING.
+  /// For STRING.
   boost::optional<std::string> string_value;
 
-  // For STRING_LIST.
+  /// For STRING_LIST.
   boost::optional<std::list<std::string>> list_value;
 
-  // For STRUCTURE_REFERENCE.
+  /// For STRUCTURE_REFERENCE.
   boost::optional<std::string> structure_id;
 
-  // For STRUCTURE_REFERENCE_LIST.
+  /// For STRUCTURE_REFERENCE_LIST.
   boost::optional<std::list<std::string>> structure_ids;
 };
 
-// One annotation: its values by the name of the element.
+/// One annotation: its values by the name of the element.
 struct ZELK_STD_BINDINGS_EXPORT ElementMap {
   explicit ElementMap(std::map<std::string, std::shared_ptr<const ElementValue>> elements);
 
   std::map<std::string, std::shared_ptr<const ElementValue>> elements;
 };
 
-// A type by name: that of a structure or an enumeration.
+/// A type by name: that of a structure or an enumeration.
 struct ZELK_STD_BINDINGS_EXPORT UserDefinedType {
   UserDefinedType(std::string resource_type, std::string resource_id);
 
-  // The kind of definition, such as "com.orvane.zelk.structure" or "com.orvane.zelk.enumeration".
+  /// The kind of definition, such as "com.orvane.zelk.structure" or "com.orvane.zelk.enumeration".
   std::string resource_type;
 
-  // The name of the definition. It need not be one that the services know.
+  /// The name of the definition. It need not be one that the services know.
   std::string resource_id;
 };
 
-// The type of a parameter, result, field or constant. Only the member that the category selects is
-// set. Types nest to any depth through generic_instantiation, and are released without recursion.
+/// The type of a parameter, result, field or constant. Only the member that the category selects is
+/// set. Types nest to any depth through generic_instantiation, and are released without recursion.
 struct ZELK_STD_BINDINGS_EXPORT Type {
   Type(TypeEnumerations::Category category,
        boost::optional<TypeEnumerations::BuiltinType> builtin_type,
@@ -75,17 +75,17 @@ struct ZELK_STD_BINDINGS_EXPORT Type {
 
   TypeEnumerations::Category category;
 
-  // For BUILTIN, else empty.
+  /// For BUILTIN, else empty.
   boost::optional<TypeEnumerations::BuiltinType> builtin_type;
 
-  // For USER_DEFINED, else null.
+  /// For USER_DEFINED, else null.
   std::shared_ptr<const UserDefinedType> user_defined_type;
 
-  // For GENERIC, else null.
+  /// For GENERIC, else null.
   std::shared_ptr<const GenericInstantiation> generic_instantiation;
 };
 
-// A generic type together with the types that it is made of.
+/// A generic type together with the types that it is made of.
 struct ZELK_STD_BINDINGS_EXPORT GenericInstantiation {
   GenericInstantiation(GenericInstantiationEnumerations::GenericType generic_type,
                        std::shared_ptr<const Type> element_type,
@@ -94,19 +94,19 @@ struct ZELK_STD_BINDINGS_EXPORT GenericInstantiation {
   GenericInstantiation(const GenericInstantiation& other);
   GenericInstantiation& operator=(const GenericInstantiation& other);
 
-  // Releases nested types one after another, so that neither the depth of a type nor the size of
-  // the caller's stack limits what can be released. Allocates nothing.
+  /// Releases nested types one after another, so that neither the depth of a type nor the size of
+  /// the caller's stack limits what can be released. Allocates nothing.
   ~GenericInstantiation();
 
   GenericInstantiationEnumerations::GenericType generic_type;
 
-  // For LIST, OPTIONAL and SET, else null.
+  /// For LIST, OPTIONAL and SET, else null.
   std::shared_ptr<const Type> element_type;
 
-  // For MAP, else null.
+  /// For MAP, else null.
   std::shared_ptr<const Type> map_key_type;
 
-  // For MAP, else null.
+  /// For MAP, else null.
   std::shared_ptr<const Type> map_value_type;
 
  private:
@@ -114,12 +114,12 @@ struct ZELK_STD_BINDINGS_EXPORT GenericInstantiation {
 
   static void Release(std::shared_ptr<const Type>& type, Ptr& pending);
 
-  // Chains the instantiations that wait for their release. It is touched only by the one owner that
-  // is left by then, which is why a record that is const for everybody else can hold it.
+  /// Chains the instantiations that wait for their release. It is touched only by the one owner
+  /// that is left by then, which is why a record that is const for everybody else can hold it.
   mutable Ptr next_released_;
 };
 
-// One parameter of an operation or one field of a structure.
+/// One parameter of an operation or one field of a structure.
 struct ZELK_STD_BINDINGS_EXPORT FieldInfo {
   FieldInfo(std::string name, std::shared_ptr<const Type> type, MetadataMap metadata,
             std::string documentation);
@@ -130,7 +130,7 @@ struct ZELK_STD_BINDINGS_EXPORT FieldInfo {
   std::string documentation;
 };
 
-// One enumerator.
+/// One enumerator.
 struct ZELK_STD_BINDINGS_EXPORT EnumerationValueInfo {
   EnumerationValueInfo(std::string value, MetadataMap metadata, std::string documentation);
 
@@ -145,20 +145,20 @@ struct ZELK_STD_BINDINGS_EXPORT EnumerationInfo {
 
   std::string name;
 
-  // As defined, repeated enumerators included.
+  /// As defined, repeated enumerators included.
   std::list<std::shared_ptr<const EnumerationValueInfo>> values;
 
   MetadataMap metadata;
   std::string documentation;
 };
 
-// A single constant value.
+/// A single constant value.
 struct ZELK_STD_BINDINGS_EXPORT PrimitiveValue {
   PrimitiveValue(PrimitiveValueEnumerations::Type type, boost::optional<std::string> string_value);
 
   PrimitiveValueEnumerations::Type type;
 
-  // For STRING, else empty: the other types' values are not kept.
+  /// For STRING, else empty: the other types' values are not kept.
   boost::optional<std::string> string_value;
 };
 
@@ -168,16 +168,16 @@ struct ZELK_STD_BINDINGS_EXPORT ConstantValue {
 
   ConstantValueEnumerations::Category category;
 
-  // Null for LIST, and for a PRIMITIVE whose value is not a string.
+  /// Null for LIST, and for a PRIMITIVE whose value is not a string.
   std::shared_ptr<const PrimitiveValue> primitive_value;
 };
 
-// A constant. Its name is its key in the map that holds it.
+/// A constant. Its name is its key in the map that holds it.
 struct ZELK_STD_BINDINGS_EXPORT ConstantInfo {
   ConstantInfo(std::shared_ptr<const Type> type, std::shared_ptr<const ConstantValue> value,
                std::string documentation);
 
-  // For a list of values, the generic type LIST of the values' type.
+  /// For a list of values, the generic type LIST of the values' type.
   std::shared_ptr<const Type> type;
 
   std::shared_ptr<const ConstantValue> value;
@@ -196,24 +196,24 @@ struct ZELK_STD_BINDINGS_EXPORT StructureInfo {
   std::map<std::string, std::shared_ptr<const EnumerationInfo>> enumerations;
   std::map<std::string, std::shared_ptr<const ConstantInfo>> constants;
 
-  // As defined, repeated names included.
+  /// As defined, repeated names included.
   std::list<std::shared_ptr<const FieldInfo>> fields;
 
   MetadataMap metadata;
   std::string documentation;
 };
 
-// One error that an operation may answer.
+/// One error that an operation may answer.
 struct ZELK_STD_BINDINGS_EXPORT ErrorInfo {
   ErrorInfo(std::string structure_name, std::string documentation);
 
-  // The name of the structure, of type ERROR, that describes the error.
+  /// The name of the structure, of type ERROR, that describes the error.
   std::string structure_name;
 
   std::string documentation;
 };
 
-// What an operation answers when it succeeds.
+/// What an operation answers when it succeeds.
 struct ZELK_STD_BINDINGS_EXPORT OperationResultInfo {
   OperationResultInfo(std::shared_ptr<const Type> type, MetadataMap metadata,
                       std::string documentation);
@@ -231,7 +231,7 @@ struct ZELK_STD_BINDINGS_EXPORT OperationInfo {
 
   std::string name;
 
-  // In the order in which they are passed.
+  /// In the order in which they are passed.
   std::list<std::shared_ptr<const FieldInfo>> params;
 
   std::shared_ptr<const OperationResultInfo> output;
@@ -257,8 +257,8 @@ struct ZELK_STD_BINDINGS_EXPORT ServiceInfo {
   std::string documentation;
 };
 
-// A package. Its structures and enumerations are those defined beside its services; what is defined
-// inside a service or a structure is found there.
+/// A package. Its structures and enumerations are those defined beside its services; what is
+/// defined inside a service or a structure is found there.
 struct ZELK_STD_BINDINGS_EXPORT PackageInfo {
   PackageInfo(std::string name,
               std::map<std::string, std::shared_ptr<const StructureInfo>> structures,
@@ -285,24 +285,24 @@ struct ZELK_STD_BINDINGS_EXPORT ComponentInfo {
   std::string documentation;
 };
 
-// A component as its service answers it.
+/// A component as its service answers it.
 struct ZELK_STD_BINDINGS_EXPORT ComponentData {
   ComponentData(std::shared_ptr<const ComponentInfo> info, std::string fingerprint);
 
   std::shared_ptr<const ComponentInfo> info;
 
-  // 32 lower-case hex digits that change whenever the source of the component does.
+  /// 32 lower-case hex digits that change whenever the source of the component does.
   std::string fingerprint;
 };
 
 namespace SourceSvc {
 
-// What a client gives to register a source.
+/// What a client gives to register a source.
 struct ZELK_STD_BINDINGS_EXPORT CreateSpec : SourceDescription {
   using SourceDescription::SourceDescription;
 };
 
-// What a registered source was made from.
+/// What a registered source was made from.
 struct ZELK_STD_BINDINGS_EXPORT Info : SourceDescription {
   using SourceDescription::SourceDescription;
 };

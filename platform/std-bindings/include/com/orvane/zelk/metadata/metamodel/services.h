@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-#include <boost/optional/optional.hpp>
+#include <boost/optional.hpp>
 
 #include <com/orvane/zelk/export.h>
 #include <com/orvane/zelk/metadata/metamodel/records.h>
@@ -20,19 +20,19 @@ namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
 namespace ComponentSvc {
 
-// The components that the loaded sources describe.
+/// The components that the loaded sources describe.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // The names of all components, once for each source that has them.
+  /// The names of all components, once for each source that has them.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  // The component with everything in it and its fingerprint, or NotFound.
+  /// The component with everything in it and its fingerprint, or NotFound.
   virtual void Get(const std::string& component_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const ComponentData>>& result) = 0;
 
-  // The fingerprint alone, for a client that kept the component; or NotFound.
+  /// The fingerprint alone, for a client that kept the component; or NotFound.
   virtual void Fingerprint(const std::string& component_id,
                            const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;
@@ -44,14 +44,14 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace EnumerationSvc {
 
-// The enumerations, wherever they are defined.
+/// The enumerations, wherever they are defined.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // The names of all enumerations.
+  /// The names of all enumerations.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  // The enumeration, or NotFound.
+  /// The enumeration, or NotFound.
   virtual void Get(const std::string& enumeration_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const EnumerationInfo>>& result) = 0;
@@ -63,14 +63,14 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace PackageSvc {
 
-// The packages of all components.
+/// The packages of all components.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // The names of all packages.
+  /// The names of all packages.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  // The package with everything in it, or NotFound.
+  /// The package with everything in it, or NotFound.
   virtual void Get(const std::string& package_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const PackageInfo>>& result) = 0;
@@ -82,10 +82,10 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace ResourceSvc {
 
-// The types of resources that identifiers stand for.
+/// The types of resources that identifiers stand for.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // The resource types of all sources, each once.
+  /// The resource types of all sources, each once.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::set<std::string>>& result) = 0;
 
@@ -96,10 +96,10 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace Resource::ModelSvc {
 
-// The structures that model a resource.
+/// The structures that model a resource.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // The names of the structures, or NotFound for an unknown resource type.
+  /// The names of the structures, or NotFound for an unknown resource type.
   virtual void List(const std::string& resource_id,
                     const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::set<std::string>>& result) = 0;
@@ -111,14 +111,14 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace ServiceSvc {
 
-// The services of all packages.
+/// The services of all packages.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // The names of all services.
+  /// The names of all services.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  // The service with everything in it, or NotFound.
+  /// The service with everything in it, or NotFound.
   virtual void Get(const std::string& service_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const ServiceInfo>>& result) = 0;
@@ -130,15 +130,15 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace Service::OperationSvc {
 
-// The operations of one service.
+/// The operations of one service.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // The names of the operations, or NotFound for an unknown service.
+  /// The names of the operations, or NotFound for an unknown service.
   virtual void List(const std::string& service_id,
                     const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  // The operation, or NotFound when the service or its operation is unknown.
+  /// The operation, or NotFound when the service or its operation is unknown.
   virtual void Get(const std::string& service_id, const std::string& operation_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const OperationInfo>>& result) = 0;
@@ -150,10 +150,10 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace Service::HiddenSvc {
 
-// The services that clients should not show.
+/// The services that clients should not show.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // The names of the hidden services.
+  /// The names of the hidden services.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
@@ -164,14 +164,14 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace StructureSvc {
 
-// The structures of all packages and services.
+/// The structures of all packages and services.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // The names of all structures.
+  /// The names of all structures.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  // The structure, or NotFound.
+  /// The structure, or NotFound.
   virtual void Get(const std::string& structure_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const StructureInfo>>& result) = 0;
@@ -183,33 +183,33 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace SourceSvc {
 
-// The sources that metadata is loaded from.
+/// The sources that metadata is loaded from.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  // Loads a source and registers it under the given id, or answers why that cannot be done.
+  /// Loads a source and registers it under the given id, or answers why that cannot be done.
   virtual void Create(const std::string& source_id, const std::shared_ptr<const CreateSpec>& spec,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  // Forgets a source and what came from it, or answers NotFound.
+  /// Forgets a source and what came from it, or answers NotFound.
   virtual void Delete(const std::string& source_id,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  // What the source was made from, or NotFound.
+  /// What the source was made from, or NotFound.
   virtual void Get(const std::string& source_id, const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const Info>>& result) = 0;
 
-  // The ids of all sources, ascending.
+  /// The ids of all sources, ascending.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  // Loads one source anew, or every source when no id is given; NotFound for an unknown id.
+  /// Loads one source anew, or every source when no id is given; NotFound for an unknown id.
   virtual void Reload(const boost::optional<std::string>& source_id,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  // The fingerprint of one source, or of all together when no id is given; or NotFound.
+  /// The fingerprint of one source, or of all together when no id is given; or NotFound.
   virtual void Fingerprint(const boost::optional<std::string>& source_id,
                            const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;
