@@ -12,93 +12,108 @@
 
 namespace Zelk::Provider::Metadata::Authentication {
 
-/// The Authentication metadata of a set of sources, each a JSON file on the local file system.
+namespace Bindings = ::Com::Orvane::Zelk::Metadata;
+
+/// The Authentication metadata of a set of sources. Each source is one JSON file on the local file
+/// system.
 ///
-/// Queries walk the sources in ascending id order and, within each, the records in ascending key
-/// order. Lookups take the first record whose key equals the id exactly; lists name every record
-/// met, so a name that several sources declare is listed once for each. Records handed out are
-/// immutable and stay valid after a reload or delete. No query throws for an unknown key.
+/// Walk order: sources in ascending id order, and at each level the records in ascending order of
+/// their keys (by bytes). A lookup returns the first record in walk order whose key equals the id
+/// exactly, unless the operation says otherwise. A list has an entry for each record met, so a name
+/// that several sources declare is listed once for each.
 ///
-/// Mutations return null for success and otherwise the error; they never throw for bad input.
+/// Ownership: records are immutable and shared. One that was returned stays valid and unchanged
+/// after a reload, after a delete and after the end of the container.
 ///
-/// Not protected: const operations may run at the same time, a mutation must run alone.
+/// Errors: CreateSource, DeleteSource and ReloadSource return null for success and otherwise the
+/// error (<zelk/data/values.h> shows how to read it). A query for an unknown key returns null, an
+/// empty optional or an empty text, as it says. The only exception is std::bad_alloc.
+///
+/// Threads: nothing is locked. Const operations may run at the same time. CreateSource,
+/// DeleteSource and ReloadSource must not run at the same time as any other operation on the same
+/// container.
 class ZELK_METADATA_SERVICES_EXPORT MetadataContainer {
  public:
-  /// A new, empty container. Every call makes another one; nothing is shared between them. Give
-  /// one container to all services of the domain.
+  /// Returns a new, empty container. Every call makes another one; they share nothing. Give one
+  /// container to all services of the domain.
   static std::shared_ptr<MetadataContainer> GetInstance();
 
   MetadataContainer();
   MetadataContainer(const MetadataContainer&) = delete;
   MetadataContainer& operator=(const MetadataContainer&) = delete;
 
-  /// Loads the file that `spec` names and registers it as `source_id`. Errors, after each of which
-  /// the container is unchanged: AlreadyExists for a known id; NotFound when the file cannot be
-  /// opened (a spec without a file path included); InvalidArgument with the parser's messages in
-  /// the order found, or with none for a source type that is no known one or an absent spec;
-  /// Unsupported for a remote source.
+  /// Loads the file that `spec` names and registers it as `source_id`. On an error the container is
+  /// unchanged. Errors:
+  ///
+  /// - AlreadyExists: the id is registered.
+  /// - NotFound: the file cannot be opened, or the spec has no file path (which counts as an empty
+  ///   one).
+  /// - InvalidArgument with messages, in the order found: the file cannot be parsed.
+  /// - InvalidArgument without messages: the spec is null, or its source type is unknown.
+  /// - Unsupported, without messages: the source is a remote one.
   virtual std::shared_ptr<const ::Zelk::Data::ErrorValue> CreateSource(
       const std::string& source_id,
-      const std::shared_ptr<
-          const ::Com::Orvane::Zelk::Metadata::Authentication::SourceSvc::CreateSpec>& spec) = 0;
+      const std::shared_ptr<const Bindings::Authentication::SourceSvc::CreateSpec>& spec) = 0;
 
-  /// Removes the source and all it contributed. NotFound for an unknown id.
+  /// Removes the source and everything that came from it. Returns NotFound for an unknown id.
   virtual std::shared_ptr<const ::Zelk::Data::ErrorValue> DeleteSource(
       const std::string& source_id) = 0;
 
-  /// Reads the source's file again; without an id every source's, in ascending id order. A source
-  /// whose file fails to load keeps its old data and is not reported; when reloading all, so does
-  /// every source after the first that failed. Sources are replaced one after another: when
-  /// std::bad_alloc leaves the call, each source is wholly old or wholly new. The one error is
-  /// NotFound for an unknown id (with the source-exists message).
+  /// Reads the file of the source again, or without an id those of all sources, in ascending id
+  /// order. A source whose file cannot be loaded keeps its old data; this is not reported. When all
+  /// are reloaded, every source after the first that failed keeps its old data too. If memory runs
+  /// out on the way, each source has wholly old or wholly new data. The only error is NotFound for
+  /// an unknown id; it has the source-exists message.
   virtual std::shared_ptr<const ::Zelk::Data::ErrorValue> ReloadSource(
       const boost::optional<std::string>& source_id) = 0;
 
-  /// All source ids, ascending.
+  /// Returns the ids of all sources, ascending.
   virtual std::list<std::string> ListSources() const = 0;
 
-  /// What the source was created with; null for an unknown id.
-  virtual std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Authentication::SourceSvc::Info>
-  SourcesInfo(const std::string& source_id) const = 0;
+  /// Returns what the source was created with, or null for an unknown id.
+  virtual std::shared_ptr<const Bindings::Authentication::SourceSvc::Info> SourcesInfo(
+      const std::string& source_id) const = 0;
 
-  /// 32 hex digits: the MD5 of the hex MD5 text of the source's file; without an id, of those of
-  /// all sources in id order. Empty for an unknown id.
+  /// Returns 32 hex digits that change when the file of the source does: the MD5 of the hex text of
+  /// the file's MD5. Without an id, returns the MD5 of these texts of all sources in id order.
+  /// Empty for an unknown id.
   virtual std::string SourceFingerprint(const boost::optional<std::string>& source_id) const = 0;
 
-  /// Component names in walk order.
+  /// Returns the names of all components in walk order.
   virtual std::list<std::string> ListComponents() const = 0;
 
-  /// The component and its fingerprint from the first source that has it; null when none has.
-  virtual std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Authentication::ComponentData>
-  ComponentInfo(const std::string& component_id) const = 0;
+  /// Returns the component and its fingerprint from the first source that has it, or null if none
+  /// has it.
+  virtual std::shared_ptr<const Bindings::Authentication::ComponentData> ComponentInfo(
+      const std::string& component_id) const = 0;
 
-  /// The hex MD5 of the file that declares the component (of the first such source); empty when
-  /// none does.
+  /// Returns the MD5, as 32 hex digits, of the file of the first source that has the component.
+  /// Empty if none has it.
   virtual std::string ComponentFingerprint(const std::string& component_id) const = 0;
 
-  /// Package names in walk order.
+  /// Returns the names of all packages in walk order.
   virtual std::list<std::string> ListPackages() const = 0;
 
-  /// Null for an unknown package.
-  virtual std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Authentication::PackageInfo>
-  PackageInfo(const std::string& package_id) const = 0;
+  /// Returns the first package of that name, or null for an unknown one.
+  virtual std::shared_ptr<const Bindings::Authentication::PackageInfo> PackageInfo(
+      const std::string& package_id) const = 0;
 
-  /// Full service ids in walk order.
+  /// Returns the full ids of all services in walk order.
   virtual std::list<std::string> ListServices() const = 0;
 
-  /// Null for an unknown service.
-  virtual std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Authentication::ServiceInfo>
-  ServiceInfo(const std::string& service_id) const = 0;
+  /// Returns the first service of that id, or null for an unknown one.
+  virtual std::shared_ptr<const Bindings::Authentication::ServiceInfo> ServiceInfo(
+      const std::string& service_id) const = 0;
 
-  /// The operation names, ascending, of the first service of that id, perhaps none at all; an
-  /// empty optional for an unknown service.
+  /// Returns the operation names, ascending, of the first service of that id. Empty optional for an
+  /// unknown service; an empty list for a service without operations.
   virtual boost::optional<std::list<std::string>> ListOperations(
       const std::string& service_id) const = 0;
 
-  /// The operation from the first service of that id that has it: a service that lacks it does not
-  /// end the search. Null when none has it.
-  virtual std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Authentication::OperationInfo>
-  OperationInfo(const std::string& service_id, const std::string& operation_id) const = 0;
+  /// Returns the operation from the first service of that id that has it: a service without it does
+  /// not end the search. Null if none has it.
+  virtual std::shared_ptr<const Bindings::Authentication::OperationInfo> OperationInfo(
+      const std::string& service_id, const std::string& operation_id) const = 0;
 
   virtual ~MetadataContainer();
 };

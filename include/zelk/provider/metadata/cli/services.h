@@ -10,38 +10,51 @@
 #include <zelk/provider/metadata/cli/metadata_container.h>
 #include <zelk/provider/metadata/export.h>
 
-// The three services of the domain. Each answers from the container that it is given and shares
-// ownership of it; the container must not be null. An operation runs on the caller's thread and
-// calls its result before it returns: once with the answer, or once with an error of one message.
-// The activation is not looked at. Exceptions (no memory, an empty result) leave the operation.
+// The three services of the domain. Each one uses the container that it is given and shares
+// ownership of it. The container must not be null.
+//
+// Calls: an operation runs on the caller's thread and calls its result before it returns, once,
+// with the answer or with an error. Success of Create, Delete and Reload is an answer too.
+//
+// Errors: an error has one message, with two exceptions, both of SourceSvc Create. When a file
+// cannot be parsed, the error has a message for each problem found. When a source is not a local
+// file, the error has no message. <zelk/data/values.h> shows how to read an error.
+//
+// Exceptions: an operation lets through std::bad_alloc, std::bad_function_call (the result has no
+// callback) and whatever the callback throws.
+//
+// Threads: nothing is locked. Create, Delete and Reload of SourceSvc must not run at the same time
+// as any other operation on the same container; all other operations may run at the same time.
+//
+// The activation is not used.
 
 namespace Zelk::Provider::Metadata::Cli {
 
 namespace CommandSvc {
 
 class ZELK_METADATA_SERVICES_EXPORT AsyncServiceImpl final
-    : public ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::AsyncServiceInterface {
+    : public Bindings::Cli::CommandSvc::AsyncServiceInterface {
  public:
   explicit AsyncServiceImpl(std::shared_ptr<MetadataContainer> container);
 
-  /// The commands directly in the namespace, or all without one, in walk order. NotFound for a
-  /// namespace without commands of its own, whether it exists or not.
-  void List(const boost::optional<std::string>& namespace_path,
-            const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
-            const ::Zelk::AsyncResult<std::list<
-                std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Identity>>>&
-                result) override;
+  /// Delivers the identities of the commands directly in the namespace, or without one those of all
+  /// commands, in walk order. NotFound if the namespace has no commands of its own, even if it
+  /// exists.
+  void List(
+      const boost::optional<std::string>& namespace_path,
+      const ::Zelk::Core::AsyncActivationPtr& activation,
+      const ::Zelk::AsyncResult<
+          std::list<std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>>>& result) override;
 
-  /// The command of the first source that has it. NotFound, about its full name, when none has.
-  void Get(const std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Identity>&
-               identity,
-           const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
-           const ::Zelk::AsyncResult<
-               std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Info>>& result)
-      override;
+  /// Delivers the command from the first source that has it. NotFound, with its full name as
+  /// argument, if none has it.
+  void Get(const std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>& identity,
+           const ::Zelk::Core::AsyncActivationPtr& activation,
+           const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Cli::CommandSvc::Info>>&
+               result) override;
 
-  /// The fingerprint of the commands of all sources.
-  void Fingerprint(const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
+  /// Delivers the fingerprint (32 hex digits) of the commands of all sources.
+  void Fingerprint(const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::string>& result) override;
 
   ~AsyncServiceImpl() override;
@@ -55,26 +68,26 @@ class ZELK_METADATA_SERVICES_EXPORT AsyncServiceImpl final
 namespace NamespaceSvc {
 
 class ZELK_METADATA_SERVICES_EXPORT AsyncServiceImpl final
-    : public ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::AsyncServiceInterface {
+    : public Bindings::Cli::NamespaceSvc::AsyncServiceInterface {
  public:
   explicit AsyncServiceImpl(std::shared_ptr<MetadataContainer> container);
 
-  /// All namespaces in walk order, the implied ones and the roots included.
-  void List(const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
-            const ::Zelk::AsyncResult<std::list<
-                std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::Identity>>>&
-                result) override;
+  /// Delivers the identities of all namespaces in walk order, including those that only a path
+  /// implies and the root of each source.
+  void List(const ::Zelk::Core::AsyncActivationPtr& activation,
+            const ::Zelk::AsyncResult<
+                std::list<std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity>>>& result)
+      override;
 
-  /// The namespace of the first source that has it. NotFound, about its full name, when none has.
-  void Get(const std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::Identity>&
-               identity,
-           const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
-           const ::Zelk::AsyncResult<
-               std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::Info>>&
+  /// Delivers the namespace from the first source that has it, with the children that this source
+  /// knows. NotFound, with its full name as argument, if none has it.
+  void Get(const std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity>& identity,
+           const ::Zelk::Core::AsyncActivationPtr& activation,
+           const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Cli::NamespaceSvc::Info>>&
                result) override;
 
-  /// The fingerprint of the namespaces of all sources.
-  void Fingerprint(const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
+  /// Delivers the fingerprint (32 hex digits) of the namespaces of all sources.
+  void Fingerprint(const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::string>& result) override;
 
   ~AsyncServiceImpl() override;
@@ -88,42 +101,42 @@ class ZELK_METADATA_SERVICES_EXPORT AsyncServiceImpl final
 namespace SourceSvc {
 
 class ZELK_METADATA_SERVICES_EXPORT AsyncServiceImpl final
-    : public ::Com::Orvane::Zelk::Metadata::Cli::SourceSvc::AsyncServiceInterface {
+    : public Bindings::Cli::SourceSvc::AsyncServiceInterface {
  public:
   explicit AsyncServiceImpl(std::shared_ptr<MetadataContainer> container);
 
-  /// Loads a file and registers it. Success is delivered.
-  void Create(
-      const std::string& source_id,
-      const std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::SourceSvc::CreateSpec>& spec,
-      const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
-      const ::Zelk::AsyncResult<::Zelk::Void>& result) override;
-
-  /// NotFound for an unknown id. Success is delivered.
-  void Delete(const std::string& source_id,
-              const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
+  /// Loads a file and registers it as `source_id`. Delivers success, or an error; see
+  /// MetadataContainer::CreateSource for them.
+  void Create(const std::string& source_id,
+              const std::shared_ptr<const Bindings::Cli::SourceSvc::CreateSpec>& spec,
+              const ::Zelk::Core::AsyncActivationPtr& activation,
               const ::Zelk::AsyncResult<::Zelk::Void>& result) override;
 
-  /// What the source was created with. NotFound for an unknown id.
-  void Get(const std::string& source_id,
-           const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
-           const ::Zelk::AsyncResult<
-               std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::SourceSvc::Info>>& result)
+  /// Removes the source and everything that came from it. Delivers success, or NotFound for an
+  /// unknown id.
+  void Delete(const std::string& source_id, const ::Zelk::Core::AsyncActivationPtr& activation,
+              const ::Zelk::AsyncResult<::Zelk::Void>& result) override;
+
+  /// Delivers what the source was created with, or NotFound.
+  void Get(const std::string& source_id, const ::Zelk::Core::AsyncActivationPtr& activation,
+           const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Cli::SourceSvc::Info>>& result)
       override;
 
-  /// All source ids, ascending.
-  void List(const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
+  /// Delivers the ids of all sources, ascending.
+  void List(const ::Zelk::Core::AsyncActivationPtr& activation,
             const ::Zelk::AsyncResult<std::list<std::string>>& result) override;
 
-  /// Reads one source's file again, or all. Success is delivered even where a file failed to load
-  /// and left the old data.
+  /// Reads the file of one source again, or without an id those of all sources. A source whose file
+  /// cannot be loaded keeps its old data, and success is delivered all the same; see
+  /// MetadataContainer::ReloadSource. Delivers NotFound for an unknown id.
   void Reload(const boost::optional<std::string>& source_id,
-              const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
+              const ::Zelk::Core::AsyncActivationPtr& activation,
               const ::Zelk::AsyncResult<::Zelk::Void>& result) override;
 
-  /// The fingerprint of one source, or of all. NotFound for an unknown id.
+  /// Delivers the fingerprint (32 hex digits) of one source, or NotFound. Without an id, delivers
+  /// the fingerprint of all sources together.
   void Fingerprint(const boost::optional<std::string>& source_id,
-                   const std::shared_ptr<::Zelk::Core::AsyncActivation>& activation,
+                   const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::string>& result) override;
 
   ~AsyncServiceImpl() override;
