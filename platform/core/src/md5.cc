@@ -1,7 +1,6 @@
-// The functions that work on a state of our own: they allocate nothing and cannot fail, while those
-// that fetch the digest by name run the library's initialisation, which an exhausted host or one
-// that allows approved digests only makes fail. Their deprecation is about security, which is not
-// what these digests are for.
+// MD5_Init and its relatives work on a state of our own, allocate nothing and cannot fail. The EVP
+// functions initialise the library, which can fail when memory is short or in FIPS mode. MD5_Init
+// is deprecated for reasons of security, which is not what these digests are for.
 #define OPENSSL_API_COMPAT 10101
 
 #include <array>
@@ -12,9 +11,14 @@
 #include <zelk/md5.h>
 
 namespace Zelk {
+
+struct MD5::State {
+  MD5_CTX context;
+};
+
 namespace {
 
-// On the heap and not on the stack, which belongs to the caller and may be small.
+// On the heap and not on the stack: the stack is the caller's and may be small.
 constexpr std::size_t kChunkSize = std::size_t{64} * 1024;
 
 using Digest = std::array<unsigned char, MD5_DIGEST_LENGTH>;
@@ -32,12 +36,8 @@ std::string ToHex(const Digest& digest) {
 
 }  // namespace
 
-void MD5::StateDeleter::operator()(MD5state_st* state) const {
-  delete state;
-}
-
-MD5::MD5() : state_(new MD5_CTX) {
-  MD5_Init(state_.get());
+MD5::MD5() : state_(std::make_unique<State>()) {
+  MD5_Init(&state_->context);
 }
 
 MD5::MD5(MD5&& other) noexcept = default;
@@ -51,12 +51,12 @@ void MD5::Update(const std::string& bytes) {
 }
 
 void MD5::Update(const char* data, std::size_t size) {
-  MD5_Update(state_.get(), data, size);
+  MD5_Update(&state_->context, data, size);
 }
 
 std::string MD5::hexdigest() const {
-  // Reading the digest ends a state, so a copy is ended and this one can be fed further.
-  MD5_CTX ended = *state_;
+  // MD5_Final ends the state that it is given. A copy is ended, so more input can follow.
+  MD5_CTX ended = state_->context;
   Digest digest;
   MD5_Final(digest.data(), &ended);
   return ToHex(digest);

@@ -7,15 +7,12 @@
 
 #include <zelk/export.h>
 
-// The digest state of the cryptography library, whose own headers stay out of this one.
-struct MD5state_st;
-
 namespace Zelk {
 
-/// An MD5 digest in the making. It tells contents apart and protects nothing.
+/// Computes an MD5 digest step by step. It is for detecting changes, not for security.
 ///
-/// The constructor and both kinds of hexdigest throw std::bad_alloc when memory runs out; nothing
-/// else fails.
+/// The constructor and both forms of hexdigest throw std::bad_alloc when memory runs out; nothing
+/// else fails. A digest that was moved from can only be assigned to and destroyed.
 class ZELK_CORE_EXPORT MD5 {
  public:
   MD5();
@@ -23,23 +20,22 @@ class ZELK_CORE_EXPORT MD5 {
   MD5& operator=(MD5&& other) noexcept;
   ~MD5();
 
-  /// Feeds more bytes. Nothing separates what is fed by one call from what is fed by the next.
+  /// Appends bytes to the input. The digest depends only on the bytes, not on how they are split
+  /// into calls.
   void Update(const std::string& bytes);
   void Update(const char* data, std::size_t size);
 
-  /// The 32 lower-case hex digits of what was fed so far. Feeding may go on afterwards.
+  /// Returns the digest of the input so far as 32 lower-case hex digits. More input may follow.
   std::string hexdigest() const;
 
-  /// The hex digits of everything from the stream's current position to its end. Leaves the stream
-  /// at its end, with its end-of-file state set. A stream that cannot be read counts as empty.
+  /// Returns the digest of everything from the stream's current position to its end. Leaves the
+  /// stream at its end, in the end-of-file state. A stream that cannot be read counts as empty.
   static std::string hexdigest(std::istream& in);
 
  private:
-  struct StateDeleter {
-    void operator()(MD5state_st* state) const;
-  };
+  struct State;
 
-  std::unique_ptr<MD5state_st, StateDeleter> state_;
+  std::unique_ptr<State> state_;
 };
 
 }  // namespace Zelk
