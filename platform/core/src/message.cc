@@ -33,7 +33,7 @@ BaseMessage& BaseMessage::operator%(const char* argument) {
 }
 
 BaseMessage& BaseMessage::operator%(std::uint64_t argument) {
-  // Not through a stream: the host's locale may group digits, and clients read numbers back.
+  // Not with a stream: the host's locale may group digits, and clients parse the numbers.
   arguments_.push_back(std::to_string(argument));
   return *this;
 }

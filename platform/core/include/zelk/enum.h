@@ -7,15 +7,15 @@
 
 namespace Zelk {
 
-/// The value of a generated enumeration: the position of the enumerator, and, for a text that names
-/// no enumerator, that text. So a value that a newer peer sent is not lost on the way through an
-/// older one.
+/// The value of a generated enumeration: the position of its enumerator, or "unknown" with the text
+/// that matched none. The text is kept so that a value of a newer peer is not lost when an older
+/// program passes it on.
 class ZELK_CORE_EXPORT Enum {
  public:
-  /// 0 for the first enumerator. The number of enumerators stands for "unknown".
+  /// Returns the position of the enumerator, from 0. The number of enumerators means "unknown".
   int Value() const { return value_; }
 
-  /// Empty for a known value.
+  /// Returns the text that matched no enumerator. Empty for a known value.
   const std::string& Text() const { return text_; }
 
  protected:
@@ -34,19 +34,19 @@ class ZELK_CORE_EXPORT Enum {
   std::string text_;
 };
 
-/// What all generated enumerations share. A generated enumeration E derives from GeneratedEnum<E>
-/// and adds only
+/// The common base of all generated enumerations. A generated enumeration E derives from
+/// GeneratedEnum<E> and adds only
 ///
 ///   enum Enumerator { A, B, ..., UNKNOWN };
 ///   struct Strings { static const char* const values[]; };  // null-terminated, by Enumerator
 ///   E();                                                    // UNKNOWN
 ///   E(Enumerator);
 ///
-/// The last constructor is implicit, which makes `value == E::A` work.
+/// The last constructor is implicit so that `value == E::A` compiles.
 template <typename E>
 class GeneratedEnum : public Enum {
  public:
-  /// The unknown value that remembers the text that could not be matched.
+  /// Returns the unknown value with the text that matched no enumerator.
   static E Unknown(std::string text) {
     E unknown;
     unknown.SetText(std::move(text));

@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what libzelk-core offers to other binaries; everything else in it is built hidden.
+/// Exports a declaration from libzelk-core; everything else in it is hidden.
 #define ZELK_CORE_EXPORT __attribute__((visibility("default")))

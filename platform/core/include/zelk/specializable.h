@@ -10,15 +10,15 @@ namespace Data {
 class CompoundValue;
 }  // namespace Data
 
-/// A native object that knows which data value it becomes: the base of the standard errors. The
-/// classes derived from it belong to the generated bindings; through these two operations the core
-/// adapts them without knowing any of them.
+/// A native object that can be converted into a data value: the base of the standard errors. The
+/// derived classes belong to the generated bindings. The core converts them through these two
+/// operations and does not depend on the classes.
 class ZELK_CORE_EXPORT Specializable {
  public:
-  /// The dotted lower-case name of the type, which names the adapted value.
+  /// Returns the name of the type, in lower case with full stops. The value gets this name.
   virtual std::string TypeName() const = 0;
 
-  /// Sets this object's own fields on the value that it is adapted to.
+  /// Sets the fields of this object on the value. Sets none by default.
   virtual void SetFields(Data::CompoundValue& value) const;
 
   virtual ~Specializable();

@@ -4,8 +4,8 @@
 
 namespace Zelk::Core {
 
-/// The invocation that an operation is called for. The framework makes it and keeps what it needs
-/// with it; a service implementation hands it on and never looks inside.
+/// The invocation that an operation is called for. It belongs to the framework; a service
+/// implementation only passes it on. It may be null.
 class AsyncActivation {};
 
 using AsyncActivationPtr = std::shared_ptr<AsyncActivation>;

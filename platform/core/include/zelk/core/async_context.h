@@ -2,7 +2,7 @@
 
 namespace Zelk::Core {
 
-/// What the framework tells the receiver of a result beside the result itself.
+/// What the framework passes to a callback along with the result.
 struct AsyncContext {};
 
 }  // namespace Zelk::Core

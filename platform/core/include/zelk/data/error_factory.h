@@ -10,22 +10,23 @@
 
 namespace Zelk::Data {
 
-/// Makes error values. E is a standard error class: it says which kind of error the value is.
+/// Makes error values. E is a standard error class (<com/orvane/zelk/std/errors.h>), which decides
+/// the kind of the error.
 class ErrorFactory {
  public:
-  /// An error without messages.
+  /// Returns an error without messages.
   template <typename E>
   static std::shared_ptr<const ErrorValue> GetError() {
     return GetError<E>(E());
   }
 
-  /// An error with whatever the given object holds.
+  /// Returns an error with the messages and the data of the given object.
   template <typename E>
   static std::shared_ptr<const ErrorValue> GetError(const E& error) {
     return NativeToValueAdapter::Adapt(error);
   }
 
-  /// An error that carries the messages, in their order.
+  /// Returns an error with the messages, in their order.
   template <typename E>
   static std::shared_ptr<const ErrorValue> GetError(const std::list<BaseMessage>& messages) {
     const std::shared_ptr<ErrorValue> error = NativeToValueAdapter::Adapt(E());

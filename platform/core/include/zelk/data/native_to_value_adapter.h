@@ -16,27 +16,27 @@ class Specializable;
 
 namespace Data {
 
-/// Turns native objects into data values. Each form answers the exact kind of value that it makes,
-/// so a caller may go on filling it.
+/// Converts native objects into data values. Each overload returns a new value of the exact type,
+/// so the caller can still add to it.
 class NativeToValueAdapter {
  public:
   ZELK_CORE_EXPORT static std::shared_ptr<StringValue> Adapt(const std::string& native);
 
-  /// A StructValue "com.orvane.zelk.std.message" with the fields "id" and "default_text"
-  /// (StringValue) and "arguments" (ListValue of StringValue).
+  /// Returns a StructValue named "com.orvane.zelk.std.message" with the fields "id" and
+  /// "default_text" (StringValue) and "arguments" (ListValue of StringValue).
   ZELK_CORE_EXPORT static std::shared_ptr<StructValue> Adapt(const BaseMessage& native);
 
-  /// An ErrorValue that bears the type's name and the fields that the object sets itself.
+  /// Returns an ErrorValue with the name of the object's type and the fields that the object sets.
   ZELK_CORE_EXPORT static std::shared_ptr<ErrorValue> Adapt(const Specializable& native);
 
-  /// Absent for an empty optional.
+  /// Returns an absent value for an empty optional.
   template <typename T>
   static std::shared_ptr<OptionalValue> Adapt(const boost::optional<T>& native) {
     return native ? std::make_shared<OptionalValue>(Adapt(*native))
                   : std::make_shared<OptionalValue>();
   }
 
-  /// One element for each of the list's, in the same order.
+  /// Returns a list with a value for each element, in the same order.
   template <typename T>
   static std::shared_ptr<ListValue> Adapt(const std::list<T>& native) {
     auto value = std::make_shared<ListValue>();

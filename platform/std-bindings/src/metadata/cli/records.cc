@@ -3,7 +3,7 @@
 
 #include <com/orvane/zelk/metadata/cli/records.h>
 
-// A parameter that fills the member of the same name is told from it by the suffix _arg.
+// A parameter has the suffix _arg if it would hide the member of the same name.
 
 namespace Com::Orvane::Zelk::Metadata::Cli {
 

@@ -13,13 +13,13 @@ GenericInstantiation::GenericInstantiation(
       map_key_type(std::move(map_key_type_arg)),
       map_value_type(std::move(map_value_type_arg)) {}
 
-// A copy has the same types, but waits for no release.
+// A copy has the same types, but not next_released_.
 GenericInstantiation::GenericInstantiation(const GenericInstantiation& other)
     : GenericInstantiation(other.generic_type, other.element_type, other.map_key_type,
                            other.map_value_type) {}
 
 GenericInstantiation& GenericInstantiation::operator=(const GenericInstantiation& other) {
-  // The other may be part of this one's types, so those are let go last.
+  // `other` may be part of the types of this one, so these are released last.
   GenericInstantiation copy(other);
   std::swap(generic_type, copy.generic_type);
   element_type.swap(copy.element_type);
@@ -36,8 +36,8 @@ GenericInstantiation::~GenericInstantiation() {
   while (pending) {
     Ptr current = std::move(pending);
     pending = std::move(current->next_released_);
-    // These keep the types below alive while current goes, so its own destructor has nothing to do
-    // and the depth of the stack stays the same.
+    // These keep the types alive while `current` is destroyed, so its own destructor releases
+    // nothing and the stack does not grow.
     std::shared_ptr<const Type> element = current->element_type;
     std::shared_ptr<const Type> map_key = current->map_key_type;
     std::shared_ptr<const Type> map_value = current->map_value_type;
@@ -48,13 +48,13 @@ GenericInstantiation::~GenericInstantiation() {
   }
 }
 
-// Lets one type go. If nobody else holds the instantiation inside it, that is not destroyed here
-// but put before the others that wait for it.
+// Releases one type. If the instantiation inside it has no other owner, it is not destroyed here
+// but put in front of `pending`.
 //
-// Of an instantiation that others hold too, only this share is dropped. Should another thread drop
-// the last of the others just in between, the share is the last one after all and a second
-// destructor runs inside this one. It works in the same way, so the stack grows with such
-// coincidences, not with the depth of the type.
+// If it has other owners, only this reference to it is dropped. When another thread drops the last
+// of the others just after the count was read, this reference is the last one after all, and a
+// second destructor runs inside this one. It works in the same way, so the stack grows with the
+// number of such coincidences and not with the depth of the type.
 void GenericInstantiation::Release(std::shared_ptr<const Type>& type, Ptr& pending) {
   if (!type) return;
   Ptr inner = type->generic_instantiation;

@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what libzelk-std-bindings offers to other binaries; everything else in it is built hidden.
+/// Exports a declaration from libzelk-std-bindings; everything else in it is hidden.
 #define ZELK_STD_BINDINGS_EXPORT __attribute__((visibility("default")))

@@ -23,8 +23,8 @@ class ZELK_STD_BINDINGS_EXPORT SourceType : public ::Zelk::GeneratedEnum<SourceT
   SourceType(Enumerator value) : GeneratedEnum(value) {}  // NOLINT(google-explicit-constructor)
 };
 
-/// A source as its creator describes it. Each domain has its own SourceSvc::CreateSpec and
-/// SourceSvc::Info made from it, so that the domains' descriptions are not mixed up.
+/// The description of a source. Each domain derives its own SourceSvc::CreateSpec and
+/// SourceSvc::Info, so that the compiler keeps the domains apart.
 struct ZELK_STD_BINDINGS_EXPORT SourceDescription {
   SourceDescription(std::string description, SourceType type,
                     boost::optional<std::string> file_path, boost::optional<std::string> address);
@@ -37,7 +37,7 @@ struct ZELK_STD_BINDINGS_EXPORT SourceDescription {
   /// The file that holds the metadata, for LOCAL_FILE.
   boost::optional<std::string> file_path;
 
-  /// Where to ask for the metadata, for REMOTE.
+  /// The address that serves the metadata, for REMOTE.
   boost::optional<std::string> address;
 };
 

@@ -14,25 +14,26 @@ class DataValue;
 
 namespace Com::Orvane::Zelk::Std::Errors {
 
-/// The standard error that all others derive from: the messages that explain it, in the order
-/// found, and an optional value with details that a program can read.
+/// The base of the standard errors. It has messages, in the order found, and optionally a value
+/// with details for programs. <zelk/data/error_factory.h> makes the error value that an operation
+/// delivers; <zelk/data/values.h> shows how to read one.
 class ZELK_STD_BINDINGS_EXPORT Error : public ::Zelk::Specializable {
  public:
-  /// No messages and no data.
+  /// Makes an error without messages and data.
   Error();
   ~Error() override;
 
   const std::list<::Zelk::BaseMessage>& Messages() const;
   void SetMessages(std::list<::Zelk::BaseMessage> messages);
 
-  /// Null when there is none.
+  /// Returns the data, or null if there is none.
   const std::shared_ptr<const ::Zelk::Data::DataValue>& Data() const;
   void SetData(std::shared_ptr<const ::Zelk::Data::DataValue> data);
 
-  /// "com.orvane.zelk.std.errors.error"; each class below answers its own name.
+  /// Returns "com.orvane.zelk.std.errors.error"; each class below returns a name of its own.
   std::string TypeName() const override;
 
-  /// Sets "messages" and "data".
+  /// Sets the fields "messages" (ListValue) and "data" (OptionalValue).
   void SetFields(::Zelk::Data::CompoundValue& value) const override;
 
  private:
@@ -40,39 +41,39 @@ class ZELK_STD_BINDINGS_EXPORT Error : public ::Zelk::Specializable {
   std::shared_ptr<const ::Zelk::Data::DataValue> data_;
 };
 
-/// What was asked for is not there.
+/// The requested object does not exist.
 class ZELK_STD_BINDINGS_EXPORT NotFound : public Error {
  public:
   ~NotFound() override;
 
-  /// "com.orvane.zelk.std.errors.not_found"
+  /// Returns "com.orvane.zelk.std.errors.not_found".
   std::string TypeName() const override;
 };
 
-/// What was to be made is already there.
+/// The object to be created exists already.
 class ZELK_STD_BINDINGS_EXPORT AlreadyExists : public Error {
  public:
   ~AlreadyExists() override;
 
-  /// "com.orvane.zelk.std.errors.already_exists"
+  /// Returns "com.orvane.zelk.std.errors.already_exists".
   std::string TypeName() const override;
 };
 
-/// An argument, or what it refers to, makes no sense.
+/// An argument is not valid, or the file that it names is not.
 class ZELK_STD_BINDINGS_EXPORT InvalidArgument : public Error {
  public:
   ~InvalidArgument() override;
 
-  /// "com.orvane.zelk.std.errors.invalid_argument"
+  /// Returns "com.orvane.zelk.std.errors.invalid_argument".
   std::string TypeName() const override;
 };
 
-/// The request makes sense, but the service cannot do it.
+/// The request is valid, but the service does not support it.
 class ZELK_STD_BINDINGS_EXPORT Unsupported : public Error {
  public:
   ~Unsupported() override;
 
-  /// "com.orvane.zelk.std.errors.unsupported"
+  /// Returns "com.orvane.zelk.std.errors.unsupported".
   std::string TypeName() const override;
 };
 

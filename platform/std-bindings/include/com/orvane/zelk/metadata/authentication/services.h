@@ -11,27 +11,29 @@
 #include <zelk/async_result.h>
 #include <zelk/core/async_activation.h>
 
-// The services that answer for the Authentication domain, as a provider implements them. Each
-// operation gets its own arguments, the activation that it is called for, and the result through
-// which it answers. The order of the operations in a class is part of the binary interface.
+// The interfaces of the Authentication domain's services, as a provider implements them. Each
+// operation gets its own arguments, the activation that it is called for, and the result that it
+// calls with the answer or an error. "or NotFound" means: delivers the error NotFound if the id is
+// unknown. The order of the operations in a class is part of the binary interface.
 
 namespace Com::Orvane::Zelk::Metadata::Authentication {
 
 namespace ComponentSvc {
 
-/// The components for which sources list schemes.
+/// The components for which the sources list schemes.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The names of all components, once for each source that has them.
+  /// Delivers the names of all components, once for each source that has them.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// The component with everything in it and its fingerprint, or NotFound.
+  /// Delivers the component, with all that it contains, and its fingerprint, or NotFound.
   virtual void Get(const std::string& component_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const ComponentData>>& result) = 0;
 
-  /// The fingerprint alone, for a client that kept the component; or NotFound.
+  /// Delivers only the fingerprint of the component, or NotFound. A client that has the component
+  /// compares it to see whether its copy is up to date.
   virtual void Fingerprint(const std::string& component_id,
                            const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;
@@ -46,11 +48,11 @@ namespace PackageSvc {
 /// The packages of all components.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The names of all packages.
+  /// Delivers the names of all packages.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// The package with its schemes and services, or NotFound.
+  /// Delivers the package with its schemes and services, or NotFound.
   virtual void Get(const std::string& package_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const PackageInfo>>& result) = 0;
@@ -65,11 +67,11 @@ namespace ServiceSvc {
 /// The services of all packages.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The full ids of all services.
+  /// Delivers the full ids of all services.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// The service with its schemes and operations, or NotFound.
+  /// Delivers the service with its schemes and operations, or NotFound.
   virtual void Get(const std::string& service_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const ServiceInfo>>& result) = 0;
@@ -84,12 +86,12 @@ namespace Service::OperationSvc {
 /// The operations of one service.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The names of the operations, or NotFound for an unknown service.
+  /// Delivers the names of the operations, or NotFound.
   virtual void List(const std::string& service_id,
                     const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// The operation with its schemes, or NotFound.
+  /// Delivers the operation with its schemes, or NotFound.
   virtual void Get(const std::string& service_id, const std::string& operation_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const OperationInfo>>& result) = 0;
@@ -101,34 +103,34 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace SourceSvc {
 
-/// The sources that the domain is loaded from.
+/// The sources from which the domain is loaded.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// Registers a source and loads it.
+  /// Loads a source and registers it, or delivers the error.
   virtual void Create(const std::string& source_id,
                       const std::shared_ptr<const SourceSvc::CreateSpec>& spec,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  /// Removes a source and all that came from it.
+  /// Removes a source and everything that came from it, or delivers NotFound.
   virtual void Delete(const std::string& source_id,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  /// What the source was created with, or NotFound.
+  /// Delivers what the source was created with, or NotFound.
   virtual void Get(const std::string& source_id, const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const SourceSvc::Info>>& result) = 0;
 
-  /// The ids of all sources.
+  /// Delivers the ids of all sources, ascending.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// Reads one source again, or all of them.
+  /// Loads one source again, or without an id all of them. NotFound for an unknown id.
   virtual void Reload(const boost::optional<std::string>& source_id,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  /// The fingerprint of one source, or of all of them together.
+  /// Delivers the fingerprint of one source, or without an id that of all together, or NotFound.
   virtual void Fingerprint(const boost::optional<std::string>& source_id,
                            const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;

@@ -22,7 +22,7 @@ class ZELK_STD_BINDINGS_EXPORT FormatterType : public ::Zelk::GeneratedEnum<Form
       : GeneratedEnum(value) {}
 };
 
-/// Which generic type is put around the type of an option.
+/// The generic type that is put around the type of an option.
 class ZELK_STD_BINDINGS_EXPORT GenericType : public ::Zelk::GeneratedEnum<GenericType> {
  public:
   enum Enumerator { NONE, OPTIONAL, LIST, OPTIONAL_LIST, LIST_OPTIONAL, UNKNOWN };

@@ -11,7 +11,8 @@
 #include <com/orvane/zelk/metadata/source_type.h>
 
 // The records from which a command-line client builds its namespaces and commands. A record is
-// built whole and then shared as a pointer to const. Lists keep the order of the definition.
+// complete when it is made, and is then shared as a pointer to const. Lists keep the order of the
+// file.
 
 namespace Com::Orvane::Zelk::Metadata::Cli {
 
@@ -20,7 +21,7 @@ namespace Com::Orvane::Zelk::Metadata::Cli {
 struct ZELK_STD_BINDINGS_EXPORT TreeIdentity {
   TreeIdentity(std::string path, std::string name);
 
-  /// The dotted full name of the namespace around it; empty at the top level.
+  /// The full name of the namespace that contains it, with full stops; empty at the top level.
   std::string path;
 
   std::string name;
@@ -32,11 +33,12 @@ ZELK_STD_BINDINGS_EXPORT bool operator<(const TreeIdentity& left, const TreeIden
 
 namespace NamespaceSvc {
 
-/// Of the root namespace, path and name are both empty.
+/// Identifies a namespace. Path and name of the root are empty.
 struct ZELK_STD_BINDINGS_EXPORT Identity : TreeIdentity {
   using TreeIdentity::TreeIdentity;
 };
 
+/// A namespace and those directly in it.
 struct ZELK_STD_BINDINGS_EXPORT Info {
   Info();
   Info(std::shared_ptr<const Identity> identity, std::string description,
@@ -47,7 +49,7 @@ struct ZELK_STD_BINDINGS_EXPORT Info {
 
   std::string description;
 
-  /// The namespaces directly in this one, in the order registered. The root lists itself too.
+  /// The namespaces directly in this one, in the order of the file. The root lists itself too.
   std::list<std::shared_ptr<const Identity>> children;
 };
 
@@ -55,6 +57,7 @@ struct ZELK_STD_BINDINGS_EXPORT Info {
 
 namespace CommandSvc {
 
+/// Identifies a command.
 struct ZELK_STD_BINDINGS_EXPORT Identity : TreeIdentity {
   using TreeIdentity::TreeIdentity;
 };
@@ -70,13 +73,13 @@ struct ZELK_STD_BINDINGS_EXPORT OptionInfo {
   std::string field_name;
   std::string description;
 
-  /// As written in the file.
+  /// The name of the type as it is in the file; not interpreted.
   std::string type;
 
   GenericType generic;
 };
 
-/// One column or line of what a command shows.
+/// One field of a result that a command shows, as a column or a line.
 struct ZELK_STD_BINDINGS_EXPORT OutputFieldInfo {
   OutputFieldInfo(std::string field_name, std::string display_name);
 
@@ -84,7 +87,7 @@ struct ZELK_STD_BINDINGS_EXPORT OutputFieldInfo {
   std::string display_name;
 };
 
-/// What is shown of one result structure.
+/// The fields that are shown of one result structure.
 struct ZELK_STD_BINDINGS_EXPORT OutputInfo {
   OutputInfo(std::string structure_id,
              std::list<std::shared_ptr<const OutputFieldInfo>> output_fields);
@@ -109,7 +112,7 @@ struct ZELK_STD_BINDINGS_EXPORT Info {
   std::string operation_id;
   std::list<std::shared_ptr<const OptionInfo>> options;
 
-  /// Empty when the command names none.
+  /// Empty if the file names none.
   boost::optional<FormatterType> formatter;
 
   std::list<std::shared_ptr<const OutputInfo>> output_field_list;
@@ -119,12 +122,12 @@ struct ZELK_STD_BINDINGS_EXPORT Info {
 
 namespace SourceSvc {
 
-/// What a client gives to register a source.
+/// What a source is to be created with.
 struct ZELK_STD_BINDINGS_EXPORT CreateSpec : SourceDescription {
   using SourceDescription::SourceDescription;
 };
 
-/// What a registered source was made from.
+/// What a source was created with.
 struct ZELK_STD_BINDINGS_EXPORT Info : SourceDescription {
   using SourceDescription::SourceDescription;
 };

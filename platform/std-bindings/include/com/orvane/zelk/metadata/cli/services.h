@@ -11,9 +11,10 @@
 #include <zelk/async_result.h>
 #include <zelk/core/async_activation.h>
 
-// The services that answer for the CLI domain, as a provider implements them. Each operation
-// gets its own arguments, the activation that it is called for, and the result through which it
-// answers. The order of the operations in a class is part of the binary interface.
+// The interfaces of the CLI domain's services, as a provider implements them. Each operation gets
+// its own arguments, the activation that it is called for, and the result that it calls with the
+// answer or an error. "or NotFound" means: delivers the error NotFound if the id is unknown. The
+// order of the operations in a class is part of the binary interface.
 
 namespace Com::Orvane::Zelk::Metadata::Cli {
 
@@ -22,19 +23,20 @@ namespace CommandSvc {
 /// The commands that a command-line client offers.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The commands directly in a namespace, or all; NotFound for a namespace without any.
+  /// Delivers the commands directly in the namespace, or without one all commands. NotFound for a
+  /// namespace without any.
   virtual void List(
       const boost::optional<std::string>& namespace_path,
       const ::Zelk::Core::AsyncActivationPtr& activation,
       const ::Zelk::AsyncResult<std::list<std::shared_ptr<const CommandSvc::Identity>>>&
           result) = 0;
 
-  /// The command with its options and output, or NotFound.
+  /// Delivers the command with its options and output, or NotFound.
   virtual void Get(const std::shared_ptr<const CommandSvc::Identity>& identity,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const CommandSvc::Info>>& result) = 0;
 
-  /// The fingerprint of all commands together.
+  /// Delivers the fingerprint of all commands together.
   virtual void Fingerprint(const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;
 
@@ -48,19 +50,19 @@ namespace NamespaceSvc {
 /// The namespaces in which the commands are grouped.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// All namespaces, once for each source that has them.
+  /// Delivers all namespaces, once for each source that has them.
   virtual void List(
       const ::Zelk::Core::AsyncActivationPtr& activation,
       const ::Zelk::AsyncResult<std::list<std::shared_ptr<const NamespaceSvc::Identity>>>&
           result) = 0;
 
-  /// The namespace with its children, or NotFound.
+  /// Delivers the namespace with its children, or NotFound.
   virtual void Get(
       const std::shared_ptr<const NamespaceSvc::Identity>& identity,
       const ::Zelk::Core::AsyncActivationPtr& activation,
       const ::Zelk::AsyncResult<std::shared_ptr<const NamespaceSvc::Info>>& result) = 0;
 
-  /// The fingerprint of all namespaces together.
+  /// Delivers the fingerprint of all namespaces together.
   virtual void Fingerprint(const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;
 
@@ -71,34 +73,34 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace SourceSvc {
 
-/// The sources that the domain is loaded from.
+/// The sources from which the domain is loaded.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// Registers a source and loads it.
+  /// Loads a source and registers it, or delivers the error.
   virtual void Create(const std::string& source_id,
                       const std::shared_ptr<const SourceSvc::CreateSpec>& spec,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  /// Removes a source and all that came from it.
+  /// Removes a source and everything that came from it, or delivers NotFound.
   virtual void Delete(const std::string& source_id,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  /// What the source was created with, or NotFound.
+  /// Delivers what the source was created with, or NotFound.
   virtual void Get(const std::string& source_id, const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const SourceSvc::Info>>& result) = 0;
 
-  /// The ids of all sources.
+  /// Delivers the ids of all sources, ascending.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// Reads one source again, or all of them.
+  /// Loads one source again, or without an id all of them. NotFound for an unknown id.
   virtual void Reload(const boost::optional<std::string>& source_id,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  /// The fingerprint of one source, or of all of them together.
+  /// Delivers the fingerprint of one source, or without an id that of all together, or NotFound.
   virtual void Fingerprint(const boost::optional<std::string>& source_id,
                            const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;

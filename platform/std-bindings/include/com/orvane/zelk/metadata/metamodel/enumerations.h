@@ -7,7 +7,7 @@ namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
 namespace TypeEnumerations {
 
-/// Which of its members a Type uses.
+/// The category of a Type; it decides which of its members is set.
 class ZELK_STD_BINDINGS_EXPORT Category : public ::Zelk::GeneratedEnum<Category> {
  public:
   enum Enumerator { BUILTIN, USER_DEFINED, GENERIC, UNKNOWN };
@@ -72,7 +72,7 @@ class ZELK_STD_BINDINGS_EXPORT GenericType : public ::Zelk::GeneratedEnum<Generi
 
 namespace StructureInfoEnumerations {
 
-/// Whether a structure is data or is raised by operations.
+/// Whether a structure is data or an error that operations report.
 class ZELK_STD_BINDINGS_EXPORT Type : public ::Zelk::GeneratedEnum<Type> {
  public:
   enum Enumerator { STRUCTURE, ERROR, UNKNOWN };
@@ -126,7 +126,7 @@ class ZELK_STD_BINDINGS_EXPORT Type : public ::Zelk::GeneratedEnum<Type> {
 
 namespace ElementValueEnumerations {
 
-/// Which of its members an ElementValue uses.
+/// The type of an ElementValue; it decides which of its members is set.
 class ZELK_STD_BINDINGS_EXPORT Type : public ::Zelk::GeneratedEnum<Type> {
  public:
   enum Enumerator {

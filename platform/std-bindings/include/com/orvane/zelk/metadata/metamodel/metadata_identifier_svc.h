@@ -6,12 +6,12 @@
 
 namespace Com::Orvane::Zelk::Metadata::Metamodel::MetadataIdentifierSvc {
 
-/// The names of the annotations that have a meaning to the metadata services themselves.
+/// The names of the annotations that the metadata services themselves interpret.
 struct ZELK_STD_BINDINGS_EXPORT Constants {
-  /// Says of a structure that it is the model of resources: "Model".
+  /// "Model": marks a structure as the model of resources.
   static const std::string MODEL;
 
-  /// Says which resources an identifier or a model stands for: "Resource".
+  /// "Resource": names the resource types that an identifier or a model refers to.
   static const std::string RESOURCE;
 };
 

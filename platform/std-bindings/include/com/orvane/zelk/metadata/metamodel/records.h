@@ -11,11 +11,11 @@
 #include <com/orvane/zelk/metadata/metamodel/enumerations.h>
 #include <com/orvane/zelk/metadata/source_type.h>
 
-// The records that describe the interfaces of services. A record is built whole and then shared as
-// a pointer to const, with its children, by everybody who reads it. Maps are ordered by the bytes
-// of their keys and use the name of each child as its key; lists keep the order of the definition.
-// A pointer to a child is null, and an optional empty, only where the member says so. None of this
-// is checked: a record holds what its constructor was given.
+// The records that describe the interfaces of services. A record is complete when it is made. It is
+// then shared, with its children, as a pointer to const. The key of a map is the name of the child,
+// and maps are ordered by the bytes of their keys. Lists keep the order of the file. A pointer is
+// null, and an optional empty, only where the member's comment says so. None of this is checked: a
+// record holds what its constructor was given.
 
 namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
@@ -25,7 +25,7 @@ struct GenericInstantiation;
 /// The annotations of a definition by name.
 using MetadataMap = std::map<std::string, std::shared_ptr<const ElementMap>>;
 
-/// One value inside an annotation. Only the member that the type selects is set.
+/// One value inside an annotation. The type decides which one of the other members is set.
 struct ZELK_STD_BINDINGS_EXPORT ElementValue {
   ElementValue(ElementValueEnumerations::Type type, boost::optional<std::string> string_value,
                boost::optional<std::list<std::string>> list_value,
@@ -47,26 +47,27 @@ struct ZELK_STD_BINDINGS_EXPORT ElementValue {
   boost::optional<std::list<std::string>> structure_ids;
 };
 
-/// One annotation: its values by the name of the element.
+/// One annotation. The key is the name of the element.
 struct ZELK_STD_BINDINGS_EXPORT ElementMap {
   explicit ElementMap(std::map<std::string, std::shared_ptr<const ElementValue>> elements);
 
   std::map<std::string, std::shared_ptr<const ElementValue>> elements;
 };
 
-/// A type by name: that of a structure or an enumeration.
+/// A type that is defined elsewhere, by name: a structure or an enumeration.
 struct ZELK_STD_BINDINGS_EXPORT UserDefinedType {
   UserDefinedType(std::string resource_type, std::string resource_id);
 
   /// The kind of definition, such as "com.orvane.zelk.structure" or "com.orvane.zelk.enumeration".
   std::string resource_type;
 
-  /// The name of the definition. It need not be one that the services know.
+  /// The name of the definition. The services need not know it.
   std::string resource_id;
 };
 
-/// The type of a parameter, result, field or constant. Only the member that the category selects is
-/// set. Types nest to any depth through generic_instantiation, and are released without recursion.
+/// The type of a parameter, result, field or constant. The category decides which one of the other
+/// members is set. Types nest to any depth through generic_instantiation and are released without
+/// recursion.
 struct ZELK_STD_BINDINGS_EXPORT Type {
   Type(TypeEnumerations::Category category,
        boost::optional<TypeEnumerations::BuiltinType> builtin_type,
@@ -75,17 +76,17 @@ struct ZELK_STD_BINDINGS_EXPORT Type {
 
   TypeEnumerations::Category category;
 
-  /// For BUILTIN, else empty.
+  /// For BUILTIN; otherwise empty.
   boost::optional<TypeEnumerations::BuiltinType> builtin_type;
 
-  /// For USER_DEFINED, else null.
+  /// For USER_DEFINED; otherwise null.
   std::shared_ptr<const UserDefinedType> user_defined_type;
 
-  /// For GENERIC, else null.
+  /// For GENERIC; otherwise null.
   std::shared_ptr<const GenericInstantiation> generic_instantiation;
 };
 
-/// A generic type together with the types that it is made of.
+/// A generic type with the types of its elements.
 struct ZELK_STD_BINDINGS_EXPORT GenericInstantiation {
   GenericInstantiation(GenericInstantiationEnumerations::GenericType generic_type,
                        std::shared_ptr<const Type> element_type,
@@ -94,19 +95,19 @@ struct ZELK_STD_BINDINGS_EXPORT GenericInstantiation {
   GenericInstantiation(const GenericInstantiation& other);
   GenericInstantiation& operator=(const GenericInstantiation& other);
 
-  /// Releases nested types one after another, so that neither the depth of a type nor the size of
-  /// the caller's stack limits what can be released. Allocates nothing.
+  /// Releases nested types in a loop, so that a type of any depth can be released on a small stack.
+  /// Allocates nothing.
   ~GenericInstantiation();
 
   GenericInstantiationEnumerations::GenericType generic_type;
 
-  /// For LIST, OPTIONAL and SET, else null.
+  /// For LIST, OPTIONAL and SET; otherwise null.
   std::shared_ptr<const Type> element_type;
 
-  /// For MAP, else null.
+  /// For MAP; otherwise null.
   std::shared_ptr<const Type> map_key_type;
 
-  /// For MAP, else null.
+  /// For MAP; otherwise null.
   std::shared_ptr<const Type> map_value_type;
 
  private:
@@ -114,8 +115,8 @@ struct ZELK_STD_BINDINGS_EXPORT GenericInstantiation {
 
   static void Release(std::shared_ptr<const Type>& type, Ptr& pending);
 
-  /// Chains the instantiations that wait for their release. It is touched only by the one owner
-  /// that is left by then, which is why a record that is const for everybody else can hold it.
+  /// Links the instantiations that are to be released. Only the last owner uses it, so it is safe
+  /// that a shared const record has a mutable member.
   mutable Ptr next_released_;
 };
 
@@ -139,13 +140,14 @@ struct ZELK_STD_BINDINGS_EXPORT EnumerationValueInfo {
   std::string documentation;
 };
 
+/// An enumeration.
 struct ZELK_STD_BINDINGS_EXPORT EnumerationInfo {
   EnumerationInfo(std::string name, std::list<std::shared_ptr<const EnumerationValueInfo>> values,
                   MetadataMap metadata, std::string documentation);
 
   std::string name;
 
-  /// As defined, repeated enumerators included.
+  /// A repeated enumerator is kept.
   std::list<std::shared_ptr<const EnumerationValueInfo>> values;
 
   MetadataMap metadata;
@@ -158,10 +160,11 @@ struct ZELK_STD_BINDINGS_EXPORT PrimitiveValue {
 
   PrimitiveValueEnumerations::Type type;
 
-  /// For STRING, else empty: the other types' values are not kept.
+  /// For STRING; otherwise empty: the values of the other types are not kept.
   boost::optional<std::string> string_value;
 };
 
+/// The value of a constant.
 struct ZELK_STD_BINDINGS_EXPORT ConstantValue {
   ConstantValue(ConstantValueEnumerations::Category category,
                 std::shared_ptr<const PrimitiveValue> primitive_value);
@@ -177,13 +180,14 @@ struct ZELK_STD_BINDINGS_EXPORT ConstantInfo {
   ConstantInfo(std::shared_ptr<const Type> type, std::shared_ptr<const ConstantValue> value,
                std::string documentation);
 
-  /// For a list of values, the generic type LIST of the values' type.
+  /// The generic type LIST for a list of values.
   std::shared_ptr<const Type> type;
 
   std::shared_ptr<const ConstantValue> value;
   std::string documentation;
 };
 
+/// A structure or an error.
 struct ZELK_STD_BINDINGS_EXPORT StructureInfo {
   StructureInfo(std::string name, StructureInfoEnumerations::Type type,
                 std::map<std::string, std::shared_ptr<const EnumerationInfo>> enumerations,
@@ -196,14 +200,14 @@ struct ZELK_STD_BINDINGS_EXPORT StructureInfo {
   std::map<std::string, std::shared_ptr<const EnumerationInfo>> enumerations;
   std::map<std::string, std::shared_ptr<const ConstantInfo>> constants;
 
-  /// As defined, repeated names included.
+  /// A field with a repeated name is kept.
   std::list<std::shared_ptr<const FieldInfo>> fields;
 
   MetadataMap metadata;
   std::string documentation;
 };
 
-/// One error that an operation may answer.
+/// One error that an operation may report.
 struct ZELK_STD_BINDINGS_EXPORT ErrorInfo {
   ErrorInfo(std::string structure_name, std::string documentation);
 
@@ -213,7 +217,7 @@ struct ZELK_STD_BINDINGS_EXPORT ErrorInfo {
   std::string documentation;
 };
 
-/// What an operation answers when it succeeds.
+/// The result of an operation that succeeds.
 struct ZELK_STD_BINDINGS_EXPORT OperationResultInfo {
   OperationResultInfo(std::shared_ptr<const Type> type, MetadataMap metadata,
                       std::string documentation);
@@ -223,6 +227,7 @@ struct ZELK_STD_BINDINGS_EXPORT OperationResultInfo {
   std::string documentation;
 };
 
+/// An operation.
 struct ZELK_STD_BINDINGS_EXPORT OperationInfo {
   OperationInfo(std::string name, std::list<std::shared_ptr<const FieldInfo>> params,
                 std::shared_ptr<const OperationResultInfo> output,
@@ -240,6 +245,7 @@ struct ZELK_STD_BINDINGS_EXPORT OperationInfo {
   std::string documentation;
 };
 
+/// A service and what is defined inside it.
 struct ZELK_STD_BINDINGS_EXPORT ServiceInfo {
   ServiceInfo(std::string name,
               std::map<std::string, std::shared_ptr<const OperationInfo>> operations,
@@ -257,8 +263,8 @@ struct ZELK_STD_BINDINGS_EXPORT ServiceInfo {
   std::string documentation;
 };
 
-/// A package. Its structures and enumerations are those defined beside its services; what is
-/// defined inside a service or a structure is found there.
+/// A package. Its structures and enumerations are those that are defined directly in it, and not
+/// those of its services and structures.
 struct ZELK_STD_BINDINGS_EXPORT PackageInfo {
   PackageInfo(std::string name,
               std::map<std::string, std::shared_ptr<const StructureInfo>> structures,
@@ -274,6 +280,7 @@ struct ZELK_STD_BINDINGS_EXPORT PackageInfo {
   std::string documentation;
 };
 
+/// A component.
 struct ZELK_STD_BINDINGS_EXPORT ComponentInfo {
   ComponentInfo(std::string name,
                 std::map<std::string, std::shared_ptr<const PackageInfo>> packages,
@@ -285,24 +292,24 @@ struct ZELK_STD_BINDINGS_EXPORT ComponentInfo {
   std::string documentation;
 };
 
-/// A component as its service answers it.
+/// A component and its fingerprint.
 struct ZELK_STD_BINDINGS_EXPORT ComponentData {
   ComponentData(std::shared_ptr<const ComponentInfo> info, std::string fingerprint);
 
   std::shared_ptr<const ComponentInfo> info;
 
-  /// 32 lower-case hex digits that change whenever the source of the component does.
+  /// 32 lower-case hex digits that change when the file of the component does.
   std::string fingerprint;
 };
 
 namespace SourceSvc {
 
-/// What a client gives to register a source.
+/// What a source is to be created with.
 struct ZELK_STD_BINDINGS_EXPORT CreateSpec : SourceDescription {
   using SourceDescription::SourceDescription;
 };
 
-/// What a registered source was made from.
+/// What a source was created with.
 struct ZELK_STD_BINDINGS_EXPORT Info : SourceDescription {
   using SourceDescription::SourceDescription;
 };

@@ -12,9 +12,10 @@
 #include <zelk/async_result.h>
 #include <zelk/core/async_activation.h>
 
-// The services that answer for the Metamodel domain, as a provider implements them. Each operation
-// gets its own arguments, the activation that it is called for, and the result through which it
-// answers. The order of the operations in a class is part of the binary interface.
+// The interfaces of the Metamodel domain's services, as a provider implements them. Each operation
+// gets its own arguments, the activation that it is called for, and the result that it calls with
+// the answer or an error. "or NotFound" means: delivers the error NotFound if the id is unknown.
+// The order of the operations in a class is part of the binary interface.
 
 namespace Com::Orvane::Zelk::Metadata::Metamodel {
 
@@ -23,16 +24,17 @@ namespace ComponentSvc {
 /// The components that the loaded sources describe.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The names of all components, once for each source that has them.
+  /// Delivers the names of all components, once for each source that has them.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// The component with everything in it and its fingerprint, or NotFound.
+  /// Delivers the component, with all that it contains, and its fingerprint, or NotFound.
   virtual void Get(const std::string& component_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const ComponentData>>& result) = 0;
 
-  /// The fingerprint alone, for a client that kept the component; or NotFound.
+  /// Delivers only the fingerprint of the component, or NotFound. A client that has the component
+  /// compares it to see whether its copy is up to date.
   virtual void Fingerprint(const std::string& component_id,
                            const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;
@@ -47,11 +49,11 @@ namespace EnumerationSvc {
 /// The enumerations, wherever they are defined.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The names of all enumerations.
+  /// Delivers the names of all enumerations.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// The enumeration, or NotFound.
+  /// Delivers the enumeration, or NotFound.
   virtual void Get(const std::string& enumeration_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const EnumerationInfo>>& result) = 0;
@@ -66,11 +68,11 @@ namespace PackageSvc {
 /// The packages of all components.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The names of all packages.
+  /// Delivers the names of all packages.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// The package with everything in it, or NotFound.
+  /// Delivers the package with all that it contains, or NotFound.
   virtual void Get(const std::string& package_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const PackageInfo>>& result) = 0;
@@ -82,10 +84,10 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace ResourceSvc {
 
-/// The types of resources that identifiers stand for.
+/// The types of the resources that identifiers refer to.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The resource types of all sources, each once.
+  /// Delivers the resource types of all sources, each once.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::set<std::string>>& result) = 0;
 
@@ -99,7 +101,7 @@ namespace Resource::ModelSvc {
 /// The structures that model a resource.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The names of the structures, or NotFound for an unknown resource type.
+  /// Delivers the names of the structures, or NotFound.
   virtual void List(const std::string& resource_id,
                     const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::set<std::string>>& result) = 0;
@@ -114,11 +116,11 @@ namespace ServiceSvc {
 /// The services of all packages.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The names of all services.
+  /// Delivers the names of all services.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// The service with everything in it, or NotFound.
+  /// Delivers the service with all that it contains, or NotFound.
   virtual void Get(const std::string& service_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const ServiceInfo>>& result) = 0;
@@ -133,12 +135,12 @@ namespace Service::OperationSvc {
 /// The operations of one service.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The names of the operations, or NotFound for an unknown service.
+  /// Delivers the names of the operations, or NotFound.
   virtual void List(const std::string& service_id,
                     const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// The operation, or NotFound when the service or its operation is unknown.
+  /// Delivers the operation. NotFound if the service or its operation is unknown.
   virtual void Get(const std::string& service_id, const std::string& operation_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const OperationInfo>>& result) = 0;
@@ -153,7 +155,7 @@ namespace Service::HiddenSvc {
 /// The services that clients should not show.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The names of the hidden services.
+  /// Delivers the names of the hidden services.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
@@ -167,11 +169,11 @@ namespace StructureSvc {
 /// The structures of all packages and services.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// The names of all structures.
+  /// Delivers the names of all structures.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// The structure, or NotFound.
+  /// Delivers the structure, or NotFound.
   virtual void Get(const std::string& structure_id,
                    const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const StructureInfo>>& result) = 0;
@@ -183,33 +185,33 @@ class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
 
 namespace SourceSvc {
 
-/// The sources that metadata is loaded from.
+/// The sources from which the domain is loaded.
 class ZELK_STD_BINDINGS_EXPORT AsyncServiceInterface {
  public:
-  /// Loads a source and registers it under the given id, or answers why that cannot be done.
+  /// Loads a source and registers it, or delivers the error.
   virtual void Create(const std::string& source_id, const std::shared_ptr<const CreateSpec>& spec,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  /// Forgets a source and what came from it, or answers NotFound.
+  /// Removes a source and everything that came from it, or delivers NotFound.
   virtual void Delete(const std::string& source_id,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  /// What the source was made from, or NotFound.
+  /// Delivers what the source was created with, or NotFound.
   virtual void Get(const std::string& source_id, const ::Zelk::Core::AsyncActivationPtr& activation,
                    const ::Zelk::AsyncResult<std::shared_ptr<const Info>>& result) = 0;
 
-  /// The ids of all sources, ascending.
+  /// Delivers the ids of all sources, ascending.
   virtual void List(const ::Zelk::Core::AsyncActivationPtr& activation,
                     const ::Zelk::AsyncResult<std::list<std::string>>& result) = 0;
 
-  /// Loads one source anew, or every source when no id is given; NotFound for an unknown id.
+  /// Loads one source again, or without an id all of them. NotFound for an unknown id.
   virtual void Reload(const boost::optional<std::string>& source_id,
                       const ::Zelk::Core::AsyncActivationPtr& activation,
                       const ::Zelk::AsyncResult<::Zelk::Void>& result) = 0;
 
-  /// The fingerprint of one source, or of all together when no id is given; or NotFound.
+  /// Delivers the fingerprint of one source, or without an id that of all together, or NotFound.
   virtual void Fingerprint(const boost::optional<std::string>& source_id,
                            const ::Zelk::Core::AsyncActivationPtr& activation,
                            const ::Zelk::AsyncResult<std::string>& result) = 0;
