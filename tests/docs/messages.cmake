@@ -9,10 +9,10 @@ string(JSON count LENGTH "${messages}")
 math(EXPR last "${count} - 1")
 set(table "| Id | Default text | Means | Usual cause | What to do |\n|---|---|---|---|---|\n")
 foreach(index RANGE ${last})
-  foreach(key id text meaning cause mend)
+  foreach(key id text meaning cause fix)
     string(JSON ${key} GET "${messages}" ${index} ${key})
   endforeach()
-  string(APPEND table "| `${id}` | ${text} | ${meaning} | ${cause} | ${mend} |\n")
+  string(APPEND table "| `${id}` | ${text} | ${meaning} | ${cause} | ${fix} |\n")
 endforeach()
 
 # The page around the table is written by hand.

@@ -151,7 +151,7 @@ Example:
         {"cli": [{"type": "Command"}]}
     zelk-metadata check FILE
 
-Mend:
+Fix:
     Use one of the two words, in lower case.
 )");
   EXPECT_EQ(run.status, 0);
@@ -184,7 +184,7 @@ TEST(Explain, InJsonAllExplanationsAreAnArray) {
 TEST(Explain, AnExampleMayBeACallOfAService) {
   EXPECT_THAT(RunTool({"explain", "zelk.metada.cli.source.file.not.found"}).out,
               HasSubstr("Example:\n"
-                        "    SourceSvc.Create of cli, with a path at which no file is\n"));
+                        "    SourceSvc.Create of cli, with a path that does not exist\n"));
 }
 
 TEST(Explain, AMessageThatNothingRaisesHasNoExample) {

@@ -25,7 +25,7 @@ void WriteExample(Page& page, const Example& example) {
     page.Paragraph(2, example.file);
   }
   if (!example.create_in.empty()) {
-    page.Line(1, fmt::format("SourceSvc.Create of {}, with a path at which no file is",
+    page.Line(1, fmt::format("SourceSvc.Create of {}, with a path that does not exist",
                              example.create_in));
   } else {
     page.Line(1, "zelk-metadata " + example.command);
@@ -39,7 +39,7 @@ void WritePage(std::ostream& out, const Explanation& explanation) {
   WriteSection(page, "Means:", explanation.meaning);
   WriteSection(page, "Usual cause:", explanation.cause);
   WriteExample(page, explanation.example);
-  WriteSection(page, "Mend:", explanation.mend);
+  WriteSection(page, "Fix:", explanation.fix);
 }
 
 void WriteJson(JsonWriter& json, const Explanation& explanation) {
@@ -48,7 +48,7 @@ void WriteJson(JsonWriter& json, const Explanation& explanation) {
   json.Member("text", explanation.text);
   json.Member("meaning", explanation.meaning);
   json.Member("cause", explanation.cause);
-  json.Member("mend", explanation.mend);
+  json.Member("fix", explanation.fix);
   json.Key("example");
   json.StartObject();
   json.Member("file", explanation.example.file);
@@ -88,7 +88,7 @@ static ExitStatus RunExplain(Invocation& call) {
 Command ExplainCommand() {
   Command command;
   command.name = "explain";
-  command.summary = "Explain a message: what it means, what causes it, how to mend it";
+  command.summary = "Explain a message: what it means, what causes it, how to fix it";
   command.details = "Without an ID, the ids of all messages are listed.\n\n";
   command.operands = {{"ID", Word::kMessageId, false, "The id of a message", &Arguments::text}};
   command.outputs = {"text", "json"};

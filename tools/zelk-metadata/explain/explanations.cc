@@ -1,51 +1,115 @@
 #include "explain/explanations.h"
 
-namespace Zelk::Tool {
+#include <fmt/format.h>
 
-// NOLINTNEXTLINE(readability-function-size): one table, as long as there are messages.
-const std::vector<Explanation>& Explanations() {
-  static const std::vector<Explanation> explanations{
-      {"zelk.metada.cli.namespace.not.found",
-       "Cli namespace not found: %1%",
-       "No loaded source of the domain has such a namespace.",
-       "A misspelt id, or the file that describes it is not loaded. To list the commands of a "
-       "namespace that holds none directly gives the same message.",
-       "List them with 'zelk-metadata list cli:namespace', and load the file that is missing.",
-       {"", "get cli:namespace nope", ""}},
-      {"zelk.metada.cli.command.not.found",
-       "Cli command not found: %1%",
-       "No loaded source of the domain has such a command; the argument is its full name.",
-       "A misspelt id, or the file that describes it is not loaded.",
-       "List them with 'zelk-metadata list cli:command', and load the file that is missing.",
-       {"", "get cli:command nope", ""}},
-      {"zelk.metada.cli.source.not.found",
-       "Cli source not found: %1%",
-       "No source of this domain has the id.",
-       "A misspelt id, or a source that was deleted or never created.",
-       "List the sources and use one of their ids.",
-       {"", "get cli:source nope", ""}},
-      {"zelk.metada.cli.source.file.not.found",
-       "Cli source file not found: %1%",
-       "The file of a source cannot be opened. The argument is its path.",
-       "A misspelt path, a path relative to another folder, missing permissions, or a path of what "
-       "is neither a file nor a folder.",
-       "Mend the path or the permissions.",
-       {"", "", "cli"}},
-      {"zelk.metada.cli.source.exists",
-       "Cli source already exists: %1%",
-       "A source was to be created under an id that is taken. A reload of an id that no source has "
-       "says the same, with the not-found error.",
-       "Two files that would get the same id, for example of the same name in two folders.",
-       "Give the second file an id of its own; for a reload, list the sources.",
-       {R"({"cli": []})", "list cli:source --source a=FILE --source a=FILE", ""}},
-      {"zelk.metadata.cli.parse.error",
-       "Cli source file parse error : %1% at %2%",
-       "The file is not valid JSON. The arguments are the parser's code for what is wrong and the "
-       "offset of the byte at which it noticed.",
-       "A comma too many or too few, a missing bracket, a comment, or a file that was cut off.",
-       "Mend the JSON at the line and column that check shows; the mistake may stand a little "
-       "before.",
-       {R"({"cli": })", "check FILE", ""}},
+namespace Zelk::Tool {
+namespace {
+
+const std::string kHalfLoaded =
+    " A good product makes up for a broken component, and a good or absent component for a broken "
+    "product: the file then loads without the broken part and the message.";
+
+struct Domain {
+  std::string name;
+
+  /// As the texts of the catalog have it.
+  std::string title;
+};
+
+const Domain kMetamodel{"metamodel", "Metamodel"};
+const Domain kAuthentication{"authentication", "Authentication"};
+const Domain kCli{"cli", "Cli"};
+
+// The templates of messages that several domains have.
+
+Explanation NotFound(const Domain& domain, const std::string& kind) {
+  const bool in_service = kind == "operation";
+  const std::string article = kind == "enumeration" ? "an" : "a";
+  return {
+      fmt::format("zelk.metada.{}.{}.not.found", domain.name, kind),
+      fmt::format("{} {} not found: %1%{}", domain.title, kind, in_service ? "[%2%]" : ""),
+      in_service ? "No loaded source of the domain has such a service, or the service has no "
+                   "such operation."
+                 : fmt::format("No loaded source of the domain has such {} {}.", article, kind),
+      "A misspelt id, or the file that describes it is not loaded.",
+      fmt::format("List them with 'zelk-metadata list {}:{}{}', and load the file that is "
+                  "missing.",
+                  domain.name, kind, in_service ? " SERVICE" : ""),
+      {"",
+       fmt::format("get {}:{} {}", domain.name, kind, in_service ? "com.acme.nope get" : "nope"),
+       ""}};
+}
+
+Explanation SourceNotFound(const Domain& domain) {
+  Explanation explanation = NotFound(domain, "source");
+  explanation.meaning = "No source of this domain has the id.";
+  explanation.cause = "A misspelt id, or a source that was deleted or never created.";
+  explanation.fix = "List the sources and use one of their ids.";
+  return explanation;
+}
+
+/// The tool looks into files before it loads them, so it reports only Metamodel's.
+Explanation FileNotFound(const Domain& domain) {
+  const bool is_first = domain.name == kMetamodel.name;
+  return {fmt::format("zelk.metada.{}.source.file.not.found", domain.name),
+          fmt::format("{} source file not found: %1%", domain.title),
+          "The file of a source cannot be opened. The argument is its path.",
+          "A misspelt path, a path relative to another folder, missing permissions, or a path that "
+          "is neither a file nor a folder.",
+          "Fix the path or the permissions.",
+          {"", is_first ? "check nope.json" : "", is_first ? "" : domain.name}};
+}
+
+/// `file` is one that loads.
+Explanation SourceExists(const Domain& domain, const std::string& file) {
+  return {fmt::format("zelk.metada.{}.source.exists", domain.name),
+          fmt::format("{} source already exists: %1%", domain.title),
+          "A source was to be created under an id that is taken. A reload of an id that no source "
+          "has says the same, with the not-found error.",
+          "Two files that would get the same id, for example of the same name in two folders.",
+          "Give the second file an id of its own; for a reload, list the sources.",
+          {file, fmt::format("list {}:source --source a=FILE --source a=FILE", domain.name), ""}};
+}
+
+Explanation ParseError(const Domain& domain) {
+  return {
+      fmt::format("zelk.metadata.{}.parse.error", domain.name),
+      fmt::format("{} source file parse error : %1% at %2%", domain.title),
+      "The file is not valid JSON. The arguments are the parser's code for what is wrong and "
+      "the offset of the byte at which it noticed.",
+      "A comma too many or too few, a missing bracket, a comment, or a file that was cut off.",
+      "Fix the JSON at the line and column that check shows; the mistake may be a little before "
+      "them.",
+      {fmt::format(R"({{"{}": }})", domain.name), "check FILE", ""}};
+}
+
+/// `instead` says which message is raised.
+Explanation Reserved(const std::string& id, const std::string& text, const std::string& instead) {
+  return {id,
+          text,
+          "Reserved. The library has the text but nothing raises the message; " + instead + ".",
+          "Nothing.",
+          "Nothing needs fixing.",
+          {}};
+}
+
+std::vector<Explanation> CliExplanations() {
+  Explanation no_namespace = NotFound(kCli, "namespace");
+  no_namespace.cause +=
+      " To list the commands of a namespace that holds none directly gives the same message.";
+  Explanation no_command = NotFound(kCli, "command");
+  no_command.meaning =
+      "No loaded source of the domain has such a command; the argument is its full name.";
+  return {no_namespace,
+          no_command,
+          SourceNotFound(kCli),
+          FileNotFound(kCli),
+          SourceExists(kCli, R"({"cli": []})"),
+          ParseError(kCli)};
+}
+
+std::vector<Explanation> JsonExplanations() {
+  return {
       {"zelk.metadata.json.invalid.field",
        "Json parse invalid field: %1%",
        "A key holds a value of the wrong JSON type; null is a wrong type, too. The argument is the "
@@ -55,16 +119,11 @@ const std::vector<Explanation>& Explanations() {
        "an array.",
        "Give the key the type that the format names.",
        {R"({"metamodel": 1})", "check FILE", ""}},
-      {"zelk.metadata.json.invalid.node.type",
-       "Json parse invalid node type: %1%",
-       "Reserved. The library has the text but nothing raises the message; a bad type of a CLI "
-       "node is zelk.metadata.cli.json.invalid.node.type.",
-       "Nothing.",
-       "Nothing is to be mended.",
-       {"", "", ""}},
+      Reserved("zelk.metadata.json.invalid.node.type", "Json parse invalid node type: %1%",
+               "a bad type of a CLI node is zelk.metadata.cli.json.invalid.node.type"),
       {"zelk.metadata.json.invalid.enum.value",
        "Json parse invalid enum value: %1%",
-       "A text is none of those that the key may have. The argument is the key.",
+       "A text is not one of those that the key may have. The argument is the key.",
        "A misspelt word, or one of a newer format.",
        "Use one of the words that the format lists; upper and lower case are alike.",
        {R"({"metamodel": {"component": {"name": "com.acme", "documentation": "", "metadata": {}, "packages": [
@@ -78,198 +137,120 @@ const std::vector<Explanation>& Explanations() {
        "A forgotten or misspelt key, or a file of another domain.",
        "Add the key if the format requires it.",
        {R"({"metamodel": {}})", "check FILE", ""}},
-      {"zelk.metada.metamodel.source.not.found",
-       "Metamodel source not found: %1%",
-       "No source of this domain has the id.",
-       "A misspelt id, or a source that was deleted or never created.",
-       "List the sources and use one of their ids.",
-       {"", "get metamodel:source nope", ""}},
-      {"zelk.metada.metamodel.source.file.not.found",
-       "Metamodel source file not found: %1%",
-       "The file of a source cannot be opened. The argument is its path.",
-       "A misspelt path, a path relative to another folder, missing permissions, or a path of what "
-       "is neither a file nor a folder.",
-       "Mend the path or the permissions.",
-       {"", "check nope.json", ""}},
-      {"zelk.metada.metamodel.source.exists",
-       "Metamodel source already exists: %1%",
-       "A source was to be created under an id that is taken. A reload of an id that no source has "
-       "says the same, with the not-found error.",
-       "Two files that would get the same id, for example of the same name in two folders.",
-       "Give the second file an id of its own; for a reload, list the sources.",
-       {R"({"metamodel": {"component": {"name": "com.acme", "documentation": "", "metadata": {}, "packages": []}}})",
-        "list metamodel:source --source a=FILE --source a=FILE", ""}},
-      {"zelk.metadata.metamodel.parse.error",
-       "Metamodel source file parse error : %1% at %2%",
-       "The file is not valid JSON. The arguments are the parser's code for what is wrong and the "
-       "offset of the byte at which it noticed.",
-       "A comma too many or too few, a missing bracket, a comment, or a file that was cut off.",
-       "Mend the JSON at the line and column that check shows; the mistake may stand a little "
-       "before.",
-       {R"({"metamodel": })", "check FILE", ""}},
-      {"zelk.metada.metamodel.component.not.found",
-       "Metamodel component not found: %1%",
-       "No loaded source has such a component. Authentication says it in these words, too.",
-       "A misspelt id, or the file that describes it is not loaded.",
-       "List them with 'zelk-metadata list component', and load the file that is missing.",
-       {"", "get metamodel:component nope", ""}},
-      {"zelk.metada.metamodel.package.not.found",
-       "Metamodel package not found: %1%",
-       "No loaded source of the domain has such a package.",
-       "A misspelt id, or the file that describes it is not loaded.",
-       "List them with 'zelk-metadata list metamodel:package', and load the file that is missing.",
-       {"", "get metamodel:package nope", ""}},
-      {"zelk.metada.metamodel.service.not.found",
-       "Metamodel service not found: %1%",
-       "No loaded source of the domain has such a service.",
-       "A misspelt id, or the file that describes it is not loaded.",
-       "List them with 'zelk-metadata list metamodel:service', and load the file that is missing.",
-       {"", "get metamodel:service nope", ""}},
-      {"zelk.metada.metamodel.operation.not.found",
-       "Metamodel operation not found: %1%[%2%]",
-       "No loaded source of the domain has such a service, or the service has no such operation.",
-       "A misspelt id, or the file that describes it is not loaded.",
-       "List them with 'zelk-metadata list metamodel:operation SERVICE', and load the file that is "
-       "missing.",
-       {"", "get metamodel:operation com.acme.nope get", ""}},
-      {"zelk.metada.metamodel.structure.not.found",
-       "Metamodel structure not found: %1%",
-       "No loaded source of the domain has such a structure.",
-       "A misspelt id, or the file that describes it is not loaded.",
-       "List them with 'zelk-metadata list metamodel:structure', and load the file that is "
-       "missing.",
-       {"", "get metamodel:structure nope", ""}},
-      {"zelk.metada.metamodel.resource.not.found",
-       "Metamodel resource not found: %1%",
-       "Models were asked for of a resource that no loaded source names.",
-       "A misspelt id, or the file that names it is not loaded.",
-       "List them with 'zelk-metadata list metamodel:resource'.",
-       {"", "list metamodel:model nope", ""}},
-      {"zelk.metada.metamodel.enumeration.not.found",
-       "Metamodel enumeration not found: %1%",
-       "No loaded source of the domain has such an enumeration.",
-       "A misspelt id, or the file that describes it is not loaded.",
-       "List them with 'zelk-metadata list metamodel:enumeration', and load the file that is "
-       "missing.",
-       {"", "get metamodel:enumeration nope", ""}},
-      {"zelk.metada.authentication.source.not.found",
-       "Authentication source not found: %1%",
-       "No source of this domain has the id.",
-       "A misspelt id, or a source that was deleted or never created.",
-       "List the sources and use one of their ids.",
-       {"", "get authentication:source nope", ""}},
-      {"zelk.metada.authentication.source.file.not.found",
-       "Authentication source file not found: %1%",
-       "The file of a source cannot be opened. The argument is its path.",
-       "A misspelt path, a path relative to another folder, missing permissions, or a path of what "
-       "is neither a file nor a folder.",
-       "Mend the path or the permissions.",
-       {"", "", "authentication"}},
-      {"zelk.metada.authentication.source.exists",
-       "Authentication source already exists: %1%",
-       "A source was to be created under an id that is taken. A reload of an id that no source has "
-       "says the same, with the not-found error.",
-       "Two files that would get the same id, for example of the same name in two folders.",
-       "Give the second file an id of its own; for a reload, list the sources.",
-       {R"({"authentication": {}})", "list authentication:source --source a=FILE --source a=FILE",
-        ""}},
-      {"zelk.metadata.authentication.parse.error",
-       "Authentication source file parse error : %1% at %2%",
-       "The file is not valid JSON. The arguments are the parser's code for what is wrong and the "
-       "offset of the byte at which it noticed.",
-       "A comma too many or too few, a missing bracket, a comment, or a file that was cut off.",
-       "Mend the JSON at the line and column that check shows; the mistake may stand a little "
-       "before.",
-       {R"({"authentication": })", "check FILE", ""}},
-      {"zelk.metada.authentication.component.not.found",
-       "Authentication component not found: %1%",
-       "Reserved. The library has the text but nothing raises the message; an unknown component is "
-       "zelk.metada.metamodel.component.not.found in this domain, too.",
-       "Nothing.",
-       "Nothing is to be mended.",
-       {"", "", ""}},
-      {"zelk.metada.authentication.package.not.found",
-       "Authentication package not found: %1%",
-       "No loaded source of the domain has such a package.",
-       "A misspelt id, or the file that describes it is not loaded.",
-       "List them with 'zelk-metadata list authentication:package', and load the file that is "
-       "missing.",
-       {"", "get authentication:package nope", ""}},
-      {"zelk.metada.authentication.service.not.found",
-       "Authentication service not found: %1%",
-       "No loaded source of the domain has such a service.",
-       "A misspelt id, or the file that describes it is not loaded.",
-       "List them with 'zelk-metadata list authentication:service', and load the file that is "
-       "missing.",
-       {"", "get authentication:service nope", ""}},
-      {"zelk.metada.authentication.operation.not.found",
-       "Authentication operation not found: %1%[%2%]",
-       "No loaded source of the domain has such a service, or the service has no such operation.",
-       "A misspelt id, or the file that describes it is not loaded.",
-       "List them with 'zelk-metadata list authentication:operation SERVICE', and load the file "
-       "that is missing.",
-       {"", "get authentication:operation com.acme.nope get", ""}},
-      {"zelk.metada.authentication.invalid.service.id",
-       "Authentication invalid service id: %1%",
-       "Reserved. The library has the text but nothing raises the message; a bad service id in a "
-       "file is zelk.metadata.authentication.json.invalid.service.id.",
-       "Nothing.",
-       "Nothing is to be mended.",
-       {"", "", ""}},
-      {"zelk.metada.authentication.invalid.operation.id",
-       "Authentication invalid operation id: %1%",
-       "Reserved. The library has the text but nothing raises the message; a bad operation id in a "
-       "file is zelk.metadata.authentication.json.invalid.operation.id.",
-       "Nothing.",
-       "Nothing is to be mended.",
-       {"", "", ""}},
+  };
+}
+
+std::vector<Explanation> MetamodelExplanations() {
+  Explanation no_component = NotFound(kMetamodel, "component");
+  no_component.meaning =
+      "No loaded source has such a component. Authentication says it in these words, too.";
+  no_component.fix =
+      "List them with 'zelk-metadata list component', and load the file that is missing.";
+  Explanation no_resource = NotFound(kMetamodel, "resource");
+  no_resource.meaning = "Models were asked for of a resource that no loaded source names.";
+  no_resource.cause = "A misspelt id, or the file that names it is not loaded.";
+  no_resource.fix = "List them with 'zelk-metadata list metamodel:resource'.";
+  no_resource.example.command = "list metamodel:model nope";
+  return {
+      SourceNotFound(kMetamodel),
+      FileNotFound(kMetamodel),
+      SourceExists(
+          kMetamodel,
+          R"({"metamodel": {"component": {"name": "com.acme", "documentation": "", "metadata": {}, "packages": []}}})"),
+      ParseError(kMetamodel),
+      no_component,
+      NotFound(kMetamodel, "package"),
+      NotFound(kMetamodel, "service"),
+      NotFound(kMetamodel, "operation"),
+      NotFound(kMetamodel, "structure"),
+      no_resource,
+      NotFound(kMetamodel, "enumeration")};
+}
+
+std::vector<Explanation> AuthenticationExplanations() {
+  return {
+      SourceNotFound(kAuthentication),
+      FileNotFound(kAuthentication),
+      SourceExists(kAuthentication, R"({"authentication": {}})"),
+      ParseError(kAuthentication),
+      Reserved("zelk.metada.authentication.component.not.found",
+               "Authentication component not found: %1%",
+               "an unknown component is zelk.metada.metamodel.component.not.found in this domain, "
+               "too"),
+      NotFound(kAuthentication, "package"),
+      NotFound(kAuthentication, "service"),
+      NotFound(kAuthentication, "operation"),
+      Reserved(
+          "zelk.metada.authentication.invalid.service.id", "Authentication invalid service id: %1%",
+          "a bad service id in a file is zelk.metadata.authentication.json.invalid.service.id"),
+      Reserved("zelk.metada.authentication.invalid.operation.id",
+               "Authentication invalid operation id: %1%",
+               "a bad operation id in a file is "
+               "zelk.metadata.authentication.json.invalid.operation.id"),
       {"zelk.metadata.authentication.json.unknown.schema.name",
        "Authentication unknown schema name: %1%",
        "A list of schemes refers to one that the component's schemes do not define. The argument "
-       "is always id. A good product makes up for a broken component, and a good or absent "
-       "component for a broken product: the file then loads without the broken part and the "
-       "message.",
+       "is always id." +
+           kHalfLoaded,
        "A misspelt scheme, or one that is defined in another component.",
-       "Define the scheme in the same component, or mend its name.",
+       "Define the scheme in the same component, or fix its name.",
        {R"({"authentication": {"component": {"name": "com.acme",
   "schemes": {}, "packages": {"com.acme.p": ["badge"]}}}})",
         "check FILE", ""}},
+  };
+}
+
+std::vector<Explanation> ExplanationsWithoutText() {
+  const std::string text = "Unknown message.";
+  return {
       {"zelk.metadata.authentication.json.invalid.operation.id",
-       "Unknown message.",
+       text,
        "An operation id has no full stop, or nothing before or after its last one. The argument is "
-       "the id. A good product makes up for a broken component, and a good or absent component for "
-       "a broken product: the file then loads without the broken part and the message.",
+       "the id." +
+           kHalfLoaded,
        "The operation's name without its service.",
        "Write SERVICE.OPERATION.",
        {R"({"authentication": {"component": {"name": "com.acme",
   "schemes": {}, "operations": {"list": []}}}})",
         "check FILE", ""}},
       {"zelk.metadata.authentication.json.invalid.service.id",
-       "Unknown message.",
+       text,
        "A service id has no full stop, or nothing before or after its last one; also that of the "
        "service that an operation id names, which costs that service but not the component. The "
-       "argument is the id. A good product makes up for a broken component, and a good or absent "
-       "component for a broken product: the file then loads without the broken part and the "
-       "message.",
+       "argument is the id." +
+           kHalfLoaded,
        "The service's name without its package.",
        "Write PACKAGE.SERVICE.",
        {R"({"authentication": {"component": {"name": "com.acme",
   "schemes": {}, "services": {"machines": []}}}})",
         "check FILE", ""}},
       {"zelk.metadata.cli.json.invalid.field",
-       "Unknown message.",
+       text,
        "A part of a node has the wrong JSON type. The argument is cli, path (for node_metadata), "
        "options_entry (for an option or an output) or output_fields (for an output field).",
        "A string where the format wants an object, or an object where it wants an array.",
        "Give the part the type that the format names.",
        {R"({"cli": {}})", "check FILE", ""}},
       {"zelk.metadata.cli.json.invalid.node.type",
-       "Unknown message.",
+       text,
        "The type of a node is neither namespace nor command. The argument is always type.",
        "A misspelt word, or one in upper case.",
        "Use one of the two words, in lower case.",
        {R"({"cli": [{"type": "Command"}]})", "check FILE", ""}},
   };
+}
+
+}  // namespace
+
+const std::vector<Explanation>& Explanations() {
+  static const std::vector<Explanation> explanations = [] {
+    std::vector<Explanation> all;
+    for (const auto& part : {CliExplanations(), JsonExplanations(), MetamodelExplanations(),
+                             AuthenticationExplanations(), ExplanationsWithoutText()}) {
+      all.insert(all.end(), part.begin(), part.end());
+    }
+    return all;
+  }();
   return explanations;
 }
 

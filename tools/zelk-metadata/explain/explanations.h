@@ -5,7 +5,7 @@
 
 namespace Zelk::Tool {
 
-/// Something small that ends in the message.
+/// A small example that ends in the message.
 struct Example {
   /// The text of a file, or empty where none is needed.
   std::string file;
@@ -14,12 +14,12 @@ struct Example {
   /// stands for the file.
   std::string command;
 
-  /// The domain whose source service is asked for a source from a path at which no file is; empty
-  /// where there is a command.
+  /// The domain whose source service is asked to load a path that does not exist; empty if there is
+  /// a command.
   std::string create_in;
 };
 
-/// What there is to say about a message.
+/// What is known about a message.
 struct Explanation {
   std::string id;
 
@@ -28,7 +28,7 @@ struct Explanation {
 
   std::string meaning;
   std::string cause;
-  std::string mend;
+  std::string fix;
 
   /// Empty for a message that nothing raises.
   Example example;
