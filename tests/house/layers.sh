@@ -39,6 +39,15 @@ forbid analysis \
 forbid analysis '(iostream|ostream|fstream|cstdio|fmt/|rapidjson/document)' \
   'the analysis prints, reads files, or takes the tree that recurses'
 forbid tools '(common|metamodel|authentication|cli)/' 'the host goes round the public headers'
+
+# The folders of the tool, from the top. None includes one before it.
+above=
+for folder in commands shell complete check explain language domains host render; do
+  [ -d "tools/zelk-metadata/$folder" ] || { echo "the tool has no $folder/"; status=1; }
+  [ -z "$above" ] || forbid "tools/zelk-metadata/$folder" "($above)/" "$folder/ knows a layer above it"
+  above=${above:+$above|}$folder
+done
+
 forbid tests/surface '(common|metamodel|authentication|cli)/' 'a surface test looks inside'
 
 # RapidJSON asserts where a lookup or a type is wrong, so only checked lookups touch it.
