@@ -72,15 +72,15 @@ class InSourceFolder {
 
 }  // namespace
 
-TEST(Browse, TheExampleOfEveryCommandWorksAndIsShownInTheReadme) {
+TEST(Browse, TheExampleOfEveryCommandWorksAndIsInTheTour) {
   const InSourceFolder in_source_folder;
-  const std::string readme = FileText("README.md");
+  const std::string tour = FileText("docs/tour.md");
   for (const Command& command : Zelk::Tool::ProgramLanguage().commands) {
     const std::string& example = command.example;
     const ToolRun run = RunLine(example);
     EXPECT_EQ(run.status, 0) << example;
     EXPECT_EQ(run.err, "") << example;
-    EXPECT_THAT(readme, HasSubstr("\n$ zelk-metadata " + example + "\n"));
+    EXPECT_THAT(tour, HasSubstr("\n$ zelk-metadata " + example + "\n"));
   }
 }
 

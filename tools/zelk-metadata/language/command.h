@@ -106,7 +106,7 @@ struct Command {
   /// What --output may be.
   std::vector<std::string> outputs = {"text"};
 
-  /// A command line that works in the root of the sources. Its output is shown in README.md.
+  /// A command line that works in the root of the sources. docs/tour.md shows its output.
   std::string example = {};
 
   /// For a command with a Word::kKind.
