@@ -52,7 +52,8 @@ enum class Fate : std::uint8_t {
   kDropped,
   /// A later element of the same name is kept in its place: `by`.
   kOverridden,
-  /// It is kept and listed, but lookups of its name return `by`.
+  /// It is kept and listed, but lookups of its name, or of that of the element that it is a part
+  /// of, return `by`.
   kShadowed,
   /// The library leaves it out: its part of the file is broken, or its id leads to no package.
   kIgnored,
@@ -79,7 +80,7 @@ struct Element {
   ElementId by = kNoElement;
   /// Of an entry of a list, its scheme.
   ElementId target = kNoElement;
-  /// As written in the file. A result has none.
+  /// As written in the file. The name of a result is "result".
   std::string_view name;
   /// Of namespaces and commands, what their full name begins with.
   std::string_view path;

@@ -1,0 +1,327 @@
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <com/orvane/zelk/metadata/metamodel/records.h>
+#include <zelk/provider/metadata/metamodel/metadata_container.h>
+
+#include "analysis/compared.h"
+
+using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): all of compared.h
+
+namespace {
+
+namespace Records = Bindings::Metamodel;
+
+using Zelk::Provider::Metadata::Metamodel::MetadataContainer;
+using ComparedSources = Compared<MetadataContainer, Records::SourceSvc::CreateSpec>;
+
+/// The library's records as lines. The parts of each are in the order of kPartKinds.
+class RecordLines {
+ public:
+  std::string Text() const { return lines_.Text(); }
+
+  void Add(const Records::ComponentInfo& record) {
+    Open("component", record.name, record);
+    AddAll(record.packages);
+    lines_.Close();
+  }
+
+  void Add(const Records::PackageInfo& record) {
+    Open("package", record.name, record);
+    AddAll(record.enumerations);
+    AddAll(record.structures);
+    AddAll(record.services);
+    lines_.Close();
+  }
+
+  void Add(const Records::ServiceInfo& record) {
+    Open("service", record.name, record);
+    AddAll(record.enumerations);
+    AddAll(record.structures);
+    AddConstants(record.constants);
+    AddAll(record.operations);
+    lines_.Close();
+  }
+
+  void Add(const Records::OperationInfo& record) {
+    Open("operation", record.name, record);
+    for (const auto& param : record.params) AddField("parameter", *param);
+    Open("result", "result", *record.output);
+    lines_.Close();
+    for (const auto& error : record.errors) {
+      lines_.Line("error", error->structure_name, error->documentation);
+    }
+    lines_.Close();
+  }
+
+  void Add(const Records::StructureInfo& record) {
+    Open("structure", record.name, record);
+    AddAll(record.enumerations);
+    AddConstants(record.constants);
+    for (const auto& field : record.fields) AddField("field", *field);
+    lines_.Close();
+  }
+
+  void Add(const Records::EnumerationInfo& record) {
+    Open("enumeration", record.name, record);
+    for (const auto& value : record.values) {
+      Open("value", value->value, *value);
+      lines_.Close();
+    }
+    lines_.Close();
+  }
+
+ private:
+  template <typename Record>
+  void Open(const char* word, const std::string& name, const Record& record) {
+    lines_.Open(word, name, record.documentation);
+    for (const auto& [annotation, elements] : record.metadata) {
+      std::string text;
+      for (const auto& [element, value] : elements->elements) {
+        text += element + "=";
+        if (value->string_value) text += *value->string_value;
+        for (const auto& item : value->list_value.value_or(std::list<std::string>())) {
+          text += "[" + item + "]";
+        }
+        text += ";";
+      }
+      lines_.Line("annotation", annotation, text);
+    }
+  }
+
+  template <typename Map>
+  void AddAll(const Map& records) {
+    for (const auto& record : records) Add(*record.second);
+  }
+
+  void AddConstants(
+      const std::map<std::string, std::shared_ptr<const Records::ConstantInfo>>& constants) {
+    for (const auto& [name, constant] : constants) {
+      lines_.Line("constant", name, constant->documentation);
+    }
+  }
+
+  void AddField(const char* word, const Records::FieldInfo& field) {
+    Open(word, field.name, field);
+    lines_.Close();
+  }
+
+  Lines lines_;
+};
+
+struct PartKind {
+  ElementKind kind;
+  bool by_name;
+};
+
+constexpr PartKind kPartKinds[] = {
+    {ElementKind::kAnnotation, true},  {ElementKind::kPackage, true},
+    {ElementKind::kEnumeration, true}, {ElementKind::kStructure, true},
+    {ElementKind::kService, true},     {ElementKind::kConstant, true},
+    {ElementKind::kOperation, true},   {ElementKind::kParameter, false},
+    {ElementKind::kResult, false},     {ElementKind::kError, false},
+    {ElementKind::kField, false},      {ElementKind::kValue, false},
+};
+
+/// What an annotation says, the last of each element.
+std::string AnnotationText(const Model& model, ElementId id) {
+  const auto& document = model.DocumentOf(id);
+  std::map<std::string, std::string> elements;
+  for (NodeId node = document[model[id].node].first_child; node != kNoNode;
+       node = document[node].next) {
+    std::string text(document.String(node));
+    for (NodeId item = document[node].first_child; item != kNoNode; item = document[item].next) {
+      text += "[" + std::string(document.String(item)) + "]";
+    }
+    elements[std::string(document.Key(node))] = text;
+  }
+  std::string text;
+  for (const auto& [name, value] : elements) text += name + "=" + value + ";";
+  return text;
+}
+
+/// The record that the model has for an element. The parts that are answered with it and by nothing
+/// else are added to `parts`.
+void AddElement(const Model& model, ElementId id, Lines& lines, std::set<ElementId>* parts) {
+  const Element& element = model[id];
+  const bool is_annotation = element.kind == ElementKind::kAnnotation;
+  lines.Open(Word(element.kind), element.name,
+             is_annotation ? AnnotationText(model, id) : TextOf(model, id, "documentation"));
+  for (const PartKind& row : kPartKinds) {
+    for (const ElementId child : KeptChildren(model, id, row.kind, row.by_name)) {
+      const bool is_part = parts != nullptr && !Zelk::Analysis::HasLookup(row.kind);
+      if (is_part) parts->insert(child);
+      AddElement(model, child, lines, is_part ? parts : nullptr);
+    }
+  }
+  lines.Close();
+}
+
+template <typename Record>
+void ExpectRecord(const Model& model, ElementId id, const std::shared_ptr<const Record>& record,
+                  std::set<ElementId>& parts) {
+  ASSERT_NE(record, nullptr) << model.Path(id);
+  RecordLines expected;
+  expected.Add(*record);
+  Lines actual;
+  AddElement(model, id, actual, &parts);
+  EXPECT_EQ(actual.Text(), expected.Text());
+}
+
+void ExpectAnswer(const ComparedSources& sources, ElementId id, std::set<ElementId>& parts) {
+  const Model& model = *sources.model;
+  const MetadataContainer& container = *sources.container;
+  const std::string name(model[id].name);
+  switch (model[id].kind) {
+    case ElementKind::kComponent:
+      return ExpectRecord(model, id, container.ComponentInfo(name)->info, parts);
+    case ElementKind::kPackage:
+      return ExpectRecord(model, id, container.PackageInfo(name), parts);
+    case ElementKind::kService:
+      return ExpectRecord(model, id, container.ServiceInfo(name), parts);
+    case ElementKind::kStructure:
+      return ExpectRecord(model, id, container.StructureInfo(name), parts);
+    case ElementKind::kEnumeration:
+      return ExpectRecord(model, id, container.EnumerationInfo(name), parts);
+    case ElementKind::kOperation: {
+      std::set<ElementId> not_counted;
+      const std::string service(model[model[id].owner].name);
+      return ExpectRecord(model, id, container.OperationInfo(service, name), not_counted);
+    }
+    default:
+      return;
+  }
+}
+
+void Compare(const Files& files, FateCounts& counts) {
+  const ComparedSources sources(Domain::kMetamodel, files);
+  const Model& model = *sources.model;
+  const MetadataContainer& container = *sources.container;
+  sources.ExpectSameVerdicts();
+  EXPECT_EQ(KeptNames(model, ElementKind::kComponent), Sorted(container.ListComponents()));
+  EXPECT_EQ(KeptNames(model, ElementKind::kPackage), Sorted(container.ListPackages()));
+  EXPECT_EQ(KeptNames(model, ElementKind::kService), Sorted(container.ListServices()));
+  EXPECT_EQ(KeptNames(model, ElementKind::kStructure), Sorted(container.ListStructures()));
+  EXPECT_EQ(KeptNames(model, ElementKind::kEnumeration), Sorted(container.ListEnumerations()));
+  ExpectConsistentFates(model, counts);
+  std::set<ElementId> parts;
+  for (ElementId id = 0; id < model.Size(); ++id) {
+    if (model[id].fate == Fate::kFound) ExpectAnswer(sources, id, parts);
+  }
+  for (ElementId id = 0; id < model.Size(); ++id) {
+    if (Zelk::Analysis::HasLookup(model[id].kind)) continue;
+    EXPECT_EQ(parts.count(id) != 0, model[id].fate == Fate::kFound) << model.Path(id);
+  }
+  if (testing::Test::HasFailure()) ADD_FAILURE() << AllTexts(files);
+}
+
+// Files are written from the inside out, each object with its keys in the order of the format.
+
+std::string Annotations(Choices& choices) {
+  return R"("metadata": {)" + choices.Several(2, [&] {
+    return choices.Of({"\"Resource\"", "\"Model\"", "\"X\""}) + ": {" + choices.Several(2, [&] {
+      return choices.Of({"\"value\"", "\"y\""}) + ": " +
+             (choices.OneIn(2) ? "\"" + choices.Unique() + "\"" : "[\"" + choices.Unique() + "\"]");
+    }) + "}";
+  }) + "}";
+}
+
+/// The members that most objects begin with.
+std::string Head(Choices& choices, const std::string& name) {
+  std::string head = R"({"name": ")" + name + "\"";
+  // The second of one key does not count.
+  if (choices.OneIn(20)) head += R"(, "name": "other")";
+  return head + R"(, "documentation": ")" + choices.Unique() + "\", " + Annotations(choices);
+}
+
+std::string Type(Choices& choices) {
+  return choices.Of({R"({"category": "primitive", "primitive_type": "STRING"})",
+                     R"({"category": "USER_DEFINED", "user_defined_type": "Structure",
+                         "user_defined_type_name": "s"})",
+                     R"({"category": "GENERIC", "generic_type": "map",
+                         "map_key_type": {"category": "BUILTIN", "primitive_type": "ID"},
+                         "map_value_type": {"category": "BUILTIN", "primitive_type": "void"}})",
+                     R"({"category": "GENERIC", "generic_type": "SET",
+                         "element_type": {"category": "BUILTIN", "primitive_type": "EXCEPTION"}})"});
+}
+
+std::string Field(Choices& choices) {
+  return Head(choices, choices.Of({"f", "g"})) + R"(, "type": )" + Type(choices) + "}";
+}
+
+std::string Enumeration(Choices& choices) {
+  return Head(choices, choices.Of({"e.a", "e.b", "same"})) + R"(, "values": [)" +
+         choices.Several(2,
+                         [&] {
+                           return Head(choices, choices.Of({"V", "W"})) + "}";
+                         }) +
+         "]}";
+}
+
+std::string Constant(Choices& choices) {
+  // A broken type is rare, since the whole file is refused for it.
+  const std::string type = choices.OneIn(200) ? "EXCEPTION" : choices.Of({"STRING", "long"});
+  return R"({"name": ")" + choices.Of({"k", "l"}) + R"(", "documentation": ")" + choices.Unique() +
+         R"(", "type": {"category": ")" + choices.Of({"PRIMITIVE", "list"}) + R"(", "type": ")" +
+         type + R"("}, "value": )" + choices.Of({"1", "\"v\"", "[]"}) + "}";
+}
+
+std::string Structure(Choices& choices) {
+  return Head(choices, choices.Of({"s.a", "s.b", "same"})) + R"(, "type": "ERROR")" +
+         R"(, "enumerations": [)" + choices.Several(2, [&] { return Enumeration(choices); }) +
+         R"(], "constants": [)" + choices.Several(2, [&] { return Constant(choices); }) +
+         R"(], "fields": [)" + choices.Several(2, [&] { return Field(choices); }) + "]}";
+}
+
+std::string Operation(Choices& choices) {
+  return Head(choices, choices.Of({"get", "set"})) + R"(, "params": [)" +
+         choices.Several(2, [&] { return Field(choices); }) +
+         R"(], "result": {"documentation": ")" + choices.Unique() + "\", " + Annotations(choices) +
+         R"(, "type": )" + Type(choices) + R"(}, "errors": [)" +
+         choices.Several(2,
+                         [&] {
+                           return R"({"user_defined_type_name": "s", "documentation": ")" +
+                                  choices.Unique() + "\"}";
+                         }) +
+         "]}";
+}
+
+std::string Service(Choices& choices) {
+  return Head(choices, choices.Of({"p.v", "p.w", "same"})) + R"(, "enumerations": [)" +
+         choices.Several(1, [&] { return Enumeration(choices); }) + R"(], "structures": [)" +
+         choices.Several(2, [&] { return Structure(choices); }) + R"(], "constants": [)" +
+         choices.Several(1, [&] { return Constant(choices); }) + R"(], "operations": [)" +
+         choices.Several(3, [&] { return Operation(choices); }) + "]}";
+}
+
+std::string Package(Choices& choices) {
+  return Head(choices, choices.Of({"p", "q", "r"})) + R"(, "enumerations": [)" +
+         choices.Several(1, [&] { return Enumeration(choices); }) + R"(], "structures": [)" +
+         choices.Several(1, [&] { return Structure(choices); }) + R"(], "services": [)" +
+         choices.Several(3, [&] { return Service(choices); }) + "]}";
+}
+
+std::string File(Choices& choices) {
+  return R"({"metamodel": {"component": )" + Head(choices, choices.Of({"c", "d"})) +
+         R"(, "packages": [)" + choices.Several(4, [&] { return Package(choices); }) + "]}}}";
+}
+
+}  // namespace
+
+TEST(MetamodelModel, GeneratedFilesAreAnsweredAsItClaims) {
+  FateCounts counts;
+  CompareGenerated(400, File, [&](const Files& files) { Compare(files, counts); });
+  for (const Fate fate :
+       {Fate::kFound, Fate::kDropped, Fate::kOverridden, Fate::kShadowed, Fate::kLost}) {
+    EXPECT_GT(counts[fate], 100U) << static_cast<int>(fate);
+  }
+}
+
+TEST(MetamodelModel, FilesOfTheCorpusAreAnsweredAsItClaims) {
+  FateCounts counts;
+  CompareCorpus("metamodel_parser", [&](const Files& files) { Compare(files, counts); });
+  EXPECT_GT(counts[Fate::kFound], 100U);
+}
