@@ -75,8 +75,8 @@ bool JsonMetadataParser::ParseAuthentication(const RegisterCallbacks& callbacks,
   const auto parse = WithCallbacks(callbacks, ParseComponent);
   const bool product = JsonOptObjectMember<void>(value, "product", parse, errors).Ok();
   const bool component = JsonOptObjectMember<void>(value, "component", parse, errors).Ok();
-  // Intended: a good product carries a file whose component is broken. An absent one does not: a
-  // file with nothing but a broken component would load and say nothing.
+  // Intended(auth-broken-component): a good product is enough for a file whose component is broken.
+  // An absent product is not: the file would load, register nothing and report nothing.
   return component || (product && FindMember(value, "product") != nullptr);
 }
 
@@ -95,7 +95,8 @@ bool JsonMetadataParser::ParseComponent(const RegisterCallbacks& callbacks, cons
       value, "services", With(ParseServices, table, operations), errors);
   if (!service_list.Ok()) return false;
   auto services = service_list.Take();
-  // Intended: an operation whose service has no package costs that service, not the component.
+  // Intended(auth-service-without-package): the result is not checked. The component keeps the
+  // services that were made before the first one that has no package.
   CreateServicesFromOperations(operations, services, errors);
   JsonOptObjectMember<Table<Bindings::Authentication::PackageInfo>> package_table(
       value, "packages", With(ParsePackages, table, services), errors);
@@ -112,6 +113,7 @@ bool JsonMetadataParser::ParseSchemes(const JsonValue& value, SchemeTable& schem
   for (const auto& member : JsonMembers(value)) {
     auto scheme = ParseAuthInfo(member.value, errors);
     if (!scheme) return false;
+    // Intended(auth-last-scheme-counts): of two schemes with the same name, the last one is kept.
     schemes.insert_or_assign(ValToString(member.name), std::move(scheme));
   }
   return true;
@@ -135,12 +137,14 @@ JsonMetadataParser::Scheme JsonMetadataParser::ParseAuthInfo(const JsonValue& va
 
 bool JsonMetadataParser::ParseSchemeTypeEnum(const JsonValue& value, const char* name,
                                              Errors& errors, SchemeType& result) {
+  // Intended(auth-session-aware-alias): files have both spellings.
   return ParseAliasedEnum(value, name, errors, result, "SESSIONAWARE", SchemeType::SESSION_AWARE);
 }
 
 bool JsonMetadataParser::ParseSchemeList(const JsonValue& value, const SchemeTable& schemes,
                                          SchemeList& list, Errors& errors) {
-  // Intended: messages say "packages" for every level's lists, and "id" for every unknown scheme.
+  // Intended(auth-message-words): messages have "packages" for the lists of all levels, and "id"
+  // for every unknown scheme.
   constexpr char kPackages[] = "packages";
   const auto find_scheme = [&](const JsonValue& element, Errors&) -> Scheme {
     if (!CheckType(element, JsonType::kString, kPackages, errors)) return nullptr;
@@ -200,6 +204,7 @@ bool JsonMetadataParser::ParsePackages(const JsonValue& value, const SchemeTable
     std::string name = ValToString(member.name);
     auto package = std::make_shared<const Bindings::Authentication::PackageInfo>(
         std::move(list), Claim(services, name));
+    // Intended(auth-repeated-package): the last one is kept, and the first one took the services.
     packages.insert_or_assign(std::move(name), std::move(package));
   }
   return true;

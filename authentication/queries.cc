@@ -45,8 +45,8 @@ boost::optional<std::list<std::string>> JsonMetadataContainer::ListOperations(
 std::shared_ptr<const Bindings::Authentication::OperationInfo> JsonMetadataContainer::OperationInfo(
     const std::string& service_id, const std::string& operation_id) const {
   std::shared_ptr<const Bindings::Authentication::OperationInfo> operation;
-  // Intended: a service without the operation does not end the walk; several components may each
-  // describe some operations of one service.
+  // Intended(auth-operation-search): a service without the operation does not end the walk, because
+  // several components may each describe some operations of one service.
   const auto take_operation =
       [&](const std::shared_ptr<const Bindings::Authentication::ServiceInfo>& service) {
         const auto found = service->operations.find(operation_id);

@@ -17,7 +17,8 @@ void PushIdentities(NameKind kind, const Nodes& nodes, std::vector<NameMark>& na
 bool SourceDomain::Parse(TextBuffer text, const std::shared_ptr<SourceData>& source,
                          Errors& errors) {
   const auto on_namespace = [&source](const NamespacePtr& info) { source->RegisterNsNode(info); };
-  // Intended: the later of two commands of the same identity counts.
+  // Intended(cli-last-command-counts): of two commands with the same identity, the last one is
+  // kept.
   const auto on_command = [&source](const std::shared_ptr<Bindings::Cli::CommandSvc::Info>& info) {
     source->commands[info->identity] = info;
   };

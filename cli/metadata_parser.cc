@@ -9,8 +9,8 @@ using GenericType = Bindings::Cli::CommandSvc::GenericType;
 template <typename Record>
 using OptList = JsonOptArrayMember<std::list<std::shared_ptr<const Record>>>;
 
-/// Intended: an empty text says that nothing generic is around the type, while an empty formatter
-/// is an unknown one.
+/// Intended(cli-empty-generic): an empty text means that the type is not generic, while an empty
+/// formatter is an unknown one.
 GenericType ToGenericType(const std::string& text) {
   return text.empty() ? GenericType(GenericType::NONE) : EnumConverter::Convert<GenericType>(text);
 }
@@ -19,7 +19,7 @@ GenericType ToGenericType(const std::string& text) {
 
 bool MetadataParser::ParseCommandMetadata(const JsonValue& value,
                                           Bindings::Cli::CommandSvc::Info& info, Errors& errors) {
-  // Intended: the message says "path".
+  // Intended(cli-message-words): "path", not "node_metadata".
   if (!value.IsObject()) return Fail(MessageId::kCliInvalidField, "path", errors);
   JsonMember<std::string> service_id(value, "service_id", errors);
   if (!service_id.Ok()) return false;
@@ -66,7 +66,7 @@ std::shared_ptr<const Bindings::Cli::CommandSvc::OptionInfo> MetadataParser::Par
 std::shared_ptr<const Bindings::Cli::CommandSvc::OutputInfo> MetadataParser::ParseFieldInfo(
     const JsonValue& value, Errors& errors) {
   if (!value.IsObject()) {
-    // Intended: the word that bad options get.
+    // Intended(cli-message-words): the same word as for options.
     Fail(MessageId::kCliInvalidField, "options_entry", errors);
     return nullptr;
   }

@@ -49,7 +49,7 @@ class MetadataParser {
     JsonMember<std::string> type(value, "type", errors);
     if (!type.Ok()) return false;
     if (type.Value() == "command") return ParseCommandNode(value, on_command, errors);
-    // Intended: the message names the key and not the text that was found.
+    // Intended(cli-message-words): the argument is the name of the key and not its value.
     if (type.Value() != "namespace") return Fail(MessageId::kCliInvalidNodeType, "type", errors);
     using Bindings::Cli::NamespaceSvc::Identity;
     using Bindings::Cli::NamespaceSvc::Info;

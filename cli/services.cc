@@ -28,7 +28,8 @@ void AsyncServiceImpl::List(
     const ::Zelk::AsyncResult<
         std::list<std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>>>& result) {
   const auto commands = container_->ListCommands(namespace_path);
-  // Intended: a namespace that holds no command itself is answered like an unknown one.
+  // Intended(cli-namespace-without-commands): a namespace without commands of its own is reported
+  // in the same way as an unknown one.
   if (namespace_path && commands.empty()) {
     result.error(MakeError<StdErrors::NotFound>(MessageId::kCliNamespaceNotFound, *namespace_path));
   } else {

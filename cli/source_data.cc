@@ -5,8 +5,9 @@
 namespace Zelk::Provider::Metadata::Cli {
 
 void SourceData::RegisterNsNode(const NamespacePtr& node) {
-  // A loop and not a recursion from parent to parent: a path may have more parts than a stack has
-  // room for. It ends at the root, whose parent is the root itself.
+  // A loop and not a recursion from parent to parent: a path may have more parts than fit on a
+  // stack. Intended(cli-root-in-itself): the loop ends at the root, whose parent is the root
+  // itself.
   for (NamespacePtr next = node; next; next = RegisterWithParent(next->identity)) {
     namespaces[next->identity] = next;
   }

@@ -31,8 +31,9 @@ struct SourceData
     : SourceRecord<Bindings::Cli::SourceSvc::CreateSpec, Bindings::Cli::SourceSvc::Info> {
   using SourceRecord::SourceRecord;
 
-  /// Puts the namespace into the tree, making the namespaces above it where they are missing.
-  /// Intended: one that is there already is replaced, and the children it had gathered go with it.
+  /// Adds the namespace to the tree, and those above it that are missing.
+  /// Intended(cli-late-namespace): a namespace that is there already is replaced by this one, and
+  /// its children are no longer listed. Its parent lists it a second time.
   void RegisterNsNode(const NamespacePtr& node);
 
   /// Lists the identity among its parent's children, as often as it is registered. When the parent

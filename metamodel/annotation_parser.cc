@@ -47,7 +47,8 @@ bool JsonMetadataParser::ParseMetadata(const RegisterCallbacks& callbacks, const
   for (const auto& member : JsonMembers(value)) {
     auto element_map = ParseElementMap(member.value, ParseStringElementValue, errors);
     if (!element_map) return false;
-    // Intended: unlike all other maps, annotations and their elements keep the last of a name.
+    // Intended(last-annotation-counts): unlike all other maps, annotations and their elements keep
+    // the last one of a name.
     const auto stored =
         map.insert_or_assign(ValToString(member.name), std::move(element_map)).first;
     if (stored->first == Constants::RESOURCE) {
@@ -107,7 +108,8 @@ void JsonMetadataParser::HandleModelInfo(const RegisterCallbacks& callbacks,
     const auto resource = field->metadata.find(Constants::RESOURCE);
     if (resource == field->metadata.end() || field->metadata.count("ModelKey") == 0) continue;
     const auto value = FindElement(*resource->second, "value");
-    // Intended: a key that is not of one resource ends the search; later fields do not count.
+    // Intended(model-key-search): a key whose resource is not a single one ends the search; later
+    // fields do not count.
     if (!value || value->type != ElementType::STRING || !value->string_value) return;
     callbacks.model(*value->string_value, structure.name);
   }

@@ -41,8 +41,8 @@ Named<Bindings::Metamodel::ConstantInfo> JsonMetadataParser::ParseConstant(
   if (constant == nullptr) return {};
 
   const auto& [category, constant_type] = type.Value();
-  // Intended: only the texts of string constants are kept. What cannot be read leaves the constant
-  // without a value and does not fail it.
+  // Intended(string-constants-only): a constant whose value cannot be read is kept without a value;
+  // only string constants have one.
   auto held = category == ConstantCategory::PRIMITIVE
                   ? ParseConstantPrimitiveValue(*constant, kValue, errors,
                                                 ToPrimitiveType(*constant_type->builtin_type))
@@ -56,6 +56,7 @@ bool JsonMetadataParser::ParseConstantType(const RegisterCallbacks& callbacks,
                                            Errors& errors) {
   JsonMember<ConstantCategory> category(value, "category", errors);
   if (!category.Ok()) return false;
+  // Intended(type-aliases): not accepted for constants.
   JsonMember<BuiltinType> type(value, "type", errors);
   if (!type.Ok()) return false;
   TypePtr builtin = callbacks.builtin_types.Get(type.Value());

@@ -51,11 +51,13 @@ std::shared_ptr<const Bindings::Metamodel::OperationInfo> JsonMetadataContainer:
   return operation == service->operations.end() ? nullptr : operation->second;
 }
 
-// Intended: nothing is hidden from this list's clients; they read an empty one as just that.
+// Intended(hidden-is-empty): clients take the empty list to mean that no service is hidden.
 std::list<std::string> JsonMetadataContainer::ListHiddens() const {
   return {};
 }
 
+// Intended(packages-before-services): the level of a definition counts before its source, here and
+// in the next three queries.
 std::list<std::string> JsonMetadataContainer::ListEnumerations() const {
   std::list<std::string> names;
   const auto& sources = sources_.Sources();
@@ -113,7 +115,7 @@ std::set<std::string> JsonMetadataContainer::ListResources() const {
 boost::optional<std::set<std::string>> JsonMetadataContainer::ListModels(
     const std::string& resource_id) const {
   boost::optional<std::set<std::string>> models;
-  // Intended: unlike every other lookup, the last source that names the resource answers.
+  // Intended(models-of-last-source): every other lookup takes the first source.
   for (const auto& source : sources_.Sources()) {
     const auto resource = source.second->resources.find(resource_id);
     if (resource != source.second->resources.end()) models = resource->second;

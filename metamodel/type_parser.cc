@@ -120,7 +120,8 @@ TypePtr JsonMetadataParser::ParseUserDefinedType(const JsonValue& value, Errors&
   JsonMember<std::string> resource_id(value, "user_defined_type_name", errors);
   if (!resource_id.Ok()) return nullptr;
   std::string type = resource_type.Take();
-  // Intended: these two words exactly; any other text is a resource type itself.
+  // Intended(resource-type-words): exactly these two words are short forms; any other text is
+  // itself a resource type.
   if (type == "Structure") {
     type = "com.orvane.zelk.structure";
   } else if (type == "Enumeration") {
@@ -135,6 +136,7 @@ TypePtr JsonMetadataParser::ParseGenericType(const RegisterCallbacks& callbacks,
   return NestedTypeReader(callbacks.builtin_types, errors).ReadGeneric(value);
 }
 
+// Intended(type-aliases): files have both words, "PRIMITIVE" and "EXCEPTION" among them.
 bool JsonMetadataParser::ParseCategoryEnum(const JsonValue& value, const char* name, Errors& errors,
                                            Category& result) {
   return ParseAliasedEnum(value, name, errors, result, "PRIMITIVE", Category::BUILTIN);

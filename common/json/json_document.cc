@@ -46,6 +46,7 @@ JsonDocument::Pool JsonDocument::MakePool(TextBuffer& text) {
 bool JsonDocument::Parse(const char* parse_error_id, Errors& errors) {
   InsituText stream(text_);
   // Iterative: the default mode recurses, and a deeply nested file would overflow the stack.
+  // Intended(utf8-unchecked): strings are kept byte for byte; clients get them as they are.
   constexpr unsigned kFlags = rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag;
   document_.ParseStream<kFlags, JsonEncoding>(stream);
   if (!document_.HasParseError()) {

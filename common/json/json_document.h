@@ -26,7 +26,8 @@ class JsonDocument {
 
   /// Parses the whole text, nested to any depth, with RapidJSON's default (strict) rules; to be
   /// called once. False on a syntax error, after appending `parse_error_id` with the parse-error
-  /// code and the byte offset. As RapidJSON reads a stream, a zero byte ends the text.
+  /// code and the byte offset.
+  /// Intended(zero-byte-ends-text): RapidJSON takes a zero byte for the end of its stream.
   bool Parse(const char* parse_error_id, Errors& errors);
 
   /// The value that the text is, after a successful parse.

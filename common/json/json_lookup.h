@@ -32,9 +32,10 @@ class JsonMembers {
   JsonValue::ConstMemberIterator end_;
 };
 
-/// The value of the first member of `object` called `name`; null when there is none or `object` is
-/// no object. Intended: names are compared as C strings, so a key is known by what stands before
-/// its first zero byte, and a key given twice counts where it stands first.
+/// Returns the value of the first member of `object` called `name`; null if there is none or if
+/// `object` is not an object.
+/// Intended(key-as-c-string): keys are compared as C strings, so a key ends at its first zero byte.
+/// Intended(first-key-counts): if a key occurs twice, the first one counts, without a message.
 const JsonValue* FindMember(const JsonValue& object, const char* name);
 
 /// The same; appends the missing-field message when there is none.
@@ -44,7 +45,8 @@ const JsonValue* FindMember(const JsonValue& object, const char* name, Errors& e
 bool CheckType(const JsonValue& value, JsonType type, const char* name, Errors& errors);
 
 /// The one lookup under all member helpers: presence and type checked, messages appended.
-/// Intended: an absent optional member leaves its missing-field message too.
+/// Intended(absent-key-message): an absent optional member leaves a missing-field message, too; the
+/// messages of a failed load list all keys that were absent.
 JsonLookup LookUp(const JsonValue& object, const char* name, JsonType type, Presence presence,
                   Errors& errors);
 

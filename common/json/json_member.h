@@ -165,7 +165,7 @@ bool ParseElements(const JsonValue& array, const ParseElement& parse_element, Er
   std::vector<std::pair<std::string, Record>> records;
   records.reserve(array.Size());
   const bool ok = ParseElements(array, parse_element, errors, records);
-  // Intended: the first element with a key stays, later ones are dropped.
+  // Intended(first-record-counts): of two elements with the same key, the first one is kept.
   for (auto& record : records) map.insert(std::move(record));
   return ok;
 }

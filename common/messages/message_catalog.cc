@@ -8,8 +8,8 @@ struct CatalogRow {
   const char* text;
 };
 
-// Intended: some ids that the parsers raise have no row, and some rows are never raised. Clients
-// know the messages by this table, so neither side is evened out.
+// Intended(catalog-gaps): some ids that the parsers use have no row, and some rows are never used.
+// Clients know the messages by this table, so no row is added or removed.
 constexpr CatalogRow kCatalog[] = {
     {"zelk.metada.cli.namespace.not.found", "Cli namespace not found: %1%"},
     {"zelk.metada.cli.command.not.found", "Cli command not found: %1%"},

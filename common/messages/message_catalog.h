@@ -18,7 +18,8 @@ using CatalogMessage = ::Zelk::Message<MetadataSvc>;
 using Errors = std::list<::Zelk::BaseMessage>;
 
 /// The ids that code raises or compares. The catalog itself is the array in the .cc.
-/// Intended: most ids say "metada", some "metadata"; clients match them byte for byte.
+/// Intended(message-id-spelling): most ids have "metada", some "metadata". Clients compare them
+/// byte for byte.
 namespace MessageId {
 
 inline constexpr char kMissingField[] = "zelk.metadata.json.missing.field";

@@ -18,7 +18,8 @@ namespace Zelk::Provider::Metadata {
 /// How the success of a change is told to the caller.
 enum class OnSuccess {
   kDeliver,
-  /// Intended: hosts of the domains that use this read success from the operation's return.
+  /// Intended(silent-success): hosts of the domains that use this take the return of the operation
+  /// for success.
   kStaySilent,
 };
 

@@ -26,6 +26,7 @@ void PushTreeNames(const Entry& source, std::vector<NameMark>& names) {
 }
 
 /// Appends the key of every entry met; records are kept under their names.
+/// Intended(repeated-names): a name that several sources have is listed once for each of them.
 class PushKey {
  public:
   explicit PushKey(std::list<std::string>& keys) : keys_(keys) {}

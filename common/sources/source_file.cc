@@ -68,14 +68,16 @@ boost::optional<TextBuffer> ReadToEnd(int descriptor, std::size_t expected_size,
 
 boost::optional<TextBuffer> ReadSourceFile(const std::string& path, bool& is_too_large) {
   is_too_large = false;
-  // The system would silently look at the part before a zero byte.
+  // Intended(zero-byte-in-path): the system would open the file named by the part before it.
   if (path.find('\0') != std::string::npos) return boost::none;
   const FileDescriptor file(path);
 
   struct stat status {};
 
   if (!file.IsOpen() || fstat(file.Get(), &status) != 0) return boost::none;
+  // Intended(folder-is-empty-file): a folder can be opened, and reading it yields nothing.
   if (S_ISDIR(status.st_mode)) return TextBuffer(0);
+  // Intended(special-file-not-read): reading a pipe, a device or a socket might block or never end.
   if (!S_ISREG(status.st_mode)) return boost::none;
   return ReadToEnd(file.Get(), static_cast<std::size_t>(status.st_size), is_too_large);
 }

@@ -36,6 +36,7 @@ std::shared_ptr<const typename Domain::SourceData> LoadSource(
   using ::Com::Orvane::Zelk::Metadata::SourceType;
   using ::Zelk::Data::ErrorFactory;
 
+  // Intended(source-type-without-message): the class of the error says everything.
   if (spec && spec->type == SourceType::REMOTE) {
     error = ErrorFactory::GetError<StdErrors::Unsupported>();
     return nullptr;
@@ -48,8 +49,8 @@ std::shared_ptr<const typename Domain::SourceData> LoadSource(
   bool is_too_large = false;
   auto text = ReadSourceFile(path, is_too_large);
   if (!text) {
-    // A file that is too large counts as one that the parser stopped reading at the last offset
-    // that it knows.
+    // Intended(too-large-file): the error of a file that the parser stopped reading at the last
+    // offset that it can count.
     error = is_too_large ? MakeError<StdErrors::InvalidArgument>(
                                Domain::kParseError, rapidjson::kParseErrorTermination, kMaxTextSize)
                          : MakeError<StdErrors::NotFound>(Domain::kFileNotFound, path);
@@ -71,9 +72,9 @@ std::shared_ptr<const typename Domain::SourceData> LoadSource(
 }
 
 /// Loads a table entry anew from its own spec; the old data stays when that fails.
-/// Intended: an error is kept from entry to entry, so one object that goes through several entries
-/// replaces none after the first that failed. A host then sees all of a broken set in its old state
-/// from there on.
+/// Intended(reload-after-failure): an error is kept from entry to entry, so one object that goes
+/// through several entries replaces none after the first that failed. From there on, a broken set
+/// of files stays in its old state.
 template <typename Domain>
 class ReloadEntry {
  public:
@@ -124,7 +125,8 @@ class SourceRegistry {
     return nullptr;
   }
 
-  /// Intended: a source that fails to load is not reported; it keeps serving its old data.
+  /// Intended(reload-failure-unreported): a source that fails to load keeps its old data, and hosts
+  /// do not expect an error for it.
   ErrorPtr Reload(const boost::optional<std::string>& id) {
     ReloadEntry<Domain> reload;
     if (!id) {
@@ -135,7 +137,8 @@ class SourceRegistry {
     }
     const auto found = sources_.find(*id);
     if (found == sources_.end()) {
-      // Intended: the exists message with the not-found class; clients tell a reload by it.
+      // Intended(reload-unknown-id): NotFound with the exists message; clients recognise a failed
+      // reload by it.
       return MakeError<StdErrors::NotFound>(Domain::kExists, id);
     }
     reload(*found);
@@ -155,7 +158,8 @@ class SourceRegistry {
   }
 
   /// The digest of the fingerprints of one source or, without an id, of all. Empty for an unknown
-  /// id. Intended: the hex texts are digested again, so one and many sources are treated alike.
+  /// id. Intended(digest-of-digest): the hex texts are digested again, so that one source and all
+  /// sources are treated alike.
   std::string Fingerprint(const boost::optional<std::string>& id) const {
     if (!id) return DigestOfSources(sources_, &Domain::SourceData::fingerprint);
     const auto found = sources_.find(*id);

@@ -39,6 +39,7 @@ BaseMessage& BaseMessage::operator%(std::uint64_t argument) {
 }
 
 BaseMessage& BaseMessage::operator%(const boost::optional<std::string>& argument) {
+  // Intended(optional-argument-blank): the text that the optional has in a stream, blank included.
   arguments_.push_back(boost::lexical_cast<std::string>(argument));
   return *this;
 }
