@@ -9,7 +9,7 @@
 
 namespace Zelk::Provider::Metadata::Authentication {
 
-/// What the shared source registry needs to know of this domain.
+/// The facts about this domain that the shared source registry needs.
 struct SourceDomain {
   using SourceData = Authentication::SourceData;
   using CreateSpec = Bindings::Authentication::SourceSvc::CreateSpec;
@@ -27,8 +27,8 @@ struct SourceDomain {
 
 using reload = ReloadEntry<SourceDomain>;
 
-/// Holds the table of sources and nothing else: there is no index across sources, every query
-/// walks the table.
+/// Its only state is the table of sources. There is no index across sources; every query walks the
+/// table.
 class ZELK_METADATA_SERVICES_EXPORT JsonMetadataContainer final : public MetadataContainer {
  public:
   JsonMetadataContainer();

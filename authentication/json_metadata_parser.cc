@@ -7,8 +7,8 @@ namespace {
 
 using SchemeType = Bindings::Authentication::AuthenticationInfoEnumerations::SchemeType;
 
-/// Adds records to the tables of what they belong to; the first of a repeated key stays. Files name
-/// together what belongs together, so the table is mostly that of the record before.
+/// Adds records to the tables of their owners; of a repeated key, the first record stays. Files
+/// list the records of one owner together, so the table of the last record is tried first.
 template <typename Record>
 class Adder {
  public:
@@ -27,7 +27,7 @@ class Adder {
   typename JsonMetadataParser::Unclaimed<Record>::iterator last_;
 };
 
-/// Takes the table of `owner` out of `records`.
+/// Removes the table of `owner` from `records` and returns it; empty if there is none.
 template <typename Record>
 JsonMetadataParser::Table<Record> Claim(JsonMetadataParser::Unclaimed<Record>& records,
                                         const std::string& owner) {
@@ -36,7 +36,7 @@ JsonMetadataParser::Table<Record> Claim(JsonMetadataParser::Unclaimed<Record>& r
   return std::move(claimed.mapped());
 }
 
-/// Splits an id that must have both parts; false, with the message, when one is empty.
+/// Splits an id. Returns false and appends the message if one of the parts is empty.
 bool SplitId(const std::string& id, const char* message_id,
              std::pair<std::string, std::string>& parts, Errors& errors) {
   parts = JsonMetadataParser::SplitFqdn(id);
@@ -45,8 +45,8 @@ bool SplitId(const std::string& id, const char* message_id,
   return false;
 }
 
-/// `parse` with `arguments` between the value and the errors, in the form that the member helpers
-/// call.
+/// Returns a function that the member helpers can call: it passes `arguments` to `parse` after the
+/// value.
 template <typename Parse, typename... Arguments>
 auto With(Parse parse, Arguments&... arguments) {
   return [parse, &arguments...](const JsonValue& value, auto& result, Errors& errors) {

@@ -16,26 +16,26 @@ namespace Zelk::Provider::Metadata::Authentication {
 
 namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
-/// Reads Authentication files. Keeps no state; every operation appends its messages to `errors`.
+/// Reads Authentication files. Has no state. Every operation appends its messages to `errors`.
 class JsonMetadataParser {
  public:
-  /// Called with each component that parsed, the product's before the component's.
+  /// Called with each component that was parsed; the one of "product" comes first.
   using RegisterCallbacks = std::function<void(
       const std::string& name, const std::shared_ptr<Bindings::Authentication::ComponentInfo>&)>;
 
   using Scheme = std::shared_ptr<const Bindings::Authentication::AuthenticationInfo>;
   using SchemeList = std::list<Scheme>;
-  /// The component's schemes by the names that its lists refer to.
+  /// The schemes of a component. The key is the name that its lists use.
   using SchemeTable = std::map<std::string, Scheme, std::less<>>;
 
   template <typename Record>
   using Table = std::map<std::string, std::shared_ptr<const Record>>;
 
-  /// The tables of what is not declared itself yet, by its id.
+  /// Records that wait for their owner to be parsed. The key is the id of the owner.
   template <typename Record>
   using Unclaimed = std::map<std::string, Table<Record>>;
 
-  /// Reads one file; true when it is accepted, whatever `errors` holds then.
+  /// Reads one file. Returns true if the file is accepted; `errors` may hold messages all the same.
   static bool LoadMetadata(std::istream& in, const RegisterCallbacks& callbacks, Errors& errors);
   static bool LoadMetadata(TextBuffer text, const RegisterCallbacks& callbacks, Errors& errors);
 
@@ -52,29 +52,30 @@ class JsonMetadataParser {
   static bool ParseSchemeList(const JsonValue& value, const SchemeTable& schemes, SchemeList& list,
                               Errors& errors);
 
-  /// Operations by their service id.
+  /// Reads the operations into tables by service id.
   static bool ParseOperations(const JsonValue& value, const SchemeTable& schemes,
                               Unclaimed<Bindings::Authentication::OperationInfo>& operations,
                               Errors& errors);
-  /// Services by their package, each with its operations, which are taken out of `operations`.
+  /// Reads the services into tables by package. Moves the operations of each service from
+  /// `operations` into it.
   static bool ParseServices(const JsonValue& value, const SchemeTable& schemes,
                             Unclaimed<Bindings::Authentication::OperationInfo>& operations,
                             Unclaimed<Bindings::Authentication::ServiceInfo>& services,
                             Errors& errors);
-  /// Packages, each with its services, which are taken out of `services`.
+  /// Reads the packages. Moves the services of each package from `services` into it.
   static bool ParsePackages(const JsonValue& value, const SchemeTable& schemes,
                             Unclaimed<Bindings::Authentication::ServiceInfo>& services,
                             Table<Bindings::Authentication::PackageInfo>& packages, Errors& errors);
-  /// Gives the operations that are left services without schemes. False, with a message, at the
-  /// first service id that is none.
+  /// Makes services without schemes for the operations that are left. Stops at the first id that is
+  /// not a service id: appends a message and returns false.
   static bool CreateServicesFromOperations(
       Unclaimed<Bindings::Authentication::OperationInfo>& operations,
       Unclaimed<Bindings::Authentication::ServiceInfo>& services, Errors& errors);
-  /// Gives the services that are left packages without schemes. Always true.
+  /// Makes packages without schemes for the services that are left. Always returns true.
   static bool CreatePackagesFromServices(Unclaimed<Bindings::Authentication::ServiceInfo>& services,
                                          Table<Bindings::Authentication::PackageInfo>& packages);
 
-  /// What stands before and after the last "."; without one, nothing and the whole.
+  /// Returns the parts before and after the last full stop. Without one, the first part is empty.
   static std::pair<std::string, std::string> SplitFqdn(const std::string& fqdn);
 };
 

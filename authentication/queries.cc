@@ -1,7 +1,7 @@
 #include "authentication/json_metadata_container.h"
 #include "common/queries/tree_queries.h"
 
-// The queries of the container. Sources are walked in ascending id order, and at every level the
+// The queries of the container. They walk the sources in ascending id order, and at every level the
 // records in ascending key order.
 
 namespace Zelk::Provider::Metadata::Authentication {

@@ -12,18 +12,18 @@ namespace Zelk::Provider::Metadata::Authentication {
 
 namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
-/// What one Authentication file declares.
+/// The contents of one Authentication file.
 struct SourceData : SourceRecord<Bindings::Authentication::SourceSvc::CreateSpec,
                                  Bindings::Authentication::SourceSvc::Info> {
   using SourceRecord::SourceRecord;
 
-  /// A component of a name already present replaces the earlier one.
+  /// Adds the component, or replaces the one of the same name.
   void RegisterComponentNode(
       const std::string& name,
       const std::shared_ptr<Bindings::Authentication::ComponentInfo>& component);
 
   std::map<std::string, std::shared_ptr<const Bindings::Authentication::ComponentInfo>> components;
-  /// What the queries hand out as the fingerprint of each component: the file's.
+  /// The digest of the file, which queries return as the fingerprint of each component.
   std::string component_fingerprint;
 };
 

@@ -12,12 +12,12 @@ namespace Zelk::Provider::Metadata::Cli {
 
 namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
-/// Reads CLI files. Keeps no state; every operation appends its messages to `errors`. The callbacks
-/// receive each namespace and each command, as pointers to their new Info, in document order.
+/// Reads CLI files. Has no state. Every operation appends its messages to `errors`. The callbacks
+/// are called with a pointer to the new Info of each namespace and each command, in document order.
 class MetadataParser {
  public:
-  /// Reads one file; true when the whole of it was read. Stops at the first bad node; the callbacks
-  /// have had those before it.
+  /// Reads one file. Returns true if all of it was read. Stops at the first bad node, after the
+  /// callbacks were called for those before it.
   template <typename NamespaceCallback, typename CommandCallback>
   static bool LoadMetadata(std::istream& in, const NamespaceCallback& on_namespace,
                            const CommandCallback& on_command, Errors& errors) {
@@ -59,7 +59,7 @@ class MetadataParser {
     return true;
   }
 
-  /// What namespaces and commands have in common; null on failure.
+  /// Reads the members that namespaces and commands have in common. Returns null on failure.
   template <typename Identity, typename Info>
   static std::shared_ptr<Info> ParseInfoNode(const JsonValue& value, Errors& errors) {
     JsonMember<std::string> path(value, "path", errors);
@@ -97,7 +97,7 @@ class MetadataParser {
       const JsonValue& value, Errors& errors);
 
  private:
-  /// Appends the message; false.
+  /// Appends the message and returns false.
   static bool Fail(const char* message_id, const char* argument, Errors& errors);
 };
 

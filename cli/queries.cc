@@ -1,13 +1,12 @@
 #include "cli/json_metadata_container.h"
 
-// The queries of the container. Sources are walked in ascending id order, and in each its
+// The queries of the container. They walk the sources in ascending id order, and in each source the
 // namespaces or commands in ascending order of their identities.
 
 namespace Zelk::Provider::Metadata::Cli {
 namespace {
 
-/// Appends the identities that a filter lets through: all without one, otherwise those whose path
-/// equals it.
+/// Appends the identities whose path equals the given one; without one, all identities.
 template <typename Identity>
 class PushIf {
  public:
@@ -24,7 +23,8 @@ class PushIf {
   const boost::optional<std::string>& path_;
 };
 
-/// The identities that `nodes`, one of the maps of each source, has under the filter.
+/// Returns the identities in `nodes`, one of the maps of each source, whose path equals the given
+/// one; without one, all of them.
 template <typename Identity, typename Nodes>
 std::list<std::shared_ptr<const Identity>> Identities(
     const SourceRegistry<SourceDomain>::Table& sources, Nodes SourceData::*nodes,
@@ -37,8 +37,8 @@ std::list<std::shared_ptr<const Identity>> Identities(
   return identities;
 }
 
-/// The record of the first source that has the identity in `nodes`, where its name is of the
-/// kind; null when none has.
+/// Returns the record from the first source that has the identity in `nodes`, or null if none has
+/// it. `kind` is the kind of the names in `nodes`.
 template <typename Identity, typename Nodes>
 typename Nodes::mapped_type FindNode(const SourceRegistry<SourceDomain>::Table& sources,
                                      NameKind kind, Nodes SourceData::*nodes,

@@ -9,7 +9,7 @@ using Activation = std::shared_ptr<::Zelk::Core::AsyncActivation>;
 
 namespace {
 
-/// What messages call a namespace or a command; nothing for a null identity.
+/// Returns the name of a namespace or a command in messages; empty for a null identity.
 template <typename Identity>
 std::string FullName(const std::shared_ptr<const Identity>& identity) {
   if (!identity) return std::string();

@@ -15,7 +15,7 @@ namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 using NamespaceIdentityPtr = std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity>;
 using NamespacePtr = std::shared_ptr<Bindings::Cli::NamespaceSvc::Info>;
 
-/// Orders pointers to identities by what they point to.
+/// Compares the identities that two pointers point to.
 struct ByIdentity {
   template <typename IdentityPtr>
   bool operator()(const IdentityPtr& left, const IdentityPtr& right) const {
@@ -23,10 +23,10 @@ struct ByIdentity {
   }
 };
 
-/// The kinds of names that filters keep.
+/// The kinds of names in the filter of a source.
 enum NameKind : unsigned { kNamespaceName, kCommandName };
 
-/// What one CLI file declares: a tree of namespaces and the commands in them.
+/// The contents of one CLI file: a tree of namespaces and the commands in them.
 struct SourceData
     : SourceRecord<Bindings::Cli::SourceSvc::CreateSpec, Bindings::Cli::SourceSvc::Info> {
   using SourceRecord::SourceRecord;
@@ -36,18 +36,19 @@ struct SourceData
   /// its children are no longer listed. Its parent lists it a second time.
   void RegisterNsNode(const NamespacePtr& node);
 
-  /// Lists the identity among its parent's children, as often as it is registered. When the parent
-  /// is missing, makes it and returns it, to be registered itself; otherwise null.
+  /// Adds the identity to the children of its parent, even if it is one of them already. If the
+  /// parent is missing, makes it and returns it, so that the caller registers it; otherwise returns
+  /// null.
   NamespacePtr RegisterWithParent(const NamespaceIdentityPtr& identity);
 
-  /// The identity of the namespace with that dotted full name; the root's for an empty one.
+  /// Returns the identity of the namespace with that full name; that of the root for an empty name.
   static NamespaceIdentityPtr Str2NsId(const std::string& path);
 
   std::map<NamespaceIdentityPtr, NamespacePtr, ByIdentity> namespaces;
   std::map<std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>,
            std::shared_ptr<Bindings::Cli::CommandSvc::Info>, ByIdentity>
       commands;
-  /// The file's digest, from which the domain's two fingerprints are made.
+  /// The digest of the file, once for each of the domain's two fingerprints.
   std::string namespace_fingerprint;
   std::string command_fingerprint;
 };

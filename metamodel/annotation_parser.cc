@@ -10,17 +10,18 @@ using Bindings::Metamodel::MetadataIdentifierSvc::Constants;
 using ElementType = Bindings::Metamodel::ElementValueEnumerations::Type;
 using Names = std::list<std::string>;
 
-// What messages call an element whose value cannot be read, and an annotation that is no object.
+// The argument of messages about an element whose value cannot be read, and about an annotation
+// that is not an object.
 constexpr char kElementValue[] = "ElementValue";
 
-/// The annotation's element of that name; null when it has none.
+/// Returns the element of that name, or null if the annotation has none.
 std::shared_ptr<const Bindings::Metamodel::ElementValue> FindElement(
     const Bindings::Metamodel::ElementMap& element_map, const std::string& name) {
   const auto found = element_map.elements.find(name);
   return found == element_map.elements.end() ? nullptr : found->second;
 }
 
-/// The strings of a JSON array; none when an element is no string.
+/// Returns the strings of a JSON array; empty optional if an element is not a string.
 boost::optional<Names> ParseStrings(const JsonValue& value, Errors& errors) {
   Names names;
   for (const auto& element : value.GetArray()) {

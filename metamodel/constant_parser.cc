@@ -9,7 +9,8 @@ using ConstantCategory = Bindings::Metamodel::ConstantValueEnumerations::Categor
 using GenericType = Bindings::Metamodel::GenericInstantiationEnumerations::GenericType;
 using PrimitiveType = Bindings::Metamodel::PrimitiveValueEnumerations::Type;
 
-/// How a constant of a built-in type is held; unknown for a type that constants cannot hold.
+/// Returns the type of the value of a constant, unknown if constants cannot have a value of the
+/// built-in type.
 PrimitiveType ToPrimitiveType(const BuiltinType& builtin_type) {
   switch (builtin_type.Value()) {
     case BuiltinType::BOOLEAN:

@@ -16,13 +16,13 @@ namespace Zelk::Provider::Metadata::Metamodel {
 
 namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
-/// A record with the key it goes into its map under; an empty pointer when its parse failed.
+/// A record and its key in the map that it belongs to; a null pointer if it could not be parsed.
 template <typename Record>
 using Named = std::pair<std::string, std::shared_ptr<const Record>>;
 
 using TypePtr = std::shared_ptr<const Bindings::Metamodel::Type>;
 
-/// The built-in types that one load has met: each is made once and shared by the load's records.
+/// The built-in types of one load. Each is made when it is first needed and shared by all records.
 class BuiltinTypes {
  public:
   const TypePtr& Get(Bindings::Metamodel::TypeEnumerations::BuiltinType builtin_type);
@@ -31,29 +31,30 @@ class BuiltinTypes {
   std::array<TypePtr, Bindings::Metamodel::TypeEnumerations::BuiltinType::UNKNOWN + 1> types_;
 };
 
-/// Reads Metamodel files. Keeps no state; every operation appends its messages to `errors`, reads
-/// the keys of an object in the order of the format and stops at the first that fails.
+/// Reads Metamodel files. Has no state of its own: the callbacks hold the types that the records of
+/// one file share. Every operation appends its messages to `errors`. It reads the keys of an object
+/// in the order of the format and stops at the first failure.
 class JsonMetadataParser {
  public:
-  /// Where the parser reports what it finds, in document order and on the caller's thread.
-  /// `resource` and `model` are called while a parse that may still fail goes on.
+  /// The parser calls these in document order, on the caller's thread. It calls `resource` and
+  /// `model` during a parse that may still fail.
   struct RegisterCallbacks {
-    /// Once, with the whole component, when everything has parsed.
+    /// Called once, with the complete component, after everything was parsed.
     std::function<void(const std::shared_ptr<Bindings::Metamodel::ComponentInfo>&)> component;
-    /// Each resource type that a Resource annotation names.
+    /// Called with each resource type in a Resource annotation.
     std::function<void(const std::string& resource_id)> resource;
-    /// Each resource type and the structure that is a model of it.
+    /// Called with each resource type and the name of a structure that is a model of it.
     std::function<void(const std::string& resource_id, const std::string& structure)> model;
 
-    /// What the records made under these callbacks share.
+    /// The types that the records of one load share.
     mutable BuiltinTypes builtin_types{};
   };
 
-  /// Reads one file; true when the whole of it parsed and `callbacks.component` has been called.
+  /// Reads one file. Returns true if all of it was parsed; `callbacks.component` was called then.
   static bool LoadMetadata(std::istream& in, const RegisterCallbacks& callbacks, Errors& errors);
   static bool LoadMetadata(TextBuffer text, const RegisterCallbacks& callbacks, Errors& errors);
 
-  // The document down to operations: component_parser.cc.
+  // In component_parser.cc: the document down to operations.
   static bool ParseMetamodel(const RegisterCallbacks& callbacks, const JsonValue& value,
                              Errors& errors);
   static bool ParseComponent(const RegisterCallbacks& callbacks, const JsonValue& value,
@@ -72,7 +73,7 @@ class JsonMetadataParser {
   static std::shared_ptr<const Bindings::Metamodel::ErrorInfo> ParseError(const JsonValue& value,
                                                                           Errors& errors);
 
-  // Annotations and what they make known: metadata_parser.cc.
+  // In annotation_parser.cc: annotations, resources and models.
   static bool ParseMetadata(const RegisterCallbacks& callbacks, const JsonValue& value,
                             Bindings::Metamodel::MetadataMap& map, Errors& errors);
   using ElementParser = std::shared_ptr<const Bindings::Metamodel::ElementValue> (*)(
@@ -86,7 +87,7 @@ class JsonMetadataParser {
   static void HandleModelInfo(const RegisterCallbacks& callbacks,
                               const Bindings::Metamodel::StructureInfo& structure);
 
-  // Structures, enumerations and constants: structure_parser.cc, constant_parser.cc.
+  // In structure_parser.cc and constant_parser.cc: structures, enumerations and constants.
   static std::shared_ptr<const Bindings::Metamodel::FieldInfo> ParseFieldInfo(
       const RegisterCallbacks& callbacks, const JsonValue& value, Errors& errors);
   static Named<Bindings::Metamodel::StructureInfo> ParseStructure(
@@ -99,11 +100,11 @@ class JsonMetadataParser {
                                                                 const JsonValue& value,
                                                                 Errors& errors);
 
-  /// What a constant's type object says: how the value is held, and the type of the constant.
+  /// The category of the constant's value, and the type of the constant.
   using ConstantType = std::pair<Bindings::Metamodel::ConstantValueEnumerations::Category, TypePtr>;
   static bool ParseConstantType(const RegisterCallbacks& callbacks, const JsonValue& value,
                                 ConstantType& result, Errors& errors);
-  /// Never null; the primitive value in it is, when there is none to be read.
+  /// Never returns null. The primitive value of the result is null if it cannot be read.
   static std::shared_ptr<const Bindings::Metamodel::ConstantValue> ParseConstantPrimitiveValue(
       const JsonValue& value, const char* name, Errors& errors,
       const Bindings::Metamodel::PrimitiveValueEnumerations::Type& primitive_type);
@@ -111,7 +112,7 @@ class JsonMetadataParser {
       const JsonValue& value, const char* name, Errors& errors,
       const Bindings::Metamodel::PrimitiveValueEnumerations::Type& primitive_type);
 
-  // Types, nested to any depth: type_parser.cc.
+  // In type_parser.cc: types, nested to any depth.
   static bool ParseType(const RegisterCallbacks& callbacks, const JsonValue& value, TypePtr& type,
                         Errors& errors);
   static TypePtr ParseUserDefinedType(const JsonValue& value, Errors& errors);

@@ -8,18 +8,18 @@
 #include "common/json/json_member.h"
 #include "metamodel/json_metadata_parser.h"
 
-// What the Metamodel parser's operations share when they read members.
+// Members that several operations of the Metamodel parser read.
 
 namespace Zelk::Provider::Metadata::Metamodel {
 
-/// An array of named records; the first of a repeated name is kept.
+/// An array of named records. Of two with the same name, the first one is kept.
 template <typename Record>
 using MapMember = JsonArrayMember<std::map<std::string, std::shared_ptr<const Record>>>;
 
 template <typename Record>
 using ListMember = JsonArrayMember<std::list<std::shared_ptr<const Record>>>;
 
-/// The annotations under "metadata".
+/// The member "metadata": the annotations.
 class MetadataMember : public JsonObjectMember<Bindings::Metamodel::MetadataMap> {
  public:
   MetadataMember(const JsonValue& object, const JsonMetadataParser::RegisterCallbacks& callbacks,

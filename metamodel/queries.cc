@@ -2,7 +2,7 @@
 #include "metamodel/json_metadata_container.h"
 #include "metamodel/walkers.h"
 
-// The queries of the container. Sources are walked in ascending id order, and at every level the
+// The queries of the container. They walk the sources in ascending id order, and at every level the
 // records in ascending key order.
 
 namespace Zelk::Provider::Metadata::Metamodel {

@@ -13,24 +13,24 @@ namespace Zelk::Provider::Metadata::Metamodel {
 
 namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
-/// What one Metamodel file declares.
+/// The contents of one Metamodel file.
 struct SourceData : SourceRecord<Bindings::Metamodel::SourceSvc::CreateSpec,
                                  Bindings::Metamodel::SourceSvc::Info> {
   using SourceRecord::SourceRecord;
 
-  /// A component of a name already present replaces the earlier one.
+  /// Adds the component, or replaces the one of the same name.
   void RegisterComponentNode(const std::shared_ptr<Bindings::Metamodel::ComponentInfo>& component);
 
-  /// A resource already present keeps its models.
+  /// Adds the resource. If it is present already, it keeps its models.
   void RegisterResoure(const std::string& resource_id);
 
-  /// Adds the resource too when it is not there yet.
+  /// Adds the model to the resource, and the resource if it is missing.
   void RegisterModel(const std::string& resource_id, const std::string& model_name);
 
   std::map<std::string, std::shared_ptr<const Bindings::Metamodel::ComponentInfo>> components;
-  /// Resource id to the names of the structures that are its models.
+  /// For each resource id, the names of the structures that are its models.
   std::map<std::string, std::set<std::string>> resources;
-  /// What the queries hand out as the fingerprint of each component: the file's.
+  /// The digest of the file, which queries return as the fingerprint of each component.
   std::string component_fingerprint;
 };
 

@@ -23,25 +23,25 @@ TypePtr ParseBuiltinType(BuiltinTypes& builtin_types, const JsonValue& value, Er
   return type.Ok() ? builtin_types.Get(type.Value()) : nullptr;
 }
 
-/// Reads one type object and all that nest in it. Generic types wait on a stack of their own until
-/// the types they are made of are read: files nest deeper than a thread's stack would bear.
+/// Reads one type object and all types inside it. Generic types wait in a vector until the types of
+/// their elements are read: files may nest deeper than a thread's stack allows.
 class NestedTypeReader {
  public:
   NestedTypeReader(BuiltinTypes& builtin_types, Errors& errors)
       : builtin_types_(builtin_types), errors_(errors) {}
 
-  /// Null when the type or one that it is made of cannot be read.
+  /// Returns null if the type or one inside it cannot be read.
   TypePtr Read(const JsonValue& value) { return ReadFrom(&value); }
 
-  /// The same for a type object that is known to be generic.
+  /// As Read, for a type object that is known to be generic.
   TypePtr ReadGeneric(const JsonValue& value) { return ReadFrom(Open(value)); }
 
  private:
-  /// A generic type of which a part is still missing.
+  /// A generic type that is not complete yet.
   struct OpenType {
     const JsonValue* object;
     GenericType generic_type;
-    /// Of a map, once it is read.
+    /// For a map: null until it is read.
     TypePtr key_type;
   };
 
@@ -61,7 +61,8 @@ class NestedTypeReader {
     return std::move(done_);
   }
 
-  /// Leaves the generic type waiting; the part of it to be read first, null on failure.
+  /// Adds a generic type to those that wait. Returns the part of it to read first, or null on
+  /// failure.
   const JsonValue* Open(const JsonValue& value) {
     JsonMember<GenericType> generic_type(value, "generic_type", errors_);
     if (!generic_type.Ok()) return nullptr;
@@ -70,8 +71,8 @@ class NestedTypeReader {
     return Part(value, is_map ? "map_key_type" : "element_type");
   }
 
-  /// Completes the open types that `type` was the last missing part of. The part to be read next;
-  /// null on failure and when all is done.
+  /// Adds `type` to the last open type, and completes the open types that miss nothing else.
+  /// Returns the part to read next; null on failure and when all types are complete.
   const JsonValue* Supply(TypePtr type) {
     if (!type) return nullptr;
     for (; !open_.empty(); open_.pop_back()) {
@@ -136,7 +137,7 @@ TypePtr JsonMetadataParser::ParseGenericType(const RegisterCallbacks& callbacks,
   return NestedTypeReader(callbacks.builtin_types, errors).ReadGeneric(value);
 }
 
-// Intended(type-aliases): files have both words, "PRIMITIVE" and "EXCEPTION" among them.
+// Intended(type-aliases): a file may say PRIMITIVE for BUILTIN and EXCEPTION for ANY_ERROR.
 bool JsonMetadataParser::ParseCategoryEnum(const JsonValue& value, const char* name, Errors& errors,
                                            Category& result) {
   return ParseAliasedEnum(value, name, errors, result, "PRIMITIVE", Category::BUILTIN);

@@ -25,7 +25,7 @@ inline constexpr auto kResources = [](const auto& record) -> const auto& {
   return record.resources;
 };
 
-/// Structures and enumerations are marked twice: at whatever level they stand, and at that one.
+/// Structures and enumerations have two marks: one for any level and one for their own level.
 enum MetamodelNameKind : unsigned {
   kStructureName = kFirstNameOfDomain,
   kEnumerationName,
@@ -77,7 +77,7 @@ struct SelectEnumeration : SelectChild<kEnumerations, Found> {
 template <typename Found>
 SelectEnumeration(const std::string&, Found) -> SelectEnumeration<Found>;
 
-/// Appends the name of every record met.
+/// Appends the name of every record in the walk.
 class PushName {
  public:
   explicit PushName(std::list<std::string>& names) : names_(names) {}
@@ -92,7 +92,7 @@ class PushName {
   std::list<std::string>& names_;
 };
 
-/// Inserts the key of every entry met.
+/// Inserts the key of every entry in the walk.
 class PushSelf {
  public:
   explicit PushSelf(std::set<std::string>& keys) : keys_(keys) {}
