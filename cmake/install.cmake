@@ -7,7 +7,7 @@ install(DIRECTORY platform/core/include/ platform/std-bindings/include/ include/
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
   FILES_MATCHING PATTERN "*.h")
 
-# The host program finds the libraries of its own prefix wherever that was moved to.
+# The program finds the libraries of its own prefix even if the prefix is moved.
 file(RELATIVE_PATH bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
 set_target_properties(zelk-metadata PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
 install(TARGETS zelk-metadata RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -41,9 +41,9 @@ install(FILES
   ${CMAKE_BINARY_DIR}/package/zelk-metadata-services-config-version.cmake
   DESTINATION ${package_dir})
 
-# pkg-config computes the prefix from where the file lies, so an install tree can be moved. Folders
-# outside the prefix are named as they are, and a library folder there leaves nothing to compute
-# from.
+# pkg-config computes the prefix from the place of its file, so that an installation can be moved.
+# Folders outside the prefix are absolute. If the libraries are in such a folder, so is the file, and
+# the prefix is absolute, too.
 set(pc_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 if(IS_ABSOLUTE ${CMAKE_INSTALL_LIBDIR})
   set(pc_prefix ${CMAKE_INSTALL_PREFIX})

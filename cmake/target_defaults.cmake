@@ -1,23 +1,23 @@
-# What our targets are built with. Nothing here reaches a consumer.
+# The options that our targets are built with. Consumers do not get them.
 
 if(ZELK_SANITIZE)
   add_compile_options(-fsanitize=${ZELK_SANITIZE} -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${ZELK_SANITIZE})
-  # What sanitizers put between hides from g++ 12 that the std::function in <regex> is initialised.
+  # With sanitizers, g++ 12 does not see that the std::function in <regex> is initialised.
   set(sanitizer_warnings $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
-# Everything leaves the traces that guide libFuzzer; its main() comes with each fuzzer.
+# All code is instrumented for libFuzzer. Each fuzzer links its own main().
 if(ZELK_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link
                       -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/fuzz/ignorelist.txt)
   add_link_options(-fsanitize=fuzzer-no-link)
 endif()
 
-# Hardening is part of what is tested, so it is in every build type: what is broken in memory ends
-# the process at once (stack protector, assertions of the standard library), and nothing that the
-# loader has written can be overwritten later (RELRO with every symbol bound at load time).
+# Hardening is tested, so it is in every build type. Corrupted memory aborts the process (stack
+# protector, assertions of the standard library), and what the loader has written cannot be
+# overwritten later (RELRO with every symbol bound at load time).
 function(zelk_target_defaults target)
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wold-style-cast
@@ -47,15 +47,15 @@ function(zelk_shared_library target)
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR}
     INSTALL_RPATH "$ORIGIN"
-    # Our libraries lie beside each other in the build tree, too: what is tested there is what is
-    # installed, and no path of the machine that built it is in it.
+    # Our libraries are in one folder in the build tree, too. So the files that are tested are those
+    # that are installed, and they contain no path of the machine that built them.
     BUILD_WITH_INSTALL_RPATH ON
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON
     LINK_DEPENDS ${arg_SYMBOLS})
   target_link_options(${target} PRIVATE
     -Wl,--enable-new-dtags -Wl,--version-script=${arg_SYMBOLS})
-  # A sanitizer's runtime is only there once the program is linked.
+  # The runtime of a sanitizer is linked into the program only.
   if(NOT ZELK_SANITIZE)
     target_link_options(${target} PRIVATE -Wl,-z,defs)
   endif()

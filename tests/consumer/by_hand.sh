@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Links only the product by hand; the libraries beside it find each other by themselves.
+# A program that is linked by hand runs; the libraries find each other.
 # usage: by_hand.sh PREFIX SOURCE CXX CMAKE
 set -euo pipefail
 work=$(mktemp -d)

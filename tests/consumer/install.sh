@@ -5,7 +5,7 @@ export LC_ALL=C
 
 rm -rf "$3"
 "$1" --install "$2" --prefix "$3" >/dev/null
-# The file that the build type gives its name to is the same in all.
+# One file is named after the build type; the list is the same for all of them.
 installed=$(cd "$3" && find . -mindepth 1 ! -type d -printf '%P\n' |
   sed -E 's#-targets-[a-z]+\.cmake$#-targets-BUILD_TYPE.cmake#' | sort)
 if [ "${ZELK_UPDATE_GOLDEN:-}" = 1 ]; then

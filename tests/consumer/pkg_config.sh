@@ -4,7 +4,7 @@ set -euo pipefail
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# A prefix may be moved after the install: everything is found relative to where it now is.
+# A prefix that was moved after the installation still works.
 cp -a "$1" "$work/moved"
 export PKG_CONFIG_PATH=$work/moved/lib/pkgconfig
 pkg-config --exact-version=2.0.0 zelk-metadata-services

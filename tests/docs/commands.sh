@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs every "$ zelk-metadata ..." of a document's console blocks and compares what it prints,
-# standard error included, with what stands below it. "..." stands for any lines.
+# standard error included, with the lines below it. "..." matches any lines.
 # usage: commands.sh DOCUMENT BIN      Run in the folder in which the document's paths hold.
 set -uo pipefail
 export PATH="$2:$PATH" NO_COLOR=1
@@ -32,7 +32,7 @@ while IFS= read -r line; do
   elif [ "$in_block" = 1 ] && [[ $line == '$ '* ]]; then
     finish
     [[ $line =~ zelk-metadata\ (check|explain|tree|list|get|search|which|fingerprint|usage|completion|man|--) ]] && command=${line#'$ '}
-    # One that reads no script needs somebody who types.
+    # A session without a script needs a person who types.
     [[ $line =~ \|\ zelk-metadata\ shell ]] && command=${line#'$ '}
   elif [ -n "$command" ]; then
     expected+=$line$'\n'

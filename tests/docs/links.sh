@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What documents link to exists.
+# Every file that a document links to exists.
 # usage: links.sh FOLDER
 set -uo pipefail
 shopt -s nullglob

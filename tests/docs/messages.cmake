@@ -1,5 +1,5 @@
-# The table of docs/messages.md is made from what zelk-metadata explains. With ZELK_UPDATE_GOLDEN=1
-# it is written anew, else compared.
+# Compares the table of docs/messages.md with what zelk-metadata explains. ZELK_UPDATE_GOLDEN=1
+# rewrites it.
 # usage: cmake -DTOOL=PROGRAM -DPAGE=docs/messages.md -P messages.cmake
 cmake_minimum_required(VERSION 3.25)
 
