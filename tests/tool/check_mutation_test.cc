@@ -16,6 +16,7 @@
 #include "support/file_text.h"
 #include "support/source_dir.h"
 #include "support/temp_folder.h"
+#include "tool/check_claims.h"
 
 // Every message of the library gets a place, and the right one: documents are damaged at random,
 // and what is told of them is held against the damage and against the document itself, which the
@@ -25,6 +26,7 @@ using rapidjson::Document;
 using rapidjson::Pointer;
 using rapidjson::Value;
 using Zelk::Testing::FileText;
+using Zelk::Testing::IsTrueClaim;
 using Zelk::Testing::TempFolder;
 using Zelk::Tool::CheckedFile;
 using Zelk::Tool::Finding;
@@ -216,22 +218,9 @@ bool PointsAt(const Finding& finding, const Document& document, const std::strin
 
 /// Whether the document has, at the place, what the message says of it.
 bool IsTrue(const Finding& finding, const Document& document) {
-  const Pointer pointer = At(*finding.place->pointer);
-  const Value& value = *pointer.Get(document);
-  const std::string& argument = finding.message.arguments.front();
-  const std::string& id = finding.message.id;
-  if (id == "zelk.metadata.json.missing.field") {
-    return !value.IsObject() || !value.HasMember(argument.c_str());
-  }
-  if (id == "zelk.metadata.json.invalid.enum.value") {
-    return value.IsString() && LastOf(pointer) == argument;
-  }
-  if (id == "zelk.metadata.authentication.json.unknown.schema.name") {
-    const Value* const schemes = Pointer("/authentication/component/schemes").Get(document);
-    return schemes == nullptr || !schemes->HasMember(value.GetString());
-  }
-  if (id == "zelk.metadata.cli.json.invalid.node.type") return LastOf(pointer) == "type";
-  return true;
+  return finding.message.arguments.size() == 1 &&
+         IsTrueClaim(finding.message.id, finding.message.arguments.front(),
+                     At(*finding.place->pointer), document);
 }
 
 void ExpectPlaces(const CheckedFile& checked, const Document& document, const std::string& text) {
@@ -240,7 +229,8 @@ void ExpectPlaces(const CheckedFile& checked, const Document& document, const st
     ASSERT_TRUE(finding.place->pointer) << finding.message.Text() << text;
     EXPECT_TRUE(PointsAt(finding, document, text))
         << *finding.place->pointer << " is at " << text.substr(finding.place->offset, 40) << text;
-    EXPECT_TRUE(IsTrue(finding, document)) << *finding.place->pointer << text;
+    EXPECT_TRUE(IsTrue(finding, document))
+        << finding.message.Text() << *finding.place->pointer << text;
   }
 }
 
