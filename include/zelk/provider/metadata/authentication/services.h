@@ -18,8 +18,8 @@
 // which call it for an error only: they report success by returning without a call.
 //
 // Errors: an error has one message, with two exceptions, both of SourceSvc Create. When a file
-// cannot be parsed, the error has a message for each problem found. When a source is not a local
-// file, the error has no message. <zelk/data/values.h> shows how to read an error.
+// cannot be parsed, the error has a message for each problem found. When the spec is null or not
+// for a local file, the error has no message. <zelk/data/values.h> shows how to read an error.
 //
 // Exceptions: an operation lets through std::bad_alloc, std::bad_function_call (the result has no
 // callback) and whatever the callback throws.

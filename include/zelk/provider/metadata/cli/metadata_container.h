@@ -26,7 +26,7 @@ namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 ///
 /// Errors: CreateSource, DeleteSource and ReloadSource return null for success and otherwise the
 /// error (<zelk/data/values.h> shows how to read it). A query for an unknown key returns null, an
-/// empty optional or an empty text, as it says. The only exception is std::bad_alloc.
+/// empty optional or an empty text, as it says. Nothing is thrown except std::bad_alloc.
 ///
 /// Threads: nothing is locked. Const operations may run at the same time. CreateSource,
 /// DeleteSource and ReloadSource must not run at the same time as any other operation on the same
