@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <poll.h>
 #include <pty.h>
 #include <stdexcept>
@@ -11,6 +13,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 namespace Zelk::Testing {
 
@@ -21,13 +25,30 @@ struct Shown {
   std::string text;
 };
 
-/// What is typed once the terminal has shown a text, behind what it had shown at the step before.
+/// What is typed once the terminal has shown a text, after what it had shown at the step before.
 struct Typing {
   std::string awaited;
   std::string keys;
 
-  /// What the terminal is made to before that, unless it is 0.
+  /// The width that the terminal gets before that, unless it is 0.
   unsigned short columns = 0;
+
+  /// The terminal is closed instead.
+  bool hangs_up = false;
+};
+
+/// Skips its tests where there are no pseudo-terminals.
+class TerminalTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    int terminal = -1;
+    int other_side = -1;
+    if (openpty(&terminal, &other_side, nullptr, nullptr, nullptr) != 0) {
+      GTEST_SKIP() << "no pseudo-terminal: " << std::strerror(errno);
+    }
+    close(terminal);
+    close(other_side);
+  }
 };
 
 /// A command that shows nothing for so long is ended.
@@ -64,6 +85,7 @@ inline Shown ShowOnTerminal(const std::string& command, unsigned short columns,
     if (shown.text.find(next.awaited, seen) == std::string::npos) continue;
     seen = shown.text.size();
     ++step;
+    if (next.hangs_up) break;
     if (next.columns > 0) size.ws_col = next.columns;
     ioctl(terminal, TIOCSWINSZ, &size);
     if (write(terminal, next.keys.data(), next.keys.size()) < 0) break;

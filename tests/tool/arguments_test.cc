@@ -57,20 +57,20 @@ TEST(Arguments, SourcesBeforeAndAfterTheCommandAreAllLoaded) {
   EXPECT_EQ(run.out, "a\nb\n");
 }
 
-TEST(Arguments, KindsMayBeWrittenInThePluralAndWithTheirDomain) {
+TEST(Arguments, KindsMayBePluralAndHaveADomain) {
   for (const char* kind :
        {"component", "components", "metamodel:component", "metamodel:components"}) {
     EXPECT_EQ(RunOnInventory("list " + std::string(kind)).out, "com.acme\n") << kind;
   }
 }
 
-TEST(Arguments, AnIdMayBeCalledLikeACommand) {
+TEST(Arguments, IdMayBeTheNameOfACommand) {
   const ToolRun run = RunOnInventory("get operation com.acme.inventory.machines list");
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_THAT(run.out, testing::StartsWith("list(filter: "));
 }
 
-TEST(Arguments, AnIdMayLookLikeAnOptionBehindADoubleDash) {
+TEST(Arguments, IdAfterADoubleDashMayLookLikeAnOption) {
   const ToolRun run = RunOnInventory("get component -- --json");
   EXPECT_EQ(run.status, 3);
   EXPECT_THAT(run.err, HasSubstr("component not found: --source"))
@@ -90,18 +90,18 @@ TEST(Arguments, BracketsAndCommasBelongToTheName) {
             "[zelk.metada.metamodel.source.file.not.found]\n");
 }
 
-TEST(Arguments, AnEmptyIdIsAnId) {
+TEST(Arguments, EmptyIdIsAnId) {
   EXPECT_EQ(RunTool({"get", "component", ""}).err,
             "zelk-metadata: Metamodel component not found: \n");
 }
 
-TEST(Arguments, AnUnknownKindIsToldBeforeAnythingIsLoaded) {
+TEST(Arguments, UnknownKindIsReportedBeforeLoading) {
   const ToolRun run = RunLine("list gadgets --source missing.json");
   EXPECT_EQ(run.status, 3);
   EXPECT_THAT(run.err, testing::Not(HasSubstr("missing.json")));
 }
 
-TEST(Arguments, EveryCommandHasAHelpWithItsOperandsItsOptionsAndItsExample) {
+TEST(Arguments, HelpOfEveryCommandHasOperandsOptionsAndExample) {
   for (const Command& command : ProgramLanguage().commands) {
     const ToolRun run = RunLine(command.name + " --help");
     EXPECT_EQ(run.status, 0) << command.name;
@@ -115,7 +115,7 @@ TEST(Arguments, EveryCommandHasAHelpWithItsOperandsItsOptionsAndItsExample) {
   }
 }
 
-TEST(Arguments, OutputIsOneOfThoseThatTheCommandKnows) {
+TEST(Arguments, OutputMustBeKnownToTheCommand) {
   for (const Command& command : ProgramLanguage().commands) {
     const std::string& name = command.name;
     std::vector<std::string> line{name, "--output", "poem"};
@@ -142,19 +142,19 @@ TEST(Arguments, DepthIsANumber) {
   EXPECT_EQ(RunOnInventory("tree --depth -1").status, 2);
 }
 
-TEST(Arguments, AWordTooManyIsNoCommand) {
+TEST(Arguments, SurplusWordIsAnError) {
   const ToolRun run = RunOnInventory("tree components");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "zelk-metadata: unexpected argument 'components'; try tree --help\n");
 }
 
-TEST(Arguments, ANumberHasDigitsAndNotTooMany) {
+TEST(Arguments, NumbersAreDigitsThatFit) {
   for (const char* number : {"", "1234567890123456789", "-1", "1x"}) {
     EXPECT_EQ(RunTool({"tree", "--depth", number}).status, 2) << number;
   }
 }
 
-TEST(Arguments, AControlCharacterInFrontBelongsToTheName) {
+TEST(Arguments, LeadingControlCharacterBelongsToTheName) {
   const ToolRun run =
       RunTool({"get", "component", "\x01x", "--source", kDataFolder + "/inventory.json"});
   EXPECT_EQ(run.status, 3);

@@ -83,7 +83,7 @@ TEST(Complete, OffersEveryOptionThatMayStandThere) {
   EXPECT_THAT(Choices("list -- --"), ElementsAre()) << "behind -- nothing is an option";
 }
 
-TEST(Complete, OffersTheValuesOfAnOptionApartOrInOneWord) {
+TEST(Complete, OffersOptionValuesInOneWordOrTwo) {
   for (const Command& command : ProgramLanguage().commands) {
     EXPECT_EQ(Choices(command.name + " --output "), command.outputs);
   }
@@ -102,7 +102,7 @@ TEST(Complete, OffersTheKindsThatTheCommandTakesWithTheirIds) {
   EXPECT_THAT(Choices("which authentication:s"), ElementsAre("authentication:service"));
 }
 
-TEST(Complete, OffersTheNamesThatTheSourcesBeforeItHold) {
+TEST(Complete, OffersTheNamesOfTheSourcesBeforeIt) {
   EXPECT_THAT(Choices(kInventory + "get component "), ElementsAre("com.acme"));
   EXPECT_THAT(Choices("get components " + kInventory), ElementsAre("com.acme"));
   EXPECT_THAT(Choices("get component com.acme " + kInventory), ElementsAre("com.acme"))
@@ -119,7 +119,7 @@ TEST(Complete, OffersTheNamesThatTheSourcesBeforeItHold) {
       << "the source in one word, behind an option that there is not";
 }
 
-TEST(Complete, OffersANameOnceThoughSeveralDomainsHaveIt) {
+TEST(Complete, OffersANameOfSeveralDomainsOnce) {
   EXPECT_THAT(Choices("get component --source " ZELK_SOURCE_DIR "/metadata "),
               ElementsAre("com.orvane.zelk.metadata"));
 }
@@ -148,7 +148,7 @@ TEST(Complete, OffersTheIdsOfMessagesWithTheirTexts) {
       ElementsAre("words", "zelk.metadata.json.missing.field\tJson parse missing field: %1%"));
 }
 
-TEST(Complete, OffersTheShellsThatThereIsAScriptFor) {
+TEST(Complete, OffersTheSupportedShells) {
   EXPECT_EQ(Choices("completion "), Zelk::Tool::CompletedShells());
 }
 
@@ -172,7 +172,7 @@ TEST(Complete, IsSilentAboutSourcesThatFail) {
               ElementsAre("com.acme"));
 }
 
-TEST(Complete, ReadsNoInputNoPipeAndNoFileThatTakesLong) {
+TEST(Complete, DoesNotReadInputPipesOrLargeFiles) {
   const TempFolder folder;
   ASSERT_EQ(mkfifo(folder.Path("pipe.json").c_str(), 0600), 0);
   const std::string inventory = Zelk::Testing::FileText(kDataFolder + "/inventory.json");
@@ -195,7 +195,7 @@ TEST(Complete, ReadsNoMoreOfAllSourcesTogetherThanOfOne) {
   EXPECT_THAT(Choices(line + write("c", 0)), ElementsAre("a", "c")) << "for which there is room";
 }
 
-TEST(Complete, DoesNotLookThroughFoldersThatHoldMuch) {
+TEST(Complete, DoesNotSearchLargeFolders) {
   const TempFolder crowd;
   for (int i = 0; i < 4096; ++i) crowd.Write(std::to_string(i), "");
   const TempFolder folder;
@@ -207,7 +207,7 @@ TEST(Complete, DoesNotLookThroughFoldersThatHoldMuch) {
   EXPECT_THAT(Choices("get component " + in_crowd + "--source " + file + " "), ElementsAre("a"));
 }
 
-TEST(Complete, OffersNamesThatLookLikeOptionsBehindTwoDashesOnly) {
+TEST(Complete, OffersNamesLikeOptionsOnlyAfterTwoDashes) {
   const TempFolder folder;
   const std::string names = MetamodelFile(Component("c", {Package("-dash"), Package("--output")}));
   const std::string line = "get package --source " + folder.Write("dash.json", names) + " ";
@@ -216,7 +216,7 @@ TEST(Complete, OffersNamesThatLookLikeOptionsBehindTwoDashesOnly) {
   EXPECT_THAT(Choices(line + "-- -d"), ElementsAre("-dash"));
 }
 
-TEST(Complete, OffersNoCommandBehindTwoDashesWhereNoneIsRead) {
+TEST(Complete, OffersNoCommandAfterTwoDashes) {
   EXPECT_EQ(RunLine("-- list component").status, 2);
   EXPECT_THAT(Choices("-- "), ElementsAre());
   EXPECT_THAT(Choices("-- list "), ElementsAre());
@@ -229,7 +229,7 @@ TEST(Complete, OffersNoWordThatATerminalCannotShow) {
   EXPECT_THAT(Choices("get component --source " + path + " "), ElementsAre());
 }
 
-TEST(Completion, IsPrintedForEveryShellThatThereIsAScriptFor) {
+TEST(Completion, IsPrintedForEverySupportedShell) {
   for (const std::string& shell : Zelk::Tool::CompletedShells()) {
     const ToolRun run = RunLine("completion " + shell);
     EXPECT_EQ(run.status, 0);

@@ -155,7 +155,7 @@ std::string StrangeNames() {
 
 }  // namespace
 
-TEST_P(CompletionInEveryShell, QuotesNamesAsTheUserHasBegunTo) {
+TEST_P(CompletionInEveryShell, KeepsTheQuotesOfTheUser) {
   const TempFolder folder;
   folder.Write("strange.json", StrangeNames());
   Lines lines;
@@ -167,7 +167,7 @@ TEST_P(CompletionInEveryShell, QuotesNamesAsTheUserHasBegunTo) {
   EXPECT_EQ(Type(lines, folder), expected);
 }
 
-TEST_P(CompletionInEveryShell, KnowsTheNamesBeforeThatAreQuoted) {
+TEST_P(CompletionInEveryShell, UnderstandsQuotedWordsBefore) {
   const TempFolder folder;
   folder.Write("f.json", MetamodelFile(Component(
                              "c", {Package("p", {Service("a'\\\\$b", {Operation("run")})})})));
@@ -198,7 +198,7 @@ TEST_P(CompletionInEveryShell, CompletesPathsAsTheShellDoes) {
                 folder.Path("a file") + ">\n<check><--source><id=a file>\n");
 }
 
-TEST(CompletionInBash, CompletesCommandsOptionsKindsAndNames) {
+TEST_F(CompletionInBash, CompletesCommandsOptionsKindsAndNames) {
   const std::string keys =
       "zelk-metadata li\t--outp\tpl\t" + kInventory + "oper\tcom.acme.inventory.m\t\n";
   EXPECT_THAT(TypeInBash(keys).out, HasSubstr("<list><--output><plain><--source><" + kDataFolder +
@@ -206,21 +206,21 @@ TEST(CompletionInBash, CompletesCommandsOptionsKindsAndNames) {
                                               "<com.acme.inventory.machines>\n"));
 }
 
-TEST(CompletionInBash, CompletesBehindTheCharactersThatBashSplitsWordsAt) {
+TEST_F(CompletionInBash, CompletesAfterCharactersThatSplitWords) {
   EXPECT_THAT(TypeInBash("zelk-metadata list metamodel:oper\t\n").out,
               HasSubstr("<list><metamodel:operation>\n"));
   EXPECT_THAT(TypeInBash("zelk-metadata check --output=gi\t\n").out,
               HasSubstr("<check><--output=github>\n"));
 }
 
-TEST(CompletionInBash, ShowsWhatTheChoicesMean) {
+TEST_F(CompletionInBash, ShowsWhatTheChoicesMean) {
   const std::string shown = TypeInBash("zelk-metadata \t\t\n").err;
   for (const Command& command : ProgramLanguage().commands) {
     EXPECT_THAT(shown, HasSubstr("(" + command.summary + ")"));
   }
 }
 
-TEST(CompletionInBash, EvaluatesNoNameOfAFile) {
+TEST_F(CompletionInBash, EvaluatesNoNameOfAFile) {
   const TempFolder folder;
   const std::string path =
       folder.Write("hostile.json", MetamodelFile(Component("$(touch${IFS}gone)`touch gone`;x")));
@@ -230,7 +230,7 @@ TEST(CompletionInBash, EvaluatesNoNameOfAFile) {
   EXPECT_THAT(shown, Not(HasSubstr("\ngone\n")));
 }
 
-TEST(CompletionInFish, CompletesPathsBehindTheIdOfASource) {
+TEST_F(CompletionInFish, CompletesPathsAfterTheIdOfASource) {
   const TempFolder folder;
   std::filesystem::create_directory(folder.Path("a dir"));
   folder.Write("a dir/file", "");

@@ -69,7 +69,7 @@ Names FirstListed(const Host& host, const std::string& kind) {
 
 }  // namespace
 
-TEST(Domains, TheRootKeyOfAFileDecidesWhichDomainLoadsIt) {
+TEST(Domains, RootKeyDecidesTheDomain) {
   const TempFolder folder;
   Host host(TwoDomains());
   const std::string colours = folder.Write("a.json", R"({"x": {"metamodel": 1}, "colours": 1})");
@@ -79,7 +79,7 @@ TEST(Domains, TheRootKeyOfAFileDecidesWhichDomainLoadsIt) {
   EXPECT_EQ(host.Load({"c", both}).domain, "metamodel");
 }
 
-TEST(Domains, AFileOfNoDomainIsTheFirstOnes) {
+TEST(Domains, FileWithoutRootKeyGoesToTheFirstDomain) {
   const TempFolder folder;
   Host host(TwoDomains());
   for (const char* text : {"", "?", "{}", R"({"other": 1})", R"([{"colours": 1}])", R"("colours")",
@@ -89,7 +89,7 @@ TEST(Domains, AFileOfNoDomainIsTheFirstOnes) {
   EXPECT_EQ(host.Load({"a", folder.Path("missing.json")}).domain, "metamodel");
 }
 
-TEST(Domains, AKindOfTwoDomainsIsThatOfTheOneWithSources) {
+TEST(Domains, KindOfTwoDomainsPrefersTheOneWithSources) {
   const TempFolder folder;
   Host host(TwoDomains());
   EXPECT_THAT(FirstListed(host, "components"), IsEmpty());
@@ -100,13 +100,13 @@ TEST(Domains, AKindOfTwoDomainsIsThatOfTheOneWithSources) {
   EXPECT_THAT(FirstListed(host, "colours:components"), ElementsAre("red component"));
 }
 
-TEST(Domains, KindsThatShareANameAreNamedOnce) {
+TEST(Domains, KindNamesAreListedOnce) {
   EXPECT_THAT(Host(TwoDomains()).KindNames(),
               ElementsAre("component", "package", "service", "operation", "structure",
                           "enumeration", "resource", "model", "hidden", "source", "paint"));
 }
 
-TEST(Domains, AKindIsNotFoundInAnotherDomain) {
+TEST(Domains, KindIsNotFoundInAnotherDomain) {
   const Host host(TwoDomains());
   EXPECT_EQ(host.FindKinds("paint").size(), 1U);
   EXPECT_EQ(host.FindKinds("colours:paints").size(), 1U);
@@ -114,7 +114,7 @@ TEST(Domains, AKindIsNotFoundInAnotherDomain) {
   EXPECT_THAT(host.FindKinds("colours:"), IsEmpty());
 }
 
-TEST(Domains, TheParseErrorOfADomainHasItsPlaceInTheFile) {
+TEST(Domains, ParseErrorHasItsPosition) {
   const TempFolder folder;
   const std::string path = folder.Write("bad.json", "{\n\"colours\": 1}");
   const LoadReport report = Zelk::Tool::LoadAlone(path, TwoDomains());
@@ -123,7 +123,7 @@ TEST(Domains, TheParseErrorOfADomainHasItsPlaceInTheFile) {
             path + ":2:2: at 3 [colours.parse.error: 7]");
 }
 
-TEST(Domains, OneThatHasNoMoreToTellAddsNothingToTreesAndPages) {
+TEST(Domains, DomainWithoutOutlineAddsNothing) {
   const TempFolder folder;
   Host host(TwoDomains());
   host.Load({"a", folder.Write("a.json", R"({"colours": 1})")});

@@ -89,7 +89,7 @@ std::set<std::string> Provoked(const Example& example) {
 
 }  // namespace
 
-TEST(Explain, EveryExampleProvokesItsMessage) {
+TEST(Explain, ExamplesRaiseTheirMessages) {
   std::size_t provoked = 0;
   for (const Explanation& explanation : Explanations()) {
     if (IsReserved(explanation)) continue;
@@ -99,7 +99,7 @@ TEST(Explain, EveryExampleProvokesItsMessage) {
   EXPECT_EQ(provoked, 32U);
 }
 
-TEST(Explain, TheMessagesAreThoseOfTheDocumentedCatalogWithTheirTexts) {
+TEST(Explain, MessagesAreThoseOfTheCatalog) {
   const std::string document = FileText(ZELK_SOURCE_DIR "/docs/messages.md");
   std::set<std::string> documented;
   const std::regex row(R"(\n\| `(zelk\.[a-z.]+)` \| ([^|]+) \|)");
@@ -115,7 +115,7 @@ TEST(Explain, TheMessagesAreThoseOfTheDocumentedCatalogWithTheirTexts) {
   EXPECT_EQ(Explanations().size(), 36U);
 }
 
-TEST(Explain, OnlyTheMessagesThatAreRaisedByNothingHaveNoExample) {
+TEST(Explain, ReservedMessagesHaveNoExample) {
   std::set<std::string> reserved;
   for (const auto& explanation : Explanations()) {
     if (IsReserved(explanation)) reserved.insert(explanation.id);
@@ -126,7 +126,7 @@ TEST(Explain, OnlyTheMessagesThatAreRaisedByNothingHaveNoExample) {
                                              "zelk.metada.authentication.invalid.operation.id"}));
 }
 
-TEST(Explain, WithoutAnIdAllIdsAreListed) {
+TEST(Explain, AllIdsAreListedWithoutAnId) {
   std::string expected;
   for (const auto& explanation : Explanations()) expected += explanation.id + "\n";
   const ToolRun run = RunTool({"explain"});
@@ -134,7 +134,7 @@ TEST(Explain, WithoutAnIdAllIdsAreListed) {
   EXPECT_EQ(run.status, 0);
 }
 
-TEST(Explain, APageTellsMeaningCauseExampleAndMend) {
+TEST(Explain, PageHasMeaningCauseExampleAndFix) {
   const ToolRun run = RunTool({"explain", "zelk.metadata.cli.json.invalid.node.type"});
   EXPECT_EQ(run.out, R"(zelk.metadata.cli.json.invalid.node.type
     Unknown message.
@@ -157,7 +157,7 @@ Fix:
   EXPECT_EQ(run.status, 0);
 }
 
-TEST(Explain, AnUnknownIdIsToldWithTheNearOnes) {
+TEST(Explain, UnknownIdGetsSuggestions) {
   const ToolRun run = RunTool({"explain", "zelk.metadata.json.missing.fiels"});
   EXPECT_EQ(run.err,
             "zelk-metadata: unknown message id 'zelk.metadata.json.missing.fiels'; did you mean "
@@ -166,13 +166,13 @@ TEST(Explain, AnUnknownIdIsToldWithTheNearOnes) {
   EXPECT_EQ(run.status, 3);
 }
 
-TEST(Explain, InJsonTheExplanationIsAnObject) {
+TEST(Explain, JsonOfAnExplanationIsAnObject) {
   const ToolRun run = RunTool({"explain", "--json", "zelk.metadata.json.missing.field"});
   EXPECT_THAT(run.out, testing::StartsWith(R"({"id":"zelk.metadata.json.missing.field","text":)"));
   EXPECT_THAT(run.out, HasSubstr(R"("command":"check FILE")"));
 }
 
-TEST(Explain, InJsonAllExplanationsAreAnArray) {
+TEST(Explain, JsonOfAllExplanationsIsAnArray) {
   const ToolRun run = RunTool({"explain", "--json"});
   EXPECT_THAT(run.out, testing::StartsWith(R"([{"id":)"));
   for (const auto& explanation : Explanations()) {
@@ -181,13 +181,13 @@ TEST(Explain, InJsonAllExplanationsAreAnArray) {
   EXPECT_EQ(run.status, 0);
 }
 
-TEST(Explain, AnExampleMayBeACallOfAService) {
+TEST(Explain, ExampleMayBeACallOfAService) {
   EXPECT_THAT(RunTool({"explain", "zelk.metada.cli.source.file.not.found"}).out,
               HasSubstr("Example:\n"
                         "    SourceSvc.Create of cli, with a path that does not exist\n"));
 }
 
-TEST(Explain, AMessageThatNothingRaisesHasNoExample) {
+TEST(Explain, PageOfAReservedMessageHasNoExample) {
   for (const auto& explanation : Explanations()) {
     const ToolRun run = RunTool({"explain", explanation.id});
     EXPECT_EQ(run.out.find("Example:") == std::string::npos, IsReserved(explanation))

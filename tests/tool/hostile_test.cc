@@ -79,7 +79,7 @@ std::size_t CountKeys(const std::string& json, const std::string& name) {
 
 }  // namespace
 
-TEST(Hostile, ATypeOfAnyDepthHasAPage) {
+TEST(Hostile, DeepTypeHasAPage) {
   const TempFolder folder;
   const std::string file = folder.Write("deep.json", FileWithFieldType(Nested(kListOf)));
   const ToolRun run = RunWithLittleStack({"get", "structure", "s", "--source", file});
@@ -89,7 +89,7 @@ TEST(Hostile, ATypeOfAnyDepthHasAPage) {
       << run.out.substr(0, 100);
 }
 
-TEST(Hostile, AMapOfAnyDepthHasAPage) {
+TEST(Hostile, DeepMapHasAPage) {
   const TempFolder folder;
   const std::string file = folder.Write("deep.json", FileWithFieldType(Nested(kMapTo)));
   const ToolRun run = RunWithLittleStack({"get", "structure", "s", "--source", file});
@@ -99,7 +99,7 @@ TEST(Hostile, AMapOfAnyDepthHasAPage) {
       << run.out.substr(0, 100);
 }
 
-TEST(Hostile, ATypeOfAnyDepthIsValidJsonWithAllItsLevels) {
+TEST(Hostile, DeepTypeIsCompleteInJson) {
   const TempFolder folder;
   const std::string file = folder.Write("deep.json", FileWithFieldType(Nested(kListOf)));
   const ToolRun run = RunWithLittleStack({"get", "structure", "s", "--json", "--source", file});
@@ -107,7 +107,7 @@ TEST(Hostile, ATypeOfAnyDepthIsValidJsonWithAllItsLevels) {
   EXPECT_EQ(CountKeys(run.out, "generic_type"), kLevels);
 }
 
-TEST(Hostile, AMapOfAnyDepthIsValidJsonWithAllItsLevels) {
+TEST(Hostile, DeepMapIsCompleteInJson) {
   const TempFolder folder;
   const std::string file = folder.Write("deep.json", FileWithFieldType(Nested(kMapTo)));
   const ToolRun run = RunWithLittleStack({"get", "component", "c", "--json", "--source", file});
@@ -115,7 +115,7 @@ TEST(Hostile, AMapOfAnyDepthIsValidJsonWithAllItsLevels) {
   EXPECT_EQ(CountKeys(run.out, "generic_type"), kLevels);
 }
 
-TEST(Hostile, BracketsOfAnyDepthAreChecked) {
+TEST(Hostile, DeepBracketsAreChecked) {
   const TempFolder folder;
   const std::string file = folder.Write("deep.json", std::string(kLevels, '['));
   const ToolRun run = RunWithLittleStack({"check", file});
@@ -123,7 +123,7 @@ TEST(Hostile, BracketsOfAnyDepthAreChecked) {
   EXPECT_THAT(run.out, HasSubstr("deep.json:1:300001: error: Metamodel source file parse error"));
 }
 
-TEST(Hostile, NamesAndTextsCannotDriveTheTerminal) {
+TEST(Hostile, NamesAndTextsCannotControlTheTerminal) {
   const TempFolder folder;
   const std::string evil = R"(\u001b[2J\u0007\u009b31m\nsecond line)";
   const std::string file = folder.Write(
@@ -143,7 +143,7 @@ TEST(Hostile, NamesAndTextsCannotDriveTheTerminal) {
   }
 }
 
-TEST(Hostile, FileNamesAndIdsCannotDriveTheTerminalEither) {
+TEST(Hostile, FileNamesAndIdsCannotControlTheTerminal) {
   EXPECT_EQ(RunTool({"check", "\x1b[2J"}).out,
             "\\x1b[2J: error: Metamodel source file not found: \\x1b[2J "
             "[zelk.metada.metamodel.source.file.not.found]\n");
@@ -152,7 +152,7 @@ TEST(Hostile, FileNamesAndIdsCannotDriveTheTerminalEither) {
   EXPECT_THAT(RunTool({"list", "\x1b[2J"}).err, HasSubstr("unknown kind '\\x1b[2J'"));
 }
 
-TEST(Hostile, BytesThatAreNoUtf8AreReplacedInJsonAndShownOnPages) {
+TEST(Hostile, InvalidUtf8IsReplacedInJsonAndShownOnPages) {
   const TempFolder folder;
   const std::string file = folder.Write("latin.json",
                                         "{\"metamodel\": {\"component\": {\"name\": \"caf\xe9\", "
@@ -164,7 +164,7 @@ TEST(Hostile, BytesThatAreNoUtf8AreReplacedInJsonAndShownOnPages) {
   EXPECT_THAT(run.out, HasSubstr(R"("name":"caf\uFFFD")"));
 }
 
-TEST(Hostile, AMistakeBehindTypesOfAnyDepthHasItsPlace) {
+TEST(Hostile, MistakeAfterDeepTypesHasItsPlace) {
   const TempFolder folder;
   std::string text = FileWithFieldType(Nested(kMapTo));
   const std::size_t at = text.rfind("BUILTIN");
@@ -177,7 +177,7 @@ TEST(Hostile, AMistakeBehindTypesOfAnyDepthHasItsPlace) {
       << run.out.substr(0, 300);
 }
 
-TEST(Hostile, NamespacesOfAnyDepthHaveATreeAndAHelp) {
+TEST(Hostile, DeepNamespacesHaveATreeAndHelp) {
   const TempFolder folder;
   constexpr std::size_t kNamespaces = 1500;
   const std::string file =

@@ -70,7 +70,7 @@ TEST(Json, TextsComeBackAsTheyAreInTheFile) {
   EXPECT_STREQ(tags[1].GetString(), "na\u00efve");
 }
 
-TEST(Json, CheckTellsTheArgumentsAndThePlaceOfEveryMessage) {
+TEST(Json, CheckHasTheArgumentsAndThePlaceOfEveryMessage) {
   const TempFolder folder;
   const std::string path = folder.Write("file.json", "{\n ?}");
   const rapidjson::Document document = Parsed(RunTool({"check", "--json", path}).out);
@@ -84,7 +84,7 @@ TEST(Json, CheckTellsTheArgumentsAndThePlaceOfEveryMessage) {
   EXPECT_EQ(message["column"].GetUint(), 2U);
 }
 
-TEST(Json, NoAnswerIsEverPartlyText) {
+TEST(Json, AnswersAreNeverPartlyText) {
   for (const char* line : {"check --json missing.json", "list components --json",
                            "list hidden --json", "fingerprint --json"}) {
     Parsed(RunLine(line).out);

@@ -37,7 +37,7 @@ TEST(Layout, ColumnsAreThoseThatATerminalFills) {
   EXPECT_EQ(Columns("\U0001f600"), 2U) << "a pictograph";
 }
 
-TEST(Layout, TextIsBrokenBetweenWords) {
+TEST(Layout, TextIsWrappedBetweenWords) {
   EXPECT_THAT(Wrapped("one two three", 7), ElementsAre("one two", "three"));
   EXPECT_THAT(Wrapped("one two three", 13), ElementsAre("one two three"));
   EXPECT_THAT(Wrapped("one incredible two", 5), ElementsAre("one", "incredible", "two"));
@@ -46,12 +46,12 @@ TEST(Layout, TextIsBrokenBetweenWords) {
   EXPECT_THAT(Wrapped("        ", 5), ElementsAre(""));
 }
 
-TEST(Layout, WithoutAWidthNothingIsBroken) {
+TEST(Layout, NothingIsWrappedWithoutAWidth) {
   const std::string text(10000, 'a');
   EXPECT_THAT(Wrapped(text + "  " + text, 0), ElementsAre(text + "  " + text));
 }
 
-TEST(Layout, ATableHasItsColumnsInLineAndWrapsTheLastOne) {
+TEST(Layout, TableAlignsColumnsAndWrapsTheLast) {
   Table table({"NAME", "TEXT"});
   table.Add({"a", "one two three four five six seven"});
   table.Add({"b\u00e9\x1b", ""});
@@ -66,7 +66,7 @@ TEST(Layout, ATableHasItsColumnsInLineAndWrapsTheLastOne) {
             "b\u00e9\\x1b\n");
 }
 
-TEST(Layout, ATableWithoutRoomHasItsLastColumnBelowTheOthers) {
+TEST(Layout, NarrowTableHasTheLastColumnBelowTheOthers) {
   Table table({"NAME", "TEXT"});
   table.Add({std::string(25, 'n'), "one two three four five six seven"});
   table.Add({"b", ""});
@@ -74,7 +74,7 @@ TEST(Layout, ATableWithoutRoomHasItsLastColumnBelowTheOthers) {
             "NAME\n" + std::string(25, 'n') + "\n    one two three four five\n    six seven\nb\n");
 }
 
-TEST(Layout, ATableOfOneColumnIsAListAtTheLeft) {
+TEST(Layout, TableOfOneColumnIsAList) {
   Table table({"NAME"});
   table.Add({"a name with blanks in it"});
   for (const std::size_t width : {10U, 21U}) {
@@ -83,13 +83,13 @@ TEST(Layout, ATableOfOneColumnIsAListAtTheLeft) {
   }
 }
 
-TEST(Layout, ATableForProgramsHasATabBetweenCellsAndNoHeadings) {
+TEST(Layout, PlainTableHasTabsAndNoHeadings) {
   Table table({"NAME", "TEXT"});
   table.Add({"a\tb", "c"});
   EXPECT_EQ(Written([&](std::ostream& out) { table.WritePlain(out); }), "a\\x09b\tc\n");
 }
 
-TEST(Layout, APageWrapsParagraphsButNoNames) {
+TEST(Layout, PageWrapsParagraphsButNotNames) {
   const std::string name(50, 'n');
   const std::string page = Written([&](std::ostream& out) {
     Page written(out, Wide(24));
@@ -104,14 +104,14 @@ TEST(Layout, APageWrapsParagraphsButNoNames) {
       << "beside the names there is no room to wrap";
 }
 
-TEST(Layout, APageWrapsWhatStandsBesideNamesWhereThereIsRoom) {
+TEST(Layout, PageWrapsTextBesideNames) {
   const std::string page = Written([&](std::ostream& out) {
     Page(out, Wide(40)).Pairs(1, {{"a", "one two three four five six seven eight nine"}});
   });
   EXPECT_EQ(page, "    a  one two three four five six seven\n       eight nine\n");
 }
 
-TEST(Layout, OnlyATerminalWithColoursGetsThem) {
+TEST(Layout, ColoursAreForTerminalsWithColours) {
   const auto page = [](const Terminal& terminal) {
     return Written([&](std::ostream& out) { Page(out, terminal).Title("title"); });
   };

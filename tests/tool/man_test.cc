@@ -51,7 +51,7 @@ TEST(Manual, NamesEveryExitStatus) {
   }
 }
 
-TEST(Manual, NamesWhatCanBeSaidInSessionsOnly) {
+TEST(Manual, NamesTheCommandsOfSessions) {
   const std::string page = RunLine("man").out;
   std::size_t told = 0;
   for (const Command& command : Zelk::Tool::SessionLanguage().commands) {
@@ -63,7 +63,7 @@ TEST(Manual, NamesWhatCanBeSaidInSessionsOnly) {
   EXPECT_GT(told, 0U);
 }
 
-TEST(Manual, NoLineOfATextIsARequestByChance) {
+TEST(Manual, TextLinesAreNeverRequests) {
   std::istringstream page(RunLine("man").out);
   for (std::string line; std::getline(page, line);) {
     if (line.empty() || (line[0] != '.' && line[0] != '\'')) continue;

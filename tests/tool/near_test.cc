@@ -89,13 +89,13 @@ TEST(Near, TheLastPartsOfANameAreEnough) {
               ElementsAre("com.acme.inventory.machines"));
 }
 
-TEST(Near, NothingIsNearToSomethingElse) {
+TEST(Near, UnrelatedNamesAreNotNear) {
   EXPECT_THAT(NearNames("acme.machines.pong", {"acme.machines.list"}), IsEmpty());
   EXPECT_THAT(NearNames("", {"a", ""}), IsEmpty());
   EXPECT_THAT(NearNames("a", {}), IsEmpty());
 }
 
-TEST(Near, AFewNamesAreSuggestedEachOnce) {
+TEST(Near, SuggestionsAreFewAndUnique) {
   EXPECT_THAT(NearNames("a", {"a.a", "b.a", "b.a", "c.a", "d.a"}),
               ElementsAre("a.a", "b.a", "c.a"));
 }

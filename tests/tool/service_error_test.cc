@@ -31,7 +31,7 @@ class SilentSvc {
 
 }  // namespace
 
-TEST(ServiceError, OfAnErrorWithoutMessagesSaysTheErrorsName) {
+TEST(ServiceError, WithoutMessagesShowsItsName) {
   using Com::Orvane::Zelk::Std::Errors::Unsupported;
   const auto error = ServiceError::From(*ErrorFactory::GetError<Unsupported>());
   EXPECT_EQ(error.name, "com.orvane.zelk.std.errors.unsupported");
@@ -41,7 +41,7 @@ TEST(ServiceError, OfAnErrorWithoutMessagesSaysTheErrorsName) {
   EXPECT_THAT(error.messages.front().arguments, IsEmpty());
 }
 
-TEST(ServiceError, OfAServiceThatDeliversNothingSaysSo) {
+TEST(ServiceError, ReportsAServiceThatDeliversNothing) {
   SilentSvc service;
   const Outcome<Names> names = Zelk::Tool::ListQuery(service, &SilentSvc::List).call({});
   EXPECT_FALSE(names.answer);

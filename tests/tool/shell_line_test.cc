@@ -21,13 +21,13 @@ TEST(ShellLine, QuotesAndBackslashesKeepBlanksInAWord) {
   EXPECT_THAT(Split("end\\").words, ElementsAre("end\\"));
 }
 
-TEST(ShellLine, AQuoteThatIsNotClosedIsTold) {
+TEST(ShellLine, OpenQuoteIsReported) {
   EXPECT_TRUE(Split("a 'b").is_open);
   EXPECT_TRUE(Split("\"").is_open);
   EXPECT_FALSE(Split("a 'b' c").is_open);
 }
 
-TEST(ShellLine, WhatBeginsWithANumberSignIsNoWord) {
+TEST(ShellLine, CommentIsNotAWord) {
   EXPECT_THAT(Split("# a comment").words, ElementsAre());
   EXPECT_THAT(Split("list # a comment").words, ElementsAre("list"));
   EXPECT_THAT(Split("a#b").words, ElementsAre("a#b"));
@@ -35,14 +35,14 @@ TEST(ShellLine, WhatBeginsWithANumberSignIsNoWord) {
   EXPECT_FALSE(Split("list '#1' a#b").is_comment);
 }
 
-TEST(ShellLine, WhereTheLastWordBeginsIsTold) {
+TEST(ShellLine, BeginningOfTheLastWordIsKnown) {
   EXPECT_EQ(Split("list so").last_word, 5U);
   EXPECT_EQ(Split("list 'a b").last_word, 5U);
   EXPECT_EQ(Split("list ").last_word, 5U);
   EXPECT_EQ(Split("").last_word, 0U);
 }
 
-TEST(ShellLine, TheHomeFolderIsPutWhereShellsPutIt) {
+TEST(ShellLine, TildeIsExpandedAsInShells) {
   const std::string home = "/home/somebody";
   setenv("HOME", home.c_str(), 1);
   EXPECT_THAT(Split("check ~/a id=~/b").words,
@@ -52,7 +52,7 @@ TEST(ShellLine, TheHomeFolderIsPutWhereShellsPutIt) {
   EXPECT_THAT(Split("check ~/a").words, ElementsAre("check", "~/a")) << "nobody is at home";
 }
 
-TEST(ShellLine, AQuotedTextIsReadAsItWas) {
+TEST(ShellLine, QuotedTextIsReadUnchanged) {
   for (const char* text :
        {"plain", "", "a b", "it's", "\"", "\\", "#1", "\t", "x\\ y", "~/a", "a=~/b"}) {
     EXPECT_THAT(Split(Quoted(text)).words, ElementsAre(text)) << text;

@@ -44,9 +44,11 @@ Shown TypeInShell(const std::string& state, const std::vector<Typing>& steps,
                         80, steps);
 }
 
+class ShellOnATerminal : public Zelk::Testing::TerminalTest {};
+
 }  // namespace
 
-TEST(ShellOnATerminal, CompletesAnswersAndRemembers) {
+TEST_F(ShellOnATerminal, CompletesAnswersAndRemembers) {
   const TempFolder folder;
   const Shown first = TypeInShell(folder.Path("state"), {{kPrompt, "get comp\t"},
                                                          {"onent", "\t"},
@@ -65,7 +67,7 @@ TEST(ShellOnATerminal, CompletesAnswersAndRemembers) {
   EXPECT_THAT(second.text, HasSubstr("same   metamodel:inventory"));
 }
 
-TEST(ShellOnATerminal, CtrlCGivesUpTheLineAndAsksAgain) {
+TEST_F(ShellOnATerminal, CtrlCDropsTheLine) {
   const TempFolder folder;
   const Shown shown = TypeInShell(folder.Path("state"), {{kPrompt, "list comp\t"},
                                                          {"onent ", "\x03"},
@@ -75,7 +77,7 @@ TEST(ShellOnATerminal, CtrlCGivesUpTheLineAndAsksAgain) {
   EXPECT_THAT(shown.text, AllOf(HasSubstr("inventory\r\n"), Not(HasSubstr("com.acme"))));
 }
 
-TEST(ShellOnATerminal, ShowsNoMoreChoicesThanCanBeRead) {
+TEST_F(ShellOnATerminal, ChoicesThatAreShownAreLimited) {
   std::string packages;
   for (int i = 0; i < 120; ++i) {
     const std::string name = (i % 2 == 0 ? "a" : "b") + std::to_string(i);
@@ -94,28 +96,28 @@ TEST(ShellOnATerminal, ShowsNoMoreChoicesThanCanBeRead) {
   EXPECT_THAT(shown.text, AllOf(HasSubstr("a0\r\n"), HasSubstr("and 22 more\r\n")));
 }
 
-TEST(ShellOnATerminal, BeepsWhereThereIsNothingToComplete) {
+TEST_F(ShellOnATerminal, BeepsWithoutCompletions) {
   const TempFolder folder;
   const Shown shown = TypeInShell(folder.Path("state"),
                                   {{kPrompt, "nope \t"}, {"\a", "\x03"}, {"^C\r\n", "quit\r"}});
   EXPECT_EQ(shown.status, 0) << shown.text;
 }
 
-TEST(ShellOnATerminal, KeepsNoBlankLine) {
+TEST_F(ShellOnATerminal, BlankLinesAreNotKept) {
   const TempFolder folder;
   const Shown shown = TypeInShell(folder.Path("state"), {{kPrompt, "  \r"}, {kPrompt, "quit\r"}});
   EXPECT_EQ(shown.status, 0) << shown.text;
   EXPECT_EQ(FileText(folder.Path("state/zelk-metadata/history")), "_HiStOrY_V2_\nquit\n");
 }
 
-TEST(ShellOnATerminal, CtrlDOnAnEmptyLineEndsTheSession) {
+TEST_F(ShellOnATerminal, CtrlDOnAnEmptyLineEndsTheSession) {
   const TempFolder folder;
   const Shown shown =
       TypeInShell(folder.Path("state"), {{kPrompt, "get comp\t"}, {"onent", "\x15\x04"}});
   EXPECT_EQ(shown.status, 0) << shown.text;
 }
 
-TEST(ShellOnATerminal, CtrlCEndsAnAnswer) {
+TEST_F(ShellOnATerminal, CtrlCEndsAnAnswer) {
   std::string text;
   for (int i = 100000; i < 200000; ++i) text += "line" + std::to_string(i) + "\\n";
   const TempFolder folder;
@@ -132,7 +134,7 @@ TEST(ShellOnATerminal, CtrlCEndsAnAnswer) {
   }
 }
 
-TEST(ShellOnATerminal, AnswersFitTheTerminalAsItIs) {
+TEST_F(ShellOnATerminal, AnswersFitTheResizedTerminal) {
   const TempFolder folder;
   const Shown shown = TypeInShell(
       folder.Path("state"),
@@ -142,14 +144,14 @@ TEST(ShellOnATerminal, AnswersFitTheTerminalAsItIs) {
   EXPECT_THAT(shown.text, HasSubstr("once more, and tell\r\n"));
 }
 
-TEST(ShellOnATerminal, TakesCharactersWhereTheLocaleHasNone) {
+TEST_F(ShellOnATerminal, TakesUtf8InTheCLocale) {
   const TempFolder folder;
   const Shown shown = TypeInShell(
       folder.Path("state"), {{kPrompt, "explain \xc3\xa4\r"}, {kPrompt, "quit\r"}}, "LC_ALL=C; ");
   EXPECT_THAT(shown.text, HasSubstr("unknown message id '\xc3\xa4'"));
 }
 
-TEST(ShellOnATerminal, AHistoryThatCannotBeKeptBothersNobody) {
+TEST_F(ShellOnATerminal, HistoryThatCannotBeKeptIsNotAnError) {
   const TempFolder folder;
   const std::string no_folder = folder.Write("state", "a file");
   const Shown shown = TypeInShell(no_folder, {{kPrompt, "list sources\r"}, {kPrompt, "quit\r"}});
@@ -158,7 +160,7 @@ TEST(ShellOnATerminal, AHistoryThatCannotBeKeptBothersNobody) {
   EXPECT_THAT(shown.text, Not(HasSubstr("state")));
 }
 
-TEST(ShellOnATerminal, TheHistoryIsInTheHomeFolderUnlessAnotherFolderIsNamed) {
+TEST_F(ShellOnATerminal, HistoryIsInTheHomeFolderByDefault) {
   const TempFolder folder;
   const std::vector<Typing> steps{{kPrompt, "list sources\r"}, {kPrompt, "quit\r"}};
   for (const char* elsewhere : {"unset XDG_STATE_HOME; ", "XDG_STATE_HOME=relative; "}) {
@@ -170,12 +172,11 @@ TEST(ShellOnATerminal, TheHistoryIsInTheHomeFolderUnlessAnotherFolderIsNamed) {
   EXPECT_EQ(homeless.status, 0) << homeless.text;
 }
 
-TEST(ShellOnATerminal, WhatWasTypedIsKeptHoweverTheSessionEnds) {
+TEST_F(ShellOnATerminal, HistoryIsKeptWhenTheTerminalIsClosed) {
   const TempFolder folder;
   const std::string history = folder.Path("state/zelk-metadata/history");
-  TypeInShell(folder.Path("state"), {{kPrompt, "list sources\r"}, {kPrompt, "tree\r"}},
-              "(for i in $(seq 500); do grep -q tree " + history +
-                  " && break; sleep 0.02; done; kill -HUP $$) 2>/dev/null & ");
+  TypeInShell(folder.Path("state"),
+              {{kPrompt, "list sources\r"}, {kPrompt, "tree\r"}, {kPrompt, "", 0, true}});
   EXPECT_EQ(FileText(history), "_HiStOrY_V2_\nlist\\040sources\ntree\n");
   EXPECT_EQ(std::filesystem::status(history).permissions(),
             std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
@@ -193,7 +194,7 @@ TEST(ShellHistory, IsSharedBySessionsAtTheSameTime) {
   EXPECT_EQ(FileText(one.Path()), "_HiStOrY_V2_\nfirst\nsecond\nthird\n");
 }
 
-TEST(ShellOnATerminal, WhatWasTypedComesBackAsItWas) {
+TEST_F(ShellOnATerminal, HistoryKeepsLinesUnchanged) {
   const TempFolder folder;
   const std::string line = "search 'a\\b \xc3\xa4 ~'";
   TypeInShell(folder.Path("state"), {{kPrompt, line + "\r"}, {kPrompt, "quit\r"}});
@@ -203,7 +204,7 @@ TEST(ShellOnATerminal, WhatWasTypedComesBackAsItWas) {
   EXPECT_EQ(shown.status, 0) << shown.text;
 }
 
-TEST(ShellOnATerminal, TheNewestLinesOfALongHistoryAreKept) {
+TEST_F(ShellOnATerminal, HistoryKeepsTheNewestLines) {
   const TempFolder folder;
   std::string text = "_HiStOrY_V2_\n";
   for (int i = 0; i < 1500; ++i) text += "line" + std::to_string(i) + "\n";
@@ -215,7 +216,7 @@ TEST(ShellOnATerminal, TheNewestLinesOfALongHistoryAreKept) {
   EXPECT_THAT(kept, testing::EndsWith("line1499\nquit\n"));
 }
 
-TEST(ShellOnATerminal, WhatIsNoHistoryIsLeftAlone) {
+TEST_F(ShellOnATerminal, HistoryFileOfAnotherFormatIsLeftAlone) {
   const TempFolder folder;
   std::filesystem::create_directories(folder.Path("zelk-metadata"));
   const std::string text = "dear diary\n";
@@ -228,14 +229,14 @@ TEST(ShellOnATerminal, WhatIsNoHistoryIsLeftAlone) {
   EXPECT_TRUE(std::filesystem::is_fifo(diary));
 }
 
-TEST(ShellOnATerminal, CtrlDEndsIt) {
+TEST_F(ShellOnATerminal, CtrlDEndsTheSession) {
   const TempFolder folder;
   const Shown shown = TypeInShell(folder.Path("state"), {{kPrompt, "\t"}, {"End the", "\x04"}});
   EXPECT_EQ(shown.status, 0) << shown.text;
   EXPECT_THAT(shown.text, testing::EndsWith("\r\n"));
 }
 
-TEST(ShellOnATerminal, TheChoicesAreShownWithTheirMeaningBelowTheLine) {
+TEST_F(ShellOnATerminal, ChoicesAreShownWithTheirMeaning) {
   const TempFolder folder;
   const Shown shown =
       TypeInShell(folder.Path("state"), {{kPrompt, "\t"}, {"End the session", "quit\r"}});

@@ -74,7 +74,7 @@ std::vector<std::string> WordsOf(const LineCompletion& completion) {
 
 }  // namespace
 
-TEST(Shell, AsksWhatIsLoadedByItsOwnLinesAndByTheCommandLine) {
+TEST(Shell, UsesSourcesOfTheCommandLineAndOfItsLines) {
   const ToolRun run = RunTool({"shell", "--source", kNetwork},
                               "list components\ncreate own=" + kInventory + "\nlist sources\n");
   EXPECT_EQ(run.status, 0);
@@ -96,7 +96,7 @@ TEST(Shell, AnswersAsTheProgramDoes) {
   }
 }
 
-TEST(Shell, AScriptGoesOnAfterAFailureAndEndsWithTheStatusOfTheFirst) {
+TEST(Shell, ScriptContinuesAfterAFailureAndReturnsTheFirstStatus) {
   const ToolRun run = RunScript(
       "# what fails, and what does not\n"
       "list gadgets\n"
@@ -111,7 +111,7 @@ TEST(Shell, AScriptGoesOnAfterAFailureAndEndsWithTheStatusOfTheFirst) {
   EXPECT_EQ(RunTool({"shell", "--source", "missing.json"}, "list gadgets\n").status, 1);
 }
 
-TEST(Shell, QuitEndsItBeforeTheLinesDo) {
+TEST(Shell, QuitEndsTheSession) {
   const ToolRun run = RunScript("quit\nlist gadgets\n");
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
@@ -124,7 +124,7 @@ TEST(Shell, QuitEndsItBeforeTheLinesDo) {
   EXPECT_EQ(RunScript("exit\nlist gadgets\n").err, "");
 }
 
-TEST(Shell, HelpNamesEveryCommandAndTellsAllAboutOne) {
+TEST(Shell, HelpListsCommandsAndDescribesOne) {
   Talk talk;
   const std::string all = talk.Say("help").out;
   for (const auto& command : Zelk::Tool::SessionLanguage().commands) {
@@ -139,7 +139,7 @@ TEST(Shell, HelpNamesEveryCommandAndTellsAllAboutOne) {
   EXPECT_EQ(unknown.err, "zelk-metadata: unknown command 'relaod'; did you mean reload?\n");
 }
 
-TEST(Shell, HelpBehindACommandTellsAllAboutIt) {
+TEST(Shell, HelpOptionDescribesTheCommand) {
   Talk talk;
   const ToolRun run = talk.Say("list --help");
   EXPECT_EQ(run.status, 0);
@@ -147,7 +147,7 @@ TEST(Shell, HelpBehindACommandTellsAllAboutIt) {
   EXPECT_EQ(run.err, "");
 }
 
-TEST(Shell, ALineThatMakesNoSenseIsWrongUsage) {
+TEST(Shell, InvalidLineIsWrongUsage) {
   Talk talk;
   EXPECT_EQ(talk.Say("get component 'com.acme").err, "zelk-metadata: a quote is not closed\n");
   EXPECT_EQ(talk.Say("get component 'com.acme").status, 2);
@@ -156,7 +156,7 @@ TEST(Shell, ALineThatMakesNoSenseIsWrongUsage) {
   EXPECT_EQ(talk.Say("shell").status, 2);
 }
 
-TEST(Shell, ComplaintsNameWhatCanBeTypedInASession) {
+TEST(Shell, ErrorsNameTheCommandsOfSessions) {
   const std::pair<std::string, std::string> rows[] = {
       {"relaod", "unknown command 'relaod'; did you mean reload?; try help"},
       {"frobnicate", "unknown command 'frobnicate'; try help"},
@@ -171,7 +171,7 @@ TEST(Shell, ComplaintsNameWhatCanBeTypedInASession) {
   }
 }
 
-TEST(Shell, StandardInputIsLeftToTheLinesOfTheSession) {
+TEST(Shell, StandardInputCannotBeASource) {
   for (const std::string line : {"create -", "create id=-", "check -", "check missing.json -"}) {
     const ToolRun run = RunScript(line + "\nexplain zelk.metadata.json.missing.field\n");
     EXPECT_EQ(run.status, 2) << line;
@@ -183,7 +183,7 @@ TEST(Shell, StandardInputIsLeftToTheLinesOfTheSession) {
   }
 }
 
-TEST(Shell, CreateTellsWhatFailsAndLoadsTheRest) {
+TEST(Shell, CreateReportsFailuresAndLoadsTheRest) {
   Talk talk;
   const ToolRun run = talk.Say("create missing.json " + kInventory);
   EXPECT_EQ(run.status, 1);
@@ -194,7 +194,7 @@ TEST(Shell, CreateTellsWhatFailsAndLoadsTheRest) {
   EXPECT_THAT(again.err, HasSubstr("already exists")) << "an id is taken until it is deleted";
 }
 
-TEST(Shell, DeleteForgetsInAllDomainsOrInTheOneThatIsNamed) {
+TEST(Shell, DeleteAppliesToAllDomainsOrOne) {
   const std::string metadata = "create " ZELK_SOURCE_DIR "/metadata";
   Talk talk;
   EXPECT_EQ(talk.Say(metadata).status, 0);
@@ -207,7 +207,7 @@ TEST(Shell, DeleteForgetsInAllDomainsOrInTheOneThatIsNamed) {
   EXPECT_EQ(talk.Say("list components").out, "");
 }
 
-TEST(Shell, DeleteOfAnUnknownSourceNamesThoseThatAreNear) {
+TEST(Shell, DeleteOfAnUnknownSourceGetsSuggestions) {
   Talk talk;
   talk.Say("create " + kInventory);
   const ToolRun run = talk.Say("delete inventroy");
@@ -218,7 +218,7 @@ TEST(Shell, DeleteOfAnUnknownSourceNamesThoseThatAreNear) {
   EXPECT_EQ(talk.Say("list sources").out, "inventory\n");
 }
 
-TEST(Shell, AnExactIdWinsOverTheOneBehindADomain) {
+TEST(Shell, ExactIdWinsOverDomainAndId) {
   Talk talk;
   const std::string create = "create one=" + kInventory + " metamodel:one=" + kNetwork;
   talk.Say(create);
@@ -231,7 +231,7 @@ TEST(Shell, AnExactIdWinsOverTheOneBehindADomain) {
   EXPECT_EQ(talk.Say("reload metamodel:metamodel:one").out, run.out);
 }
 
-TEST(Shell, ReloadTakesSeveralSourcesAndAnEmptyIdIsNone) {
+TEST(Shell, ReloadTakesSeveralSourcesAndNoEmptyId) {
   Talk talk;
   talk.Say("create " + kInventory + " " + kNetwork);
   EXPECT_EQ(talk.Say("reload network inventory").out, "same\tmetamodel:network\t" + kNetwork +
@@ -244,7 +244,7 @@ TEST(Shell, ReloadTakesSeveralSourcesAndAnEmptyIdIsNone) {
   EXPECT_EQ(talk.Say("reload nobody inventory").status, 3);
 }
 
-TEST(Shell, WhatFollowsCtrlCIsNotLoaded) {
+TEST(Shell, CtrlCStopsLoading) {
   Talk talk;
   talk.Say("create " + kInventory);
   {
@@ -260,7 +260,7 @@ TEST(Shell, WhatFollowsCtrlCIsNotLoaded) {
   EXPECT_THAT(talk.Say("tree").out, HasSubstr("com.acme"));
 }
 
-TEST(Shell, ReloadTellsWhichSourcesChanged) {
+TEST(Shell, ReloadReportsChangedSources) {
   const TempFolder folder;
   const std::string same = folder.Write("a.json", MetamodelFile(Component("com.a")));
   const std::string other = folder.Write("b.json", MetamodelFile(Component("com.b")));
@@ -275,7 +275,7 @@ TEST(Shell, ReloadTellsWhichSourcesChanged) {
   EXPECT_EQ(talk.Say("list components").out, "com.a\ncom.changed\n");
 }
 
-TEST(Shell, ReloadTellsWhichSourcesKeepTheirOldDataAndWhy) {
+TEST(Shell, ReloadReportsKeptSourcesWithTheReason) {
   const TempFolder folder;
   folder.Write("a.json", MetamodelFile(Component("com.a")));
   folder.Write("b.json", MetamodelFile(Component("com.b")));
@@ -301,7 +301,7 @@ TEST(Shell, ReloadTellsWhichSourcesKeepTheirOldDataAndWhy) {
   EXPECT_EQ(talk.Say("list components").out, "com.a.new\ncom.b\ncom.c.new\n");
 }
 
-TEST(Shell, ReloadTellsOfSourcesOfEveryDomain) {
+TEST(Shell, ReloadReportsSourcesOfEveryDomain) {
   Talk talk;
   talk.Say("create " ZELK_SOURCE_DIR "/metadata/authentication m=" ZELK_SOURCE_DIR
            "/metadata/metamodel/zelk-metadata.json");
@@ -310,7 +310,7 @@ TEST(Shell, ReloadTellsOfSourcesOfEveryDomain) {
   EXPECT_THAT(run.out, AllOf(HasSubstr("\"authentication\""), HasSubstr("\"metamodel\"")));
 }
 
-TEST(Shell, ReloadTellsOfAFileThatBelongsToAnotherDomainNow) {
+TEST(Shell, ReloadReportsAFileThatChangedItsDomain) {
   const TempFolder folder;
   const std::string path =
       folder.Write("a.json", FileText(ZELK_SOURCE_DIR "/metadata/cli/zelk-metadata.json"));
@@ -325,7 +325,7 @@ TEST(Shell, ReloadTellsOfAFileThatBelongsToAnotherDomainNow) {
   EXPECT_EQ(run.err, "");
 }
 
-TEST(Shell, ReloadInJsonHasWhatTheLinesAndTheComplaintsHave) {
+TEST(Shell, ReloadInJsonHasLinesAndErrors) {
   const TempFolder folder;
   const std::string path = folder.Write("a.json", MetamodelFile(Component("com.a")));
   Talk talk;
@@ -341,7 +341,7 @@ TEST(Shell, ReloadInJsonHasWhatTheLinesAndTheComplaintsHave) {
   EXPECT_EQ(document[0]["problems"].Size(), 1U);
 }
 
-TEST(Shell, EverythingIsAnsweredFromWhatIsLoadedNotFromTheFiles) {
+TEST(Shell, AnswersComeFromLoadedDataNotFromFiles) {
   const TempFolder folder;
   const std::string path =
       folder.Write("a.json", MetamodelFile(Component("com.a", {Package("com.a.old", {})})));
@@ -374,7 +374,7 @@ TEST(ShellCompletion, CompletesCommandsKindsAndNamesOfWhatIsLoaded) {
   EXPECT_EQ(talk.Complete("--h").text, "--help ");
 }
 
-TEST(ShellCompletion, GoesAsFarAsAllChoicesGoAndNamesThem) {
+TEST(ShellCompletion, CompletesTheCommonBeginning) {
   Talk talk;
   const LineCompletion choices = talk.Complete("");
   EXPECT_EQ(choices.text, "");
@@ -392,7 +392,7 @@ TEST(ShellCompletion, NothingIsCompletedInAComment) {
   }
 }
 
-TEST(ShellCompletion, CompletesPathsWithWhatTheyNeedToStayOneWord) {
+TEST(ShellCompletion, CompletedPathsAreQuoted) {
   const TempFolder folder;
   folder.Write("one file.json", "");
   folder.Write("two.json", "");

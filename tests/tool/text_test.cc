@@ -44,11 +44,11 @@ const Row kRows[] = {
 
 }  // namespace
 
-TEST(Text, ControlCharactersAndBrokenBytesAreShownNotSentToTheTerminal) {
+TEST(Text, ControlCharactersAndInvalidBytesAreEscaped) {
   for (const Row& row : kRows) EXPECT_EQ(ForTerminal(row.bytes), row.on_terminal) << row.what;
 }
 
-TEST(Text, BrokenBytesAreReplacedOneByOne) {
+TEST(Text, InvalidBytesAreReplacedOneByOne) {
   for (const Row& row : kRows) EXPECT_EQ(RepairedUtf8(row.bytes), row.repaired) << row.what;
 }
 
@@ -60,7 +60,7 @@ TEST(Text, PlaceholdersOfAMessageAreFilledInOnce) {
   EXPECT_EQ((Message{"id", "100% %0% % %x% %1", {"a"}}.Text()), "100% %0% % %x% %1");
 }
 
-TEST(Text, AParagraphKeepsTheLinesOfItsAuthorAndIndentsThem) {
+TEST(Text, ParagraphKeepsLineBreaksAndIsIndented) {
   std::ostringstream out;
   Page page(out);
   page.Paragraph(1, "one\r\n\n\ttwo\x1b[2J\n");

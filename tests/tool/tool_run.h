@@ -4,6 +4,9 @@
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+#include <rapidjson/document.h>
+
 #include "run.h"
 #include "support/source_dir.h"
 
@@ -41,6 +44,19 @@ inline ToolRun RunLine(const std::string& line) {
 /// `line` with the test data's inventory as its only source.
 inline ToolRun RunOnInventory(const std::string& line) {
   return RunLine(line + " --source " + kDataFolder + "/inventory.json");
+}
+
+/// `line` with a source of each domain.
+inline ToolRun RunOnThree(const std::string& line) {
+  return RunLine(line + " --source " + kDataFolder + "/inventory.json --source " + kDataFolder +
+                 "/schemes.json --source " + kDataFolder + "/commands.json");
+}
+
+inline rapidjson::Document ParsedJson(const std::string& text) {
+  rapidjson::Document document;
+  document.Parse(text.c_str());
+  EXPECT_FALSE(document.HasParseError()) << text;
+  return document;
 }
 
 }  // namespace Zelk::Testing

@@ -79,7 +79,7 @@ TEST(Transcript, FingerprintIsOfAllSourcesOfOneOrOfAComponent) {
                });
 }
 
-TEST(Transcript, CheckTellsEveryMessageOfEveryFile) {
+TEST(Transcript, CheckShowsEveryMessageOfEveryFile) {
   const std::string files =
       "inventory.json several_messages.json syntax_error.json truncated.json other_root.json "
       "missing.json";
@@ -90,7 +90,7 @@ TEST(Transcript, CheckTellsEveryMessageOfEveryFile) {
                         });
 }
 
-TEST(Transcript, ASourceThatFailsToLoadDoesNotKeepTheOthersFromAnswering) {
+TEST(Transcript, FailedSourceDoesNotStopTheOthers) {
   ExpectGolden("failed_sources", {
                                      "list components --source several_messages.json "
                                      "--source inventory.json --source truncated.json",
@@ -101,7 +101,7 @@ TEST(Transcript, ASourceThatFailsToLoadDoesNotKeepTheOthersFromAnswering) {
                                  });
 }
 
-TEST(Transcript, AnUnknownIdIsToldInTheServicesWords) {
+TEST(Transcript, UnknownIdShowsTheMessageOfTheService) {
   ExpectGolden("unknown_ids", {
                                   "get component nope --source inventory.json",
                                   "get package nope --source inventory.json",
@@ -119,7 +119,7 @@ TEST(Transcript, AnUnknownIdIsToldInTheServicesWords) {
                               });
 }
 
-TEST(Transcript, WrongUsageIsToldInOneLine) {
+TEST(Transcript, WrongUsageIsOneLine) {
   ExpectGolden("usage", {
                             "",
                             "frobnicate",
@@ -145,7 +145,7 @@ TEST(Transcript, WrongUsageIsToldInOneLine) {
                         });
 }
 
-TEST(Transcript, AuthenticationTellsTheSchemesOfEveryLevel) {
+TEST(Transcript, AuthenticationShowsTheSchemesOfEveryLevel) {
   ExpectGolden("schemes", {
                               "list component --source schemes.json",
                               "list package --source schemes.json",
@@ -173,7 +173,7 @@ TEST(Transcript, AuthenticationInJsonIsTheRecordWhole) {
                                });
 }
 
-TEST(Transcript, CliTellsNamespacesAndCommands) {
+TEST(Transcript, CliShowsNamespacesAndCommands) {
   ExpectGolden("commands", {
                                "list namespace --source commands.json",
                                "list command --source commands.json",

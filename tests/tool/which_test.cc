@@ -112,7 +112,7 @@ struct Sources {
 
 }  // namespace
 
-TEST(Which, TheSourceThatIsSaidToAnswerGivesTheAnswerByItself) {
+TEST(Which, AnsweringSourceGivesTheSameAnswerAlone) {
   std::size_t answered = 0;
   for (unsigned seed = 0; seed < 12; ++seed) {
     RandomFiles files(seed);
@@ -130,7 +130,7 @@ TEST(Which, TheSourceThatIsSaidToAnswerGivesTheAnswerByItself) {
   EXPECT_GT(answered, 150U) << "the names of the pool must stand in the files";
 }
 
-TEST(Which, TheModelsOfAResourceAreThoseOfTheLastSource) {
+TEST(Which, ModelsAreThoseOfTheLastSource) {
   for (unsigned seed = 0; seed < 12; ++seed) {
     RandomFiles files(seed);
     const Sources sources({files.Next(), files.Next(), files.Next()});
@@ -144,7 +144,7 @@ TEST(Which, TheModelsOfAResourceAreThoseOfTheLastSource) {
   }
 }
 
-TEST(Which, APackagesStructureComesBeforeAServicesInAnEarlierSource) {
+TEST(Which, StructureOfAPackageWinsOverThatOfAService) {
   const Sources sources(
       {MetamodelFile(Component("c", {Package("p", {Structure("s")})})),
        MetamodelFile(Component("c", {Package("p", {Service("v", {Structure("s")})})})),
@@ -158,7 +158,7 @@ TEST(Which, APackagesStructureComesBeforeAServicesInAnEarlierSource) {
   EXPECT_THAT(run.out, HasSubstr("Rule:\n    What stands in packages comes before"));
 }
 
-TEST(Which, NobodyAnswersForAnOperationThatTheFirstSourceOfItsServiceLacks) {
+TEST(Which, OperationMissingInTheFirstSourceHasNoAnswer) {
   const Sources sources(
       {MetamodelFile(Component("c", {Package("p", {Service("v", {Operation("o")})})})),
        MetamodelFile(Component("c")),
@@ -168,7 +168,7 @@ TEST(Which, NobodyAnswersForAnOperationThatTheFirstSourceOfItsServiceLacks) {
   EXPECT_THAT(run.out, HasSubstr("Answers:\n    nobody\n\nPassed over:\n    b ("));
 }
 
-TEST(Which, TheResourcesOfAllSourcesAreAnswered) {
+TEST(Which, ResourcesComeFromAllSources) {
   const std::string file = MetamodelFile(Component("c", {Package("p", {ModelOf("s", "r")})}));
   const Sources sources({file, file, MetamodelFile(Component("c"))});
   const ToolRun run = RunTool(Words{"which", "resource", "r"} + sources.all);
@@ -177,7 +177,7 @@ TEST(Which, TheResourcesOfAllSourcesAreAnswered) {
   EXPECT_THAT(run.out, testing::Not(HasSubstr("Passed over")));
 }
 
-TEST(Which, ACommandMayBeGivenDottedOrBehindItsNamespace) {
+TEST(Which, CommandMayBeDottedOrAfterItsNamespace) {
   const std::string source = kDataFolder + "/commands.json";
   for (const Words& ids : {Words{"acme.machines.list"}, Words{"acme.machines", "list"}}) {
     const ToolRun run = RunTool(Words{"which", "command"} + ids + Words{"--source", source});
@@ -185,7 +185,7 @@ TEST(Which, ACommandMayBeGivenDottedOrBehindItsNamespace) {
   }
 }
 
-TEST(Which, AnUnknownNameIsToldWithThoseThatAreNear) {
+TEST(Which, UnknownNameGetsSuggestions) {
   const ToolRun run =
       RunTool({"which", "component", "com.acmee", "--source", kDataFolder + "/inventory.json"});
   EXPECT_EQ(run.status, 3);

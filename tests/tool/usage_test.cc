@@ -1,0 +1,51 @@
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include "tool/tool_run.h"
+
+using testing::HasSubstr;
+using testing::StartsWith;
+using Zelk::Testing::ParsedJson;
+using Zelk::Testing::RunOnInventory;
+using Zelk::Testing::RunOnThree;
+using Zelk::Testing::ToolRun;
+
+TEST(Usage, NamespaceShowsItsChildren) {
+  EXPECT_EQ(RunOnThree("usage").out,
+            "Usage: NAMESPACE|COMMAND ...\n    Root namespace\n\n"
+            "Namespaces:\n    acme  acme namespace\n\n"
+            "Commands:\n    ping  See whether anyone is there.\n");
+  EXPECT_EQ(RunOnThree("usage acme machines").out,
+            "Usage: acme machines NAMESPACE|COMMAND ...\n    Machines and what runs on them.\n\n"
+            "Commands:\n    list  List machines.\n");
+}
+
+TEST(Usage, CommandShowsOptionsOutputAndOperation) {
+  const std::string page = RunOnThree("usage acme machines list").out;
+  EXPECT_THAT(page, StartsWith("Usage: acme machines list [OPTIONS]\n    List machines.\n\n"
+                               "Options:\n    --name, -n: LIST<String>\n"));
+  EXPECT_THAT(page, HasSubstr("\nOutput of com.acme.inventory.machine:\n    Name: name\n"));
+  EXPECT_THAT(page, HasSubstr("\nCalls:\n    list of com.acme.inventory.machines\n"
+                              "    shown as TABLE\n\nOperation:\n    list(filter: "));
+  EXPECT_THAT(page, HasSubstr("\nSchemes listed:\n    package com.acme.inventory\n"));
+  EXPECT_EQ(RunOnThree("usage acme.machines.list").out, page);
+}
+
+TEST(Usage, JsonIsTheRecordOrTheChildren) {
+  EXPECT_EQ(RunOnThree("usage acme machines list --json").out,
+            RunOnThree("get command acme.machines.list --json").out);
+  const auto document = ParsedJson(RunOnThree("usage acme --json").out);
+  EXPECT_STREQ(document["namespaces"][0]["name"].GetString(), "machines");
+}
+
+TEST(Usage, UnknownNameGetsSuggestions) {
+  const ToolRun run = RunOnThree("usage acme machine list");
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.err,
+            "zelk-metadata: no namespace or command is called 'acme.machine.list'; did "
+            "you mean acme.machines.list?\n");
+  EXPECT_EQ(RunOnInventory("usage").err,
+            "zelk-metadata: no source that is loaded describes a command-line client\n");
+  EXPECT_EQ(RunOnInventory("usage").status, 3);
+}
