@@ -103,7 +103,12 @@ using TypeLines = std::string (*)(const Lines& lines, const TempFolder& folder);
 const std::map<std::string, TypeLines> kShells{
     {"bash", LinesInBash}, {"fish", LinesInFish}, {"zsh", LinesInZsh}};
 
-class CompletionInEveryShell : public testing::TestWithParam<std::string> {
+class CompletionInBash : public Zelk::Testing::TerminalTest {};
+
+class CompletionInFish : public Zelk::Testing::TerminalTest {};
+
+class CompletionInEveryShell : public Zelk::Testing::TerminalTest,
+                               public testing::WithParamInterface<std::string> {
  protected:
   static std::string Type(const Lines& lines, const TempFolder& folder) {
     return kShells.at(GetParam())(lines, folder);
