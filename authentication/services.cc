@@ -5,7 +5,7 @@
 namespace Zelk::Provider::Metadata::Authentication {
 
 namespace Bindings = ::Com::Orvane::Zelk::Metadata;
-using Activation = ::Zelk::Core::AsyncActivationPtr;
+using Activation = std::shared_ptr<::Zelk::Core::AsyncActivation>;
 
 // Intended(auth-component-id): clients know an unknown component by the Metamodel message.
 namespace ComponentSvc {

@@ -5,7 +5,7 @@
 namespace Zelk::Provider::Metadata::Cli {
 
 namespace Bindings = ::Com::Orvane::Zelk::Metadata;
-using Activation = ::Zelk::Core::AsyncActivationPtr;
+using Activation = std::shared_ptr<::Zelk::Core::AsyncActivation>;
 
 namespace {
 
