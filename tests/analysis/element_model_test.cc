@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "analysis/format.h"
+#include "support/small_stack.h"
 
 using Zelk::Analysis::Document;
 using Zelk::Analysis::Domain;
@@ -108,6 +108,24 @@ TEST(Model, BrokenPartBesideAGoodOneIsIgnoredWithAllInIt) {
   EXPECT_EQ(model[1].by, 0U);
   EXPECT_EQ(model.Find(ElementKind::kComponent, "p"), kNoElement);
   EXPECT_NE(model.Find(ElementKind::kComponent, "c"), kNoElement);
+}
+
+TEST(Model, TypesMayNestToAnyDepth) {
+  Zelk::Testing::RunOnSmallStack(256 * 1024, [] {
+    constexpr char kType[] = R"({"category": "BUILTIN", "primitive_type": "VOID"})";
+    std::string type = kType;
+    std::string end;
+    for (int i = 0; i < 100000; ++i) end += "}";
+    std::string begin;
+    for (int i = 0; i < 100000; ++i) {
+      begin += R"({"category": "GENERIC", "generic_type": "LIST", "element_type": )";
+    }
+    std::string text = kMetamodel;
+    text.replace(text.find(kType), type.size(), begin + type + end);
+    const Model model = ModelOf(Domain::kMetamodel, text.c_str());
+    EXPECT_TRUE(model.Loads(0));
+    EXPECT_EQ(model.Size(), 7U);
+  });
 }
 
 TEST(Model, KnowsItsSourcesInTheOrderOfTheirIds) {

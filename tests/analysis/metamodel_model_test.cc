@@ -8,6 +8,7 @@
 #include <zelk/provider/metadata/metamodel/metadata_container.h>
 
 #include "analysis/compared.h"
+#include "analysis/resources.h"
 
 using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): all of compared.h
 
@@ -196,7 +197,32 @@ void ExpectAnswer(const ComparedSources& sources, ElementId id, std::set<Element
   }
 }
 
-void Compare(const Files& files, FateCounts& counts) {
+/// Returns how many models there are.
+std::size_t ExpectResources(const Model& model, const MetadataContainer& container) {
+  std::set<std::string> resources;
+  // By resource: the last source that names it, and the models that it declares.
+  std::map<std::string, std::uint32_t> last;
+  std::map<std::string, std::set<std::string>> models;
+  std::size_t count = 0;
+  for (const auto& use : Zelk::Analysis::ResourceUses(model)) {
+    const std::string resource(use.resource);
+    resources.insert(resource);
+    if (last.try_emplace(resource, use.source).first->second != use.source) {
+      last[resource] = use.source;
+      models[resource].clear();
+    }
+    if (use.model == kNoElement) continue;
+    models[resource].insert(std::string(model[use.model].name));
+    ++count;
+  }
+  EXPECT_EQ(resources, container.ListResources());
+  for (const std::string& resource : resources) {
+    EXPECT_EQ(models[resource], *container.ListModels(resource)) << resource;
+  }
+  return count;
+}
+
+void Compare(const Files& files, FateCounts& counts, std::size_t& models) {
   const ComparedSources sources(Domain::kMetamodel, files);
   const Model& model = *sources.model;
   const MetadataContainer& container = *sources.container;
@@ -207,6 +233,7 @@ void Compare(const Files& files, FateCounts& counts) {
   EXPECT_EQ(KeptNames(model, ElementKind::kStructure), Sorted(container.ListStructures()));
   EXPECT_EQ(KeptNames(model, ElementKind::kEnumeration), Sorted(container.ListEnumerations()));
   ExpectConsistentFates(model, counts);
+  models += ExpectResources(model, container);
   std::set<ElementId> parts;
   for (ElementId id = 0; id < model.Size(); ++id) {
     if (model[id].fate == Fate::kFound) ExpectAnswer(sources, id, parts);
@@ -220,21 +247,34 @@ void Compare(const Files& files, FateCounts& counts) {
 
 // Files are written from the inside out, each object with its keys in the order of the format.
 
-std::string Annotations(Choices& choices) {
-  return R"("metadata": {)" + choices.Several(2, [&] {
-    return choices.Of({"\"Resource\"", "\"Model\"", "\"X\""}) + ": {" + choices.Several(2, [&] {
-      return choices.Of({"\"value\"", "\"y\""}) + ": " +
-             (choices.OneIn(2) ? "\"" + choices.Unique() + "\"" : "[\"" + choices.Unique() + "\"]");
-    }) + "}";
+std::string Annotation(Choices& choices) {
+  const auto text = [&] {
+    return choices.OneIn(2) ? "\"" + choices.Unique() + "\"" : choices.Of({"\"r1\"", "\"r2\""});
+  };
+  return "{" + choices.Several(2, [&] {
+    const std::string value =
+        choices.OneIn(3) ? "[" + choices.Several(2, text) + "]" : std::string(text());
+    return choices.Of({"\"value\"", "\"value\"", "\"y\""}) + ": " + value;
   }) + "}";
 }
 
+/// Every second object has the one of that name.
+std::string Annotations(Choices& choices, const std::string& name = "X") {
+  std::string list = choices.Several(3, [&] {
+    return choices.Of({"\"Resource\"", "\"Model\"", "\"ModelKey\"", "\"X\""}) + ": " +
+           Annotation(choices);
+  });
+  if (list.empty() || choices.OneIn(2)) return R"("metadata": {)" + list + "}";
+  return R"("metadata": {")" + name + R"(": {}, )" + list + "}";
+}
+
 /// The members that most objects begin with.
-std::string Head(Choices& choices, const std::string& name) {
+std::string Head(Choices& choices, const std::string& name, const std::string& annotation = "X") {
   std::string head = R"({"name": ")" + name + "\"";
   // The second of one key does not count.
   if (choices.OneIn(20)) head += R"(, "name": "other")";
-  return head + R"(, "documentation": ")" + choices.Unique() + "\", " + Annotations(choices);
+  return head + R"(, "documentation": ")" + choices.Unique() + "\", " +
+         Annotations(choices, annotation);
 }
 
 std::string Type(Choices& choices) {
@@ -249,7 +289,7 @@ std::string Type(Choices& choices) {
 }
 
 std::string Field(Choices& choices) {
-  return Head(choices, choices.Of({"f", "g"})) + R"(, "type": )" + Type(choices) + "}";
+  return Head(choices, choices.Of({"f", "g"}), "ModelKey") + R"(, "type": )" + Type(choices) + "}";
 }
 
 std::string Enumeration(Choices& choices) {
@@ -270,7 +310,7 @@ std::string Constant(Choices& choices) {
 }
 
 std::string Structure(Choices& choices) {
-  return Head(choices, choices.Of({"s.a", "s.b", "same"})) + R"(, "type": "ERROR")" +
+  return Head(choices, choices.Of({"s.a", "s.b", "same"}), "Model") + R"(, "type": "ERROR")" +
          R"(, "enumerations": [)" + choices.Several(2, [&] { return Enumeration(choices); }) +
          R"(], "constants": [)" + choices.Several(2, [&] { return Constant(choices); }) +
          R"(], "fields": [)" + choices.Several(2, [&] { return Field(choices); }) + "]}";
@@ -313,7 +353,9 @@ std::string File(Choices& choices) {
 
 TEST(MetamodelModel, GeneratedFilesAreAnsweredAsItClaims) {
   FateCounts counts;
-  CompareGenerated(400, File, [&](const Files& files) { Compare(files, counts); });
+  std::size_t models = 0;
+  CompareGenerated(400, File, [&](const Files& files) { Compare(files, counts, models); });
+  EXPECT_GT(models, 50U);
   for (const Fate fate :
        {Fate::kFound, Fate::kDropped, Fate::kOverridden, Fate::kShadowed, Fate::kLost}) {
     EXPECT_GT(counts[fate], 100U) << static_cast<int>(fate);
@@ -322,6 +364,7 @@ TEST(MetamodelModel, GeneratedFilesAreAnsweredAsItClaims) {
 
 TEST(MetamodelModel, FilesOfTheCorpusAreAnsweredAsItClaims) {
   FateCounts counts;
-  CompareCorpus("metamodel_parser", [&](const Files& files) { Compare(files, counts); });
+  std::size_t models = 0;
+  CompareCorpus("metamodel_parser", [&](const Files& files) { Compare(files, counts, models); });
   EXPECT_GT(counts[Fate::kFound], 100U);
 }
