@@ -140,8 +140,8 @@ TEST_F(ShellOnATerminal, AnswersFitTheResizedTerminal) {
       folder.Path("state"),
       {{kPrompt, "help\r"}, {"\n" + kPrompt, "help\r", 50}, {"\n" + kPrompt, "quit\r"}});
   EXPECT_EQ(shown.status, 0) << shown.text;
-  EXPECT_THAT(shown.text, HasSubstr("and which kept their\r\n"));
-  EXPECT_THAT(shown.text, HasSubstr("once more, and tell\r\n"));
+  EXPECT_THAT(shown.text, HasSubstr("and which kept their old\r\n"));
+  EXPECT_THAT(shown.text, HasSubstr("Reload sources, and show which\r\n"));
 }
 
 TEST_F(ShellOnATerminal, TakesUtf8InTheCLocale) {

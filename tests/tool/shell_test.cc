@@ -212,7 +212,7 @@ TEST(Shell, DeleteOfAnUnknownSourceGetsSuggestions) {
   talk.Say("create " + kInventory);
   const ToolRun run = talk.Say("delete inventroy");
   EXPECT_EQ(run.status, 3);
-  EXPECT_EQ(run.err, "zelk-metadata: no source is called 'inventroy'; did you mean inventory?\n");
+  EXPECT_EQ(run.err, "zelk-metadata: no source has the id 'inventroy'; did you mean inventory?\n");
   EXPECT_EQ(talk.Say("reload inventroy").status, 3);
   EXPECT_EQ(talk.Say("delete ''").status, 3);
   EXPECT_EQ(talk.Say("list sources").out, "inventory\n");
@@ -240,7 +240,7 @@ TEST(Shell, ReloadTakesSeveralSourcesAndNoEmptyId) {
   const ToolRun run = talk.Say("reload ''");
   EXPECT_EQ(run.status, 3);
   EXPECT_EQ(run.out, "");
-  EXPECT_EQ(run.err, "zelk-metadata: no source is called ''\n");
+  EXPECT_EQ(run.err, "zelk-metadata: no source has the id ''\n");
   EXPECT_EQ(talk.Say("reload nobody inventory").status, 3);
 }
 
@@ -320,7 +320,7 @@ TEST(Shell, ReloadReportsAFileThatChangedItsDomain) {
   const ToolRun run = talk.Say("reload");
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "kept\tcli:a\t" + path +
-                         "\told data, since the file belongs to metamodel now; delete and create "
+                         "\told data, since the file now belongs to metamodel; delete and create "
                          "it\n");
   EXPECT_EQ(run.err, "");
 }

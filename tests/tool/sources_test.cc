@@ -101,7 +101,7 @@ TEST(Folders, EmptyFolderIsAnError) {
   const TempFolder folder;
   const ToolRun run = RunTool({"list", "sources", "--source", folder.Path("")});
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.err, "zelk-metadata: " + folder.Path("") + ": no *.json file is in this folder\n");
+  EXPECT_EQ(run.err, "zelk-metadata: " + folder.Path("") + ": this folder has no *.json file\n");
 }
 
 TEST(Folders, LinksToFilesAreLoadedLinksToFoldersAreNot) {
@@ -153,5 +153,5 @@ TEST(StandardInput, IsReadOnlyOnce) {
                               MetamodelFile(Component("c")));
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "c\n");
-  EXPECT_THAT(run.err, StartsWith("zelk-metadata: standard input: it can be read only once\n"));
+  EXPECT_THAT(run.err, StartsWith("zelk-metadata: standard input: can be read only once\n"));
 }

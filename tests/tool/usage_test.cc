@@ -43,9 +43,9 @@ TEST(Usage, UnknownNameGetsSuggestions) {
   const ToolRun run = RunOnThree("usage acme machine list");
   EXPECT_EQ(run.status, 3);
   EXPECT_EQ(run.err,
-            "zelk-metadata: no namespace or command is called 'acme.machine.list'; did "
+            "zelk-metadata: no namespace or command has the name 'acme.machine.list'; did "
             "you mean acme.machines.list?\n");
   EXPECT_EQ(RunOnInventory("usage").err,
-            "zelk-metadata: no source that is loaded describes a command-line client\n");
+            "zelk-metadata: no loaded source describes a command-line client\n");
   EXPECT_EQ(RunOnInventory("usage").status, 3);
 }

@@ -155,7 +155,7 @@ TEST(Which, StructureOfAPackageWinsOverThatOfAService) {
   EXPECT_THAT(run.out, HasSubstr("Answers:\n    b (" + folder + "b.json), in package p\n"));
   EXPECT_THAT(run.out, HasSubstr("Passed over:\n    a (" + folder + "a.json), in service v\n" +
                                  "    c (" + folder + "c.json), in service v\n"));
-  EXPECT_THAT(run.out, HasSubstr("Rule:\n    What stands in packages comes before"));
+  EXPECT_THAT(run.out, HasSubstr("Rule:\n    Definitions in packages come before"));
 }
 
 TEST(Which, OperationMissingInTheFirstSourceHasNoAnswer) {
@@ -165,7 +165,7 @@ TEST(Which, OperationMissingInTheFirstSourceHasNoAnswer) {
        MetamodelFile(Component("c", {Package("p", {Service("v")})}))});
   const ToolRun run = RunTool(Words{"which", "operation", "v", "o"} + sources.all);
   EXPECT_EQ(run.status, 3);
-  EXPECT_THAT(run.out, HasSubstr("Answers:\n    nobody\n\nPassed over:\n    b ("));
+  EXPECT_THAT(run.out, HasSubstr("Answers:\n    none\n\nPassed over:\n    b ("));
 }
 
 TEST(Which, ResourcesComeFromAllSources) {
@@ -191,7 +191,7 @@ TEST(Which, UnknownNameGetsSuggestions) {
   EXPECT_EQ(run.status, 3);
   EXPECT_EQ(run.out, "");
   EXPECT_EQ(run.err,
-            "zelk-metadata: no source holds the component com.acmee; did you mean com.acme?\n");
+            "zelk-metadata: no source has the component com.acmee; did you mean com.acme?\n");
 }
 
 TEST(Which, MakesNoSenseForSources) {

@@ -26,8 +26,7 @@ ExitStatus RunCheck(Invocation& call) {
     const bool is_input = file == "-";
     if (is_input && !input) input = InputFile::Copy(call.GetStreams().in);
     if (is_input && !input) {
-      status =
-          call.Fail(ExitStatus::kSourceFailed, "there is no room for a copy of standard input");
+      status = call.Fail(ExitStatus::kSourceFailed, "no space for a copy of standard input");
       continue;
     }
     CheckedFile checked = is_input ? CheckFile("<stdin>", input->Path(), Domains())
@@ -51,9 +50,9 @@ ExitStatus RunCheck(Invocation& call) {
 Command CheckCommand() {
   Command command;
   command.name = "check";
-  command.summary = "Load files by themselves and tell what is wrong with them";
+  command.summary = "Load each file separately and report what is wrong with it";
   command.operands = {{"FILE", Word::kPath, true,
-                       "Files of metadata, each loaded by itself; - is standard input",
+                       "Metadata files, each loaded separately; - is standard input",
                        &Arguments::files}};
   command.outputs = {"text", "json", "github"};
   command.example =

@@ -27,13 +27,13 @@ ExitStatus RunCompletion(Invocation& call) {
 Command CompletionCommand() {
   Command command;
   command.name = "completion";
-  command.summary = "Print what makes a shell complete the words of this program";
+  command.summary = "Print the script that completes commands in a shell";
   command.details =
       "bash: put into ~/.bashrc: source <(zelk-metadata completion bash)\n"
-      "zsh:  put into ~/.zshrc, behind compinit: source <(zelk-metadata completion zsh)\n"
+      "zsh:  put into ~/.zshrc, after compinit: source <(zelk-metadata completion zsh)\n"
       "fish: put into ~/.config/fish/config.fish: zelk-metadata completion fish | source\n"
-      "Where the program was installed from a package the shells know it already. Names are\n"
-      "completed from the sources that stand before them, unless those are very large.\n\n";
+      "Shells know the script already if the program was installed from a package. Names are\n"
+      "completed from the sources before them on the line, unless those are very large.\n\n";
   command.operands = {
       {"SHELL", Word::kChoice, true, "bash, zsh or fish", &Arguments::text, CompletedShells()}};
   command.example = "completion bash";

@@ -17,7 +17,7 @@ ExitStatus RunDelete(Invocation& call) {
 Command DeleteCommand() {
   Command command;
   command.name = "delete";
-  command.summary = "Forget sources with all that came from them";
+  command.summary = "Delete sources";
   command.details = kAboutFolders;
   command.operands = {SourceIdsOperand(true)};
   command.scope = Scope::kSession;

@@ -99,13 +99,13 @@ ExitStatus RunGet(Invocation& call) {
 Command GetCommand() {
   Command command;
   command.name = "get";
-  command.summary = "Show what there is to know about one or more IDs";
+  command.summary = "Show everything about one or more IDs";
   command.ids_of = IdsOfQuery<&Kind::get>;
   command.details =
-      "A page has what the other domains say about the thing, too: the schemes that are listed\n"
-      "for it and what is around it, and the commands that call it. JSON has the record whole\n"
-      "and nothing else; an array of records with their domain, kind and ids, if several ids\n"
-      "are asked for or several domains answer.\n\n" +
+      "A page also shows what the other domains know: the schemes listed for the thing and for\n"
+      "its parents, and the commands that call it. JSON is the complete record and nothing else,\n"
+      "or an array of records with their domain, kind and ids if there are several IDs or several\n"
+      "domains answer.\n\n" +
       KindsText(command.ids_of);
   command.operands = {KindOperand(), IdsOperand()};
   command.outputs = TableOutputs();

@@ -28,7 +28,7 @@ ExitStatus RunHelp(Invocation& call) {
 Command HelpCommand() {
   Command command;
   command.name = "help";
-  command.summary = "Tell what can be said, or all about one command";
+  command.summary = "List the commands, or describe one";
   command.operands = {
       {"COMMAND", Word::kCommand, false, "The name of a command", &Arguments::text}};
   command.scope = Scope::kSession;

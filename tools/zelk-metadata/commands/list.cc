@@ -49,8 +49,9 @@ Command ListCommand() {
   command.summary = "List the names of a kind, or of what belongs to an ID";
   command.ids_of = IdsOfQuery<&Kind::list>;
   command.details =
-      "A kind that several domains know is listed for all of them, one after the other; write\n"
-      "DOMAIN:KIND for one of them. --output plain and json answer the names alone.\n\n" +
+      "A kind of several domains is listed for all of them, one after the other; write "
+      "DOMAIN:KIND\n"
+      "for one of them. --output plain and json print only the names.\n\n" +
       KindsText(command.ids_of);
   command.operands = {KindOperand(), IdsOperand()};
   command.outputs = TableOutputs();

@@ -78,7 +78,7 @@ void WriteCommand(std::ostream& out, const Command& command) {
 
 /// What can be said in a session only.
 void WriteSessionCommands(std::ostream& out) {
-  out << ".SH SESSIONS\nWhat can be said in a shell only:\n";
+  out << ".SH SESSIONS\nCommands of the shell only:\n";
   for (const Command& command : SessionLanguage().commands) {
     if (command.scope != Scope::kSession) continue;
     const std::string end = command.details.empty() ? "." : ".\n" + command.details;
@@ -96,9 +96,9 @@ void WritePage(std::ostream& out) {
   WriteFilled(out, kAboutSources);
   WriteFilled(out, kAboutOutput);
   WriteFilled(out, kAboutExamples);
-  out << ".SH OPTIONS\nMay stand before and behind the command.\n";
+  out << ".SH OPTIONS\nBefore or after the command.\n";
   for (const auto& option : language.options) WriteOption(out, option);
-  WriteTagged(out, BoldText("--help"), "Print what can be given; behind a command, to that one");
+  WriteTagged(out, BoldText("--help"), "Print the help; after a command, that of the command");
   WriteTagged(out, BoldText("--version"), "Print the version");
   out << ".SH COMMANDS\n";
   for (const Command& command : language.commands) WriteCommand(out, command);
@@ -108,12 +108,13 @@ void WritePage(std::ostream& out) {
     WriteTagged(out, BoldText(std::to_string(status)), text);
   }
   out << ".SH ENVIRONMENT\n";
-  WriteTagged(out, BoldText("NO_COLOR"), "If not empty, nothing is coloured");
-  WriteTagged(out, BoldText("COLUMNS"), "The width to wrap text to, in place of the terminal's");
-  WriteTagged(out, BoldText("XDG_STATE_HOME"), "Where the history is, ~/.local/state if not set");
+  WriteTagged(out, BoldText("NO_COLOR"), "If not empty, colours are off");
+  WriteTagged(out, BoldText("COLUMNS"), "The width to wrap text to, instead of the terminal's");
+  WriteTagged(out, BoldText("XDG_STATE_HOME"),
+              "The folder of the history, ~/.local/state by default");
   out << ".SH FILES\n";
   WriteTagged(out, ItalicText("$XDG_STATE_HOME/zelk-metadata/history"),
-              "What was typed in earlier sessions");
+              "The lines of earlier sessions");
 }
 
 /// The manual page, made from what the program knows of itself.

@@ -23,7 +23,7 @@ const char* NameOf(ReloadReport::State state) {
 std::string Reason(const ReloadReport& report) {
   if (report.state != ReloadReport::State::kKept) return "";
   if (!report.moved_to.empty()) {
-    return fmt::format("old data, since the file belongs to {} now; delete and create it",
+    return fmt::format("old data, since the file now belongs to {}; delete and create it",
                        report.moved_to);
   }
   if (!report.problems.empty()) return "old data, since the file fails to load";
@@ -82,13 +82,12 @@ ExitStatus RunReload(Invocation& call) {
 Command ReloadCommand() {
   Command command;
   command.name = "reload";
-  command.summary = "Load sources once more, and tell which changed and which kept their old data";
+  command.summary = "Reload sources, and show which changed and which kept their old data";
   command.details =
       std::string(
-          "Without an ID all sources. A source whose file fails keeps its old data, and so do "
-          "those\n"
-          "behind it in its domain, in the order of their ids, unless they are reloaded by "
-          "theirs.\n") +
+          "Without an ID, all sources. A source whose file fails keeps its old data. So do the "
+          "sources\n"
+          "after it in its domain, in the order of the ids, unless they are reloaded by id.\n") +
       kAboutFolders;
   command.operands = {SourceIdsOperand(false)};
   command.outputs = TableOutputs();

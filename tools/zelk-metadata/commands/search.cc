@@ -111,12 +111,12 @@ ExitStatus RunSearch(Invocation& call) {
 Command SearchCommand() {
   Command command;
   command.name = "search";
-  command.summary = "Find what is called or described by a text";
+  command.summary = "Find names and documentation that contain a text";
   command.details =
-      "Upper and lower case are the same. What is called so comes first; a TEXT with a dot is\n"
-      "looked for in whole names, other texts in their last part only.\n";
+      "Upper and lower case are the same. Names come first. A TEXT with a dot is searched in full\n"
+      "names, any other TEXT only in their last part.\n";
   command.operands = {
-      {"TEXT", Word::kText, true, "A part of a name or of a documentation", &Arguments::text}};
+      {"TEXT", Word::kText, true, "Part of a name or of documentation", &Arguments::text}};
   command.outputs = TableOutputs();
   command.example = "search md5 --source metadata";
   command.use = HostUse::kOutlines;

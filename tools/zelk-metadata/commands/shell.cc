@@ -32,11 +32,11 @@ ExitStatus RunShell(Invocation& call) {
 Command ShellCommand() {
   Command command;
   command.name = "shell";
-  command.summary = "Ask one question after the other, while sources come, change and go";
+  command.summary = "Start a session in which sources can be loaded, reloaded and deleted";
   command.details =
-      "On a terminal with a history and completed words; elsewhere the lines of standard input\n"
-      "are read, and the exit status is that of the first one that fails. The line help tells\n"
-      "what can be said: most commands of this program, and changes of what is loaded.\n\n";
+      "On a terminal it has a history and completes words. Elsewhere it reads lines from standard\n"
+      "input, and the exit status is that of the first line that fails. The line help lists the\n"
+      "commands: most of those of this program, and create, delete and reload.\n\n";
   command.example = "shell --source metadata";
   command.scope = Scope::kProgram;
   command.run = RunShell;

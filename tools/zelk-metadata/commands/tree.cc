@@ -143,10 +143,10 @@ ExitStatus RunTree(Invocation& call) {
 Command TreeCommand() {
   Command command;
   command.name = "tree";
-  command.summary = "Show everything that is loaded, each thing below what it is in";
+  command.summary = "Show everything that is loaded, each thing below its parent";
   command.details =
-      "Components, packages, services and operations; namespaces and commands; how many of\n"
-      "each there are in a thing. What several sources hold is shown once.\n";
+      "Shows components, packages, services and operations, and namespaces and commands, with the\n"
+      "number of each in a thing. A thing that is in several sources is shown once.\n";
   command.options = {{"depth", "LEVELS", Word::kNumber, "How many levels to show below the domains",
                       &Arguments::depth}};
   command.outputs = TableOutputs();

@@ -15,8 +15,7 @@ ExitStatus RunUsage(Invocation& call) {
   const Names& words = call.Args().ids;
   const auto usage = host.Usage(words);
   if (!usage) {
-    return call.Fail(ExitStatus::kNotFound,
-                     "no source that is loaded describes a command-line client");
+    return call.Fail(ExitStatus::kNotFound, "no loaded source describes a command-line client");
   }
   if (!usage->page.answer) {
     const std::string name = fmt::format("{}", fmt::join(words, "."));
@@ -42,9 +41,9 @@ Command UsageCommand() {
   Command command;
   command.name = "usage";
   command.summary = "Show the help of the command-line client that the metadata describes";
-  command.details = "Without a NAME that of the client itself, with its uppermost namespaces.\n";
+  command.details = "Without a NAME, the help of the client itself with its top namespaces.\n";
   command.operands = {{"NAME", Word::kUsageName, false,
-                       "The namespaces and the command, dotted or each for itself",
+                       "The namespaces and the command, as one dotted name or as words",
                        &Arguments::ids}};
   command.outputs = TableOutputs();
   command.example = "usage metadata metamodel component --source metadata";

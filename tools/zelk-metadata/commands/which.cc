@@ -65,7 +65,7 @@ void WritePage(Page& page, const Decided& decided, const Ids& ids) {
   WriteHolders(page, "Answers:", decided.decision.answering);
   if (decided.decision.answering.empty()) {
     page.Heading("Answers:");
-    page.Line(1, "nobody");
+    page.Line(1, "none");
   }
   WriteHolders(page, "Passed over:", decided.decision.passed_over);
   page.Heading("Rule:");
@@ -103,8 +103,8 @@ ExitStatus RunWhich(Invocation& call) {
   if (!all.empty()) return answered ? ExitStatus::kOk : ExitStatus::kNotFound;
   // Near names are those of all sources together.
   call.GetHost().LoadTogether();
-  const std::string text = fmt::format("no source holds the {} {}", call.Kinds().front().kind->name,
-                                       fmt::join(ids, " "));
+  const std::string text =
+      fmt::format("no source has the {} {}", call.Kinds().front().kind->name, fmt::join(ids, " "));
   return call.FailAs(ServiceError{"", {Message{"", text, {}}}}, ids);
 }
 
@@ -113,7 +113,7 @@ ExitStatus RunWhich(Invocation& call) {
 Command WhichCommand() {
   Command command;
   command.name = "which";
-  command.summary = "Tell which source answers for a name, which are passed over, and why";
+  command.summary = "Show which source answers for a name, which are passed over, and why";
   command.ids_of = IdsOfWhich;
   const std::string kinds = fmt::format(
       "Kinds: {}; with the ids that `get` takes, for model and resource that of the "

@@ -109,7 +109,7 @@ Choices Options(const Language& language, const Line& line) {
   };
   if (line.command != nullptr) add(line.command->options);
   add(language.options);
-  choices.push_back({"--help", "Print what can be given, and end"});
+  choices.push_back({"--help", "Print the help"});
   if (line.command == nullptr && !language.program.empty()) {
     choices.push_back({"--version", "Print the version"});
   }
@@ -160,7 +160,7 @@ Choices Kinds(const Place& place) {
   return choices;
 }
 
-/// Which of its ids comes next for a kind; nothing when it has enough of them.
+/// The position of the next id of a kind; nothing if it has enough of them.
 std::optional<std::size_t> NextId(const Command& command, const IdCount& count, std::size_t given) {
   if (command.takes_several) return given % std::max<std::size_t>(count.min, 1);
   if (given >= count.max) return std::nullopt;

@@ -204,7 +204,7 @@ Outcome<UsagePage> UsageOf(const CliNodes& nodes, const Names& words) {
                       std::nullopt},
             std::nullopt};
   }
-  const std::string text = fmt::format("no namespace or command is called '{}'", name);
+  const std::string text = fmt::format("no namespace or command has the name '{}'", name);
   return {std::nullopt, ServiceError{"", {Message{"", text, {}}}}};
 }
 

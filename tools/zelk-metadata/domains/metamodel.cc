@@ -29,9 +29,9 @@ constexpr Precedence kServiceFirst{Rule::kFirstParent,
                                    "answers for all its operations."};
 constexpr Precedence kByPlace{
     Rule::kPlace,
-    "What stands in packages comes before what stands in services, and both before what stands in "
-    "structures, whichever source it is in; in equal places the first source in the order of the "
-    "ids answers."};
+    "Definitions in packages come before those in services, and both before those in structures, "
+    "whichever source they are in; in equal places the first source in the order of the ids "
+    "answers."};
 constexpr Precedence kLastSource{
     Rule::kLastSource,
     "The last source in the order of the ids answers; the sets of the others are not added to its "

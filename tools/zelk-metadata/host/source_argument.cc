@@ -61,15 +61,15 @@ Expansion ExpandFolder(const SourceArgument& argument, const std::string& prefix
     expansion.sources.push_back({prefix + DefaultSourceId(file.string()), file.string()});
   }
   if (expansion.sources.empty() && expansion.complaints.empty()) {
-    expansion.complaints.push_back(argument.path + ": no *.json file is in this folder");
+    expansion.complaints.push_back(argument.path + ": this folder has no *.json file");
   }
   return expansion;
 }
 
 Expansion ExpandInput(const SourceArgument& argument, std::istream& in) {
-  if (in.eof()) return {{}, {"standard input: it can be read only once"}};
+  if (in.eof()) return {{}, {"standard input: can be read only once"}};
   const auto input = InputFile::Copy(in);
-  if (!input) return {{}, {"standard input: there is no room for a copy of it"}};
+  if (!input) return {{}, {"standard input: no space for a copy of it"}};
   return {{{argument.id, input->Path(), argument.is_named, input}}, {}};
 }
 

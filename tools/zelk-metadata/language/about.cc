@@ -20,26 +20,30 @@ std::pair<int, std::string> Row(ExitStatus status, const char* text) {
 const char kDescription[] = "Answers questions about the interfaces that metadata files describe.";
 
 const char kAboutSources[] =
-    "A source PATH is a file; a folder, of which every *.json is loaded; or - for standard input.\n"
-    "What a file describes, Metamodel, Authentication or CLI, is found in it. It gets the ID that\n"
-    "stands before the first '=', or else its name without folder and extension. Text before '='\n"
-    "that is empty or has a '/' is no ID but part of the path, so a file a=b.json in the current\n"
-    "folder is ./a=b.json. An ID for a folder stands before the names of its files: ID/NAME.\n";
+    "A source PATH is a file, a folder or - for standard input. Of a folder, every *.json in it "
+    "and\n"
+    "in the folders below it is loaded. The domain, Metamodel, Authentication or CLI, is found in "
+    "the\n"
+    "file. The ID of a file is the text before the first '=', or else its name without folder and\n"
+    "extension. Text before '=' that is empty or has a '/' is not an ID but part of the path: "
+    "write\n"
+    "./a=b.json for a file a=b.json. The files of a folder with an ID are called ID/NAME.\n";
 
 const char kAboutOutput[] =
-    "Output is a table or a page for people on a terminal, in its width and with colours unless\n"
-    "NO_COLOR is set. Elsewhere it is plain: nothing is wrapped, and lists have no headings.\n";
+    "On a terminal, output is a table or a page in its width, with colours unless NO_COLOR is "
+    "set.\n"
+    "Elsewhere it is plain: nothing is wrapped, and lists have no headings.\n";
 
 const char kAboutExamples[] =
-    "The examples load the folder metadata, which describes the program's own services. It is in\n"
+    "The examples load the folder metadata, which describes the library's own services. It is in\n"
     "share/zelk-metadata below the folder that the program was installed to.\n";
 
 const std::vector<std::pair<int, std::string>>& ExitStatusTexts() {
   static const std::vector<std::pair<int, std::string>> texts{
-      Row(ExitStatus::kOk, "all is well"),
+      Row(ExitStatus::kOk, "success"),
       Row(ExitStatus::kSourceFailed, "a source failed to load, or check found problems"),
       Row(ExitStatus::kUsage, "wrong usage"),
-      Row(ExitStatus::kNotFound, "unknown kind or id (1 if a source failed, too)"),
+      Row(ExitStatus::kNotFound, "unknown kind or id (1 if a source failed as well)"),
       Row(ExitStatus::kOutputLost, "the output could not be written"),
   };
   return texts;

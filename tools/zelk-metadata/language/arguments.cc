@@ -15,8 +15,7 @@
 namespace Zelk::Tool {
 namespace {
 
-constexpr char kSharedOptions[] =
-    "The options that zelk-metadata --help shows may be given here, too.";
+constexpr char kSharedOptions[] = "The options of zelk-metadata --help may be given here, too.";
 
 // The parser reads an operand such as [a,b] as a list of two. A byte in front, removed after
 // parsing, prevents that.

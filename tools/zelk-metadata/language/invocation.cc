@@ -141,7 +141,7 @@ ExitStatus Invocation::FailAs(const ServiceError& error, const Ids& ids) const {
 }
 
 ExitStatus Invocation::FailAsSource(const std::string& id) const {
-  return Fail(ExitStatus::kNotFound, fmt::format("no source is called '{}'{}", id,
+  return Fail(ExitStatus::kNotFound, fmt::format("no source has the id '{}'{}", id,
                                                  Suggestion(NearNames(id, host_.SourceIds()))));
 }
 

@@ -34,7 +34,7 @@ std::string KindsText(IdsOf ids_of) {
       if (usages.empty() || usages.back() != usage) usages.push_back(usage);
     }
   }
-  return fmt::format("Kinds, which may be written in the plural, too:\n  {}\n",
+  return fmt::format("Kinds, which may also be written in the plural:\n  {}\n",
                      fmt::join(usages, "\n  "));
 }
 

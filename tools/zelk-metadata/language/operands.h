@@ -20,10 +20,10 @@ OperandDescription KindOperand(bool required = true);
 OperandDescription IdsOperand();
 OperandDescription SourceIdsOperand(bool required);
 
-/// Help: how the files of a folder are called.
+/// Help: the ids of the files of a folder.
 constexpr char kAboutFolders[] =
-    "The files of a folder are sources of their own, called NAME, or FOLDER/NAME where the folder\n"
-    "was given the ID FOLDER.\n";
+    "Each file of a folder is a source, with the id NAME, or FOLDER/NAME if the folder was given\n"
+    "the ID FOLDER.\n";
 
 /// --output of commands that show tables and pages.
 std::vector<std::string> TableOutputs();

@@ -69,7 +69,7 @@ bool LoadOutlines(Host& host, std::vector<SourceOutline>& outlines, const Stream
   std::vector<LoadReport> failures;
   {
     Progress progress(streams.err, streams.err_terminal.is_terminal, kPatience);
-    progress.Show("looking into every source ...");
+    progress.Show("reading every source ...");
     outlines = host.Outlines(failures);
   }
   Tally tally;
