@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -78,6 +80,19 @@ std::size_t CountKeys(const std::string& json, const std::string& name) {
 }
 
 }  // namespace
+
+TEST(Hostile, FileThatIsTooLargeIsReportedWithoutAPlaceAndNotRead) {
+  const TempFolder folder;
+  const std::string path = folder.Write("file.json", R"({"cli": []})");
+  std::filesystem::resize_file(path, std::uintmax_t{1} << 40U);
+  const std::string message = "Cli source file parse error : 16 at 4294967295";
+  const ToolRun check = RunTool({"check", path});
+  EXPECT_EQ(check.status, 1);
+  EXPECT_THAT(check.out, HasSubstr(path + ": error: " + message));
+  const ToolRun list = RunTool({"list", "namespace", "--source", path});
+  EXPECT_EQ(list.status, 1);
+  EXPECT_THAT(list.err, HasSubstr(message));
+}
 
 TEST(Hostile, DeepTypeHasAPage) {
   const TempFolder folder;

@@ -78,11 +78,13 @@ void LocateExpected(std::vector<Finding>& findings, const Analysis::Document& do
   }
 }
 
-/// Empty for anything but a regular file and for a file that cannot be read.
+/// Empty for anything but a regular file, for a file that cannot be read and for one of more than
+/// kMaxFileSize bytes.
 std::optional<std::string> TextOf(const std::string& path) {
   std::error_code ignored;
   // Opening a pipe would wait for a writer.
   if (!std::filesystem::is_regular_file(path, ignored)) return std::nullopt;
+  if (std::filesystem::file_size(path, ignored) > kMaxFileSize) return std::nullopt;
   std::ifstream file(path, std::ios::binary);
   if (!file) return std::nullopt;
   std::ostringstream text;

@@ -21,6 +21,7 @@ void Advance(FilePosition& position, const char* begin, const char* end) {
 std::optional<FilePosition> PositionAt(const std::string& path, std::uint64_t offset) {
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(path, ignored)) return std::nullopt;
+  if (std::filesystem::file_size(path, ignored) > kMaxFileSize) return std::nullopt;
   std::ifstream file(path, std::ios::binary);
   FilePosition position{1, 1};
   std::array<char, 65536> chunk{};
