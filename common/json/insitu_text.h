@@ -9,16 +9,16 @@
 
 #include "common/json/text_buffer.h"
 
-// How RapidJSON reads a text that may be written over: decoded strings take the place of their own
-// JSON text, which is never shorter, so that nothing is copied to where it already stands.
+// How RapidJSON reads a text that it may overwrite: a decoded string replaces its own JSON text,
+// which is never shorter. A string without escapes is not copied at all.
 
 namespace Zelk::Provider::Metadata {
 
-/// UTF-8 as RapidJSON has it, under a name of our own, so that the transcoder below is only ours.
+/// RapidJSON's UTF-8 under a name of our own, so that the transcoder below applies to us only.
 struct JsonEncoding : rapidjson::UTF8<> {};
 
-/// RapidJSON's stream over such a text: it reads ahead of where it writes. The zero byte behind the
-/// text ends it; RapidJSON takes nothing after one.
+/// A RapidJSON stream over such a text. It never writes beyond the position that it reads. The zero
+/// byte after the text ends it; RapidJSON does not read past one.
 class InsituText {
  public:
   using Ch = char;
@@ -45,8 +45,8 @@ class InsituText {
     while (*source_ == ' ' || *source_ == '\n' || *source_ == '\r' || *source_ == '\t') ++source_;
   }
 
-  /// Moves what stands up to the next character that is special within a JSON string: a quotation
-  /// mark, a backslash, or a control character, the zero byte at the end among them.
+  /// Moves the characters up to the next one that is special in a JSON string: a quotation mark, a
+  /// backslash or a control character (the zero byte at the end is one).
   void PutPlainCharacters() {
     const char* const special = FindSpecial();
     const auto count = static_cast<std::size_t>(special - source_);
@@ -60,8 +60,8 @@ class InsituText {
 
   static constexpr Block kOnes = 0x0101010101010101;
 
-  /// Marks the bytes of the block that are less than `bound`, at most 128, in their highest bits.
-  /// Only the lowest mark is sure: above it, marks may be too many.
+  /// Sets the highest bit of each byte of the block that is less than `bound`, which is at most
+  /// 128. Only the lowest mark is reliable: above it, bytes may be marked wrongly.
   static constexpr Block MarkBelow(Block block, Block bound) {
     return (block - kOnes * bound) & ~block & (kOnes * 0x80);
   }
@@ -77,7 +77,7 @@ class InsituText {
 
   const char* FindSpecial() const {
     const char* position = source_;
-    // Eight characters at a time: most of a file are words of documentation.
+    // Eight characters at a time: most of a file is documentation.
     for (Block block = 0; end_ - position >= static_cast<std::ptrdiff_t>(sizeof block);
          position += sizeof block) {
       std::memcpy(&block, position, sizeof block);
@@ -94,7 +94,7 @@ class InsituText {
   char* target_;
 };
 
-/// What RapidJSON calls between tokens; its own version takes a copy of the stream each time.
+/// RapidJSON calls this between tokens. Its own version copies the stream each time.
 inline void SkipWhitespace(InsituText& text) {
   text.SkipWhitespace();
 }
@@ -109,8 +109,8 @@ struct StreamTraits<Zelk::Provider::Metadata::InsituText> {
   enum { copyOptimization = 1 };
 };
 
-/// Strings are moved in runs; RapidJSON itself would take one character at a time. It asks for a
-/// transcoding only where a plain character stands.
+/// Moves several characters at a time; RapidJSON's own transcoder moves one. RapidJSON calls it
+/// only at a plain character.
 template <>
 struct Transcoder<Zelk::Provider::Metadata::JsonEncoding, Zelk::Provider::Metadata::JsonEncoding>
     : Transcoder<UTF8<>, UTF8<>> {

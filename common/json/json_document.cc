@@ -8,8 +8,8 @@
 namespace Zelk::Provider::Metadata {
 namespace {
 
-/// The default mode sees a value that cannot begin where the iterative mode sees no value at all,
-/// for these first characters only. Messages carry the default mode's code.
+/// At one of these characters, RapidJSON's default mode reports an invalid value, and its iterative
+/// mode reports that there is no value. Messages have the code of the default mode.
 bool StartsLikeAValue(std::string_view text, std::size_t offset) {
   return offset < text.size() &&
          std::string_view("]},:").find(text[offset]) != std::string_view::npos;
@@ -26,8 +26,8 @@ rapidjson::ParseErrorCode DefaultModeCode(rapidjson::ParseErrorCode code, std::s
 
 std::string ReadAll(std::istream& in) {
   std::string text;
-  std::vector<char> chunk(65536);  // not on the stack, which is the caller's and may be small
-  // read() and not the buffer's own functions: those throw for a folder opened as a file.
+  std::vector<char> chunk(65536);  // not on the stack: it is the caller's and may be small
+  // read() and not the functions of the stream buffer: they throw for a folder opened as a file.
   while (in.read(chunk.data(), static_cast<std::streamsize>(chunk.size())) || in.gcount() > 0) {
     text.append(chunk.data(), static_cast<std::size_t>(in.gcount()));
   }
@@ -37,7 +37,7 @@ std::string ReadAll(std::istream& in) {
 JsonDocument::JsonDocument(TextBuffer text) : text_(std::move(text)), pool_(MakePool(text_)) {}
 
 JsonDocument::Pool JsonDocument::MakePool(TextBuffer& text) {
-  // RapidJSON keeps some of the room for itself.
+  // RapidJSON uses some of the room itself.
   constexpr std::size_t kWorthwhile = 1024;
   if (text.RoomSize() < kWorthwhile) return Pool();
   return Pool(text.Room(), text.RoomSize());

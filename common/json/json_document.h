@@ -12,25 +12,25 @@
 
 namespace Zelk::Provider::Metadata {
 
-/// Everything from the stream's current position to its end.
+/// Returns everything from the stream's current position to its end.
 std::string ReadAll(std::istream& in);
 
-/// A value of a JSON document, as RapidJSON has it.
+/// A value of a JSON document.
 using JsonValue = rapidjson::GenericValue<JsonEncoding, rapidjson::MemoryPoolAllocator<JsonHeap>>;
 
-/// A JSON document. Its values live in one memory pool, its strings in the text that it was parsed
-/// from, and all are released at one stroke, however deeply they nest.
+/// A JSON document. Its values are in one memory pool and its strings in the text that it was
+/// parsed from. All are released at once, without recursion.
 class JsonDocument {
  public:
   explicit JsonDocument(TextBuffer text);
 
-  /// Parses the whole text, nested to any depth, with RapidJSON's default (strict) rules; to be
-  /// called once. False on a syntax error, after appending `parse_error_id` with the parse-error
-  /// code and the byte offset.
+  /// Parses the whole text, nested to any depth, with RapidJSON's default (strict) rules. Call it
+  /// once. On a syntax error, appends `parse_error_id` with RapidJSON's error code and the byte
+  /// offset, and returns false.
   /// Intended(zero-byte-ends-text): RapidJSON takes a zero byte for the end of its stream.
   bool Parse(const char* parse_error_id, Errors& errors);
 
-  /// The value that the text is, after a successful parse.
+  /// Returns the outermost value. Only after a successful parse.
   const JsonValue& Root() const { return document_; }
 
  private:

@@ -6,7 +6,7 @@ namespace Zelk::Provider::Metadata {
 
 std::string ToUpper(std::string text) {
   const std::locale locale;
-  // Asked for once a text; the standard's toupper() asks the locale for it at every character.
+  // Get the facet once per text; std::toupper() would get it for every character.
   std::use_facet<std::ctype<char>>(locale).toupper(text.data(), text.data() + text.size());
   return text;
 }

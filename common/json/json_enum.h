@@ -8,13 +8,13 @@
 
 namespace Zelk::Provider::Metadata {
 
-/// `text` in upper case, by the rules of the global locale.
+/// Returns `text` in upper case, by the rules of the global locale.
 std::string ToUpper(std::string text);
 
 class EnumConverter {
  public:
-  /// The enumerator of `E` whose text is `text`, upper and lower case alike; the unknown value
-  /// holding the upper-cased text when there is none.
+  /// Returns the enumerator of `E` whose text is `text`, ignoring case. If there is none, returns
+  /// the unknown value with the text in upper case.
   template <typename E>
   static E Convert(std::string_view text) {
     E exact = FindExact<E>(text);
@@ -24,7 +24,7 @@ class EnumConverter {
     return converted.Value() != E::UNKNOWN ? converted : E::Unknown(std::move(upper));
   }
 
-  /// The enumerator of `E` whose text is exactly `text`; unknown when there is none.
+  /// Returns the enumerator of `E` whose text is exactly `text`, or the unknown value.
   template <typename E>
   static E FindExact(std::string_view text) {
     for (int value = 0; E::Strings::values[value] != nullptr; ++value) {
@@ -36,7 +36,7 @@ class EnumConverter {
   }
 };
 
-/// Whether `value` is a known one; appends the invalid-enum-value message with `name` when not.
+/// Returns whether `value` is known. If not, appends the invalid-enum-value message with `name`.
 template <typename E>
 bool CheckEnum(const E& value, const char* name, Errors& errors) {
   if (value.Value() != E::UNKNOWN) {
@@ -53,8 +53,8 @@ bool ParseEnum(const JsonValue& value, const char* name, Errors& errors, E& resu
   return CheckEnum(result, name, errors);
 }
 
-/// Reads an enumerator of `E` from a JSON string that may also be written as `alias`, which stands
-/// for `meaning`. The alias is in upper case and none of the enumerators' own texts.
+/// As ParseEnum; `alias` is another text for `meaning`. It must be in upper case and differ from
+/// the texts of the enumerators.
 template <typename E>
 bool ParseAliasedEnum(const JsonValue& value, const char* name, Errors& errors, E& result,
                       const char* alias, typename E::Enumerator meaning) {

@@ -4,8 +4,8 @@
 
 namespace Zelk::Provider::Metadata {
 
-/// The heap under a JSON document. RapidJSON writes through whatever its allocator returns, so
-/// memory that is not to be had must end in std::bad_alloc here and never in a null pointer.
+/// The allocator of a JSON document. RapidJSON does not check for null, so a failed allocation must
+/// throw std::bad_alloc.
 class JsonHeap {
  public:
   static const bool kNeedFree = true;

@@ -29,7 +29,7 @@ JsonMembers::JsonMembers(const JsonValue& value) {
 const JsonValue* FindMember(const JsonValue& object, const char* name) {
   const std::size_t length = std::strlen(name);
   for (const auto& member : JsonMembers(object)) {
-    // The zero byte after the name is compared too; it may stand within a longer key.
+    // The zero byte after the name is compared, too; a longer key may contain it.
     if (member.name.GetStringLength() >= length &&
         std::memcmp(member.name.GetString(), name, length + 1) == 0) {
       return &member.value;
@@ -41,7 +41,7 @@ const JsonValue* FindMember(const JsonValue& object, const char* name) {
 const JsonValue* FindMember(const JsonValue& object, const char* name, Errors& errors) {
   const JsonValue* value = FindMember(object, name);
   if (value == nullptr) {
-    // Every optional member that is absent leaves one: made where it stays, not copied.
+    // Constructed in place: every absent optional member adds one.
     errors.emplace_back(CatalogMessage(MessageId::kMissingField)) % name;
   }
   return value;

@@ -7,18 +7,18 @@
 
 namespace Zelk::Provider::Metadata {
 
-/// The JSON types that members of a metadata file can be asked to have.
+/// The JSON types that the formats require of members.
 enum class JsonType { kString, kObject, kArray };
 
 enum class Presence { kRequired, kOptional };
 
-/// What a checked lookup found. `ok` with a null `value` is an optional member that is absent.
+/// The result of a checked lookup. If `ok` is true and `value` null, an optional member is absent.
 struct JsonLookup {
   bool ok;
   const JsonValue* value;
 };
 
-/// The members of `value` in document order; none when it is no object.
+/// The members of `value` in document order; empty if it is not an object.
 class JsonMembers {
  public:
   explicit JsonMembers(const JsonValue& value);
@@ -38,25 +38,25 @@ class JsonMembers {
 /// Intended(first-key-counts): if a key occurs twice, the first one counts, without a message.
 const JsonValue* FindMember(const JsonValue& object, const char* name);
 
-/// The same; appends the missing-field message when there is none.
+/// As above; appends the missing-field message if there is none.
 const JsonValue* FindMember(const JsonValue& object, const char* name, Errors& errors);
 
-/// Whether `value` has the type; appends the invalid-field message with `name` when not.
+/// Returns whether `value` has the type. If not, appends the invalid-field message with `name`.
 bool CheckType(const JsonValue& value, JsonType type, const char* name, Errors& errors);
 
-/// The one lookup under all member helpers: presence and type checked, messages appended.
+/// The lookup of all member helpers: checks presence and type and appends the messages.
 /// Intended(absent-key-message): an absent optional member leaves a missing-field message, too; the
 /// messages of a failed load list all keys that were absent.
 JsonLookup LookUp(const JsonValue& object, const char* name, JsonType type, Presence presence,
                   Errors& errors);
 
-/// The text of a JSON string, embedded zero bytes kept. `value` must be a string, and the view ends
-/// with its document.
+/// Returns the text of a JSON string, including zero bytes. `value` must be a string. The view is
+/// valid as long as its document.
 inline std::string_view TextOf(const JsonValue& value) {
   return {value.GetString(), value.GetStringLength()};
 }
 
-/// A copy of that text.
+/// Returns a copy of that text.
 inline std::string ValToString(const JsonValue& value) {
   return std::string(TextOf(value));
 }

@@ -10,28 +10,28 @@
 namespace Zelk::Provider::Metadata {
 namespace {
 
-/// Texts below this many bytes are on the heap.
+/// Smaller texts are on the heap.
 constexpr std::size_t kSmall = std::size_t{128} * 1024;
 
-/// What the system can map at once where it does not map in (much smaller) pages.
+/// The size of a huge page, which the system can map at once.
 constexpr std::size_t kHugePage = std::size_t{2} * 1024 * 1024;
 
 constexpr std::size_t AlignUp(std::size_t size, std::size_t alignment) {
   return (size + alignment - 1) / alignment * alignment;
 }
 
-/// How many bytes the text itself takes of its block.
+/// Returns the size of the part of a block that the text takes.
 constexpr std::size_t TextPart(std::size_t size) {
   return AlignUp(size + 1, alignof(std::max_align_t));
 }
 
-/// A mapping of whole huge pages. Nothing is reserved: what is not used costs nothing.
+/// Maps whole huge pages. Pages take no memory until they are used.
 char* Map(std::size_t size) {
   void* const mapping = mmap(nullptr, size + kHugePage, PROT_READ | PROT_WRITE,
                              MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
   if (mapping == MAP_FAILED) throw std::bad_alloc();
   char* const begin = static_cast<char*>(mapping);
-  // The system aligns mappings to small pages: what is too much at both ends goes back.
+  // The system aligns mappings to small pages, so unmap the excess at both ends.
   const std::size_t past = reinterpret_cast<std::uintptr_t>(begin) % kHugePage;
   const std::size_t before = past == 0 ? 0 : kHugePage - past;
   if (before > 0) munmap(begin, before);
@@ -52,12 +52,11 @@ void TextBuffer::Release::operator()(char* block) const {
 TextBuffer::Block TextBuffer::Allocate(std::size_t size) {
   if (size > kMaxTextSize) throw std::bad_alloc();
   if (size < kSmall) return {static_cast<char*>(JsonHeap::Malloc(size + 1)), Release{0}};
-  // Documents seldom need more room than their text; pretty printed ones much less.
+  // Room for twice the size of the text: documents rarely need more, and indented ones much less.
   const std::size_t mapped_size = AlignUp(TextPart(size) + 2 * size, kHugePage);
   Block block(Map(mapped_size), Release{mapped_size});
-  // One page fault for each small page would cost as much as the parse. A file that fills less than
-  // a quarter of a huge page is not worth clearing a whole one. Where there are none, small ones
-  // do.
+  // A page fault for each small page would cost as much as the parse. For a file smaller than a
+  // quarter of a huge page, clearing a whole one costs more than it saves. Failure is harmless.
   if (size >= kHugePage / 4) madvise(block.get(), mapped_size, MADV_HUGEPAGE);
   return block;
 }

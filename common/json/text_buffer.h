@@ -9,21 +9,21 @@
 
 namespace Zelk::Provider::Metadata {
 
-/// The most bytes that a text may have: as many as RapidJSON can count.
+/// The maximal size of a text: what RapidJSON can count.
 inline constexpr std::size_t kMaxTextSize = std::numeric_limits<rapidjson::SizeType>::max();
 
-/// The text of a source's file, in memory that a parse may write over, with room after it for the
+/// The text of a source's file, in memory that a parse may overwrite, with room after it for the
 /// values of its document. A zero byte follows the text.
 ///
-/// A text that is not small is mapped apart from the heap: both go back to the system when the load
-/// is over, and leave no hole among the records, which are made while it lasts and stay.
+/// Large texts are mapped rather than allocated, so freeing them after the load leaves no hole in
+/// the heap between the records, which live longer.
 class TextBuffer {
  public:
-  /// A text of `size` bytes, zero or still to be written. Throws std::bad_alloc for more than
-  /// kMaxTextSize bytes and when there is no memory.
+  /// Makes a text of `size` bytes for the caller to write. Throws std::bad_alloc for more than
+  /// kMaxTextSize bytes and when memory runs out.
   explicit TextBuffer(std::size_t size);
 
-  /// A copy of `text`; the same errors.
+  /// Makes a copy of `text`. Throws as above.
   explicit TextBuffer(std::string_view text);
 
   char* Data() { return block_.get(); }
@@ -32,17 +32,17 @@ class TextBuffer {
 
   std::string_view View() const { return {block_.get(), size_}; }
 
-  /// Lets the text end after its first `size` bytes.
+  /// Shortens the text to its first `size` bytes.
   void Truncate(std::size_t size);
 
-  /// Memory that is aligned for anything and costs nothing until it is used.
+  /// Returns the room after the text. It is aligned for any type and takes no memory until used.
   void* Room();
 
-  /// Zero for a small text, whose document is better off on the heap.
+  /// Returns the size of the room; 0 for a small text, whose document is allocated on the heap.
   std::size_t RoomSize() const;
 
  private:
-  /// Gives a block back: to the system what is mapped, to the heap what is not.
+  /// Unmaps or frees a block.
   struct Release {
     std::size_t mapped_size;
 

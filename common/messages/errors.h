@@ -11,10 +11,10 @@ namespace Zelk::Provider::Metadata {
 
 namespace StdErrors = ::Com::Orvane::Zelk::Std::Errors;
 
-/// An error as it travels: null is success.
+/// An error, or null for success.
 using ErrorPtr = std::shared_ptr<const ::Zelk::Data::ErrorValue>;
 
-/// An error of class `E` with the one message `id`, its arguments filled in from left to right.
+/// Returns an error of class `E` with one message: `id` and its arguments in order.
 template <typename E, typename... Arguments>
 ErrorPtr MakeError(const char* id, const Arguments&... arguments) {
   CatalogMessage message(id);

@@ -7,17 +7,17 @@
 
 namespace Zelk::Provider::Metadata {
 
-/// Selects this library's catalog as the place where messages find their default texts.
+/// The tag class of this library's catalog.
 class MetadataSvc;
 
 /// A message of this library's catalog.
 using CatalogMessage = ::Zelk::Message<MetadataSvc>;
 
-/// The messages that a parse leaves behind, in the order found. Owned by the caller; only appended
-/// to.
+/// The messages of a parse, in the order found. The caller owns the list; parsers only append to
+/// it.
 using Errors = std::list<::Zelk::BaseMessage>;
 
-/// The ids that code raises or compares. The catalog itself is the array in the .cc.
+/// The message ids that the code uses. The catalog is the array in the .cc.
 /// Intended(message-id-spelling): most ids have "metada", some "metadata". Clients compare them
 /// byte for byte.
 namespace MessageId {
@@ -73,7 +73,8 @@ inline constexpr char kCliCommandNotFound[] = "zelk.metada.cli.command.not.found
 
 namespace Zelk {
 
-/// The catalogued text of `id`, its placeholders unfilled; "Unknown message." for any other id.
+/// Returns the text of `id` in the catalog, with its placeholders; "Unknown message." if it has
+/// none.
 template <>
 std::string Message<Provider::Metadata::MetadataSvc>::DefaultMessageForId(const std::string& id);
 

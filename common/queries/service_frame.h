@@ -10,12 +10,12 @@
 
 #include "common/messages/errors.h"
 
-// How a service hands its container's answer on. Every operation of every service is one of these
-// calls; nothing is caught, so whatever the container or the host's callback throws leaves it.
+// How a service delivers the answer of its container. Every operation of every service is one of
+// these calls. Nothing is caught: what the container or the host's callback throws leaves it.
 
 namespace Zelk::Provider::Metadata {
 
-/// How the success of a change is told to the caller.
+/// Whether the success of a change is delivered.
 enum class OnSuccess {
   kDeliver,
   /// Intended(silent-success): hosts of the domains that use this take the return of the operation
@@ -68,7 +68,7 @@ void DeliverOrNotFound(const ::Zelk::AsyncResult<Result>& result, const Answer& 
   }
 }
 
-/// Delivers what became of a change: its error, or success as the domain tells it.
+/// Delivers the error of a change, or its success if the domain does so.
 inline void DeliverChange(const ::Zelk::AsyncResult<::Zelk::Void>& result, const ErrorPtr& error,
                           OnSuccess on_success) {
   if (error) {

@@ -10,12 +10,12 @@
 
 #include "common/queries/walkers.h"
 
-// The queries over the tree of components, packages, services and operations, alike in the domains
-// that have it. Walk order: sources, and at each level the records, in ascending key order.
+// The queries over the tree of components, packages, services and operations, for the domains that
+// have it. Walk order: sources, and at each level the records, in ascending key order.
 
 namespace Zelk::Provider::Metadata {
 
-/// The kinds of names that filters keep of the tree; domains add theirs.
+/// The kinds of names of the tree in a filter; domains add their own.
 enum NameKind : unsigned { kPackageName, kServiceName, kFirstNameOfDomain };
 
 /// Appends the marks of the names in the tree of a source, which is an entry of a table.
@@ -25,7 +25,7 @@ void PushTreeNames(const Entry& source, std::vector<NameMark>& names) {
   WalkComponents{WalkPackages{WalkServices{PushMark{kServiceName, names}}}}(source);
 }
 
-/// Appends the key of every entry met; records are kept under their names.
+/// Appends the key of every entry in the walk; the key of a record is its name.
 /// Intended(repeated-names): a name that several sources have is listed once for each of them.
 class PushKey {
  public:
@@ -62,7 +62,7 @@ std::list<std::string> ServiceNames(const Table& sources) {
   return names;
 }
 
-/// The first source that has the component; null when none has.
+/// Returns the first source that has the component, or null if none has it.
 template <typename Table>
 typename Table::mapped_type FirstSourceWith(const Table& sources, const std::string& component_id) {
   const auto found = boost::range::find_if(sources, [&component_id](const auto& source) {
@@ -71,7 +71,8 @@ typename Table::mapped_type FirstSourceWith(const Table& sources, const std::str
   return found == sources.end() ? nullptr : found->second;
 }
 
-/// The component with its fingerprint, from the first source that has it; null when none has.
+/// Returns the component and its fingerprint from the first source that has it, or null if none has
+/// it.
 template <typename ComponentData, typename Table>
 std::shared_ptr<const ComponentData> FindComponent(const Table& sources,
                                                    const std::string& component_id) {
@@ -81,14 +82,14 @@ std::shared_ptr<const ComponentData> FindComponent(const Table& sources,
                                                source->component_fingerprint);
 }
 
-/// The fingerprint alone; empty when no source has the component.
+/// Returns only the fingerprint; empty if no source has the component.
 template <typename Table>
 std::string FindComponentFingerprint(const Table& sources, const std::string& component_id) {
   const auto source = FirstSourceWith(sources, component_id);
   return source ? source->component_fingerprint : std::string();
 }
 
-/// The first package of that name; null when there is none.
+/// Returns the first package of that name, or null if there is none.
 template <typename PackageInfo, typename Table>
 std::shared_ptr<const PackageInfo> FindPackage(const Table& sources,
                                                const std::string& package_id) {
@@ -98,7 +99,7 @@ std::shared_ptr<const PackageInfo> FindPackage(const Table& sources,
   return package;
 }
 
-/// The first service of that id; null when there is none.
+/// Returns the first service of that id, or null if there is none.
 template <typename ServiceInfo, typename Table>
 std::shared_ptr<const ServiceInfo> FindService(const Table& sources,
                                                const std::string& service_id) {
@@ -109,7 +110,7 @@ std::shared_ptr<const ServiceInfo> FindService(const Table& sources,
   return service;
 }
 
-/// The names of the service's operations; none at all for a null service.
+/// Returns the names of the service's operations; empty optional for a null service.
 template <typename ServiceInfo>
 boost::optional<std::list<std::string>> OperationNames(
     const std::shared_ptr<const ServiceInfo>& service) {

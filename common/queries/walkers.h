@@ -18,7 +18,7 @@
 
 namespace Zelk::Provider::Metadata {
 
-// The children of each level; records of several kinds have the same ones.
+// The children of each level; several kinds of records have the same ones.
 inline constexpr auto kComponents = [](const auto& record) -> const auto& {
   return record.components;
 };
@@ -80,7 +80,7 @@ struct WalkOperations : WalkChildren<kOperations, Inner> {
 template <typename Inner>
 WalkOperations(Inner) -> WalkOperations<Inner>;
 
-/// Stores the record found and reports a hit.
+/// Stores the record and reports a hit.
 template <typename Record>
 class Assign {
  public:
@@ -130,13 +130,13 @@ struct SelectService : SelectChild<kServices, Found> {
 template <typename Found>
 SelectService(const std::string&, Found) -> SelectService<Found>;
 
-/// Applies `walker` to each source of a table until it reports a hit; true when one did.
+/// Applies `walker` to each source of a table until it reports a hit. Returns whether it did.
 template <typename Table, typename Walker>
 bool WalkSources(const Table& sources, const Walker& walker) {
   return boost::range::find_if(sources, walker) != sources.end();
 }
 
-/// Hands a source to `Inner` unless its filter says that it does not hold the name.
+/// Passes a source to `Inner` unless its filter excludes the name.
 template <typename Inner>
 class IfMayHold {
  public:
@@ -172,7 +172,7 @@ void WalkSourcesByLevel(const Table& sources, const NameMark& name, const Walker
   }
 }
 
-/// Appends the marks, as names of the kind, of the keys of all entries met.
+/// Appends a mark of the kind for the key of every entry in the walk.
 class PushMark {
  public:
   PushMark(unsigned kind, std::vector<NameMark>& names) : kind_(kind), names_(names) {}

@@ -8,12 +8,12 @@
 
 namespace Zelk::Provider::Metadata {
 
-/// What a filter remembers of a name of a certain kind. A query makes it once for all sources.
+/// The hash of a name of a certain kind, as filters use it. A query makes it once for all sources.
 class NameMark {
  public:
   NameMark(unsigned kind, std::string_view name);
 
-  /// Of a name in two parts.
+  /// The mark of a name in two parts.
   NameMark(unsigned kind, std::string_view path, std::string_view name);
 
  private:
@@ -23,25 +23,24 @@ class NameMark {
 
   NameMark(unsigned kind, std::uint64_t hash);
 
-  /// Where among the blocks of a filter, as a fraction of 2^32. It does not depend on the kind: a
-  /// lookup that asks for several kinds of one name looks at one place.
+  /// The position among the blocks of a filter, as a fraction of 2^32. It does not depend on the
+  /// kind, so a lookup of several kinds of one name reads one block.
   std::uint64_t position_;
   /// The bits that the name sets in its block.
   Block bits_;
 };
 
-/// A summary of a set of names, to pass over what does not hold a name without looking into it: a
-/// Bloom filter whose every name has all its bits in one block, so that one look at memory tells.
-/// It takes 4 bytes a name. Fewer than one in 5,000 names that are not in the set pass for one of
-/// it.
+/// A Bloom filter of a set of names, to skip a source that does not hold a name. All bits of a name
+/// are in one block, so a query touches one cache line. Uses 4 bytes for each name; the
+/// false-positive rate is below 1 in 5,000.
 class NameFilter {
  public:
-  /// Of no names at all.
+  /// The filter of no names.
   NameFilter() = default;
 
   explicit NameFilter(const std::vector<NameMark>& names);
 
-  /// False only for a name that is not in the set.
+  /// Returns false only for a name that is not in the set.
   bool MayHold(const NameMark& name) const {
     if (blocks_.empty()) return false;
     const NameMark::Block& block = blocks_[IndexOf(name)];

@@ -14,7 +14,7 @@ namespace {
 
 class FileDescriptor {
  public:
-  // Non-blocking: opening a pipe nobody writes to would wait for a writer.
+  // Non-blocking: opening a pipe would wait for a writer.
   explicit FileDescriptor(const std::string& path)
       : descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {}
 
@@ -33,7 +33,7 @@ class FileDescriptor {
   int descriptor_;
 };
 
-/// Reads up to `size` bytes; 0 at the end of the file, which an unreadable file is at.
+/// Reads up to `size` bytes and returns their number; 0 at the end of the file and on an error.
 std::size_t ReadSome(int descriptor, char* buffer, std::size_t size) {
   ssize_t count = 0;
   do {
@@ -48,13 +48,13 @@ boost::optional<TextBuffer> ReadToEnd(int descriptor, std::size_t expected_size,
   if (is_too_large) return boost::none;
   TextBuffer text(expected_size);
   std::size_t filled = 0;
-  // Asks for one byte more than expected, which takes the place of the zero byte: a file of that
-  // size ends the loop on its second read.
+  // Asks for one byte more than expected, in the place of the zero byte, so that a file of the
+  // expected size needs two reads only.
   while (const auto count = ReadSome(descriptor, text.Data() + filled, text.Size() + 1 - filled)) {
     filled += count;
     is_too_large = filled > kMaxTextSize;
     if (is_too_large) return boost::none;
-    if (filled > text.Size()) {  // it grows while it is read
+    if (filled > text.Size()) {  // the file grew meanwhile
       TextBuffer larger(std::min(2 * filled, kMaxTextSize));
       std::memcpy(larger.Data(), text.Data(), filled);
       text = std::move(larger);

@@ -7,7 +7,7 @@
 
 namespace Zelk::Provider::Metadata {
 
-/// What a loaded source of any domain knows about itself. Filled while its file is loaded, never
+/// The part of a loaded source that all domains share. Filled while the file is loaded and never
 /// changed afterwards.
 template <typename CreateSpec, typename Info>
 struct SourceRecord {
@@ -16,12 +16,12 @@ struct SourceRecord {
         info(std::make_shared<Info>(spec->description, spec->type, spec->file_path,
                                     spec->address)) {}
 
-  /// The names that lookups can find in it; those that it does not hold pass it over.
+  /// The names that lookups can find in the source; a lookup of another name skips it.
   NameFilter names;
-  /// What the source was created with; a reload reads it again.
+  /// What the source was created with; a reload uses it again.
   std::shared_ptr<const CreateSpec> spec;
   std::shared_ptr<Info> info;
-  /// MD5 of the file, 32 hex digits; empty until the load succeeds.
+  /// The MD5 of the file, 32 hex digits; empty until the load succeeds.
   std::string fingerprint;
 };
 

@@ -19,17 +19,17 @@
 
 namespace Zelk::Provider::Metadata {
 
-// The life cycle of a domain's sources. A `Domain` is a struct of facts:
+// The life cycle of a domain's sources. A `Domain` is a struct with these members:
 //
 // - SourceData, CreateSpec, Info: the record of a source, what it is made from and described by;
 // - kExists, kNotFound, kFileNotFound, kParseError: message ids;
 // - static bool Parse(text, source, errors): fills a new SourceData from a file's text, which it
 //   may write over;
-// - static void PushNames(source, names): appends the names that lookups in it can ask for;
+// - static void PushNames(source, names): appends the names that lookups can find in the source;
 // - static void SetFingerprint(source, digest): called once the file has parsed.
 
-/// Reads and parses the file of `spec` into a new source. On failure null, with `error` set.
-/// The digest is taken of the very bytes that were parsed, whatever happens to the file meanwhile.
+/// Reads and parses the file of `spec` into a new source. On failure sets `error` and returns null.
+/// The digest is that of the bytes that were parsed, even if the file changes meanwhile.
 template <typename Domain>
 std::shared_ptr<const typename Domain::SourceData> LoadSource(
     const std::shared_ptr<const typename Domain::CreateSpec>& spec, ErrorPtr& error) {
@@ -71,7 +71,7 @@ std::shared_ptr<const typename Domain::SourceData> LoadSource(
   return source;
 }
 
-/// Loads a table entry anew from its own spec; the old data stays when that fails.
+/// Loads a table entry again from its spec. On failure the entry keeps its old data.
 /// Intended(reload-after-failure): an error is kept from entry to entry, so one object that goes
 /// through several entries replaces none after the first that failed. From there on, a broken set
 /// of files stays in its old state.
@@ -90,7 +90,7 @@ class ReloadEntry {
   ErrorPtr error_;
 };
 
-/// The digest of one digest text of each source, in the order of the table.
+/// Returns the digest of one digest text of each source, in the order of the table.
 template <typename Table, typename Source>
 std::string DigestOfSources(const Table& sources, std::string Source::*digest_text) {
   ::Zelk::MD5 digest;
@@ -98,7 +98,8 @@ std::string DigestOfSources(const Table& sources, std::string Source::*digest_te
   return digest.hexdigest();
 }
 
-/// A domain's table of sources, in ascending id order. Not protected: the host serialises changes.
+/// A domain's table of sources, in ascending id order. Nothing is locked: the host serialises
+/// changes.
 template <typename Domain>
 class SourceRegistry {
  public:
@@ -151,15 +152,15 @@ class SourceRegistry {
     return ids;
   }
 
-  /// Null for an unknown id.
+  /// Returns what the source was created with, or null for an unknown id.
   std::shared_ptr<const typename Domain::Info> Info(const std::string& id) const {
     const auto found = sources_.find(id);
     return found == sources_.end() ? nullptr : found->second->info;
   }
 
-  /// The digest of the fingerprints of one source or, without an id, of all. Empty for an unknown
-  /// id. Intended(digest-of-digest): the hex texts are digested again, so that one source and all
-  /// sources are treated alike.
+  /// Returns the digest of the fingerprint of one source, or without an id of all. Empty for an
+  /// unknown id. Intended(digest-of-digest): the hex texts are digested again, so that one source
+  /// and all sources are treated alike.
   std::string Fingerprint(const boost::optional<std::string>& id) const {
     if (!id) return DigestOfSources(sources_, &Domain::SourceData::fingerprint);
     const auto found = sources_.find(*id);
