@@ -1,17 +1,18 @@
 #!/usr/bin/env python3
 """Judges what llvm-cov measured: every line and at least 95 % of the branches of our own code.
 
-usage: report.py SOURCE_DIR COVERAGE.lcov COVERAGE.json EXCEPTIONS
+usage: report.py SOURCE_DIR COVERAGE.lcov COVERAGE.json
 
-A line that no test can reach is named in EXCEPTIONS, with the reason; its branches are then not
-counted either. An exception that is not needed any more fails the run, so the list stays true.
-A branch of a template counts as taken when any instantiation takes it.
+A line that no test can reach ends with the mark "// coverage: REASON"; its branches are then not
+counted either. When the marked line opens a block, the whole block is excused. A mark that is not
+needed any more fails the run. A branch of a template counts as taken when any instantiation takes it.
 """
 
 import collections
 import json
 import os.path
 import pathlib
+import re
 import sys
 
 LEAST_BRANCHES = 95.0
@@ -29,21 +30,25 @@ def measured_file(name, source_dir):
     return None if file.parts[0] in NOT_MEASURED else str(file)
 
 
-def read_exceptions(path):
-    """The excused lines as (file, source text). A reason stands above the lines it is for."""
-    excused = set()
-    reason = False
-    for number, line in enumerate(path.read_text().splitlines(), 1):
-        if line.startswith("#"):
-            reason = True
-        elif not line.strip():
-            reason = False
-        else:
-            if not reason:
-                sys.exit(f"{path}:{number}: no reason stands above this exception")
-            file, _, text = line.partition(": ")
-            excused.add((file, text.strip()))
-    return excused
+MARK = re.compile(r"^(.*?)\s*// coverage: (\S.*)$")
+
+
+def read_marks(source):
+    """The excused lines: {line: line of its mark}. A block ends at the indentation it began with."""
+    marks = {}
+    for number, text in enumerate(source, 1):
+        match = MARK.match(text)
+        if not match:
+            continue
+        marks[number] = number
+        if match[1].endswith("{"):
+            indent = len(text) - len(text.lstrip())
+            for inner in range(number + 1, len(source) + 1):
+                line = source[inner - 1]
+                marks[inner] = number
+                if line.strip() and len(line) - len(line.lstrip()) <= indent:
+                    break
+    return marks
 
 
 def read_lines(path, source_dir):
@@ -77,43 +82,47 @@ def percent(part, whole):
 
 
 def main():
-    source_dir, lcov, branches_json, exceptions = map(pathlib.Path, sys.argv[1:])
-    excused = read_exceptions(exceptions)
+    source_dir, lcov, branches_json = map(pathlib.Path, sys.argv[1:])
     branches = read_branches(branches_json, source_dir)
-    unused = set(excused)
+    unused = set()
+    excused = 0
     totals = collections.Counter()
     missed = []
     for file, counts in sorted(read_lines(lcov, source_dir).items()):
         source = (source_dir / file).read_text().splitlines()
         text_of = lambda line: source[line - 1].strip()
+        marks = read_marks(source)
+        excused += len(marks)
+        needed = set()
         for line, count in sorted(counts.items()):
-            if (file, text_of(line)) in excused:
+            if line in marks:
                 if count == 0:
-                    unused.discard((file, text_of(line)))
+                    needed.add(marks[line])
                 continue
             totals["lines"] += 1
             totals["lines run"] += count > 0
             if count == 0:
                 missed.append(f"{file}:{line}: never run: {text_of(line)}")
         for (line, column, *_), sides in sorted(branches[file].items()):
-            if (file, text_of(line)) in excused:
+            if line in marks:
                 if 0 in sides:
-                    unused.discard((file, text_of(line)))
+                    needed.add(marks[line])
                 continue
             totals["branches"] += 2
             totals["branches taken"] += sum(side > 0 for side in sides)
             for side, name in zip(sides, ("true", "false")):
                 if side == 0:
                     missed.append(f"{file}:{line}:{column}: never {name}: {text_of(line)}")
+        unused |= {(file, mark, text_of(mark)) for mark in set(marks.values()) - needed}
 
     line_percent = percent(totals["lines run"], totals["lines"])
     branch_percent = percent(totals["branches taken"], totals["branches"])
     print("\n".join(missed))
-    for file, text in sorted(unused):
-        print(f"an exception that is not needed: {file}: {text}")
+    for file, line, text in sorted(unused):
+        print(f"{file}:{line}: the mark is not needed: {text}")
     print(f"lines    {totals['lines run']} of {totals['lines']}, {line_percent:.2f} %")
     print(f"branches {totals['branches taken']} of {totals['branches']}, {branch_percent:.2f} %")
-    print(f"excused  {len(excused)} lines, in {exceptions.relative_to(source_dir)}")
+    print(f"excused  {excused} lines")
     complete = totals["lines"] > 0 and totals["lines run"] == totals["lines"]
     sys.exit(0 if complete and branch_percent >= LEAST_BRANCHES and not unused else 1)
 
