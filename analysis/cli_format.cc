@@ -3,24 +3,13 @@
 namespace Zelk::Analysis {
 namespace {
 
-/// `form`, about which messages of this domain's own say that it is of another JSON type.
-constexpr ValueForm Own(ValueForm form, const char* called) {
-  form.called = called;
-  form.invalid_id = "zelk.metadata.cli.json.invalid.field";
-  return form;
-}
-
-constexpr ValueForm OwnObject(ElementKind element, const ObjectForm& object, const char* called) {
-  return Own(As(element, Object(object)), called);
-}
-
 constexpr KeyForm kOutputFieldKeys[] = {
     {"field_name", kText},
     {"display_name", kText},
 };
 constexpr ObjectForm kOutputFieldObject{kOutputFieldKeys};
 constexpr ValueForm kOutputField =
-    OwnObject(ElementKind::kOutputField, kOutputFieldObject, "output_fields");
+    Own(As(ElementKind::kOutputField, Object(kOutputFieldObject)), "output_fields");
 
 // Messages about outputs call them as they call options.
 constexpr char kOptionsEntry[] = "options_entry";
@@ -30,7 +19,7 @@ constexpr KeyForm kOutputKeys[] = {
     Optional("output_fields", ListOf(kOutputField)),
 };
 constexpr ObjectForm kOutputObject{kOutputKeys};
-constexpr ValueForm kOutput = OwnObject(ElementKind::kOutput, kOutputObject, kOptionsEntry);
+constexpr ValueForm kOutput = Own(As(ElementKind::kOutput, Object(kOutputObject)), kOptionsEntry);
 
 constexpr KeyForm kOptionKeys[] = {
     {"long_option", kText}, Optional("short_option", kText),
@@ -38,7 +27,7 @@ constexpr KeyForm kOptionKeys[] = {
     {"type", kText},        {"generic", kText},
 };
 constexpr ObjectForm kOptionObject{kOptionKeys};
-constexpr ValueForm kOption = OwnObject(ElementKind::kOption, kOptionObject, kOptionsEntry);
+constexpr ValueForm kOption = Own(As(ElementKind::kOption, Object(kOptionObject)), kOptionsEntry);
 
 constexpr KeyForm kNodeMetadataKeys[] = {
     {"service_id", kText},
@@ -53,7 +42,7 @@ constexpr KeyForm kCommandKeys[] = {
     {"path", kText},
     {"name", kText},
     {"description", kText},
-    {"node_metadata", OwnObject(ElementKind::kNone, kNodeMetadata, "path")},
+    {"node_metadata", Own(Object(kNodeMetadata), "path")},
 };
 constexpr ObjectForm kCommand{kCommandKeys};
 

@@ -48,6 +48,13 @@ constexpr ValueForm MembersOf(const ValueForm& each) {
   return {Form::kMembers, ElementKind::kNone, nullptr, &each};
 }
 
+/// `form`, about which messages of the CLI domain's own say that it is of another JSON type.
+constexpr ValueForm Own(ValueForm form, const char* called) {
+  form.called = called;
+  form.invalid_id = "zelk.metadata.cli.json.invalid.field";
+  return form;
+}
+
 constexpr KeyForm Optional(const char* name, const ValueForm& value) {
   return {name, value, KeyForm::kOptional};
 }
