@@ -37,7 +37,7 @@ class MetadataParser {
   static bool FillMaps(const JsonValue& value, const NamespaceCallback& on_namespace,
                        const CommandCallback& on_command, Errors& errors) {
     if (!value.IsArray()) return Fail(MessageId::kCliInvalidField, "cli", errors);
-    for (const auto& node : value.GetArray()) {
+    for (const auto& node : value.GetArray()) {  // checked: above
       if (!ParseNode(node, on_namespace, on_command, errors)) return false;
     }
     return true;

@@ -24,7 +24,7 @@ std::shared_ptr<const Bindings::Metamodel::ElementValue> FindElement(
 /// Returns the strings of a JSON array; empty optional if an element is not a string.
 boost::optional<Names> ParseStrings(const JsonValue& value, Errors& errors) {
   Names names;
-  for (const auto& element : value.GetArray()) {
+  for (const auto& element : value.GetArray()) {  // checked: by the caller
     if (!CheckType(element, JsonType::kString, kElementValue, errors)) return boost::none;
     names.push_back(ValToString(element));
   }

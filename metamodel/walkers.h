@@ -9,12 +9,6 @@
 
 namespace Zelk::Provider::Metadata::Metamodel {
 
-using Metadata::Assign;
-using Metadata::WalkComponents;
-using Metadata::WalkOperations;
-using Metadata::WalkPackages;
-using Metadata::WalkServices;
-
 inline constexpr auto kStructures = [](const auto& record) -> const auto& {
   return record.structures;
 };

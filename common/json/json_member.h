@@ -151,7 +151,7 @@ bool AddElement(std::vector<std::pair<std::string, Record>>& records,
 template <typename Records, typename ParseElement>
 bool ParseElements(const JsonValue& array, const ParseElement& parse_element, Errors& errors,
                    Records& records) {
-  for (const auto& element : array.GetArray()) {
+  for (const auto& element : array.GetArray()) {  // checked: by JsonParseArray
     if (!AddElement(records, parse_element(element, errors))) return false;
   }
   return true;
