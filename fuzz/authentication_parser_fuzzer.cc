@@ -2,11 +2,11 @@
 #include <memory>
 #include <string>
 
-#include "authentication/component_text.h"
 #include "authentication/json_metadata_parser.h"
 #include "authentication/source_data.h"
 #include "fuzz/support/parser_check.h"
 #include "support/as_source.h"
+#include "support/authentication_text.h"
 
 namespace Zelk::Provider::Metadata::Authentication {
 namespace {

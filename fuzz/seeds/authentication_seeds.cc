@@ -1,5 +1,5 @@
-#include "authentication/component_text.h"
 #include "fuzz/seeds/seed_folder.h"
+#include "support/authentication_text.h"
 #include "support/file_text.h"
 
 namespace Zelk::Fuzzing {

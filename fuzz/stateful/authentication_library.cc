@@ -1,8 +1,8 @@
 #include <zelk/provider/metadata/authentication/metadata_container.h>
 #include <zelk/provider/metadata/authentication/services.h>
 
-#include "authentication/component_text.h"
 #include "stateful/library_services.h"
+#include "support/authentication_text.h"
 
 namespace Zelk::Fuzzing {
 namespace {
