@@ -149,7 +149,7 @@ TEST(Complete, OffersTheIdsOfMessagesWithTheirTexts) {
 }
 
 TEST(Complete, OffersTheSupportedShells) {
-  EXPECT_EQ(Choices("completion "), Zelk::Tool::CompletedShells());
+  EXPECT_EQ(Choices("completion "), Zelk::Tool::Complete::CompletedShells());
 }
 
 TEST(Complete, LeavesPathsToTheShell) {
@@ -230,7 +230,7 @@ TEST(Complete, OffersNoWordThatATerminalCannotShow) {
 }
 
 TEST(Completion, IsPrintedForEverySupportedShell) {
-  for (const std::string& shell : Zelk::Tool::CompletedShells()) {
+  for (const std::string& shell : Zelk::Tool::Complete::CompletedShells()) {
     const ToolRun run = RunLine("completion " + shell);
     EXPECT_EQ(run.status, 0);
     EXPECT_THAT(run.out, HasSubstr("Completion of zelk-metadata for " + shell));

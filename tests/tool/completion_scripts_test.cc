@@ -116,7 +116,7 @@ class CompletionInEveryShell : public Zelk::Testing::TerminalTest,
 };
 
 INSTANTIATE_TEST_SUITE_P(Shells, CompletionInEveryShell,
-                         testing::ValuesIn(Zelk::Tool::CompletedShells()),
+                         testing::ValuesIn(Zelk::Tool::Complete::CompletedShells()),
                          [](const auto& shell) { return shell.param; });
 
 // Names that mean something to a shell, and beginnings of them that a user may type, the quotes of

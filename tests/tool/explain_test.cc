@@ -23,12 +23,12 @@ using Zelk::Testing::ToolRun;
 using Zelk::Testing::Words;
 using Zelk::Tool::Domain;
 using Zelk::Tool::DomainRow;
-using Zelk::Tool::Example;
-using Zelk::Tool::Explanation;
-using Zelk::Tool::Explanations;
 using Zelk::Tool::Ids;
 using Zelk::Tool::Kind;
 using Zelk::Tool::ServiceError;
+using Zelk::Tool::Explain::Example;
+using Zelk::Tool::Explain::Explanation;
+using Zelk::Tool::Explain::Explanations;
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include "shell/line.h"
 
 using testing::ElementsAre;
-using Zelk::Tool::Quoted;
-using Zelk::Tool::Split;
+using Zelk::Tool::Shell::Quoted;
+using Zelk::Tool::Shell::Split;
 
 TEST(ShellLine, BlanksSeparateWords) {
   EXPECT_THAT(Split("").words, ElementsAre());

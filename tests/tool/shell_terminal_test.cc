@@ -27,7 +27,7 @@ using Zelk::Testing::Shown;
 using Zelk::Testing::ShowOnTerminal;
 using Zelk::Testing::TempFolder;
 using Zelk::Testing::Typing;
-using Zelk::Tool::HistoryFile;
+using Zelk::Tool::Shell::HistoryFile;
 
 namespace {
 

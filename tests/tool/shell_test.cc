@@ -30,10 +30,10 @@ using Zelk::Testing::Package;
 using Zelk::Testing::RunTool;
 using Zelk::Testing::TempFolder;
 using Zelk::Testing::ToolRun;
-using Zelk::Tool::Choice;
 using Zelk::Tool::ExitStatus;
-using Zelk::Tool::LineCompletion;
-using Zelk::Tool::Session;
+using Zelk::Tool::Complete::Choice;
+using Zelk::Tool::Shell::LineCompletion;
+using Zelk::Tool::Shell::Session;
 
 namespace {
 

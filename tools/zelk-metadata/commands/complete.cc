@@ -43,13 +43,13 @@ void LoadForWords(Host& host, const std::vector<std::string>& sources) {
   }
 }
 
-const char* NameOf(Completion::Of of) {
+const char* NameOf(Complete::Completion::Of of) {
   switch (of) {
-    case Completion::Of::kPath:
+    case Complete::Completion::Of::kPath:
       return "path";
-    case Completion::Of::kSource:
+    case Complete::Completion::Of::kSource:
       return "source";
-    case Completion::Of::kWords:
+    case Complete::Completion::Of::kWords:
       break;
   }
   return "words";
@@ -58,13 +58,14 @@ const char* NameOf(Completion::Of of) {
 /// What can be typed, one a line. Words that a terminal cannot show unchanged, such as those with
 /// line ends, are left out.
 ExitStatus RunComplete(Invocation& call) {
-  const HostOf host_of = [&call](const std::vector<std::string>& sources) -> const Host& {
+  const Complete::HostOf host_of = [&call](const std::vector<std::string>& sources) -> const Host& {
     LoadForWords(call.GetHost(), sources);
     return call.GetHost();
   };
-  const Completion completion = Complete(call.Args().ids, call.GetLanguage(), host_of);
+  const Complete::Completion completion =
+      Complete::CompleteWord(call.Args().ids, call.GetLanguage(), host_of);
   call.Out() << NameOf(completion.of) << '\n';
-  for (const Choice& choice : completion.choices) {
+  for (const Complete::Choice& choice : completion.choices) {
     if (ForTerminal(choice.word) != choice.word) continue;
     call.Out() << choice.word << '\t' << ForTerminal(choice.summary) << '\n';
   }

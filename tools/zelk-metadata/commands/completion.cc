@@ -11,9 +11,9 @@ namespace {
 
 ExitStatus RunCompletion(Invocation& call) {
   const std::string& shell = call.Args().text;
-  const std::string script = CompletionScript(shell);
+  const std::string script = Complete::CompletionScript(shell);
   if (script.empty()) {
-    const auto shells = CompletedShells();
+    const auto shells = Complete::CompletedShells();
     return call.Fail(ExitStatus::kUsage,
                      fmt::format("there is no completion for '{}'; the shells are {}{}", shell,
                                  fmt::join(shells, ", "), Suggestion(NearNames(shell, shells))));
@@ -34,8 +34,8 @@ Command CompletionCommand() {
       "fish: put into ~/.config/fish/config.fish: zelk-metadata completion fish | source\n"
       "Shells know the script already if the program was installed from a package. Names are\n"
       "completed from the sources before them on the line, unless those are very large.\n\n";
-  command.operands = {
-      {"SHELL", Word::kChoice, true, "bash, zsh or fish", &Arguments::text, CompletedShells()}};
+  command.operands = {{"SHELL", Word::kChoice, true, "bash, zsh or fish", &Arguments::text,
+                       Complete::CompletedShells()}};
   command.example = "completion bash";
   command.scope = Scope::kProgram;
   command.run = RunCompletion;

@@ -17,7 +17,7 @@ void WriteSection(Page& page, const std::string& heading, const std::string& tex
   for (const std::string& line : Wrapped(text, kWidth)) page.Line(1, line);
 }
 
-void WriteExample(Page& page, const Example& example) {
+void WriteExample(Page& page, const Explain::Example& example) {
   if (example.command.empty() && example.create_in.empty()) return;
   page.Heading("Example:");
   if (!example.file.empty()) {
@@ -32,7 +32,7 @@ void WriteExample(Page& page, const Example& example) {
   }
 }
 
-void WritePage(std::ostream& out, const Explanation& explanation) {
+void WritePage(std::ostream& out, const Explain::Explanation& explanation) {
   Page page(out);
   page.Line(0, explanation.id);
   page.Line(1, explanation.text);
@@ -42,7 +42,7 @@ void WritePage(std::ostream& out, const Explanation& explanation) {
   WriteSection(page, "Fix:", explanation.fix);
 }
 
-void WriteJson(JsonWriter& json, const Explanation& explanation) {
+void WriteJson(JsonWriter& json, const Explain::Explanation& explanation) {
   json.StartObject();
   json.Member("id", explanation.id);
   json.Member("text", explanation.text);
@@ -63,13 +63,13 @@ void WriteJson(JsonWriter& json, const Explanation& explanation) {
 /// What there is to say about one message; without an id, the ids of all.
 static ExitStatus RunExplain(Invocation& call) {
   const std::string& id = call.Args().text;
-  const auto& all = Explanations();
+  const auto& all = Explain::Explanations();
   if (id.empty() && call.WantsJson()) {
     call.ShowJsonArray(all, WriteJson);
     return ExitStatus::kOk;
   }
   std::vector<std::string> known;
-  for (const Explanation& explanation : all) {
+  for (const Explain::Explanation& explanation : all) {
     known.push_back(explanation.id);
     if (id.empty()) call.Out() << explanation.id << '\n';
     if (explanation.id != id) continue;

@@ -15,10 +15,10 @@ ExitStatus RunShell(Invocation& call) {
   const Streams& streams = call.GetStreams();
   const auto& sources = call.Args().sources;
   if (streams.in_is_terminal && streams.out_terminal.is_terminal) {
-    RunDialogue(SessionLanguage(), sources, streams);
+    Shell::RunDialogue(SessionLanguage(), sources, streams);
     return ExitStatus::kOk;
   }
-  Session session(SessionLanguage(), streams);
+  Shell::Session session(SessionLanguage(), streams);
   ExitStatus first = session.Load(sources) ? ExitStatus::kOk : ExitStatus::kSourceFailed;
   for (std::string line; !session.HasEnded() && std::getline(streams.in, line);) {
     const ExitStatus status = session.Run(line);

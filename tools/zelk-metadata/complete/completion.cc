@@ -5,7 +5,7 @@
 
 #include "explain/explanations.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Complete {
 namespace {
 
 using Choices = std::vector<Choice>;
@@ -203,7 +203,7 @@ Choices UsageNames(const Place& place) {
 
 Choices MessageIds() {
   Choices choices;
-  for (const Explanation& explanation : Explanations()) {
+  for (const Explain::Explanation& explanation : Explain::Explanations()) {
     choices.push_back({explanation.id, explanation.text});
   }
   return choices;
@@ -291,8 +291,8 @@ Completion AllThatFit(const Place& place) {
 
 }  // namespace
 
-Completion Complete(const std::vector<std::string>& words, const Language& language,
-                    const HostOf& host_of) {
+Completion CompleteWord(const std::vector<std::string>& words, const Language& language,
+                        const HostOf& host_of) {
   if (words.empty()) return {Completion::Of::kWords, Commands(language)};
   Line line;
   for (std::size_t i = 0; i + 1 < words.size(); ++i) Take(line, language, words[i]);
@@ -306,4 +306,4 @@ Completion Complete(const std::vector<std::string>& words, const Language& langu
   return completion;
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Complete

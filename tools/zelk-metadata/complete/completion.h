@@ -6,7 +6,7 @@
 
 #include "language/command.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Complete {
 
 /// A word that the user may want, and what it means in one line or nothing.
 struct Choice {
@@ -36,7 +36,7 @@ using HostOf = std::function<const Host&(const std::vector<std::string>& sources
 
 /// The completions of the last word; the others precede it on the command line. The words may be
 /// anything.
-Completion Complete(const std::vector<std::string>& words, const Language& language,
-                    const HostOf& host_of);
+Completion CompleteWord(const std::vector<std::string>& words, const Language& language,
+                        const HostOf& host_of);
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Complete

@@ -5,7 +5,7 @@
 // The program answers one line "words", "path" or "source", and below "words" one line a choice:
 // the word, a tab, its meaning. Words come from metadata files, so no script ever evaluates one.
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Complete {
 namespace {
 
 // bash's own list of words keeps their quotes and splits them at ':' and '='. So the loop reads
@@ -145,4 +145,4 @@ std::string CompletionScript(const std::string& shell) {
   return found == Scripts().end() ? "" : found->second;
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Complete

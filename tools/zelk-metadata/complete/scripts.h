@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Complete {
 
 /// The shells that there is a script for.
 std::vector<std::string> CompletedShells();
@@ -12,4 +12,4 @@ std::vector<std::string> CompletedShells();
 /// asks the program. Empty for a shell that there is no script for.
 std::string CompletionScript(const std::string& shell);
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Complete

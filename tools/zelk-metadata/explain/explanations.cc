@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Explain {
 namespace {
 
 const std::string kHalfLoaded =
@@ -254,4 +254,4 @@ const std::vector<Explanation>& Explanations() {
   return explanations;
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Explain

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Explain {
 
 /// A small example that ends in the message.
 struct Example {
@@ -38,4 +38,4 @@ struct Explanation {
 /// in it.
 const std::vector<Explanation>& Explanations();
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Explain

@@ -9,7 +9,7 @@
 #include "shell/prompt.h"
 #include "shell/session.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Shell {
 namespace {
 
 /// Drops what is written after Ctrl-C.
@@ -58,4 +58,4 @@ void RunDialogue(const Language& language, const std::vector<std::string>& sourc
   }
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Shell

@@ -5,11 +5,11 @@
 
 #include "language/invocation.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Shell {
 
 /// Loads the sources and reads lines from the terminal of the process until one ends the session.
 /// Ctrl-C ends an answer.
 void RunDialogue(const Language& language, const std::vector<std::string>& sources,
                  const Streams& streams);
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Shell

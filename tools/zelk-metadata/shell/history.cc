@@ -11,7 +11,7 @@
 #include <system_error>
 #include <unistd.h>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Shell {
 namespace {
 
 namespace fs = std::filesystem;
@@ -111,4 +111,4 @@ void HistoryFile::Append(const std::string& line) {
   Write(file_, Encoded(line) + '\n');
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Shell

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Shell {
 
 /// How many lines of earlier sessions are kept.
 constexpr std::size_t kHistorySize = 1000;
@@ -33,4 +33,4 @@ class HistoryFile {
   int file_ = -1;
 };
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Shell

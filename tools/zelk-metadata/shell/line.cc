@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Shell {
 namespace {
 
 constexpr char kSpecial[] = " \t\\'\"#~";
@@ -65,4 +65,4 @@ std::string Quoted(const std::string& word) {
   return quoted;
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Shell

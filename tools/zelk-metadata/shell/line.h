@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Shell {
 
 /// A line of a session as its words.
 struct SplitLine {
@@ -27,4 +27,4 @@ SplitLine Split(const std::string& line);
 /// The text as one word of a line.
 std::string Quoted(const std::string& word);
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Shell

@@ -16,7 +16,7 @@
 #include "shell/history.h"
 #include "shell/session.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Shell {
 namespace {
 
 constexpr std::size_t kMostShown = 100;
@@ -59,13 +59,13 @@ struct Prompt::Editor {
 namespace {
 
 /// Below the line, each choice with its meaning.
-void Show(const std::vector<Choice>& choices) {
+void Show(const std::vector<Complete::Choice>& choices) {
   std::size_t widest = 0;
-  for (const Choice& choice : choices) widest = std::max(widest, Columns(choice.word));
+  for (const Complete::Choice& choice : choices) widest = std::max(widest, Columns(choice.word));
   const std::size_t width = TerminalOf(STDOUT_FILENO).width;
   std::string text = "\n";
   for (std::size_t i = 0; i < std::min(choices.size(), kMostShown); ++i) {
-    const Choice& choice = choices[i];
+    const Complete::Choice& choice = choices[i];
     text += choice.word;
     if (!choice.summary.empty()) {
       text += std::string(widest - Columns(choice.word) + 2, ' ');
@@ -154,4 +154,4 @@ bool Prompt::Read(std::string& line) {
   return true;
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Shell

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Shell {
 
 class Session;
 
@@ -26,4 +26,4 @@ class Prompt {
   std::unique_ptr<Editor> editor_;
 };
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Shell

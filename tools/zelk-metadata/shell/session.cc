@@ -11,16 +11,16 @@
 #include "render/utf8.h"
 #include "shell/line.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Shell {
 namespace {
 
 namespace fs = std::filesystem;
 
 /// The paths that begin with `typed`; folders end in '/', so that typing can go on.
-std::vector<Choice> Paths(const std::string& typed, const std::string& before) {
+std::vector<Complete::Choice> Paths(const std::string& typed, const std::string& before) {
   const std::string folder = typed.substr(0, typed.rfind('/') + 1);
   const std::string name = typed.substr(folder.size());
-  std::vector<Choice> choices;
+  std::vector<Complete::Choice> choices;
   std::error_code error;
   for (fs::directory_iterator at(folder.empty() ? "." : folder, error); !error && at != fs::end(at);
        at.increment(error)) {
@@ -32,22 +32,25 @@ std::vector<Choice> Paths(const std::string& typed, const std::string& before) {
     choices.push_back({fmt::format("{}{}{}{}", before, folder, found, end), ""});
   }
   std::sort(choices.begin(), choices.end(),
-            [](const Choice& left, const Choice& right) { return left.word < right.word; });
+            [](const Complete::Choice& left, const Complete::Choice& right) {
+              return left.word < right.word;
+            });
   return choices;
 }
 
-std::vector<Choice> ChoicesOf(const Completion& completion, const std::string& typed) {
-  if (completion.of == Completion::Of::kWords) return completion.choices;
-  if (completion.of == Completion::Of::kPath) return Paths(typed, "");
+std::vector<Complete::Choice> ChoicesOf(const Complete::Completion& completion,
+                                        const std::string& typed) {
+  if (completion.of == Complete::Completion::Of::kWords) return completion.choices;
+  if (completion.of == Complete::Completion::Of::kPath) return Paths(typed, "");
   const std::size_t slash = std::min(typed.find('/'), typed.size());
   const std::size_t equals = typed.substr(0, slash).find('=');
   const std::size_t path = equals == std::string::npos || equals == 0 ? 0 : equals + 1;
   return Paths(typed.substr(path), typed.substr(0, path));
 }
 
-std::string CommonBeginning(const std::vector<Choice>& choices) {
+std::string CommonBeginning(const std::vector<Complete::Choice>& choices) {
   std::string common = choices.front().word;
-  for (const Choice& choice : choices) {
+  for (const Complete::Choice& choice : choices) {
     const auto end =
         std::mismatch(common.begin(), common.end(), choice.word.begin(), choice.word.end());
     common.erase(end.first, common.end());
@@ -80,12 +83,13 @@ LineCompletion Session::Complete(const std::string& line) const {
   const auto host_of = [this](const std::vector<std::string>&) -> const Host& {
     return state_.host;
   };
-  const Completion completion = Tool::Complete(split.words, language_, host_of);
-  std::vector<Choice> choices = ChoicesOf(completion, typed);
-  choices.erase(
-      std::remove_if(choices.begin(), choices.end(),
-                     [](const Choice& choice) { return ForTerminal(choice.word) != choice.word; }),
-      choices.end());
+  const Complete::Completion completion = Complete::CompleteWord(split.words, language_, host_of);
+  std::vector<Complete::Choice> choices = ChoicesOf(completion, typed);
+  choices.erase(std::remove_if(choices.begin(), choices.end(),
+                               [](const Complete::Choice& choice) {
+                                 return ForTerminal(choice.word) != choice.word;
+                               }),
+                choices.end());
   if (choices.empty()) return {};
   const std::string common = CommonBeginning(choices);
   LineCompletion completed;
@@ -102,4 +106,4 @@ LineCompletion Session::Complete(const std::string& line) const {
   return completed;
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Shell

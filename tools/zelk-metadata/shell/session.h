@@ -6,7 +6,7 @@
 #include "complete/completion.h"
 #include "language/invocation.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Shell {
 
 /// How the end of a line can be completed.
 struct LineCompletion {
@@ -15,7 +15,7 @@ struct LineCompletion {
   std::string text;
 
   /// What the last word could become, if that is more than one thing.
-  std::vector<Choice> choices;
+  std::vector<Complete::Choice> choices;
 };
 
 /// Runs lines, each a question or a change, on sources that stay loaded. Where the lines come from
@@ -46,4 +46,4 @@ class Session {
   SessionState state_;
 };
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Shell
