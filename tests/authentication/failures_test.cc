@@ -88,12 +88,12 @@ const FailureRow kFailures[] = {
      {Missing("schemes"), Missing("operations"), Missing("services"), Invalid("packages")}},
     {Foo(R"("operations": {}, "packages": {"a": [1]})"),
      {Missing("services"), Invalid("packages")}},
-    // The service that could not be made up is told too, before what fails.
+    // The service that could not be made up is reported too, in front of the failure.
     {Foo(R"("operations": {"power.start": []}, "services": {}, "packages": {"a": ["z"]})"),
      {kBadService, kUnknownScheme}},
 };
 
-TEST(Failure, OfAComponentWithoutAProductFailsTheFileWithExactlyTheseMessages) {
+TEST(ComponentFailure, FailsTheFileWithoutAProduct) {
   for (const auto& row : kFailures) {
     const std::string json = R"({"authentication": {"component": )" + row.component + "}}";
     auto messages = row.messages;
@@ -105,7 +105,7 @@ TEST(Failure, OfAComponentWithoutAProductFailsTheFileWithExactlyTheseMessages) {
   }
 }
 
-TEST(Failure, OfAComponentBesideAGoodProductDoesNotFailTheFile) {
+TEST(ComponentFailure, IsAcceptedWithAGoodProduct) {
   for (const auto& row : kFailures) {
     const auto parsed = ParseFile(R"({"authentication": {"component": )" + row.component +
                                   R"(, "product": {"name": "bar"}}})");
@@ -114,7 +114,7 @@ TEST(Failure, OfAComponentBesideAGoodProductDoesNotFailTheFile) {
   }
 }
 
-TEST(Failure, OfBothPartsFailsTheFileWithTheMessagesOfBoth) {
+TEST(BothPartsFailure, ReportsTheMessagesOfBoth) {
   for (const auto& row : kFailures) {
     const std::string json = R"({"authentication": {"component": )" + row.component +
                              R"(, "product": )" + row.component + "}}";
@@ -127,7 +127,7 @@ TEST(Failure, OfBothPartsFailsTheFileWithTheMessagesOfBoth) {
   }
 }
 
-TEST(Failure, OfTheRootLeavesExactlyTheseMessages) {
+TEST(RootFailure, ReportsExactlyTheseMessages) {
   EXPECT_EQ(MessagesOfFile("{}"), std::vector{Missing("authentication")});
   EXPECT_EQ(MessagesOfFile(R"({"authentication": 1})"), std::vector{Invalid("authentication")});
   const FullMessage syntax = {"zelk.metadata.authentication.parse.error",
@@ -154,21 +154,21 @@ TEST(ServiceId, NeedsBothParts) {
   }
 }
 
-TEST(OperationAndServiceIds, AreLookedAtAfterTheirLists) {
+TEST(OperationAndServiceIds, AreCheckedAfterTheirLists) {
   const auto operations = ParseComponent(Foo(R"("operations": {"start": ["z"]})"));
   EXPECT_EQ(operations.messages, Lines{UnknownScheme()});
   const auto services = ParseComponent(Foo(R"("operations": {}, "services": {"power": 1})"));
   EXPECT_EQ(services.messages, Lines{InvalidField("packages")});
 }
 
-TEST(OperationAndServiceIds, AreReportedWithTheirZeroBytes) {
+TEST(OperationAndServiceIds, KeepZeroBytesInMessages) {
   const auto operations = ParseComponent(Foo(R"("operations": {"st\u0000art": []})"));
   EXPECT_EQ(operations.messages, Lines{InvalidOperationId(std::string("st\0art", 6))});
   const auto services = ParseComponent(Foo(R"("operations": {}, "services": {"po\u0000wer": []})"));
   EXPECT_EQ(services.messages, Lines{InvalidServiceId(std::string("po\0wer", 6))});
 }
 
-TEST(Failure, StopsTheComponentAtItsFirstBrokenStep) {
+TEST(ComponentFailure, StopsAtTheFirstFailure) {
   const auto parsed = ParseComponent(R"({"name": "foo", "schemes": {"x": {}}, "operations": 1,
                                         "services": 1, "packages": 1})");
   EXPECT_FALSE(parsed.accepted);

@@ -54,7 +54,7 @@ const ComponentRow kLevels[] = {
 )"},
 };
 
-TEST(Levels, ThatAreNotListedAreMadeUpWithoutSchemes) {
+TEST(Levels, AreImpliedWithoutSchemes) {
   for (const auto& row : kLevels) {
     const auto parsed = ParseComponent(Foo(row.members));
     EXPECT_TRUE(parsed.accepted) << row.members;
@@ -77,7 +77,7 @@ TEST(Levels, InheritNoSchemes) {
 )");
 }
 
-TEST(Levels, TakeWhatBelongsToThemAndNothingElse) {
+TEST(Levels, TakeOnlyTheirOwnChildren) {
   const auto parsed = ParseComponent(Foo(R"(
       "operations": {"vm.power.start": [], "vm.powers.start": [], "vm.power.disk.add": [],
                      "net.if.up": []},
@@ -98,7 +98,7 @@ TEST(Levels, TakeWhatBelongsToThemAndNothingElse) {
 )");
 }
 
-TEST(Levels, OrderTheirRecordsByTheBytesOfTheirKeys) {
+TEST(Levels, AreOrderedByTheBytesOfTheirKeys) {
   const auto parsed = ParseComponent(Foo(R"(
       "operations": {"a.b.z": [], "a.b.\u00e4": [], "a.b.A": [], "a.b.a": []},
       "packages": {"b": [], "B": [], "a.": []})"));
@@ -133,7 +133,7 @@ TEST(Levels, KeepZeroBytesInNames) {
 )");
 }
 
-TEST(Packages, AreTakenByWhateverName) {
+TEST(Packages, MayHaveAnyName) {
   const auto parsed = ParseComponent(Foo(R"("packages": {"": ["x"], ".": [], "a..b": []})"));
   EXPECT_TRUE(parsed.accepted);
   EXPECT_EQ(parsed.components, R"(component "foo"
@@ -143,7 +143,7 @@ TEST(Packages, AreTakenByWhateverName) {
 )");
 }
 
-TEST(RepeatedKey, InOperationsKeepsTheFirst) {
+TEST(RepeatedOperation, FirstOneWins) {
   for (const auto* services : {"", R"(, "services": {"a.b": []})"}) {
     const auto parsed = ParseComponent(Foo(
         std::string(R"("operations": {"a.b.c": ["x"], "a.b.d": [], "a.b.c": ["y"]})") + services));
@@ -157,7 +157,7 @@ TEST(RepeatedKey, InOperationsKeepsTheFirst) {
   }
 }
 
-TEST(RepeatedKey, InServicesKeepsTheFirstAndTheOperationsThatItTook) {
+TEST(RepeatedService, FirstOneWinsWithItsOperations) {
   for (const auto* packages : {"", R"(, "packages": {"a": []})"}) {
     const auto parsed = ParseComponent(Foo(
         std::string(R"("operations": {"a.b.c": []}, "services": {"a.b": ["x"], "a.b": ["y"]})") +
@@ -171,14 +171,14 @@ TEST(RepeatedKey, InServicesKeepsTheFirstAndTheOperationsThatItTook) {
   }
 }
 
-TEST(RepeatedKey, InPackagesKeepsTheLaterWithoutTheServicesThatTheFirstTook) {
+TEST(RepeatedPackage, LastOneWinsWithoutTheServicesOfTheFirst) {
   const auto parsed =
       ParseComponent(Foo(R"("services": {"a.b": []}, "packages": {"a": ["x"], "a": ["y"]})"));
   EXPECT_TRUE(parsed.accepted);
   EXPECT_EQ(parsed.components, "component \"foo\"\n  package \"a\" [\"why\"@\"sm\"]\n");
 }
 
-TEST(RepeatedKey, InSchemesIsTheLaterOneForEveryListThatNamesIt) {
+TEST(RepeatedScheme, LastOneWins) {
   const auto parsed = ParseComponent(R"({"name": "foo", "packages": {"a": ["x"]}, "schemes": {
       "x": {"authenticationScheme": "first", "type": "SESSIONLESS"},
       "x": {"authenticationScheme": "second", "type": "SESSIONLESS"}}})");
@@ -204,7 +204,7 @@ TEST(SplitFqdn, KeepsZeroBytes) {
   EXPECT_EQ(Parser::SplitFqdn(fqdn), std::pair(std::string("a\0b", 3), std::string("c\0", 2)));
 }
 
-TEST(LeftOverOperations, WhoseServiceHasNoPackageCostThatServiceOnly) {
+TEST(LeftOverOperations, AreDroppedIfTheirServiceHasNoPackage) {
   const auto parsed = ParseComponent(Foo(R"("operations": {"power.start": ["x"]},
                                            "services": {"a.b": []}, "packages": {"c": []})"));
   EXPECT_TRUE(parsed.accepted);
@@ -216,7 +216,7 @@ TEST(LeftOverOperations, WhoseServiceHasNoPackageCostThatServiceOnly) {
   EXPECT_EQ(parsed.messages, Lines{InvalidServiceId("power")});
 }
 
-TEST(LeftOverOperations, AfterTheFirstBadServiceIdMakeNoServicesEither) {
+TEST(LeftOverOperations, AreDroppedAfterTheFirstInvalidServiceId) {
   const auto parsed = ParseComponent(Foo(R"(
       "operations": {"z.y.x": [], "o.p": [], "m.n": [], "a.b.c": []}, "services": {"z.w": []})"));
   EXPECT_TRUE(parsed.accepted);
@@ -230,7 +230,7 @@ TEST(LeftOverOperations, AfterTheFirstBadServiceIdMakeNoServicesEither) {
   EXPECT_EQ(parsed.messages, (Lines{InvalidServiceId("m"), MissingField("packages")}));
 }
 
-TEST(LeftOverOperations, NeedBothPartsInTheIdOfTheirService) {
+TEST(LeftOverOperations, NeedAPackageAndANameInTheirServiceId) {
   for (const auto& [operation, service] : std::vector<std::pair<std::string, std::string>>{
            {"b.c", "b"}, {".b.c", ".b"}, {"a..c", "a."}, {"..c", "."}}) {
     const auto parsed = ParseComponent(Foo(R"("operations": {")" + operation + R"(": []})"));
@@ -242,7 +242,7 @@ TEST(LeftOverOperations, NeedBothPartsInTheIdOfTheirService) {
   }
 }
 
-TEST(LeftOverOperations, AreNotLookedAtWhenTheServiceIsListed) {
+TEST(LeftOverOperations, AreNotCheckedIfTheServiceIsListed) {
   const auto parsed = ParseComponent(Foo(R"("operations": {"a.b.c": [], "power.start": []},
                                            "services": {"power": []})"));
   EXPECT_FALSE(parsed.accepted);
@@ -265,7 +265,7 @@ Operations ReadOperations(const std::string& json) {
   return operations;
 }
 
-/// The keys of unclaimed records, each behind that of what it belongs to.
+/// The keys of unclaimed records, each after the key of its owner.
 template <typename Record>
 Lines Keys(const Parser::Unclaimed<Record>& records) {
   Lines keys;
@@ -275,7 +275,7 @@ Lines Keys(const Parser::Unclaimed<Record>& records) {
   return keys;
 }
 
-TEST(ParseOperations, KeepsEveryOperationUnderItsService) {
+TEST(ParseOperations, GroupsOperationsByService) {
   EXPECT_EQ(Keys(ReadOperations(R"({"m.n": [], "a.b.d": [], "m.o": [], "a.b.c": []})")),
             (Lines{"a.b / c", "a.b / d", "m / n", "m / o"}));
 }
@@ -292,7 +292,7 @@ TEST(ParseOperations, KeepsTheFirstOfARepeatedOperation) {
   EXPECT_EQ(operations.at("a").at("b")->schemes.size(), 1U);
 }
 
-TEST(ParseOperations, AndTheOtherTablesOfAValueThatIsNoObjectAreEmpty) {
+TEST(ParseOperations, ReturnsNothingForANonObjectLikeTheOtherTables) {
   Operations operations;
   Services services;
   Packages packages;
@@ -304,7 +304,7 @@ TEST(ParseOperations, AndTheOtherTablesOfAValueThatIsNoObjectAreEmpty) {
   EXPECT_EQ(MessageTexts(errors), Lines());
 }
 
-TEST(ParseServices, TakesTheOperationsOfTheServicesThatItMakes) {
+TEST(ParseServices, TakesTheOperationsOfItsServices) {
   auto operations = ReadOperations(R"({"a.b.c": [], "a.b.d": [], "a.e.f": []})");
   Services services;
   Errors errors;
@@ -315,7 +315,7 @@ TEST(ParseServices, TakesTheOperationsOfTheServicesThatItMakes) {
   EXPECT_EQ(services.at("a").at("a.b")->operations.size(), 2U);
 }
 
-TEST(ParsePackages, TakesTheServicesOfThePackagesThatItMakes) {
+TEST(ParsePackages, TakesTheServicesOfItsPackages) {
   Operations operations;
   Services services;
   Packages packages;
@@ -330,7 +330,7 @@ TEST(ParsePackages, TakesTheServicesOfThePackagesThatItMakes) {
   EXPECT_EQ(packages.at("d")->services.size(), 1U);
 }
 
-TEST(CreateServicesFromOperations, FailsAtABadServiceIdAndLeavesTheRest) {
+TEST(CreateServicesFromOperations, StopsAtAnInvalidServiceId) {
   auto operations = ReadOperations(R"({"a.b.c": [], "m.n": [], "m.o": [], "z.y.x": []})");
   Services services;
   Errors errors;
@@ -340,7 +340,7 @@ TEST(CreateServicesFromOperations, FailsAtABadServiceIdAndLeavesTheRest) {
   EXPECT_EQ(MessageTexts(errors), Lines{InvalidServiceId("m")});
 }
 
-TEST(CreateServicesFromOperations, OfNothingIsNothing) {
+TEST(CreateServicesFromOperations, ReturnsNothingForNoOperations) {
   Operations operations;
   Services services;
   Errors errors;

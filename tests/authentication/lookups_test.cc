@@ -83,7 +83,7 @@ std::string Text(const std::shared_ptr<const Record>& record) {
 
 class Lookups : public testing::Test {
  protected:
-  /// The first answer of `visit(package, name)` that is no "none", in the order of a walk.
+  /// The first answer of `visit(package, name)` other than "none", in the order of a walk.
   template <typename Visit>
   std::string WalkPackages(const Visit& visit) const {
     for (const auto& [id, source] : table_.Table()) {
@@ -144,7 +144,7 @@ class Lookups : public testing::Test {
   int misses_ = 0;
 };
 
-TEST_F(Lookups, AnswerWhatAWalkThroughEverythingFindsFirst) {
+TEST_F(Lookups, FindTheSameAsAFullWalk) {
   RandomFiles files;
   Testing::ChangeAtRandom(
       table_, files, [&] { return files.Make(); }, [this] { CheckAll(); });

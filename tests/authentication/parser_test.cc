@@ -25,7 +25,7 @@ Lines Joined(const std::vector<Lines>& parts) {
   return all;
 }
 
-TEST(AuthenticationFile, WithAnEmptyAuthenticationObjectIsAcceptedAndRegistersNothing) {
+TEST(AuthenticationFile, MayBeEmpty) {
   const auto parsed = ParseFile(R"({"authentication": {}})");
   EXPECT_TRUE(parsed.accepted);
   EXPECT_EQ(parsed.components, "");
@@ -47,7 +47,7 @@ TEST(AuthenticationFile, IsReadAtAllFourLevels) {
   EXPECT_EQ(parsed.messages, Lines{MissingField("product")});
 }
 
-TEST(AuthenticationFile, HandsOverTheProductBeforeTheComponentWhateverTheirOrder) {
+TEST(AuthenticationFile, ReadsTheProductFirst) {
   for (const auto& parts : {R"("product": {"name": "foo"}, "component": {"name": "bar"})",
                             R"("component": {"name": "bar"}, "product": {"name": "foo"})"}) {
     const auto parsed = ParseFile(File(parts));
@@ -57,14 +57,14 @@ TEST(AuthenticationFile, HandsOverTheProductBeforeTheComponentWhateverTheirOrder
   }
 }
 
-TEST(AuthenticationFile, HandsOverTwoComponentsOfOneNameBoth) {
+TEST(AuthenticationFile, CallsBackForBothOfTwoComponentsOfOneName) {
   const auto parsed =
       ParseFile(File(R"("product": {"name": "foo"}, "component": {"name": "foo"})"));
   EXPECT_TRUE(parsed.accepted);
   EXPECT_EQ(parsed.components, "component \"foo\"\ncomponent \"foo\"\n");
 }
 
-TEST(AuthenticationFile, IgnoresOtherKeysAtEveryLevel) {
+TEST(AuthenticationFile, IgnoresUnknownKeysAtEveryLevel) {
   const auto parsed = ParseFile(R"({"foo": 1, "authentication": {"bar": [], "component": {
       "name": "foo", "version": 7,
       "schemes": {"x": {"authenticationScheme": "ex", "type": "sessionless", "baz": {}}},
@@ -74,7 +74,7 @@ TEST(AuthenticationFile, IgnoresOtherKeysAtEveryLevel) {
   EXPECT_EQ(parsed.messages, Lines{MissingField("product")});
 }
 
-TEST(AuthenticationFile, TakesTheFirstOfARepeatedFixedKeyWithoutAMessage) {
+TEST(AuthenticationFile, ReadsTheFirstOfARepeatedFixedKey) {
   const auto parsed = ParseFile(R"({
       "authentication": {"product": {"name": "foo", "name": 1}, "product": 1,
                          "component": {"name": "bar"}, "component": {}},
@@ -113,7 +113,7 @@ Lines MessagesOf(const std::string& part, const std::string& key) {
   return part.find("name") == std::string::npos ? Lines{MissingField("name")} : kAbsentTables;
 }
 
-TEST(AuthenticationParts, BrokenComponentFailsTheFileUnlessTheProductIsThereAndGood) {
+TEST(AuthenticationParts, FailTheFileIfTheComponentIsBrokenAndNoProductIsGood) {
   for (const auto& row : kParts) {
     const std::string both = std::string(row.product) +
                              (*row.product != '\0' && *row.component != '\0' ? ", " : "") +
@@ -127,7 +127,7 @@ TEST(AuthenticationParts, BrokenComponentFailsTheFileUnlessTheProductIsThereAndG
   }
 }
 
-TEST(AuthenticationParts, ThatAreNoObjectsAreBroken) {
+TEST(AuthenticationParts, AreBrokenIfOfAnotherType) {
   for (const auto* value : {"null", "true", "1", "\"foo\"", "[]"}) {
     const auto both =
         ParseFile(File(std::string(R"("product": )") + value + R"(, "component": )" + value));
@@ -142,7 +142,7 @@ TEST(AuthenticationParts, ThatAreNoObjectsAreBroken) {
   }
 }
 
-TEST(AuthenticationParts, ProductThatIsNoObjectDoesNotFailTheFileOfAnAbsentComponent) {
+TEST(AuthenticationParts, AcceptANonObjectProductWithoutAComponent) {
   const auto parsed = ParseFile(File(R"("product": 1)"));
   EXPECT_TRUE(parsed.accepted);
   EXPECT_EQ(parsed.components, "");
@@ -158,7 +158,7 @@ TEST(AuthenticationParts, DoNotShareTheirSchemes) {
   EXPECT_EQ(parsed.messages.back(), UnknownScheme());
 }
 
-TEST(AuthenticationParts, OfAnObjectWithoutAnyAreAbsent) {
+TEST(AuthenticationParts, MayBeAbsent) {
   std::string components;
   Errors errors;
   EXPECT_TRUE(
@@ -168,7 +168,7 @@ TEST(AuthenticationParts, OfAnObjectWithoutAnyAreAbsent) {
             (Lines{MissingField("product"), MissingField("component")}));
 }
 
-TEST(AuthenticationRoot, ThatIsNoObjectCountsAsOneWithoutMembers) {
+TEST(AuthenticationRoot, IsReportedMissingInANonObject) {
   for (const auto* json : {"{}", "[]", "null", "true", "1", "\"authentication\"",
                            R"([{"authentication": {}}])", R"({"Authentication": {}})"}) {
     const auto parsed = ParseFile(json);
@@ -178,7 +178,7 @@ TEST(AuthenticationRoot, ThatIsNoObjectCountsAsOneWithoutMembers) {
   }
 }
 
-TEST(AuthenticationRoot, WhoseMemberIsNoObjectIsAnInvalidField) {
+TEST(AuthenticationRoot, IsInvalidIfOfAnotherType) {
   for (const auto* value : {"null", "[]", "1", "false", "\"foo\""}) {
     const auto parsed = ParseFile(std::string(R"({"authentication": )") + value + "}");
     EXPECT_FALSE(parsed.accepted) << value;
@@ -207,7 +207,7 @@ const SyntaxRow kSyntaxErrors[] = {
     {"// foo\n{}", "3", "0"},
 };
 
-TEST(AuthenticationSyntaxError, IsReportedByCodeAndOffset) {
+TEST(AuthenticationSyntaxError, ReportsCodeAndOffset) {
   for (const auto& row : kSyntaxErrors) {
     const auto parsed = ParseFile(row.json);
     EXPECT_FALSE(parsed.accepted) << row.json;
@@ -219,7 +219,7 @@ TEST(AuthenticationSyntaxError, IsReportedByCodeAndOffset) {
   }
 }
 
-TEST(AuthenticationSyntaxError, HasTheCodeAndOffsetOfThePlainReader) {
+TEST(AuthenticationSyntaxError, MatchesTheDefaultParser) {
   for (const auto& row : kSyntaxErrors) {
     std::istringstream in(row.json);
     rapidjson::IStreamWrapper wrapper(in);
@@ -230,7 +230,7 @@ TEST(AuthenticationSyntaxError, HasTheCodeAndOffsetOfThePlainReader) {
   }
 }
 
-TEST(AuthenticationSyntaxError, ComesAloneWithItsCataloguedText) {
+TEST(AuthenticationSyntaxError, IsTheOnlyMessage) {
   Errors errors;
   std::string components;
   EXPECT_FALSE(
@@ -239,7 +239,7 @@ TEST(AuthenticationSyntaxError, ComesAloneWithItsCataloguedText) {
   EXPECT_EQ(errors.front().DefaultText(), "Authentication source file parse error : %1% at %2%");
 }
 
-TEST(AuthenticationStream, IsReadAsItsTextIs) {
+TEST(AuthenticationStream, IsReadLikeItsText) {
   std::vector<std::string> texts = {File(R"("component": )" + Foo(R"("packages": {"a": ["x"]})")),
                                     File(kBrokenProduct), "[]", std::string("{\0}", 3)};
   for (const auto& row : kSyntaxErrors) texts.emplace_back(row.json);
@@ -256,7 +256,7 @@ TEST(AuthenticationStream, IsReadAsItsTextIs) {
   }
 }
 
-TEST(AuthenticationStream, IsReadFromItsPresentPosition) {
+TEST(AuthenticationStream, IsReadFromItsCurrentPosition) {
   std::istringstream in("foo {\"authentication\": {}}");
   in.ignore(4);
   std::string components;
@@ -264,7 +264,7 @@ TEST(AuthenticationStream, IsReadFromItsPresentPosition) {
   EXPECT_TRUE(JsonMetadataParser::LoadMetadata(in, KeepTexts(components), errors));
 }
 
-TEST(AuthenticationFile, AppendsItsMessagesToThoseThatAreThere) {
+TEST(AuthenticationFile, AppendsToTheMessages) {
   Errors errors = {::Zelk::BaseMessage("foo", "bar")};
   std::string components;
   EXPECT_FALSE(

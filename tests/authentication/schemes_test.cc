@@ -38,7 +38,7 @@ TEST(Scheme, IsReadWithItsTypeAndSessionManager) {
   }
 }
 
-TEST(Scheme, WithoutSessionsIgnoresASessionManagerOfWhateverType) {
+TEST(Scheme, IgnoresTheSessionManagerIfSessionless) {
   for (const auto* manager : {R"("sm")", "1", "null", "{}"}) {
     Errors errors;
     const auto scheme = Parser::ParseAuthInfo(
@@ -77,7 +77,7 @@ const BrokenRow kBrokenSchemes[] = {
      InvalidField("sessionManager")},
 };
 
-TEST(Scheme, ThatIsBrokenIsNoneWithExactlyOneMessage) {
+TEST(Scheme, ReportsEachFailureOnce) {
   for (const auto& row : kBrokenSchemes) {
     Errors errors;
     EXPECT_EQ(Parser::ParseAuthInfo(Json(row.json), errors), nullptr) << row.json;
@@ -85,7 +85,7 @@ TEST(Scheme, ThatIsBrokenIsNoneWithExactlyOneMessage) {
   }
 }
 
-TEST(Scheme, ThatIsNoObjectCountsAsOneWithoutMembers) {
+TEST(Scheme, ReportsTheFirstKeyOfANonObjectAsMissing) {
   for (const auto* json : {"null", "true", "1", "\"ex\"", "[]", R"([{"type": "SESSIONLESS"}])"}) {
     Errors errors;
     EXPECT_EQ(Parser::ParseAuthInfo(Json(json), errors), nullptr) << json;
@@ -98,7 +98,7 @@ struct TypeRow {
   SchemeType::Enumerator type;
 };
 
-TEST(SchemeTypeText, IsMatchedInAnyCaseAndHasASecondSpelling) {
+TEST(SchemeTypeText, IgnoresCaseAndHasASecondSpelling) {
   const TypeRow rows[] = {
       {R"("SESSIONLESS")", SchemeType::SESSIONLESS},
       {R"("sessionless")", SchemeType::SESSIONLESS},
@@ -119,7 +119,7 @@ TEST(SchemeTypeText, IsMatchedInAnyCaseAndHasASecondSpelling) {
   }
 }
 
-TEST(SchemeTypeText, ThatIsNotKnownIsReportedOnceByTheKey) {
+TEST(SchemeTypeText, IsReportedOnceIfUnknown) {
   for (const auto* json : {R"("foo")", R"("")", R"("SESSION-AWARE")", R"("SESSION_LESS")",
                            R"("SESSIONAWARE ")", R"("SESSIONAWARE\u0000")", R"("UNKNOWN")"}) {
     Errors errors;
@@ -130,7 +130,7 @@ TEST(SchemeTypeText, ThatIsNotKnownIsReportedOnceByTheKey) {
   }
 }
 
-TEST(SchemeTypes, AreNumberedAsTheirTextsStand) {
+TEST(SchemeTypes, KeepTheirNumbers) {
   EXPECT_EQ(SchemeType::SESSIONLESS, 0);
   EXPECT_EQ(SchemeType::SESSION_AWARE, 1);
   EXPECT_EQ(SchemeType().Value(), 2);
@@ -147,7 +147,7 @@ Parser::SchemeTable Schemes(const std::string& json) {
   return table;
 }
 
-TEST(SchemeTable, KeepsTheLaterOfTwoSchemesUnderOneKey) {
+TEST(SchemeTable, KeepsTheLastOfARepeatedKey) {
   const auto table = Schemes(R"({
       "x": {"authenticationScheme": "first", "type": "SESSIONLESS"},
       "y": {"authenticationScheme": "why", "type": "SESSIONLESS"},
@@ -157,7 +157,7 @@ TEST(SchemeTable, KeepsTheLaterOfTwoSchemesUnderOneKey) {
   EXPECT_EQ(SchemeText(*table.at("y")), R"("why")");
 }
 
-TEST(SchemeTable, TellsKeysWithZeroBytesApart) {
+TEST(SchemeTable, ComparesKeysPastZeroBytes) {
   const auto table = Schemes(R"({
       "x": {"authenticationScheme": "short", "type": "SESSIONLESS"},
       "x\u0000": {"authenticationScheme": "long", "type": "SESSIONLESS"}})");
@@ -166,7 +166,7 @@ TEST(SchemeTable, TellsKeysWithZeroBytesApart) {
   EXPECT_EQ(SchemeText(*table.at(std::string("x\0", 2))), R"("long")");
 }
 
-TEST(SchemeTable, FailsAtItsFirstBrokenSchemeWhateverFollows) {
+TEST(SchemeTable, FailsAtTheFirstInvalidScheme) {
   Parser::SchemeTable table;
   Errors errors;
   EXPECT_FALSE(Parser::ParseSchemes(Json(R"({
@@ -175,7 +175,7 @@ TEST(SchemeTable, FailsAtItsFirstBrokenSchemeWhateverFollows) {
   EXPECT_EQ(MessageTexts(errors), Lines{MissingField("authenticationScheme")});
 }
 
-TEST(SchemeTable, OfAValueThatIsNoObjectIsEmpty) {
+TEST(SchemeTable, IsEmptyForANonObject) {
   EXPECT_TRUE(Schemes("{}").empty());
   EXPECT_TRUE(Schemes("[1]").empty());
 }
@@ -191,7 +191,7 @@ Lines ReadList(const std::string& json, bool accepted, Parser::SchemeList& list)
   return MessageTexts(errors);
 }
 
-TEST(SchemeList, KeepsTheOrderOfTheArrayAndRepetitions) {
+TEST(SchemeList, KeepsTheOrderAndRepeatsOfTheArray) {
   const SchemeRow rows[] = {
       {"[]", "[]"},
       {R"(["y"])", R"(["why"])"},
@@ -228,14 +228,14 @@ const BrokenRow kBrokenLists[] = {
     {R"(["id"])", UnknownScheme()},
 };
 
-TEST(SchemeList, FailsAtItsFirstBrokenElementWithExactlyOneMessage) {
+TEST(SchemeList, ReportsOnlyTheFirstInvalidElement) {
   for (const auto& row : kBrokenLists) {
     Parser::SchemeList list;
     EXPECT_EQ(ReadList(row.json, false, list), Lines{row.message}) << row.json;
   }
 }
 
-TEST(SchemeList, SaysPackagesAndIdForTheListsOfEveryLevel) {
+TEST(SchemeList, IsReportedAsPackagesAndIdAtEveryLevel) {
   for (const auto& row : kBrokenLists) {
     const std::string list = row.json;
     const auto operations = ParseComponent(Foo(R"("operations": {"a.b.c": )" + list + "}"));

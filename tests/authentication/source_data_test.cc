@@ -33,7 +33,7 @@ std::shared_ptr<Bindings::Authentication::ComponentInfo> EmptyComponent() {
       std::map<std::string, std::shared_ptr<const Bindings::Authentication::PackageInfo>>());
 }
 
-TEST(SourceData, StartsWithItsSpecAndNothingRead) {
+TEST(SourceData, IsEmptyButForItsSpec) {
   const auto spec = FileSpec("baz");
   const SourceData source(spec);
   EXPECT_EQ(source.spec, spec);
@@ -46,7 +46,7 @@ TEST(SourceData, StartsWithItsSpecAndNothingRead) {
   EXPECT_EQ(source.component_fingerprint, "");
 }
 
-TEST(SourceData, KeepsTheLaterOfTwoComponentsWithOneName) {
+TEST(SourceData, KeepsTheLastOfARepeatedComponent) {
   SourceData source(FileSpec("baz"));
   const auto later = EmptyComponent();
   source.RegisterComponentNode("foo", EmptyComponent());
@@ -56,7 +56,7 @@ TEST(SourceData, KeepsTheLaterOfTwoComponentsWithOneName) {
   EXPECT_EQ(source.components.at("foo"), later);
 }
 
-TEST(LoadSource, GivesBothFingerprintsTheDigestOfTheFile) {
+TEST(LoadSource, SetsBothFingerprintsToTheDigestOfTheFile) {
   const TempFolder folder;
   const auto text = FileOf("foo") + "\n";
   ErrorPtr error;
@@ -70,7 +70,7 @@ TEST(LoadSource, GivesBothFingerprintsTheDigestOfTheFile) {
   EXPECT_EQ(source->components.count("foo"), 1U);
 }
 
-TEST(LoadSource, ThatFailsGivesAnErrorAndNoSource) {
+TEST(LoadSource, ReturnsAnErrorAndNoSourceIfItFails) {
   const TempFolder folder;
   ErrorPtr error;
   EXPECT_EQ(LoadSource<SourceDomain>(FileSpec(folder.Write("m", "[]")), error), nullptr);

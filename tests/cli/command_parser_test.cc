@@ -7,9 +7,9 @@
 #include <boost/none.hpp>
 #include <gtest/gtest.h>
 
-#include "support/cli_text.h"
 #include "cli/metadata_parser.h"
 #include "cli/parser_messages.h"
+#include "support/cli_text.h"
 #include "support/json_text.h"
 
 namespace Zelk::Provider::Metadata::Cli {
@@ -50,7 +50,7 @@ std::string Command(const std::string& head, const std::string& lists) {
 const std::string kOldOption = "\n  option \"old\" none \"\" \"\" \"\" NONE";
 const std::string kOldOutput = "\n  output \"old\" []";
 
-TEST(CliCommandMetadata, IsReadWhole) {
+TEST(CliCommandMetadata, ReadsEveryKey) {
   Errors errors;
   auto info = OldCommand();
   EXPECT_TRUE(MetadataParser::ParseCommandMetadata(
@@ -69,7 +69,7 @@ TEST(CliCommandMetadata, IsReadWhole) {
   EXPECT_EQ(MessageTexts(errors), Lines());
 }
 
-TEST(CliCommandMetadata, WithoutOptionalMembersSucceedsAndLeavesTheirMessages) {
+TEST(CliCommandMetadata, LeavesMessagesForAbsentOptionalMembers) {
   Errors errors;
   Bindings::Cli::CommandSvc::Info info = OldCommand();
   info.formatter = boost::none;
@@ -80,7 +80,7 @@ TEST(CliCommandMetadata, WithoutOptionalMembersSucceedsAndLeavesTheirMessages) {
                                          MissingField("output_field_list")}));
 }
 
-TEST(CliCommandMetadata, ThatIsNoObjectIsReportedAsThePath) {
+TEST(CliCommandMetadata, IsReportedAsThePathIfNotAnObject) {
   for (const auto& value : JsonValuesBut("object")) {
     Errors errors;
     auto info = OldCommand();
@@ -95,7 +95,7 @@ struct FailureRow {
   std::string message;
 };
 
-TEST(CliCommandMetadata, IsReadInOrderAndKeepsWhatSucceededBeforeAFailure) {
+TEST(CliCommandMetadata, KeepsMembersReadBeforeAFailure) {
   const std::vector<FailureRow> rows = {
       {R"({"service_id": 1, "operation_id": 1})",
        Command(R"("old" "old" XML)", kOldOption + kOldOutput), InvalidField("service_id")},
@@ -120,7 +120,7 @@ TEST(CliCommandMetadata, IsReadInOrderAndKeepsWhatSucceededBeforeAFailure) {
   }
 }
 
-TEST(CliCommandMetadata, KeepsItsListsWhenALaterElementIsBad) {
+TEST(CliCommandMetadata, KeepsElementsReadBeforeAnInvalidOne) {
   Errors errors;
   auto info = OldCommand();
   EXPECT_FALSE(MetadataParser::ParseCommandMetadata(
@@ -135,7 +135,7 @@ TEST(CliCommandMetadata, KeepsItsListsWhenALaterElementIsBad) {
 
 using TextRows = std::vector<std::pair<std::string, std::string>>;
 
-TEST(CliFormatter, IsMatchedInAnyCaseAndKeptInUpperCaseWhenUnknown) {
+TEST(CliFormatter, IgnoresCaseAndKeepsUnknownTextsInUpperCase) {
   const TextRows rows = {{"SIMPLE", "SIMPLE"},
                          {"simple", "SIMPLE"},
                          {"Table", "TABLE"},
@@ -160,7 +160,7 @@ TEST(CliFormatter, IsMatchedInAnyCaseAndKeptInUpperCaseWhenUnknown) {
   }
 }
 
-TEST(CliGeneric, IsMatchedInAnyCaseAndIsNoneForAnEmptyText) {
+TEST(CliGeneric, IgnoresCaseAndReadsAnEmptyTextAsNone) {
   const TextRows rows = {{"NONE", "NONE"},
                          {"", "NONE"},
                          {"none", "NONE"},
@@ -181,7 +181,7 @@ TEST(CliGeneric, IsMatchedInAnyCaseAndIsNoneForAnEmptyText) {
   }
 }
 
-TEST(CliGeneric, OfAnEmptyTextRemembersNoText) {
+TEST(CliGeneric, KeepsNoTextOfAnEmptyText) {
   Errors errors;
   const auto option =
       MetadataParser::ParseOptionInfo(Json(Testing::With(kOption, "/generic", R"("")")), errors);
@@ -190,7 +190,7 @@ TEST(CliGeneric, OfAnEmptyTextRemembersNoText) {
   EXPECT_EQ(option->generic.Text(), "");
 }
 
-TEST(CliEnumerations, HaveTheirUnknownValuesAfterSixFormattersAndFiveGenerics) {
+TEST(CliEnumerations, HaveSixFormattersAndFiveGenerics) {
   EXPECT_EQ(int{FormatterType::UNKNOWN}, 6);
   EXPECT_EQ(int{GenericType::UNKNOWN}, 5);
 }

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "support/cli_text.h"
 #include "cli/metadata_parser.h"
 #include "cli/parser_messages.h"
+#include "support/cli_text.h"
 #include "support/json_text.h"
 
 // The elements of a command's two lists.
@@ -27,7 +27,7 @@ constexpr char kOption[] = R"({"long_option": "foo", "short_option": "f", "field
 
 // --- options ------------------------------------------------------------------------------------
 
-TEST(CliOption, IsReadInTheOrderOfItsKeys) {
+TEST(CliOption, ReadsItsKeysInOrder) {
   struct Row {
     const char* option;
     Lines messages;
@@ -62,7 +62,7 @@ TEST(CliOption, KeepsItsTypeAsWritten) {
   }
 }
 
-TEST(CliOption, WithoutAShortOneSucceedsAndLeavesTheMessage) {
+TEST(CliOption, LeavesAMessageWithoutAShortOption) {
   Errors errors;
   const auto option =
       MetadataParser::ParseOptionInfo(Json(Testing::Without(kOption, "/short_option")), errors);
@@ -71,7 +71,7 @@ TEST(CliOption, WithoutAShortOneSucceedsAndLeavesTheMessage) {
   EXPECT_EQ(MessageTexts(errors), Lines{MissingField("short_option")});
 }
 
-TEST(CliOption, WithAnEmptyShortOneHasOne) {
+TEST(CliOption, KeepsAnEmptyShortOption) {
   Errors errors;
   const auto option = MetadataParser::ParseOptionInfo(
       Json(Testing::With(kOption, "/short_option", R"("")")), errors);
@@ -79,7 +79,7 @@ TEST(CliOption, WithAnEmptyShortOneHasOne) {
   EXPECT_EQ(CliText(*option), R"(option "foo" "" "bar" "Baz" "qux" LIST)");
 }
 
-TEST(CliOption, ThatIsNoObjectIsAnOptionsEntry) {
+TEST(CliOption, IsReportedAsOptionsEntryIfNotAnObject) {
   for (const auto& value : JsonValuesBut("object")) {
     Errors errors;
     EXPECT_FALSE(MetadataParser::ParseOptionInfo(Json(value), errors)) << value;
@@ -89,7 +89,7 @@ TEST(CliOption, ThatIsNoObjectIsAnOptionsEntry) {
 
 // --- output -------------------------------------------------------------------------------------
 
-TEST(CliOutput, ThatIsNoObjectIsAnOptionsEntryToo) {
+TEST(CliOutput, IsReportedAsOptionsEntryIfNotAnObject) {
   for (const auto& value : JsonValuesBut("object")) {
     Errors errors;
     EXPECT_FALSE(MetadataParser::ParseFieldInfo(Json(value), errors)) << value;
@@ -97,7 +97,7 @@ TEST(CliOutput, ThatIsNoObjectIsAnOptionsEntryToo) {
   }
 }
 
-TEST(CliOutput, WithoutFieldsHasNoneAndLeavesTheMessage) {
+TEST(CliOutput, LeavesAMessageWithoutFields) {
   Errors errors;
   const auto output = MetadataParser::ParseFieldInfo(Json(R"({"structure_id": "foo"})"), errors);
   ASSERT_TRUE(output);
@@ -105,7 +105,7 @@ TEST(CliOutput, WithoutFieldsHasNoneAndLeavesTheMessage) {
   EXPECT_EQ(MessageTexts(errors), Lines{MissingField("output_fields")});
 }
 
-TEST(CliOutput, WhoseFieldsAreNoArrayFailsWithTheMessageOfAllFiles) {
+TEST(CliOutput, ReportsNonArrayFieldsWithTheSharedMessage) {
   for (const auto& value : JsonValuesBut("array")) {
     Errors errors;
     const std::string output = R"({"structure_id": "foo", "output_fields": )" + value + "}";
@@ -114,7 +114,7 @@ TEST(CliOutput, WhoseFieldsAreNoArrayFailsWithTheMessageOfAllFiles) {
   }
 }
 
-TEST(CliOutput, FailsAtItsFirstBadFieldAndReadsNoneAfterIt) {
+TEST(CliOutput, StopsAtTheFirstInvalidField) {
   Errors errors;
   EXPECT_FALSE(MetadataParser::ParseFieldInfo(Json(R"({"structure_id": "foo", "output_fields": [
                 {"field_name": "bar", "display_name": "Bar"}, {"field_name": "baz"}, 1]})"),
@@ -128,7 +128,7 @@ TEST(CliOutput, ReadsItsStructureFirst) {
   EXPECT_EQ(MessageTexts(errors), Lines{MissingField("structure_id")});
 }
 
-TEST(CliOutputField, ThatIsNoObjectIsNamedAfterItsArray) {
+TEST(CliOutputField, IsReportedByItsArrayIfNotAnObject) {
   for (const auto& value : JsonValuesBut("object")) {
     Errors errors;
     EXPECT_FALSE(MetadataParser::ParseMemberInfo(Json(value), errors)) << value;

@@ -87,7 +87,7 @@ class Lookups : public testing::Test {
   int misses_ = 0;
 };
 
-TEST_F(Lookups, AnswerWhatAWalkThroughEverythingFindsFirst) {
+TEST_F(Lookups, FindTheSameAsAFullWalk) {
   RandomFiles files;
   Testing::ChangeAtRandom(
       table_, files, [&] { return files.Make(); }, [this] { CheckAll(); });

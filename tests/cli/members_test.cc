@@ -66,14 +66,14 @@ void ExpectFailure(const std::string& text, const std::string& message) {
   EXPECT_EQ(parsed.messages, Lines{message}) << text;
 }
 
-TEST(CliMembers, AllThereAndOfTheirTypesLeaveNoMessage) {
+TEST(CliMembers, LeaveNoMessageIfAllAreValid) {
   const auto parsed = ParseFile(kWhole);
   EXPECT_TRUE(parsed.ok);
   EXPECT_EQ(parsed.nodes.size(), 2u);
   EXPECT_EQ(parsed.messages, Lines());
 }
 
-TEST(CliMembers, ThatAreRequiredFailWhenAbsent) {
+TEST(CliMembers, AreReportedIfRequiredAndAbsent) {
   auto pointers = kRequiredStrings;
   pointers.insert(pointers.end(), {"/cli", kMetadata});
   for (const auto& pointer : pointers) {
@@ -81,7 +81,7 @@ TEST(CliMembers, ThatAreRequiredFailWhenAbsent) {
   }
 }
 
-TEST(CliMembers, ThatAreOptionalSucceedWhenAbsentAndLeaveTheMessage) {
+TEST(CliMembers, LeaveAMessageIfOptionalAndAbsent) {
   auto pointers = kOptionalStrings;
   pointers.insert(pointers.end(), kOptionalArrays.begin(), kOptionalArrays.end());
   for (const auto& pointer : pointers) {
@@ -92,7 +92,7 @@ TEST(CliMembers, ThatAreOptionalSucceedWhenAbsentAndLeaveTheMessage) {
   }
 }
 
-TEST(CliMembers, ThatAreStringsFailWithAnyOtherType) {
+TEST(CliMembers, AreInvalidIfNotTheExpectedString) {
   auto pointers = kRequiredStrings;
   pointers.insert(pointers.end(), kOptionalStrings.begin(), kOptionalStrings.end());
   for (const auto& pointer : pointers) {
@@ -102,7 +102,7 @@ TEST(CliMembers, ThatAreStringsFailWithAnyOtherType) {
   }
 }
 
-TEST(CliMembers, ThatAreArraysFailWithAnyOtherType) {
+TEST(CliMembers, AreInvalidIfNotTheExpectedArray) {
   for (const auto& pointer : kOptionalArrays) {
     for (const auto& value : JsonValuesBut("array")) {
       ExpectFailure(With(kWhole, pointer, value), InvalidField(Key(pointer)));
@@ -110,7 +110,7 @@ TEST(CliMembers, ThatAreArraysFailWithAnyOtherType) {
   }
 }
 
-TEST(CliMembers, WhoseObjectsAreNoneFailUnderTheirOwnWords) {
+TEST(CliMembers, ReportNonObjectsByTheirOwnWords) {
   struct Row {
     std::string pointer;
     std::string message;
@@ -131,7 +131,7 @@ TEST(CliMembers, WhoseObjectsAreNoneFailUnderTheirOwnWords) {
   }
 }
 
-TEST(CliMembers, AsEmptyArraysLoad) {
+TEST(CliMembers, MayBeEmptyArrays) {
   for (const auto& pointer : kOptionalArrays) {
     const auto parsed = ParseFile(With(kWhole, pointer, "[]"));
     EXPECT_TRUE(parsed.ok) << pointer;
@@ -139,7 +139,7 @@ TEST(CliMembers, AsEmptyArraysLoad) {
   }
 }
 
-TEST(CliMembers, GivenTwiceCountWhereTheyStandFirst) {
+TEST(RepeatedCliMember, FirstOneWins) {
   for (const auto& pointer : kRequiredStrings) {
     const std::string key = '"' + Key(pointer) + "\": ";
     std::string text = With(kWhole, pointer, R"("\u0001")");

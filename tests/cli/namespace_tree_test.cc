@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "support/cli_text.h"
 #include "cli/source_data.h"
+#include "support/cli_text.h"
 #include "support/small_stack.h"
 
 namespace Zelk::Provider::Metadata::Cli {
@@ -41,11 +41,11 @@ Lines Tree(const std::vector<Identity>& registrations) {
   return lines;
 }
 
-TEST(NamespaceTree, IsEmptyAtFirst) {
+TEST(NamespaceTree, IsEmptyByDefault) {
   EXPECT_EQ(Tree({}), Lines());
 }
 
-TEST(NamespaceTree, GetsTheParentsThatOnlyAPathImpliesAndTheRoot) {
+TEST(NamespaceTree, AddsImpliedParentsAndTheRoot) {
   EXPECT_EQ(Tree({{"a", "b"}}), (Lines{
                                     R"(namespace : "Root namespace" [:a, :])",
                                     R"(namespace :a "a namespace" [a:b])",
@@ -53,7 +53,7 @@ TEST(NamespaceTree, GetsTheParentsThatOnlyAPathImpliesAndTheRoot) {
                                 }));
 }
 
-TEST(NamespaceTree, GetsEveryParentOfALongPath) {
+TEST(NamespaceTree, AddsEveryParentOfALongPath) {
   EXPECT_EQ(Tree({{"a.b.c", "d"}}), (Lines{
                                         R"(namespace : "Root namespace" [:a, :])",
                                         R"(namespace :a "a namespace" [a:b])",
@@ -73,7 +73,7 @@ TEST(NamespaceTree, ListsChildrenInTheOrderOfRegistration) {
             }));
 }
 
-TEST(NamespaceTree, KeepsAParentThatIsNamedBeforeItsChildren) {
+TEST(NamespaceTree, KeepsAParentDeclaredBeforeItsChildren) {
   EXPECT_EQ(Tree({{"", "a"}, {"a", "c"}, {"a", "b"}}),
             (Lines{
                 R"(namespace : "Root namespace" [:a, :])",
@@ -83,7 +83,7 @@ TEST(NamespaceTree, KeepsAParentThatIsNamedBeforeItsChildren) {
             }));
 }
 
-TEST(NamespaceTree, LosesTheEarlierChildrenOfANamespaceThatIsNamedAfterThem) {
+TEST(NamespaceTree, LosesChildrenDeclaredBeforeTheirParent) {
   EXPECT_EQ(Tree({{"a", "b"}, {"", "a"}, {"a", "c"}}),
             (Lines{
                 R"(namespace : "Root namespace" [:a, :, :a])",
@@ -93,7 +93,7 @@ TEST(NamespaceTree, LosesTheEarlierChildrenOfANamespaceThatIsNamedAfterThem) {
             }));
 }
 
-TEST(NamespaceTree, ListsANamespaceAsOftenAsItIsRegistered) {
+TEST(NamespaceTree, ListsARepeatedNamespaceEachTime) {
   EXPECT_EQ(Tree({{"", "a"}, {"", "a"}, {"", "a"}}),
             (Lines{
                 R"(namespace : "Root namespace" [:a, :, :a, :a])",
@@ -101,26 +101,26 @@ TEST(NamespaceTree, ListsANamespaceAsOftenAsItIsRegistered) {
             }));
 }
 
-TEST(NamespaceTree, ListsARootThatIsNamedAmongItsOwnChildren) {
+TEST(NamespaceTree, ListsADeclaredRootAmongItsChildren) {
   EXPECT_EQ(Tree({{"", ""}}), Lines{R"(namespace : "<>" [:])"});
   EXPECT_EQ(Tree({{"", ""}, {"", ""}}), Lines{R"(namespace : "<>" [:])"});
 }
 
-TEST(NamespaceTree, AppendsToARootThatIsNamedFirst) {
+TEST(NamespaceTree, AppendsToARootDeclaredFirst) {
   EXPECT_EQ(Tree({{"", ""}, {"", "a"}}), (Lines{
                                              R"(namespace : "<>" [:, :a])",
                                              R"(namespace :a "<a>" [])",
                                          }));
 }
 
-TEST(NamespaceTree, LosesTheChildrenOfARootThatIsNamedLast) {
+TEST(NamespaceTree, LosesChildrenDeclaredBeforeTheRoot) {
   EXPECT_EQ(Tree({{"", "a"}, {"", ""}}), (Lines{
                                              R"(namespace : "<>" [:])",
                                              R"(namespace :a "<a>" [])",
                                          }));
 }
 
-TEST(NamespaceTree, TakesTheLaterOfTwoDescriptions) {
+TEST(NamespaceTree, KeepsTheLastDescription) {
   SourceData source = NewSource();
   source.RegisterNsNode(Node({"", "a"}));
   const auto later = std::make_shared<Info>();
@@ -130,7 +130,7 @@ TEST(NamespaceTree, TakesTheLaterOfTwoDescriptions) {
   EXPECT_EQ(source.namespaces.at(later->identity), later);
 }
 
-TEST(NamespaceTree, IsOrderedByPathThenNameByTheirBytes) {
+TEST(NamespaceTree, IsOrderedByTheBytesOfPathThenName) {
   EXPECT_EQ(Tree({{"", "b"}, {"", "B"}, {"", "b-"}, {"B", "z"}, {"", "\xc3\xa9"}}),
             (Lines{
                 "namespace : \"Root namespace\" [:b, :, :B, :b-, :\xc3\xa9]",
@@ -142,7 +142,7 @@ TEST(NamespaceTree, IsOrderedByPathThenNameByTheirBytes) {
             }));
 }
 
-TEST(NamespaceTree, ClimbsThroughEmptyPartsOfAPath) {
+TEST(NamespaceTree, AllowsEmptyPartsOfAPath) {
   struct Row {
     const char* path;
     Lines tree;
@@ -164,7 +164,7 @@ TEST(NamespaceTree, ClimbsThroughEmptyPartsOfAPath) {
   for (const auto& row : rows) EXPECT_EQ(Tree({{row.path, "x"}}), row.tree) << row.path;
 }
 
-TEST(NamespaceTree, TakesANameWithFullStopsAsOneName) {
+TEST(NamespaceTree, AllowsFullStopsInAName) {
   EXPECT_EQ(Tree({{"", "a.b"}, {"a.b", "c"}}), (Lines{
                                                    R"(namespace : "Root namespace" [:a.b, :, :a])",
                                                    R"(namespace :a "a namespace" [a:b])",
@@ -191,7 +191,7 @@ TEST(NamespaceTree, NeedsNoStackForALongPath) {
 
 // --- its steps ----------------------------------------------------------------------------------
 
-TEST(RegisterWithParent, AnswersNothingWhenTheParentIsThere) {
+TEST(RegisterWithParent, ReturnsNothingIfTheParentIsKnown) {
   SourceData source = NewSource();
   source.RegisterNsNode(Node({"", "a"}));
   EXPECT_EQ(source.RegisterWithParent(std::make_shared<const Identity>("a", "b")), nullptr);
@@ -199,7 +199,7 @@ TEST(RegisterWithParent, AnswersNothingWhenTheParentIsThere) {
             R"(namespace :a "<a>" [a:b])");
 }
 
-TEST(RegisterWithParent, AnswersTheMissingParent) {
+TEST(RegisterWithParent, ReturnsTheMissingParent) {
   SourceData source = NewSource();
   const auto identity = std::make_shared<const Identity>("a.b", "c");
   const auto parent = source.RegisterWithParent(identity);
@@ -229,7 +229,7 @@ TEST(Str2NsId, KeepsZeroBytes) {
   EXPECT_EQ(*SourceData::Str2NsId(path), Identity(path.substr(0, 2), path.substr(3)));
 }
 
-TEST(CliSourceData, DescribesItselfByItsSpecAndStartsEmpty) {
+TEST(CliSourceData, IsEmptyButForItsSpec) {
   const auto spec = std::make_shared<const Bindings::Cli::SourceSvc::CreateSpec>(
       "foo", SourceType::REMOTE, boost::none, std::string("bar"));
   const SourceData source(spec);

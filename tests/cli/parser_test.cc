@@ -35,7 +35,7 @@ constexpr char kBar[] = R"({"type": "command", "path": "foo", "name": "bar", "de
 
 const Lines kFooAndBar = {R"(namespace :foo "Foo" [])",
                           R"(command foo:bar "Bar" "baz" "qux" none)"};
-/// What an absent optional member of kBar leaves behind.
+/// The message of an absent optional member of kBar.
 const Lines kBarMessages = {MissingField("formatter"), MissingField("options"),
                             MissingField("output_field_list")};
 
@@ -45,21 +45,21 @@ std::string File(const std::vector<std::string>& nodes) {
   return R"({"cli": [)" + text + "]}";
 }
 
-TEST(CliFile, WithoutNodesLoadsAndDefinesNothing) {
+TEST(CliFile, MayHaveNoNodes) {
   const auto parsed = ParseFile(File({}));
   EXPECT_TRUE(parsed.ok);
   EXPECT_EQ(parsed.nodes, Lines());
   EXPECT_EQ(parsed.messages, Lines());
 }
 
-TEST(CliFile, GivesNamespacesAndCommandsInDocumentOrder) {
+TEST(CliFile, KeepsDocumentOrder) {
   const auto parsed = ParseFile(File({kFoo, kBar, kFoo}));
   EXPECT_TRUE(parsed.ok);
   EXPECT_EQ(parsed.nodes, (Lines{kFooAndBar[0], kFooAndBar[1], kFooAndBar[0]}));
   EXPECT_EQ(parsed.messages, kBarMessages);
 }
 
-TEST(CliFile, IgnoresKeysItDoesNotKnow) {
+TEST(CliFile, IgnoresUnknownKeys) {
   const auto parsed = ParseFile(R"({"foo": 1, "cli": [
     {"foo": [], "type": "namespace", "path": "", "name": "foo", "description": "Foo",
      "node_metadata": "not looked at", "children": [{"type": 1}]}], "bar": {}})");
@@ -68,7 +68,7 @@ TEST(CliFile, IgnoresKeysItDoesNotKnow) {
   EXPECT_EQ(parsed.messages, Lines());
 }
 
-TEST(CliFile, TakesTheFirstOfAKeyGivenTwice) {
+TEST(CliFile, ReadsTheFirstOfARepeatedKey) {
   const auto parsed = ParseFile(R"({"cli": [
     {"type": "namespace", "type": "command", "path": "", "path": 1, "name": "foo", "name": "bar",
      "description": "Foo", "description": null}], "cli": "foo"})");
@@ -84,7 +84,7 @@ TEST(CliFile, KeepsTextsByteForByte) {
   EXPECT_EQ(parsed.nodes, (Lines{std::string("namespace  .:a\0b", 16) + R"( "\xc3\xa9" [])"}));
 }
 
-TEST(CliFile, WithoutTheMemberCliIsMissingIt) {
+TEST(CliFile, ReportsAMissingRootKey) {
   for (const std::string text :
        {"{}", R"({"Cli": []})", "[]", R"(["cli"])", R"("cli")", "1", "null", "true"}) {
     const auto parsed = ParseFile(text);
@@ -93,7 +93,7 @@ TEST(CliFile, WithoutTheMemberCliIsMissingIt) {
   }
 }
 
-TEST(CliFile, WhoseMemberCliIsNoArrayIsRefusedWithTheDomainsOwnMessage) {
+TEST(CliFile, ReportsANonArrayRootWithItsOwnMessage) {
   for (const auto& value : JsonValuesBut("array")) {
     const auto parsed = ParseFile(R"({"cli": )" + value + "}");
     EXPECT_FALSE(parsed.ok) << value;
@@ -107,7 +107,7 @@ struct SyntaxErrorRow {
   const char* offset;
 };
 
-TEST(CliFile, WithASyntaxErrorReportsItsCodeAndOffset) {
+TEST(CliFile, ReportsTheCodeAndOffsetOfASyntaxError) {
   const std::vector<SyntaxErrorRow> rows = {
       {"", "1", "0"},
       {" \n", "1", "2"},
@@ -131,7 +131,7 @@ TEST(CliFile, WithASyntaxErrorReportsItsCodeAndOffset) {
   }
 }
 
-TEST(CliFile, ReadFromAStreamGivesWhatItsTextGives) {
+TEST(CliFile, IsReadFromAStreamLikeItsText) {
   const std::vector<std::string> texts = {File({}),
                                           File({kFoo, kBar}),
                                           File({kBar, "1", kFoo}),
@@ -152,7 +152,7 @@ TEST(CliFile, ReadFromAStreamGivesWhatItsTextGives) {
   }
 }
 
-TEST(CliFile, IsReadFromWhereTheStreamStands) {
+TEST(CliFile, IsReadFromTheCurrentPositionOfAStream) {
   std::istringstream stream("foo" + File({kFoo}));
   stream.ignore(3);
   const auto parsed = ParseFile(stream);
@@ -160,7 +160,7 @@ TEST(CliFile, IsReadFromWhereTheStreamStands) {
   EXPECT_EQ(parsed.nodes, Lines{kFooAndBar[0]});
 }
 
-TEST(CliFile, StopsAtTheFirstBadNodeAndReadsNoneAfterIt) {
+TEST(CliFile, StopsAtTheFirstInvalidNode) {
   const auto parsed = ParseFile(File({kFoo, kBar, R"({"type": "foo"})", R"({"type": 1})", kFoo}));
   EXPECT_FALSE(parsed.ok);
   EXPECT_EQ(parsed.nodes, kFooAndBar);
@@ -169,7 +169,7 @@ TEST(CliFile, StopsAtTheFirstBadNodeAndReadsNoneAfterIt) {
   EXPECT_EQ(parsed.messages, messages);
 }
 
-TEST(CliFile, NestedDeeplyWhereNothingIsReadNeedsNoStack) {
+TEST(CliFile, IgnoresDeepNestingWithoutStack) {
   constexpr int kDepth = 100000;
   const std::string nested = std::string(kDepth, '[') + std::string(kDepth, ']');
   Testing::RunOnSmallStack(256 * 1024, [&nested] {
@@ -181,7 +181,7 @@ TEST(CliFile, NestedDeeplyWhereNothingIsReadNeedsNoStack) {
 
 // --- nodes --------------------------------------------------------------------------------------
 
-TEST(CliNode, ThatIsNoObjectCountsAsOneWithoutMembers) {
+TEST(CliNode, ReportsTheFirstKeyOfANonObjectAsMissing) {
   for (const auto& value : JsonValuesBut("object")) {
     const auto parsed = ParseFile(File({value}));
     EXPECT_FALSE(parsed.ok) << value;
@@ -189,7 +189,7 @@ TEST(CliNode, ThatIsNoObjectCountsAsOneWithoutMembers) {
   }
 }
 
-TEST(CliNode, OfAnyOtherTypeIsRefusedByTheNameOfTheKey) {
+TEST(CliNode, ReportsAnUnknownTypeByItsKey) {
   for (const std::string type : {"", "Namespace", "NAMESPACE", "Command", "command ", " namespace",
                                  "type", "namespace\\u0000"}) {
     const auto parsed = ParseFile(File({R"({"type": ")" + type + R"("})"}));
@@ -198,7 +198,7 @@ TEST(CliNode, OfAnyOtherTypeIsRefusedByTheNameOfTheKey) {
   }
 }
 
-TEST(CliNode, IsReadInTheOrderTypePathNameDescription) {
+TEST(CliNode, ReadsTypePathNameDescriptionInOrder) {
   struct Row {
     const char* node;
     Lines messages;
@@ -225,7 +225,7 @@ TEST(CliNode, IsReadInTheOrderTypePathNameDescription) {
   }
 }
 
-TEST(CliNode, OfANamespaceStartsWithoutChildren) {
+TEST(CliNode, HasNoChildrenAsANamespace) {
   Errors errors;
   using Bindings::Cli::NamespaceSvc::Identity;
   using Bindings::Cli::NamespaceSvc::Info;
@@ -236,7 +236,7 @@ TEST(CliNode, OfANamespaceStartsWithoutChildren) {
   EXPECT_EQ(MessageTexts(errors), Lines());
 }
 
-TEST(CliNode, GivesTheCommandCallbackNothingWhenItsMetadataIsBad) {
+TEST(CliNode, DoesNotCallBackIfItsMetadataIsInvalid) {
   Errors errors;
   int calls = 0;
   const auto count = [&calls](const auto&) { ++calls; };
@@ -246,7 +246,7 @@ TEST(CliNode, GivesTheCommandCallbackNothingWhenItsMetadataIsBad) {
   EXPECT_EQ(MessageTexts(errors), Lines{CliInvalidField("path")});
 }
 
-TEST(CliNode, ListThatIsNoArrayIsNamedCli) {
+TEST(CliNode, ReportsANonArrayListAsCli) {
   for (const auto& value : JsonValuesBut("array")) {
     Errors errors;
     const auto unused = [](const auto& info) { ADD_FAILURE() << Testing::CliText(*info); };
@@ -257,7 +257,7 @@ TEST(CliNode, ListThatIsNoArrayIsNamedCli) {
 
 // --- messages -----------------------------------------------------------------------------------
 
-TEST(CliParserMessages, CarryTheirDefaultTexts) {
+TEST(CliParserMessages, HaveDefaultTexts) {
   struct Row {
     const char* text;
     const char* id;
@@ -283,7 +283,7 @@ TEST(CliParserMessages, CarryTheirDefaultTexts) {
   }
 }
 
-TEST(CliParserMessages, AreAppendedToThoseOfTheCaller) {
+TEST(CliParserMessages, AreAppended) {
   Errors errors = {CatalogMessage("foo")};
   const auto unused = [](const auto& info) { ADD_FAILURE() << Testing::CliText(*info); };
   EXPECT_FALSE(MetadataParser::LoadMetadata(Testing::AsSource("{}"), unused, unused, errors));

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "support/cli_text.h"
 #include "cli/json_metadata_container.h"
 #include "support/as_source.h"
+#include "support/cli_text.h"
 #include "support/message_texts.h"
 #include "support/temp_folder.h"
 
@@ -30,7 +30,7 @@ std::shared_ptr<const CreateSpec> Spec(const std::string& path) {
   return std::make_shared<const CreateSpec>("", SourceType::LOCAL_FILE, path, boost::none);
 }
 
-TEST(CliSourceDomain, RegistersNamespacesAndTheLaterOfTwoCommands) {
+TEST(CliSourceDomain, RegistersNamespacesAndTheLastOfARepeatedCommand) {
   const auto source = std::make_shared<SourceData>(Spec("foo"));
   Errors errors;
   EXPECT_TRUE(SourceDomain::Parse(Testing::AsSource(kFile), source, errors));
@@ -41,7 +41,7 @@ TEST(CliSourceDomain, RegistersNamespacesAndTheLaterOfTwoCommands) {
   EXPECT_EQ(CliText(*source->commands.begin()->second), R"(command foo:bar "later" "" "" none)");
 }
 
-TEST(CliSourceDomain, GivesASourceTheDigestOfItsFileThreeTimes) {
+TEST(CliSourceDomain, SetsThreeFingerprintsToTheDigestOfTheFile) {
   const Testing::TempFolder folder;
   ErrorPtr error;
   const auto source = LoadSource<SourceDomain>(Spec(folder.Write("foo", R"({"cli": []})")), error);
@@ -65,7 +65,7 @@ TEST(CliSourceDomain, ReloadsAnEntryFromItsOwnSpec) {
   EXPECT_EQ(entry.second->namespaces.size(), 2u);
 }
 
-TEST(CliSourceDomain, CarriesItsOwnMessages) {
+TEST(CliSourceDomain, HasItsOwnMessages) {
   EXPECT_EQ((Lines{SourceDomain::kExists, SourceDomain::kNotFound, SourceDomain::kFileNotFound}),
             (Lines{"zelk.metada.cli.source.exists", "zelk.metada.cli.source.not.found",
                    "zelk.metada.cli.source.file.not.found"}));

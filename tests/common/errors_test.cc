@@ -15,7 +15,7 @@ using Testing::Lines;
 
 constexpr char kOperation[] = "zelk.metada.metamodel.operation.not.found";
 
-TEST(MakeError, NamesTheClassAndCarriesOneMessage) {
+TEST(MakeError, HasTheErrorNameAndOneMessage) {
   EXPECT_EQ(
       ErrorTexts(*MakeError<StdErrors::NotFound>(kOperation, "foo", "bar")),
       (Lines{"com.orvane.zelk.std.errors.not_found", std::string(kOperation) + "(foo, bar)"}));
@@ -25,13 +25,13 @@ TEST(MakeError, NamesTheClassAndCarriesOneMessage) {
             (Lines{"com.orvane.zelk.std.errors.invalid_argument", "foo(7)"}));
 }
 
-TEST(MakeError, RendersAnOptionalWithABlankOrAsTwoDashes) {
+TEST(MakeError, WritesAnOptionalAfterASpaceOrAsTwoDashes) {
   const boost::optional<std::string> none;
   const boost::optional<std::string> some("foo");
   EXPECT_EQ(ErrorTexts(*MakeError<StdErrors::NotFound>("bar", some, none)).back(), "bar( foo, --)");
 }
 
-TEST(MakeError, CarriesTheCataloguedTextWithItsPlaceholders) {
+TEST(MakeError, KeepsThePlaceholdersOfTheText) {
   const auto error = MakeError<StdErrors::NotFound>(kOperation, "foo", "bar");
   const auto messages =
       std::dynamic_pointer_cast<const ::Zelk::Data::ListValue>(error->Field("messages"));

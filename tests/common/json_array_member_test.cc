@@ -107,7 +107,7 @@ const std::string kThree = R"([{"value": "c"}, {"value": "a"}, {"value": "c"}])"
 const std::string kThreeNamed =
     R"([{"name": "y", "value": "1"}, {"name": "x", "value": "2"}, {"name": "y", "value": "3"}])";
 
-TEST(JsonArrayMember, ListsItsElementsInDocumentOrder) {
+TEST(JsonArrayMember, KeepsDocumentOrder) {
   EXPECT_EQ(BindList(Foo(kThree)), (Outcome{true, "c;a;c;", {}}));
   EXPECT_EQ(BindOptList(Foo(kThree)), (Outcome{true, "c;a;c;", {}}));
 }
@@ -117,7 +117,7 @@ TEST(JsonArrayMember, KeepsTheFirstElementOfARepeatedKey) {
   EXPECT_EQ(BindOptMap(Foo(kThreeNamed)), (Outcome{true, "x=2;y=1;", {}}));
 }
 
-TEST(JsonArrayMember, AnEmptyArrayIsASuccessWithNothingInIt) {
+TEST(JsonArrayMember, SucceedsForAnEmptyArray) {
   EXPECT_EQ(BindList(Foo("[]")), (Outcome{true, "", {}}));
   EXPECT_EQ(BindOptList(Foo("[]")), (Outcome{true, "", {}}));
   EXPECT_EQ(BindMap(Foo("[]")), (Outcome{true, "", {}}));
@@ -131,14 +131,14 @@ TEST(JsonArrayMember, IsRequired) {
   }
 }
 
-TEST(JsonOptArrayMember, SucceedsEmptyWithoutTheMemberButLeavesTheMissingFieldMessage) {
+TEST(JsonOptArrayMember, SucceedsWithTheMissingFieldMessageIfAbsent) {
   for (const auto& json : kWithoutMembers) {
     EXPECT_EQ(BindOptList(json), (Outcome{true, "", {MissingField("foo")}})) << json;
     EXPECT_EQ(BindOptMap(json), (Outcome{true, "", {MissingField("foo")}})) << json;
   }
 }
 
-TEST(JsonArrayMember, RefusesWhatIsNoArray) {
+TEST(JsonArrayMember, RefusesOtherTypes) {
   for (const auto& value : kNoArrays) {
     const Outcome refused{false, "", {InvalidField("foo")}};
     EXPECT_EQ(BindList(Foo(value)), refused) << value;
@@ -148,14 +148,14 @@ TEST(JsonArrayMember, RefusesWhatIsNoArray) {
   }
 }
 
-TEST(JsonArrayMember, StopsAtTheFirstListElementThatFailsAndKeepsThoseBeforeIt) {
+TEST(JsonArrayMember, StopsAtTheFirstInvalidListElement) {
   const std::string json = Foo(R"([{"value": "b"}, {"value": "a"}, {"value": 1}, {}])");
   const Outcome stopped{false, "b;a;", {InvalidField("value")}};
   EXPECT_EQ(BindList(json), stopped);
   EXPECT_EQ(BindOptList(json), stopped);
 }
 
-TEST(JsonArrayMember, StopsAtTheFirstMapElementThatFailsAndKeepsThoseBeforeIt) {
+TEST(JsonArrayMember, StopsAtTheFirstInvalidMapElement) {
   const std::string json =
       Foo(R"([{"name": "y", "value": "1"}, {"name": "x"}, {"name": "z", "value": "3"}, {}])");
   const Outcome stopped{false, "y=1;", {MissingField("value")}};
@@ -163,7 +163,7 @@ TEST(JsonArrayMember, StopsAtTheFirstMapElementThatFailsAndKeepsThoseBeforeIt) {
   EXPECT_EQ(BindOptMap(json), stopped);
 }
 
-TEST(JsonArrayMember, AnElementThatIsNoObjectIsMissingItsFirstKey) {
+TEST(JsonArrayMember, ReportsTheFirstKeyOfANonObjectAsMissing) {
   for (const auto* element : {"null", "1", R"("value")", "[]", "true"}) {
     const std::string json = Foo("[" + std::string(element) + "]");
     EXPECT_EQ(BindList(json), (Outcome{false, "", {MissingField("value")}})) << element;
@@ -171,12 +171,12 @@ TEST(JsonArrayMember, AnElementThatIsNoObjectIsMissingItsFirstKey) {
   }
 }
 
-TEST(JsonArrayMember, ALaterElementOfARepeatedKeyMustStillParse) {
+TEST(JsonArrayMember, ParsesEveryElementOfARepeatedKey) {
   const std::string json = Foo(R"([{"name": "x", "value": "1"}, {"name": "x", "value": 2}])");
   EXPECT_EQ(BindMap(json), (Outcome{false, "x=1;", {InvalidField("value")}}));
 }
 
-TEST(JsonArrayMember, KeysKeepEmbeddedZeroBytes) {
+TEST(JsonArrayMember, KeepsZeroBytesInKeys) {
   const std::string json =
       Foo(R"([{"name": "x\u0000b", "value": "1"}, {"name": "x\u0000a", "value": "2"}])");
   const std::string text = std::string("x\0a=2;", 6) + std::string("x\0b=1;", 6);
@@ -188,12 +188,12 @@ TEST(JsonParseArray, AppendsToAListInOrder) {
   EXPECT_EQ(ParseArray(kThree, before, ParseElement), (Outcome{true, "old;c;a;c;", {}}));
 }
 
-TEST(JsonParseArray, KeepsWhatAMapAlreadyHolds) {
+TEST(JsonParseArray, KeepsEntriesAlreadyInAMap) {
   const Map before = {{"x", std::make_shared<const std::string>("old")}};
   EXPECT_EQ(ParseArray(kThreeNamed, before, ParseNamed), (Outcome{true, "x=old;y=1;", {}}));
 }
 
-TEST(JsonParseArray, RefusesWhatIsNoArray) {
+TEST(JsonParseArray, RefusesOtherTypes) {
   for (const auto& value : kNoArrays) {
     const Outcome refused{false, "", {InvalidField("foo")}};
     EXPECT_EQ(ParseArray(value, List(), ParseElement), refused) << value;
@@ -201,7 +201,7 @@ TEST(JsonParseArray, RefusesWhatIsNoArray) {
   }
 }
 
-TEST(JsonParseArray, StopsAtTheFirstElementThatFails) {
+TEST(JsonParseArray, StopsAtTheFirstInvalidElement) {
   EXPECT_EQ(ParseArray(R"([{"value": "a"}, {}, 1])", List(), ParseElement),
             (Outcome{false, "a;", {MissingField("value")}}));
   EXPECT_EQ(ParseArray(R"([{"name": "x", "value": "a"}, {"name": 1}, 1])", Map(), ParseNamed),

@@ -28,7 +28,7 @@ TEST(ReadAll, KeepsEveryByte) {
   EXPECT_EQ(ReadAll(in), bytes);
 }
 
-TEST(ReadAll, ReadsLongAndShortStreamsWhole) {
+TEST(ReadAll, ReadsWholeStreamsOfAnySize) {
   for (const std::size_t size : {0U, 1U, 65535U, 65536U, 65537U, 131072U, 1'000'000U}) {
     std::string bytes(size, 'x');
     if (size > 0) bytes.back() = 'y';
@@ -44,7 +44,7 @@ TEST(ReadAll, StartsAtTheCurrentPosition) {
   EXPECT_EQ(ReadAll(in), "");
 }
 
-TEST(ReadAll, AStreamThatCannotBeReadIsEmpty) {
+TEST(ReadAll, ReturnsNothingForAnUnreadableStream) {
   const Testing::TempFolder folder;
   std::ifstream missing(folder.Path("foo"));
   std::ifstream opened_folder(folder.Path(""));
@@ -82,7 +82,7 @@ Outcome Parse(std::string_view text) {
   return {ok ? JsonText(document.Root()) : "", MessageTexts(errors)};
 }
 
-TEST(JsonDocument, GivesTheDocument) {
+TEST(JsonDocument, ParsesAText) {
   EXPECT_EQ(Parse(R"( {"foo": [1, -2.5, true, null, "\u00e4"]} )"),
             Read("{\"foo\":[1,-2.5,true,null,\"\xc3\xa4\"]}"));
 }
@@ -92,7 +92,7 @@ struct SyntaxErrorRow {
   const char* message;
 };
 
-TEST(JsonDocument, ReportsCodeAndOffsetOfASyntaxError) {
+TEST(JsonDocument, ReportsTheCodeAndOffsetOfASyntaxError) {
   const std::vector<SyntaxErrorRow> rows = {
       {"", "foo(1, 0)"},           {" \t\r\n", "foo(1, 4)"},       {"{} {}", "foo(2, 3)"},
       {"nul", "foo(3, 3)"},        {"foo", "foo(3, 1)"},           {"[1,]", "foo(3, 3)"},
@@ -106,7 +106,7 @@ TEST(JsonDocument, ReportsCodeAndOffsetOfASyntaxError) {
   }
 }
 
-TEST(JsonDocument, TakesAByteThatBeginsNoValueForAnInvalidOne) {
+TEST(JsonDocument, ReportsAByteThatBeginsNoValue) {
   for (const std::string begin : {"]", "}", ",", ":", "\xef\xbb\xbf{}", "\xff", "'", "/"}) {
     for (const std::string blanks : {"", " ", "\r\n\t "}) {
       EXPECT_EQ(Parse(blanks + begin), Refused("foo(3, " + std::to_string(blanks.size()) + ")"));
@@ -114,25 +114,25 @@ TEST(JsonDocument, TakesAByteThatBeginsNoValueForAnInvalidOne) {
   }
 }
 
-TEST(JsonDocument, AZeroByteEndsTheText) {
+TEST(JsonDocument, EndsAtAZeroByte) {
   EXPECT_EQ(Parse(std::string("{}\0]]", 5)), Read("{}"));
   EXPECT_EQ(Parse(std::string("\0{}", 3)), Refused("foo(1, 0)"));
   EXPECT_EQ(Parse(std::string("[\0]", 3)), Refused("foo(3, 1)"));
   EXPECT_EQ(Parse(std::string("[\"\0\"]", 5)), Refused("foo(11, 2)"));
 }
 
-TEST(JsonDocument, DoesNotLookIntoStringsForInvalidUtf8) {
+TEST(JsonDocument, AcceptsInvalidUtf8InStrings) {
   EXPECT_EQ(Parse("\"\xff\xc0\""), Read("\"\xff\xc0\""));
 }
 
-TEST(JsonDocument, IsStrict) {
+TEST(JsonDocument, RefusesExtensionsOfJson) {
   for (const auto* text : {"[1,]", "{\"a\":1,}", "[01]", "[+1]", "[.5]", "[NaN]", "[Infinity]",
                            "//\n1", "/**/1", "'a'", "{a:1}", "[1]]", "True"}) {
     EXPECT_EQ(Parse(text).messages.size(), 1U) << text;
   }
 }
 
-TEST(JsonDocument, TakesOnlyTheTextAndNotWhatFollowsInMemory) {
+TEST(JsonDocument, StopsAtTheEndOfTheText) {
   const std::string_view memory = "[1, 2]3";
   EXPECT_EQ(Parse(memory.substr(0, 6)), Read("[1,2]"));
   EXPECT_EQ(Parse(memory.substr(0, 5)), Refused("foo(7, 5)"));
@@ -145,7 +145,7 @@ TEST(JsonDocument, AppendsToTheMessages) {
   EXPECT_EQ(MessageTexts(errors), (Lines{"bar()", "zelk.metadata.metamodel.parse.error(3, 1)"}));
 }
 
-TEST(JsonDocument, FindsTheEndOfAPlainRunWhereverItIs) {
+TEST(JsonDocument, FindsTheEndOfAPlainRunAtAnyOffset) {
   for (std::size_t before = 0; before < 20; ++before) {
     for (std::size_t after = 0; after < 20; ++after) {
       const std::string left(before, 'x');
@@ -163,7 +163,7 @@ TEST(JsonDocument, FindsTheEndOfAPlainRunWhereverItIs) {
   }
 }
 
-TEST(JsonDocument, TakesEveryByteButThreeKindsAsItIsWithinAString) {
+TEST(JsonDocument, KeepsPlainBytesOfAString) {
   for (int byte = 0x20; byte < 0x100; ++byte) {
     if (byte == '"' || byte == '\\') continue;
     const std::string text = "\"0123456" + std::string(9, static_cast<char>(byte)) + "\"";
@@ -178,7 +178,7 @@ std::string Repeated(const std::string& element, std::size_t size) {
   return text + "]";
 }
 
-TEST(JsonDocument, ReadsTextsOnTheHeapAndMappedOnesAlike) {
+TEST(JsonDocument, ReadsHeapAndMappedTextsAlike) {
   for (const std::size_t kib : {1U, 127U, 128U, 129U, 511U, 512U, 2048U, 5000U}) {
     const std::string text = Repeated(R"({"foo":"bar baz, and more words"})", kib * 1024);
     EXPECT_TRUE(Parse(text) == Read(text)) << kib;
@@ -186,12 +186,12 @@ TEST(JsonDocument, ReadsTextsOnTheHeapAndMappedOnesAlike) {
   }
 }
 
-TEST(JsonDocument, HasRoomForMoreValuesThanTheTextsMappingHas) {
+TEST(JsonDocument, HoldsMoreValuesThanTheMappingHasRoomFor) {
   const std::string text = Repeated("0", 1'000'000);
   EXPECT_TRUE(Parse(text) == Read(text));
 }
 
-TEST(JsonHeap, HasNothingToGiveForASizeOfZero) {
+TEST(JsonHeap, ReturnsNullForSizeZero) {
   EXPECT_EQ(JsonHeap::Malloc(0), nullptr);
   EXPECT_EQ(JsonHeap::Realloc(JsonHeap::Malloc(8), 8, 0), nullptr);
 }
@@ -204,7 +204,7 @@ TEST(JsonHeap, KeepsTheContentOfABlockThatGrows) {
   JsonHeap::Free(block);
 }
 
-TEST(JsonHeap, ThrowsWhenThereIsNoSuchMemory) {
+TEST(JsonHeap, ThrowsBadAlloc) {
   void* block = JsonHeap::Malloc(8);
   EXPECT_THROW(JsonHeap::Malloc(SIZE_MAX / 2), std::bad_alloc);
   EXPECT_THROW(JsonHeap::Realloc(block, 8, SIZE_MAX / 2), std::bad_alloc);
@@ -214,7 +214,7 @@ TEST(JsonHeap, ThrowsWhenThereIsNoSuchMemory) {
 }  // namespace
 }  // namespace Zelk::Provider::Metadata
 
-// The sanitizers end a program that asks for too much memory, unless told that it can bear it.
+// The sanitizers end a program that asks for too much memory, unless an option allows it.
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the sanitizers' names
 extern "C" const char* __asan_default_options() {
   return "allocator_may_return_null=1";

@@ -75,7 +75,7 @@ using FileEnumerations = testing::Types<Category, BuiltinType, GenericType,
                                         Bindings::Metamodel::ConstantValueEnumerations::Category>;
 TYPED_TEST_SUITE(EnumConverterOf, FileEnumerations);
 
-TYPED_TEST(EnumConverterOf, FindsEveryTextInAnyCase) {
+TYPED_TEST(EnumConverterOf, IgnoresCase) {
   const auto texts = Texts<TypeParam>::Get();
   for (std::size_t value = 0; value < texts.size(); ++value) {
     const std::string& upper = texts[value];
@@ -105,7 +105,7 @@ TYPED_TEST(EnumConverterOf, MatchesWholeTextsOnly) {
   }
 }
 
-TYPED_TEST(EnumConverterOf, StartsOutUnknown) {
+TYPED_TEST(EnumConverterOf, IsUnknownByDefault) {
   EXPECT_EQ(TypeParam().Value(), static_cast<int>(Texts<TypeParam>::Get().size()));
 }
 
@@ -116,7 +116,7 @@ TEST(CheckEnum, AcceptsAKnownValueSilently) {
   EXPECT_EQ(MessageTexts(errors), Lines());
 }
 
-TEST(CheckEnum, ReportsTheUnknownValueByTheMembersName) {
+TEST(CheckEnum, ReportsAnUnknownValueByTheKey) {
   Errors errors;
   EXPECT_FALSE(CheckEnum(GenericType::Unknown("BAR"), "foo", errors));
   EXPECT_EQ(MessageTexts(errors), Lines{InvalidEnumValue("foo")});
@@ -130,7 +130,7 @@ TEST(ParseEnum, ReadsAJsonString) {
   EXPECT_EQ(MessageTexts(errors), Lines());
 }
 
-TEST(ParseEnum, ReportsAnUnknownTextOnceAndByTheMembersName) {
+TEST(ParseEnum, ReportsAnUnknownTextOnceByTheKey) {
   for (const auto* json : {R"("bar")", R"("")", R"("list ")", R"("list\u0000")"}) {
     Errors errors;
     GenericType result;
@@ -140,7 +140,7 @@ TEST(ParseEnum, ReportsAnUnknownTextOnceAndByTheMembersName) {
   }
 }
 
-TEST(ParseEnum, KnowsNoAlias) {
+TEST(ParseEnum, AcceptsNoAlias) {
   Errors errors;
   Category category;
   BuiltinType type;
@@ -149,7 +149,7 @@ TEST(ParseEnum, KnowsNoAlias) {
   EXPECT_EQ(MessageTexts(errors), (Lines{InvalidEnumValue("foo"), InvalidEnumValue("bar")}));
 }
 
-TEST(ParseAliasedEnum, TakesTheAliasInAnyCaseForItsMeaning) {
+TEST(ParseAliasedEnum, AcceptsTheAliasInAnyCase) {
   for (const auto* json : {R"("ALIAS")", R"("alias")", R"("aLiAs")", R"("map")", R"("MAP")"}) {
     Errors errors;
     GenericType result;
@@ -160,7 +160,7 @@ TEST(ParseAliasedEnum, TakesTheAliasInAnyCaseForItsMeaning) {
   }
 }
 
-TEST(ParseAliasedEnum, LeavesTheOtherTextsAsTheyAre) {
+TEST(ParseAliasedEnum, AcceptsTheOtherTexts) {
   Errors errors;
   GenericType result;
   EXPECT_TRUE(ParseAliasedEnum(Json(R"("Set")"), "foo", errors, result, "ALIAS", GenericType::MAP));

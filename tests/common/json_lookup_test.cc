@@ -25,7 +25,7 @@ std::string Found(const std::string& json, const char* name) {
   return value == nullptr ? "none" : JsonText(*value);
 }
 
-TEST(FindMember, FindsTheMemberOfThatName) {
+TEST(FindMember, FindsAMember) {
   EXPECT_EQ(Found(R"({"foo": 1, "bar": [2], "": 3})", "foo"), "1");
   EXPECT_EQ(Found(R"({"foo": 1, "bar": [2], "": 3})", "bar"), "[2]");
   EXPECT_EQ(Found(R"({"foo": 1, "bar": [2], "": 3})", ""), "3");
@@ -41,7 +41,7 @@ TEST(FindMember, FindsTheFirstOfARepeatedKey) {
   EXPECT_EQ(Found(R"({"bar": 1, "foo": 2, "foo": 3, "foo": 4})", "foo"), "2");
 }
 
-TEST(FindMember, KnowsAKeyByWhatStandsBeforeItsFirstZeroByte) {
+TEST(FindMember, ComparesKeysUpToTheirFirstZeroByte) {
   EXPECT_EQ(Found(R"({"foo\u0000bar": 1})", "foo"), "1");
   EXPECT_EQ(Found(R"({"foo\u0000bar": 1, "foo": 2})", "foo"), "1");
   EXPECT_EQ(Found(R"({"\u0000foo": 1})", ""), "1");
@@ -52,13 +52,13 @@ TEST(FindMember, FindsANullMember) {
   EXPECT_EQ(Found(R"({"foo": null})", "foo"), "null");
 }
 
-TEST(FindMember, FindsNothingInWhatIsNoObject) {
+TEST(FindMember, FindsNothingInOtherTypes) {
   for (const auto* json : {"[]", R"([{"foo": 1}])", R"("foo")", "1", "1.5", "true", "null"}) {
     EXPECT_EQ(Found(json, "foo"), "none") << json;
   }
 }
 
-TEST(FindMember, ReportsAnAbsentMemberOnceByItsName) {
+TEST(FindMember, ReportsAnAbsentMemberOnce) {
   for (const auto* json : {"{}", R"({"bar": 1})", "[]", R"("foo")", "1", "null"}) {
     const auto document = Json(json);
     Errors errors;
@@ -67,14 +67,14 @@ TEST(FindMember, ReportsAnAbsentMemberOnceByItsName) {
   }
 }
 
-TEST(FindMember, ReportsNothingAboutAMemberThatIsThere) {
+TEST(FindMember, ReportsNothingForAPresentMember) {
   const auto document = Json(R"({"foo": null})");
   Errors errors;
   EXPECT_EQ(FindMember(document, "foo", errors), &document["foo"]);
   EXPECT_EQ(MessageTexts(errors), Lines());
 }
 
-TEST(FindMember, OnlyAppendsToTheMessages) {
+TEST(FindMember, AppendsToTheMessages) {
   const auto document = Json("{}");
   Errors errors;
   FindMember(document, "foo", errors);
@@ -82,7 +82,7 @@ TEST(FindMember, OnlyAppendsToTheMessages) {
   EXPECT_EQ(MessageTexts(errors), (Lines{MissingField("foo"), MissingField("bar")}));
 }
 
-TEST(JsonMembers, AreGivenInDocumentOrderWithRepeats) {
+TEST(JsonMembers, KeepDocumentOrderAndRepeats) {
   const auto document = Json(R"({"foo": 1, "bar": 2, "foo": 3})");
   std::string text;
   for (const auto& member : JsonMembers(document)) {
@@ -91,7 +91,7 @@ TEST(JsonMembers, AreGivenInDocumentOrderWithRepeats) {
   EXPECT_EQ(text, "foo1bar2foo3");
 }
 
-TEST(JsonMembers, AreNoneInWhatIsNoObject) {
+TEST(JsonMembers, AreEmptyForOtherTypes) {
   for (const auto* json : {"{}", "[1]", R"("foo")", "1", "false", "null"}) {
     const auto document = Json(json);
     const JsonMembers members(document);
@@ -99,7 +99,7 @@ TEST(JsonMembers, AreNoneInWhatIsNoObject) {
   }
 }
 
-TEST(CheckType, AcceptsOnlyTheTypeAskedFor) {
+TEST(CheckType, AcceptsOneTypeOnly) {
   struct Row {
     const char* json;
     bool string, object, array;

@@ -23,7 +23,7 @@ using Testing::Lines;
 using Testing::MessageTexts;
 using Testing::MissingField;
 
-/// Values of every JSON type that is no string.
+/// Values of every JSON type but string.
 const std::vector<std::string> kNoStrings = {"null", "true", "false", "0",
                                              "-1.5", "{}",   "[]",    R"(["foo"])"};
 /// Documents in which no member can be found.
@@ -57,7 +57,7 @@ TEST(JsonParseString, ReportsAnUnknownEnumeratorOnce) {
   EXPECT_EQ(MessageTexts(errors), Lines{InvalidEnumValue("foo")});
 }
 
-TEST(JsonParseString, RefusesWhatIsNoStringAndStoresNothing) {
+TEST(JsonParseString, RefusesOtherTypes) {
   for (const auto& json : kNoStrings) {
     Errors errors;
     std::string text = "old";
@@ -80,7 +80,7 @@ TEST(JsonMember, ReadsAString) {
   EXPECT_EQ(member.Take(), std::string("baz\0", 4));
 }
 
-TEST(JsonMember, AnAbsentStringLeavesTheMissingFieldMessageAndFails) {
+TEST(JsonMember, ReportsAnAbsentStringAsMissing) {
   for (const auto& json : kWithoutMembers) {
     const auto document = Json(json);
     Errors errors;
@@ -91,7 +91,7 @@ TEST(JsonMember, AnAbsentStringLeavesTheMissingFieldMessageAndFails) {
   }
 }
 
-TEST(JsonMember, AValueThatIsNoStringLeavesTheInvalidFieldMessageAndFails) {
+TEST(JsonMember, ReportsOtherTypesAsInvalid) {
   for (const auto& value : kNoStrings) {
     const auto document = Json(Foo(value));
     Errors errors;
@@ -102,7 +102,7 @@ TEST(JsonMember, AValueThatIsNoStringLeavesTheInvalidFieldMessageAndFails) {
   }
 }
 
-TEST(JsonMember, OnlyTheFirstOfARepeatedKeyIsLookedAt) {
+TEST(JsonMember, ReadsTheFirstOfARepeatedKey) {
   const auto document = Json(R"({"foo": 1, "foo": "bar"})");
   Errors errors;
   const JsonMember<std::string> member(document, "foo", errors);
@@ -121,7 +121,7 @@ TEST(JsonMember, ReadsAnEnumeratorInAnyCase) {
   }
 }
 
-TEST(JsonMember, AnUnknownEnumeratorLeavesOneMessageWithTheMembersName) {
+TEST(JsonMember, ReportsAnUnknownEnumeratorOnceByTheKey) {
   for (const auto* text : {R"("BAR")", R"("")", R"("foo")", R"("LIST\u0000")"}) {
     const auto document = Json(Foo(text));
     Errors errors;
@@ -132,7 +132,7 @@ TEST(JsonMember, AnUnknownEnumeratorLeavesOneMessageWithTheMembersName) {
   }
 }
 
-TEST(JsonMember, AnAbsentEnumeratorIsMissing) {
+TEST(JsonMember, ReportsAnAbsentEnumeratorAsMissing) {
   for (const auto& json : kWithoutMembers) {
     const auto document = Json(json);
     Errors errors;
@@ -143,7 +143,7 @@ TEST(JsonMember, AnAbsentEnumeratorIsMissing) {
   }
 }
 
-TEST(JsonMember, AnEnumeratorThatIsNoStringIsInvalid) {
+TEST(JsonMember, ReportsANonStringEnumeratorAsInvalid) {
   for (const auto& value : kNoStrings) {
     const auto document = Json(Foo(value));
     Errors errors;
@@ -158,7 +158,7 @@ bool ParseAliased(const JsonValue& value, const char* name, Errors& errors, Gene
   return ParseAliasedEnum(value, name, errors, result, "BAR", GenericType::SET);
 }
 
-TEST(JsonMember, ReadsWithAParserOfItsOwn) {
+TEST(JsonMember, UsesAGivenParser) {
   const auto document = Json(R"({"foo": "bar", "baz": "qux"})");
   Errors errors;
   const JsonMember<GenericType, ParseAliased> member(document, "foo", errors);
@@ -171,7 +171,7 @@ TEST(JsonMember, ReadsWithAParserOfItsOwn) {
 
 using OptString = boost::optional<std::string>;
 
-TEST(JsonOptMember, HoldsAStringThatIsThere) {
+TEST(JsonOptMember, ReadsAString) {
   for (const auto* text : {"bar", ""}) {
     const auto document = Json(Foo('"' + std::string(text) + '"'));
     Errors errors;
@@ -182,7 +182,7 @@ TEST(JsonOptMember, HoldsAStringThatIsThere) {
   }
 }
 
-TEST(JsonOptMember, SucceedsWithoutTheMemberButLeavesTheMissingFieldMessage) {
+TEST(JsonOptMember, SucceedsWithTheMissingFieldMessageIfAbsent) {
   for (const auto& json : kWithoutMembers) {
     const auto document = Json(json);
     Errors errors;
@@ -193,7 +193,7 @@ TEST(JsonOptMember, SucceedsWithoutTheMemberButLeavesTheMissingFieldMessage) {
   }
 }
 
-TEST(JsonOptMember, FailsOnAMemberThatIsNoString) {
+TEST(JsonOptMember, RefusesOtherTypes) {
   for (const auto& value : kNoStrings) {
     const auto document = Json(Foo(value));
     Errors errors;

@@ -36,7 +36,7 @@ bool ParseRecord(const JsonValue& value, RecordPtr& result, Errors& errors) {
   return name.Ok();
 }
 
-/// Every member goes into the map; one that is no string fails the rest.
+/// Every member goes into the map; a member that is not a string ends the read.
 template <typename Container>
 bool ParseStrings(const JsonValue& value, Container& result, Errors& errors) {
   for (const auto& member : JsonMembers(value)) {
@@ -114,7 +114,7 @@ TEST(JsonObjectMember, ReadsARecord) {
   EXPECT_EQ(BindRecord(R"({"foo": {"name": "bar"}, "foo": 1})"), (Outcome{true, "bar", {}}));
 }
 
-TEST(JsonObjectMember, PassesOnThatTheRecordFailed) {
+TEST(JsonObjectMember, FailsIfTheRecordFails) {
   EXPECT_EQ(BindRecord(R"({"foo": {}})"), (Outcome{false, "null", {MissingField("name")}}));
   EXPECT_EQ(BindRecord(R"({"foo": {"name": 1}})"),
             (Outcome{false, "null", {InvalidField("name")}}));
@@ -125,7 +125,7 @@ TEST(JsonObjectMember, ReadsAMap) {
   EXPECT_EQ(BindMap(R"({"foo": {}})"), (Outcome{true, "", {}}));
 }
 
-TEST(JsonObjectMember, KeepsWhatWasReadBeforeAFailure) {
+TEST(JsonObjectMember, KeepsEntriesReadBeforeAFailure) {
   EXPECT_EQ(BindMap(R"({"foo": {"b": "1", "a": 2, "c": 3}})"),
             (Outcome{false, "b=1;", {InvalidField("member")}}));
 }
@@ -137,7 +137,7 @@ TEST(JsonObjectMember, IsRequired) {
   }
 }
 
-TEST(JsonObjectMember, RefusesWhatIsNoObject) {
+TEST(JsonObjectMember, RefusesOtherTypes) {
   for (const auto& value : kNoObjects) {
     EXPECT_EQ(BindRecord(Foo(value)), (Outcome{false, "null", {InvalidField("foo")}})) << value;
     EXPECT_EQ(BindMap(Foo(value)), (Outcome{false, "", {InvalidField("foo")}})) << value;
@@ -150,21 +150,21 @@ TEST(JsonOptObjectMember, ReadsAMap) {
   EXPECT_EQ(BindOptMultiMap(json), (Outcome{true, "a=2;b=1;b=3;", {}}));
 }
 
-TEST(JsonOptObjectMember, SucceedsEmptyWithoutTheMemberButLeavesTheMissingFieldMessage) {
+TEST(JsonOptObjectMember, SucceedsWithTheMissingFieldMessageIfAbsent) {
   for (const auto& json : kWithoutMembers) {
     EXPECT_EQ(BindOptMap(json), (Outcome{true, "", {MissingField("foo")}})) << json;
     EXPECT_EQ(BindOptMultiMap(json), (Outcome{true, "", {MissingField("foo")}})) << json;
   }
 }
 
-TEST(JsonOptObjectMember, RefusesWhatIsNoObject) {
+TEST(JsonOptObjectMember, RefusesOtherTypes) {
   for (const auto& value : kNoObjects) {
     EXPECT_EQ(BindOptMap(Foo(value)), (Outcome{false, "", {InvalidField("foo")}})) << value;
     EXPECT_EQ(BindOptMultiMap(Foo(value)), (Outcome{false, "", {InvalidField("foo")}})) << value;
   }
 }
 
-TEST(JsonOptObjectMember, PassesOnThatItsContentFailed) {
+TEST(JsonOptObjectMember, FailsIfItsContentFails) {
   const std::string json = R"({"foo": {"b": "1", "b": "2", "a": 3}})";
   EXPECT_EQ(BindOptMap(json), (Outcome{false, "b=1;", {InvalidField("member")}}));
   EXPECT_EQ(BindOptMultiMap(json), (Outcome{false, "b=1;b=2;", {InvalidField("member")}}));
@@ -187,7 +187,7 @@ struct RootRow {
   Lines messages;
 };
 
-TEST(JsonObjectMemberOfNothing, AnswersWhatItsParserAnswers) {
+TEST(JsonObjectMemberOfNothing, ReturnsTheResultOfItsParser) {
   const std::vector<RootRow> rows = {
       {R"({"foo": {"name": "bar"}})", true, 1, {}},
       {R"({"foo": {}})", false, 1, {MissingField("name")}},

@@ -83,14 +83,14 @@ std::string TextOf(const std::string& id) {
   return CatalogMessage::DefaultMessageForId(id);
 }
 
-TEST(MessageCatalog, GivesEveryIdItsText) {
+TEST(MessageCatalog, HasTheTextOfEveryId) {
   EXPECT_EQ(kRows.size(), 32U);
   for (const auto& row : kRows) {
     EXPECT_EQ(TextOf(row.id), row.text) << row.id;
   }
 }
 
-TEST(MessageCatalog, ListsItsRowsInOrderAndNoOthers) {
+TEST(MessageCatalog, HasExactlyTheseRowsInOrder) {
   std::vector<std::string> expected;
   for (const auto& row : kRows) {
     expected.push_back(row.id);
@@ -106,7 +106,7 @@ TEST(MessageCatalog, IsDocumented) {
   }
 }
 
-TEST(MessageCatalog, HasNoTextForIdsThatAreRaisedWithoutARow) {
+TEST(MessageCatalog, HasNoTextForIdsWithoutARow) {
   for (const auto* id :
        {"zelk.metadata.authentication.json.invalid.operation.id",
         "zelk.metadata.authentication.json.invalid.service.id",
@@ -119,7 +119,7 @@ TEST(MessageCatalog, HasNoTextForTheEmptyId) {
   EXPECT_EQ(TextOf(""), "Unknown message.");
 }
 
-TEST(MessageCatalog, TellsUpperFromLowerCase) {
+TEST(MessageCatalog, IsCaseSensitive) {
   for (const auto& row : kRows) {
     std::string id = row.id;
     id.back() = static_cast<char>(std::toupper(id.back()));
@@ -127,7 +127,7 @@ TEST(MessageCatalog, TellsUpperFromLowerCase) {
   }
 }
 
-TEST(MessageCatalog, KnowsEachIdInOneSpellingOfItsSecondWord) {
+TEST(MessageCatalog, HasOneSpellingOfEachId) {
   const std::string shortened = "zelk.metada.";
   const std::string spelt_out = "zelk.metadata.";
   for (const auto& row : kRows) {
@@ -147,7 +147,7 @@ TEST(MessageCatalog, ComparesWholeIds) {
   }
 }
 
-TEST(CatalogMessage, StartsWithItsIdItsTextAndNoArguments) {
+TEST(CatalogMessage, StartsWithoutArguments) {
   const CatalogMessage message("zelk.metadata.cli.parse.error");
   EXPECT_EQ(message.Id(), "zelk.metadata.cli.parse.error");
   EXPECT_EQ(message.DefaultText(), "Cli source file parse error : %1% at %2%");
@@ -160,34 +160,34 @@ TEST(CatalogMessage, KeepsAnUnknownIdAsGiven) {
   EXPECT_EQ(message.DefaultText(), "Unknown message.");
 }
 
-TEST(CatalogMessage, TakesAStringAndThenANumberInThatOrder) {
+TEST(CatalogMessage, KeepsTheOrderOfItsArguments) {
   CatalogMessage message("zelk.metadata.metamodel.parse.error");
   message % std::string("a") % 7U;
   EXPECT_EQ(message.Arguments(), (Arguments{"a", "7"}));
   EXPECT_EQ(message.DefaultText(), "Metamodel source file parse error : %1% at %2%");
 }
 
-TEST(CatalogMessage, RendersNumbersAsPlainDigits) {
+TEST(CatalogMessage, WritesNumbersAsPlainDigits) {
   CatalogMessage message("foo");
   message % std::uint64_t{0} % std::uint64_t{1234567} % std::numeric_limits<std::uint64_t>::max();
   EXPECT_EQ(message.Arguments(), (Arguments{"0", "1234567", "18446744073709551615"}));
 }
 
-TEST(CatalogMessage, RendersAnOptionalWithABlankOrAsTwoDashes) {
+TEST(CatalogMessage, WritesAnOptionalAfterASpaceOrAsTwoDashes) {
   CatalogMessage message("foo");
   message % boost::optional<std::string>("x") % boost::optional<std::string>() %
       boost::optional<std::string>("");
   EXPECT_EQ(message.Arguments(), (Arguments{" x", "--", " "}));
 }
 
-TEST(CatalogMessage, RendersAParseErrorCodeAsItsNumber) {
+TEST(CatalogMessage, WritesAParseErrorCodeAsItsNumber) {
   CatalogMessage message("foo");
   message % rapidjson::kParseErrorNone % rapidjson::kParseErrorValueInvalid %
       rapidjson::kParseErrorUnspecificSyntaxError;
   EXPECT_EQ(message.Arguments(), (Arguments{"0", "3", "17"}));
 }
 
-TEST(CatalogMessage, CopiesStringsLiteralsAndPointersAsTheyAre) {
+TEST(CatalogMessage, KeepsEveryByteOfStringsLiteralsAndPointers) {
   const char* const name = "params";
   CatalogMessage message("foo");
   message % std::string("a\0b %1%", 7) % "name" % "packages" % "documentation" % name;
@@ -195,7 +195,7 @@ TEST(CatalogMessage, CopiesStringsLiteralsAndPointersAsTheyAre) {
             (Arguments{std::string("a\0b %1%", 7), "name", "packages", "documentation", "params"}));
 }
 
-TEST(CatalogMessage, IsCopiedWithEverythingInIt) {
+TEST(CatalogMessage, CopiesItsArguments) {
   CatalogMessage message("zelk.metadata.metamodel.parse.error");
   message % "foo";
   Errors errors{message};

@@ -18,12 +18,12 @@ std::vector<NameMark> Marks(unsigned kind, unsigned count) {
   return marks;
 }
 
-TEST(NameFilter, HoldsNothingByItself) {
+TEST(NameFilter, IsEmptyByDefault) {
   EXPECT_FALSE(NameFilter().MayHold(NameMark(0, "")));
   EXPECT_FALSE(NameFilter(std::vector<NameMark>()).MayHold(NameMark(0, "foo")));
 }
 
-TEST(NameFilter, MayHoldEveryNameThatItIsMadeOf) {
+TEST(NameFilter, ContainsEachOfItsNames) {
   for (const unsigned count : {1U, 2U, 3U, 4U, 5U, 100U, 1000U, 20000U}) {
     const auto marks = Marks(3, count);
     const NameFilter filter(marks);
@@ -31,13 +31,13 @@ TEST(NameFilter, MayHoldEveryNameThatItIsMadeOf) {
   }
 }
 
-TEST(NameFilter, MayHoldANameThatItIsGivenTwice) {
+TEST(NameFilter, AllowsRepeatedNames) {
   const NameFilter filter({NameMark(0, "foo"), NameMark(0, "foo"), NameMark(0, "")});
   EXPECT_TRUE(filter.MayHold(NameMark(0, "foo")));
   EXPECT_TRUE(filter.MayHold(NameMark(0, "")));
 }
 
-TEST(NameFilter, KeepsNearlyEveryOtherNameOut) {
+TEST(NameFilter, ExcludesNearlyAllOtherNames) {
   for (const unsigned count : {1U, 4U, 5U, 100U, 20000U}) {
     const NameFilter filter(Marks(0, count));
     unsigned passed = 0;
@@ -48,7 +48,7 @@ TEST(NameFilter, KeepsNearlyEveryOtherNameOut) {
   }
 }
 
-TEST(NameFilter, KeepsNearlyEveryNameOfAnotherKindOut) {
+TEST(NameFilter, ExcludesNearlyAllNamesOfOtherKinds) {
   const NameFilter filter(Marks(0, 10'000));
   unsigned passed = 0;
   for (unsigned kind = 1; kind < 8; ++kind) {
@@ -59,7 +59,7 @@ TEST(NameFilter, KeepsNearlyEveryNameOfAnotherKindOut) {
   EXPECT_LT(passed, 20U);
 }
 
-TEST(NameMark, TellsWhereTheTwoPartsOfANameMeet) {
+TEST(NameMark, DependsOnWhereTheNameIsSplit) {
   const NameFilter filter({NameMark(0, "foo", "bar"), NameMark(0, "", "qux")});
   EXPECT_TRUE(filter.MayHold(NameMark(0, "foo", "bar")));
   EXPECT_FALSE(filter.MayHold(NameMark(0, "foob", "ar")));

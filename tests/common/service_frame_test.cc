@@ -47,7 +47,7 @@ struct Delivery {
 using RecordPtr = std::shared_ptr<const std::string>;
 using Names = std::list<std::string>;
 
-TEST(DeliverOrNotFound, DeliversTheVeryRecordThatWasFound) {
+TEST(DeliverOrNotFound, DeliversTheRecordWithoutACopy) {
   Delivery<RecordPtr> delivery;
   const auto record = std::make_shared<const std::string>("foo");
   DeliverOrNotFound(delivery.Result(), record, kId, "bar");
@@ -55,21 +55,21 @@ TEST(DeliverOrNotFound, DeliversTheVeryRecordThatWasFound) {
   EXPECT_EQ(*delivery.value, record);
 }
 
-TEST(DeliverOrNotFound, ANullRecordIsNotFoundUnderItsKey) {
+TEST(DeliverOrNotFound, ReportsANullRecordByItsKey) {
   Delivery<RecordPtr> delivery;
   DeliverOrNotFound(delivery.Result(), RecordPtr(), kId, std::string("bar"));
   ASSERT_TRUE(delivery.IsOneError());
   EXPECT_EQ(ErrorTexts(*delivery.error), (Lines{kNotFound, std::string(kId) + "(bar)"}));
 }
 
-TEST(DeliverOrNotFound, NamesBothKeysInTheirOrder) {
+TEST(DeliverOrNotFound, ReportsTwoKeysInOrder) {
   Delivery<RecordPtr> delivery;
   DeliverOrNotFound(delivery.Result(), RecordPtr(), "baz", std::string("foo"), std::string("bar"));
   ASSERT_TRUE(delivery.IsOneError());
   EXPECT_EQ(ErrorTexts(*delivery.error), (Lines{kNotFound, "baz(foo, bar)"}));
 }
 
-TEST(DeliverOrNotFound, MakesAKeyThatIsAFunctionOnlyWhenItIsNeeded) {
+TEST(DeliverOrNotFound, CallsAKeyFunctionOnlyIfNotFound) {
   Delivery<RecordPtr> delivery;
   int made = 0;
   const auto key = [&made] {
@@ -83,7 +83,7 @@ TEST(DeliverOrNotFound, MakesAKeyThatIsAFunctionOnlyWhenItIsNeeded) {
   EXPECT_EQ(made, 1);
 }
 
-TEST(DeliverOrNotFound, DeliversWhatAnOptionalHoldsEvenWhenThatIsEmpty) {
+TEST(DeliverOrNotFound, DeliversTheValueOfAnOptionalEvenIfEmpty) {
   for (const auto& names : {Names(), Names{"foo"}, Names{"foo", "bar", "foo"}}) {
     Delivery<Names> delivery;
     DeliverOrNotFound(delivery.Result(), boost::optional<Names>(names), kId, "bar");
@@ -92,7 +92,7 @@ TEST(DeliverOrNotFound, DeliversWhatAnOptionalHoldsEvenWhenThatIsEmpty) {
   }
 }
 
-TEST(DeliverOrNotFound, AnEmptyOptionalIsNotFound) {
+TEST(DeliverOrNotFound, ReportsAnEmptyOptional) {
   Delivery<std::set<std::string>> delivery;
   DeliverOrNotFound(delivery.Result(), boost::optional<std::set<std::string>>(), kId, "bar");
   ASSERT_TRUE(delivery.IsOneError());
@@ -106,7 +106,7 @@ TEST(DeliverOrNotFound, DeliversAFingerprint) {
   EXPECT_EQ(*delivery.value, "abc");
 }
 
-TEST(DeliverOrNotFound, AnEmptyFingerprintIsNotFoundUnderItsOptionalKey) {
+TEST(DeliverOrNotFound, ReportsAnEmptyFingerprintByItsOptionalKey) {
   struct Row {
     boost::optional<std::string> id;
     const char* message;
@@ -126,14 +126,14 @@ TEST(DeliverOrNotFound, ThrowsOnAnEmptyCallback) {
   EXPECT_THROW(DeliverOrNotFound(empty, std::string(), kId, "bar"), std::bad_function_call);
 }
 
-TEST(DeliverOrNotFound, LetsTheCallbacksExceptionThrough) {
+TEST(DeliverOrNotFound, PassesOnAnExceptionOfTheCallback) {
   const ::Zelk::AsyncResult<std::string> throwing(
       [](const auto&, const auto&, const auto&) { throw std::out_of_range("foo"); });
   EXPECT_THROW(DeliverOrNotFound(throwing, std::string("foo"), kId, "bar"), std::out_of_range);
   EXPECT_THROW(DeliverOrNotFound(throwing, std::string(), kId, "bar"), std::out_of_range);
 }
 
-TEST(DeliverChange, DeliversTheVeryErrorWhateverBecomesOfSuccess) {
+TEST(DeliverChange, DeliversTheErrorWithoutACopy) {
   const auto error = MakeError<StdErrors::AlreadyExists>(kId, "foo");
   for (const auto on_success : {OnSuccess::kDeliver, OnSuccess::kStaySilent}) {
     Delivery<::Zelk::Void> delivery;
@@ -143,19 +143,19 @@ TEST(DeliverChange, DeliversTheVeryErrorWhateverBecomesOfSuccess) {
   }
 }
 
-TEST(DeliverChange, DeliversSuccessOnceWhenAskedTo) {
+TEST(DeliverChange, DeliversSuccessOnceIfAskedTo) {
   Delivery<::Zelk::Void> delivery;
   DeliverChange(delivery.Result(), nullptr, OnSuccess::kDeliver);
   EXPECT_TRUE(delivery.IsOneValue());
 }
 
-TEST(DeliverChange, DeliversNothingOnSuccessWhenSilent) {
+TEST(DeliverChange, DeliversNoSuccessIfSilent) {
   Delivery<::Zelk::Void> delivery;
   DeliverChange(delivery.Result(), nullptr, OnSuccess::kStaySilent);
   EXPECT_EQ(delivery.calls, 0);
 }
 
-TEST(DeliverChange, ThrowsOnAnEmptyCallbackOnlyWhereItDelivers) {
+TEST(DeliverChange, ThrowsOnAnEmptyCallbackOnlyIfItDelivers) {
   const ::Zelk::AsyncResult<::Zelk::Void> empty;
   const auto error = MakeError<StdErrors::NotFound>(kId, "foo");
   EXPECT_THROW(DeliverChange(empty, nullptr, OnSuccess::kDeliver), std::bad_function_call);

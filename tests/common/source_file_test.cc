@@ -42,12 +42,12 @@ TEST(ReadSourceFile, KeepsEveryByte) {
   EXPECT_EQ(Contents(folder.Write("foo", bytes)), Bytes(bytes));
 }
 
-TEST(ReadSourceFile, AnEmptyFileIsReadAsOne) {
+TEST(ReadSourceFile, ReadsAnEmptyFile) {
   const TempFolder folder;
   EXPECT_EQ(Contents(folder.Write("foo", "")), Bytes(""));
 }
 
-TEST(ReadSourceFile, ReadsFilesOfAnySizeWhole) {
+TEST(ReadSourceFile, ReadsWholeFilesOfAnySize) {
   const TempFolder folder;
   for (const std::size_t size : {1U, 2U, 4095U, 4096U, 4097U, 65536U, 3'000'001U}) {
     const std::string bytes = RandomBytes(size);
@@ -55,7 +55,7 @@ TEST(ReadSourceFile, ReadsFilesOfAnySizeWhole) {
   }
 }
 
-TEST(ReadSourceFile, ReadsAFileThatHoldsMoreThanItsSizeSays) {
+TEST(ReadSourceFile, ReadsAFileLargerThanItsReportedSize) {
   const std::string path = "/proc/version";
   ASSERT_EQ(std::filesystem::file_size(path), 0U);
   EXPECT_GT(Contents(path).value_or("").size(), 8U);
@@ -74,7 +74,7 @@ TEST(ReadSourceFile, ReadsTwoHundredMegabytes) {
   EXPECT_EQ(bytes->find_first_not_of('\0', 1), std::string::npos);
 }
 
-TEST(ReadSourceFile, AFileLargerThanTheParserCanCountIsRefusedBeforeItIsRead) {
+TEST(ReadSourceFile, RefusesAFileTooLargeForTheParserUnread) {
   const TempFolder folder;
   const std::string path = folder.Write("foo", "{}");
   constexpr std::size_t kExbibyte = std::size_t{1} << 60U;
@@ -106,7 +106,7 @@ TEST(ReadSourceFile, FollowsLinks) {
   EXPECT_EQ(Contents(folder.Path("link to link")), Bytes("bar"));
 }
 
-TEST(ReadSourceFile, AFolderIsReadAsAnEmptyFile) {
+TEST(ReadSourceFile, ReadsAFolderAsAnEmptyFile) {
   const TempFolder folder;
   std::filesystem::create_directory_symlink(folder.Path(""), folder.Path("link"));
   EXPECT_EQ(Contents(folder.Path("")), Bytes(""));
@@ -114,19 +114,19 @@ TEST(ReadSourceFile, AFolderIsReadAsAnEmptyFile) {
   EXPECT_EQ(Contents("/"), Bytes(""));
 }
 
-TEST(ReadSourceFile, OpensNothingWhereNothingIs) {
+TEST(ReadSourceFile, FailsIfTheFileIsMissing) {
   const TempFolder folder;
   EXPECT_EQ(Contents(folder.Path("foo")), boost::none);
   EXPECT_EQ(Contents(""), boost::none);
   EXPECT_EQ(Contents(folder.Path(std::string(300, 'x'))), boost::none);
 }
 
-TEST(ReadSourceFile, OpensNothingBelowAFileThatIsNoFolder) {
+TEST(ReadSourceFile, FailsForAPathThroughAFile) {
   const TempFolder folder;
   EXPECT_EQ(Contents(folder.Write("foo", "bar") + "/baz"), boost::none);
 }
 
-TEST(ReadSourceFile, OpensNoLinkThatLeadsNowhere) {
+TEST(ReadSourceFile, FailsForADanglingLink) {
   const TempFolder folder;
   std::filesystem::create_symlink("there", folder.Path("here"));
   std::filesystem::create_symlink("here", folder.Path("there"));
@@ -135,7 +135,7 @@ TEST(ReadSourceFile, OpensNoLinkThatLeadsNowhere) {
   EXPECT_EQ(Contents(folder.Path("broken")), boost::none);
 }
 
-TEST(ReadSourceFile, DoesNotTakeWhatStandsBeforeAZeroByteForThePath) {
+TEST(ReadSourceFile, FailsForAPathWithAZeroByte) {
   const TempFolder folder;
   const std::string path = folder.Write("foo", "bar");
   EXPECT_EQ(Contents(path + '\0'), boost::none);
@@ -143,7 +143,7 @@ TEST(ReadSourceFile, DoesNotTakeWhatStandsBeforeAZeroByteForThePath) {
   EXPECT_EQ(Contents(std::string(1, '\0') + path), boost::none);
 }
 
-TEST(ReadSourceFile, DoesNotWaitForThePipeThatNobodyWritesTo) {
+TEST(ReadSourceFile, DoesNotBlockOnAPipeWithoutAWriter) {
   const TempFolder folder;
   const std::string path = folder.Path("foo");
   ASSERT_EQ(mkfifo(path.c_str(), S_IRUSR | S_IWUSR), 0);
@@ -167,7 +167,7 @@ TEST(ReadSourceFile, DoesNotReadASocket) {
   close(descriptor);
 }
 
-TEST(ReadSourceFile, LeavesNoFileOpen) {
+TEST(ReadSourceFile, ClosesItsFiles) {
   const TempFolder folder;
   const std::string file = folder.Write("foo", "bar");
   const int before = dup(0);

@@ -81,12 +81,12 @@ class ReloadOfAll : public testing::Test {
   SourceRegistry<CountedDomain> registry_;
 };
 
-TEST_F(ReloadOfAll, ReleasesEachOldSourceWhenItsNewOneIsIn) {
+TEST_F(ReloadOfAll, ReleasesEachOldSourceOnceItIsReplaced) {
   registry_.Reload(boost::none);
   EXPECT_EQ(Counted::most_alive, 5);
 }
 
-TEST_F(ReloadOfAll, LoadsWhatComesAfterABadSourceAndDropsIt) {
+TEST_F(ReloadOfAll, DropsTheSourcesAfterABadOne) {
   const auto before = registry_.Sources();
   folder_.Write("b", "bad");
   registry_.Reload(boost::none);

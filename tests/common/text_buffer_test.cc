@@ -19,7 +19,7 @@ const std::size_t kSizes[] = {0,         1,         7,         131'070,   131'07
                               131'072,   131'073,   524'287,   524'288,   2'097'150,
                               2'097'151, 2'097'152, 3'000'000, 4'194'304, 10'000'000};
 
-TEST(TextBuffer, HoldsTheTextAndAZeroByteAfterIt) {
+TEST(TextBuffer, EndsTheTextWithAZeroByte) {
   for (const std::size_t size : kSizes) {
     const std::string bytes = std::string(size / 2, 'x') + std::string(size - size / 2, 'y');
     TextBuffer text(bytes);
@@ -29,7 +29,7 @@ TEST(TextBuffer, HoldsTheTextAndAZeroByteAfterIt) {
   }
 }
 
-TEST(TextBuffer, CanBeWrittenOverFromEndToEnd) {
+TEST(TextBuffer, IsWritable) {
   for (const std::size_t size : kSizes) {
     TextBuffer text(size);
     std::string_view("x").copy(text.Data(), size);
@@ -38,7 +38,7 @@ TEST(TextBuffer, CanBeWrittenOverFromEndToEnd) {
   }
 }
 
-TEST(TextBuffer, EndsWhereItIsTruncated) {
+TEST(TextBuffer, CanBeTruncated) {
   for (const std::size_t size : kSizes) {
     TextBuffer text(std::string(size, 'x'));
     text.Truncate(size / 2);
@@ -47,7 +47,7 @@ TEST(TextBuffer, EndsWhereItIsTruncated) {
   }
 }
 
-TEST(TextBuffer, ItsRoomIsAlignedAndLiesBehindTheText) {
+TEST(TextBuffer, HasAlignedRoomAfterTheText) {
   for (const std::size_t size : kSizes) {
     TextBuffer text(size);
     if (text.RoomSize() == 0) continue;
@@ -61,7 +61,7 @@ TEST(TextBuffer, ItsRoomIsAlignedAndLiesBehindTheText) {
   }
 }
 
-TEST(TextBuffer, HasRoomAsSoonAsItIsNotSmall) {
+TEST(TextBuffer, HasRoomUnlessItIsSmall) {
   EXPECT_EQ(TextBuffer(std::size_t{1000}).RoomSize(), 0U);
   EXPECT_GT(TextBuffer(std::size_t{1'000'000}).RoomSize(), 0U);
 }
@@ -75,7 +75,7 @@ TEST(TextBuffer, MovesWithItsBytes) {
   }
 }
 
-TEST(TextBuffer, GivesItsMemoryBack) {
+TEST(TextBuffer, ReleasesItsMemory) {
   const auto address_space = [] {
     std::size_t pages = 0;
     std::ifstream("/proc/self/statm") >> pages;
@@ -86,7 +86,7 @@ TEST(TextBuffer, GivesItsMemoryBack) {
   EXPECT_LT(address_space(), before + 10'000);  // of 4 KiB, or larger ones
 }
 
-TEST(TextBuffer, OneLongerThanTheParserCanCountIsRefusedBeforeItIsRead) {
+TEST(TextBuffer, RefusesATextTooLongForTheParserUnread) {
   constexpr std::size_t kSize = kMaxTextSize + 1;
   void* unreadable =
       mmap(nullptr, kSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
@@ -98,7 +98,7 @@ TEST(TextBuffer, OneLongerThanTheParserCanCountIsRefusedBeforeItIsRead) {
   EXPECT_THROW(TextBuffer{SIZE_MAX}, std::bad_alloc);
 }
 
-TEST(TextBuffer, TheLongestIsMerelyMapped) {
+TEST(TextBuffer, OnlyMapsTheLongestText) {
   EXPECT_EQ(TextBuffer(kMaxTextSize).Size(), kMaxTextSize);
 }
 

@@ -24,7 +24,7 @@ class ConcurrentAnswers : public testing::Test {};
 
 TYPED_TEST_SUITE(ConcurrentAnswers, DomainsUnderTest, DomainName);
 
-TYPED_TEST(ConcurrentAnswers, AreReadAndDroppedWhileTheirSourceIsReloadedAndDeleted) {
+TYPED_TEST(ConcurrentAnswers, CanBeReadDuringReloadAndDelete) {
   using Record = typename TypeParam::Record;
   Sources<TypeParam> sources({{"foo", TypeParam::File("bar")}});
   for (int round = 0; round < 20; ++round) {
@@ -59,7 +59,7 @@ TYPED_TEST(ConcurrentAnswers, OutliveTheirContainerOnOtherThreads) {
   });
 }
 
-TYPED_TEST(ConcurrentAnswers, MayHoldTheLastShareOfTheContainerOnAnyThread) {
+TYPED_TEST(ConcurrentAnswers, MayReleaseTheContainerOnAnyThread) {
   for (int round = 0; round < 20; ++round) {
     auto container = TypeParam::Container::GetInstance();
     ASSERT_EQ(container->CreateSource("own", Sources<TypeParam>::At(OwnMetadata<TypeParam>())),
@@ -94,7 +94,7 @@ std::vector<TypePtr> NestedLists(int levels) {
   return types;
 }
 
-TEST(ConcurrentNestedTypes, AreReleasedOnceWhenThreadsDropSharesOfOneTypeTogether) {
+TEST(ConcurrentNestedTypes, AreReleasedOnceIfShared) {
   for (int round = 0; round < 100; ++round) {
     std::vector<TypePtr> shares(kThreads);
     std::weak_ptr<const Bindings::Metamodel::Type> innermost;
@@ -108,7 +108,7 @@ TEST(ConcurrentNestedTypes, AreReleasedOnceWhenThreadsDropSharesOfOneTypeTogethe
   }
 }
 
-TEST(ConcurrentNestedTypes, AreReleasedOnceWhenThreadsDropSharesOfDifferentLevelsTogether) {
+TEST(ConcurrentNestedTypes, AreReleasedOnceIfSharedAtDifferentLevels) {
   for (int round = 0; round < 100; ++round) {
     std::vector<std::vector<TypePtr>> shares(kThreads);
     std::weak_ptr<const Bindings::Metamodel::Type> innermost;

@@ -32,7 +32,7 @@ void LiveAlone() {
   EXPECT_EQ(AllAnswers(*sources.Shared()), answers);
 }
 
-TEST(ConcurrentContainers, OfAllDomainsDoNotKnowOfEachOther) {
+TEST(ConcurrentContainers, AreIndependentInAllDomains) {
   InThreads(6, [](std::size_t index) {
     switch (index % 3) {
       case 0:
@@ -45,7 +45,7 @@ TEST(ConcurrentContainers, OfAllDomainsDoNotKnowOfEachOther) {
   });
 }
 
-TEST(ConcurrentContainers, MakeTheirFirstUseOfTheLibraryTogether) {
+TEST(ConcurrentContainers, MayBeTheFirstUseOfTheLibrary) {
   InThreads(6, [](std::size_t) {
     const auto container = CliUnderTest::Container::GetInstance();
     EXPECT_EQ(ErrorLines(container->DeleteSource("foo")), SourceNotFound<CliUnderTest>("foo"));

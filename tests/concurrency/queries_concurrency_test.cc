@@ -29,7 +29,7 @@ class ConcurrentQueries : public testing::Test {
 
 TYPED_TEST_SUITE(ConcurrentQueries, DomainsUnderTest, DomainName);
 
-TYPED_TEST(ConcurrentQueries, OfOneContainerAnswerAsOnOneThread) {
+TYPED_TEST(ConcurrentQueries, ReturnTheSameFromOneContainer) {
   const auto& container = *this->sources_.Shared();
   const std::string expected = AllAnswers(container);
   EXPECT_NE(expected.find("foo"), std::string::npos);
@@ -41,7 +41,7 @@ TYPED_TEST(ConcurrentQueries, OfOneContainerAnswerAsOnOneThread) {
   for (const auto& answer : answers) EXPECT_EQ(answer, expected);
 }
 
-TYPED_TEST(ConcurrentQueries, ThroughOneServiceAnswerAsOnOneThread) {
+TYPED_TEST(ConcurrentQueries, ReturnTheSameFromOneService) {
   using Service = typename TypeParam::SourceService;
   Service service(this->sources_.Shared());
   const Lines unknown = ErrorOf(Ask(service, &Service::Get, std::string(kNoSuchId)));
@@ -55,7 +55,7 @@ TYPED_TEST(ConcurrentQueries, ThroughOneServiceAnswerAsOnOneThread) {
   });
 }
 
-TYPED_TEST(ConcurrentQueries, SeeAllOfAChangeThatRunsAloneOrNothing) {
+TYPED_TEST(ConcurrentQueries, SeeWholeChangesThatRunAlone) {
   auto& container = *this->sources_.Shared();
   std::shared_mutex alone;
   const std::string with = AllAnswers(container);

@@ -48,7 +48,7 @@ std::string FailuresOfEach(const FaultyCall& call) {
   return FailuresOf([&call] { FailEveryAllocation(call, NoState); });
 }
 
-TEST(Allocations, FailAtThePlaceAskedForAndOnlyThere) {
+TEST(Allocations, FailOnceAtTheGivenNumber) {
   const FailingAllocations failing(2, Shortage::kOnce);
   const auto first = std::make_unique<int>(1);
   EXPECT_FALSE(FailingAllocations::Failed());
@@ -57,7 +57,7 @@ TEST(Allocations, FailAtThePlaceAskedForAndOnlyThere) {
   EXPECT_NE(std::unique_ptr<int>(new (std::nothrow) int(3)), nullptr);
 }
 
-TEST(Allocations, FailFromThePlaceAskedForOn) {
+TEST(Allocations, FailFromTheGivenNumberOn) {
   const auto take = [] { return std::unique_ptr<int>(new (std::nothrow) int(1)); };
   std::unique_ptr<int> blocks[3];
   {
@@ -80,17 +80,17 @@ TEST(Allocations, AreCountedUntilTheyAreReleased) {
   EXPECT_EQ(after, before);
 }
 
-TEST(Injection, FailsEachAllocationAloneAndWithAllLaterOnes) {
+TEST(Injection, FailsEachAllocationAloneAndWithLaterOnes) {
   EXPECT_EQ(FailEveryAllocation({"three", TakeThree, nullptr}, NoState), 6U);
 }
 
-TEST(Injection, SeesALeak) {
+TEST(Injection, DetectsALeak) {
   std::unique_ptr<int> leaked;
   const auto leak = [&leaked] { leaked = std::make_unique<int>(1); };
   EXPECT_THAT(FailuresOf([&] { ExpectNoLeak("foo", leak); }), HasSubstr("foo"));
 }
 
-TEST(Injection, SeesABlockThatIsLostWhenALaterAllocationFails) {
+TEST(Injection, DetectsALeakOnALaterFailure) {
   std::unique_ptr<int> lost;
   const auto lose = [&lost] {
     lost = std::make_unique<int>(1);
@@ -100,7 +100,7 @@ TEST(Injection, SeesABlockThatIsLostWhenALaterAllocationFails) {
   EXPECT_THAT(FailuresOfEach({"foo", lose, nullptr}), HasSubstr("foo, allocation 2"));
 }
 
-TEST(Injection, SeesAnotherExceptionThanBadAlloc) {
+TEST(Injection, DetectsOtherExceptions) {
   const auto disguise = [] {
     try {
       TakeThree();
@@ -111,7 +111,7 @@ TEST(Injection, SeesAnotherExceptionThanBadAlloc) {
   EXPECT_THAT(FailuresOfEach({"foo", disguise, nullptr}), HasSubstr("something else"));
 }
 
-TEST(Injection, SeesAFailureThatIsKeptQuiet) {
+TEST(Injection, DetectsAHiddenFailure) {
   const auto hush = [] {
     try {
       TakeThree();
@@ -122,7 +122,7 @@ TEST(Injection, SeesAFailureThatIsKeptQuiet) {
   EXPECT_THAT(FailuresOfEach({"foo", hush, nullptr}), HasSubstr("bad_alloc"));
 }
 
-TEST(Injection, SeesAChangeThatAFailureLeftHalfDone) {
+TEST(Injection, DetectsAPartialChange) {
   int done = 0;
   const auto change = [&done] {
     ++done;

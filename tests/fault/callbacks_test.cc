@@ -60,7 +60,7 @@ class Callback : public FaultTest<Domain> {
 
 TYPED_TEST_SUITE(Callback, DomainsWithoutMemory, DomainName);
 
-TYPED_TEST(Callback, ThrowsThroughEveryOperationThatAnswers) {
+TYPED_TEST(Callback, CanThrowFromEveryAnswer) {
   const auto expect = [this](const std::string& name, auto& service, const auto operation,
                              const auto&... arguments) {
     using Answer = typename decltype(Ask(service, operation, arguments...).value)::value_type;
@@ -72,12 +72,12 @@ TYPED_TEST(Callback, ThrowsThroughEveryOperationThatAnswers) {
   this->ExpectNoChange();
 }
 
-TYPED_TEST(Callback, ThrowsThroughChangesThatAreRefused) {
+TYPED_TEST(Callback, CanThrowFromRefusedChanges) {
   this->EachRefusedChange(Throwing<Void>(), ExpectHostException);
   this->ExpectNoChange();
 }
 
-TYPED_TEST(Callback, CannotTakeBackTheChangeItIsToldOf) {
+TYPED_TEST(Callback, CannotUndoAChangeByThrowing) {
   const auto result = Throwing<Void>();
   const OptionalText all;
   const auto expect = [](const std::string& name, const std::function<void()>& change) {
@@ -97,7 +97,7 @@ TYPED_TEST(Callback, CannotTakeBackTheChangeItIsToldOf) {
   this->ExpectNoChange();
 }
 
-TYPED_TEST(Callback, IsNeededByEveryOperationThatAnswers) {
+TYPED_TEST(Callback, IsNeededForEveryAnswer) {
   const auto expect = [this](const std::string& name, auto& service, const auto operation,
                              const auto&... arguments) {
     ExpectBadFunctionCall(name, [&] { (service.*operation)(arguments..., this->activation_, {}); });
@@ -106,7 +106,7 @@ TYPED_TEST(Callback, IsNeededByEveryOperationThatAnswers) {
   this->ExpectNoChange();
 }
 
-TYPED_TEST(Callback, IsNeededByChangesThatAreRefused) {
+TYPED_TEST(Callback, IsNeededForRefusedChanges) {
   this->EachRefusedChange(AsyncResult<Void>(), ExpectBadFunctionCall);
   this->ExpectNoChange();
 }

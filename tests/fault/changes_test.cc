@@ -77,24 +77,24 @@ class ChangeWithoutMemory : public FaultTest<Domain> {
 
 TYPED_TEST_SUITE(ChangeWithoutMemory, DomainsWithoutMemory, DomainName);
 
-TYPED_TEST(ChangeWithoutMemory, CreatesASourceWholeOrNotAtAll) {
+TYPED_TEST(ChangeWithoutMemory, CreatesAWholeSourceOrNone) {
   this->FailCreate("create", kNewSource, this->SpecOf(this->EditedFile()),
                    [this] { this->sources_->DeleteSource(kNewSource); });
 }
 
-TYPED_TEST(ChangeWithoutMemory, CreatesASourceOfALargeFileWholeOrNotAtAll) {
+TYPED_TEST(ChangeWithoutMemory, CreatesAWholeLargeSourceOrNone) {
   const std::string blanks(300'000, ' ');  // so many that the text is mapped
   this->FailCreate("create from a large file", kNewSource,
                    this->SpecOf(blanks + this->EditedFile()),
                    [this] { this->sources_->DeleteSource(kNewSource); });
 }
 
-TYPED_TEST(ChangeWithoutMemory, ReloadsASourceWholeOrNotAtAll) {
+TYPED_TEST(ChangeWithoutMemory, ReloadsAWholeSourceOrNone) {
   this->WriteEditedFiles();
   this->FailReload("reload", Some(kFirstSource), [this] { this->TakeBackReload(); });
 }
 
-TYPED_TEST(ChangeWithoutMemory, ReloadsEachOfAllSourcesWholeOrNotAtAll) {
+TYPED_TEST(ChangeWithoutMemory, ReloadsEachWholeSourceOrKeepsIt) {
   this->WriteEditedFiles();
   this->sources_->ReloadSource(Some(kFirstSource));
   const std::string first_is_new = this->State();
@@ -103,22 +103,22 @@ TYPED_TEST(ChangeWithoutMemory, ReloadsEachOfAllSourcesWholeOrNotAtAll) {
                    {first_is_new});
 }
 
-TYPED_TEST(ChangeWithoutMemory, KeepsTheDataOfASourceWhoseFileWentBad) {
+TYPED_TEST(ChangeWithoutMemory, KeepsTheDataIfTheFileIsBad) {
   this->WriteBoth(this->EditedFile(), "{");
   this->FailReload("reload of a bad file", Some(kLastSource));
 }
 
-TYPED_TEST(ChangeWithoutMemory, DeletesASourceWithoutAskingForMemory) {
+TYPED_TEST(ChangeWithoutMemory, DeletesWithoutAllocating) {
   const auto spec = this->sources_.At(this->sources_.Path(kLastSource));
   const auto undo = [&] { this->sources_->CreateSource(kLastSource, spec); };
   EXPECT_EQ(this->FailDelete("delete", kLastSource, undo), 0U);
 }
 
-TYPED_TEST(ChangeWithoutMemory, RefusesAFileThatIsNoJson) {
+TYPED_TEST(ChangeWithoutMemory, RefusesInvalidJson) {
   this->FailRefusedFile("no JSON", this->WholeFile() + "}");
 }
 
-TYPED_TEST(ChangeWithoutMemory, RefusesAFileOfSomethingElse) {
+TYPED_TEST(ChangeWithoutMemory, RefusesAFileWithoutTheRootKey) {
   this->FailRefusedFile("no root", "{}");
   this->FailRefusedFile("a wrong root", "{\"" + std::string(TypeParam::kRootKey) + "\": 1}");
 }
@@ -129,7 +129,7 @@ TYPED_TEST(ChangeWithoutMemory, RefusesAFileWithAMistakeNearItsEnd) {
   }
 }
 
-TYPED_TEST(ChangeWithoutMemory, RefusesASourceThatCannotBe) {
+TYPED_TEST(ChangeWithoutMemory, RefusesInvalidSpecs) {
   using CreateSpec = typename TypeParam::CreateSpec;
   const auto known = this->sources_.At(this->sources_.Path(kLastSource));
   this->FailCreate("existing id", kFirstSource, known);

@@ -25,7 +25,7 @@ struct FaultyCall {
 /// until a run needs no more. Expects that each failure leaves the call as std::bad_alloc, leaves
 /// `state` as it was before the call or in one of the states between, leaks nothing, and does not
 /// keep the same call from succeeding afterwards.
-/// Answers how many runs were failed.
+/// Returns the number of runs that were made to fail.
 std::size_t FailEveryAllocation(const FaultyCall& call, const std::function<std::string()>& state);
 
 /// Expects that `run` leaks nothing.

@@ -14,7 +14,7 @@ class QueryWithoutMemory : public FaultTest<Domain> {};
 
 TYPED_TEST_SUITE(QueryWithoutMemory, DomainsWithoutMemory, DomainName);
 
-TYPED_TEST(QueryWithoutMemory, ThrowsBadAllocAndNothingElseHappens) {
+TYPED_TEST(QueryWithoutMemory, ThrowsBadAllocAndChangesNothing) {
   TypeParam::EachQuery(*this->sources_.Shared(),
                        [this](const std::string& name, const auto& query) {
                          const auto failures = this->Fail({name, [&query] { query(); }, nullptr});

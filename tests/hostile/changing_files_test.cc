@@ -98,7 +98,7 @@ class ChangingFiles : public testing::Test {
 
 TYPED_TEST_SUITE(ChangingFiles, DomainsUnderTest, DomainName);
 
-TYPED_TEST(ChangingFiles, ThatAreReplacedAreTheOldOrTheNewOne) {
+TYPED_TEST(ChangingFiles, AreOldOrNewIfReplaced) {
   const std::string path = this->Path();
   this->sources_.Write("m", this->Short());
   const Meanwhile replaced([path, next = path + ".next"] {
@@ -120,7 +120,7 @@ TYPED_TEST(ChangingFiles, ThatAreReplacedAreTheOldOrTheNewOne) {
   if (!seen.Enough()) GTEST_SKIP() << "the short and the long file were " << seen.Text();
 }
 
-TYPED_TEST(ChangingFiles, ThatShrinkAndGrowAreLoadedWholeOrAreSyntaxErrors) {
+TYPED_TEST(ChangingFiles, AreWholeOrSyntaxErrorsIfRewritten) {
   const std::string path = this->Path();
   this->sources_.Write("m", this->Short());
   const Meanwhile rewritten([path] {
@@ -143,7 +143,7 @@ TYPED_TEST(ChangingFiles, ThatShrinkAndGrowAreLoadedWholeOrAreSyntaxErrors) {
   if (!seen.Enough()) GTEST_SKIP() << "a whole and a cut file were " << seen.Text();
 }
 
-TYPED_TEST(ChangingFiles, ThatVanishAndComeBackAreLoadedOrNotFound) {
+TYPED_TEST(ChangingFiles, AreLoadedOrNotFoundIfRemoved) {
   const std::string path = this->Path();
   const Meanwhile vanishing([path, next = path + ".next"] {
     Overwrite(next, TestFixture::Short());
@@ -166,7 +166,7 @@ TYPED_TEST(ChangingFiles, ThatVanishAndComeBackAreLoadedOrNotFound) {
   if (!seen.Enough()) GTEST_SKIP() << "the file and its absence were " << seen.Text();
 }
 
-TYPED_TEST(ChangingFiles, ThatGrowWhileTheyAreReadAreReadToAnEnd) {
+TYPED_TEST(ChangingFiles, EndEvenIfTheyGrow) {
   constexpr std::uintmax_t kMost = 64'000'000;
   const std::string path = this->sources_.Write("m", this->Short());
   const Meanwhile growing([path] {
@@ -181,7 +181,7 @@ TYPED_TEST(ChangingFiles, ThatGrowWhileTheyAreReadAreReadToAnEnd) {
   }
 }
 
-TYPED_TEST(ChangingFiles, ThatWereCutOffKeepWhatWasLoaded) {
+TYPED_TEST(ChangingFiles, KeepTheLoadedDataIfTruncated) {
   this->sources_.Write("m", this->Long());
   ASSERT_EQ(this->sources_.CreateAt("m", this->Path()), Lines());
   const std::string fingerprint = this->sources_->SourceFingerprint(Some("m"));

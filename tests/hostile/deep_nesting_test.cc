@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/repeat.h"
 #include "support/small_stack.h"
 #include "surface/domains_under_test.h"
 
@@ -22,14 +23,7 @@ using testing::IsEmpty;
 constexpr std::size_t kLevels = 1'000'000;
 constexpr std::size_t kSmallStack = std::size_t{256} * 1024;
 
-std::string Repeat(const std::string& text, std::size_t times) {
-  std::string repeated;
-  repeated.reserve(text.size() * times);
-  while (times-- > 0) repeated += text;
-  return repeated;
-}
-
-/// One way to nest: what opens a level, what stands inside the last and what closes a level.
+/// One way to nest: what opens a level, what is inside the last and what closes a level.
 struct Nesting {
   const char* name;
   std::string open;
@@ -51,7 +45,7 @@ const std::vector<Nesting> kNestings = {
     {"objects", R"({"a":)", "1", "}", 6},
     {"objects in arrays", R"([{"a":)", "1", "}]", 6},
     {"arrays in objects", R"({"a":[)", "[]", "]}", 7},
-    {"objects behind others", R"({"a":{},"b":)", "1", "}", 6},
+    {"objects after others", R"({"a":{},"b":)", "1", "}", 6},
 };
 
 template <typename Domain>
@@ -90,13 +84,13 @@ class DeepNesting : public testing::Test {
 
 TYPED_TEST_SUITE(DeepNesting, DomainsUnderTest, DomainName);
 
-TYPED_TEST(DeepNesting, AsTheWholeFileMissesTheRootKey) {
+TYPED_TEST(DeepNesting, ReportsTheRootKeyAsMissing) {
   this->ForEachNesting([this](const Nesting& nesting) {
     this->ExpectRefused(nesting.Whole(), MissingFieldError(TypeParam::kRootKey));
   });
 }
 
-TYPED_TEST(DeepNesting, UnderKeysThatNobodyReadsIsIgnored) {
+TYPED_TEST(DeepNesting, IsIgnoredUnderUnknownKeys) {
   this->ForEachNesting([this](const Nesting& nesting) {
     const std::string ignored = R"("ignored": )" + nesting.Whole();
     const std::string good = this->Good();
@@ -106,7 +100,7 @@ TYPED_TEST(DeepNesting, UnderKeysThatNobodyReadsIsIgnored) {
   });
 }
 
-TYPED_TEST(DeepNesting, ThatIsNeverClosedIsASyntaxErrorAtItsEnd) {
+TYPED_TEST(DeepNesting, ReportsMissingClosesAtTheEnd) {
   this->ForEachNesting([this](const Nesting& nesting) {
     const std::string opened = nesting.Opened();
     this->ExpectRefused(opened, ParseError<TypeParam>(3, opened.size()));
@@ -116,7 +110,7 @@ TYPED_TEST(DeepNesting, ThatIsNeverClosedIsASyntaxErrorAtItsEnd) {
   });
 }
 
-TYPED_TEST(DeepNesting, ThatIsClosedButForOneLevelIsASyntaxErrorAtItsEnd) {
+TYPED_TEST(DeepNesting, ReportsOneMissingCloseAtTheEnd) {
   this->ForEachNesting([this](const Nesting& nesting) {
     std::string text = nesting.Whole();
     text.pop_back();
@@ -125,14 +119,14 @@ TYPED_TEST(DeepNesting, ThatIsClosedButForOneLevelIsASyntaxErrorAtItsEnd) {
   });
 }
 
-TYPED_TEST(DeepNesting, ThatIsClosedOnceTooOftenIsASyntaxErrorAtTheSuperfluousByte) {
+TYPED_TEST(DeepNesting, ReportsASuperfluousClose) {
   this->ForEachNesting([this](const Nesting& nesting) {
     const std::string text = nesting.Whole();
     this->ExpectRefused(text + nesting.close, ParseError<TypeParam>(2, text.size()));
   });
 }
 
-TYPED_TEST(DeepNesting, ThatIsClosedWronglyIsASyntaxErrorAtTheWrongByte) {
+TYPED_TEST(DeepNesting, ReportsAWrongClose) {
   this->ForEachNesting([this](const Nesting& nesting) {
     const std::string wrong = nesting.close.front() == ']' ? "}" : "]";
     for (const std::size_t levels : {std::size_t{0}, kLevels / 2, kLevels - 1}) {
@@ -143,7 +137,7 @@ TYPED_TEST(DeepNesting, ThatIsClosedWronglyIsASyntaxErrorAtTheWrongByte) {
   });
 }
 
-TYPED_TEST(DeepNesting, IsReloadedLikeAnyOtherFile) {
+TYPED_TEST(DeepNesting, IsReloaded) {
   this->ForEachNesting([this](const Nesting& nesting) {
     const std::string deep = this->WithMember(R"("ignored": )" + nesting.Whole());
     ASSERT_EQ(this->sources_.Create("m", this->Good()), Lines());
@@ -160,8 +154,6 @@ TYPED_TEST(DeepNesting, IsReloadedLikeAnyOtherFile) {
   });
 }
 
-// --- where something else is read ---------------------------------------------------------------
-
 using DeepMetamodel = DeepNesting<MetamodelUnderTest>;
 using DeepAuthentication = DeepNesting<AuthenticationUnderTest>;
 using DeepCli = DeepNesting<CliUnderTest>;
@@ -170,20 +162,20 @@ std::string AsTheName(const Nesting& nesting) {
   return R"("name": )" + nesting.Whole();
 }
 
-TEST_F(DeepMetamodel, WhereATextIsReadIsAnInvalidField) {
+TEST_F(DeepMetamodel, IsInvalidInPlaceOfAText) {
   ForEachNesting([this](const Nesting& nesting) {
     ExpectRefused(WithMember(AsTheName(nesting)), InvalidFieldError("name"));
   });
 }
 
-TEST_F(DeepMetamodel, InAnAnnotationIsAnInvalidElementValue) {
+TEST_F(DeepMetamodel, IsInvalidInAnAnnotation) {
   ForEachNesting([this](const Nesting& nesting) {
     ExpectRefused(WithMember(R"("metadata": {"A": {"b": )" + nesting.Whole() + "}}"),
                   InvalidFieldError("ElementValue"));
   });
 }
 
-TEST_F(DeepAuthentication, WhereATextIsReadLeavesTheComponentOut) {
+TEST_F(DeepAuthentication, IsInvalidInPlaceOfAText) {
   ForEachNesting([this](const Nesting& nesting) {
     ExpectRefused(
         WithMember(AsTheName(nesting)),
@@ -191,13 +183,11 @@ TEST_F(DeepAuthentication, WhereATextIsReadLeavesTheComponentOut) {
   });
 }
 
-TEST_F(DeepCli, WhereATextIsReadIsAnInvalidField) {
+TEST_F(DeepCli, IsInvalidInPlaceOfAText) {
   ForEachNesting([this](const Nesting& nesting) {
     ExpectRefused(WithMember(AsTheName(nesting)), InvalidFieldError("name"));
   });
 }
-
-// --- types, the records that nest to any depth --------------------------------------------------
 
 constexpr char kListOf[] = R"({"category":"GENERIC","generic_type":"LIST","element_type":)";
 constexpr char kMapTo[] = R"({"category":"GENERIC","generic_type":"MAP","map_key_type":)"
@@ -246,7 +236,7 @@ void ForEachType(const Check& check) {
   }
 }
 
-TEST(DeepTypes, AreAnsweredWithAllTheirLevelsAndOutliveTheirSource) {
+TEST(DeepTypes, KeepAllLevelsAndOutliveTheirSource) {
   ForEachType([](const Nesting& nesting) {
     const MetamodelSources sources;
     ASSERT_EQ(sources.Create("m", FileOfType(nesting.Whole())), Lines());
@@ -256,7 +246,7 @@ TEST(DeepTypes, AreAnsweredWithAllTheirLevelsAndOutliveTheirSource) {
   });
 }
 
-TEST(DeepTypes, OfParametersAndResultsAreReleasedByAReloadAndWithTheirContainer) {
+TEST(DeepTypes, AreReleasedByAReloadAndWithTheirContainer) {
   const std::string type = kTypes.front().Whole();
   std::string text = MetamodelFile(
       Component("foo", {Package("p", {Service("s", {Operation("o", {Param("a")})})})}));
@@ -272,7 +262,7 @@ TEST(DeepTypes, OfParametersAndResultsAreReleasedByAReloadAndWithTheirContainer)
   });
 }
 
-TEST(DeepTypes, ThatEndInAnUnknownOneAreRefusedWithOneMessage) {
+TEST(DeepTypes, ReportAnUnknownInnermostTypeOnce) {
   ForEachType([](const Nesting& nesting) {
     const MetamodelSources sources;
     Nesting unknown = nesting;
@@ -283,7 +273,7 @@ TEST(DeepTypes, ThatEndInAnUnknownOneAreRefusedWithOneMessage) {
   });
 }
 
-TEST(DeepTypes, AreReleasedWhenSomethingBehindThemIsRefused) {
+TEST(DeepTypes, AreReleasedIfALaterPartFails) {
   const std::string file =
       MetamodelFile(Component("foo", {Package("p", {Structure("t", {Field("f"), Field("g")})})}));
   const std::string refused =
@@ -295,7 +285,7 @@ TEST(DeepTypes, AreReleasedWhenSomethingBehindThemIsRefused) {
   });
 }
 
-TEST(DeepTypes, ThatAreNeverClosedAreASyntaxErrorAtTheirEnd) {
+TEST(DeepTypes, ReportMissingClosesAtTheEnd) {
   ForEachType([](const Nesting& nesting) {
     const MetamodelSources sources;
     std::string text = FileOfType("<cut>");

@@ -9,8 +9,7 @@
 
 #include "surface/domains_under_test.h"
 
-// Files of a size that nobody writes by hand: loaded whole, with everything in them, or refused
-// with the exact place.
+// Very large files: loaded whole, with everything in them, or refused with the exact place.
 
 namespace Zelk::Testing {
 namespace {
@@ -78,7 +77,7 @@ class LargeFiles : public testing::Test {
 
 TYPED_TEST_SUITE(LargeFiles, DomainsUnderTest, DomainName);
 
-TYPED_TEST(LargeFiles, OfFiveHundredMegabytesOfBlanksAreLoaded) {
+TYPED_TEST(LargeFiles, MayHaveFiveHundredMegabytesOfSpaces) {
   LargeFile file(this->Path());
   file << "{";
   file.Fill(' ', 250);
@@ -87,7 +86,7 @@ TYPED_TEST(LargeFiles, OfFiveHundredMegabytesOfBlanksAreLoaded) {
   this->ExpectLoaded(file.Close());
 }
 
-TYPED_TEST(LargeFiles, WithATextOfFiveHundredMegabytesAreLoaded) {
+TYPED_TEST(LargeFiles, MayHaveATextOfFiveHundredMegabytes) {
   LargeFile file(this->Path());
   file << R"({"ignored": ")";
   file.Fill('x', 500);
@@ -95,7 +94,7 @@ TYPED_TEST(LargeFiles, WithATextOfFiveHundredMegabytesAreLoaded) {
   this->ExpectLoaded(file.Close());
 }
 
-TYPED_TEST(LargeFiles, WithAKeyOfAHundredMegabytesAreLoaded) {
+TYPED_TEST(LargeFiles, MayHaveAKeyOfAHundredMegabytes) {
   LargeFile file(this->Path());
   file << R"({")";
   file.Fill('x', 100);
@@ -103,7 +102,7 @@ TYPED_TEST(LargeFiles, WithAKeyOfAHundredMegabytesAreLoaded) {
   this->ExpectLoaded(file.Close());
 }
 
-TYPED_TEST(LargeFiles, WithARecordWhoseNameIsAHundredMegabytesAnswerIt) {
+TYPED_TEST(LargeFiles, MayHaveANameOfAHundredMegabytes) {
   const std::string name(100 * kMegabyte, 'x');
   const std::string text = TypeParam::File(name);
   ASSERT_EQ(this->sources_.Create("m", text), Lines());
@@ -115,7 +114,7 @@ TYPED_TEST(LargeFiles, WithARecordWhoseNameIsAHundredMegabytesAnswerIt) {
   EXPECT_EQ(this->sources_->SourceFingerprint(Some("m")), Md5(Md5(text)));
 }
 
-TYPED_TEST(LargeFiles, CutOffAreSyntaxErrorsAtTheirEnd) {
+TYPED_TEST(LargeFiles, ReportTruncationAtTheEnd) {
   LargeFile file(this->Path());
   file << R"({"ignored": ")";
   file.Fill('x', 100);
@@ -123,7 +122,7 @@ TYPED_TEST(LargeFiles, CutOffAreSyntaxErrorsAtTheirEnd) {
   this->ExpectSyntaxError(11, file.Size());
 }
 
-TYPED_TEST(LargeFiles, AreSyntaxErrorsWhereTheirLastByteIsWrong) {
+TYPED_TEST(LargeFiles, ReportAWrongLastByte) {
   LargeFile file(this->Path());
   file << this->RestOfGood().insert(0, "{");
   file.Fill(' ', 100);
@@ -133,7 +132,7 @@ TYPED_TEST(LargeFiles, AreSyntaxErrorsWhereTheirLastByteIsWrong) {
   this->ExpectSyntaxError(2, offset);
 }
 
-TYPED_TEST(LargeFiles, WithAMillionMembersInOneObjectAreLoaded) {
+TYPED_TEST(LargeFiles, MayHaveAMillionMembers) {
   LargeFile file(this->Path());
   file << "{";
   for (int member = 0; member < 1'000'000; ++member) {
@@ -143,7 +142,7 @@ TYPED_TEST(LargeFiles, WithAMillionMembersInOneObjectAreLoaded) {
   this->ExpectLoaded(file.Close());
 }
 
-TYPED_TEST(LargeFiles, WithAMillionMembersOfOneNameAreLoaded) {
+TYPED_TEST(LargeFiles, MayHaveAMillionMembersOfOneName) {
   LargeFile file(this->Path());
   file << "{";
   for (int member = 0; member < 1'000'000; ++member) file << R"("k": {},)";
@@ -151,7 +150,7 @@ TYPED_TEST(LargeFiles, WithAMillionMembersOfOneNameAreLoaded) {
   this->ExpectLoaded(file.Close());
 }
 
-TYPED_TEST(LargeFiles, WithAMillionElementsInOneArrayAreLoaded) {
+TYPED_TEST(LargeFiles, MayHaveAMillionElements) {
   LargeFile file(this->Path());
   file << R"({"ignored": [0)";
   for (int element = 1; element < 1'000'000; ++element) file << ",1";
@@ -161,7 +160,7 @@ TYPED_TEST(LargeFiles, WithAMillionElementsInOneArrayAreLoaded) {
 
 // --- keys that name records ---------------------------------------------------------------------
 
-TEST(LargeKeys, OfAHundredMegabytesNameAnAnnotation) {
+TEST(LargeKeys, MayNameAnAnnotation) {
   const std::string key(100 * kMegabyte, 'x');
   const MetamodelSources sources;
   ASSERT_EQ(sources.Create("m", MetamodelFile(Component("foo").Annotated("\"" + key +
@@ -172,7 +171,7 @@ TEST(LargeKeys, OfAHundredMegabytesNameAnAnnotation) {
   EXPECT_EQ(*component->metadata.at(key)->elements.at("bar")->string_value, "baz");
 }
 
-TEST(LargeKeys, OfAHundredMegabytesNameASchemeAndAPackage) {
+TEST(LargeKeys, MayNameASchemeAndAPackage) {
   const std::string key(100 * kMegabyte, 'x');
   const Sources<AuthenticationUnderTest> sources;
   ASSERT_EQ(

@@ -40,7 +40,7 @@ std::string EnumerationsFile(const std::string& enumerations) {
                   R"("enumerations": [)" + enumerations + "]");
 }
 
-TEST(ManyNames, AMillionEnumerationsOfOneNameLeaveTheFirst) {
+TEST(MillionEnumerationsOfOneName, FirstOneWins) {
   const MetamodelSources sources;
   ASSERT_EQ(sources.Create("m", EnumerationsFile(AMillionOf([](int number) {
                              return Enumeration("e").Doc(Numbered("d", number)).Json();
@@ -50,7 +50,7 @@ TEST(ManyNames, AMillionEnumerationsOfOneNameLeaveTheFirst) {
   EXPECT_EQ(sources->EnumerationInfo("e")->documentation, "d0");
 }
 
-TEST(ManyNames, AMillionEnumerationsAreAllThere) {
+TEST(MillionEnumerations, AreListedAndFound) {
   const MetamodelSources sources;
   ASSERT_EQ(sources.Create("m", EnumerationsFile(AMillionOf([](int number) {
                              return Enumeration(Numbered("e", number)).Json();
@@ -61,7 +61,7 @@ TEST(ManyNames, AMillionEnumerationsAreAllThere) {
   EXPECT_EQ(sources->EnumerationInfo("e1000000"), nullptr);
 }
 
-TEST(ManyNames, OfAMillionAnnotationsOfOneNameTheLastCounts) {
+TEST(MillionAnnotationsOfOneName, LastOneWins) {
   const MetamodelSources sources;
   ASSERT_EQ(
       sources.Create("m", MetamodelFile(Component("foo", {}).Annotated(AMillionOf([](int number) {
@@ -73,7 +73,7 @@ TEST(ManyNames, OfAMillionAnnotationsOfOneNameTheLastCounts) {
   EXPECT_EQ(*component->metadata.at("A")->elements.at("value")->string_value, "v999999");
 }
 
-TEST(ManyNames, AMillionAnnotationsAreAllThere) {
+TEST(MillionAnnotations, AreKept) {
   const MetamodelSources sources;
   ASSERT_EQ(
       sources.Create("m", MetamodelFile(Component("foo", {}).Annotated(AMillionOf([](int number) {
@@ -99,14 +99,14 @@ std::string FirstScheme(const AuthenticationSources& sources, const std::string&
   return sources->PackageInfo(package)->schemes.front()->scheme;
 }
 
-TEST(ManyNames, OfAMillionSchemesOfOneNameTheLastCounts) {
+TEST(MillionSchemesOfOneName, LastOneWins) {
   const AuthenticationSources sources;
   const auto scheme = [](int number) { return SchemeMember("x", Numbered("s", number)); };
   ASSERT_EQ(sources.Create("m", ComponentFile(AMillionOf(scheme), R"("p": ["x"])")), Lines());
   EXPECT_EQ(FirstScheme(sources, "p"), "s999999");
 }
 
-TEST(ManyNames, AMillionSchemesCanAllBeNamed) {
+TEST(MillionSchemes, CanBeReferenced) {
   const AuthenticationSources sources;
   const auto scheme = [](int number) {
     return SchemeMember(Numbered("x", number), Numbered("s", number));
@@ -115,7 +115,7 @@ TEST(ManyNames, AMillionSchemesCanAllBeNamed) {
   EXPECT_EQ(FirstScheme(sources, "p"), "s999999");
 }
 
-TEST(ManyNames, AMillionPackagesAreAllThere) {
+TEST(MillionPackages, AreListedAndFound) {
   const AuthenticationSources sources;
   const auto package = [](int number) { return Numbered("\"p", number) + R"(": ["x"])"; };
   ASSERT_EQ(sources.Create("m", ComponentFile(SchemeMember("x", "s"), AMillionOf(package))),
@@ -134,7 +134,7 @@ std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::Identity
                                                                                             name);
 }
 
-TEST(ManyNames, OfAMillionCommandsOfOneNameTheLastCounts) {
+TEST(MillionCommandsOfOneName, LastOneWins) {
   const CliSources sources;
   const auto command = [](int number) { return CommandNode("p", "c", Numbered("d", number)); };
   ASSERT_EQ(sources.Create("m", CliFile({AMillionOf(command)})), Lines());
@@ -142,7 +142,7 @@ TEST(ManyNames, OfAMillionCommandsOfOneNameTheLastCounts) {
   EXPECT_EQ(sources->CommandInfo(CommandIdentity("c"))->description, "d999999");
 }
 
-TEST(ManyNames, AMillionCommandsAreAllThere) {
+TEST(MillionCommands, AreListedAndFound) {
   const CliSources sources;
   const auto command = [](int number) { return CommandNode("p", Numbered("c", number), ""); };
   ASSERT_EQ(sources.Create("m", CliFile({AMillionOf(command)})), Lines());
@@ -150,7 +150,7 @@ TEST(ManyNames, AMillionCommandsAreAllThere) {
   EXPECT_NE(sources->CommandInfo(CommandIdentity("c999999")), nullptr);
 }
 
-TEST(ManyNames, AMillionNamespacesOfOneParentAreItsChildren) {
+TEST(MillionNamespaces, AreChildrenOfOneParent) {
   const CliSources sources;
   const auto node = [](int number) { return NamespaceNode("p", Numbered("n", number)); };
   ASSERT_EQ(sources.Create("m", CliFile({AMillionOf(node)})), Lines());
@@ -162,7 +162,7 @@ TEST(ManyNames, AMillionNamespacesOfOneParentAreItsChildren) {
 // What the namespaces on the way hold grows with the square of the path.
 constexpr std::size_t kPathParts = 20'000;
 
-TEST(ManyNames, ANamespacePathOfTwentyThousandPartsNeedsNoStack) {
+TEST(LongNamespacePath, NeedsNoStack) {
   RunOnSmallStack(std::size_t{256} * 1024, [] {
     const CliSources sources;
     const std::string path(kPathParts - 1, '.');

@@ -53,7 +53,7 @@ void LinkTo(const std::string& target, const std::string& path) {
   fs::create_symlink(target, path);
 }
 
-/// Something that is no file.
+/// Something other than a regular file.
 struct Special {
   const char* what;
   void (*make)(const std::string& path);
@@ -76,7 +76,7 @@ const std::vector<Special> kSpecials = {
      }},
 };
 
-/// A pipe in which somebody has put a text that nobody has taken yet.
+/// A pipe with an unread text.
 class FullPipe {
  public:
   explicit FullPipe(const std::string& text) {
@@ -130,7 +130,7 @@ TYPED_TEST(SpecialFiles, AreNotFound) {
   }
 }
 
-TYPED_TEST(SpecialFiles, AreNotFoundByTheirOwnPathsEither) {
+TYPED_TEST(SpecialFiles, AreNotFoundByAPathBelowThem) {
   for (const std::string path : {"/dev/zero", "/dev/null", "/dev/full"}) {
     SCOPED_TRACE(path);
     this->ExpectNotFound(path);
@@ -149,7 +149,7 @@ TYPED_TEST(SpecialFiles, AreNotFoundThroughLinks) {
   }
 }
 
-TYPED_TEST(SpecialFiles, InTheFilesPlaceLeaveASourceAsItWas) {
+TYPED_TEST(SpecialFiles, DoNotReplaceALoadedSource) {
   const std::string good = TypeParam::File("foo");
   ASSERT_EQ(this->sources_.Create("m", good), Lines());
   for (const auto& special : kSpecials) {
@@ -167,7 +167,7 @@ TYPED_TEST(SpecialFiles, InTheFilesPlaceLeaveASourceAsItWas) {
   EXPECT_THAT(this->sources_.Names(), ElementsAre("bar"));
 }
 
-TYPED_TEST(SpecialFiles, KeepTheBytesThatWaitInThem) {
+TYPED_TEST(SpecialFiles, KeepTheirUnreadBytes) {
   const std::string good = TypeParam::File("foo");
   const FullPipe pipe(good);
   ASSERT_EQ(pipe.Waiting(), good.size());

@@ -44,7 +44,7 @@ void ExpectHostIsLenient() {
   EXPECT_EQ(HostSum("{"), -1);
 }
 
-TEST(TwoCopiesOfRapidJson, EachKeepItsOwnRules) {
+TEST(TwoCopiesOfRapidJson, KeepTheirOwnRules) {
   const TempFolder folder;
   const std::string good = folder.Write(
       "good.json", MetamodelFile(Component("c", {Package("p", {Service("foo"), Service("bar")})})));
@@ -61,7 +61,7 @@ TEST(TwoCopiesOfRapidJson, EachKeepItsOwnRules) {
 }
 
 // Without it, nothing above could go wrong.
-TEST(TwoCopiesOfRapidJson, CouldMeetBecauseTheHostShowsItsOwn) {
+TEST(TwoCopiesOfRapidJson, AreExportedByTheHost) {
   void* shown = nullptr;
   for (const char* parser : kParsers) {
     if (shown == nullptr) shown = dlsym(RTLD_DEFAULT, parser);

@@ -79,11 +79,11 @@ void LoadsAndUnloads(int mode) {
 #endif
 }
 
-TEST(UnloadedLibrary, IsGoneWithAllItsMemoryAfterEveryUse) {
+TEST(UnloadedLibrary, LeavesNoMemory) {
   LoadsAndUnloads(RTLD_LOCAL);
 }
 
-TEST(UnloadedLibrary, IsGoneAfterItsNamesWereGivenToEverybody) {
+TEST(UnloadedLibrary, IsGoneAfterAGlobalLoad) {
   LoadsAndUnloads(RTLD_GLOBAL);
 }
 

@@ -38,7 +38,7 @@ TEST(ParseMetadata, ReadsStringsAndListsOfStrings) {
                                          {}}));
 }
 
-TEST(ParseMetadata, GivesStringsTypeOneAndListsTypeTwo) {
+TEST(ParseMetadata, SetsTypeOneForStringsAndTwoForLists) {
   Errors errors;
   const auto text = MetamodelParser::ParseStringElementValue(Json(R"("foo")"), errors);
   EXPECT_EQ(text->type.Value(), 1);
@@ -49,31 +49,31 @@ TEST(ParseMetadata, GivesStringsTypeOneAndListsTypeTwo) {
   EXPECT_EQ(MessageTexts(errors), Lines());
 }
 
-TEST(ParseMetadata, ThereMayBeNoAnnotations) {
+TEST(ParseMetadata, AcceptsNoAnnotations) {
   EXPECT_EQ(ParseMetadata("{}"), (Loaded{true, "", {}, {}}));
 }
 
-TEST(ParseMetadata, KeepsTheLastOfARepeatedAnnotation) {
+TEST(RepeatedAnnotation, LastOneWins) {
   const std::string json =
       R"({"Foo": {"a": "1", "b": "2"}, "Bar": {}, "Foo": {"a": "3"}, "Foo": {"c": "4"}})";
   EXPECT_EQ(ParseMetadata(json),
             (Loaded{true, "\"Bar\" -> {}\n\"Foo\" -> {\"c\"=\"4\"}\n", {}, {}}));
 }
 
-TEST(ParseMetadata, KeepsTheLastOfARepeatedElement) {
+TEST(RepeatedElement, LastOneWins) {
   const std::string json = R"({"Foo": {"a": "1", "b": "2", "a": ["3"], "b": "4"}})";
   EXPECT_EQ(ParseMetadata(json),
             (Loaded{true, "\"Foo\" -> {\"a\"=[\"3\"] \"b\"=\"4\"}\n", {}, {}}));
 }
 
-TEST(ParseMetadata, NamesAndValuesKeepEmbeddedZeroBytes) {
+TEST(ParseMetadata, KeepsZeroBytesInNamesAndValues) {
   const std::string json = R"({"Foo\u0000": {"a\u0000b": "c\u0000", "a": ["\u0000"]}, "Foo": {}})";
   EXPECT_EQ(ParseMetadata(json).dump, R"("Foo" -> {}
 "Foo\x00" -> {"a"=["\x00"] "a\x00b"="c\x00"}
 )");
 }
 
-TEST(ParseMetadata, AnAnnotationThatIsNoObjectIsAnInvalidElementValue) {
+TEST(ParseMetadata, ReportsANonObjectAnnotationAsInvalid) {
   for (const auto* annotation : {"null", "1", R"("foo")", "[]", "[{}]", "true"}) {
     const std::string json = R"({"Foo": {}, "Bar": )" + std::string(annotation) + R"(, "Baz": 1})";
     EXPECT_EQ(ParseMetadata(json),
@@ -82,7 +82,7 @@ TEST(ParseMetadata, AnAnnotationThatIsNoObjectIsAnInvalidElementValue) {
   }
 }
 
-TEST(ParseMetadata, AnElementThatIsNeitherStringNorListIsInvalid) {
+TEST(ParseMetadata, ReportsAnElementOfAnotherTypeAsInvalid) {
   for (const auto* element : {"null", "1", "-1.5", "false", "{}", R"({"value": "foo"})"}) {
     const std::string json = R"({"Foo": {"a": "b", "c": )" + std::string(element) + R"(, "d": 1}})";
     EXPECT_EQ(ParseMetadata(json), (Loaded{false, "", {}, {InvalidField("ElementValue")}}))
@@ -90,14 +90,14 @@ TEST(ParseMetadata, AnElementThatIsNeitherStringNorListIsInvalid) {
   }
 }
 
-TEST(ParseMetadata, AListElementThatIsNoStringIsInvalidAndCountsOnce) {
+TEST(ParseMetadata, ReportsANonStringInAListOnce) {
   for (const auto* list : {"[1]", "[null]", "[[]]", "[{}]", R"(["a", 1, "b", 2, null])"}) {
     const std::string json = R"({"Foo": {"a": )" + std::string(list) + "}}";
     EXPECT_EQ(ParseMetadata(json), (Loaded{false, "", {}, {InvalidField("ElementValue")}})) << list;
   }
 }
 
-TEST(ParseMetadata, ReportsResourcesInDocumentOrderUntilAnAnnotationFails) {
+TEST(ParseMetadata, CallsBackForResourcesUntilAnAnnotationFails) {
   const std::string json = R"({
       "Resource": {"value": "foo"}, "Bar": {"value": "no"}, "Resource": {"value": ["baz", "foo"]},
       "Qux": 1, "Resource": {"value": "never"}})";
@@ -107,12 +107,12 @@ TEST(ParseMetadata, ReportsResourcesInDocumentOrderUntilAnAnnotationFails) {
   EXPECT_EQ(loaded.messages, Lines{InvalidField("ElementValue")});
 }
 
-TEST(ParseMetadata, ReportsNothingOfAResourceAnnotationThatFails) {
+TEST(ParseMetadata, DoesNotCallBackForAnInvalidResource) {
   const Loaded loaded = ParseMetadata(R"({"Resource": {"value": "foo", "bar": 1}})");
   EXPECT_EQ(loaded, (Loaded{false, "", {}, {InvalidField("ElementValue")}}));
 }
 
-TEST(ParseMetadata, KnowsTheResourceAnnotationByItsExactName) {
+TEST(ParseMetadata, ComparesTheWholeNameOfTheResourceAnnotation) {
   const std::string json = R"({
       "resource": {"value": "a"}, "RESOURCE": {"value": "b"}, "Resource ": {"value": "c"},
       "Resource\u0000": {"value": "d"}, "Resources": {"value": "e"}, "": {"value": "f"}})";
@@ -156,7 +156,7 @@ struct ResourceRow {
   Lines calls;
 };
 
-TEST(HandleResource, ReportsThePayloadThatTheTypeSelects) {
+TEST(HandleResource, UsesThePayloadOfTheType) {
   const std::vector<ResourceRow> rows = {
       {ElementType::LONG, {}},
       {ElementType::STRING, {"resource text"}},
@@ -172,7 +172,7 @@ TEST(HandleResource, ReportsThePayloadThatTheTypeSelects) {
   }
 }
 
-TEST(HandleResource, LooksAtTheElementCalledValueOnly) {
+TEST(HandleResource, UsesOnlyTheElementNamedValue) {
   for (const auto* name : {"Value", "values", "value ", ""}) {
     EXPECT_EQ(HandleResource(name, FullElement(ElementType::STRING)), Lines()) << name;
   }
@@ -181,12 +181,12 @@ TEST(HandleResource, LooksAtTheElementCalledValueOnly) {
   EXPECT_EQ(recorder.calls, Lines());
 }
 
-TEST(HandleResource, ReportsEachOfThreeStringsInOrder) {
+TEST(HandleResource, CallsBackForEachStringInOrder) {
   const Loaded loaded = ParseMetadata(R"({"Resource": {"value": ["foo", "bar", "baz"]}})");
   EXPECT_EQ(loaded.calls, (Lines{"resource foo", "resource bar", "resource baz"}));
 }
 
-TEST(HandleResource, ReportsNothingOfAnEmptyList) {
+TEST(HandleResource, DoesNotCallBackForAnEmptyList) {
   EXPECT_EQ(ParseMetadata(R"({"Resource": {"value": []}})").calls, Lines());
 }
 
@@ -198,7 +198,7 @@ TEST(HandleResource, ThrowsOnAnEmptyCallback) {
   EXPECT_NO_THROW(MetamodelParser::HandleResource({}, Bindings::Metamodel::ElementMap({})));
 }
 
-/// The metadata of a field, as it stands in a file.
+/// The metadata of a field, as in a file.
 using FieldMetadata = std::string;
 
 const FieldMetadata kKey = R"({"ModelKey": {}, "Resource": {"value": "foo"}})";
@@ -231,7 +231,7 @@ Lines Models(const std::string& metadata, const std::vector<FieldMetadata>& fiel
   return recorder.calls;
 }
 
-TEST(HandleModelInfo, ReportsEachFieldThatIsTheKeyOfAResource) {
+TEST(HandleModelInfo, CallsBackForEachKeyOfAResource) {
   const std::string model = R"({"Model": {}})";
   EXPECT_EQ(Models(model, {}), Lines());
   EXPECT_EQ(Models(model, {kKey}), Lines{"model foo s"});
@@ -239,28 +239,28 @@ TEST(HandleModelInfo, ReportsEachFieldThatIsTheKeyOfAResource) {
             (Lines{"model foo s", "model bar s", "model foo s"}));
 }
 
-TEST(HandleModelInfo, PassesOverFieldsThatAreNoKeyOrHaveNoResource) {
+TEST(HandleModelInfo, SkipsFieldsWithoutAKeyOrResource) {
   EXPECT_EQ(Models(R"({"Model": {}})", {kNone, kNoKey, kKey, kNoResource, kOtherKey, kNone}),
             (Lines{"model foo s", "model bar s"}));
 }
 
-TEST(HandleModelInfo, ReportsNothingOfAStructureThatIsNoModel) {
+TEST(HandleModelInfo, SkipsStructuresWithoutTheModelAnnotation) {
   for (const auto* metadata : {"{}", R"({"model": {}})", R"({"MODEL": {}})", R"({"Models": {}})",
                                R"({"Model\u0000": {}})", R"({"Foo": {"Model": "Model"}})"}) {
     EXPECT_EQ(Models(metadata, {kKey}), Lines()) << metadata;
   }
 }
 
-TEST(HandleModelInfo, StopsAtAKeyThatIsAListOfResources) {
+TEST(HandleModelInfo, StopsAtAKeyWithAListOfResources) {
   EXPECT_EQ(Models(R"({"Model": {}})", {kKey, kListKey, kOtherKey}), Lines{"model foo s"});
   EXPECT_EQ(Models(R"({"Model": {}})", {kListKey, kKey}), Lines());
 }
 
-TEST(HandleModelInfo, StopsAtAKeyWhoseResourceHasNoValue) {
+TEST(HandleModelInfo, StopsAtAKeyWithAResourceWithoutValue) {
   EXPECT_EQ(Models(R"({"Model": {}})", {kKey, kKeyWithoutValue, kOtherKey}), Lines{"model foo s"});
 }
 
-TEST(HandleModelInfo, TheModelAnnotationMayHoldAnything) {
+TEST(HandleModelInfo, IgnoresTheContentOfTheModelAnnotation) {
   EXPECT_EQ(Models(R"({"Model": {"value": ["a"], "b": "c"}})", {kKey}), Lines{"model foo s"});
 }
 
@@ -283,7 +283,7 @@ Bindings::Metamodel::StructureInfo ModelWithKeys(const std::vector<ElementType>&
           ""};
 }
 
-TEST(HandleModelInfo, StopsAtEveryTypeOfValueButAString) {
+TEST(HandleModelInfo, StopsAtANonStringValue) {
   for (const auto type :
        {ElementType::LONG, ElementType::STRING_LIST, ElementType::STRUCTURE_REFERENCE,
         ElementType::STRUCTURE_REFERENCE_LIST, ElementType::UNKNOWN}) {

@@ -37,13 +37,13 @@ TEST(LoadMetadata, ReadsEveryKeyOfTheFormat) {
   EXPECT_EQ(Load(kSampleComponent), expected);
 }
 
-TEST(LoadMetadata, AComponentMayHaveNoPackages) {
+TEST(LoadMetadata, AcceptsAComponentWithoutPackages) {
   const std::string json =
       Component(R"({"name": "foo", "documentation": "", "metadata": {}, "packages": []})");
   EXPECT_EQ(Load(json), (Loaded{true, "component \"foo\" \"\"\n", {"component foo"}, {}}));
 }
 
-TEST(LoadMetadata, EveryListMayBeEmpty) {
+TEST(LoadMetadata, AcceptsEmptyLists) {
   std::string json = kSampleComponent;
   const std::string operation = kOperation;
   for (const auto& pointer : {operation + "/params", operation + "/errors"}) {
@@ -60,7 +60,7 @@ TEST(LoadMetadata, EveryListMayBeEmpty) {
   EXPECT_TRUE(Load(json).ok);
 }
 
-TEST(LoadMetadata, AStreamIsReadAsItsText) {
+TEST(LoadMetadata, ReadsAStreamLikeItsText) {
   const std::string sample = kSampleComponent;
   for (const std::string& text : {sample, std::string(), std::string("[]"), sample + "x",
                                   sample.substr(0, 100), "\xef\xbb\xbf" + sample, sample + '\0'}) {
@@ -68,7 +68,7 @@ TEST(LoadMetadata, AStreamIsReadAsItsText) {
   }
 }
 
-TEST(LoadMetadata, AStreamIsReadFromItsCurrentPosition) {
+TEST(LoadMetadata, ReadsAStreamFromItsCurrentPosition) {
   std::istringstream in(std::string("[[[") + kSampleComponent);
   in.seekg(3);
   EXPECT_EQ(LoadFrom(in), Load(kSampleComponent));
@@ -82,7 +82,7 @@ TEST(LoadMetadata, ReadsTwoHundredMegabytes) {
   EXPECT_EQ(Load(text).messages, Lines{ParseError(2, text.size() - 1)});
 }
 
-TEST(LoadMetadata, ATruncatedFileLeavesOneParseErrorAndReportsNothing) {
+TEST(LoadMetadata, ReportsOneParseErrorForATruncatedFile) {
   const std::string sample = kSampleComponent;
   for (std::size_t size = 0; size < sample.size(); ++size) {
     const Loaded loaded = Load(sample.substr(0, size));
@@ -93,7 +93,7 @@ TEST(LoadMetadata, ATruncatedFileLeavesOneParseErrorAndReportsNothing) {
   }
 }
 
-TEST(LoadMetadata, ASyntaxErrorIsReportedWithItsCodeAndOffset) {
+TEST(LoadMetadata, ReportsTheCodeAndOffsetOfASyntaxError) {
   const std::string sample = kSampleComponent;
   EXPECT_EQ(Load(""), Failed({ParseError(1, 0)}));
   EXPECT_EQ(Load(R"({"metamodel": )"), Failed({ParseError(3, 14)}));
@@ -105,11 +105,11 @@ TEST(LoadMetadata, ASyntaxErrorIsReportedWithItsCodeAndOffset) {
   EXPECT_EQ(Load('\0' + sample), Failed({ParseError(1, 0)}));
 }
 
-TEST(LoadMetadata, AZeroByteEndsTheFile) {
+TEST(LoadMetadata, EndsAtAZeroByte) {
   EXPECT_EQ(Load(kSampleComponent + std::string("\0]]", 3)), Load(kSampleComponent));
 }
 
-TEST(LoadMetadata, ARootThatIsNoObjectIsMissingItsMember) {
+TEST(LoadMetadata, ReportsTheRootKeyOfANonObjectAsMissing) {
   for (const auto* json : {"[]", R"([{"metamodel": {}}])", R"("metamodel")", "1", "true", "null"}) {
     EXPECT_EQ(Load(json), Failed({MissingField("metamodel")})) << json;
   }
@@ -120,7 +120,7 @@ struct BadFile {
   Lines messages;
 };
 
-TEST(LoadMetadata, StopsAtTheFirstObjectThatIsNotThere) {
+TEST(LoadMetadata, StopsAtTheFirstMissingObject) {
   const std::vector<BadFile> rows = {
       {"{}", {MissingField("metamodel")}},
       {R"({"Metamodel": {}})", {MissingField("metamodel")}},
@@ -152,7 +152,7 @@ std::vector<std::string> MapArrays() {
           structure + "/constants"};
 }
 
-TEST(LoadMetadata, AnArrayElementThatIsNoObjectIsMissingItsFirstKey) {
+TEST(LoadMetadata, ReportsTheFirstKeyOfANonObjectAsMissing) {
   std::vector<std::string> arrays = MapArrays();
   const std::string errors = std::string(kOperation) + "/errors";
   for (const auto& list :
@@ -170,7 +170,7 @@ TEST(LoadMetadata, AnArrayElementThatIsNoObjectIsMissingItsFirstKey) {
   }
 }
 
-TEST(LoadMetadata, InvalidUtf8InAStringIsKeptAsItIs) {
+TEST(LoadMetadata, KeepsInvalidUtf8InStrings) {
   const std::string json = Component(
       "{\"name\": \"f\xff\", \"documentation\": \"\xc3\", \"metadata\": {}, \"packages\": []}");
   EXPECT_EQ(Load(json).dump, "component \"f\\xff\" \"\\xc3\"\n");
@@ -183,7 +183,7 @@ std::string WithTwin(const std::string& array) {
   return With(kSampleComponent, array + "/-", With(twin, "/documentation", R"("The twin.")"));
 }
 
-TEST(LoadMetadata, KeepsTheFirstOfEveryRepeatedNameInAMap) {
+TEST(LoadMetadata, KeepsTheFirstOfARepeatedName) {
   for (const auto& array : MapArrays()) {
     const Loaded loaded = Load(WithTwin(array));
     EXPECT_TRUE(loaded.ok) << array;
@@ -192,7 +192,7 @@ TEST(LoadMetadata, KeepsTheFirstOfEveryRepeatedNameInAMap) {
   }
 }
 
-TEST(LoadMetadata, KeepsEveryElementOfAListInItsOrder) {
+TEST(LoadMetadata, KeepsTheOrderOfLists) {
   struct Row {
     std::string array;
     std::string line;
@@ -216,7 +216,7 @@ TEST(LoadMetadata, KeepsEveryElementOfAListInItsOrder) {
   }
 }
 
-TEST(LoadMetadata, UsesTheFirstOfAKeyGivenTwice) {
+TEST(LoadMetadata, ReadsTheFirstOfARepeatedKey) {
   const std::string json = Component(R"({
       "name": "foo", "name": 1, "documentation": "bar", "documentation": "baz",
       "metadata": {"a": {}}, "metadata": {"b": {}}, "packages": [], "packages": null})");
@@ -224,19 +224,19 @@ TEST(LoadMetadata, UsesTheFirstOfAKeyGivenTwice) {
   EXPECT_EQ(Load(json).messages, Lines());
 }
 
-TEST(LoadMetadata, DoesNotLookForABetterOneAmongTheSameKeys) {
+TEST(LoadMetadata, FailsIfTheFirstOfARepeatedKeyIsInvalid) {
   EXPECT_EQ(Load(R"({"metamodel": 1, "metamodel": {}})"), Failed({InvalidField("metamodel")}));
   EXPECT_EQ(Load(Component(R"({"name": null, "name": "foo"})")), Failed({InvalidField("name")}));
 }
 
-TEST(LoadMetadata, KnowsAKeyByWhatStandsBeforeItsFirstZeroByte) {
+TEST(LoadMetadata, ComparesKeysUpToTheirFirstZeroByte) {
   const std::string json = Component(
       R"({"name\u0000": "foo", "name": "bar", "documentation\u0000x": "",
           "metadata": {}, "packages": []})");
   EXPECT_EQ(Load(json).dump, "component \"foo\" \"\"\n");
 }
 
-TEST(LoadMetadata, NamesKeepEmbeddedZeroBytes) {
+TEST(LoadMetadata, KeepsZeroBytesInNames) {
   const std::string enumeration = R"("documentation": "", "metadata": {}, "values": [])";
   const std::string enumerations = R"([{"name": "a\u0000b", )" + enumeration +
                                    R"(}, {"name": "a", )" + enumeration +
@@ -252,7 +252,7 @@ TEST(LoadMetadata, NamesKeepEmbeddedZeroBytes) {
       << dump;
 }
 
-TEST(LoadMetadata, HasReportedResourcesAndModelsWhenALaterPartFails) {
+TEST(LoadMetadata, ReportsResourcesAndModelsBeforeALaterFailure) {
   const Lines until_service = {"resource foo.bar", "model foo.bar foo.bar.info"};
   const Loaded no_services = Load(Without(kSampleComponent, std::string(kPackage) + "/services"));
   EXPECT_EQ(no_services, (Loaded{false, "", until_service, {MissingField("services")}}));
@@ -263,7 +263,7 @@ TEST(LoadMetadata, HasReportedResourcesAndModelsWhenALaterPartFails) {
   EXPECT_EQ(no_errors, (Loaded{false, "", all_but_component, {MissingField("errors")}}));
 }
 
-TEST(LoadMetadata, ReportsInTheOrderInWhichKeysAreRead) {
+TEST(LoadMetadata, CallsBackInTheOrderOfReading) {
   const std::string field =
       R"("documentation": "", "type": {"category": "BUILTIN", "primitive_type": "ID"})";
   const std::string structure =
@@ -278,14 +278,14 @@ TEST(LoadMetadata, ReportsInTheOrderInWhichKeysAreRead) {
   EXPECT_EQ(MessageTexts(recorder.errors), Lines());
 }
 
-TEST(LoadMetadata, ADroppedTwinIsReportedAllTheSame) {
+TEST(LoadMetadata, CallsBackForADroppedRepeat) {
   const Loaded loaded = Load(WithTwin(std::string(kPackage) + "/structures"));
   const Lines begin(loaded.calls.begin(), loaded.calls.begin() + 4);
   EXPECT_EQ(begin, (Lines{"resource foo.bar", "model foo.bar foo.bar.info", "resource foo.bar",
                           "model foo.bar foo.bar.info"}));
 }
 
-TEST(LoadMetadata, ThrowsOnAnEmptyCallbackThatIsNeeded) {
+TEST(LoadMetadata, ThrowsOnAnEmptyCallbackIfItIsNeeded) {
   const std::function<void(MetamodelParser::RegisterCallbacks&)> emptied[] = {
       [](auto& callbacks) { callbacks.component = nullptr; },
       [](auto& callbacks) { callbacks.resource = nullptr; },
@@ -301,7 +301,7 @@ TEST(LoadMetadata, ThrowsOnAnEmptyCallbackThatIsNeeded) {
   }
 }
 
-TEST(LoadMetadata, BearsEmptyCallbacksThatAreNotNeeded) {
+TEST(LoadMetadata, AcceptsEmptyCallbacksIfTheyAreNotNeeded) {
   const std::string_view json =
       R"({"metamodel": {"component": {"name": "foo", "documentation": "", "metadata": {}}}})";
   Errors errors;
@@ -314,7 +314,7 @@ std::string PieceOfSample(const std::string& pointer) {
   return JsonText(*JsonPointer(pointer.c_str()).Get(document));
 }
 
-TEST(ParsePackage, GivesTheRecordUnderItsName) {
+TEST(ParsePackage, ReturnsTheRecordWithItsName) {
   ParseRecorder recorder;
   const auto [name, package] = MetamodelParser::ParsePackage(
       recorder.Callbacks(), Json(PieceOfSample(kPackage)), recorder.errors);
@@ -323,7 +323,7 @@ TEST(ParsePackage, GivesTheRecordUnderItsName) {
   EXPECT_EQ(package->services.size(), 1U);
 }
 
-TEST(ParseOperation, GivesTheRecordUnderItsName) {
+TEST(ParseOperation, ReturnsTheRecordWithItsName) {
   ParseRecorder recorder;
   const auto [name, operation] = MetamodelParser::ParseOperation(
       recorder.Callbacks(), Json(PieceOfSample(kOperation)), recorder.errors);

@@ -55,7 +55,7 @@ TEST(ParseConstant, KeepsTheTextOfAString) {
             (ParsedConstant{"A constant \"b\" : STRING = PRIMITIVE STRING \"\"\n", {}}));
 }
 
-TEST(ParseConstant, AcceptsAStringConstantWhoseValueIsNoStringWithAMessage) {
+TEST(ParseConstant, AcceptsANonStringValueOfAStringWithAMessage) {
   for (const auto& value : kValues) {
     if (value == kValues.front()) continue;
     EXPECT_EQ(
@@ -65,7 +65,7 @@ TEST(ParseConstant, AcceptsAStringConstantWhoseValueIsNoStringWithAMessage) {
   }
 }
 
-TEST(ParseConstant, AcceptsEveryOtherBuiltinTypeWithoutAValueAndWithoutAMessage) {
+TEST(ParseConstant, AcceptsOtherBuiltinTypesWithoutAValue) {
   for (const auto& type : kBuiltinNames) {
     for (const auto& value : kValues) {
       if (type == "STRING") continue;
@@ -76,7 +76,7 @@ TEST(ParseConstant, AcceptsEveryOtherBuiltinTypeWithoutAValueAndWithoutAMessage)
   }
 }
 
-TEST(ParseConstant, AListIsAListOfItsTypeAndItsValueIsNotRead) {
+TEST(ParseConstant, IgnoresTheValueOfAList) {
   for (const auto& type : kBuiltinNames) {
     for (const auto& value : kValues) {
       EXPECT_EQ(ParseConstant(Constant("List", type, value)),
@@ -91,7 +91,7 @@ struct BadConstant {
   std::string message;
 };
 
-TEST(ParseConstant, LeavesOneMessageForEveryFailure) {
+TEST(ParseConstant, ReportsEachFailureOnce) {
   const std::string begin = R"({"name": "A", "documentation": "", )";
   const std::vector<BadConstant> rows = {
       {"[]", MissingField("name")},
@@ -112,7 +112,7 @@ TEST(ParseConstant, LeavesOneMessageForEveryFailure) {
   }
 }
 
-TEST(ParseConstant, KnowsNoAliasInItsType) {
+TEST(ParseConstant, AcceptsNoAliasOfAType) {
   EXPECT_EQ(ParseConstant(Constant("BUILTIN", "STRING", "1")),
             (ParsedConstant{"none", {InvalidEnumValue("category")}}));
   EXPECT_EQ(ParseConstant(Constant("GENERIC", "STRING", "1")),
@@ -124,13 +124,13 @@ TEST(ParseConstant, KnowsNoAliasInItsType) {
   }
 }
 
-TEST(ParseConstant, UsesTheFirstOfAValueGivenTwice) {
+TEST(ParseConstant, ReadsTheFirstOfARepeatedValue) {
   const std::string json = R"({"name": "A", "documentation": "b",
       "type": {"category": "PRIMITIVE", "type": "STRING"}, "value": "foo", "value": 1})";
   EXPECT_EQ(ParseConstant(json).text, "A constant \"b\" : STRING = PRIMITIVE STRING \"foo\"\n");
 }
 
-TEST(ParseConstantType, GivesCategoryAndType) {
+TEST(ParseConstantType, ReadsCategoryAndType) {
   Errors errors;
   MetamodelParser::ConstantType type;
   EXPECT_TRUE(MetamodelParser::ParseConstantType({}, Json(R"({"category": "list", "type": "uri"})"),
@@ -159,7 +159,7 @@ TEST(ParsePrimitiveValue, ReadsStringsOnly) {
   EXPECT_EQ(value->string_value.value_or("none"), "foo");
 }
 
-TEST(ParsePrimitiveValue, RefusesAStringThatIsNone) {
+TEST(ParsePrimitiveValue, RefusesANonStringForAString) {
   for (const auto* json : {"null", "1", "true", "{}", "[]"}) {
     Errors errors;
     EXPECT_EQ(
@@ -170,7 +170,7 @@ TEST(ParsePrimitiveValue, RefusesAStringThatIsNone) {
   }
 }
 
-TEST(ParseConstantPrimitiveValue, IsAlwaysAPrimitiveValueFullOrEmpty) {
+TEST(ParseConstantPrimitiveValue, ReturnsAPrimitiveValueEvenIfEmpty) {
   Errors errors;
   for (const auto* json : {R"("foo")", "1"}) {
     for (const auto type : {PrimitiveType::STRING, PrimitiveType::LONG}) {

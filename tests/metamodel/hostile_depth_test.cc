@@ -7,6 +7,7 @@
 #include "metamodel/parse_recorder.h"
 #include "metamodel/sample_component.h"
 #include "support/as_source.h"
+#include "support/repeat.h"
 #include "support/small_stack.h"
 
 // Files nested so deep that whatever recurses once a level overflows its stack: while they are
@@ -20,14 +21,7 @@ using Provider::Metadata::Metamodel::TypePtr;
 constexpr std::size_t kLevels = 1'000'000;
 constexpr std::size_t kStack = std::size_t{256} * 1024;
 
-std::string Repeat(const std::string& text, std::size_t times) {
-  std::string repeated;
-  repeated.reserve(text.size() * times);
-  while (times-- > 0) repeated += text;
-  return repeated;
-}
-
-/// One way to nest: what opens a level, what stands inside the last and what closes a level.
+/// One way to nest: what opens a level, what is inside the last and what closes a level.
 struct Nesting {
   std::string name;
   std::string open;
@@ -86,20 +80,20 @@ INSTANTIATE_TEST_SUITE_P(HostileFiles, DeepJson,
                                          Nesting{"ArraysOfObjects", R"([{"a":)", "1", "}]"}),
                          ParameterName);
 
-TEST_P(DeepJson, AsTheWholeFileHasNoMetamodel) {
+TEST_P(DeepJson, ReportsTheRootKeyAsMissing) {
   const Summary summary = LoadOnSmallStack(GetParam().Whole());
   EXPECT_FALSE(summary.ok);
   EXPECT_EQ(summary.messages, Lines{MissingField("metamodel")});
 }
 
-TEST_P(DeepJson, CutOffIsASyntaxErrorAtItsEnd) {
+TEST_P(DeepJson, ReportsTruncationAtTheEnd) {
   const std::string text = GetParam().CutOff();
   const Summary summary = LoadOnSmallStack(text);
   EXPECT_FALSE(summary.ok);
   EXPECT_EQ(summary.messages, ValueInvalidAt(text.size()));
 }
 
-TEST_P(DeepJson, FromAStreamIsNoDifferent) {
+TEST_P(DeepJson, IsReadAlikeFromAStream) {
   std::istringstream whole(GetParam().Whole());
   std::istringstream cut_off(GetParam().CutOff());
   RunOnSmallStack(kStack, [&] {
@@ -108,7 +102,7 @@ TEST_P(DeepJson, FromAStreamIsNoDifferent) {
   });
 }
 
-TEST_P(DeepJson, UnderAnIgnoredKeyIsIgnored) {
+TEST_P(DeepJson, IsIgnoredUnderAnUnknownKey) {
   const Summary summary =
       LoadOnSmallStack(BeforeTheName(R"("ignored": )" + GetParam().Whole() + ","));
   EXPECT_TRUE(summary.ok);
@@ -116,7 +110,7 @@ TEST_P(DeepJson, UnderAnIgnoredKeyIsIgnored) {
   EXPECT_EQ(summary.messages, Lines());
 }
 
-TEST_P(DeepJson, UnderAnIgnoredKeyAndCutOffIsASyntaxError) {
+TEST_P(DeepJson, ReportsTruncationUnderAnUnknownKey) {
   std::string text = BeforeTheName(R"("ignored": )" + GetParam().CutOff());
   text.resize(text.find(R"("name": "foo")"));
   const Summary summary = LoadOnSmallStack(text);
@@ -125,7 +119,7 @@ TEST_P(DeepJson, UnderAnIgnoredKeyAndCutOffIsASyntaxError) {
   EXPECT_EQ(summary.messages, ValueInvalidAt(text.size()));
 }
 
-TEST_P(DeepJson, InAnAnnotationIsOneInvalidElementValue) {
+TEST_P(DeepJson, ReportsAnInvalidElementValueInAnAnnotation) {
   const std::string text =
       BeforeTheName(R"("metadata": {"Foo": {"bar": )" + GetParam().Whole() + "}},");
   const Summary summary = LoadOnSmallStack(text);
@@ -163,7 +157,7 @@ INSTANTIATE_TEST_SUITE_P(
                             kInnermost, R"(,"map_value_type":)" + std::string(kInnermost) + "}"}),
     ParameterName);
 
-/// How many generic types stand around the innermost type, whichever way they nest.
+/// The number of generic types around the innermost type.
 std::size_t CountLevels(TypePtr type) {
   std::size_t levels = 0;
   while (type->generic_instantiation) {
@@ -189,7 +183,7 @@ TEST_P(DeepType, IsLoadedWholeAndReleased) {
   });
 }
 
-TEST_P(DeepType, CutOffIsASyntaxErrorAtItsEnd) {
+TEST_P(DeepType, ReportsTruncationAtTheEnd) {
   std::string text = ComponentWithResult(GetParam().CutOff());
   text.resize(text.rfind(':') + 1);
   const Summary summary = LoadOnSmallStack(text);
@@ -198,7 +192,7 @@ TEST_P(DeepType, CutOffIsASyntaxErrorAtItsEnd) {
   EXPECT_EQ(summary.messages, ValueInvalidAt(text.size()));
 }
 
-TEST_P(DeepType, FailsOnceWhenItsInnermostTypeDoes) {
+TEST_P(DeepType, ReportsAFailureOfTheInnermostTypeOnce) {
   Nesting nesting = GetParam();
   nesting.inside = kUnknown;
   const Summary summary = LoadOnSmallStack(ComponentWithResult(nesting.Whole()));
@@ -207,7 +201,7 @@ TEST_P(DeepType, FailsOnceWhenItsInnermostTypeDoes) {
   EXPECT_EQ(summary.messages, Lines{InvalidEnumValue("primitive_type")});
 }
 
-TEST(DeepTypes, AreReleasedWhenSomethingAfterThemFails) {
+TEST(DeepTypes, AreReleasedIfALaterPartFails) {
   const std::string optional = R"({"category":"GENERIC","generic_type":"OPTIONAL","element_type":)";
   const std::string key = Nesting{"", optional, kInnermost, "}"}.Whole();
   const Summary summary = LoadOnSmallStack(

@@ -78,7 +78,7 @@ std::string Told(const std::shared_ptr<const Record>& record) {
 class Lookups : public testing::Test {
  protected:
   /// Calls `visit(record)` for all records of a level, in the order of a walk; the first answer
-  /// that is no "none" is the walk's.
+  /// other than "none" is the walk's.
   template <typename Visit>
   std::string WalkPackages(const Visit& visit) const {
     for (const auto& [id, source] : table_.Table()) {
@@ -172,7 +172,7 @@ class Lookups : public testing::Test {
   int misses_ = 0;
 };
 
-TEST_F(Lookups, AnswerWhatAWalkThroughEverythingFindsFirst) {
+TEST_F(Lookups, FindTheSameAsAFullWalk) {
   RandomFiles files;
   Testing::ChangeAtRandom(
       table_, files, [&] { return files.Make(); }, [this] { CheckAll(); });

@@ -140,7 +140,7 @@ void ExpectFailure(const std::string& json, const std::string& message, const st
   for (const auto& call : loaded.calls) EXPECT_FALSE(IsComponentCall(call)) << what;
 }
 
-TEST(RequiredKeys, EachLeavesOneMissingFieldMessageWhenItIsAbsent) {
+TEST(RequiredKeys, AreReportedOnceIfMissing) {
   for (const auto& object : AllObjects()) {
     for (const auto& key : object.keys) {
       const std::string pointer = object.pointer + "/" + key.name;
@@ -149,7 +149,7 @@ TEST(RequiredKeys, EachLeavesOneMissingFieldMessageWhenItIsAbsent) {
   }
 }
 
-TEST(RequiredKeys, EachLeavesOneInvalidFieldMessageForEveryWrongType) {
+TEST(RequiredKeys, AreReportedOnceIfOfAnotherType) {
   for (const auto& object : AllObjects()) {
     for (const auto& key : object.keys) {
       const std::string pointer = object.pointer + "/" + key.name;
@@ -161,7 +161,7 @@ TEST(RequiredKeys, EachLeavesOneInvalidFieldMessageForEveryWrongType) {
   }
 }
 
-TEST(RequiredKeys, EachEnumerationLeavesOneMessageForAnUnknownText) {
+TEST(RequiredKeys, AreReportedOnceIfUnknownEnumerators) {
   for (const auto& object : AllObjects()) {
     for (const auto& key : object.keys) {
       const std::string pointer = object.pointer + "/" + key.name;
@@ -174,7 +174,7 @@ TEST(RequiredKeys, EachEnumerationLeavesOneMessageForAnUnknownText) {
   }
 }
 
-TEST(RequiredKeys, AreReadInOrderUntilTheFirstThatFails) {
+TEST(RequiredKeys, AreReadInOrderUntilOneFails) {
   for (const auto& object : AllObjects()) {
     std::string json = kSampleComponent;
     // From the last to the first: what is reported is always the first that is absent.
@@ -186,7 +186,7 @@ TEST(RequiredKeys, AreReadInOrderUntilTheFirstThatFails) {
   }
 }
 
-TEST(RequiredKeys, AnInvalidOneHidesThoseAfterIt) {
+TEST(RequiredKeys, AreNotReadAfterAnInvalidOne) {
   for (const auto& object : AllObjects()) {
     std::string json = kSampleComponent;
     for (auto key = object.keys.rbegin(); key != object.keys.rend(); ++key) {
@@ -197,21 +197,21 @@ TEST(RequiredKeys, AnInvalidOneHidesThoseAfterIt) {
   }
 }
 
-TEST(RequiredKeys, AreFoundWhereverTheyStandInTheirObject) {
+TEST(RequiredKeys, AreFoundAtAnyPosition) {
   const Loaded expected = Load(kSampleComponent);
   for (const auto& object : AllObjects()) {
     for (const auto& key : object.keys) {
       const std::string pointer = object.pointer + "/" + key.name;
       const auto document = Json(kSampleComponent);
       const std::string value = JsonText(*JsonPointer(pointer.c_str()).Get(document));
-      // Taken away and set again, a key stands last.
+      // A key that is removed and set again is the last.
       EXPECT_EQ(Load(With(Without(kSampleComponent, pointer), pointer, value)), expected)
           << pointer;
     }
   }
 }
 
-TEST(RequiredKeys, OtherKeysAreIgnored) {
+TEST(RequiredKeys, MayHaveUnknownKeysAmongThem) {
   const Loaded expected = Load(kSampleComponent);
   for (const auto& object : AllObjects()) {
     for (const auto* value : {"null", "1", R"({"name": []})", R"(["foo"])"}) {
@@ -221,7 +221,7 @@ TEST(RequiredKeys, OtherKeysAreIgnored) {
   }
 }
 
-TEST(RequiredKeys, AConstantsValueMustBeThereWhateverItIs) {
+TEST(RequiredKeys, IncludeTheValueOfAConstant) {
   for (const std::string constant : {"/structures/0/constants/0", "/services/0/constants/0"}) {
     const std::string pointer = kPackage + constant + "/value";
     ExpectFailure(Without(kSampleComponent, pointer), MissingField("value"), pointer);

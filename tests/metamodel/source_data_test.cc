@@ -26,7 +26,7 @@ std::shared_ptr<Bindings::Metamodel::ComponentInfo> Component(const std::string&
       Bindings::Metamodel::MetadataMap(), "");
 }
 
-TEST(SourceData, KeepsTheVerySpecAndDescribesItself) {
+TEST(SourceData, IsDescribedByItsSpec) {
   const auto spec = Spec();
   const SourceData source(spec);
   EXPECT_EQ(source.spec, spec);
@@ -36,7 +36,7 @@ TEST(SourceData, KeepsTheVerySpecAndDescribesItself) {
   EXPECT_EQ(source.info->address, boost::optional<std::string>("baz"));
 }
 
-TEST(SourceData, DescribesWhatItsSpecLeavesOut) {
+TEST(SourceData, IsDescribedWithoutAbsentMembers) {
   const SourceData source(std::make_shared<const Bindings::Metamodel::SourceSvc::CreateSpec>(
       "", SourceType::REMOTE, boost::none, boost::none));
   EXPECT_EQ(source.info->description, "");
@@ -45,7 +45,7 @@ TEST(SourceData, DescribesWhatItsSpecLeavesOut) {
   EXPECT_EQ(source.info->address, boost::none);
 }
 
-TEST(SourceData, IsEmptyAtFirst) {
+TEST(SourceData, IsEmptyByDefault) {
   const SourceData source(Spec());
   EXPECT_TRUE(source.components.empty());
   EXPECT_TRUE(source.resources.empty());
@@ -53,7 +53,7 @@ TEST(SourceData, IsEmptyAtFirst) {
   EXPECT_EQ(source.component_fingerprint, "");
 }
 
-TEST(RegisterComponentNode, KeepsTheVeryComponentUnderItsName) {
+TEST(RegisterComponentNode, StoresTheComponentUnderItsName) {
   SourceData source(Spec());
   const auto foo = Component("foo");
   const auto bar = Component(std::string("bar\0", 4));
@@ -81,14 +81,14 @@ TEST(RegisterResoure, AddsAResourceWithoutModels) {
   EXPECT_EQ(source.resources, (Models{{"bar", {}}, {"foo", {}}}));
 }
 
-TEST(RegisterResoure, KeepsTheModelsOfAResourceThatIsThere) {
+TEST(RegisterResoure, KeepsTheModelsOfAKnownResource) {
   SourceData source(Spec());
   source.RegisterModel("foo", "a");
   source.RegisterResoure("foo");
   EXPECT_EQ(source.resources, (Models{{"foo", {"a"}}}));
 }
 
-TEST(RegisterModel, AddsTheResourceThatIsNamedByItAlone) {
+TEST(RegisterModel, AddsAnUnknownResource) {
   SourceData source(Spec());
   source.RegisterModel("foo", "a");
   EXPECT_EQ(source.resources, (Models{{"foo", {"a"}}}));

@@ -32,12 +32,12 @@ Loaded ParseStructure(const std::string& json) {
           MessageTexts(recorder.errors)};
 }
 
-TEST(ParseStructure, MayHaveNoFields) {
+TEST(ParseStructure, AcceptsNoFields) {
   EXPECT_EQ(ParseStructure(Structure("STRUCTURE", "[]")),
             (Loaded{true, "foo structure STRUCTURE \"foo\" \"bar\"\n", {}, {}}));
 }
 
-TEST(ParseStructure, IsAStructureOrAnErrorInAnyCase) {
+TEST(ParseStructure, AcceptsStructureAndErrorInAnyCase) {
   for (const auto* type : {"Structure", "structure", "STRUCTURE"}) {
     EXPECT_EQ(ParseStructure(Structure(type, "[]")).dump,
               "foo structure STRUCTURE \"foo\" \"bar\"\n");
@@ -47,7 +47,7 @@ TEST(ParseStructure, IsAStructureOrAnErrorInAnyCase) {
   }
 }
 
-TEST(ParseStructure, IsOfNoOtherType) {
+TEST(ParseStructure, RefusesOtherTypes) {
   for (const auto* type : {"EXCEPTION", "PRIMITIVE", "com.orvane.zelk.structure", ""}) {
     EXPECT_EQ(ParseStructure(Structure(type, "[]")),
               (Loaded{false, "", {}, {InvalidEnumValue("type")}}))
@@ -55,7 +55,7 @@ TEST(ParseStructure, IsOfNoOtherType) {
   }
 }
 
-TEST(ParseStructure, KeepsFieldsInOrderAndWithTheirRepeats) {
+TEST(ParseStructure, KeepsTheOrderAndRepeatsOfFields) {
   const std::string fields =
       "[" + Field("b", kId) + "," + Field("a", kId) + "," + Field("b", kId) + "]";
   EXPECT_EQ(ParseStructure(Structure("ERROR", fields)).dump,
@@ -66,14 +66,14 @@ TEST(ParseStructure, KeepsFieldsInOrderAndWithTheirRepeats) {
 )");
 }
 
-TEST(ParseStructure, FailsWithTheFirstFieldThatFails) {
+TEST(ParseStructure, FailsAtTheFirstInvalidField) {
   const std::string fields =
       "[" + Field("a", kId) + "," + Field("b", "{}") + "," + Field("c", "1") + "]";
   EXPECT_EQ(ParseStructure(Structure("ERROR", fields)),
             (Loaded{false, "", {}, {MissingField("category")}}));
 }
 
-TEST(ParseStructure, TheMessageOfAnAcceptedConstantStays) {
+TEST(ParseStructure, KeepsTheMessageOfAnAcceptedConstant) {
   const std::string constants = R"([{"name": "A", "documentation": "", "value": 1,
       "type": {"category": "PRIMITIVE", "type": "STRING"}}])";
   const Loaded loaded = ParseStructure(With(Structure("ERROR", "[]"), "/constants", constants));
@@ -85,7 +85,7 @@ TEST(ParseStructure, TheMessageOfAnAcceptedConstantStays) {
   EXPECT_EQ(failed.messages, (Lines{InvalidField("value"), InvalidField("fields")}));
 }
 
-TEST(ParseStructure, DeclaresNoModelWhenItFails) {
+TEST(ParseStructure, DoesNotCallBackForAModelIfItFails) {
   const std::string fields = R"([{"name": "a", "documentation": "",
       "metadata": {"Resource": {"value": "qux"}, "ModelKey": {}}, "type": )" +
                              std::string(kId) + "}, " + Field("b", "1") + "]";
@@ -105,7 +105,7 @@ TEST(ParseFieldInfo, ReadsAllFourKeys) {
   EXPECT_EQ(MessageTexts(recorder.errors), Lines());
 }
 
-TEST(ParseEnumeration, KeepsValuesInOrderAndWithTheirRepeats) {
+TEST(ParseEnumeration, KeepsTheOrderAndRepeatsOfValues) {
   ParseRecorder recorder;
   const std::string value = R"(, "documentation": "", "metadata": {}})";
   const std::string json = R"({"name": "foo", "documentation": "bar", "metadata": {}, "values": [
@@ -121,7 +121,7 @@ TEST(ParseEnumeration, KeepsValuesInOrderAndWithTheirRepeats) {
 )");
 }
 
-TEST(ParseEnumeration, FailsWithTheFirstValueThatFails) {
+TEST(ParseEnumeration, FailsAtTheFirstInvalidValue) {
   ParseRecorder recorder;
   const std::string json = R"({"name": "foo", "documentation": "", "metadata": {}, "values": [
       {"name": "A", "documentation": "", "metadata": {}}, {"name": 1}, {}]})";
@@ -131,7 +131,7 @@ TEST(ParseEnumeration, FailsWithTheFirstValueThatFails) {
   EXPECT_EQ(MessageTexts(recorder.errors), Lines{InvalidField("name")});
 }
 
-TEST(ParseEnumValues, ReportsTheResourcesOfAValue) {
+TEST(ParseEnumValues, CallsBackForTheResourcesOfAValue) {
   ParseRecorder recorder;
   const auto value = MetamodelParser::ParseEnumValues(
       recorder.Callbacks(),

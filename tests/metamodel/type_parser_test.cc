@@ -78,7 +78,7 @@ TEST(ParseType, ReadsEnumeratorsInAnyCase) {
             (ParsedType{"OPTIONAL<ID>", {}}));
 }
 
-TEST(ParseType, TakesPrimitiveForTheBuiltinCategory) {
+TEST(ParseType, AcceptsPrimitiveAsTheBuiltinCategory) {
   for (const std::string category : {"PRIMITIVE", "primitive", "Primitive"}) {
     EXPECT_EQ(ParseType(R"({"category": ")" + category + R"(", "primitive_type": "LONG"})"),
               (ParsedType{"LONG", {}}))
@@ -86,7 +86,7 @@ TEST(ParseType, TakesPrimitiveForTheBuiltinCategory) {
   }
 }
 
-TEST(ParseType, TakesExceptionForTheTypeOfAnyError) {
+TEST(ParseType, AcceptsExceptionAsTheTypeOfAnyError) {
   for (const auto* name : {"EXCEPTION", "exception", "Exception"}) {
     EXPECT_EQ(ParseType(Builtin(name)), (ParsedType{"ANY_ERROR", {}})) << name;
   }
@@ -99,7 +99,7 @@ TEST(ParseType, SpellsOutStructureAndEnumeration) {
             (ParsedType{R"("com.orvane.zelk.enumeration":"foo")", {}}));
 }
 
-TEST(ParseType, KeepsEveryOtherUserDefinedTypeAsWritten) {
+TEST(ParseType, KeepsOtherUserDefinedTypesAsWritten) {
   for (const std::string type : {"structure", "STRUCTURE", "enumeration", "Structures",
                                  "Structure ", "com.orvane.zelk.structure", "foo.bar", ""}) {
     EXPECT_EQ(ParseType(UserDefined(type, "Structure")),
@@ -118,7 +118,7 @@ TEST(ParseType, ReadsEveryGenericType) {
   EXPECT_EQ(ParseType(Map(id, Builtin("URI"))), (ParsedType{"MAP<ID, URI>", {}}));
 }
 
-TEST(ParseType, ReadsTypesInTypes) {
+TEST(ParseType, ReadsNestedTypes) {
   const std::string info = UserDefined("Structure", "info");
   const std::string color = UserDefined("Enumeration", "color");
   EXPECT_EQ(ParseType(Map(Builtin("STRING"), Generic("LIST", info))),
@@ -133,7 +133,7 @@ TEST(ParseType, ReadsTypesInTypes) {
       (ParsedType{"OPTIONAL<LIST<OPTIONAL<MAP<ID, LONG>>>>", {}}));
 }
 
-TEST(ParseType, ReadsOnlyTheKeysOfItsForm) {
+TEST(ParseType, ReadsOnlyTheKeysOfItsCategory) {
   const std::string other_keys =
       R"(, "primitive_type": "ID", "user_defined_type": "foo", "user_defined_type_name": "bar",
          "generic_type": "SET", "element_type": {"category": "BUILTIN", "primitive_type": "URI"},
@@ -144,7 +144,7 @@ TEST(ParseType, ReadsOnlyTheKeysOfItsForm) {
   EXPECT_EQ(ParseType(R"({"category": "GENERIC")" + other_keys), (ParsedType{"SET<URI>", {}}));
 }
 
-TEST(ParseType, UsesTheFirstOfAKeyGivenTwice) {
+TEST(ParseType, ReadsTheFirstOfARepeatedKey) {
   EXPECT_EQ(ParseType(R"({"category": "BUILTIN", "category": "GENERIC", "primitive_type": "ID",
                           "primitive_type": "FOO"})"),
             (ParsedType{"ID", {}}));
@@ -161,7 +161,7 @@ void ExpectFailures(const std::vector<BadType>& rows) {
   }
 }
 
-TEST(ParseType, LeavesOneMessageForEveryFailureOfASimpleType) {
+TEST(ParseType, ReportsEachFailureOfASimpleTypeOnce) {
   ExpectFailures({
       {"{}", MissingField("category")},
       {"[]", MissingField("category")},
@@ -181,7 +181,7 @@ TEST(ParseType, LeavesOneMessageForEveryFailureOfASimpleType) {
   });
 }
 
-TEST(ParseType, LeavesOneMessageForEveryFailureOfAGenericType) {
+TEST(ParseType, ReportsEachFailureOfAGenericTypeOnce) {
   const std::string id = Builtin("ID");
   ExpectFailures({
       {R"({"category": "GENERIC"})", MissingField("generic_type")},
@@ -199,7 +199,7 @@ TEST(ParseType, LeavesOneMessageForEveryFailureOfAGenericType) {
   });
 }
 
-TEST(ParseType, AListHasNoMapTypesAndAMapNoElementType) {
+TEST(ParseType, IgnoresMapTypesOfListsAndElementTypesOfMaps) {
   const std::string id = Builtin("ID");
   EXPECT_EQ(ParseType(Generic("MAP", id)), (ParsedType{"none", {MissingField("map_key_type")}}));
   std::string list = Map(id, id);
@@ -219,7 +219,7 @@ TEST(ParseType, ReadsAMapsKeyTypeBeforeItsValueType) {
             (ParsedType{"none", {MissingField("category")}}));
 }
 
-TEST(ParseType, ReadsTheWholeOfAKeyTypeBeforeTheValueType) {
+TEST(ParseType, ReadsANestedKeyTypeBeforeTheValueType) {
   const std::string deep_key = Map(Builtin("ID"), Generic("LIST", Builtin("FOO")));
   EXPECT_EQ(ParseType(Map(deep_key, "1")),
             (ParsedType{"none", {InvalidEnumValue("primitive_type")}}));
@@ -227,7 +227,7 @@ TEST(ParseType, ReadsTheWholeOfAKeyTypeBeforeTheValueType) {
   EXPECT_EQ(ParseType(Map(good_key, "1")), (ParsedType{"none", {InvalidField("map_value_type")}}));
 }
 
-TEST(ParseType, AFailureDeepInsideFailsAllAroundItOnce) {
+TEST(ParseType, ReportsANestedFailureOnce) {
   const std::vector<std::function<std::string(const std::string&)>> around = {
       [](const std::string& type) { return Generic("LIST", type); },
       [](const std::string& type) { return Map(type, Builtin("FOO")); },
@@ -242,7 +242,7 @@ TEST(ParseType, AFailureDeepInsideFailsAllAroundItOnce) {
   }
 }
 
-TEST(ParseType, KnowsEachAliasInItsOwnPlaceOnly) {
+TEST(ParseType, AcceptsEachAliasOnlyInItsPlace) {
   ExpectFailures({
       {R"({"category": "EXCEPTION", "primitive_type": "ID"})", InvalidEnumValue("category")},
       {Builtin("PRIMITIVE"), InvalidEnumValue("primitive_type")},
@@ -251,7 +251,7 @@ TEST(ParseType, KnowsEachAliasInItsOwnPlaceOnly) {
   });
 }
 
-TEST(ParseUserDefinedType, DoesNotLookAtTheCategory) {
+TEST(ParseUserDefinedType, IgnoresTheCategory) {
   Errors errors;
   const auto type = MetamodelParser::ParseUserDefinedType(
       Json(R"({"category": "FOO", "user_defined_type": "a", "user_defined_type_name": "b"})"),
@@ -261,7 +261,7 @@ TEST(ParseUserDefinedType, DoesNotLookAtTheCategory) {
   EXPECT_EQ(MessageTexts(errors), Lines{MissingField("user_defined_type")});
 }
 
-TEST(ParseGenericType, DoesNotLookAtTheCategory) {
+TEST(ParseGenericType, IgnoresTheCategory) {
   Errors errors;
   const auto type =
       MetamodelParser::ParseGenericType({},
@@ -273,7 +273,7 @@ TEST(ParseGenericType, DoesNotLookAtTheCategory) {
   EXPECT_EQ(MessageTexts(errors), Lines{MissingField("generic_type")});
 }
 
-TEST(ParseGenericType, FailsWithWhatItIsMadeOf) {
+TEST(ParseGenericType, FailsIfANestedTypeFails) {
   Errors errors;
   EXPECT_EQ(MetamodelParser::ParseGenericType({}, Json(Map(Builtin("ID"), "{}")), errors), nullptr);
   EXPECT_EQ(MetamodelParser::ParseGenericType({}, Json(Generic("LIST", "1")), errors), nullptr);
@@ -302,7 +302,7 @@ TEST(ParseBinEnum, ReadsTheBuiltinTypesAndTheAlias) {
   EXPECT_EQ(MessageTexts(errors), Lines{InvalidEnumValue("foo")});
 }
 
-TEST(GetBuildinType, HasCategoryZeroAndTheBuiltinTypeOnly) {
+TEST(GetBuildinType, SetsCategoryZeroAndTheBuiltinType) {
   for (int value = 0; value < BuiltinType::UNKNOWN; ++value) {
     const auto type = MetamodelParser::GetBuildinType(static_cast<BuiltinType::Enumerator>(value));
     EXPECT_EQ(type->category.Value(), 0) << value;
@@ -312,7 +312,7 @@ TEST(GetBuildinType, HasCategoryZeroAndTheBuiltinTypeOnly) {
   }
 }
 
-TEST(GetUserDefinedType, HasCategoryOneAndTheVeryDefinitionOnly) {
+TEST(GetUserDefinedType, SetsCategoryOneAndTheDefinition) {
   const auto definition =
       std::make_shared<const Bindings::Metamodel::UserDefinedType>("foo", "bar");
   const auto type = MetamodelParser::GetUserDefinedType(definition);
@@ -322,7 +322,7 @@ TEST(GetUserDefinedType, HasCategoryOneAndTheVeryDefinitionOnly) {
   EXPECT_EQ(type->generic_instantiation, nullptr);
 }
 
-TEST(GetGenericType, OfOneElementHasCategoryTwoAndTheVeryElementType) {
+TEST(GetGenericType, SetsCategoryTwoAndTheElementType) {
   const auto element = MetamodelParser::GetBuildinType(BuiltinType::ID);
   for (const auto generic_type : {GenericType::LIST, GenericType::OPTIONAL, GenericType::SET}) {
     const auto type = MetamodelParser::GetGenericType(generic_type, element);
@@ -336,7 +336,7 @@ TEST(GetGenericType, OfOneElementHasCategoryTwoAndTheVeryElementType) {
   }
 }
 
-TEST(GetGenericType, OfKeyAndValueIsTheMapForm) {
+TEST(GetGenericType, SetsTheKeyAndValueTypesOfAMap) {
   const auto key = MetamodelParser::GetBuildinType(BuiltinType::ID);
   const auto value = MetamodelParser::GetBuildinType(BuiltinType::URI);
   const auto type = MetamodelParser::GetGenericType(key, value);

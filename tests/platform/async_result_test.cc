@@ -55,7 +55,7 @@ TEST(AsyncResult, DeliversAValueWithoutAnError) {
   EXPECT_EQ(delivered.error, nullptr);
 }
 
-TEST(AsyncResult, DeliversAnEmptyValueAsAValue) {
+TEST(AsyncResult, DeliversAnEmptyValue) {
   Delivered<std::string> delivered;
   delivered.Result()("");
   EXPECT_TRUE(delivered.value.has_value());
@@ -92,14 +92,14 @@ TEST(AsyncResult, CopiesTheValueExactlyOnce) {
   EXPECT_EQ(copies, 1);
 }
 
-TEST(AsyncResult, ThrowsWhenItIsEmpty) {
+TEST(AsyncResult, ThrowsIfEmpty) {
   EXPECT_THROW(AsyncResult<std::string>()("foo"), std::bad_function_call);
   EXPECT_THROW(AsyncResult<std::string>().error(nullptr), std::bad_function_call);
   EXPECT_THROW(AsyncResult<Void>()(), std::bad_function_call);
   EXPECT_THROW(AsyncResult<Void>(nullptr)(), std::bad_function_call);
 }
 
-TEST(AsyncResult, LetsThroughWhatTheCallbackThrows) {
+TEST(AsyncResult, PassesOnAnExceptionOfTheCallback) {
   const AsyncResult<Void> result(
       [](const boost::optional<Void>&, const ErrorPtr&, const Zelk::Core::AsyncContext&) {
         throw std::range_error("foo");
@@ -108,7 +108,7 @@ TEST(AsyncResult, LetsThroughWhatTheCallbackThrows) {
   EXPECT_THROW(result.error(nullptr), std::range_error);
 }
 
-TEST(AsyncActivation, IsMadeWithoutAnything) {
+TEST(AsyncActivation, IsDefaultConstructible) {
   const Zelk::Core::AsyncActivationPtr activation = std::make_shared<Zelk::Core::AsyncActivation>();
   EXPECT_NE(activation, nullptr);
 }

@@ -17,7 +17,7 @@ using Identities =
     testing::Types<Bindings::Cli::NamespaceSvc::Identity, Bindings::Cli::CommandSvc::Identity>;
 TYPED_TEST_SUITE(CliIdentity, Identities, );
 
-TYPED_TEST(CliIdentity, IsEqualToOneOfTheSamePathAndName) {
+TYPED_TEST(CliIdentity, EqualsOneOfTheSamePathAndName) {
   const TypeParam identity("a.b", "c");
   EXPECT_TRUE(identity == TypeParam("a.b", "c"));
   EXPECT_FALSE(identity != TypeParam("a.b", "c"));
@@ -28,7 +28,7 @@ TYPED_TEST(CliIdentity, IsEqualToOneOfTheSamePathAndName) {
   }
 }
 
-TYPED_TEST(CliIdentity, ComesBeforeOneOfALaterPathOrWithTheSamePathALaterName) {
+TYPED_TEST(CliIdentity, IsOrderedByPathThenName) {
   EXPECT_TRUE(TypeParam("a", "z") < TypeParam("a.b", "c"));
   EXPECT_FALSE(TypeParam("a.b", "c") < TypeParam("a", "z"));
   EXPECT_TRUE(TypeParam("a", "b") < TypeParam("a", "c"));
@@ -38,7 +38,7 @@ TYPED_TEST(CliIdentity, ComesBeforeOneOfALaterPathOrWithTheSamePathALaterName) {
   EXPECT_TRUE(TypeParam("z", "a") < TypeParam("\xc3\xa4", "a"));
 }
 
-TEST(CliCommandInfo, HoldsWhatItIsMadeFrom) {
+TEST(CliCommandInfo, HoldsItsArguments) {
   using namespace Bindings::Cli::CommandSvc;  // NOLINT(google-build-using-namespace): a test
   const auto identity = std::make_shared<const Identity>("a.b", "c");
   const auto option = std::make_shared<const OptionInfo>("long", std::string("l"), "field", "foo",

@@ -34,52 +34,52 @@ struct IsComparable<Left, Right,
                     std::void_t<decltype(std::declval<Left>() == std::declval<Right>())>>
     : std::true_type {};
 
-TEST(Enum, IsUnknownWithoutATextByDefault) {
+TEST(Enum, IsUnknownByDefault) {
   EXPECT_EQ(Foo().Value(), Foo::UNKNOWN);
   EXPECT_EQ(Foo().Text(), "");
 }
 
-TEST(Enum, HoldsThePositionOfAnEnumeratorAndNoText) {
+TEST(Enum, HoldsAnEnumerator) {
   const Foo foo = Foo::BAZ;
   EXPECT_EQ(foo.Value(), 1);
   EXPECT_EQ(foo.Text(), "");
 }
 
-TEST(Enum, KeepsATextThatNamesNoEnumerator) {
+TEST(Enum, KeepsAnUnknownText) {
   const Foo foo = Foo::Unknown("CORGE");
   EXPECT_EQ(foo.Value(), Foo::UNKNOWN);
   EXPECT_EQ(foo.Text(), "CORGE");
 }
 
-TEST(Enum, IsEqualWhenValueAndTextAreEqual) {
+TEST(Enum, IsEqualIfValueAndTextAreEqual) {
   EXPECT_TRUE(Foo(Foo::BAR) == Foo(Foo::BAR));
   EXPECT_TRUE(Foo() == Foo(Foo::UNKNOWN));
   EXPECT_TRUE(Foo::Unknown("CORGE") == Foo::Unknown("CORGE"));
   EXPECT_FALSE(Foo(Foo::BAR) != Foo(Foo::BAR));
 }
 
-TEST(Enum, DiffersWhenValueOrTextDiffer) {
+TEST(Enum, DiffersIfValueOrTextDiffer) {
   EXPECT_TRUE(Foo(Foo::BAR) != Foo(Foo::BAZ));
   EXPECT_TRUE(Foo::Unknown("CORGE") != Foo::Unknown("GRAULT"));
   EXPECT_TRUE(Foo::Unknown("CORGE") != Foo());
   EXPECT_FALSE(Foo(Foo::BAR) == Foo(Foo::BAZ));
 }
 
-TEST(Enum, IsComparedWithEnumeratorsFromBothSides) {
+TEST(Enum, ComparesWithEnumeratorsOnEitherSide) {
   const Foo foo = Foo::BAR;
   EXPECT_TRUE(foo == Foo::BAR);
   EXPECT_TRUE(Foo::BAR == foo);
   EXPECT_TRUE(foo != Foo::BAZ);
 }
 
-TEST(Enum, IsNotComparedWithAnotherEnumeration) {
+TEST(Enum, DoesNotCompareWithOtherEnumerations) {
   EXPECT_TRUE((IsComparable<Foo, Foo>::value));
   EXPECT_TRUE((IsComparable<Foo, Foo::Enumerator>::value));
   EXPECT_FALSE((IsComparable<Foo, Qux>::value));
   EXPECT_FALSE((IsComparable<Foo, Qux::Enumerator>::value));
 }
 
-TEST(Enum, IsMovedWithoutThrowing) {
+TEST(Enum, MovesWithoutThrowing) {
   EXPECT_TRUE(std::is_nothrow_move_constructible<Foo>::value);
   EXPECT_TRUE(std::is_nothrow_move_assignable<Foo>::value);
 }

@@ -34,7 +34,7 @@ using AllErrors = testing::Types<StdErrors::Error, StdErrors::NotFound, StdError
                                  StdErrors::InvalidArgument, StdErrors::Unsupported>;
 TYPED_TEST_SUITE(StandardErrors, AllErrors, );
 
-TYPED_TEST(StandardErrors, AreMadeEmpty) {
+TYPED_TEST(StandardErrors, AreEmptyByDefault) {
   const TypeParam error;
   EXPECT_TRUE(error.Messages().empty());
   EXPECT_EQ(error.Data(), nullptr);
@@ -55,7 +55,7 @@ TYPED_TEST(StandardErrors, BecomeErrorValuesWithTheGivenMessages) {
   EXPECT_EQ(Data(*error), nullptr);
 }
 
-TYPED_TEST(StandardErrors, BringTheirOwnMessagesAndData) {
+TYPED_TEST(StandardErrors, KeepTheirOwnMessagesAndData) {
   TypeParam error;
   error.SetMessages({{"foo.id", "Foo"}});
   error.SetData(std::make_shared<StringValue>("bar"));

@@ -29,7 +29,7 @@ const KnownDigest kKnownDigests[] = {
     {std::string("a\0b", 3), "70350f6027bce3713f6b76473084309b"},
 };
 
-TEST(MD5, DigestsWhatItIsFed) {
+TEST(MD5, DigestsItsInput) {
   for (const KnownDigest& known : kKnownDigests) {
     MD5 digest;
     digest.Update(known.input);
@@ -59,13 +59,13 @@ TEST(MD5, DigestsAStreamAgainAfterItWasRewound) {
   EXPECT_EQ(MD5::hexdigest(in), "900150983cd24fb0d6963f7d28e17f72");
 }
 
-TEST(MD5, TakesAStreamThatCannotBeReadForAnEmptyOne) {
+TEST(MD5, DigestsAnUnreadableStreamAsEmpty) {
   std::istringstream in("abc");
   in.setstate(std::ios::failbit);
   EXPECT_EQ(MD5::hexdigest(in), "d41d8cd98f00b204e9800998ecf8427e");
 }
 
-TEST(MD5, DigestsStreamsAroundTheSizeOfItsChunksAsItDigestsStrings) {
+TEST(MD5, DigestsStreamsOfAnySizeLikeStrings) {
   for (const std::size_t size : {65535U, 65536U, 65537U, 131072U, 200000U}) {
     const std::string bytes(size, 'x');
     std::istringstream in(bytes);
@@ -75,7 +75,7 @@ TEST(MD5, DigestsStreamsAroundTheSizeOfItsChunksAsItDigestsStrings) {
   }
 }
 
-TEST(MD5, PutsNothingBetweenWhatIsFedInPieces) {
+TEST(MD5, DigestsPiecesLikeTheWhole) {
   MD5 digest;
   digest.Update("a");
   digest.Update("");
@@ -83,7 +83,7 @@ TEST(MD5, PutsNothingBetweenWhatIsFedInPieces) {
   EXPECT_EQ(digest.hexdigest(), "900150983cd24fb0d6963f7d28e17f72");
 }
 
-TEST(MD5, CanBeFedFurtherAfterItWasRead) {
+TEST(MD5, CanBeUpdatedAfterItsDigestWasRead) {
   MD5 digest;
   digest.Update("a");
   EXPECT_EQ(digest.hexdigest(), "0cc175b9c0f1b6a831c399e269772661");
@@ -92,7 +92,7 @@ TEST(MD5, CanBeFedFurtherAfterItWasRead) {
   EXPECT_EQ(digest.hexdigest(), "900150983cd24fb0d6963f7d28e17f72");
 }
 
-TEST(MD5, KeepsWhatItWasFedWhenItIsMoved) {
+TEST(MD5, KeepsItsStateWhenMoved) {
   MD5 digest;
   digest.Update("ab");
   MD5 moved = std::move(digest);

@@ -24,26 +24,26 @@ BaseMessage Foo() {
   return {"foo.id", "Foo %1% and %2%"};
 }
 
-TEST(BaseMessage, KeepsItsIdAndTextAndStartsWithoutArguments) {
+TEST(BaseMessage, StartsWithoutArguments) {
   const BaseMessage message = Foo();
   EXPECT_EQ(message.Id(), "foo.id");
   EXPECT_EQ(message.DefaultText(), "Foo %1% and %2%");
   EXPECT_TRUE(message.Arguments().empty());
 }
 
-TEST(BaseMessage, AppendsArgumentsInTheOrderAppliedAndLeavesTheTextAlone) {
+TEST(BaseMessage, KeepsTheOrderOfItsArguments) {
   BaseMessage message = Foo();
   message % std::string("a") % std::uint64_t{7};
   EXPECT_THAT(message.Arguments(), testing::ElementsAre("a", "7"));
   EXPECT_EQ(message.DefaultText(), "Foo %1% and %2%");
 }
 
-TEST(BaseMessage, AnswersItselfWhenAnArgumentIsApplied) {
+TEST(BaseMessage, ReturnsItselfForEachArgument) {
   BaseMessage message = Foo();
   EXPECT_EQ(&(message % "bar"), &message);
 }
 
-TEST(BaseMessage, TakesLiteralsAndPointersByteForByte) {
+TEST(BaseMessage, KeepsEveryByteOfLiteralsAndPointers) {
   const char* const pointer = " b\tar ";
   BaseMessage message = Foo();
   message % "" % "name" % pointer;
@@ -56,7 +56,7 @@ TEST(BaseMessage, WritesNumbersAsPlainDecimalDigits) {
   EXPECT_THAT(message.Arguments(), testing::ElementsAre("0", "1234567", "18446744073709551615"));
 }
 
-TEST(BaseMessage, WritesNumbersWithoutTheGroupingOfTheHostsLocale) {
+TEST(BaseMessage, WritesNumbersWithoutLocaleGrouping) {
   class Thousands : public std::numpunct<char> {
     char do_thousands_sep() const override { return ','; }
 
@@ -70,26 +70,26 @@ TEST(BaseMessage, WritesNumbersWithoutTheGroupingOfTheHostsLocale) {
   EXPECT_THAT(message.Arguments(), testing::ElementsAre("1234567"));
 }
 
-TEST(BaseMessage, TakesSizesAndEnumeratorsAsNumbers) {
+TEST(BaseMessage, WritesSizesAndEnumeratorsAsNumbers) {
   BaseMessage message = Foo();
   message % kFooBroken % std::size_t{42};
   EXPECT_THAT(message.Arguments(), testing::ElementsAre("3", "42"));
 }
 
-TEST(BaseMessage, WritesAnOptionalAsOneBlankAndItsValueOrAsTwoDashes) {
+TEST(BaseMessage, WritesAnOptionalAfterASpaceOrAsTwoDashes) {
   BaseMessage message = Foo();
   message % OptionalString("x") % OptionalString() % OptionalString("") % boost::none;
   EXPECT_THAT(message.Arguments(), testing::ElementsAre(" x", "--", " ", "--"));
 }
 
-TEST(BaseMessage, KeepsBlanksAndZeroBytesInEveryKindOfText) {
+TEST(BaseMessage, KeepsSpacesAndZeroBytes) {
   const std::string odd("\0 a \0\n", 6);
   BaseMessage message = Foo();
   message % odd % OptionalString(odd);
   EXPECT_THAT(message.Arguments(), testing::ElementsAre(odd, " " + odd));
 }
 
-TEST(BaseMessage, IsCopiedWholeAndIndependently) {
+TEST(BaseMessage, CopiesItsArguments) {
   BaseMessage original = Foo();
   original % "a";
   BaseMessage copy = original;
@@ -99,7 +99,7 @@ TEST(BaseMessage, IsCopiedWholeAndIndependently) {
   EXPECT_EQ(copy.Id(), "foo.id");
 }
 
-TEST(BaseMessage, MayTakeItsOwnArgumentsAsArgument) {
+TEST(BaseMessage, AcceptsItsOwnArguments) {
   BaseMessage message = Foo();
   message % "a";
   message % message.Arguments().front();
@@ -119,13 +119,13 @@ std::string Message<FooSvc>::DefaultMessageForId(const std::string& id) {
 
 namespace {
 
-TEST(Message, LooksItsTextUpInTheCatalogOfItsService) {
+TEST(Message, FindsItsTextInTheCatalogOfItsService) {
   const Zelk::Message<FooSvc> message("foo.id");
   EXPECT_EQ(message.Id(), "foo.id");
   EXPECT_EQ(message.DefaultText(), "text of foo.id");
 }
 
-TEST(Message, LosesNothingWhenItIsKeptAsBaseMessage) {
+TEST(Message, KeepsItsStateAsABaseMessage) {
   std::list<BaseMessage> messages;
   Zelk::Message<FooSvc> message("foo.id");
   messages.push_back(message % "a");

@@ -42,13 +42,13 @@ using AllEnumerations = testing::Types<
     Metamodel::PrimitiveValueEnumerations::Type, Metamodel::ElementValueEnumerations::Type>;
 TYPED_TEST_SUITE(GeneratedEnumerations, AllEnumerations, );
 
-TYPED_TEST(GeneratedEnumerations, HaveOneTextAnEnumeratorAndThenTheUnknownValue) {
+TYPED_TEST(GeneratedEnumerations, HaveOneTextForEachEnumeratorAndUnknownLast) {
   EXPECT_EQ(Texts<TypeParam>().size(), std::size_t{TypeParam::UNKNOWN});
   EXPECT_EQ(TypeParam().Value(), TypeParam::UNKNOWN);
   EXPECT_EQ(TypeParam::Unknown("FOO").Text(), "FOO");
 }
 
-TEST(MetamodelEnumerations, OfTypesAreInTheirOrder) {
+TEST(MetamodelEnumerations, KeepTheOrderOfTypes) {
   using Metamodel::TypeEnumerations::BuiltinType;
   using Metamodel::TypeEnumerations::Category;
   EXPECT_THAT(Texts<Category>(), ElementsAre("BUILTIN", "USER_DEFINED", "GENERIC"));
@@ -66,7 +66,7 @@ TEST(MetamodelEnumerations, OfTypesAreInTheirOrder) {
   EXPECT_THAT(builtin, ElementsAre(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13));
 }
 
-TEST(MetamodelEnumerations, OfGenericTypesAreInTheirOrder) {
+TEST(MetamodelEnumerations, KeepTheOrderOfGenericTypes) {
   using Metamodel::GenericInstantiationEnumerations::GenericType;
   EXPECT_THAT(Texts<GenericType>(), ElementsAre("LIST", "MAP", "OPTIONAL", "SET"));
   EXPECT_THAT((std::vector<int>{GenericType::LIST, GenericType::MAP, GenericType::OPTIONAL,
@@ -74,13 +74,13 @@ TEST(MetamodelEnumerations, OfGenericTypesAreInTheirOrder) {
               ElementsAre(0, 1, 2, 3));
 }
 
-TEST(MetamodelEnumerations, OfStructuresAreInTheirOrder) {
+TEST(MetamodelEnumerations, KeepTheOrderOfStructures) {
   using Metamodel::StructureInfoEnumerations::Type;
   EXPECT_THAT(Texts<Type>(), ElementsAre("STRUCTURE", "ERROR"));
   EXPECT_THAT((std::vector<int>{Type::STRUCTURE, Type::ERROR}), ElementsAre(0, 1));
 }
 
-TEST(MetamodelEnumerations, OfConstantsAreInTheirOrder) {
+TEST(MetamodelEnumerations, KeepTheOrderOfConstants) {
   using Metamodel::ConstantValueEnumerations::Category;
   using Metamodel::PrimitiveValueEnumerations::Type;
   EXPECT_THAT(Texts<Category>(), ElementsAre("PRIMITIVE", "LIST"));
@@ -90,7 +90,7 @@ TEST(MetamodelEnumerations, OfConstantsAreInTheirOrder) {
               ElementsAre(0, 1, 2, 3));
 }
 
-TEST(MetamodelEnumerations, OfElementValuesAreInTheirOrder) {
+TEST(MetamodelEnumerations, KeepTheOrderOfElementValues) {
   using Metamodel::ElementValueEnumerations::Type;
   EXPECT_THAT(Texts<Type>(), ElementsAre("LONG", "STRING", "STRING_LIST", "STRUCTURE_REFERENCE",
                                          "STRUCTURE_REFERENCE_LIST"));
@@ -99,18 +99,18 @@ TEST(MetamodelEnumerations, OfElementValuesAreInTheirOrder) {
               ElementsAre(0, 1, 2, 3, 4));
 }
 
-TEST(SourceTypes, AreInTheirOrder) {
+TEST(SourceTypes, KeepTheirOrder) {
   EXPECT_THAT(Texts<SourceType>(), ElementsAre("LOCAL_FILE", "REMOTE"));
   EXPECT_THAT((std::vector<int>{SourceType::LOCAL_FILE, SourceType::REMOTE}), ElementsAre(0, 1));
 }
 
-TEST(MetadataIdentifiers, AreTheNamesOfTheAnnotations) {
+TEST(MetadataIdentifiers, NameTheAnnotations) {
   using Metamodel::MetadataIdentifierSvc::Constants;
   EXPECT_EQ(Constants::MODEL, "Model");
   EXPECT_EQ(Constants::RESOURCE, "Resource");
 }
 
-TEST(SourceRecords, TakeTheirFieldsInOrderAndAreDistinctTypes) {
+TEST(SourceRecords, TakeTheirFieldsInOrderAndDifferInType) {
   using Metamodel::SourceSvc::CreateSpec;
   using Metamodel::SourceSvc::Info;
   const CreateSpec spec("foo", SourceType::REMOTE, std::string("bar"), std::string("baz"));
@@ -134,7 +134,7 @@ TEST(MetamodelRecords, TakeTheirFieldsInOrder) {
   EXPECT_THAT(*value.structure_ids, ElementsAre("d"));
 }
 
-TEST(MetamodelRecords, KeepChildrenThatOthersHoldToo) {
+TEST(MetamodelRecords, ShareTheirChildren) {
   const auto package = std::make_shared<const Metamodel::PackageInfo>(
       "foo", std::map<std::string, std::shared_ptr<const Metamodel::StructureInfo>>(),
       std::map<std::string, std::shared_ptr<const Metamodel::EnumerationInfo>>(),
@@ -159,7 +159,7 @@ using AllInterfaces = testing::Types<
     Metamodel::StructureSvc::AsyncServiceInterface, Metamodel::SourceSvc::AsyncServiceInterface>;
 TYPED_TEST_SUITE(MetamodelInterfaces, AllInterfaces, );
 
-TYPED_TEST(MetamodelInterfaces, AreAbstractAndDestroyedThroughTheirBase) {
+TYPED_TEST(MetamodelInterfaces, AreAbstractWithVirtualDestructors) {
   EXPECT_TRUE(std::is_abstract<TypeParam>::value);
   EXPECT_TRUE(std::has_virtual_destructor<TypeParam>::value);
 }
@@ -174,7 +174,7 @@ std::ptrdiff_t Slot(Operation operation) {
   return (words[0] - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
 }
 
-TEST(MetamodelInterfaceSlots, OfQueriesAreListGetFingerprint) {
+TEST(QueryInterfaceSlots, KeepTheirOrder) {
   using Components = Metamodel::ComponentSvc::AsyncServiceInterface;
   using Operations = Metamodel::Service::OperationSvc::AsyncServiceInterface;
   EXPECT_EQ(Slot(&Components::List), 0);
@@ -188,7 +188,7 @@ TEST(MetamodelInterfaceSlots, OfQueriesAreListGetFingerprint) {
   EXPECT_EQ(Slot(&Operations::Get), 1);
 }
 
-TEST(MetamodelInterfaceSlots, OfSourcesAreInTheirOrder) {
+TEST(SourceInterfaceSlots, KeepTheirOrder) {
   using Sources = Metamodel::SourceSvc::AsyncServiceInterface;
   EXPECT_EQ(Slot(&Sources::Create), 0);
   EXPECT_EQ(Slot(&Sources::Delete), 1);

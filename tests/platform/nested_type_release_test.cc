@@ -123,7 +123,7 @@ TEST(NestedTypeRelease, ReachesEveryBranch) {
   EXPECT_NE(part->generic_instantiation->map_key_type, nullptr);
 }
 
-TEST(NestedTypeRelease, StopsAtTypesThatOthersStillHold) {
+TEST(NestedTypeRelease, StopsAtTypesStillInUse) {
   const TypePtr kept = Nested(ListOf, 3);
   TypePtr type = kept;
   for (int level = 0; level < 1000; ++level) type = Generic(MapTo(type));
@@ -134,7 +134,7 @@ TEST(NestedTypeRelease, StopsAtTypesThatOthersStillHold) {
             TypeEnumerations::Category::GENERIC);
 }
 
-TEST(NestedTypeRelease, StopsAtInstantiationsThatOthersStillHold) {
+TEST(NestedTypeRelease, StopsAtInstantiationsStillInUse) {
   InstantiationPtr kept = ListOf(Nested(ListOf, kLevels));
   TypePtr type = Generic(kept);
   for (int level = 0; level < 1000; ++level) type = Generic(ListOf(type));
@@ -144,7 +144,7 @@ TEST(NestedTypeRelease, StopsAtInstantiationsThatOthersStillHold) {
   EXPECT_EQ(kept, nullptr);
 }
 
-TEST(NestedTypeRelease, LeavesTheTypesOfACopyAlone) {
+TEST(NestedTypeRelease, KeepsTheTypesOfACopy) {
   auto original = std::make_unique<GenericInstantiation>(GenericType::LIST, Nested(ListOf, 10),
                                                          nullptr, nullptr);
   const GenericInstantiation copy = *original;
@@ -154,7 +154,7 @@ TEST(NestedTypeRelease, LeavesTheTypesOfACopyAlone) {
   EXPECT_NE(copy.element_type->generic_instantiation, nullptr);
 }
 
-TEST(NestedTypeRelease, LetsAnInstantiationBeAssignedAPartOfItself) {
+TEST(NestedTypeRelease, AllowsAssigningAPartOfItself) {
   GenericInstantiation outer = *ListOf(Generic(MapTo(Generic(ListOf(Leaf())))));
   outer = *outer.element_type->generic_instantiation;
   EXPECT_TRUE(outer.generic_type == GenericType::MAP);

@@ -65,13 +65,13 @@ bool HasAbsentData(const CompoundValue& error) {
   return data && !data->Value();
 }
 
-TEST(Values, AnOptionalIsAbsentWithoutAValue) {
+TEST(OptionalValue, IsAbsentWithoutAValue) {
   EXPECT_EQ(OptionalValue().Value(), nullptr);
   EXPECT_EQ(OptionalValue(nullptr).Value(), nullptr);
   EXPECT_EQ(Text(OptionalValue(std::make_shared<StringValue>("foo")).Value()), "foo");
 }
 
-TEST(Values, AListKeepsItsElementsInTheOrderAdded) {
+TEST(ListValue, KeepsTheOrderOfItsElements) {
   const auto list = std::make_shared<ListValue>();
   EXPECT_TRUE(list->Elements().empty());
   list->Add(std::make_shared<StringValue>("foo"));
@@ -79,7 +79,7 @@ TEST(Values, AListKeepsItsElementsInTheOrderAdded) {
   EXPECT_THAT(Texts(list), testing::ElementsAre("foo", "bar"));
 }
 
-TEST(Values, ACompoundAnswersItsFieldsAndNullForOthers) {
+TEST(StructValue, ReturnsNullForUnknownFields) {
   StructValue value("foo");
   EXPECT_EQ(value.Name(), "foo");
   EXPECT_EQ(value.Field("bar"), nullptr);
@@ -88,20 +88,20 @@ TEST(Values, ACompoundAnswersItsFieldsAndNullForOthers) {
   EXPECT_EQ(value.Field("Bar"), nullptr);
 }
 
-TEST(Values, SettingAFieldAgainReplacesIt) {
+TEST(StructValue, ReplacesAFieldSetAgain) {
   StructValue value("foo");
   value.SetField("bar", std::make_shared<StringValue>("old"));
   value.SetField("bar", std::make_shared<StringValue>("new"));
   EXPECT_EQ(Text(value.Field("bar")), "new");
 }
 
-TEST(Values, AnErrorHasNoMessagesAndNoDataFromTheStart) {
+TEST(ErrorValue, HasNoMessagesAndNoDataByDefault) {
   const ErrorValue error("foo");
   EXPECT_THAT(MessageIds(error), testing::IsEmpty());
   EXPECT_TRUE(HasAbsentData(error));
 }
 
-TEST(Values, AreToldApartByTheirTypes) {
+TEST(Values, HaveDistinctTypes) {
   const ValuePtr error = std::make_shared<ErrorValue>("foo");
   EXPECT_NE(std::dynamic_pointer_cast<const CompoundValue>(error), nullptr);
   EXPECT_EQ(std::dynamic_pointer_cast<const StructValue>(error), nullptr);
@@ -149,7 +149,7 @@ TEST(NativeToValueAdapter, AdaptsAMessageWithItsThreeFields) {
   EXPECT_THAT(Texts(value->Field("arguments")), testing::ElementsAre("a", "b"));
 }
 
-TEST(NativeToValueAdapter, AdaptsAnErrorUnderItsNameWithItsOwnFields) {
+TEST(NativeToValueAdapter, AdaptsAnErrorWithItsNameAndFields) {
   const auto value = NativeToValueAdapter::Adapt(BarError());
   EXPECT_EQ(value->Name(), "bar.error");
   EXPECT_EQ(Text(value->Field("bar")), "baz");
@@ -170,7 +170,7 @@ TEST(ErrorFactory, MakesAnErrorFromAnObject) {
   EXPECT_EQ(Text(error->Field("bar")), "baz");
 }
 
-TEST(ErrorFactory, MakesAnErrorWithMessagesInTheirOrder) {
+TEST(ErrorFactory, KeepsTheOrderOfMessages) {
   const std::list<BaseMessage> messages = {{"foo.id", "Foo"}, {"bar.id", "Bar"}};
   const auto error = ErrorFactory::GetError<BarError>(messages);
   EXPECT_EQ(error->Name(), "bar.error");

@@ -10,7 +10,7 @@
 // Metamodel files for tests, built from the inside out:
 //   MetamodelFile(Component("c", {Package("p", {Service("s", {Operation("o")})})}))
 // Every key that the format requires is written. Names and texts are JSON text without its quotes,
-// so an escape such as \u0000 may stand in them.
+// so they may have escapes such as \u0000.
 
 namespace Zelk::Testing {
 
@@ -26,7 +26,7 @@ class Part {
     for (const auto& child : children) Add(child);
   }
 
-  /// The same part with that documentation, by which a test tells parts of one name apart.
+  /// The same part with that documentation, which distinguishes parts of one name in a test.
   Part Doc(const std::string& text) const {
     Part part = *this;
     part.documentation_ = text;

@@ -17,7 +17,7 @@ std::string UnknownSchemeMessage() {
                      "Authentication unknown schema name: %1%", {"id"});
 }
 
-TEST(AuthenticationFailures, CarryTheMessagesOfBothParts) {
+TEST(AuthenticationFailures, ReportTheMessagesOfBothParts) {
   const AuthenticationSources sources;
   const std::string part = R"({"name": "foo", "operations": {"a.b.c": ["z"]}})";
   EXPECT_EQ(sources.Create("m", R"({"authentication": {"product": )" + part + R"(, "component": )" +
@@ -27,7 +27,7 @@ TEST(AuthenticationFailures, CarryTheMessagesOfBothParts) {
   EXPECT_THAT(sources->ListSources(), IsEmpty());
 }
 
-TEST(AuthenticationFailures, CarryTheMessageOfAnAbsentProductFirst) {
+TEST(AuthenticationFailures, ReportAnAbsentProductFirst) {
   const AuthenticationSources sources;
   EXPECT_EQ(sources.Create("m", R"({"authentication": {"component": {"name": "foo", "schemes": {},
                                    "operations": {"a.b.c": ["z"]}}}})"),
@@ -35,7 +35,7 @@ TEST(AuthenticationFailures, CarryTheMessageOfAnAbsentProductFirst) {
   EXPECT_THAT(sources->ListSources(), IsEmpty());
 }
 
-TEST(AuthenticationFailures, CarryTheMessagesOfAbsentMembersFirst) {
+TEST(AuthenticationFailures, ReportAbsentMembersFirst) {
   const AuthenticationSources sources;
   EXPECT_EQ(sources.Create("m", R"({"authentication": {"product": 1, "component": {
                 "name": "foo", "packages": {"a": "x"}}}})"),

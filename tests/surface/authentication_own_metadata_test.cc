@@ -70,12 +70,12 @@ class AuthenticationOwnMetadata : public testing::Test {
       Metadata::Authentication::MetadataContainer::GetInstance();
 };
 
-TEST_F(AuthenticationOwnMetadata, AreOneComponentInBothFiles) {
+TEST_F(AuthenticationOwnMetadata, HasTheComponentOfTheMetamodel) {
   EXPECT_EQ(schemes_->ListComponents(), metamodel_->ListComponents());
   EXPECT_THAT(schemes_->ListComponents(), ElementsAre("com.orvane.zelk.metadata"));
 }
 
-TEST_F(AuthenticationOwnMetadata, HaveSchemesForEveryPackage) {
+TEST_F(AuthenticationOwnMetadata, HasSchemesForEveryPackage) {
   for (const auto& name : metamodel_->ListPackages()) {
     const auto package = schemes_->PackageInfo(name);
     ASSERT_NE(package, nullptr) << name;
@@ -83,7 +83,7 @@ TEST_F(AuthenticationOwnMetadata, HaveSchemesForEveryPackage) {
   }
 }
 
-TEST_F(AuthenticationOwnMetadata, HaveSchemesForEveryOperationAtSomeLevel) {
+TEST_F(AuthenticationOwnMetadata, HasSchemesForEveryOperationAtSomeLevel) {
   for (const auto& service : metamodel_->ListServices()) {
     EXPECT_THAT(Operations(service), Not(IsEmpty())) << service;
     for (const auto& operation : Operations(service)) {
@@ -94,7 +94,7 @@ TEST_F(AuthenticationOwnMetadata, HaveSchemesForEveryOperationAtSomeLevel) {
   }
 }
 
-TEST_F(AuthenticationOwnMetadata, HaveSchemesForKnownServicesAndOperationsOnly) {
+TEST_F(AuthenticationOwnMetadata, HasNoSchemesForUnknownServicesAndOperations) {
   const auto known = Set(metamodel_->ListServices());
   for (const auto& service : schemes_->ListServices()) {
     EXPECT_EQ(known.count(service), 1U) << service;
@@ -107,7 +107,7 @@ TEST_F(AuthenticationOwnMetadata, HaveSchemesForKnownServicesAndOperationsOnly) 
 }
 
 // A service inside another one has that one's id in the place of a package.
-TEST_F(AuthenticationOwnMetadata, HaveSchemesForKnownPackagesOnly) {
+TEST_F(AuthenticationOwnMetadata, HasNoSchemesForUnknownPackages) {
   const auto packages = Set(metamodel_->ListPackages());
   const auto services = Set(metamodel_->ListServices());
   for (const auto& name : schemes_->ListPackages()) {
@@ -117,7 +117,7 @@ TEST_F(AuthenticationOwnMetadata, HaveSchemesForKnownPackagesOnly) {
   }
 }
 
-TEST_F(AuthenticationOwnMetadata, ChangeSourcesForAdministratorsOnly) {
+TEST_F(AuthenticationOwnMetadata, NeedsAnAdministratorToChangeSources) {
   const std::string administrator =
       R"("com.orvane.zelk.authentication.administrator"@"com.orvane.zelk.session.administrator")";
   for (const auto& service : metamodel_->ListServices()) {
@@ -131,7 +131,7 @@ TEST_F(AuthenticationOwnMetadata, ChangeSourcesForAdministratorsOnly) {
   }
 }
 
-TEST_F(AuthenticationOwnMetadata, TellWithoutASessionWhichSchemesCallsNeed) {
+TEST_F(AuthenticationOwnMetadata, ListsSchemesWithoutASession) {
   const std::string domain = "com.orvane.zelk.metadata.authentication.";
   for (const std::string service : {"component", "package", "service", "service.operation"}) {
     ASSERT_THAT(Operations(domain + service), Not(IsEmpty())) << service;
@@ -143,7 +143,7 @@ TEST_F(AuthenticationOwnMetadata, TellWithoutASessionWhichSchemesCallsNeed) {
   }
 }
 
-TEST_F(AuthenticationOwnMetadata, NeedNoAdministratorForAWholePackage) {
+TEST_F(AuthenticationOwnMetadata, NeedsNoAdministratorForAWholePackage) {
   NameSet schemes;
   for (const auto& name : schemes_->ListPackages()) {
     for (const auto& scheme : schemes_->PackageInfo(name)->schemes) {

@@ -37,7 +37,7 @@ std::list<std::string> OperationsOf(const Container& container, const std::strin
 }
 
 /// The source "m" holds the components "bar" and "foo", the source "n" another "foo".
-class TwoSources : public testing::Test {
+class TwoAuthenticationSources : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_EQ(sources_.Create("n", SecondFile()), Lines());
@@ -47,7 +47,7 @@ class TwoSources : public testing::Test {
   AuthenticationSources sources_;
 };
 
-TEST(EmptyContainer, HasEmptyListsAndNoRecords) {
+TEST(EmptyAuthentication, HasEmptyListsAndNoRecords) {
   const AuthenticationSources sources;
   EXPECT_THAT(sources->ListSources(), IsEmpty());
   EXPECT_THAT(sources->ListComponents(), IsEmpty());
@@ -62,14 +62,14 @@ TEST(EmptyContainer, HasEmptyListsAndNoRecords) {
   EXPECT_EQ(sources->ComponentFingerprint(""), "");
 }
 
-TEST_F(TwoSources, AreWalkedInTheOrderOfTheirIdsAndOfTheirKeys) {
+TEST_F(TwoAuthenticationSources, AreWalkedInOrder) {
   EXPECT_THAT(sources_->ListSources(), ElementsAre("m", "n"));
   EXPECT_THAT(sources_->ListComponents(), ElementsAre("bar", "foo", "foo"));
   EXPECT_THAT(sources_->ListPackages(), ElementsAre("0", "a", "a", "a", "q", "z"));
   EXPECT_THAT(sources_->ListServices(), ElementsAre("a.b", "a.b", "a.c", "a.a", "a.b", "z.b"));
 }
 
-TEST_F(TwoSources, GiveTheComponentOfTheFirstSource) {
+TEST_F(TwoAuthenticationSources, PreferTheFirstComponent) {
   const auto foo = sources_->ComponentInfo("foo");
   ASSERT_NE(foo, nullptr);
   EXPECT_EQ(foo->fingerprint, Md5(kProductAndComponent));
@@ -83,7 +83,7 @@ TEST_F(TwoSources, GiveTheComponentOfTheFirstSource) {
   EXPECT_EQ(sources_->ComponentInfo("fo"), nullptr);
 }
 
-TEST_F(TwoSources, GiveTheFingerprintOfTheWholeFileOfTheFirst) {
+TEST_F(TwoAuthenticationSources, PreferTheFirstComponentFingerprint) {
   EXPECT_EQ(sources_->ComponentFingerprint("foo"), Md5(kProductAndComponent));
   EXPECT_EQ(sources_->ComponentFingerprint("bar"), Md5(kProductAndComponent));
   EXPECT_EQ(sources_->ComponentFingerprint("baz"), "");
@@ -92,7 +92,7 @@ TEST_F(TwoSources, GiveTheFingerprintOfTheWholeFileOfTheFirst) {
   EXPECT_EQ(sources_->ComponentFingerprint("bar"), "");
 }
 
-TEST_F(TwoSources, GiveTheFirstPackageOfAName) {
+TEST_F(TwoAuthenticationSources, PreferTheFirstPackage) {
   const auto a = sources_->PackageInfo("a");
   ASSERT_NE(a, nullptr);
   EXPECT_EQ(PackageText("a", *a), R"(package "a" ["c", "c"]
@@ -104,7 +104,7 @@ TEST_F(TwoSources, GiveTheFirstPackageOfAName) {
   EXPECT_EQ(sources_->PackageInfo("a.b"), nullptr);
 }
 
-TEST_F(TwoSources, GiveTheFirstServiceOfAnId) {
+TEST_F(TwoAuthenticationSources, PreferTheFirstService) {
   const auto service = sources_->ServiceInfo("a.b");
   ASSERT_NE(service, nullptr);
   EXPECT_EQ(ServiceText("a.b", *service), R"(service "a.b" ["c", "c"]
@@ -115,14 +115,14 @@ TEST_F(TwoSources, GiveTheFirstServiceOfAnId) {
   EXPECT_EQ(sources_->ServiceInfo("b"), nullptr);
 }
 
-TEST_F(TwoSources, ListTheOperationsOfTheFirstServiceOnly) {
+TEST_F(TwoAuthenticationSources, ListTheOperationsOfTheFirstService) {
   EXPECT_THAT(OperationsOf(*sources_.Shared(), "a.b"), ElementsAre("d", "e"));
   EXPECT_THAT(OperationsOf(*sources_.Shared(), "a.c"), ElementsAre("d"));
   EXPECT_THAT(OperationsOf(*sources_.Shared(), "a.a"), IsEmpty());
   EXPECT_FALSE(sources_->ListOperations("a").has_value());
 }
 
-TEST_F(TwoSources, LookForAnOperationInEveryServiceOfTheId) {
+TEST_F(TwoAuthenticationSources, SearchEveryServiceForAnOperation) {
   const auto first = sources_->OperationInfo("a.b", "d");
   ASSERT_NE(first, nullptr);
   EXPECT_EQ(OperationText("d", *first), "operation \"d\" [\"c\"]\n");
@@ -133,7 +133,7 @@ TEST_F(TwoSources, LookForAnOperationInEveryServiceOfTheId) {
   EXPECT_EQ(sources_->OperationInfo("a.d", "d"), nullptr);
 }
 
-TEST(Operations, AreFoundInALaterComponentOfTheSameSource) {
+TEST(AuthenticationOperations, AreFoundInALaterComponent) {
   const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", R"({"authentication": {
       "product": {"name": "second", "operations": {"a.b.op": []}},
@@ -143,7 +143,7 @@ TEST(Operations, AreFoundInALaterComponentOfTheSameSource) {
   EXPECT_NE(sources->OperationInfo("a.b", "op"), nullptr);
 }
 
-TEST(Operations, AreFoundInALaterSource) {
+TEST(AuthenticationOperations, AreFoundInALaterSource) {
   const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", SchemesFile("foo", R"("services": {"a.b": []})")), Lines());
   ASSERT_EQ(sources.Create("n", SchemesFile("foo", R"("operations": {"a.b.op": ["x"]})")), Lines());
@@ -153,7 +153,7 @@ TEST(Operations, AreFoundInALaterSource) {
   EXPECT_EQ(OperationText("op", *operation), "operation \"op\" [\"ex\"]\n");
 }
 
-TEST(OneFile, KeepsTheComponentOfTwoPartsWithOneName) {
+TEST(AuthenticationFile, KeepsTheComponentIfBothPartsHaveOneName) {
   const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", R"({"authentication": {
       "component": {"name": "foo", "packages": {"late": []}},
@@ -163,7 +163,7 @@ TEST(OneFile, KeepsTheComponentOfTwoPartsWithOneName) {
   EXPECT_THAT(sources->ListPackages(), ElementsAre("late"));
 }
 
-TEST(OneFile, IsAcceptedWithOneGoodPartBesideABrokenOne) {
+TEST(AuthenticationFile, IsAcceptedWithOneGoodPart) {
   const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", R"({"authentication": {"product": {"name": 1},
                                                        "component": {"name": "foo"}}})"),
@@ -174,7 +174,7 @@ TEST(OneFile, IsAcceptedWithOneGoodPartBesideABrokenOne) {
   EXPECT_THAT(sources->ListComponents(), ElementsAre("foo", "bar"));
 }
 
-TEST(OneFile, IsAcceptedWithoutTheServicesThatCannotBeMadeUp) {
+TEST(AuthenticationFile, DropsServicesWithoutAPackage) {
   const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", SchemesFile("foo", R"("operations": {"power.start": [],
                                                                        "vm.power.start": []})")),
@@ -184,7 +184,7 @@ TEST(OneFile, IsAcceptedWithoutTheServicesThatCannotBeMadeUp) {
   EXPECT_THAT(sources->ListPackages(), IsEmpty());
 }
 
-TEST(OneFile, MayRegisterNothing) {
+TEST(AuthenticationFile, MayRegisterNothing) {
   const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", R"({"authentication": {}})"), Lines());
   ASSERT_EQ(sources.Create("n", R"({"authentication": {"product": 1}})"), Lines());
@@ -192,7 +192,7 @@ TEST(OneFile, MayRegisterNothing) {
   EXPECT_THAT(sources->ListComponents(), IsEmpty());
 }
 
-TEST(Records, CarryTheirOwnSchemesOnly) {
+TEST(AuthenticationRecords, HaveOnlyTheirOwnSchemes) {
   const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", SchemesFile("foo", R"("operations": {"a.b.c": []},
       "services": {"a.b": ["y"]}, "packages": {"a": ["x"]})")),
@@ -211,7 +211,7 @@ TEST(Records, CarryTheirOwnSchemesOnly) {
   EXPECT_THAT(operation->schemes, IsEmpty());
 }
 
-TEST(Records, KeepZeroBytesInTheirNames) {
+TEST(AuthenticationRecords, KeepZeroBytesInNames) {
   const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", SchemesFile("f\\u0000o", R"("operations": {"a.b\u0000.c": []})")),
             Lines());
@@ -224,7 +224,7 @@ TEST(Records, KeepZeroBytesInTheirNames) {
   EXPECT_EQ(sources->ComponentInfo("f"), nullptr);
 }
 
-TEST(Records, AreHandedOutWithoutBeingCopied) {
+TEST(AuthenticationRecords, AreReturnedWithoutCopies) {
   const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", SchemesFile("foo", R"("operations": {"a.b.c": []})")), Lines());
   const auto component = sources->ComponentInfo("foo");
@@ -236,7 +236,7 @@ TEST(Records, AreHandedOutWithoutBeingCopied) {
   EXPECT_EQ(service->operations.at("c"), sources->OperationInfo("a.b", "c"));
 }
 
-TEST(Records, StayValidAfterTheirSourceIsGone) {
+TEST(AuthenticationRecords, OutliveTheirSource) {
   const AuthenticationSources sources;
   ASSERT_EQ(sources.Create("m", SchemesFile("foo", R"("operations": {"a.b.c": ["y"]})")), Lines());
   const auto foo = sources->ComponentInfo("foo");

@@ -28,7 +28,7 @@ std::string SecondFile() {
   return SchemesFile("foo", R"("operations": {"a.b.z": ["y"], "a.e.z": []})");
 }
 
-class QueryServices : public testing::Test {
+class AuthenticationServices : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_EQ(sources_.Create("n", SecondFile()), Lines());
@@ -42,7 +42,7 @@ class QueryServices : public testing::Test {
   OperationService operations_{sources_.Shared()};
 };
 
-TEST_F(QueryServices, PassListsOnInWalkOrderWithRepetitions) {
+TEST_F(AuthenticationServices, ListRepeatedNames) {
   EXPECT_THAT(ValueOf(Ask(components_, &ComponentService::List)), ElementsAre("foo", "foo"));
   EXPECT_THAT(ValueOf(Ask(packages_, &PackageService::List)), ElementsAre("a", "a"));
   EXPECT_THAT(ValueOf(Ask(services_, &ServiceService::List)),
@@ -50,7 +50,7 @@ TEST_F(QueryServices, PassListsOnInWalkOrderWithRepetitions) {
   EXPECT_THAT(ValueOf(Ask(operations_, &OperationService::List, "a.b")), ElementsAre("c", "d"));
 }
 
-TEST_F(QueryServices, DeliverTheRecordsThatTheContainerFinds) {
+TEST_F(AuthenticationServices, DeliverRecordsWithoutCopies) {
   const auto component = ValueOf(Ask(components_, &ComponentService::Get, "foo"));
   ASSERT_NE(component, nullptr);
   EXPECT_EQ(component->info, sources_->ComponentInfo("foo")->info);
@@ -61,30 +61,30 @@ TEST_F(QueryServices, DeliverTheRecordsThatTheContainerFinds) {
             sources_->OperationInfo("a.b", "z"));
 }
 
-TEST_F(QueryServices, DeliverTheDigestOfTheFirstSourcesFileAsAComponentsFingerprint) {
+TEST_F(AuthenticationServices, DeliverTheFingerprintOfTheFirstSource) {
   EXPECT_EQ(ValueOf(Ask(components_, &ComponentService::Fingerprint, "foo")), Md5(FirstFile()));
 }
 
-TEST_F(QueryServices, ReportAnUnknownComponentUnderTheMetamodelId) {
+TEST_F(AuthenticationServices, ReportAnUnknownComponentWithTheMetamodelMessage) {
   const auto error = NotFound<MetamodelUnderTest>("component", "bar");
   EXPECT_EQ(ErrorOf(Ask(components_, &ComponentService::Get, "bar")), error);
   EXPECT_EQ(ErrorOf(Ask(components_, &ComponentService::Fingerprint, "bar")), error);
 }
 
-TEST_F(QueryServices, ReportAnUnknownPackageOrService) {
+TEST_F(AuthenticationServices, ReportAnUnknownPackageOrService) {
   EXPECT_EQ(ErrorOf(Ask(packages_, &PackageService::Get, "bar")),
             NotFound<AuthenticationUnderTest>("package", "bar"));
   EXPECT_EQ(ErrorOf(Ask(services_, &ServiceService::Get, "a.bar")),
             NotFound<AuthenticationUnderTest>("service", "a.bar"));
 }
 
-TEST_F(QueryServices, TellAnUnknownServiceFromOneWithoutOperations) {
+TEST_F(AuthenticationServices, DistinguishAnEmptyServiceFromAnUnknownOne) {
   EXPECT_THAT(ValueOf(Ask(operations_, &OperationService::List, "a.e")), IsEmpty());
   EXPECT_EQ(ErrorOf(Ask(operations_, &OperationService::List, "a.bar")),
             NotFound<AuthenticationUnderTest>("service", "a.bar"));
 }
 
-TEST_F(QueryServices, ReportAnUnknownOperationWithTheServiceFirst) {
+TEST_F(AuthenticationServices, ReportAnUnknownOperationWithItsService) {
   for (const std::string service : {"a.b", "a.bar"}) {
     EXPECT_EQ(ErrorOf(Ask(operations_, &OperationService::Get, service, "baz")),
               NotFound<AuthenticationUnderTest>("operation", "%1%[%2%]", {service, "baz"}))
@@ -92,7 +92,7 @@ TEST_F(QueryServices, ReportAnUnknownOperationWithTheServiceFirst) {
   }
 }
 
-TEST(QueryServicesOfAnEmptyContainer, DeliverEmptyLists) {
+TEST(EmptyAuthenticationServices, DeliverEmptyLists) {
   const AuthenticationSources sources;
   ComponentService components(sources.Shared());
   PackageService packages(sources.Shared());
@@ -102,14 +102,14 @@ TEST(QueryServicesOfAnEmptyContainer, DeliverEmptyLists) {
   EXPECT_THAT(ValueOf(Ask(services, &ServiceService::List)), IsEmpty());
 }
 
-TEST(QueryServicesOfAnEmptyContainer, ThrowThroughAnEmptyResult) {
+TEST(EmptyAuthenticationServices, ThrowOnAnEmptyResult) {
   const AuthenticationSources sources;
   ComponentService components(sources.Shared());
   EXPECT_THROW(components.List(nullptr, {}), std::bad_function_call);
   EXPECT_THROW(components.Fingerprint("foo", nullptr, {}), std::bad_function_call);
 }
 
-TEST(QueryServicesOfAnEmptyContainer, KeepTheContainerAlive) {
+TEST(EmptyAuthenticationServices, KeepTheContainerAlive) {
   auto container = AuthProvider::MetadataContainer::GetInstance();
   const std::weak_ptr<AuthProvider::MetadataContainer> watched = container;
   {

@@ -32,15 +32,15 @@ std::string LastWord(const std::string& text) {
 }
 
 /// The names of the parameters, less the activation and the result that end every operation.
-Names OwnParameters(const std::string& list) {
-  Names names;
+Lines OwnParameters(const std::string& list) {
+  Lines names;
   int depth = 0;
   std::string parameter;
   for (const char character : list + ',') {
     depth += character == '<' ? 1 : character == '>' ? -1 : 0;
     if (character == ',' && depth == 0) {
       const std::string name = LastWord(parameter);
-      // The word alone is none that C++ could use.
+      // The word alone is a C++ keyword.
       names.push_back(name == "namespace_path" ? "namespace" : name);
       parameter.clear();
     } else {
@@ -87,7 +87,7 @@ class Scanner {
     const bool record = std::regex_search(head, match, kRecord);
     if (record && match[1].str() != "Strings") {
       scopes_.push_back({match[1].str(), true});
-      Names& members = bindings_.records[Path()];
+      Lines& members = bindings_.records[Path()];
       if (match[2].matched) members = bindings_.records[match[2].str()];
     } else if (std::regex_search(head, match, kNamespace)) {
       scopes_.push_back({match[1].str(), false});

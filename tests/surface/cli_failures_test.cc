@@ -19,7 +19,7 @@ struct Failure {
   Lines error;
 };
 
-TEST(CliFailures, CarryTheMessagesOfTheParserInTheirOrder) {
+TEST(CliFailures, ReportMessagesInOrder) {
   const auto invalid_node_type =
       MessageLine("zelk.metadata.cli.json.invalid.node.type", "Unknown message.", {"type"});
   const std::vector<Failure> failures = {

@@ -120,7 +120,7 @@ class CliOwnMetadata : public testing::Test {
       Provided::Metamodel::MetadataContainer::GetInstance();
 };
 
-TEST_F(CliOwnMetadata, HasOneCommandForEveryOperationOfEveryService) {
+TEST_F(CliOwnMetadata, HasOneCommandForEachOperation) {
   std::multiset<std::pair<std::string, std::string>> commands;
   for (const auto& command : Commands()) {
     commands.emplace(command->service_id, command->operation_id);
@@ -142,7 +142,7 @@ TEST_F(CliOwnMetadata, NamesCommandsAfterTheirServicesAndOperations) {
   }
 }
 
-TEST_F(CliOwnMetadata, FillsEveryParameterWithAnOptionOfItsType) {
+TEST_F(CliOwnMetadata, HasAnOptionForEachParameter) {
   for (const auto& command : Commands()) {
     const auto operation = Operation(command);
     ASSERT_TRUE(operation) << CliText(*command);
@@ -161,7 +161,7 @@ TEST_F(CliOwnMetadata, FillsEveryParameterWithAnOptionOfItsType) {
   }
 }
 
-TEST_F(CliOwnMetadata, HasNoOptionTwiceInACommand) {
+TEST_F(CliOwnMetadata, HasNoRepeatedOptions) {
   for (const auto& command : Commands()) {
     std::set<std::string> names;
     for (const auto& option : command->options) {
@@ -175,7 +175,7 @@ TEST_F(CliOwnMetadata, HasNoOptionTwiceInACommand) {
   }
 }
 
-TEST_F(CliOwnMetadata, ShowsFieldsThatTheStructuresHave) {
+TEST_F(CliOwnMetadata, ShowsOnlyKnownFields) {
   for (const auto& command : Commands()) {
     for (const auto& output : command->output_field_list) {
       const auto structure = Structure(output->structure_id);
@@ -193,7 +193,7 @@ TEST_F(CliOwnMetadata, ShowsFieldsThatTheStructuresHave) {
   }
 }
 
-TEST_F(CliOwnMetadata, ShowsTheStructureOfTheResultFirstAndThenWhatItHolds) {
+TEST_F(CliOwnMetadata, ShowsTheStructureOfTheResultFirst) {
   for (const auto& command : Commands()) {
     const auto operation = Operation(command);
     ASSERT_TRUE(operation) << CliText(*command);
@@ -209,7 +209,7 @@ TEST_F(CliOwnMetadata, ShowsTheStructureOfTheResultFirstAndThenWhatItHolds) {
   }
 }
 
-TEST_F(CliOwnMetadata, HasAFormatterForWhatAnswersSomething) {
+TEST_F(CliOwnMetadata, HasAFormatterForEachResult) {
   for (const auto& command : Commands()) {
     const auto operation = Operation(command);
     ASSERT_TRUE(operation) << CliText(*command);
@@ -221,7 +221,7 @@ TEST_F(CliOwnMetadata, HasAFormatterForWhatAnswersSomething) {
   }
 }
 
-TEST_F(CliOwnMetadata, DescribesEveryNamespaceAndEachBeforeItsChildren) {
+TEST_F(CliOwnMetadata, DeclaresEachNamespaceBeforeItsChildren) {
   std::set<std::string> names;
   for (const auto& identity : cli_->ListNamespaces()) {
     const auto info = cli_->NamespaceInfo(identity);
@@ -236,7 +236,7 @@ TEST_F(CliOwnMetadata, DescribesEveryNamespaceAndEachBeforeItsChildren) {
   EXPECT_EQ(names.size(), cli_->ListNamespaces().size());
 }
 
-TEST_F(CliOwnMetadata, HasItsCommandsInNamespacesThatItDescribes) {
+TEST_F(CliOwnMetadata, DeclaresTheNamespacesOfItsCommands) {
   std::set<std::string> full_names;
   for (const auto& identity : cli_->ListNamespaces()) {
     full_names.insert(identity->path.empty() ? identity->name

@@ -24,7 +24,7 @@ std::shared_ptr<const Identity> Command(const std::string& path, const std::stri
   return std::make_shared<const Identity>(path, name);
 }
 
-TEST(CliQueries, WithoutSourcesListsNothingAndDigestsNothing) {
+TEST(CliQueries, ListNothingWithoutSources) {
   const CliSources sources;
   EXPECT_TRUE(sources->ListNamespaces().empty());
   EXPECT_TRUE(sources->ListCommands(boost::none).empty());
@@ -34,13 +34,13 @@ TEST(CliQueries, WithoutSourcesListsNothingAndDigestsNothing) {
   EXPECT_EQ(sources->SourceFingerprint(boost::none), kDigestOfNothing);
 }
 
-TEST(CliQueries, WithAnEmptySourceListsNotEvenARoot) {
+TEST(CliQueries, HaveNoRootInAnEmptySource) {
   const CliSources sources{{"foo", CliFile({})}};
   EXPECT_TRUE(sources->ListNamespaces().empty());
   EXPECT_EQ(sources->NamespaceInfo(Namespace("", "")), nullptr);
 }
 
-TEST(CliQueries, ListsNamespacesBySourceThenPathThenNameByTheirBytes) {
+TEST(CliQueries, ListNamespacesBySourceThenPathThenName) {
   const CliSources sources{
       {"b", CliFile({NamespaceNode("", "b"), NamespaceNode("", "B"), NamespaceNode("B", "a")})},
       {"B", CliFile({NamespaceNode("", "b"), NamespaceNode("a", "\\u00e9")})},
@@ -50,7 +50,7 @@ TEST(CliQueries, ListsNamespacesBySourceThenPathThenNameByTheirBytes) {
             (Lines{":", ":", ":a", ":b", "a:\xc3\xa9", ":", ":B", ":b", "B:a"}));
 }
 
-TEST(CliQueries, ListsCommandsBySourceThenPathThenNameByTheirBytes) {
+TEST(CliQueries, ListCommandsBySourceThenPathThenName) {
   const CliSources sources{
       {"b", CliFile({CommandNode("foo", "b"), CommandNode("foo", "B"), CommandNode("", "z"),
                      CommandNode("Foo", "c")})},
@@ -60,7 +60,7 @@ TEST(CliQueries, ListsCommandsBySourceThenPathThenNameByTheirBytes) {
             (Lines{":", "foo:b", ":z", "Foo:c", "foo:B", "foo:b"}));
 }
 
-TEST(CliQueries, FiltersCommandsByTheExactPath) {
+TEST(CliQueries, FilterCommandsByTheExactPath) {
   const CliSources sources{
       {"1", CliFile({CommandNode("a.b", "x"), CommandNode("a.b.c", "y"), CommandNode("a", "b"),
                      CommandNode("", "top")})},
@@ -88,7 +88,7 @@ TEST(CliQueries, FiltersCommandsByTheExactPath) {
   }
 }
 
-TEST(CliQueries, AnswersANamespaceFromTheFirstSourceThatHasIt) {
+TEST(CliQueries, PreferTheNamespaceOfTheFirstSource) {
   const CliSources sources{
       {"2", CliFile({NamespaceNode("", "foo", "second"), NamespaceNode("foo", "baz")})},
       {"1", CliFile({NamespaceNode("", "foo", "first"), NamespaceNode("foo", "bar")})},
@@ -101,7 +101,7 @@ TEST(CliQueries, AnswersANamespaceFromTheFirstSourceThatHasIt) {
             R"(namespace foo:baz "" [])");
 }
 
-TEST(CliQueries, AnswersACommandFromTheFirstSourceThatHasIt) {
+TEST(CliQueries, PreferTheCommandOfTheFirstSource) {
   const CliSources sources{
       {"2", CliFile({CommandNode("foo", "bar", "second"), CommandNode("foo", "baz", "only")})},
       {"1", CliFile({CommandNode("foo", "bar", "first")})},
@@ -110,21 +110,21 @@ TEST(CliQueries, AnswersACommandFromTheFirstSourceThatHasIt) {
   EXPECT_EQ(sources->CommandInfo(Command("foo", "baz"))->description, "only");
 }
 
-TEST(CliQueries, KeepsTheLaterOfTwoCommandsOfOneIdentity) {
+TEST(RepeatedCommand, LastOneWins) {
   const CliSources sources{
       {"foo", CliFile({CommandNode("foo", "bar", "earlier"), CommandNode("foo", "bar", "later")})}};
   EXPECT_EQ(CliTexts(sources->ListCommands(boost::none)), Lines{"foo:bar"});
   EXPECT_EQ(sources->CommandInfo(Command("foo", "bar"))->description, "later");
 }
 
-TEST(CliQueries, DoesNotMakeNamespacesOfCommands) {
+TEST(CliQueries, ImplyNoNamespacesOfCommands) {
   const CliSources sources{{"foo", CliFile({CommandNode("a.b", "c")})}};
   EXPECT_TRUE(sources->ListNamespaces().empty());
   EXPECT_EQ(sources->NamespaceInfo(Namespace("a", "b")), nullptr);
   EXPECT_EQ(sources->NamespaceInfo(Namespace("a.b", "c")), nullptr);
 }
 
-TEST(CliQueries, DoesNotKnowWhatNoSourceHasNorANullIdentity) {
+TEST(CliQueries, ReturnNullForUnknownAndNullIdentities) {
   const CliSources sources{{"foo", CliFile({NamespaceNode("", "foo"), CommandNode("foo", "bar")})}};
   EXPECT_EQ(sources->NamespaceInfo(Namespace("foo", "bar")), nullptr);
   EXPECT_EQ(sources->NamespaceInfo(Namespace("", "Foo")), nullptr);
@@ -134,7 +134,7 @@ TEST(CliQueries, DoesNotKnowWhatNoSourceHasNorANullIdentity) {
   EXPECT_EQ(sources->CommandInfo(nullptr), nullptr);
 }
 
-TEST(CliQueries, DigestsTheDigestsOfTheFilesInIdOrder) {
+TEST(CliFingerprint, CombinesTheDigestsOfTheFilesInIdOrder) {
   const std::string foo = CliFile({NamespaceNode("", "foo")});
   const std::string bar = CliFile({CommandNode("foo", "bar")}) + "\n";
   const CliSources sources{{"2", foo}, {"1", bar}};
@@ -146,7 +146,7 @@ TEST(CliQueries, DigestsTheDigestsOfTheFilesInIdOrder) {
   EXPECT_EQ(sources->SourceFingerprint(std::string("2")), Md5(Md5(foo)));
 }
 
-TEST(CliQueries, DigestsOneSourceAsTheDigestOfItsFilesDigestInHex) {
+TEST(CliFingerprint, IsTheDigestOfTheHexDigestOfTheFile) {
   const std::string file = R"({"cli": []})";
   const CliSources sources{{"foo", file}};
   EXPECT_EQ(Md5(file), "b09625fbc0bb3879746960f4ad234b8e");
@@ -156,7 +156,7 @@ TEST(CliQueries, DigestsOneSourceAsTheDigestOfItsFilesDigestInHex) {
   EXPECT_EQ(sources->SourceFingerprint(std::string("foo")), kExpected);
 }
 
-TEST(CliQueries, ChangesItsFingerprintsOnlyWithAReload) {
+TEST(CliFingerprint, ChangesOnlyWithAReload) {
   const CliSources sources{{"foo", CliFile({})}};
   const std::string before = sources->CommandFingerprint();
   const std::string changed = CliFile({NamespaceNode("", "foo")});
@@ -170,7 +170,7 @@ TEST(CliQueries, ChangesItsFingerprintsOnlyWithAReload) {
   EXPECT_EQ(sources->SourceFingerprint(boost::none), Md5(Md5(changed)));
 }
 
-TEST(CliQueries, LeavesRecordsHandedOutAsTheyAre) {
+TEST(CliQueries, ReturnRecordsThatDoNotChange) {
   const CliSources sources{{"foo", CliFile({NamespaceNode("", "foo", "old")})}};
   const auto before = sources->NamespaceInfo(Namespace("", "foo"));
   sources.Write("foo", CliFile({NamespaceNode("", "foo", "new"), NamespaceNode("foo", "bar")}));

@@ -76,30 +76,30 @@ TEST(CliCommandService, ListsTheCommandsOfOneNamespace) {
             (Lines{"a:list", "a:list"}));
 }
 
-TEST(CliCommandService, TakesAnEmptyNamespaceForAFilterLikeAnyOther) {
+TEST(CliCommandService, AcceptsAnEmptyNamespaceAsAFilter) {
   EXPECT_EQ(CliTexts(ValueOf(ListCommands(Colliding(), std::string()))), Lines{":top"});
   EXPECT_EQ(ErrorOf(ListCommands(CliSources(), std::string())), NamespaceNotFound(""));
 }
 
-TEST(CliCommandService, DoesNotFindANamespaceWithoutCommandsOfItsOwn) {
+TEST(CliCommandService, ReportsANamespaceWithoutCommands) {
   const CliSources sources = Colliding();
   for (const std::string path : {"a.b", "A", "a.", "a.b.c.list", "list", " a", "nowhere"}) {
     EXPECT_EQ(ErrorOf(ListCommands(sources, path)), NamespaceNotFound(path)) << path;
   }
 }
 
-TEST(CliCommandService, WithoutSourcesListsNothingSuccessfully) {
+TEST(CliCommandService, ListsNothingWithoutSources) {
   EXPECT_EQ(CliTexts(ValueOf(ListCommands(CliSources(), boost::none))), Lines());
 }
 
-TEST(CliCommandService, GetsTheRecordOfTheFirstSource) {
+TEST(CliCommandService, DeliversTheRecordOfTheFirstSource) {
   const CliSources sources = Colliding();
   const auto command = ValueOf(GetCommand(sources, "a", "list"));
   EXPECT_EQ(CliText(*command), R"(command a:list "first" "" "" none)");
   EXPECT_EQ(command, sources->CommandInfo(command->identity));
 }
 
-TEST(CliCommandService, NamesTheCommandItDoesNotFindInFull) {
+TEST(CliCommandService, ReportsAnUnknownCommandByItsFullName) {
   struct Row {
     const char* path;
     const char* name;
@@ -116,11 +116,11 @@ TEST(CliCommandService, NamesTheCommandItDoesNotFindInFull) {
   }
 }
 
-TEST(CliCommandService, DoesNotFindANullIdentity) {
+TEST(CliCommandService, ReportsANullIdentity) {
   EXPECT_EQ(ErrorForNull<CommandService>(Colliding()), CommandNotFound(""));
 }
 
-TEST(CliCommandService, DeliversTheFingerprintOfAllSourcesOrOfNone) {
+TEST(CliCommandService, DeliversTheFingerprintOfAllSources) {
   const CliSources sources = Colliding();
   EXPECT_EQ(Fingerprint<CommandService>(sources), sources->CommandFingerprint());
   EXPECT_EQ(Fingerprint<CommandService>(CliSources()), kDigestOfNothing);
@@ -134,28 +134,28 @@ TEST(CliNamespaceService, ListsWhatTheContainerLists) {
   EXPECT_EQ(namespaces, sources->ListNamespaces());
 }
 
-TEST(CliNamespaceService, WithoutSourcesListsNothingSuccessfully) {
+TEST(CliNamespaceService, ListsNothingWithoutSources) {
   NamespaceService service(CliSources().Shared());
   EXPECT_EQ(CliTexts(ValueOf(Ask(service, &NamespaceService::List))), Lines());
 }
 
-TEST(CliNamespaceService, GetsTheRootThatListsItself) {
+TEST(CliNamespaceService, DeliversTheRoot) {
   EXPECT_EQ(CliText(*ValueOf(GetNamespace(Colliding(), "", ""))),
             R"(namespace : "Root namespace" [:a, :])");
 }
 
-TEST(CliNamespaceService, WithoutSourcesDoesNotFindTheRoot) {
+TEST(CliNamespaceService, HasNoRootWithoutSources) {
   EXPECT_EQ(ErrorOf(GetNamespace(CliSources(), "", "")), NamespaceNotFound(""));
 }
 
-TEST(CliNamespaceService, GetsTheRecordOfTheFirstSource) {
+TEST(CliNamespaceService, DeliversTheRecordOfTheFirstSource) {
   const CliSources sources = Colliding();
   const auto info = ValueOf(GetNamespace(sources, "", "a"));
   EXPECT_EQ(CliText(*info), R"(namespace :a "a namespace" [a:b])");
   EXPECT_EQ(info, sources->NamespaceInfo(info->identity));
 }
 
-TEST(CliNamespaceService, NamesTheNamespaceItDoesNotFindInFull) {
+TEST(CliNamespaceService, ReportsAnUnknownNamespaceByItsFullName) {
   struct Row {
     const char* path;
     const char* name;
@@ -174,11 +174,11 @@ TEST(CliNamespaceService, NamesTheNamespaceItDoesNotFindInFull) {
   }
 }
 
-TEST(CliNamespaceService, DoesNotFindANullIdentity) {
+TEST(CliNamespaceService, ReportsANullIdentity) {
   EXPECT_EQ(ErrorForNull<NamespaceService>(Colliding()), NamespaceNotFound(""));
 }
 
-TEST(CliNamespaceService, DeliversTheFingerprintOfAllSourcesOrOfNone) {
+TEST(CliNamespaceService, DeliversTheFingerprintOfAllSources) {
   const CliSources sources = Colliding();
   EXPECT_EQ(Fingerprint<NamespaceService>(sources), sources->NamespaceFingerprint());
   EXPECT_EQ(Fingerprint<NamespaceService>(CliSources()), kDigestOfNothing);

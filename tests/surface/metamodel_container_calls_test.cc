@@ -121,7 +121,7 @@ void ExpectOutcome(const Outcome& outcome, const Outcome& expected, const Row& r
   EXPECT_EQ(outcome.errors, expected.errors) << row.container_call;
 }
 
-TEST(EveryMetamodelOperation, CallsOneOperationOfTheContainerWithItsArguments) {
+TEST(EveryMetamodelOperation, CallsTheContainerOnce) {
   for (const auto& row : Rows()) {
     for (const auto mood : {FakeMood::kKnowsAll, FakeMood::kKnowsNothing}) {
       const auto container = std::make_shared<FakeContainer>(mood);
@@ -143,7 +143,7 @@ TEST(EveryMetamodelOperation, DeliversOnceExceptTheSuccessOfAChange) {
   }
 }
 
-TEST(EveryMetamodelOperation, PassesOnAnExceptionOfTheContainerAndDeliversNothing) {
+TEST(EveryMetamodelOperation, PassesOnAnExceptionAndDeliversNothing) {
   for (const auto& row : Rows()) {
     const auto container = std::make_shared<FakeContainer>(FakeMood::kThrows);
     Outcome outcome;
@@ -157,7 +157,7 @@ TEST(EveryMetamodelOperation, PassesOnAnExceptionOfTheContainerAndDeliversNothin
   }
 }
 
-TEST(EveryMetamodelOperation, ThrowsWhenItHasSomethingToDeliverAndNowhereToDeliverIt) {
+TEST(EveryMetamodelOperation, ThrowsOnAnEmptyResultOnlyIfItDelivers) {
   for (const auto& row : Rows()) {
     const auto unknowing = std::make_shared<FakeContainer>(FakeMood::kKnowsNothing);
     EXPECT_THROW(row.call_without_result(unknowing), std::bad_function_call) << row.container_call;
@@ -195,7 +195,7 @@ class MetamodelAnswers : public testing::Test {
   const std::shared_ptr<FakeContainer> container_ = std::make_shared<FakeContainer>();
 };
 
-TEST_F(MetamodelAnswers, ThatAreListsAreDeliveredAsTheContainerGivesThem) {
+TEST_F(MetamodelAnswers, KeepTheListsOfTheContainer) {
   EXPECT_EQ(Value(&ComponentService::List), container_->names);
   EXPECT_EQ(Value(&EnumerationService::List), container_->names);
   EXPECT_EQ(Value(&PackageService::List), container_->names);
@@ -208,7 +208,7 @@ TEST_F(MetamodelAnswers, ThatAreListsAreDeliveredAsTheContainerGivesThem) {
   EXPECT_EQ(Value(&ModelService::List, "x"), container_->set);
 }
 
-TEST_F(MetamodelAnswers, ThatAreRecordsAreDeliveredAsTheContainerGivesThem) {
+TEST_F(MetamodelAnswers, KeepTheRecordsOfTheContainer) {
   EXPECT_EQ(Value(&ComponentService::Get, "x"), container_->component);
   EXPECT_EQ(Value(&EnumerationService::Get, "x"), container_->enumeration);
   EXPECT_EQ(Value(&PackageService::Get, "x"), container_->package);
@@ -218,12 +218,12 @@ TEST_F(MetamodelAnswers, ThatAreRecordsAreDeliveredAsTheContainerGivesThem) {
   EXPECT_EQ(Value(&SourceService::Get, "x"), container_->source);
 }
 
-TEST_F(MetamodelAnswers, ThatAreFingerprintsAreDeliveredAsTheContainerGivesThem) {
+TEST_F(MetamodelAnswers, KeepTheFingerprintsOfTheContainer) {
   EXPECT_EQ(Value(&ComponentService::Fingerprint, "x"), container_->fingerprint);
   EXPECT_EQ(Value(&SourceService::Fingerprint, boost::none), container_->fingerprint);
 }
 
-TEST(MetamodelChanges, DeliverTheVeryErrorOfTheContainer) {
+TEST(MetamodelChanges, DeliverTheErrorOfTheContainer) {
   const auto container = std::make_shared<FakeContainer>(FakeMood::kKnowsNothing);
   SourceService service(container);
   EXPECT_EQ(Ask(service, &SourceService::Create, "x", nullptr).error, container->error);
@@ -231,13 +231,13 @@ TEST(MetamodelChanges, DeliverTheVeryErrorOfTheContainer) {
   EXPECT_EQ(Ask(service, &SourceService::Reload, boost::none).error, container->error);
 }
 
-TEST(MetamodelFingerprint, OfAllSourcesThatIsEmptyIsNotFoundWithoutAnId) {
+TEST(EmptyFingerprint, IsReportedWithoutAnId) {
   SourceService service(std::make_shared<FakeContainer>(FakeMood::kKnowsNothing));
   EXPECT_EQ(ErrorOf(Ask(service, &SourceService::Fingerprint, boost::none)),
             SourceNotFound<MetamodelUnderTest>("--"));
 }
 
-TEST(MetamodelServicesTogether, KeepTheirContainerUntilTheLastOfThemIsGone) {
+TEST(MetamodelServicesTogether, KeepTheirContainerAlive) {
   auto container = std::make_shared<FakeContainer>();
   const std::weak_ptr<FakeContainer> observer = container;
   auto first = std::make_unique<ComponentService>(container);
@@ -250,7 +250,7 @@ TEST(MetamodelServicesTogether, KeepTheirContainerUntilTheLastOfThemIsGone) {
   EXPECT_TRUE(observer.expired());
 }
 
-TEST(MetamodelServicesTogether, MayBeCalledThroughTheirInterface) {
+TEST(MetamodelServicesTogether, CanBeCalledThroughTheirInterface) {
   ComponentService service(std::make_shared<FakeContainer>());
   Bindings::Metamodel::ComponentSvc::AsyncServiceInterface& interface = service;
   Delivery<std::string> delivery;

@@ -53,7 +53,7 @@ Part FullPackage(const std::string& package, const std::string& prefix) {
                      Structure("t", {Enumeration(prefix + ".r.t.4")})})});
 }
 
-TEST(ListEnumerations, OfOnePackageNamesTheFourPlacesOneAfterTheOther) {
+TEST(ListEnumerations, ListsTheFourPlacesOfAPackageInTurn) {
   const ComponentSources sources{{"a", Component("c", {FullPackage("p", "p")})}};
   EXPECT_THAT(sources->ListEnumerations(), ElementsAre("p.1", "p.1a",               //
                                                        "p.r.2", "p.s.2", "p.s.2a",  //
@@ -61,7 +61,7 @@ TEST(ListEnumerations, OfOnePackageNamesTheFourPlacesOneAfterTheOther) {
                                                        "p.r.t.4", "p.r.v.4", "p.s.t.4"));
 }
 
-TEST(ListEnumerations, GoesThroughAllSourcesForEachOfTheFourPlaces) {
+TEST(ListEnumerations, WalksAllSourcesForEachPlace) {
   const ComponentSources sources{
       {"c", Component("x", {FullPackage("p", "c")})},
       {"b", Component("z", {FullPackage("p", "b")})},
@@ -79,7 +79,7 @@ TEST(ListEnumerations, GoesThroughAllSourcesForEachOfTheFourPlaces) {
   EXPECT_THAT(sources->ListEnumerations(), testing::ElementsAreArray(names));
 }
 
-TEST(ListEnumerations, NamesARepeatedNameAsOftenAsItIsDefined) {
+TEST(ListEnumerations, ListsARepeatedNameEachTime) {
   const Part package =
       Package("p", {Enumeration("e"), Structure("t", {Enumeration("e")}),
                     Service("s", {Enumeration("e"), Structure("t", {Enumeration("e")})})});
@@ -88,7 +88,7 @@ TEST(ListEnumerations, NamesARepeatedNameAsOftenAsItIsDefined) {
   EXPECT_THAT(sources->ListEnumerations(), ElementsAre("e", "e", "e", "e", "e", "e", "e", "e"));
 }
 
-TEST(ListEnumerations, NamesNoneOfPackagesWithoutAny) {
+TEST(ListEnumerations, SkipsPackagesWithoutEnumerations) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("s", {Structure("t")}), Structure("t")})})}};
   EXPECT_THAT(sources->ListEnumerations(), IsEmpty());
@@ -103,7 +103,7 @@ TEST(EnumerationInfo, IsFoundInEachOfTheFourPlaces) {
   }
 }
 
-TEST(EnumerationInfo, OfAnEarlierPlaceWinsEvenInALaterSource) {
+TEST(EnumerationInfo, PrefersAnEarlierPlaceInALaterSource) {
   for (std::size_t sooner = 0; sooner < kPlaces.size(); ++sooner) {
     for (std::size_t later = sooner + 1; later < kPlaces.size(); ++later) {
       const auto& winner = kPlaces[sooner];
@@ -118,7 +118,7 @@ TEST(EnumerationInfo, OfAnEarlierPlaceWinsEvenInALaterSource) {
   }
 }
 
-TEST(EnumerationInfo, OfAnEarlierPlaceWinsEvenInALaterPackage) {
+TEST(EnumerationInfo, PrefersAnEarlierPlaceInALaterPackage) {
   for (std::size_t sooner = 0; sooner < kPlaces.size(); ++sooner) {
     for (std::size_t later = sooner + 1; later < kPlaces.size(); ++later) {
       const auto& winner = kPlaces[sooner];
@@ -131,7 +131,7 @@ TEST(EnumerationInfo, OfAnEarlierPlaceWinsEvenInALaterPackage) {
   }
 }
 
-TEST(EnumerationInfo, OfOnePlaceIsThatOfTheFirstSourceThenOfTheFirstPackage) {
+TEST(EnumerationInfo, PrefersTheFirstSourceThenTheFirstPackage) {
   for (const auto& place : kPlaces) {
     const ComponentSources sources{
         {"c", Component("x", {place.package("p", Enumeration("e").Doc("c"))})},
@@ -146,21 +146,21 @@ TEST(EnumerationInfo, OfOnePlaceIsThatOfTheFirstSourceThenOfTheFirstPackage) {
   }
 }
 
-TEST(EnumerationInfo, OfServicesIsThatOfTheFirstService) {
+TEST(EnumerationInfo, PrefersTheFirstService) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("t", {Enumeration("e").Doc("t")}),
                                           Service("s", {Enumeration("e").Doc("s")})})})}};
   EXPECT_EQ(DocOf(sources->EnumerationInfo("e")), "s");
 }
 
-TEST(EnumerationInfo, OfStructuresIsThatOfTheFirstStructure) {
+TEST(EnumerationInfo, PrefersTheFirstStructure) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Structure("u", {Enumeration("e").Doc("u")}),
                                           Structure("t", {Enumeration("e").Doc("t")})})})}};
   EXPECT_EQ(DocOf(sources->EnumerationInfo("e")), "t");
 }
 
-TEST(EnumerationInfo, OfStructuresOfServicesIsThatOfTheFirstServiceThenOfTheFirstStructure) {
+TEST(EnumerationInfo, PrefersTheFirstServiceThenItsFirstStructure) {
   const ComponentSources sources{
       {"a",
        Component("c",
@@ -170,7 +170,7 @@ TEST(EnumerationInfo, OfStructuresOfServicesIsThatOfTheFirstServiceThenOfTheFirs
   EXPECT_EQ(DocOf(sources->EnumerationInfo("e")), "s.b");
 }
 
-TEST(EnumerationInfo, IsTheFirstOfARepeatedNameInAFile) {
+TEST(EnumerationInfo, KeepsTheFirstOfARepeatedNameInAFile) {
   for (const auto& place : kPlaces) {
     const ComponentSources sources{
         {"a", Component("c", {place.package("p", Enumeration("e").Doc("1")),
@@ -180,7 +180,7 @@ TEST(EnumerationInfo, IsTheFirstOfARepeatedNameInAFile) {
   }
 }
 
-TEST(EnumerationInfo, KeepsItsValuesInTheOrderOfTheFileRepeatedOnesToo) {
+TEST(EnumerationInfo, KeepsTheOrderAndRepeatsOfValues) {
   const ComponentSources sources{
       {"a",
        Component("c", {Package("p", {Enumeration("e", {EnumerationValue("B"), EnumerationValue("A"),

@@ -45,7 +45,7 @@ const std::vector<Change> kChanges = {
     {R"("STRING")", "null", InvalidFieldError("primitive_type")},
 };
 
-TEST(MetamodelFailures, AreReportedWithOneMessageThatNamesTheKey) {
+TEST(MetamodelFailures, ReportTheKeyOnce) {
   const std::string good =
       MetamodelFile(Component("c", {Package("p", {Structure("t", {Field("f")})})}));
   ASSERT_EQ(MetamodelSources().Create("m", good), Lines());
@@ -57,7 +57,7 @@ TEST(MetamodelFailures, AreReportedWithOneMessageThatNamesTheKey) {
   }
 }
 
-TEST(MetamodelFailures, CarryEveryMessageInTheOrderFound) {
+TEST(MetamodelFailures, ReportMessagesInOrder) {
   const Part tolerated = Structure("t", {Constant("NAME")});
   const std::string text =
       Replaced(Replaced(MetamodelFile(Component("c", {Package("p", {tolerated})})),
@@ -68,7 +68,7 @@ TEST(MetamodelFailures, CarryEveryMessageInTheOrderFound) {
                    MissingFieldError("services").back()}));
 }
 
-TEST(MetamodelFailures, ThatAreToleratedAreNotReported) {
+TEST(MetamodelFailures, ReportNothingIfTolerated) {
   const std::string text =
       Replaced(MetamodelFile(Component("c", {Package("p", {Structure("t", {Constant("NAME")})})})),
                R"("value": "")", R"("value": 1)");
@@ -78,7 +78,7 @@ TEST(MetamodelFailures, ThatAreToleratedAreNotReported) {
   EXPECT_EQ(constants.at("NAME")->value->primitive_value, nullptr);
 }
 
-TEST(MetamodelFailures, OfOneSourceLeaveTheOthersAlone) {
+TEST(MetamodelFailures, DoNotAffectOtherSources) {
   const ComponentSources sources{{"a", Component("c", {Package("p")})}};
   EXPECT_EQ(sources.Create("b", R"({"metamodel": {"component": {"name": "d"}}})"),
             MissingFieldError("documentation"));

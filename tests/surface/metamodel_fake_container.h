@@ -27,7 +27,7 @@ class FakeFailure : public std::runtime_error {
 /// How a fake container answers.
 enum class FakeMood {
   kKnowsAll,      // with the member that is there for it; changes succeed
-  kKnowsNothing,  // with what stands for an unknown key; changes fail with `error`
+  kKnowsNothing,  // with the result for an unknown key; changes fail with `error`
   kThrows,        // not at all
 };
 

@@ -1,3 +1,4 @@
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -55,14 +56,14 @@ class MetamodelOwnMetadata : public testing::Test {
       Metamodel::MetadataContainer::GetInstance();
 };
 
-TEST_F(MetamodelOwnMetadata, DescribesOneComponentWithAPackageForEachDomain) {
+TEST_F(MetamodelOwnMetadata, HasAPackageForEachDomain) {
   EXPECT_THAT(container_->ListComponents(), testing::ElementsAre(kComponent));
   for (const auto& domain : DomainNames()) {
     EXPECT_NE(container_->PackageInfo(kComponent + '.' + domain), nullptr) << domain;
   }
 }
 
-TEST_F(MetamodelOwnMetadata, HasEveryServiceOfTheBindingsAndNoOther) {
+TEST_F(MetamodelOwnMetadata, HasExactlyTheServicesOfTheBindings) {
   std::set<std::string> expected;
   for (const auto& domain : DomainNames()) {
     for (const auto& [name, operations] : ScanBindings(domain).services) {
@@ -83,7 +84,7 @@ TEST_F(MetamodelOwnMetadata, HasEveryOperationWithItsParametersInOrder) {
       for (const auto& [operation_id, parameters] : operations) {
         const auto operation = container_->OperationInfo(service_id, operation_id);
         ASSERT_NE(operation, nullptr) << service_id << ' ' << operation_id;
-        Names described;
+        Lines described;
         for (const auto& field : operation->params) described.push_back(field->name);
         EXPECT_EQ(described, parameters) << service_id << ' ' << operation_id;
       }
@@ -91,7 +92,7 @@ TEST_F(MetamodelOwnMetadata, HasEveryOperationWithItsParametersInOrder) {
   }
 }
 
-TEST_F(MetamodelOwnMetadata, HasEveryRecordWithItsMembersInOrderAndNoOther) {
+TEST_F(MetamodelOwnMetadata, HasExactlyTheRecordsOfTheBindings) {
   std::set<std::string> expected;
   for (const auto& domain : DomainNames()) {
     for (const auto& [name, members] : ScanBindings(domain).records) {
@@ -100,7 +101,7 @@ TEST_F(MetamodelOwnMetadata, HasEveryRecordWithItsMembersInOrderAndNoOther) {
       expected.insert(id);
       const auto structure = container_->StructureInfo(id);
       ASSERT_NE(structure, nullptr) << id;
-      Names described;
+      Lines described;
       for (const auto& field : structure->fields) described.push_back(field->name);
       EXPECT_EQ(described, members) << id;
     }
@@ -108,8 +109,9 @@ TEST_F(MetamodelOwnMetadata, HasEveryRecordWithItsMembersInOrderAndNoOther) {
   EXPECT_THAT(container_->ListStructures(), testing::UnorderedElementsAreArray(expected));
 }
 
-TEST_F(MetamodelOwnMetadata, HasEveryEnumerationWithItsValuesInOrderAndNoOther) {
-  const std::map<std::string, const char* const*> expected{
+/// Each enumeration of the bindings, below the component, and its texts.
+std::map<std::string, const char* const*> BoundEnumerations() {
+  return {
       {"source_type", Bindings::SourceType::Strings::values},
       {"metamodel.type.category", Bindings::Metamodel::TypeEnumerations::Category::Strings::values},
       {"metamodel.type.builtin_type",
@@ -129,6 +131,10 @@ TEST_F(MetamodelOwnMetadata, HasEveryEnumerationWithItsValuesInOrderAndNoOther) 
       {"cli.command.formatter_type", Bindings::Cli::CommandSvc::FormatterType::Strings::values},
       {"cli.command.generic_type", Bindings::Cli::CommandSvc::GenericType::Strings::values},
   };
+}
+
+TEST_F(MetamodelOwnMetadata, HasExactlyTheEnumerationsOfTheBindings) {
+  const auto expected = BoundEnumerations();
   EXPECT_EQ(container_->ListEnumerations().size(), expected.size());
   for (const auto& [name, texts] : expected) {
     const auto enumeration = container_->EnumerationInfo(kComponent + '.' + name);
@@ -142,7 +148,7 @@ TEST_F(MetamodelOwnMetadata, HasEveryEnumerationWithItsValuesInOrderAndNoOther) 
   }
 }
 
-TEST_F(MetamodelOwnMetadata, SaysOfEveryOperationAndFieldWhatItIs) {
+TEST_F(MetamodelOwnMetadata, DocumentsEveryOperationAndField) {
   for (const auto& service_id : container_->ListServices()) {
     for (const auto& [name, operation] : container_->ServiceInfo(service_id)->operations) {
       EXPECT_FALSE(operation->documentation.empty()) << service_id << ' ' << name;

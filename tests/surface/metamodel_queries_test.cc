@@ -43,13 +43,13 @@ TEST(EmptyMetamodel, FindsNothing) {
   EXPECT_EQ(sources->ComponentFingerprint(""), "");
 }
 
-TEST(ListComponents, NamesEveryComponentOncePerSourceInTheOrderOfTheSources) {
+TEST(ListComponents, WalksTheSources) {
   const ComponentSources sources{
       {"c", Component("z")}, {"a", Component("z")}, {"B", Component("y")}, {"b", Component("x")}};
   EXPECT_THAT(sources->ListComponents(), ElementsAre("y", "z", "x", "z"));
 }
 
-TEST(ComponentInfo, IsThatOfTheFirstSourceThatHasIt) {
+TEST(ComponentInfo, PrefersTheFirstSource) {
   const ComponentSources sources{{"b", Component("c").Doc("second")},
                                  {"a", Component("c").Doc("first")},
                                  {"c", Component("d").Doc("other")}};
@@ -62,7 +62,7 @@ TEST(ComponentInfo, IsThatOfTheFirstSourceThatHasIt) {
   EXPECT_EQ(DocOf(sources->ComponentInfo("c")), "none");
 }
 
-TEST(ComponentInfo, CarriesTheFingerprintOfItsOwnSource) {
+TEST(ComponentInfo, HasTheFingerprintOfItsSource) {
   const auto first = Component("c").Doc("first");
   const auto second = Component("c").Doc("second");
   const ComponentSources sources{{"b", second}, {"a", first}};
@@ -74,7 +74,7 @@ TEST(ComponentInfo, CarriesTheFingerprintOfItsOwnSource) {
   EXPECT_EQ(sources->ComponentFingerprint("d"), "");
 }
 
-TEST(ListPackages, WalksTheSourcesThenTheirPackagesByName) {
+TEST(ListPackages, WalksSourcesThenPackages) {
   const ComponentSources sources{
       {"c", Component("z", {Package("r"), Package("p")})},
       {"b", Component("y", {Package("p"), Package("P")})},
@@ -82,7 +82,7 @@ TEST(ListPackages, WalksTheSourcesThenTheirPackagesByName) {
   EXPECT_THAT(sources->ListPackages(), ElementsAre("", "p", "p.a", "q", "P", "p", "p", "r"));
 }
 
-TEST(PackageInfo, IsTheFirstOfItsName) {
+TEST(PackageInfo, PrefersTheFirstSource) {
   const ComponentSources sources{{"c", Component("x", {Package("q").Doc("c")})},
                                  {"b", Component("y", {Package("p").Doc("b")})},
                                  {"a", Component("z", {Package("p").Doc("a")})}};
@@ -92,7 +92,7 @@ TEST(PackageInfo, IsTheFirstOfItsName) {
   EXPECT_EQ(DocOf(sources->PackageInfo("p")), "b");
 }
 
-TEST(ListServices, WalksTheSourcesThenTheirPackagesThenTheirServices) {
+TEST(ListServices, WalksSourcesThenPackagesThenServices) {
   const ComponentSources sources{
       {"c", Component("z", {Package("p", {Service("s")})})},
       {"b", Component("y", {Package("p", {Service("s")})})},
@@ -101,7 +101,7 @@ TEST(ListServices, WalksTheSourcesThenTheirPackagesThenTheirServices) {
   EXPECT_THAT(sources->ListServices(), ElementsAre("S", "s", "t", "a", "s", "s", "s"));
 }
 
-TEST(ServiceInfo, IsThatOfTheFirstPackageThatHasIt) {
+TEST(ServiceInfo, PrefersTheFirstPackage) {
   const ComponentSources sources{
       {"a", Component("c", {Package("q", {Service("s").Doc("q"), Service("t").Doc("only")}),
                             Package("p", {Service("s").Doc("p")})})}};
@@ -109,7 +109,7 @@ TEST(ServiceInfo, IsThatOfTheFirstPackageThatHasIt) {
   EXPECT_EQ(DocOf(sources->ServiceInfo("t")), "only");
 }
 
-TEST(ServiceInfo, IsThatOfTheFirstSourceEvenInALaterPackage) {
+TEST(ServiceInfo, PrefersTheFirstSourceEvenInALaterPackage) {
   const ComponentSources sources{
       {"c", Component("a", {Package("p", {Service("s").Doc("c"), Service("t").Doc("only")})})},
       {"b", Component("b", {Package("p", {Service("s").Doc("b")})})},
@@ -120,7 +120,7 @@ TEST(ServiceInfo, IsThatOfTheFirstSourceEvenInALaterPackage) {
   EXPECT_EQ(DocOf(sources->ServiceInfo("s")), "b");
 }
 
-TEST(ListOperations, NamesThoseOfTheFirstServiceInOrder) {
+TEST(ListOperations, ListsTheOperationsOfTheFirstService) {
   const ComponentSources sources{
       {"b", Component("c", {Package("p", {Service("s", {Operation("x")})})})},
       {"a", Component("c", {Package("q", {Service("s", {Operation("y")})}),
@@ -131,7 +131,7 @@ TEST(ListOperations, NamesThoseOfTheFirstServiceInOrder) {
   EXPECT_THAT(*operations, ElementsAre("", "Get", "get", "o"));
 }
 
-TEST(ListOperations, OfAServiceWithoutAnyIsAnEmptyList) {
+TEST(ListOperations, IsEmptyForAServiceWithoutOperations) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("s")})})},
       {"b", Component("c", {Package("p", {Service("s", {Operation("o")})})})}};
@@ -140,7 +140,7 @@ TEST(ListOperations, OfAServiceWithoutAnyIsAnEmptyList) {
   EXPECT_THAT(*operations, IsEmpty());
 }
 
-TEST(ListOperations, OfAnUnknownServiceIsNoList) {
+TEST(ListOperations, ReturnsNoListForAnUnknownService) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("s", {Operation("o")})})})}};
   for (const std::string service : {"", "S", "p", "p.s", "o", "c"}) {
@@ -148,7 +148,7 @@ TEST(ListOperations, OfAnUnknownServiceIsNoList) {
   }
 }
 
-TEST(OperationInfo, IsThatOfTheFirstService) {
+TEST(OperationInfo, PrefersTheFirstService) {
   const ComponentSources sources{
       {"b", Component("c", {Package("p", {Service("s", {Operation("o").Doc("b")})})})},
       {"a", Component("c", {Package("q", {Service("s", {Operation("o").Doc("q")})}),
@@ -156,7 +156,7 @@ TEST(OperationInfo, IsThatOfTheFirstService) {
   EXPECT_EQ(DocOf(sources->OperationInfo("s", "o")), "p");
 }
 
-TEST(OperationInfo, IsNotLookedForInLaterServicesOfTheName) {
+TEST(OperationInfo, IgnoresLaterServicesOfTheName) {
   const ComponentSources sources{
       {"a", Component("c", {Package("q", {Service("s", {Operation("o")})}),
                             Package("p", {Service("s", {Operation("x")})})})},
@@ -165,7 +165,7 @@ TEST(OperationInfo, IsNotLookedForInLaterServicesOfTheName) {
   EXPECT_NE(sources->OperationInfo("s", "x"), nullptr);
 }
 
-TEST(OperationInfo, IsNotFoundForAnUnknownServiceOrOperation) {
+TEST(OperationInfo, IsNullForAnUnknownServiceOrOperation) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("s", {Operation("o")}),
                                           Service("t", {Operation("u")})})})}};
@@ -178,7 +178,7 @@ TEST(OperationInfo, IsNotFoundForAnUnknownServiceOrOperation) {
   EXPECT_EQ(sources->OperationInfo("o", "s"), nullptr);
 }
 
-TEST(MetamodelLookups, TakeOnlyTheExactName) {
+TEST(MetamodelLookups, NeedTheExactName) {
   const ComponentSources sources{
       {"a",
        Component("a.c", {Package("a.p", {Service("a.s"), Structure("a.t"), Enumeration("a.e")})})}};
@@ -193,7 +193,7 @@ TEST(MetamodelLookups, TakeOnlyTheExactName) {
   }
 }
 
-TEST(MetamodelLookups, TakeNeitherPartsNorOtherCasesOfAName) {
+TEST(MetamodelLookups, RefusePartsAndOtherCasesOfAName) {
   const ComponentSources sources{
       {"a",
        Component("a.c", {Package("a.p", {Service("a.s"), Structure("a.t"), Enumeration("a.e")})})}};
@@ -208,7 +208,7 @@ TEST(MetamodelLookups, TakeNeitherPartsNorOtherCasesOfAName) {
   }
 }
 
-TEST(MetamodelLookups, TakeTheNamesOfTheirOwnKindOnly) {
+TEST(MetamodelLookups, RefuseNamesOfOtherKinds) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("s", {Operation("o")}), Structure("t"),
                                           Enumeration("e")})})}};
@@ -221,7 +221,7 @@ TEST(MetamodelLookups, TakeTheNamesOfTheirOwnKindOnly) {
   EXPECT_EQ(sources->EnumerationInfo("t"), nullptr);
 }
 
-TEST(MetamodelLookups, TellNamesApartThatDifferAfterAZeroByte) {
+TEST(MetamodelLookups, CompareNamesPastZeroBytes) {
   const ComponentSources sources{
       {"a", Component("x\\u0000", {Package("x\\u0000a"), Package("x\\u0000b").Doc("b")})}};
   EXPECT_NE(sources->ComponentInfo(std::string("x\0", 2)), nullptr);
@@ -247,7 +247,7 @@ TEST(MetamodelLookups, KeepTheFirstOfARepeatedNameInAFile) {
   EXPECT_EQ(DocOf(sources->OperationInfo("s", "o")), "1");
 }
 
-TEST(MetamodelLookups, HandOutTheSameRecordsWithoutCopies) {
+TEST(MetamodelLookups, ReturnRecordsWithoutCopies) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("s", {Operation("o")}), Structure("t"),
                                           Enumeration("e")})})}};
@@ -261,7 +261,7 @@ TEST(MetamodelLookups, HandOutTheSameRecordsWithoutCopies) {
   EXPECT_EQ(package->enumerations.at("e"), sources->EnumerationInfo("e"));
 }
 
-TEST(MetamodelLookups, HandOutRecordsThatOutliveTheirSource) {
+TEST(MetamodelLookups, ReturnRecordsThatOutliveTheirSource) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("s", {Operation("o").Doc("old")}),
                                           Structure("t", {Enumeration("e")}).Doc("old")})})}};
@@ -277,7 +277,7 @@ TEST(MetamodelLookups, HandOutRecordsThatOutliveTheirSource) {
   EXPECT_EQ(Dump(*operation) + Dump(*structure), before);
 }
 
-TEST(ListHiddens, IsEmptyWhateverIsLoaded) {
+TEST(ListHiddens, IsAlwaysEmpty) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("s", {Operation("o")})
                                               .Annotated(R"("Hidden": {"value": "true"})")})})}};
@@ -285,7 +285,7 @@ TEST(ListHiddens, IsEmptyWhateverIsLoaded) {
   EXPECT_THAT(sources->ListHiddens(), IsEmpty());
 }
 
-TEST(AComponentWithoutPackages, IsListedAndFound) {
+TEST(ComponentWithoutPackages, IsListedAndFound) {
   const ComponentSources sources{{"a", Component("c")}};
   EXPECT_THAT(sources->ListComponents(), ElementsAre("c"));
   ASSERT_NE(sources->ComponentInfo("c"), nullptr);

@@ -21,7 +21,7 @@ Models ModelsOf(const MetamodelSources& sources, const std::string& resource) {
   return sources->ListModels(resource).value();
 }
 
-TEST(ListResources, NamesTheResourcesOfAllSourcesOnceInOrder) {
+TEST(ListResources, ListsEachResourceOnceInOrder) {
   const ComponentSources sources{{"b", Component("c").Annotated(Resource("n"))},
                                  {"a", Component("c").Annotated(Resource("o"))},
                                  {"c", Component("d").Annotated(Resource("N"))},
@@ -33,14 +33,14 @@ TEST(ListResources, NamesTheResourcesOfAllSourcesOnceInOrder) {
   EXPECT_THAT(sources->ListResources(), ElementsAre("N", "n"));
 }
 
-TEST(ListResources, NamesEveryStringOfAList) {
+TEST(ListResources, ListsEveryStringOfAList) {
   const ComponentSources sources{
       {"a", Component("c").Annotated(R"("Resource": {"value": ["y", "x", "z", "x"]})")}};
   EXPECT_THAT(sources->ListResources(), ElementsAre("x", "y", "z"));
   EXPECT_THAT(ModelsOf(sources, "y"), IsEmpty());
 }
 
-TEST(ListResources, NamesThoseOfAnnotationsWhereverTheyAre) {
+TEST(ListResources, ReadsAnnotationsInEveryPlace) {
   const std::string note = Resource("r");
   const std::vector<Part> components = {
       Component("component").Annotated(note),
@@ -63,7 +63,7 @@ TEST(ListResources, NamesThoseOfAnnotationsWhereverTheyAre) {
   }
 }
 
-TEST(ListResources, NamesNothingOfAnnotationsThatOnlyLookAlike) {
+TEST(ListResources, IgnoresSimilarAnnotations) {
   for (const std::string annotation :
        {R"("Resource": {})", R"("Resource": {"values": "r"})", R"("resource": {"value": "r"})",
         R"("Resource": {"value": []})", R"("Model": {"value": "r"})",
@@ -73,7 +73,7 @@ TEST(ListResources, NamesNothingOfAnnotationsThatOnlyLookAlike) {
   }
 }
 
-TEST(ListResources, NamesNothingOfAFileThatIsRefusedFurtherOn) {
+TEST(ListResources, IgnoresRefusedFiles) {
   const ComponentSources sources{{"a", Component("c").Annotated(Resource("r"))}};
   const Part broken = Structure("u").Annotated(Resource("s") + R"(, "foo": 1)");
   EXPECT_EQ(sources.Create(
@@ -83,7 +83,7 @@ TEST(ListResources, NamesNothingOfAFileThatIsRefusedFurtherOn) {
   EXPECT_THAT(ModelsOf(sources, "r"), IsEmpty());
 }
 
-TEST(ListModels, NamesTheStructuresThatAreModelsOfTheResource) {
+TEST(ListModels, ListsTheModelsOfAResource) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {ModelOf("u", "r"), ModelOf("t", "r"), ModelOf("x", "o"),
                                           Service("s", {ModelOf("v", "r")})})})}};
@@ -92,7 +92,7 @@ TEST(ListModels, NamesTheStructuresThatAreModelsOfTheResource) {
   EXPECT_THAT(ModelsOf(sources, "o"), ElementsAre("x"));
 }
 
-TEST(ListModels, AreThoseOfTheLastSourceThatNamesTheResource) {
+TEST(ListModels, UsesTheLastSourceWithTheResource) {
   const ComponentSources sources{
       {"c", Component("x", {Package("p", {ModelOf("other", "o")})})},
       {"b", Component("y", {Package("p", {ModelOf("last", "r")})})},
@@ -103,7 +103,7 @@ TEST(ListModels, AreThoseOfTheLastSourceThatNamesTheResource) {
   EXPECT_THAT(ModelsOf(sources, "r"), ElementsAre("first", "second"));
 }
 
-TEST(ListModels, AreNoneWhenTheLastSourceNamesTheResourceWithoutAny) {
+TEST(ListModels, IsEmptyIfTheLastSourceHasNoModels) {
   const ComponentSources sources{{"a", Component("c", {Package("p", {ModelOf("t", "r")})})},
                                  {"b", Component("c").Annotated(Resource("r"))}};
   EXPECT_THAT(ModelsOf(sources, "r"), IsEmpty());
@@ -111,14 +111,14 @@ TEST(ListModels, AreNoneWhenTheLastSourceNamesTheResourceWithoutAny) {
   EXPECT_THAT(ModelsOf(sources, "r"), ElementsAre("t"));
 }
 
-TEST(ListModels, OfAnUnknownResourceIsNoSet) {
+TEST(ListModels, ReturnsNoSetForAnUnknownResource) {
   const ComponentSources sources{{"a", Component("c", {Package("p", {ModelOf("t", "r")})})}};
   for (const std::string resource : {"", "R", "t", "r.", "id"}) {
     EXPECT_FALSE(sources->ListModels(resource).has_value()) << resource;
   }
 }
 
-TEST(ListModels, AreKeptWhenTheResourceIsNamedAgain) {
+TEST(ListModels, KeepsModelsOfARepeatedResource) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {ModelOf("t", "r")}),
                             Package("q", {Structure("u").Annotated(Resource("r"))})})
@@ -126,7 +126,7 @@ TEST(ListModels, AreKeptWhenTheResourceIsNamedAgain) {
   EXPECT_THAT(ModelsOf(sources, "r"), ElementsAre("t"));
 }
 
-TEST(ListModels, NameAStructureOfTwoKeysForBothResources) {
+TEST(ListModels, ListsAStructureWithTwoKeysForBothResources) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Structure("t", {ModelKey("x", "q"), ModelKey("y", "r")})
                                               .Annotated(R"("Model": {})")})})}};
@@ -134,7 +134,7 @@ TEST(ListModels, NameAStructureOfTwoKeysForBothResources) {
   EXPECT_THAT(ModelsOf(sources, "r"), ElementsAre("t"));
 }
 
-TEST(ListModels, NeedTheModelAnnotationAndAModelKeyWithAResource) {
+TEST(ListModels, NeedsAModelAnnotationAndAKeyWithAResource) {
   const std::string key = R"("ModelKey": {})";
   const std::vector<Part> structures = {
       Structure("no model", {ModelKey("x", "r")}),
@@ -149,7 +149,7 @@ TEST(ListModels, NeedTheModelAnnotationAndAModelKeyWithAResource) {
   }
 }
 
-TEST(ListModels, EndAtTheFirstKeyWhoseResourceIsNotOneString) {
+TEST(ListModels, StopsAtTheFirstKeyWithoutASingleResource) {
   for (const std::string odd : {R"({"value": ["s"]})", "{}", R"({"value": []})"}) {
     const Part stop = Field("y").Annotated(R"("ModelKey": {}, "Resource": )" + odd);
     const ComponentSources sources{
@@ -162,7 +162,7 @@ TEST(ListModels, EndAtTheFirstKeyWhoseResourceIsNotOneString) {
   }
 }
 
-TEST(ListModels, NameAStructureThatIsNotListedBecauseItsNameWasTaken) {
+TEST(ListModels, ListsADroppedStructureOfARepeatedName) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Structure("t").Doc("1"), ModelOf("t", "r").Doc("2")})})}};
   EXPECT_EQ(DocOf(sources->StructureInfo("t")), "1");

@@ -51,7 +51,7 @@ class MetamodelServices : public testing::Test {
   StructureService structures_{sources_.Shared()};
 };
 
-TEST_F(MetamodelServices, ListWhatTheContainerListsRepeatedNamesIncluded) {
+TEST_F(MetamodelServices, ListRepeatedNames) {
   EXPECT_THAT(ValueOf(Ask(components_, &ComponentService::List)), ElementsAre("c", "c"));
   EXPECT_THAT(ValueOf(Ask(packages_, &PackageService::List)), ElementsAre("p", "p"));
   EXPECT_THAT(ValueOf(Ask(services_, &ServiceService::List)), ElementsAre("s", "s", "u"));
@@ -62,7 +62,7 @@ TEST_F(MetamodelServices, ListWhatTheContainerListsRepeatedNamesIncluded) {
   EXPECT_THAT(ValueOf(Ask(operations_, &OperationService::List, "s")), ElementsAre("n", "o"));
 }
 
-TEST_F(MetamodelServices, GetTheVeryRecordsOfTheContainer) {
+TEST_F(MetamodelServices, DeliverRecordsWithoutCopies) {
   EXPECT_EQ(ValueOf(Ask(components_, &ComponentService::Get, "c"))->info,
             sources_->ComponentInfo("c")->info);
   EXPECT_EQ(ValueOf(Ask(packages_, &PackageService::Get, "p")), sources_->PackageInfo("p"));
@@ -74,7 +74,7 @@ TEST_F(MetamodelServices, GetTheVeryRecordsOfTheContainer) {
             sources_->EnumerationInfo("e"));
 }
 
-TEST_F(MetamodelServices, GetAComponentWithItsFingerprintFromTheFirstSource) {
+TEST_F(MetamodelServices, DeliverTheComponentOfTheFirstSource) {
   const std::string digest = Md5(MetamodelFile(FirstComponent()));
   const auto component = ValueOf(Ask(components_, &ComponentService::Get, "c"));
   EXPECT_EQ(DocOf(component), "first");
@@ -82,7 +82,7 @@ TEST_F(MetamodelServices, GetAComponentWithItsFingerprintFromTheFirstSource) {
   EXPECT_EQ(ValueOf(Ask(components_, &ComponentService::Fingerprint, "c")), digest);
 }
 
-TEST_F(MetamodelServices, ReportWhatTheyDoNotKnowUnderItsKey) {
+TEST_F(MetamodelServices, ReportUnknownKeys) {
   for (const std::string key : {"x", "", "C", "a b", "%1%"}) {
     const std::string& id = key;
     EXPECT_EQ(ErrorOf(Ask(components_, &ComponentService::Get, id)),
@@ -104,7 +104,7 @@ TEST_F(MetamodelServices, ReportWhatTheyDoNotKnowUnderItsKey) {
   }
 }
 
-TEST_F(MetamodelServices, ReportAnUnknownOperationUnderItsServiceAndItsOwnKey) {
+TEST_F(MetamodelServices, ReportAnUnknownOperationWithItsService) {
   for (const std::string service : {"s", "u", "unknown", ""}) {
     EXPECT_EQ(ErrorOf(Ask(operations_, &OperationService::Get, service, "y")),
               NotFound<MetamodelUnderTest>("operation", "%1%[%2%]", {service, "y"}));
@@ -115,7 +115,7 @@ TEST_F(MetamodelServices, ReportAnUnknownOperationUnderItsServiceAndItsOwnKey) {
             NotFound<MetamodelUnderTest>("operation", "%1%[%2%]", {"s", "x"}));
 }
 
-TEST_F(MetamodelServices, TellAServiceWithoutOperationsFromAnUnknownOne) {
+TEST_F(MetamodelServices, DistinguishAnEmptyServiceFromAnUnknownOne) {
   EXPECT_THAT(ValueOf(Ask(operations_, &OperationService::List, "u")), IsEmpty());
   EXPECT_EQ(ErrorOf(Ask(operations_, &OperationService::List, "v")),
             NotFound<MetamodelUnderTest>("service", "v"));
@@ -125,7 +125,7 @@ TEST_F(MetamodelServices, HideNothing) {
   EXPECT_THAT(ValueOf(Ask(hidden_, &HiddenService::List)), IsEmpty());
 }
 
-TEST_F(MetamodelServices, SeeEveryChangeOfTheSourcesAtOnce) {
+TEST_F(MetamodelServices, SeeChangesOfTheSources) {
   SourceService service(sources_.Shared());
   EXPECT_EQ(Ask(service, &SourceService::Delete, "a").calls, 0);
   EXPECT_EQ(DocOf(ValueOf(Ask(components_, &ComponentService::Get, "c"))), "second");
@@ -136,7 +136,7 @@ TEST_F(MetamodelServices, SeeEveryChangeOfTheSourcesAtOnce) {
   EXPECT_THAT(ValueOf(Ask(components_, &ComponentService::List)), IsEmpty());
 }
 
-TEST_F(MetamodelServices, DeliverAnswersThatOutliveServicesAndContainer) {
+TEST_F(MetamodelServices, DeliverRecordsThatOutliveTheContainer) {
   std::shared_ptr<const Bindings::Metamodel::ServiceInfo> answer;
   {
     const ComponentSources sources{{"a", FirstComponent()}};
@@ -146,7 +146,7 @@ TEST_F(MetamodelServices, DeliverAnswersThatOutliveServicesAndContainer) {
   EXPECT_EQ(Dump(*answer), Dump(*sources_->ServiceInfo("s")));
 }
 
-TEST(MetamodelServicesOfAnEmptyContainer, DeliverEmptyListsAndReportEveryKey) {
+TEST(EmptyMetamodelServices, ListNothingAndReportEveryKey) {
   const auto container = Provider::MetadataContainer::GetInstance();
   ComponentService components(container);
   ResourceService resources(container);

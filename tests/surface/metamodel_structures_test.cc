@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(ListStructures, NamesAllOfPackagesBeforeAnyOfServices) {
+TEST(ListStructures, ListsPackagesBeforeServices) {
   const ComponentSources sources{
       {"c",
        Component("z", {Package("p", {Service("s", {Structure("c.p.s.1")}), Structure("c.p.1")})})},
@@ -30,27 +30,27 @@ TEST(ListStructures, NamesAllOfPackagesBeforeAnyOfServices) {
                           "a.p.s.1", "a.p.s.2", "a.p.t.1", "a.q.s.1", "b.p.s.1", "c.p.s.1"));
 }
 
-TEST(ListStructures, NamesARepeatedNameAsOftenAsItIsDefined) {
+TEST(ListStructures, ListsARepeatedNameEachTime) {
   const Part package = Package("p", {Structure("t"), Service("s", {Structure("t")})});
   const ComponentSources sources{{"a", Component("c", {package})},
                                  {"b", Component("c", {package})}};
   EXPECT_THAT(sources->ListStructures(), ElementsAre("t", "t", "t", "t"));
 }
 
-TEST(ListStructures, NamesNoneOfPackagesWithoutAny) {
+TEST(ListStructures, SkipsPackagesWithoutStructures) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("s", {Operation("o")}), Enumeration("e")})})}};
   EXPECT_THAT(sources->ListStructures(), IsEmpty());
 }
 
-TEST(StructureInfo, IsThatOfAPackageBeforeThatOfAServiceInTheSamePackage) {
+TEST(StructureInfo, PrefersAPackageToItsServices) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("s", {Structure("t").Doc("service")}),
                                           Structure("t").Doc("package")})})}};
   EXPECT_EQ(DocOf(sources->StructureInfo("t")), "package");
 }
 
-TEST(StructureInfo, IsThatOfAPackageEvenIfAServiceOfAnEarlierSourceHasIt) {
+TEST(StructureInfo, PrefersAPackageToAServiceOfAnEarlierSource) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Service("s", {Structure("t").Doc("service")})})})},
       {"b", Component("d", {Package("q", {Structure("t").Doc("package")})})}};
@@ -59,7 +59,7 @@ TEST(StructureInfo, IsThatOfAPackageEvenIfAServiceOfAnEarlierSourceHasIt) {
   EXPECT_EQ(DocOf(sources->StructureInfo("t")), "service");
 }
 
-TEST(StructureInfo, OfPackagesIsThatOfTheFirstSource) {
+TEST(StructureInfo, PrefersTheFirstSourceAmongPackages) {
   const ComponentSources sources{
       {"c", Component("x", {Package("p", {Structure("t").Doc("c")})})},
       {"b", Component("y", {Package("p", {Structure("t").Doc("b"), Structure("u").Doc("only")})})},
@@ -68,13 +68,13 @@ TEST(StructureInfo, OfPackagesIsThatOfTheFirstSource) {
   EXPECT_EQ(DocOf(sources->StructureInfo("u")), "only");
 }
 
-TEST(StructureInfo, OfPackagesIsThatOfTheFirstPackage) {
+TEST(StructureInfo, PrefersTheFirstPackage) {
   const ComponentSources sources{{"a", Component("c", {Package("q", {Structure("t").Doc("q")}),
                                                        Package("p", {Structure("t").Doc("p")})})}};
   EXPECT_EQ(DocOf(sources->StructureInfo("t")), "p");
 }
 
-TEST(StructureInfo, OfServicesIsThatOfTheFirstSource) {
+TEST(StructureInfo, PrefersTheFirstSourceAmongServices) {
   const ComponentSources sources{
       {"c", Component("x", {Package("p", {Service("s", {Structure("t").Doc("c")})})})},
       {"b", Component("y", {Package("p", {Service("s", {Structure("t").Doc("b")})})})},
@@ -82,7 +82,7 @@ TEST(StructureInfo, OfServicesIsThatOfTheFirstSource) {
   EXPECT_EQ(DocOf(sources->StructureInfo("t")), "a");
 }
 
-TEST(StructureInfo, OfServicesIsThatOfTheFirstPackageThenOfTheFirstService) {
+TEST(StructureInfo, PrefersTheFirstPackageThenTheFirstService) {
   const ComponentSources sources{
       {"a", Component("c", {Package("q", {Service("a", {Structure("t").Doc("q.a"),
                                                         Structure("u").Doc("q.a")})}),
@@ -92,7 +92,7 @@ TEST(StructureInfo, OfServicesIsThatOfTheFirstPackageThenOfTheFirstService) {
   EXPECT_EQ(DocOf(sources->StructureInfo("u")), "q.a");
 }
 
-TEST(StructureInfo, IsTheFirstOfARepeatedNameInAFile) {
+TEST(StructureInfo, KeepsTheFirstOfARepeatedNameInAFile) {
   const ComponentSources sources{
       {"a", Component("c", {Package("p", {Structure("t").Doc("1"), Structure("t").Doc("2")})})}};
   EXPECT_THAT(sources->ListStructures(), ElementsAre("t"));

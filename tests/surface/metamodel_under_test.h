@@ -68,7 +68,7 @@ class ComponentSources : public MetamodelSources {
   }
 };
 
-/// The documentation of a record, by which it is told from others of its name; "none" for no
+/// The documentation of a record, which distinguishes records of one name; "none" for no
 /// record.
 template <typename Record>
 std::string DocOf(const std::shared_ptr<const Record>& record) {

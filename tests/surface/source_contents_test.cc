@@ -36,7 +36,7 @@ class SourceContents : public testing::Test {
 
   static std::string Good() { return Domain::File("foo"); }
 
-  /// The root key as it stands in a good file.
+  /// The root key as in a good file.
   static std::string RootKey() { return "\"" + std::string(Domain::kRootKey) + "\""; }
 
   const Sources<Domain> sources_{};
@@ -60,7 +60,7 @@ TYPED_TEST(SourceContents, OfMoreBytesThanTheParserCountsLeaveTheOldDataOnReload
   EXPECT_THAT(this->sources_.Names(), ElementsAre("foo"));
 }
 
-/// What is no JSON, the code of the syntax error, and its offset.
+/// A text that is not JSON, the code of its syntax error and the offset.
 struct SyntaxError {
   std::string text;
   int code;
@@ -91,23 +91,23 @@ const std::vector<SyntaxError> kSyntaxErrors = {
     {"[1e]", 15, 3},
 };
 
-TYPED_TEST(SourceContents, ThatAreNoJsonAreASyntaxErrorWithItsCodeAndOffset) {
+TYPED_TEST(SourceContents, InvalidJsonReportsCodeAndOffset) {
   for (const auto& row : kSyntaxErrors) {
     this->ExpectRefused(row.text, ParseError<TypeParam>(row.code, row.offset));
   }
 }
 
-TYPED_TEST(SourceContents, BehindAByteOrderMarkAreASyntaxError) {
+TYPED_TEST(SourceContents, ByteOrderMarkIsASyntaxError) {
   this->ExpectRefused("\xef\xbb\xbf" + this->Good(), ParseError<TypeParam>(3, 0));
 }
 
-TYPED_TEST(SourceContents, WithMoreBehindThemAreASyntaxErrorThere) {
+TYPED_TEST(SourceContents, TrailingTextIsASyntaxError) {
   const std::string good = this->Good();
   this->ExpectRefused(good + "x", ParseError<TypeParam>(2, good.size()));
   this->ExpectRefused(good + "\n" + good, ParseError<TypeParam>(2, good.size() + 1));
 }
 
-TYPED_TEST(SourceContents, ThatEndTooEarlyAreASyntaxErrorWhereverTheyEnd) {
+TYPED_TEST(SourceContents, TruncationIsASyntaxErrorAtAnyByte) {
   const std::string good = this->Good();
   for (std::size_t size = 0; size < good.size(); ++size) {
     const auto error = this->sources_.Create("m", good.substr(0, size));
@@ -119,7 +119,7 @@ TYPED_TEST(SourceContents, ThatEndTooEarlyAreASyntaxErrorWhereverTheyEnd) {
   this->ExpectAccepted(good, "foo");
 }
 
-TYPED_TEST(SourceContents, WithoutTheRootKeyMissIt) {
+TYPED_TEST(SourceContents, MissingRootKeyIsReported) {
   const std::string good = this->Good();
   for (const std::string& text :
        {std::string("{}"), std::string("[]"), std::string("null"), std::string("true"),
@@ -129,48 +129,48 @@ TYPED_TEST(SourceContents, WithoutTheRootKeyMissIt) {
   }
 }
 
-TYPED_TEST(SourceContents, WithARootKeyOfAnotherTypeAreInvalid) {
+TYPED_TEST(SourceContents, RootKeyOfAnotherTypeIsInvalid) {
   for (const std::string value : {"null", "false", "1", "1.5", R"("foo")"}) {
     this->ExpectRefused("{" + this->RootKey() + ": " + value + "}", TypeParam::InvalidRoot());
   }
 }
 
-TYPED_TEST(SourceContents, WithARepeatedKeyCountTheFirst) {
+TYPED_TEST(SourceContents, RepeatedRootKeyUsesTheFirst) {
   const std::string good = this->Good();
   const std::string key = this->RootKey();
   this->ExpectAccepted(good.substr(0, good.size() - 1) + ", " + key + ": 1}", "foo");
   this->ExpectRefused("{" + key + ": 1, " + good.substr(1), TypeParam::InvalidRoot());
 }
 
-TYPED_TEST(SourceContents, WithAZeroByteInAKeyCountWhatStandsBeforeIt) {
+TYPED_TEST(SourceContents, KeysAreComparedUpToTheirFirstZeroByte) {
   const std::string key = std::string("\"") + TypeParam::kRootKey;
   this->ExpectAccepted(Replaced(this->Good(), this->RootKey(), key + R"(\u0000bar")"), "foo");
   this->ExpectRefused(Replaced(this->Good(), this->RootKey(), R"("\u0000bar")"),
                       MissingFieldError(TypeParam::kRootKey));
 }
 
-TYPED_TEST(SourceContents, WithUnknownKeysAreReadWithoutThem) {
+TYPED_TEST(SourceContents, UnknownKeysAreIgnored) {
   const std::string good = this->Good();
   this->ExpectAccepted(R"({"": [null, {"a": 1.5}], "foo": "bar", )" + good.substr(1), "foo");
 }
 
-TYPED_TEST(SourceContents, MayBeSurroundedByBlanks) {
+TYPED_TEST(SourceContents, SurroundingSpaceIsIgnored) {
   this->ExpectAccepted(" \t\r\n" + this->Good() + "\r\n\t ", "foo");
 }
 
-TYPED_TEST(SourceContents, EndAtAZeroByte) {
+TYPED_TEST(SourceContents, ZeroByteEndsTheText) {
   this->ExpectAccepted(this->Good() + '\0' + "{", "foo");
   this->ExpectRefused("{" + std::string(1, '\0') + this->Good().substr(1),
                       ParseError<TypeParam>(4, 1));
 }
 
-TYPED_TEST(SourceContents, KeepInvalidUtf8AsItStands) {
+TYPED_TEST(SourceContents, InvalidUtf8IsKept) {
   for (const std::string name : {"\xff\xfe", "\xc0\x80", "\xed\xa0\x80", "foo\xe2\x82", "\x80"}) {
     this->ExpectAccepted(TypeParam::File(name), name);
   }
 }
 
-TYPED_TEST(SourceContents, KeepWhatIsWrittenAsAnEscape) {
+TYPED_TEST(SourceContents, EscapesAreDecoded) {
   this->ExpectAccepted(TypeParam::File(R"(f\u0000o)"), std::string("f\0o", 3));
   this->ExpectAccepted(TypeParam::File(R"(\"\\\/\b\f\n\r\t)"), "\"\\/\b\f\n\r\t");
   this->ExpectAccepted(TypeParam::File(R"(\u00e9\u20AC\ud83d\ude00)"),

@@ -13,19 +13,19 @@ class SourceFingerprint : public testing::Test {};
 
 TYPED_TEST_SUITE(SourceFingerprint, DomainsUnderTest, DomainName);
 
-TYPED_TEST(SourceFingerprint, OfNoSourcesIsTheDigestOfNothing) {
+TYPED_TEST(SourceFingerprint, IsTheDigestOfNothingWithoutSources) {
   const Sources<TypeParam> sources;
   EXPECT_EQ(sources->SourceFingerprint(boost::none), kDigestOfNothing);
 }
 
-TYPED_TEST(SourceFingerprint, OfAnUnknownIdIsEmpty) {
+TYPED_TEST(SourceFingerprint, IsEmptyForAnUnknownId) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   for (const std::string id : {"", "M", "m ", "n"}) {
     EXPECT_EQ(sources->SourceFingerprint(Some(id)), "") << id;
   }
 }
 
-TYPED_TEST(SourceFingerprint, OfOneSourceIsTheDigestOfTheHexDigestOfItsFile) {
+TYPED_TEST(SourceFingerprint, IsTheDigestOfTheHexDigestOfTheFile) {
   const std::string text = TypeParam::File("foo");
   const Sources<TypeParam> sources{{"m", text}};
   EXPECT_EQ(sources->SourceFingerprint(Some("m")), Md5(Md5(text)));
@@ -33,7 +33,7 @@ TYPED_TEST(SourceFingerprint, OfOneSourceIsTheDigestOfTheHexDigestOfItsFile) {
   EXPECT_EQ(sources->SourceFingerprint(boost::none), Md5(Md5(text)));
 }
 
-TYPED_TEST(SourceFingerprint, OfAllSourcesIsTheDigestOfTheirDigestsInIdOrder) {
+TYPED_TEST(SourceFingerprint, CombinesTheDigestsOfAllSourcesInIdOrder) {
   const std::string foo = TypeParam::File("foo");
   const std::string bar = TypeParam::File("bar");
   const std::string qux = TypeParam::File("qux");
@@ -45,7 +45,7 @@ TYPED_TEST(SourceFingerprint, OfAllSourcesIsTheDigestOfTheirDigestsInIdOrder) {
   EXPECT_EQ(sources->SourceFingerprint(boost::none), Md5(Md5(qux) + Md5(foo)));
 }
 
-TYPED_TEST(SourceFingerprint, IsOfTheFileAndNeitherOfItsPathNorOfItsId) {
+TYPED_TEST(SourceFingerprint, DoesNotDependOnPathOrId) {
   const std::string text = TypeParam::File("foo");
   const Sources<TypeParam> sources{{"m", text}, {"n", text}};
   EXPECT_EQ(sources->SourceFingerprint(Some("m")), sources->SourceFingerprint(Some("n")));

@@ -80,13 +80,13 @@ class SourcePath : public testing::Test {
 
 TYPED_TEST_SUITE(SourcePath, DomainsUnderTest, DomainName);
 
-TYPED_TEST(SourcePath, OfNoFileIsNotFound) {
+TYPED_TEST(SourcePath, IsNotFoundWithoutAFile) {
   this->ExpectNotFound(this->Path("missing"));
   this->ExpectNotFound(this->Path("missing/foo"));
   this->ExpectNotFound("");
 }
 
-TYPED_TEST(SourcePath, ThatIsAbsentIsNotFoundAsTheEmptyPath) {
+TYPED_TEST(SourcePath, IsReportedAsEmptyIfAbsent) {
   EXPECT_EQ(this->sources_.CreateAt("m", boost::none), FileNotFound<TypeParam>(""));
   const auto with_address = std::make_shared<const typename TypeParam::CreateSpec>(
       "foo", SourceType::LOCAL_FILE, boost::none, std::string("bar"));
@@ -95,7 +95,7 @@ TYPED_TEST(SourcePath, ThatIsAbsentIsNotFoundAsTheEmptyPath) {
   EXPECT_THAT(this->sources_->ListSources(), IsEmpty());
 }
 
-TYPED_TEST(SourcePath, ThatCannotBeResolvedIsNotFound) {
+TYPED_TEST(SourcePath, IsNotFoundIfUnresolvable) {
   this->ExpectNotFound(this->Good("foo") + "/bar");
   this->ExpectNotFound(this->Path(std::string(300, 'x')));
   fs::create_symlink("nowhere", this->Path("dangling"));
@@ -104,32 +104,32 @@ TYPED_TEST(SourcePath, ThatCannotBeResolvedIsNotFound) {
   this->ExpectNotFound(this->Path("loop"));
 }
 
-TYPED_TEST(SourcePath, ThatMayNotBeReadIsNotFound) {
+TYPED_TEST(SourcePath, IsNotFoundWithoutPermission) {
   const std::string path = this->Good("foo");
   fs::permissions(path, fs::perms::none);
   const WithoutPrivileges nobody;
   this->ExpectNotFound(path);
 }
 
-TYPED_TEST(SourcePath, WithAZeroByteIsNotFoundAsAWhole) {
+TYPED_TEST(SourcePath, IsNotFoundWithAZeroByte) {
   const std::string path = this->Good("foo");
   this->ExpectNotFound(path + '\0');
   this->ExpectNotFound(path + '\0' + "bar");
   this->ExpectNotFound('\0' + path);
 }
 
-TYPED_TEST(SourcePath, OfAFolderIsReadAsAnEmptyFile) {
+TYPED_TEST(SourcePath, IsReadAsAnEmptyFileIfAFolder) {
   this->ExpectReadAsEmpty(this->Path(""));
   this->ExpectReadAsEmpty("/");
   fs::create_directory_symlink(this->Path(""), this->Path("link"));
   this->ExpectReadAsEmpty(this->Path("link"));
 }
 
-TYPED_TEST(SourcePath, OfAFileWhoseBytesCannotBeReadIsReadAsAnEmptyFile) {
+TYPED_TEST(SourcePath, IsReadAsAnEmptyFileIfUnreadable) {
   this->ExpectReadAsEmpty("/proc/self/mem");
 }
 
-TYPED_TEST(SourcePath, MayHoldAnyOtherBytes) {
+TYPED_TEST(SourcePath, MayHaveAnyOtherBytes) {
   this->ExpectCreated(this->Good(" a\nb\t\\\"%1%\xff\xc3\xa9.foo"));
 }
 
@@ -137,7 +137,7 @@ TYPED_TEST(SourcePath, MayBeRelative) {
   this->ExpectCreated(fs::relative(this->Good("foo")).string());
 }
 
-TYPED_TEST(SourcePath, OfALinkIsFollowedAnewByEveryReload) {
+TYPED_TEST(SourcePath, IsFollowedAgainByEachReloadIfALink) {
   const std::string link = this->Path("link");
   fs::create_symlink(this->Good("foo"), link);
   this->ExpectCreated(link);
@@ -147,14 +147,14 @@ TYPED_TEST(SourcePath, OfALinkIsFollowedAnewByEveryReload) {
   EXPECT_THAT(this->sources_.Names(), ElementsAre("bar"));
 }
 
-TYPED_TEST(SourcePath, MayBeThatOfSeveralSources) {
+TYPED_TEST(SourcePath, MayBeSharedBySources) {
   const std::string path = this->Good("foo");
   this->ExpectCreated(path);
   EXPECT_EQ(this->sources_.CreateAt("n", path), Lines());
   EXPECT_THAT(this->sources_.Names(), ElementsAre("foo", "foo"));
 }
 
-TYPED_TEST(SourcePath, IsOfNoFileThatStaysOpen) {
+TYPED_TEST(SourcePath, IsClosedAfterTheLoad) {
   const std::string good = this->Good("foo");
   const std::string bad = this->sources_.Folder().Write("bad", "{");
   const auto before = OpenFiles();

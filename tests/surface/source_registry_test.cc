@@ -22,21 +22,21 @@ class SourceRegistry : public testing::Test {};
 
 TYPED_TEST_SUITE(SourceRegistry, DomainsUnderTest, DomainName);
 
-TYPED_TEST(SourceRegistry, ASourceThatWasCreatedShowsWhatItsFileHolds) {
+TYPED_TEST(SourceRegistry, CreateLoadsTheFile) {
   const Sources<TypeParam> sources;
   EXPECT_EQ(sources.Create("m", TypeParam::File("foo")), Lines());
   EXPECT_THAT(sources->ListSources(), ElementsAre("m"));
   EXPECT_THAT(sources.Names(), ElementsAre("foo"));
 }
 
-TYPED_TEST(SourceRegistry, ANewContainerIsEmpty) {
+TYPED_TEST(SourceRegistry, NewContainerIsEmpty) {
   const auto container = TypeParam::Container::GetInstance();
   EXPECT_THAT(container->ListSources(), IsEmpty());
   EXPECT_THAT(TypeParam::Names(*container), IsEmpty());
   EXPECT_EQ(container->SourcesInfo(""), nullptr);
 }
 
-TYPED_TEST(SourceRegistry, TwoContainersShareNothing) {
+TYPED_TEST(SourceRegistry, ContainersShareNothing) {
   const Sources<TypeParam> first{{"m", TypeParam::File("foo")}};
   const Sources<TypeParam> second;
   EXPECT_NE(first.Shared(), second.Shared());
@@ -46,12 +46,12 @@ TYPED_TEST(SourceRegistry, TwoContainersShareNothing) {
   EXPECT_THAT(first.Names(), ElementsAre("foo"));
 }
 
-TYPED_TEST(SourceRegistry, NobodyElseHoldsANewContainer) {
+TYPED_TEST(SourceRegistry, NewContainerHasOneOwner) {
   const auto container = TypeParam::Container::GetInstance();
   EXPECT_EQ(container.use_count(), 1);
 }
 
-TYPED_TEST(SourceRegistry, AnIdIsCreatedOnce) {
+TYPED_TEST(SourceRegistry, CreateOfAKnownIdIsRefused) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   const auto info = sources->SourcesInfo("m");
   const auto fingerprint = sources->SourceFingerprint(Some("m"));
@@ -62,7 +62,7 @@ TYPED_TEST(SourceRegistry, AnIdIsCreatedOnce) {
   EXPECT_EQ(sources->SourceFingerprint(Some("m")), fingerprint);
 }
 
-TYPED_TEST(SourceRegistry, ATakenIdIsReportedBeforeAnythingElseIsLookedAt) {
+TYPED_TEST(SourceRegistry, CreateChecksTheIdFirst) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   const auto remote = std::make_shared<const typename TypeParam::CreateSpec>(
       "foo", SourceType::REMOTE, boost::none, std::string("bar"));
@@ -71,7 +71,7 @@ TYPED_TEST(SourceRegistry, ATakenIdIsReportedBeforeAnythingElseIsLookedAt) {
   EXPECT_EQ(sources.CreateAt("m", sources.Path("missing")), AlreadyExists<TypeParam>("m"));
 }
 
-TYPED_TEST(SourceRegistry, AFailedCreateLeavesNothingAndTheIdFree) {
+TYPED_TEST(SourceRegistry, FailedCreateLeavesTheIdFree) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   EXPECT_NE(sources.Create("n", "{"), Lines());
   EXPECT_NE(sources.Create("n", "{}"), Lines());
@@ -84,7 +84,7 @@ TYPED_TEST(SourceRegistry, AFailedCreateLeavesNothingAndTheIdFree) {
   EXPECT_THAT(sources.Names(), ElementsAre("foo", "bar"));
 }
 
-TYPED_TEST(SourceRegistry, ARemoteSourceIsUnsupportedWithoutAMessage) {
+TYPED_TEST(SourceRegistry, RemoteSourceIsUnsupportedWithoutAMessage) {
   const Sources<TypeParam> sources;
   const auto remote = std::make_shared<const typename TypeParam::CreateSpec>(
       "foo", SourceType::REMOTE, sources.WriteRecord("m", "foo"), std::string("bar"));
@@ -92,7 +92,7 @@ TYPED_TEST(SourceRegistry, ARemoteSourceIsUnsupportedWithoutAMessage) {
   EXPECT_THAT(sources->ListSources(), IsEmpty());
 }
 
-TYPED_TEST(SourceRegistry, AnUnknownSourceTypeIsAnInvalidArgumentWithoutAMessage) {
+TYPED_TEST(SourceRegistry, UnknownSourceTypeIsInvalidWithoutAMessage) {
   const Sources<TypeParam> sources;
   const std::string path = sources.WriteRecord("m", "foo");
   for (const auto& type : {SourceType(), SourceType(SourceType::UNKNOWN),
@@ -105,13 +105,13 @@ TYPED_TEST(SourceRegistry, AnUnknownSourceTypeIsAnInvalidArgumentWithoutAMessage
   }
 }
 
-TYPED_TEST(SourceRegistry, NoSpecAtAllIsAnInvalidArgumentWithoutAMessage) {
+TYPED_TEST(SourceRegistry, NullSpecIsInvalidWithoutAMessage) {
   const Sources<TypeParam> sources;
   EXPECT_EQ(ErrorLines(sources->CreateSource("m", nullptr)), Lines{kInvalidArgumentError});
   EXPECT_THAT(sources->ListSources(), IsEmpty());
 }
 
-TYPED_TEST(SourceRegistry, AnErrorHasANameAListOfMessagesAndNoData) {
+TYPED_TEST(SourceRegistry, ErrorHasANameMessagesAndNoData) {
   const auto container = TypeParam::Container::GetInstance();
   const auto error = container->DeleteSource("m");
   ASSERT_NE(error, nullptr);
@@ -129,7 +129,7 @@ TYPED_TEST(SourceRegistry, AnErrorHasANameAListOfMessagesAndNoData) {
   EXPECT_EQ(As<Data::StringValue>(arguments.front()).Value(), "m");
 }
 
-TYPED_TEST(SourceRegistry, AnErrorWithoutMessagesHasAnEmptyListOfThem) {
+TYPED_TEST(SourceRegistry, ErrorMayHaveAnEmptyListOfMessages) {
   const auto error = TypeParam::Container::GetInstance()->CreateSource("m", nullptr);
   ASSERT_NE(error, nullptr);
   EXPECT_EQ(error->Name(), kInvalidArgumentError);
@@ -137,7 +137,7 @@ TYPED_TEST(SourceRegistry, AnErrorWithoutMessagesHasAnEmptyListOfThem) {
   EXPECT_EQ(As<Data::OptionalValue>(error->Field("data")).Value(), nullptr);
 }
 
-TYPED_TEST(SourceRegistry, ASourceThatIsDeletedTakesAllItContributedWithIt) {
+TYPED_TEST(SourceRegistry, DeleteRemovesAllRecordsOfTheSource) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}, {"n", TypeParam::File("bar")}};
   EXPECT_EQ(sources->DeleteSource("m"), nullptr);
   EXPECT_THAT(sources->ListSources(), ElementsAre("n"));
@@ -147,7 +147,7 @@ TYPED_TEST(SourceRegistry, ASourceThatIsDeletedTakesAllItContributedWithIt) {
   EXPECT_EQ(TypeParam::Find(*sources.Shared(), "foo"), nullptr);
 }
 
-TYPED_TEST(SourceRegistry, AnIdMayBeCreatedAgainAfterItsSourceWasDeleted) {
+TYPED_TEST(SourceRegistry, DeletedIdCanBeCreatedAgain) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   EXPECT_EQ(sources->DeleteSource("m"), nullptr);
   EXPECT_EQ(sources.Create("m", TypeParam::File("bar")), Lines());
@@ -164,7 +164,7 @@ TYPED_TEST(SourceRegistry, DeleteOfAnUnknownIdIsNotFound) {
   EXPECT_EQ(ErrorLines(sources->DeleteSource("m")), SourceNotFound<TypeParam>("m"));
 }
 
-TYPED_TEST(SourceRegistry, SourcesAreListedInTheOrderOfTheBytesOfTheirIds) {
+TYPED_TEST(SourceRegistry, SourcesAreListedByTheBytesOfTheirIds) {
   const Sources<TypeParam> sources;
   const std::string path = sources.WriteRecord("m", "foo");
   const std::string with_zero("a\0b", 3);
@@ -183,7 +183,7 @@ TYPED_TEST(SourceRegistry, RecordsAreListedInTheOrderOfTheirSources) {
   EXPECT_THAT(sources.Names(), ElementsAre("qux", "foo", "bar"));
 }
 
-TYPED_TEST(SourceRegistry, IdsThatDifferOnlyAfterAZeroByteAreTwo) {
+TYPED_TEST(SourceRegistry, IdsAreComparedPastZeroBytes) {
   const Sources<TypeParam> sources;
   const std::string id("m\0n", 3);
   const std::string path = sources.WriteRecord("m", "foo");
@@ -195,7 +195,7 @@ TYPED_TEST(SourceRegistry, IdsThatDifferOnlyAfterAZeroByteAreTwo) {
   EXPECT_EQ(ErrorLines(sources->DeleteSource(id)), SourceNotFound<TypeParam>(id));
 }
 
-TYPED_TEST(SourceRegistry, ASourceIsDescribedAsItWasCreated) {
+TYPED_TEST(SourceRegistry, InfoHoldsTheSpec) {
   const Sources<TypeParam> sources;
   const std::string path = sources.WriteRecord("m", "foo");
   const std::string description("An \xff \0 odd one", 15);
@@ -210,20 +210,20 @@ TYPED_TEST(SourceRegistry, ASourceIsDescribedAsItWasCreated) {
   EXPECT_TRUE(info->address == Some("bar"));
 }
 
-TYPED_TEST(SourceRegistry, ASourceWithoutAnAddressIsDescribedWithoutOne) {
+TYPED_TEST(SourceRegistry, InfoHasNoAddressIfTheSpecHasNone) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   EXPECT_FALSE(sources->SourcesInfo("m")->address.has_value());
   EXPECT_EQ(sources->SourcesInfo("m"), sources->SourcesInfo("m"));
 }
 
-TYPED_TEST(SourceRegistry, OnlyTheExactIdIsDescribed) {
+TYPED_TEST(SourceRegistry, InfoNeedsTheExactId) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   for (const std::string id : {"", "M", " m", "mm", "n"}) {
     EXPECT_EQ(sources->SourcesInfo(id), nullptr) << id;
   }
 }
 
-TYPED_TEST(SourceRegistry, AnswersStayAsTheyAreWhenTheirSourceIsReloadedAndDeleted) {
+TYPED_TEST(SourceRegistry, RecordsDoNotChangeOnReloadOrDelete) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   const auto info = sources->SourcesInfo("m");
   const auto record = TypeParam::Find(*sources.Shared(), "foo");
@@ -239,7 +239,7 @@ TYPED_TEST(SourceRegistry, AnswersStayAsTheyAreWhenTheirSourceIsReloadedAndDelet
   EXPECT_TRUE(info->file_path == Some(sources.Path("m")));
 }
 
-TYPED_TEST(SourceRegistry, AnswersOutliveTheirContainer) {
+TYPED_TEST(SourceRegistry, RecordsOutliveTheirContainer) {
   auto sources = std::make_unique<Sources<TypeParam>>();
   ASSERT_EQ(sources->Create("m", TypeParam::File("foo")), Lines());
   const auto info = (*sources)->SourcesInfo("m");
@@ -262,20 +262,20 @@ std::string MessageOfAnUnknownSource() {
   return ErrorLines(Domain::Container::GetInstance()->DeleteSource("m")).back();
 }
 
-TEST(DomainUnderTest, OfMetamodelReportsWithTheWordMetamodel) {
+TEST(MetamodelUnderTest, HasItsOwnMessages) {
   EXPECT_THAT(MessageIds<MetamodelUnderTest>(), Each(HasSubstr(".metamodel.")));
   EXPECT_THAT(MessageOfAnUnknownSource<MetamodelUnderTest>(), HasSubstr(".metamodel."));
   EXPECT_EQ(MetamodelSources().Create("m", "{}"), MissingFieldError("metamodel"));
 }
 
-TEST(DomainUnderTest, OfAuthenticationReportsWithTheWordAuthentication) {
+TEST(AuthenticationUnderTest, HasItsOwnMessages) {
   EXPECT_THAT(MessageIds<AuthenticationUnderTest>(), Each(HasSubstr(".authentication.")));
   EXPECT_THAT(MessageOfAnUnknownSource<AuthenticationUnderTest>(), HasSubstr(".authentication."));
   EXPECT_EQ(Sources<AuthenticationUnderTest>().Create("m", "{}"),
             MissingFieldError("authentication"));
 }
 
-TEST(DomainUnderTest, OfCliReportsWithTheWordCli) {
+TEST(CliUnderTest, HasItsOwnMessages) {
   EXPECT_THAT(MessageIds<CliUnderTest>(), Each(HasSubstr(".cli.")));
   EXPECT_THAT(MessageOfAnUnknownSource<CliUnderTest>(), HasSubstr(".cli."));
   EXPECT_EQ(Sources<CliUnderTest>().Create("m", "{}"), MissingFieldError("cli"));

@@ -19,7 +19,7 @@ class SourceReload : public testing::Test {};
 
 TYPED_TEST_SUITE(SourceReload, DomainsUnderTest, DomainName);
 
-TYPED_TEST(SourceReload, OfOneSourceReadsOnlyItsFileAgain) {
+TYPED_TEST(SourceReload, ReadsOneFileAgain) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}, {"n", TypeParam::File("bar")}};
   sources.WriteRecord("m", "new-foo");
   sources.WriteRecord("n", "new-bar");
@@ -30,7 +30,7 @@ TYPED_TEST(SourceReload, OfOneSourceReadsOnlyItsFileAgain) {
   EXPECT_THAT(sources->ListSources(), ElementsAre("m", "n"));
 }
 
-TYPED_TEST(SourceReload, WithoutAnIdReadsEveryFileAgain) {
+TYPED_TEST(SourceReload, ReadsEveryFileAgainWithoutAnId) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}, {"n", TypeParam::File("bar")}};
   sources.WriteRecord("m", "new-foo");
   sources.WriteRecord("n", "new-bar");
@@ -38,12 +38,12 @@ TYPED_TEST(SourceReload, WithoutAnIdReadsEveryFileAgain) {
   EXPECT_THAT(sources.Names(), ElementsAre("new-foo", "new-bar"));
 }
 
-TYPED_TEST(SourceReload, WithoutAnIdOfNoSourcesSucceeds) {
+TYPED_TEST(SourceReload, SucceedsWithoutSources) {
   const Sources<TypeParam> sources;
   EXPECT_EQ(sources->ReloadSource(boost::none), nullptr);
 }
 
-TYPED_TEST(SourceReload, OfTheEmptyIdIsNotThatOfAll) {
+TYPED_TEST(SourceReload, ReadsOneFileForTheEmptyId) {
   const Sources<TypeParam> sources{{"", TypeParam::File("foo")}, {"m", TypeParam::File("bar")}};
   sources.WriteRecord("", "new-foo");
   sources.WriteRecord("m", "new-bar");
@@ -51,7 +51,7 @@ TYPED_TEST(SourceReload, OfTheEmptyIdIsNotThatOfAll) {
   EXPECT_THAT(sources.Names(), ElementsAre("new-foo", "bar"));
 }
 
-TYPED_TEST(SourceReload, OfAnUnknownIdIsNotFoundWithTheExistsMessage) {
+TYPED_TEST(SourceReload, ReportsAnUnknownIdWithTheExistsMessage) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   sources.WriteRecord("m", "bar");
   for (const std::string id : {"x", "", "M", "--"}) {
@@ -60,7 +60,7 @@ TYPED_TEST(SourceReload, OfAnUnknownIdIsNotFoundWithTheExistsMessage) {
   EXPECT_THAT(sources.Names(), ElementsAre("foo"));
 }
 
-TYPED_TEST(SourceReload, KeepsTheFingerprintAndTheDescriptionUpToDate) {
+TYPED_TEST(SourceReload, UpdatesTheFingerprintAndKeepsTheInfo) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   sources.WriteRecord("m", "bar");
   EXPECT_EQ(sources->SourceFingerprint(Some("m")), Md5(Md5(TypeParam::File("foo"))));
@@ -95,7 +95,7 @@ const std::vector<Damage> kDamages = {
      }},
 };
 
-TYPED_TEST(SourceReload, OfOneSourceWhoseFileWentBadSucceedsAndKeepsTheOldData) {
+TYPED_TEST(SourceReload, KeepsTheOldDataIfTheFileIsBad) {
   for (const auto& damage : kDamages) {
     const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}, {"n", TypeParam::File("bar")}};
     const auto info = sources->SourcesInfo("m");
@@ -108,7 +108,7 @@ TYPED_TEST(SourceReload, OfOneSourceWhoseFileWentBadSucceedsAndKeepsTheOldData) 
   }
 }
 
-TYPED_TEST(SourceReload, OfAllRefreshesTheSourcesBeforeTheFirstBadOneOnly) {
+TYPED_TEST(SourceReload, RefreshesOnlySourcesBeforeTheFirstBadOne) {
   for (const auto& damage : kDamages) {
     const Sources<TypeParam> sources;
     for (const std::string id : {"d", "b", "a", "c", "e"}) {
@@ -125,7 +125,7 @@ TYPED_TEST(SourceReload, OfAllRefreshesTheSourcesBeforeTheFirstBadOneOnly) {
   }
 }
 
-TYPED_TEST(SourceReload, OfAllWithABadFirstSourceRefreshesNothing) {
+TYPED_TEST(SourceReload, RefreshesNothingIfTheFirstSourceIsBad) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}, {"n", TypeParam::File("bar")}};
   sources.Write("m", "{}");
   sources.WriteRecord("n", "new-bar");
@@ -133,7 +133,7 @@ TYPED_TEST(SourceReload, OfAllWithABadFirstSourceRefreshesNothing) {
   EXPECT_THAT(sources.Names(), ElementsAre("foo", "bar"));
 }
 
-TYPED_TEST(SourceReload, StartsAfreshWithEveryCall) {
+TYPED_TEST(SourceReload, StartsAnewWithEachCall) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}, {"n", TypeParam::File("bar")}};
   sources.Write("m", "{}");
   sources.WriteRecord("n", "new-bar");
@@ -146,7 +146,7 @@ TYPED_TEST(SourceReload, StartsAfreshWithEveryCall) {
   EXPECT_THAT(sources.Names(), ElementsAre("new-foo", "new-bar"));
 }
 
-TYPED_TEST(SourceReload, OfAllAfterTheBadSourceWasDeletedRefreshesTheRest) {
+TYPED_TEST(SourceReload, RefreshesTheRestAfterTheBadSourceIsDeleted) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}, {"n", TypeParam::File("bar")}};
   sources.Write("m", "{}");
   sources.WriteRecord("n", "new-bar");
@@ -155,7 +155,7 @@ TYPED_TEST(SourceReload, OfAllAfterTheBadSourceWasDeletedRefreshesTheRest) {
   EXPECT_THAT(sources.Names(), ElementsAre("new-bar"));
 }
 
-TYPED_TEST(SourceReload, IsNotNeededToKeepServingWhenTheFileIsGone) {
+TYPED_TEST(SourceReload, IsNotNeededAfterTheFileIsRemoved) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   std::filesystem::remove(sources.Path("m"));
   EXPECT_THAT(sources.Names(), ElementsAre("foo"));
@@ -165,7 +165,7 @@ TYPED_TEST(SourceReload, IsNotNeededToKeepServingWhenTheFileIsGone) {
   EXPECT_TRUE(sources.Names().empty());
 }
 
-TYPED_TEST(SourceReload, IsTheOnlyWayInWhichAChangedFileIsNoticed) {
+TYPED_TEST(SourceReload, IsNeededToSeeAChangedFile) {
   const Sources<TypeParam> sources{{"m", TypeParam::File("foo")}};
   sources.WriteRecord("m", "bar");
   EXPECT_THAT(sources.Names(), ElementsAre("foo"));

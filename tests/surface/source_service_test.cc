@@ -41,7 +41,7 @@ class SourceService : public testing::Test {
 
   auto Fingerprint(const OptionalText& id) { return Ask(service_, &Service::Fingerprint, id); }
 
-  /// The change succeeded and was told as the domain does it: once, or not at all.
+  /// The change succeeded; success was delivered once or not at all, as in its domain.
   static void ExpectDone(const Change& change) {
     EXPECT_EQ(change.calls, Domain::kDeliversSuccess ? 1 : 0);
     EXPECT_EQ(change.error, nullptr);
@@ -54,7 +54,7 @@ class SourceService : public testing::Test {
 
 TYPED_TEST_SUITE(SourceService, DomainsUnderTest, DomainName);
 
-TYPED_TEST(SourceService, TellsOfAChangeThatSucceededAsItsDomainDoes) {
+TYPED_TEST(SourceService, DeliversSuccessIfItsDomainDoes) {
   this->ExpectDone(this->Create("m", TypeParam::File("foo")));
   EXPECT_THAT(this->sources_.Names(), ElementsAre("foo"));
   this->sources_.WriteRecord("m", "bar");
@@ -67,7 +67,7 @@ TYPED_TEST(SourceService, TellsOfAChangeThatSucceededAsItsDomainDoes) {
   EXPECT_THAT(this->sources_->ListSources(), IsEmpty());
 }
 
-TYPED_TEST(SourceService, DoesNotTellOfAReloadThatFailed) {
+TYPED_TEST(SourceService, DeliversNoErrorForAFailedReload) {
   this->ExpectDone(this->Create("m", TypeParam::File("foo")));
   this->sources_.Write("m", "{");
   this->ExpectDone(this->Reload(Some("m")));
@@ -75,7 +75,7 @@ TYPED_TEST(SourceService, DoesNotTellOfAReloadThatFailed) {
   EXPECT_THAT(this->sources_.Names(), ElementsAre("foo"));
 }
 
-TYPED_TEST(SourceService, DeliversWhyASourceCouldNotBeCreated) {
+TYPED_TEST(SourceService, DeliversErrorsOfCreate) {
   const auto missing = this->sources_.At(this->sources_.Path("missing"));
   EXPECT_EQ(ErrorOf(this->Create("m", "{")), (ParseError<TypeParam>(4, 1)));
   EXPECT_EQ(ErrorOf(this->Create("m", "{}")), MissingFieldError(TypeParam::kRootKey));
@@ -86,7 +86,7 @@ TYPED_TEST(SourceService, DeliversWhyASourceCouldNotBeCreated) {
   EXPECT_THAT(this->sources_.Names(), ElementsAre("foo"));
 }
 
-TYPED_TEST(SourceService, DeliversThatASourceTypeCannotBeCreated) {
+TYPED_TEST(SourceService, RefusesOtherSourceTypes) {
   const std::string path = this->sources_.WriteRecord("m", "foo");
   const auto create = [&](const SourceType& type) {
     return ErrorOf(Ask(
@@ -99,7 +99,7 @@ TYPED_TEST(SourceService, DeliversThatASourceTypeCannotBeCreated) {
   EXPECT_THAT(this->sources_->ListSources(), IsEmpty());
 }
 
-TYPED_TEST(SourceService, DeliversThatASourceIsUnknown) {
+TYPED_TEST(SourceService, ReportsUnknownSources) {
   this->ExpectDone(this->Create("m", TypeParam::File("foo")));
   for (const std::string id : {"x", "", "M", "a b"}) {
     EXPECT_EQ(ErrorOf(this->Delete(id)), SourceNotFound<TypeParam>(id)) << id;
@@ -109,7 +109,7 @@ TYPED_TEST(SourceService, DeliversThatASourceIsUnknown) {
   }
 }
 
-TYPED_TEST(SourceService, DeliversWhatTheContainerKnows) {
+TYPED_TEST(SourceService, DeliversListsRecordsAndFingerprints) {
   this->ExpectDone(this->Create("n", TypeParam::File("foo")));
   this->ExpectDone(this->Create("m", TypeParam::File("bar")));
   EXPECT_THAT(ValueOf(this->List()), ElementsAre("m", "n"));
@@ -120,13 +120,13 @@ TYPED_TEST(SourceService, DeliversWhatTheContainerKnows) {
   EXPECT_EQ(ValueOf(this->Fingerprint(boost::none)), Md5(bar + foo));
 }
 
-TYPED_TEST(SourceService, DeliversAnEmptyListAndTheDigestOfNothingForNoSources) {
+TYPED_TEST(SourceService, DeliversAnEmptyListWithoutSources) {
   EXPECT_THAT(ValueOf(this->List()), IsEmpty());
   EXPECT_EQ(ValueOf(this->Fingerprint(boost::none)), kDigestOfNothing);
   this->ExpectDone(this->Reload(boost::none));
 }
 
-TYPED_TEST(SourceService, NeedsAResultOnlyToDeliver) {
+TYPED_TEST(SourceService, ThrowsOnAnEmptyResultOnlyIfItDelivers) {
   const AsyncResult<Void> nobody;
   const auto spec = this->sources_.At(this->sources_.WriteRecord("m", "foo"));
   const std::vector<std::function<void()>> changes = {
@@ -145,7 +145,7 @@ TYPED_TEST(SourceService, NeedsAResultOnlyToDeliver) {
   EXPECT_THAT(this->sources_->ListSources(), IsEmpty());
 }
 
-TYPED_TEST(SourceService, ThrowsWhenAnErrorHasNowhereToGo) {
+TYPED_TEST(SourceService, ThrowsOnAnEmptyResultForAnErrorOrAnswer) {
   const AsyncResult<Void> nobody;
   EXPECT_THROW(this->service_.Create("m", nullptr, nullptr, nobody), std::bad_function_call);
   EXPECT_THROW(this->service_.Delete("m", nullptr, nobody), std::bad_function_call);
@@ -158,7 +158,7 @@ TYPED_TEST(SourceService, ThrowsWhenAnErrorHasNowhereToGo) {
   EXPECT_THROW(this->service_.Fingerprint(Some("m"), nullptr, {}), std::bad_function_call);
 }
 
-TYPED_TEST(SourceService, LetsTheExceptionOfACallbackThrough) {
+TYPED_TEST(SourceService, PassesOnAnExceptionOfTheCallback) {
   const AsyncResult<std::list<std::string>> list(
       [](const auto&, const auto&, const auto&) { throw std::domain_error("foo"); });
   const AsyncResult<Void> change(
@@ -167,7 +167,7 @@ TYPED_TEST(SourceService, LetsTheExceptionOfACallbackThrough) {
   EXPECT_THROW(this->service_.Delete("m", nullptr, change), std::domain_error);
 }
 
-TYPED_TEST(SourceService, SharesItsContainerWithOtherServices) {
+TYPED_TEST(SourceService, SharesItsContainer) {
   typename TypeParam::SourceService other(this->sources_.Shared());
   typename TypeParam::SourceService stranger(TypeParam::Container::GetInstance());
   this->ExpectDone(this->Create("m", TypeParam::File("foo")));
@@ -175,7 +175,7 @@ TYPED_TEST(SourceService, SharesItsContainerWithOtherServices) {
   EXPECT_THAT(ValueOf(Ask(stranger, &TypeParam::SourceService::List)), IsEmpty());
 }
 
-TYPED_TEST(SourceService, KeepsItsContainerAsLongAsItLives) {
+TYPED_TEST(SourceService, KeepsItsContainerAlive) {
   std::weak_ptr<typename TypeParam::Container> container;
   {
     auto instance = TypeParam::Container::GetInstance();

@@ -25,7 +25,7 @@ namespace Zelk::Testing {
 using OptionalText = boost::optional<std::string>;
 using ::Com::Orvane::Zelk::Metadata::SourceType;
 
-/// An engaged optional; tells the id "" from no id.
+/// An engaged optional; distinguishes the id "" from no id.
 inline OptionalText Some(const std::string& text) {
   return OptionalText(text);
 }
