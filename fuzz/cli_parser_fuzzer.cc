@@ -2,11 +2,11 @@
 #include <memory>
 #include <string>
 
-#include "cli/cli_text.h"
 #include "cli/metadata_parser.h"
 #include "cli/source_data.h"
 #include "fuzz/support/parser_check.h"
 #include "support/as_source.h"
+#include "support/cli_text.h"
 
 namespace Zelk::Provider::Metadata::Cli {
 namespace {

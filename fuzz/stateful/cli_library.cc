@@ -1,8 +1,8 @@
 #include <zelk/provider/metadata/cli/metadata_container.h>
 #include <zelk/provider/metadata/cli/services.h>
 
-#include "cli/cli_text.h"
 #include "stateful/library_services.h"
+#include "support/cli_text.h"
 
 namespace Zelk::Fuzzing {
 namespace {
