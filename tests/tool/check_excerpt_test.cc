@@ -9,8 +9,8 @@
 using testing::EndsWith;
 using testing::StartsWith;
 using Zelk::Analysis::Document;
-using Zelk::Tool::Excerpt;
-using Zelk::Tool::ExcerptAt;
+using Zelk::Tool::Check::Excerpt;
+using Zelk::Tool::Check::ExcerptAt;
 
 namespace {
 

@@ -28,9 +28,9 @@ using rapidjson::Value;
 using Zelk::Testing::FileText;
 using Zelk::Testing::IsTrueClaim;
 using Zelk::Testing::TempFolder;
-using Zelk::Tool::CheckedFile;
-using Zelk::Tool::Finding;
-using Zelk::Tool::Severity;
+using Zelk::Tool::Check::CheckedFile;
+using Zelk::Tool::Check::Finding;
+using Zelk::Tool::Check::Severity;
 
 namespace {
 
@@ -251,7 +251,7 @@ std::size_t CheckMutants(const std::string& original, std::size_t count, std::si
     // Some file systems wait for the disk when a file is written over.
     std::remove(folder.Path("mutant.json").c_str());
     const std::string path = folder.Write("mutant.json", text);
-    const CheckedFile checked = Zelk::Tool::CheckFile(path, path, Zelk::Tool::Domains());
+    const CheckedFile checked = Zelk::Tool::Check::CheckFile(path, path, Zelk::Tool::Domains());
     if (checked.findings.empty()) continue;
     ++failed;
     ExpectPlaces(checked, mutant.document, text);

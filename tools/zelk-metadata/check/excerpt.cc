@@ -7,7 +7,7 @@
 #include "render/layout.h"
 #include "render/utf8.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Check {
 namespace {
 
 constexpr char kCut[] = "...";
@@ -74,4 +74,4 @@ Excerpt ExcerptAt(const Analysis::Document& document, std::size_t offset) {
   return {before + From(text.substr(offset, end - offset), kColumns - mark), mark};
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Check

@@ -5,7 +5,7 @@
 
 #include "analysis/document.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Check {
 
 /// A line of a text as a terminal can show it, and the column of it that a mark goes under.
 struct Excerpt {
@@ -17,4 +17,4 @@ struct Excerpt {
 /// with "..." for the rest.
 Excerpt ExcerptAt(const Analysis::Document& document, std::size_t offset);
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Check

@@ -13,7 +13,7 @@
 #include "analysis/format.h"
 #include "host/host.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Check {
 namespace {
 
 std::optional<std::size_t> Number(const std::string& text) {
@@ -129,4 +129,4 @@ CheckedFile CheckFile(const std::string& name, const std::string& path, const Do
   return checked;
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Check

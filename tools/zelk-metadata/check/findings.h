@@ -10,7 +10,7 @@
 #include "analysis/reader.h"
 #include "host/domain.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Check {
 
 using Analysis::Severity;
 
@@ -61,4 +61,4 @@ CheckedFile CheckFile(const std::string& name, const std::string& path, const Do
 std::vector<Finding> Locate(const std::vector<Message>& messages,
                             const Analysis::Document& document, const DomainRow& row);
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Check

@@ -9,7 +9,7 @@
 #include "render/json_writer.h"
 #include "render/utf8.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Check {
 namespace {
 
 const char* Word(Severity severity) {
@@ -157,4 +157,4 @@ void WriteCheckedJson(std::ostream& out, const std::vector<CheckedFile>& checked
   json.WriteTo(out);
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Check

@@ -5,7 +5,7 @@
 
 #include "check/findings.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Check {
 
 /// For people: each finding with its line of the file and a mark under the place.
 void WriteCheckedText(std::ostream& out, const CheckedFile& checked);
@@ -16,4 +16,4 @@ void WriteCheckedCommands(std::ostream& out, const CheckedFile& checked);
 /// An array of one object a file.
 void WriteCheckedJson(std::ostream& out, const std::vector<CheckedFile>& checked);
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Check

@@ -10,6 +10,9 @@
 namespace Zelk::Tool {
 namespace {
 
+using Check::CheckedFile;
+using Check::CheckFile;
+
 /// What is wrong with each file, in the order given.
 ExitStatus RunCheck(Invocation& call) {
   const Arguments& arguments = call.Args();
