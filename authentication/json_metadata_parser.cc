@@ -10,9 +10,9 @@ using SchemeType = Bindings::Authentication::AuthenticationInfoEnumerations::Sch
 /// Adds records to the tables of their owners; of a repeated key, the first record stays. Files
 /// list the records of one owner together, so the table of the last record is tried first.
 template <typename Record>
-class Adder {
+class TablesByOwner {
  public:
-  explicit Adder(JsonMetadataParser::Unclaimed<Record>& records)
+  explicit TablesByOwner(JsonMetadataParser::Unclaimed<Record>& records)
       : records_(records), last_(records.end()) {}
 
   void Add(std::string owner, std::string key, std::shared_ptr<const Record> record) {
@@ -159,7 +159,7 @@ bool JsonMetadataParser::ParseSchemeList(const JsonValue& value, const SchemeTab
 bool JsonMetadataParser::ParseOperations(
     const JsonValue& value, const SchemeTable& schemes,
     Unclaimed<Bindings::Authentication::OperationInfo>& operations, Errors& errors) {
-  Adder adder(operations);
+  TablesByOwner tables(operations);
   for (const auto& member : JsonMembers(value)) {
     SchemeList list;
     if (!ParseSchemeList(member.value, schemes, list, errors)) return false;
@@ -171,7 +171,7 @@ bool JsonMetadataParser::ParseOperations(
     auto& [service_id, name] = parts;
     auto operation =
         std::make_shared<const Bindings::Authentication::OperationInfo>(std::move(list));
-    adder.Add(std::move(service_id), std::move(name), std::move(operation));
+    tables.Add(std::move(service_id), std::move(name), std::move(operation));
   }
   return true;
 }
@@ -180,7 +180,7 @@ bool JsonMetadataParser::ParseServices(
     const JsonValue& value, const SchemeTable& schemes,
     Unclaimed<Bindings::Authentication::OperationInfo>& operations,
     Unclaimed<Bindings::Authentication::ServiceInfo>& services, Errors& errors) {
-  Adder adder(services);
+  TablesByOwner tables(services);
   for (const auto& member : JsonMembers(value)) {
     SchemeList list;
     if (!ParseSchemeList(member.value, schemes, list, errors)) return false;
@@ -189,7 +189,7 @@ bool JsonMetadataParser::ParseServices(
     if (!SplitId(id, MessageId::kAuthenticationJsonInvalidServiceId, parts, errors)) return false;
     auto service = std::make_shared<const Bindings::Authentication::ServiceInfo>(
         std::move(list), Claim(operations, id));
-    adder.Add(std::move(parts.first), std::move(id), std::move(service));
+    tables.Add(std::move(parts.first), std::move(id), std::move(service));
   }
   return true;
 }
@@ -213,15 +213,15 @@ bool JsonMetadataParser::ParsePackages(const JsonValue& value, const SchemeTable
 bool JsonMetadataParser::CreateServicesFromOperations(
     Unclaimed<Bindings::Authentication::OperationInfo>& operations,
     Unclaimed<Bindings::Authentication::ServiceInfo>& services, Errors& errors) {
-  Adder adder(services);
+  TablesByOwner tables(services);
   while (!operations.empty()) {
-    std::string id = operations.begin()->first;
-    auto table = Claim(operations, id);
+    auto taken = operations.extract(operations.begin());
+    std::string& id = taken.key();
     std::pair<std::string, std::string> parts;
     if (!SplitId(id, MessageId::kAuthenticationJsonInvalidServiceId, parts, errors)) return false;
-    auto service = std::make_shared<const Bindings::Authentication::ServiceInfo>(SchemeList(),
-                                                                                 std::move(table));
-    adder.Add(std::move(parts.first), std::move(id), std::move(service));
+    auto service = std::make_shared<const Bindings::Authentication::ServiceInfo>(
+        SchemeList(), std::move(taken.mapped()));
+    tables.Add(std::move(parts.first), std::move(id), std::move(service));
   }
   return true;
 }
@@ -230,10 +230,10 @@ bool JsonMetadataParser::CreatePackagesFromServices(
     Unclaimed<Bindings::Authentication::ServiceInfo>& services,
     Table<Bindings::Authentication::PackageInfo>& packages) {
   while (!services.empty()) {
-    std::string name = services.begin()->first;
+    auto taken = services.extract(services.begin());
     auto package = std::make_shared<const Bindings::Authentication::PackageInfo>(
-        SchemeList(), Claim(services, name));
-    packages.insert_or_assign(std::move(name), std::move(package));
+        SchemeList(), std::move(taken.mapped()));
+    packages.insert_or_assign(std::move(taken.key()), std::move(package));
   }
   return true;
 }
