@@ -17,7 +17,16 @@ using CatalogMessage = ::Zelk::Message<MetadataSvc>;
 /// it.
 using Errors = std::list<::Zelk::BaseMessage>;
 
-/// The message ids that the code uses. The catalog is the array in the .cc.
+/// A message with its text.
+struct CatalogRow {
+  const char* id;
+  const char* text;
+};
+
+/// The catalog. It ends with a row of null pointers.
+extern const CatalogRow kCatalog[];
+
+/// The message ids that the code uses.
 /// Intended(message-id-spelling): most ids have "metada", some "metadata". Clients compare them
 /// byte for byte.
 namespace MessageId {
