@@ -16,6 +16,19 @@ std::string FullName(const std::shared_ptr<const Identity>& identity) {
   return identity->path.empty() ? identity->name : identity->path + '.' + identity->name;
 }
 
+/// Delivers a namespace or a command, or for null NotFound with its full name. The name is made
+/// only for the message.
+template <typename Info, typename Identity>
+void DeliverNode(const ::Zelk::AsyncResult<std::shared_ptr<const Info>>& result,
+                 const std::shared_ptr<const Info>& node, const char* message_id,
+                 const std::shared_ptr<const Identity>& identity) {
+  if (node) {
+    result(node);
+  } else {
+    result.error(MakeError<StdErrors::NotFound>(message_id, FullName(identity)));
+  }
+}
+
 }  // namespace
 
 namespace CommandSvc {
@@ -41,8 +54,7 @@ void AsyncServiceImpl::Get(
     const std::shared_ptr<const Bindings::Cli::CommandSvc::Identity>& identity,
     const Activation& /*activation*/,
     const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Cli::CommandSvc::Info>>& result) {
-  DeliverOrNotFound(result, container_->CommandInfo(identity), MessageId::kCliCommandNotFound,
-                    [&identity] { return FullName(identity); });
+  DeliverNode(result, container_->CommandInfo(identity), MessageId::kCliCommandNotFound, identity);
 }
 
 void AsyncServiceImpl::Fingerprint(const Activation& /*activation*/,
@@ -70,8 +82,8 @@ void AsyncServiceImpl::Get(
     const std::shared_ptr<const Bindings::Cli::NamespaceSvc::Identity>& identity,
     const Activation& /*activation*/,
     const ::Zelk::AsyncResult<std::shared_ptr<const Bindings::Cli::NamespaceSvc::Info>>& result) {
-  DeliverOrNotFound(result, container_->NamespaceInfo(identity), MessageId::kCliNamespaceNotFound,
-                    [&identity] { return FullName(identity); });
+  DeliverNode(result, container_->NamespaceInfo(identity), MessageId::kCliNamespaceNotFound,
+              identity);
 }
 
 void AsyncServiceImpl::Fingerprint(const Activation& /*activation*/,

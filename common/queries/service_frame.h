@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <string>
-#include <type_traits>
 
 #include <boost/optional.hpp>
 
@@ -47,16 +46,6 @@ const Names& Known(const boost::optional<Names>& answer) {
   return *answer;
 }
 
-/// A key as an argument of a message; one that costs something to make is given as a function.
-template <typename Key>
-decltype(auto) MessageArgument(const Key& key) {
-  if constexpr (std::is_invocable_v<const Key&>) {
-    return key();
-  } else {
-    return (key);
-  }
-}
-
 /// Delivers `answer`, or for an empty one NotFound with the message `message_id` about `keys`.
 template <typename Result, typename Answer, typename... Keys>
 void DeliverOrNotFound(const ::Zelk::AsyncResult<Result>& result, const Answer& answer,
@@ -64,7 +53,7 @@ void DeliverOrNotFound(const ::Zelk::AsyncResult<Result>& result, const Answer& 
   if (IsKnown(answer)) {
     result(Known(answer));
   } else {
-    result.error(MakeError<StdErrors::NotFound>(message_id, MessageArgument(keys)...));
+    result.error(MakeError<StdErrors::NotFound>(message_id, keys...));
   }
 }
 

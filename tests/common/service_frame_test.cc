@@ -69,20 +69,6 @@ TEST(DeliverOrNotFound, ReportsTwoKeysInOrder) {
   EXPECT_EQ(ErrorTexts(*delivery.error), (Lines{kNotFound, "baz(foo, bar)"}));
 }
 
-TEST(DeliverOrNotFound, CallsAKeyFunctionOnlyIfNotFound) {
-  Delivery<RecordPtr> delivery;
-  int made = 0;
-  const auto key = [&made] {
-    ++made;
-    return std::string("bar");
-  };
-  DeliverOrNotFound(delivery.Result(), RecordPtr(std::make_shared<const std::string>("foo")), kId,
-                    key);
-  EXPECT_EQ(made, 0);
-  DeliverOrNotFound(delivery.Result(), RecordPtr(), kId, key);
-  EXPECT_EQ(made, 1);
-}
-
 TEST(DeliverOrNotFound, DeliversTheValueOfAnOptionalEvenIfEmpty) {
   for (const auto& names : {Names(), Names{"foo"}, Names{"foo", "bar", "foo"}}) {
     Delivery<Names> delivery;
