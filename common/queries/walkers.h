@@ -152,10 +152,11 @@ class IfMayHold {
   Inner inner_;
 };
 
-/// The same as to walk the sources once for each walker, one after another, until a walk has a hit;
-/// but the table is gone through once, and only sources that may hold the name are walked. A hit of
-/// an earlier walker counts more than one in an earlier source, so the result of a walker may be
-/// overwritten by that of one before it.
+/// Equivalent to walking all sources with each walker in turn until one hits, but in one pass over
+/// the sources that may hold the name. The hit of an earlier walker wins over that in an earlier
+/// source, so it may overwrite the result of a later walker. To collect the sources first and then
+/// walk them level by level would take up to 30 % more instructions for a hit, since the pass could
+/// not end there.
 template <typename Table, typename... Walkers>
 void WalkSourcesByLevel(const Table& sources, const NameMark& name, const Walkers&... walkers) {
   std::size_t open = sizeof...(walkers);  // the first so many can still have a better hit
