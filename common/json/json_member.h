@@ -33,8 +33,6 @@ class BoundMember {
   T value_{};
 };
 
-// --- strings and enumerations -------------------------------------------------------------------
-
 inline bool ParseString(const JsonValue& value, const char* /*name*/, Errors& /*errors*/,
                         std::string& result) {
   result = TextOf(value);
@@ -81,8 +79,6 @@ class JsonOptMember<boost::optional<std::string>>
   }
 };
 
-// --- objects ------------------------------------------------------------------------------------
-
 /// A parser's `parse` with its callbacks as the first argument, in the form that the helpers call.
 template <typename Callbacks, typename Parse>
 auto WithCallbacks(const Callbacks& callbacks, Parse parse) {
@@ -127,8 +123,6 @@ using JsonObjectMember = JsonObjectMemberOf<T, Presence::kRequired>;
 /// Absent counts as present and empty.
 template <typename T>
 using JsonOptObjectMember = JsonObjectMemberOf<T, Presence::kOptional>;
-
-// --- arrays -------------------------------------------------------------------------------------
 
 /// Adds what an element parser made to a list; false for an empty pointer, its way to say it
 /// failed.
