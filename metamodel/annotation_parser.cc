@@ -10,8 +10,8 @@ using Bindings::Metamodel::MetadataIdentifierSvc::Constants;
 using ElementType = Bindings::Metamodel::ElementValueEnumerations::Type;
 using Names = std::list<std::string>;
 
-// The argument of messages about an element whose value cannot be read, and about an annotation
-// that is not an object.
+/// The argument of messages about an element whose value cannot be read, and about an annotation
+/// that is not an object.
 constexpr char kElementValue[] = "ElementValue";
 
 /// Returns the element of that name, or null if the annotation has none.

@@ -13,7 +13,7 @@ GenericInstantiation::GenericInstantiation(
       map_key_type(std::move(map_key_type_arg)),
       map_value_type(std::move(map_value_type_arg)) {}
 
-// A copy has the same types, but not next_released_.
+/// A copy has the same types, but not next_released_.
 GenericInstantiation::GenericInstantiation(const GenericInstantiation& other)
     : GenericInstantiation(other.generic_type, other.element_type, other.map_key_type,
                            other.map_value_type) {}
@@ -48,13 +48,13 @@ GenericInstantiation::~GenericInstantiation() {
   }
 }
 
-// Releases one type. If the instantiation inside it has no other owner, it is not destroyed here
-// but put in front of `pending`.
-//
-// If it has other owners, only this reference to it is dropped. When another thread drops the last
-// of the others just after the count was read, this reference is the last one after all, and a
-// second destructor runs inside this one. It works in the same way, so the stack grows with the
-// number of such coincidences and not with the depth of the type.
+/// Releases one type. If the instantiation inside it has no other owner, it is not destroyed here
+/// but put in front of `pending`.
+///
+/// If it has other owners, only this reference to it is dropped. When another thread drops the last
+/// of the others just after the count was read, this reference is the last one after all, and a
+/// second destructor runs inside this one. It works in the same way, so the stack grows with the
+/// number of such coincidences and not with the depth of the type.
 void GenericInstantiation::Release(std::shared_ptr<const Type>& type, Ptr& pending) {
   if (!type) return;
   Ptr inner = type->generic_instantiation;
