@@ -1,11 +1,10 @@
-#include "domains/metamodel_page.h"
-
 #include <memory>
 #include <sstream>
 #include <string>
 
 #include <gtest/gtest.h>
 
+#include "domains/metamodel_shapes.h"
 #include "render/page.h"
 
 // What a service may answer although no file that is loaded today says it.

@@ -15,6 +15,7 @@ using Zelk::Testing::MetamodelFile;
 using Zelk::Testing::Operation;
 using Zelk::Testing::Package;
 using Zelk::Testing::ParsedJson;
+using Zelk::Testing::RunLine;
 using Zelk::Testing::RunOnInventory;
 using Zelk::Testing::RunOnThree;
 using Zelk::Testing::RunTool;
@@ -88,4 +89,12 @@ TEST(Tree, DepthLimitsTheLevelsOfJson) {
   EXPECT_LT(top.size(), whole.size());
   EXPECT_THAT(top, HasSubstr(R"("kind":"component")"));
   EXPECT_THAT(top, Not(HasSubstr(R"("kind":"package")")));
+}
+
+TEST(Tree, SecondSourceWithTheSameIdIsRefused) {
+  const ToolRun run = RunLine("tree --source a=" + kDataFolder + "/inventory.json --source a=" +
+                              kDataFolder + "/network.json");
+  EXPECT_THAT(run.out, HasSubstr("component com.acme"));
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("[zelk.metada.metamodel.source.exists]"));
 }

@@ -11,7 +11,6 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace Provider = ::Zelk::Provider::Metadata::Authentication;
 using Container = std::shared_ptr<Provider::MetadataContainer>;
 using ComponentSvc = Provider::ComponentSvc::AsyncServiceImpl;

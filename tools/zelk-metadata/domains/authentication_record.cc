@@ -8,8 +8,6 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
-
 void WriteSchemes(Page& page, std::size_t level, const SchemeList& schemes) {
   for (const auto& scheme : schemes) {
     const std::string manager =

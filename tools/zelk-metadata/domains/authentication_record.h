@@ -8,6 +8,7 @@
 
 #include <com/orvane/zelk/metadata/authentication/records.h>
 
+#include "domains/bindings.h"
 #include "domains/outline.h"
 #include "render/json_writer.h"
 #include "render/page.h"
@@ -15,28 +16,23 @@
 namespace Zelk::Tool {
 
 // Each writes the record whole, with its members under their own names and in their own order.
-void WriteJson(JsonWriter& json,
-               const ::Com::Orvane::Zelk::Metadata::Authentication::ComponentData& component);
-void WriteJson(JsonWriter& json,
-               const ::Com::Orvane::Zelk::Metadata::Authentication::PackageInfo& package);
-void WriteJson(JsonWriter& json,
-               const ::Com::Orvane::Zelk::Metadata::Authentication::ServiceInfo& service);
-void WriteJson(JsonWriter& json,
-               const ::Com::Orvane::Zelk::Metadata::Authentication::OperationInfo& operation);
+void WriteJson(JsonWriter& json, const Bindings::Authentication::ComponentData& component);
+void WriteJson(JsonWriter& json, const Bindings::Authentication::PackageInfo& package);
+void WriteJson(JsonWriter& json, const Bindings::Authentication::ServiceInfo& service);
+void WriteJson(JsonWriter& json, const Bindings::Authentication::OperationInfo& operation);
 
 // Each shows, under the title, the schemes listed for every level from the record down. What counts
 // where a level has none is for the clients of the services to decide, so nothing is filled in.
 void WritePage(Page& page, const std::string& title,
-               const ::Com::Orvane::Zelk::Metadata::Authentication::ComponentData& component);
+               const Bindings::Authentication::ComponentData& component);
 void WritePage(Page& page, const std::string& title,
-               const ::Com::Orvane::Zelk::Metadata::Authentication::PackageInfo& package);
+               const Bindings::Authentication::PackageInfo& package);
 void WritePage(Page& page, const std::string& title,
-               const ::Com::Orvane::Zelk::Metadata::Authentication::ServiceInfo& service);
+               const Bindings::Authentication::ServiceInfo& service);
 void WritePage(Page& page, const std::string& title,
-               const ::Com::Orvane::Zelk::Metadata::Authentication::OperationInfo& operation);
+               const Bindings::Authentication::OperationInfo& operation);
 
-using SchemeList = std::list<
-    std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Authentication::AuthenticationInfo>>;
+using SchemeList = std::list<std::shared_ptr<const Bindings::Authentication::AuthenticationInfo>>;
 
 /// What is listed for a package, service or operation; nothing where there is no record of it.
 struct LevelSchemes {
@@ -49,6 +45,6 @@ struct LevelSchemes {
 void WriteLevels(Page& page, const std::vector<LevelSchemes>& levels);
 
 void WriteOutline(OutlineWriter& outline, const std::string& name,
-                  const ::Com::Orvane::Zelk::Metadata::Authentication::ComponentInfo& component);
+                  const Bindings::Authentication::ComponentInfo& component);
 
 }  // namespace Zelk::Tool

@@ -9,7 +9,6 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace Provider = ::Zelk::Provider::Metadata::Cli;
 using Container = std::shared_ptr<Provider::MetadataContainer>;
 using CommandSvc = Provider::CommandSvc::AsyncServiceImpl;

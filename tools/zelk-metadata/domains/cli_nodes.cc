@@ -11,7 +11,6 @@
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 using Identity = CliNodes::Identity;
 using Pairs = std::vector<std::pair<std::string, std::string>>;
 

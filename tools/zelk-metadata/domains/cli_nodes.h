@@ -8,6 +8,7 @@
 
 #include <com/orvane/zelk/metadata/cli/records.h>
 
+#include "domains/bindings.h"
 #include "host/domain.h"
 
 // What a command-line client makes of namespaces and commands.
@@ -16,12 +17,10 @@ namespace Zelk::Tool {
 
 /// Everything that the services answer, by identity.
 struct CliNodes {
-  using Identity = ::Com::Orvane::Zelk::Metadata::Cli::TreeIdentity;
+  using Identity = Bindings::Cli::TreeIdentity;
 
-  std::map<Identity, std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::Info>>
-      namespaces;
-  std::map<Identity, std::shared_ptr<const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Info>>
-      commands;
+  std::map<Identity, std::shared_ptr<const Bindings::Cli::NamespaceSvc::Info>> namespaces;
+  std::map<Identity, std::shared_ptr<const Bindings::Cli::CommandSvc::Info>> commands;
 };
 
 /// The namespaces with what is in them. Commands in a namespace that nobody describes come last.

@@ -7,8 +7,6 @@
 
 namespace Zelk::Tool {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
-
 static void WriteJson(JsonWriter& json, const Bindings::Cli::TreeIdentity& identity) {
   json.StartObject();
   json.Member("path", identity.path);

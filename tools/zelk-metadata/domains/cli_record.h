@@ -4,24 +4,24 @@
 
 #include <com/orvane/zelk/metadata/cli/records.h>
 
+#include "domains/bindings.h"
 #include "render/json_writer.h"
 #include "render/page.h"
 
 namespace Zelk::Tool {
 
 /// Path and name as one dotted text; "." for the root namespace.
-std::string FullName(const ::Com::Orvane::Zelk::Metadata::Cli::TreeIdentity& identity);
+std::string FullName(const Bindings::Cli::TreeIdentity& identity);
 
 // Each writes the record whole, with its members under their own names and in their own order.
-void WriteJson(JsonWriter& json,
-               const ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::Info& info);
-void WriteJson(JsonWriter& json, const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Info& info);
+void WriteJson(JsonWriter& json, const Bindings::Cli::NamespaceSvc::Info& info);
+void WriteJson(JsonWriter& json, const Bindings::Cli::CommandSvc::Info& info);
 
-void WritePage(Page& page, const ::Com::Orvane::Zelk::Metadata::Cli::NamespaceSvc::Info& info);
-void WritePage(Page& page, const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Info& info);
+void WritePage(Page& page, const Bindings::Cli::NamespaceSvc::Info& info);
+void WritePage(Page& page, const Bindings::Cli::CommandSvc::Info& info);
 
 /// The same as a client's help.
 void WriteUsagePage(Page& page, const std::string& title,
-                    const ::Com::Orvane::Zelk::Metadata::Cli::CommandSvc::Info& info);
+                    const Bindings::Cli::CommandSvc::Info& info);
 
 }  // namespace Zelk::Tool

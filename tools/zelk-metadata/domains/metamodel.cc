@@ -1,16 +1,13 @@
 #include <zelk/provider/metadata/metamodel/metadata_container.h>
 #include <zelk/provider/metadata/metamodel/services.h>
 
-#include "domains/metamodel_json.h"
-#include "domains/metamodel_outline.h"
-#include "domains/metamodel_page.h"
+#include "domains/metamodel_shapes.h"
 #include "domains/source_domain.h"
 #include "domains/table.h"
 
 namespace Zelk::Tool {
 namespace {
 
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 namespace Provider = ::Zelk::Provider::Metadata::Metamodel;
 using Container = std::shared_ptr<Provider::MetadataContainer>;
 using ComponentSvc = Provider::ComponentSvc::AsyncServiceImpl;

@@ -1,12 +1,8 @@
-#include "domains/metamodel_json.h"
-
 #include "domains/enum_text.h"
 #include "domains/json_records.h"
-#include "domains/metamodel_type.h"
+#include "domains/metamodel_shapes.h"
 
 namespace Zelk::Tool {
-
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 // Static rather than in the unnamed namespace, where the templates below would not find them.
 static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ComponentInfo& component);

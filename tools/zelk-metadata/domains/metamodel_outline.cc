@@ -1,9 +1,7 @@
-#include "domains/metamodel_outline.h"
+#include "domains/metamodel_shapes.h"
 
 namespace Zelk::Tool {
 namespace {
-
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 // Where a definition stands decides which of several of one name is answered.
 constexpr int kInPackage = 0;

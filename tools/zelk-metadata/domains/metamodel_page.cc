@@ -1,15 +1,11 @@
-#include "domains/metamodel_page.h"
-
 #include <fmt/format.h>
 
 #include "domains/enum_text.h"
-#include "domains/metamodel_type.h"
+#include "domains/metamodel_shapes.h"
 #include "render/text.h"
 
 namespace Zelk::Tool {
 namespace {
-
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 std::string Quoted(const std::string& text) {
   std::string quoted = "\"";

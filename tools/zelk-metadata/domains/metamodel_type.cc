@@ -1,13 +1,10 @@
-#include "domains/metamodel_type.h"
-
 #include <vector>
 
 #include "domains/enum_text.h"
+#include "domains/metamodel_shapes.h"
 
 namespace Zelk::Tool {
 namespace {
-
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 /// A text to append, or a type whose text is still to be worked out.
 struct TextStep {

@@ -4,7 +4,7 @@
 
 namespace Zelk::Tool {
 
-using ::Com::Orvane::Zelk::Metadata::SourceDescription;
+using Bindings::SourceDescription;
 
 void WriteJson(JsonWriter& json, const SourceDescription& source) {
   json.StartObject();

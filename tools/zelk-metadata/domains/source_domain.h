@@ -6,17 +6,17 @@
 
 #include <com/orvane/zelk/metadata/source_type.h>
 
+#include "domains/bindings.h"
 #include "host/queries.h"
 
 // Sources, which all domains have in the same form.
 
 namespace Zelk::Tool {
 
-void WriteJson(JsonWriter& json, const ::Com::Orvane::Zelk::Metadata::SourceDescription& source);
+void WriteJson(JsonWriter& json, const Bindings::SourceDescription& source);
 
 /// A source's record does not say which one it is, so its page is told.
-void WriteSourcePage(Page& page, const std::string& id,
-                     const ::Com::Orvane::Zelk::Metadata::SourceDescription& source);
+void WriteSourcePage(Page& page, const std::string& id, const Bindings::SourceDescription& source);
 
 /// The kind "source" of a domain.
 template <typename SourceSvc>
@@ -41,8 +41,8 @@ class SourceDomain : public Domain {
   explicit SourceDomain(const Container& container) : source_(container) {}
 
   std::optional<ServiceError> CreateSource(const std::string& id, const std::string& path) final {
-    const auto spec = std::make_shared<const CreateSpec>(
-        "", ::Com::Orvane::Zelk::Metadata::SourceType::LOCAL_FILE, path, boost::none);
+    const auto spec =
+        std::make_shared<const CreateSpec>("", Bindings::SourceType::LOCAL_FILE, path, boost::none);
     return Call(source_, &SourceSvc::Create, id, spec).error;
   }
 

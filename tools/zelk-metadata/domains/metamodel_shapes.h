@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+
+#include <com/orvane/zelk/metadata/metamodel/records.h>
+
+#include "domains/bindings.h"
+#include "domains/outline.h"
+#include "render/json_writer.h"
+#include "render/page.h"
+
+// The ways to show the records of Metamodel.
+
+namespace Zelk::Tool {
+
+// Types nest as deep as a file says, so nothing here takes stack for a level.
+
+/// The type in one line, such as "MAP<STRING, LIST<com.acme.disk>>".
+std::string TypeText(const Bindings::Metamodel::Type& type);
+
+/// The record whole, with all types that it is made of.
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::Type& type);
+
+// Each writes the record whole, with its members under their own names and in their own order:
+// maps as objects, enumerators by name, and null for what is not set.
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::ComponentData& component);
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::PackageInfo& package);
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::ServiceInfo& service);
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::OperationInfo& operation);
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::StructureInfo& structure);
+void WriteJson(JsonWriter& json, const Bindings::Metamodel::EnumerationInfo& enumeration);
+
+// Each begins with a line that names the record, followed by its documentation and annotations;
+// then come its parts under headings, those that it has none of left out. What a part holds in
+// turn has a page of its own, so only its name and the first line of its documentation are shown.
+void WritePage(Page& page, const Bindings::Metamodel::ComponentData& component);
+void WritePage(Page& page, const Bindings::Metamodel::PackageInfo& package);
+void WritePage(Page& page, const Bindings::Metamodel::ServiceInfo& service);
+void WritePage(Page& page, const Bindings::Metamodel::StructureInfo& structure);
+void WritePage(Page& page, const Bindings::Metamodel::EnumerationInfo& enumeration);
+
+/// The line that names the operation is its signature: "list(service_id: ID) -> LIST<ID>".
+void WritePage(Page& page, const Bindings::Metamodel::OperationInfo& operation);
+
+/// The signature and the first line of the documentation, for a page about something else.
+void WriteSummary(Page& page, const Bindings::Metamodel::OperationInfo& operation);
+
+/// The component with everything in it, each kind of thing in the order of its key.
+void WriteOutline(OutlineWriter& outline, const Bindings::Metamodel::ComponentInfo& component);
+
+}  // namespace Zelk::Tool
