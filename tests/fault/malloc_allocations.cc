@@ -27,14 +27,12 @@ void* NoMemory() {
 
 extern "C" {
 
-// NOLINTBEGIN(bugprone-reserved-identifier): the names that the C library gives them.
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the C library's names.
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* block, std::size_t size);
 void* __libc_memalign(std::size_t alignment, std::size_t size);
 void __libc_free(void* block);
-
-// NOLINTEND(bugprone-reserved-identifier)
 
 void* malloc(std::size_t size) noexcept {
   return NextAllocationFails() ? NoMemory() : Obtained(__libc_malloc(size));
@@ -83,5 +81,7 @@ void* mmap(void* address, std::size_t size, int protection, int flags, int descr
 void free(void* block) noexcept {
   __libc_free(Released(block));
 }
+
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 }  // extern "C"
