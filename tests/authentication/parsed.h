@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "support/authentication_text.h"
 #include "authentication/json_metadata_parser.h"
 #include "support/as_source.h"
+#include "support/authentication_text.h"
 #include "support/json_text.h"
 #include "support/message_texts.h"
 

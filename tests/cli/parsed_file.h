@@ -6,10 +6,10 @@
 
 #include <zelk/message.h>
 
-#include "support/cli_text.h"
 #include "cli/metadata_parser.h"
 #include "cli/parser_messages.h"
 #include "support/as_source.h"
+#include "support/cli_text.h"
 
 // What the parser made of a file: whether it was read, what the callbacks were given and in which
 // order, and the messages.

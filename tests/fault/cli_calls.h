@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "support/cli_text.h"
 #include "fault/tree_calls.h"
+#include "support/cli_text.h"
 #include "surface/cli_under_test.h"
 
 namespace Zelk::Testing {

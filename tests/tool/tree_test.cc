@@ -92,8 +92,8 @@ TEST(Tree, DepthLimitsTheLevelsOfJson) {
 }
 
 TEST(Tree, SecondSourceWithTheSameIdIsRefused) {
-  const ToolRun run = RunLine("tree --source a=" + kDataFolder + "/inventory.json --source a=" +
-                              kDataFolder + "/network.json");
+  const ToolRun run = RunLine("tree --source a=" + kDataFolder +
+                              "/inventory.json --source a=" + kDataFolder + "/network.json");
   EXPECT_THAT(run.out, HasSubstr("component com.acme"));
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, HasSubstr("[zelk.metada.metamodel.source.exists]"));
