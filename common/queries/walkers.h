@@ -1,11 +1,13 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include <boost/container/small_vector.hpp>
 #include <boost/range/algorithm/find_if.hpp>
 
 #include "common/sources/name_filter.h"
@@ -152,25 +154,22 @@ class IfMayHold {
   Inner inner_;
 };
 
-/// Equivalent to walking all sources with each walker in turn until one hits, but in one pass over
-/// the sources that may hold the name. The hit of an earlier walker wins over that in an earlier
-/// source, so it may overwrite the result of a later walker. To collect the sources first and then
-/// walk them level by level would take up to 30 % more instructions for a hit, since the pass could
-/// not end there.
-template <typename Table, typename... Walkers>
-void WalkSourcesByLevel(const Table& sources, const NameMark& name, const Walkers&... walkers) {
-  std::size_t open = sizeof...(walkers);  // the first so many can still have a better hit
-  for (auto source = sources.begin(); source != sources.end() && open > 0; ++source) {
-    if (!source->second->names.MayHold(name)) continue;
-    std::size_t level = 0;
-    const auto hits = [&](const auto& walker) {
-      if (level == open || walker(*source)) return true;
-      ++level;
-      return false;
-    };
-    static_cast<void>((hits(walkers) || ...));
-    open = level;
+/// Walks the sources that may hold the name, usually none or one, with each walker in turn until a
+/// walk reports a hit. So a hit of an earlier walker wins over one in an earlier source.
+template <typename Table, typename First, typename... Others>
+void WalkSourcesByLevel(const Table& sources, const NameMark& name, const First& first,
+                        const Others&... others) {
+  boost::container::small_vector<const typename Table::value_type*, 4> holders;
+  for (const auto& source : sources) {
+    if (!source.second->names.MayHold(name)) continue;
+    if (first(source)) return;
+    holders.push_back(&source);
   }
+  const auto hits = [&holders](const auto& walker) {
+    return std::any_of(holders.begin(), holders.end(),
+                       [&walker](const auto* holder) { return walker(*holder); });
+  };
+  static_cast<void>((hits(others) || ...));
 }
 
 /// Appends a mark of the kind for the key of every entry in the walk.
