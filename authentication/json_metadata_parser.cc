@@ -136,9 +136,9 @@ JsonMetadataParser::Scheme JsonMetadataParser::ParseAuthInfo(const JsonValue& va
 }
 
 bool JsonMetadataParser::ParseSchemeTypeEnum(const JsonValue& value, const char* name,
-                                             Errors& errors, SchemeType& result) {
+                                             SchemeType& result, Errors& errors) {
   // Intended(auth-session-aware-alias): files have both spellings.
-  return ParseAliasedEnum(value, name, errors, result, "SESSIONAWARE", SchemeType::SESSION_AWARE);
+  return ParseAliasedEnum(value, name, "SESSIONAWARE", SchemeType::SESSION_AWARE, result, errors);
 }
 
 bool JsonMetadataParser::ParseSchemeList(const JsonValue& value, const SchemeTable& schemes,
@@ -153,7 +153,7 @@ bool JsonMetadataParser::ParseSchemeList(const JsonValue& value, const SchemeTab
     errors.push_back(CatalogMessage(MessageId::kAuthenticationUnknownSchemaName) % "id");
     return nullptr;
   };
-  return JsonParseArray(value, kPackages, find_scheme, errors, list);
+  return JsonParseArray(value, kPackages, find_scheme, list, errors);
 }
 
 bool JsonMetadataParser::ParseOperations(

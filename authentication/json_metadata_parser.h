@@ -47,8 +47,8 @@ class JsonMetadataParser {
   static bool ParseSchemes(const JsonValue& value, SchemeTable& schemes, Errors& errors);
   static Scheme ParseAuthInfo(const JsonValue& value, Errors& errors);
   static bool ParseSchemeTypeEnum(
-      const JsonValue& value, const char* name, Errors& errors,
-      Bindings::Authentication::AuthenticationInfoEnumerations::SchemeType& result);
+      const JsonValue& value, const char* name,
+      Bindings::Authentication::AuthenticationInfoEnumerations::SchemeType& result, Errors& errors);
   static bool ParseSchemeList(const JsonValue& value, const SchemeTable& schemes, SchemeList& list,
                               Errors& errors);
 

@@ -33,8 +33,8 @@ using TextPtr = std::shared_ptr<const std::string>;
 using TextList = std::list<TextPtr>;
 using TextMap = std::map<std::string, TextPtr>;
 
-bool ParseAliased(const JsonValue& value, const char* name, Errors& errors, GenericType& result) {
-  return ParseAliasedEnum(value, name, errors, result, "ALIAS", GenericType::SET);
+bool ParseAliased(const JsonValue& value, const char* name, GenericType& result, Errors& errors) {
+  return ParseAliasedEnum(value, name, "ALIAS", GenericType::SET, result, errors);
 }
 
 // The parsers that the helpers are given, each in the form that its helper calls.

@@ -79,7 +79,7 @@ std::shared_ptr<const Bindings::Metamodel::PrimitiveValue> JsonMetadataParser::P
     const JsonValue& value, const char* name, Errors& errors, const PrimitiveType& primitive_type) {
   if (primitive_type != PrimitiveType::STRING) return nullptr;
   std::string text;
-  if (!JsonParseString<ParseString>(value, name, errors, text)) return nullptr;
+  if (!JsonParseString<ParseString>(value, name, text, errors)) return nullptr;
   return std::make_shared<Bindings::Metamodel::PrimitiveValue>(primitive_type, std::move(text));
 }
 

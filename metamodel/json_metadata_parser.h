@@ -118,10 +118,12 @@ class JsonMetadataParser {
   static TypePtr ParseUserDefinedType(const JsonValue& value, Errors& errors);
   static TypePtr ParseGenericType(const RegisterCallbacks& callbacks, const JsonValue& value,
                                   Errors& errors);
-  static bool ParseCategoryEnum(const JsonValue& value, const char* name, Errors& errors,
-                                Bindings::Metamodel::TypeEnumerations::Category& result);
-  static bool ParseBinEnum(const JsonValue& value, const char* name, Errors& errors,
-                           Bindings::Metamodel::TypeEnumerations::BuiltinType& result);
+  static bool ParseCategoryEnum(const JsonValue& value, const char* name,
+                                Bindings::Metamodel::TypeEnumerations::Category& result,
+                                Errors& errors);
+  static bool ParseBinEnum(const JsonValue& value, const char* name,
+                           Bindings::Metamodel::TypeEnumerations::BuiltinType& result,
+                           Errors& errors);
 
   static TypePtr GetBuildinType(Bindings::Metamodel::TypeEnumerations::BuiltinType builtin_type);
   static TypePtr GetUserDefinedType(

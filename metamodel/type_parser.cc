@@ -138,14 +138,14 @@ TypePtr JsonMetadataParser::ParseGenericType(const RegisterCallbacks& callbacks,
 }
 
 // Intended(type-aliases): a file may say PRIMITIVE for BUILTIN and EXCEPTION for ANY_ERROR.
-bool JsonMetadataParser::ParseCategoryEnum(const JsonValue& value, const char* name, Errors& errors,
-                                           Category& result) {
-  return ParseAliasedEnum(value, name, errors, result, "PRIMITIVE", Category::BUILTIN);
+bool JsonMetadataParser::ParseCategoryEnum(const JsonValue& value, const char* name,
+                                           Category& result, Errors& errors) {
+  return ParseAliasedEnum(value, name, "PRIMITIVE", Category::BUILTIN, result, errors);
 }
 
-bool JsonMetadataParser::ParseBinEnum(const JsonValue& value, const char* name, Errors& errors,
-                                      BuiltinType& result) {
-  return ParseAliasedEnum(value, name, errors, result, "EXCEPTION", BuiltinType::ANY_ERROR);
+bool JsonMetadataParser::ParseBinEnum(const JsonValue& value, const char* name, BuiltinType& result,
+                                      Errors& errors) {
+  return ParseAliasedEnum(value, name, "EXCEPTION", BuiltinType::ANY_ERROR, result, errors);
 }
 
 TypePtr JsonMetadataParser::GetBuildinType(BuiltinType builtin_type) {

@@ -48,7 +48,7 @@ bool CheckEnum(const E& value, const char* name, Errors& errors) {
 
 /// Reads an enumerator of `E` from a JSON string.
 template <typename E>
-bool ParseEnum(const JsonValue& value, const char* name, Errors& errors, E& result) {
+bool ParseEnum(const JsonValue& value, const char* name, E& result, Errors& errors) {
   result = EnumConverter::Convert<E>(TextOf(value));
   return CheckEnum(result, name, errors);
 }
@@ -56,8 +56,8 @@ bool ParseEnum(const JsonValue& value, const char* name, Errors& errors, E& resu
 /// As ParseEnum; `alias` is another text for `meaning`. It must be in upper case and differ from
 /// the texts of the enumerators.
 template <typename E>
-bool ParseAliasedEnum(const JsonValue& value, const char* name, Errors& errors, E& result,
-                      const char* alias, typename E::Enumerator meaning) {
+bool ParseAliasedEnum(const JsonValue& value, const char* name, const char* alias,
+                      typename E::Enumerator meaning, E& result, Errors& errors) {
   result = EnumConverter::Convert<E>(TextOf(value));
   if (result.Text() == alias) {
     result = meaning;

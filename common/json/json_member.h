@@ -33,16 +33,16 @@ class BoundMember {
   T value_{};
 };
 
-inline bool ParseString(const JsonValue& value, const char* /*name*/, Errors& /*errors*/,
-                        std::string& result) {
+inline bool ParseString(const JsonValue& value, const char* /*name*/, std::string& result,
+                        Errors& /*errors*/) {
   result = TextOf(value);
   return true;
 }
 
 /// Converts a value already at hand, which must be a JSON string, with `kParser`.
 template <auto kParser, typename T>
-bool JsonParseString(const JsonValue& value, const char* name, Errors& errors, T& result) {
-  return CheckType(value, JsonType::kString, name, errors) && kParser(value, name, errors, result);
+bool JsonParseString(const JsonValue& value, const char* name, T& result, Errors& errors) {
+  return CheckType(value, JsonType::kString, name, errors) && kParser(value, name, result, errors);
 }
 
 /// How a string becomes a T: an enumeration, if it is not to stay a string.
@@ -58,7 +58,7 @@ class JsonMember : public BoundMember<T> {
  public:
   JsonMember(const JsonValue& object, const char* name, Errors& errors) {
     const JsonValue* value = FindMember(object, name, errors);
-    this->ok_ = value != nullptr && JsonParseString<kParser>(*value, name, errors, this->value_);
+    this->ok_ = value != nullptr && JsonParseString<kParser>(*value, name, this->value_, errors);
   }
 };
 
@@ -143,8 +143,8 @@ bool AddElement(std::vector<std::pair<std::string, Record>>& records,
 }
 
 template <typename Records, typename ParseElement>
-bool ParseElements(const JsonValue& array, const ParseElement& parse_element, Errors& errors,
-                   Records& records) {
+bool ParseElements(const JsonValue& array, const ParseElement& parse_element, Records& records,
+                   Errors& errors) {
   for (const auto& element : array.GetArray()) {  // checked: by JsonParseArray
     if (!AddElement(records, parse_element(element, errors))) return false;
   }
@@ -152,13 +152,13 @@ bool ParseElements(const JsonValue& array, const ParseElement& parse_element, Er
 }
 
 template <typename Record, typename ParseElement>
-bool ParseElements(const JsonValue& array, const ParseElement& parse_element, Errors& errors,
-                   std::map<std::string, Record>& map) {
+bool ParseElements(const JsonValue& array, const ParseElement& parse_element,
+                   std::map<std::string, Record>& map, Errors& errors) {
   // The map is filled when all its records are made, so that its nodes lie side by side in memory:
   // walks are about twice as fast.
   std::vector<std::pair<std::string, Record>> records;
   records.reserve(array.Size());
-  const bool ok = ParseElements(array, parse_element, errors, records);
+  const bool ok = ParseElements(array, parse_element, records, errors);
   // Intended(first-record-counts): of two elements with the same key, the first one is kept.
   for (auto& record : records) map.insert(std::move(record));
   return ok;
@@ -168,9 +168,9 @@ bool ParseElements(const JsonValue& array, const ParseElement& parse_element, Er
 /// first element that fails and keeps those before it.
 template <typename Container, typename ParseElement>
 bool JsonParseArray(const JsonValue& value, const char* name, const ParseElement& parse_element,
-                    Errors& errors, Container& container) {
+                    Container& container, Errors& errors) {
   return CheckType(value, JsonType::kArray, name, errors) &&
-         ParseElements(value, parse_element, errors, container);
+         ParseElements(value, parse_element, container, errors);
 }
 
 template <typename Container, Presence kPresence>
@@ -182,7 +182,7 @@ class JsonArrayMemberOf : public BoundMember<Container> {
     const JsonValue* value = FindMember(object, name, errors);
     this->ok_ = value == nullptr
                     ? kPresence == Presence::kOptional
-                    : JsonParseArray(*value, name, parse_element, errors, this->value_);
+                    : JsonParseArray(*value, name, parse_element, this->value_, errors);
   }
 };
 

@@ -113,7 +113,7 @@ TEST(SchemeTypeText, IgnoresCaseAndHasASecondSpelling) {
   for (const auto& row : rows) {
     Errors errors;
     SchemeType type;
-    EXPECT_TRUE(Parser::ParseSchemeTypeEnum(Json(row.json), "type", errors, type)) << row.json;
+    EXPECT_TRUE(Parser::ParseSchemeTypeEnum(Json(row.json), "type", type, errors)) << row.json;
     EXPECT_EQ(type, row.type) << row.json;
     EXPECT_EQ(MessageTexts(errors), Lines()) << row.json;
   }
@@ -124,7 +124,7 @@ TEST(SchemeTypeText, IsReportedOnceIfUnknown) {
                            R"("SESSIONAWARE ")", R"("SESSIONAWARE\u0000")", R"("UNKNOWN")"}) {
     Errors errors;
     SchemeType type;
-    EXPECT_FALSE(Parser::ParseSchemeTypeEnum(Json(json), "type", errors, type)) << json;
+    EXPECT_FALSE(Parser::ParseSchemeTypeEnum(Json(json), "type", type, errors)) << json;
     EXPECT_EQ(type.Value(), 2) << json;
     EXPECT_EQ(MessageTexts(errors), Lines{InvalidEnumValue("type")}) << json;
   }

@@ -99,7 +99,7 @@ Outcome BindOptMap(const std::string& json) {
 template <typename Container, typename Parse>
 Outcome ParseArray(const std::string& json, Container container, const Parse& parse) {
   Errors errors;
-  const bool ok = JsonParseArray(Json(json), "foo", parse, errors, container);
+  const bool ok = JsonParseArray(Json(json), "foo", parse, container, errors);
   return {ok, Text(container), MessageTexts(errors)};
 }
 

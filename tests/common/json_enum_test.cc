@@ -125,7 +125,7 @@ TEST(CheckEnum, ReportsAnUnknownValueByTheKey) {
 TEST(ParseEnum, ReadsAJsonString) {
   Errors errors;
   GenericType result;
-  EXPECT_TRUE(ParseEnum(Json(R"("optional")"), "foo", errors, result));
+  EXPECT_TRUE(ParseEnum(Json(R"("optional")"), "foo", result, errors));
   EXPECT_EQ(result, GenericType::OPTIONAL);
   EXPECT_EQ(MessageTexts(errors), Lines());
 }
@@ -134,7 +134,7 @@ TEST(ParseEnum, ReportsAnUnknownTextOnceByTheKey) {
   for (const auto* json : {R"("bar")", R"("")", R"("list ")", R"("list\u0000")"}) {
     Errors errors;
     GenericType result;
-    EXPECT_FALSE(ParseEnum(Json(json), "foo", errors, result)) << json;
+    EXPECT_FALSE(ParseEnum(Json(json), "foo", result, errors)) << json;
     EXPECT_EQ(result.Value(), GenericType::UNKNOWN) << json;
     EXPECT_EQ(MessageTexts(errors), Lines{InvalidEnumValue("foo")}) << json;
   }
@@ -144,8 +144,8 @@ TEST(ParseEnum, AcceptsNoAlias) {
   Errors errors;
   Category category;
   BuiltinType type;
-  EXPECT_FALSE(ParseEnum(Json(R"("PRIMITIVE")"), "foo", errors, category));
-  EXPECT_FALSE(ParseEnum(Json(R"("EXCEPTION")"), "bar", errors, type));
+  EXPECT_FALSE(ParseEnum(Json(R"("PRIMITIVE")"), "foo", category, errors));
+  EXPECT_FALSE(ParseEnum(Json(R"("EXCEPTION")"), "bar", type, errors));
   EXPECT_EQ(MessageTexts(errors), (Lines{InvalidEnumValue("foo"), InvalidEnumValue("bar")}));
 }
 
@@ -153,7 +153,7 @@ TEST(ParseAliasedEnum, AcceptsTheAliasInAnyCase) {
   for (const auto* json : {R"("ALIAS")", R"("alias")", R"("aLiAs")", R"("map")", R"("MAP")"}) {
     Errors errors;
     GenericType result;
-    EXPECT_TRUE(ParseAliasedEnum(Json(json), "foo", errors, result, "ALIAS", GenericType::MAP))
+    EXPECT_TRUE(ParseAliasedEnum(Json(json), "foo", "ALIAS", GenericType::MAP, result, errors))
         << json;
     EXPECT_EQ(result, GenericType::MAP) << json;
     EXPECT_EQ(MessageTexts(errors), Lines()) << json;
@@ -163,7 +163,7 @@ TEST(ParseAliasedEnum, AcceptsTheAliasInAnyCase) {
 TEST(ParseAliasedEnum, AcceptsTheOtherTexts) {
   Errors errors;
   GenericType result;
-  EXPECT_TRUE(ParseAliasedEnum(Json(R"("Set")"), "foo", errors, result, "ALIAS", GenericType::MAP));
+  EXPECT_TRUE(ParseAliasedEnum(Json(R"("Set")"), "foo", "ALIAS", GenericType::MAP, result, errors));
   EXPECT_EQ(result, GenericType::SET);
 }
 
@@ -171,7 +171,7 @@ TEST(ParseAliasedEnum, ReportsAnUnknownTextOnce) {
   for (const auto* json : {R"("ALIAS ")", R"("ALIA")", R"("ALIAS\u0000")", R"("bar")"}) {
     Errors errors;
     GenericType result;
-    EXPECT_FALSE(ParseAliasedEnum(Json(json), "foo", errors, result, "ALIAS", GenericType::MAP))
+    EXPECT_FALSE(ParseAliasedEnum(Json(json), "foo", "ALIAS", GenericType::MAP, result, errors))
         << json;
     EXPECT_EQ(MessageTexts(errors), Lines{InvalidEnumValue("foo")}) << json;
   }

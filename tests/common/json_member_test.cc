@@ -37,7 +37,7 @@ std::string Foo(const std::string& value) {
 TEST(JsonParseString, StoresAString) {
   Errors errors;
   std::string result = "old";
-  EXPECT_TRUE(JsonParseString<ParseString>(Json(R"("bar\u0000")"), "foo", errors, result));
+  EXPECT_TRUE(JsonParseString<ParseString>(Json(R"("bar\u0000")"), "foo", result, errors));
   EXPECT_EQ(result, std::string("bar\0", 4));
   EXPECT_EQ(MessageTexts(errors), Lines());
 }
@@ -45,7 +45,7 @@ TEST(JsonParseString, StoresAString) {
 TEST(JsonParseString, StoresAnEnumerator) {
   Errors errors;
   GenericType result;
-  EXPECT_TRUE(JsonParseString<ParseEnum<GenericType>>(Json(R"("Map")"), "foo", errors, result));
+  EXPECT_TRUE(JsonParseString<ParseEnum<GenericType>>(Json(R"("Map")"), "foo", result, errors));
   EXPECT_EQ(result, GenericType::MAP);
   EXPECT_EQ(MessageTexts(errors), Lines());
 }
@@ -53,7 +53,7 @@ TEST(JsonParseString, StoresAnEnumerator) {
 TEST(JsonParseString, ReportsAnUnknownEnumeratorOnce) {
   Errors errors;
   GenericType result;
-  EXPECT_FALSE(JsonParseString<ParseEnum<GenericType>>(Json(R"("Bar")"), "foo", errors, result));
+  EXPECT_FALSE(JsonParseString<ParseEnum<GenericType>>(Json(R"("Bar")"), "foo", result, errors));
   EXPECT_EQ(MessageTexts(errors), Lines{InvalidEnumValue("foo")});
 }
 
@@ -62,8 +62,8 @@ TEST(JsonParseString, RefusesOtherTypes) {
     Errors errors;
     std::string text = "old";
     GenericType type = GenericType::SET;
-    EXPECT_FALSE(JsonParseString<ParseString>(Json(json), "foo", errors, text)) << json;
-    EXPECT_FALSE(JsonParseString<ParseEnum<GenericType>>(Json(json), "bar", errors, type)) << json;
+    EXPECT_FALSE(JsonParseString<ParseString>(Json(json), "foo", text, errors)) << json;
+    EXPECT_FALSE(JsonParseString<ParseEnum<GenericType>>(Json(json), "bar", type, errors)) << json;
     EXPECT_EQ(text, "old") << json;
     EXPECT_EQ(type, GenericType::SET) << json;
     EXPECT_EQ(MessageTexts(errors), (Lines{InvalidField("foo"), InvalidField("bar")})) << json;
@@ -154,8 +154,8 @@ TEST(JsonMember, ReportsANonStringEnumeratorAsInvalid) {
   }
 }
 
-bool ParseAliased(const JsonValue& value, const char* name, Errors& errors, GenericType& result) {
-  return ParseAliasedEnum(value, name, errors, result, "BAR", GenericType::SET);
+bool ParseAliased(const JsonValue& value, const char* name, GenericType& result, Errors& errors) {
+  return ParseAliasedEnum(value, name, "BAR", GenericType::SET, result, errors);
 }
 
 TEST(JsonMember, UsesAGivenParser) {

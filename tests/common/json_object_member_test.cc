@@ -41,7 +41,7 @@ template <typename Container>
 bool ParseStrings(const JsonValue& value, Container& result, Errors& errors) {
   for (const auto& member : JsonMembers(value)) {
     std::string text;
-    if (!JsonParseString<ParseString>(member.value, "member", errors, text)) return false;
+    if (!JsonParseString<ParseString>(member.value, "member", text, errors)) return false;
     result.emplace(ValToString(member.name), typename Container::mapped_type(text));
   }
   return true;

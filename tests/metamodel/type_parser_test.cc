@@ -283,22 +283,22 @@ TEST(ParseGenericType, FailsIfANestedTypeFails) {
 TEST(ParseCategoryEnum, ReadsTheCategoriesAndTheAlias) {
   Errors errors;
   Category category;
-  EXPECT_TRUE(MetamodelParser::ParseCategoryEnum(Json(R"("Primitive")"), "foo", errors, category));
+  EXPECT_TRUE(MetamodelParser::ParseCategoryEnum(Json(R"("Primitive")"), "foo", category, errors));
   EXPECT_EQ(category, Category::BUILTIN);
-  EXPECT_TRUE(MetamodelParser::ParseCategoryEnum(Json(R"("generic")"), "foo", errors, category));
+  EXPECT_TRUE(MetamodelParser::ParseCategoryEnum(Json(R"("generic")"), "foo", category, errors));
   EXPECT_EQ(category, Category::GENERIC);
-  EXPECT_FALSE(MetamodelParser::ParseCategoryEnum(Json(R"("bar")"), "foo", errors, category));
+  EXPECT_FALSE(MetamodelParser::ParseCategoryEnum(Json(R"("bar")"), "foo", category, errors));
   EXPECT_EQ(MessageTexts(errors), Lines{InvalidEnumValue("foo")});
 }
 
 TEST(ParseBinEnum, ReadsTheBuiltinTypesAndTheAlias) {
   Errors errors;
   BuiltinType type;
-  EXPECT_TRUE(MetamodelParser::ParseBinEnum(Json(R"("Exception")"), "foo", errors, type));
+  EXPECT_TRUE(MetamodelParser::ParseBinEnum(Json(R"("Exception")"), "foo", type, errors));
   EXPECT_EQ(type.Value(), 10);
-  EXPECT_TRUE(MetamodelParser::ParseBinEnum(Json(R"("opaque")"), "foo", errors, type));
+  EXPECT_TRUE(MetamodelParser::ParseBinEnum(Json(R"("opaque")"), "foo", type, errors));
   EXPECT_EQ(type, BuiltinType::OPAQUE);
-  EXPECT_FALSE(MetamodelParser::ParseBinEnum(Json(R"("bar")"), "foo", errors, type));
+  EXPECT_FALSE(MetamodelParser::ParseBinEnum(Json(R"("bar")"), "foo", type, errors));
   EXPECT_EQ(MessageTexts(errors), Lines{InvalidEnumValue("foo")});
 }
 
