@@ -40,6 +40,8 @@ class Colours final : public Domain {
     return std::nullopt;
   }
 
+  std::string FingerprintOf(const std::string& /*id*/) override { return ""; }
+
   const std::vector<Kind>& Kinds() const override { return kinds_; }
 
  private:

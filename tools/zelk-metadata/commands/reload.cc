@@ -27,8 +27,9 @@ std::string Reason(const ReloadReport& report) {
                        report.moved_to);
   }
   if (!report.problems.empty()) return "old data, since the file fails to load";
-  if (report.stopped_by.empty())
+  if (report.stopped_by.empty()) {  // coverage: the file must change between two reads
     return "old data, since the file changed meanwhile; reload it again";
+  }
   return fmt::format("old data, since {}, which comes before it, fails; reload it by its id",
                      report.stopped_by);
 }

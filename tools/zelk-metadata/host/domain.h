@@ -138,8 +138,8 @@ class Domain {
   /// services do not report.
   virtual std::optional<ServiceError> ReloadSource(const boost::optional<std::string>& id) = 0;
 
-  /// The fingerprint of a source; empty in a domain without fingerprints.
-  virtual std::string FingerprintOf(const std::string& /*id*/) { return ""; }
+  /// The fingerprint of a source; empty for an unknown one.
+  virtual std::string FingerprintOf(const std::string& id) = 0;
 
   /// What can be asked. The queries stay usable as long as this object lives.
   virtual const std::vector<Kind>& Kinds() const = 0;
