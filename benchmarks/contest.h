@@ -12,7 +12,7 @@ namespace Zelk::Benchmarks {
 /// while disturbs all of them. Ratios are taken between neighbours, and then their median.
 class Contest {
  public:
-  /// `once` does it once and answers the seconds of the part that counts. Returns its number.
+  /// `once` does it once and returns the seconds of the part that counts. Returns its number.
   std::size_t Add(std::function<double()> once);
 
   /// A round for each iteration of `state`, after one that does not count.

@@ -13,7 +13,7 @@ namespace Proto = ::google::protobuf;
 using Location = Proto::SourceCodeInfo::Location;
 using Path = std::vector<int>;
 
-/// The kind of definition that is no structure.
+/// The kind of definition that is not a structure.
 constexpr char kEnumeration[] = "com.orvane.zelk.enumeration";
 
 Path Joined(Path path, std::initializer_list<int> more) {
@@ -34,7 +34,7 @@ std::string LocalName(const std::string& id) {
   return name;
 }
 
-/// The name that protobuf demands of the message behind a map.
+/// The name that protobuf demands of the message of a map's entries.
 std::string EntryName(const std::string& field) {
   std::string name;
   bool is_start = true;
@@ -69,7 +69,7 @@ class DescriptorsMaker {
                      const Bindings::Metamodel::MetadataMap& annotations) {
     Location* const location = file_.mutable_source_code_info()->add_location();
     for (const int step : path) location->add_path(step);
-    // Nobody asks where in a file it was, but there has to be something.
+    // The place in a file is not used, but must be set.
     for (int number = 0; number < 3; ++number) location->add_span(0);
     location->set_leading_comments(documentation);
     for (const auto& annotation : annotations) {

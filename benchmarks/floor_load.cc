@@ -12,7 +12,7 @@
 namespace Zelk::Benchmarks {
 namespace {
 
-/// The file's bytes and a zero behind them, read with one call.
+/// The file's bytes and a zero after them, read with one call.
 std::unique_ptr<char[]> ReadAtOnce(const std::string& path, std::size_t& size) {
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
   struct stat facts = {};

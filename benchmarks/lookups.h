@@ -33,11 +33,11 @@ struct Lookup {
   /// Whether it is to stay short however many sources there are.
   bool has_goal;
   std::vector<Key> keys;
-  /// Asks so many times, for one key after the other, and answers how often there was an answer.
+  /// Asks so many times, for one key after the other, and returns how often there was an answer.
   std::function<std::size_t(std::size_t)> ask;
 };
 
-/// One List operation; answers how many names it listed.
+/// One List operation; returns how many names it listed.
 struct Listing {
   std::string name;
   std::function<std::size_t()> list;

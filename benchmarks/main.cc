@@ -8,9 +8,9 @@
 #include "rows.h"
 #include "table.h"
 
-// Measures the library beside other ways of doing the same and prints one table of ratios. What is
-// told meanwhile goes to the standard error stream. --quick leaves out what takes long; the other
-// options are those of Google Benchmark, such as --benchmark_filter=REGEX.
+// Measures the library beside other ways of doing the same and prints one table of ratios.
+// Progress goes to the standard error stream. --quick leaves out what takes long; the other options
+// are those of Google Benchmark, such as --benchmark_filter=REGEX.
 
 namespace {
 

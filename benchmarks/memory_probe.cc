@@ -51,7 +51,7 @@ int MeasureLoad(int domain, const std::vector<std::string>& paths) {
 }
 
 std::size_t AllocationsOf(const std::function<void(std::size_t)>& call) {
-  // What is done once, such as binding a symbol, is no cost of the call.
+  // What is done once, such as binding a symbol, is not a cost of the call.
   call(1);
   const std::size_t before = Allocations();
   call(1);

@@ -5,7 +5,7 @@
 
 namespace Zelk::Benchmarks {
 
-// Loads that make no records, to compare ours with. Both throw for what is no JSON file.
+// Loads that make no records, to compare ours with. Both throw for anything but a JSON file.
 
 /// The least that any load has to do: the file is read at once, digested by OpenSSL, and parsed by
 /// RapidJSON where it lies. Then all of it is released.

@@ -18,13 +18,13 @@ std::string Filled(std::size_t size, const std::string& open, const One& one,
   return text += close;
 }
 
-/// Arrays in each other that nobody reads, in front of the members of `file`.
+/// Arrays in each other that are ignored, in front of the members of `file`.
 std::string WithNested(std::size_t size, const std::string& file) {
   return R"({"ignored":)" + std::string(size / 2, '[') + std::string(size / 2, ']') + "," +
          file.substr(1);
 }
 
-/// Members that nobody reads, in front of those of `file`.
+/// Members that are ignored, in front of those of `file`.
 std::string WithMembers(std::size_t size, const std::string& file) {
   return Filled(
       size, "{", [](const std::string& number) { return "\"ignored" + number + "\":{}"; },
@@ -37,8 +37,6 @@ std::string Repeated(const std::string& text, std::size_t times) {
   while (times-- > 0) repeated += text;
   return repeated;
 }
-
-// --- Metamodel ----------------------------------------------------------------------------------
 
 constexpr char kOpenPackage[] =
     R"({"metamodel":{"component":{"name":"c","documentation":"","metadata":{},"packages":[
@@ -118,8 +116,6 @@ std::string MetamodelLongText(std::size_t size) {
          std::string(size, 'x') + "\"}}}";
 }
 
-// --- Authentication -----------------------------------------------------------------------------
-
 constexpr char kScheme[] = R"({"authenticationScheme":"com.acme.badge","type":"SESSIONLESS"})";
 
 std::string AuthenticationOperations(std::size_t size) {
@@ -158,8 +154,6 @@ std::string AuthenticationIgnoredMembers(std::size_t size) {
 std::string AuthenticationDeepIgnored(std::size_t size) {
   return WithNested(size, AuthenticationSchemes(0));
 }
-
-// --- CLI ----------------------------------------------------------------------------------------
 
 std::string CommandOf(const std::string& path, const std::string& number) {
   return R"({"type":"command","path":")" + path + R"(","name":"list)" + number +

@@ -10,8 +10,8 @@
 #include <vector>
 
 // Runs a fuzzer once over files that are there already, with any compiler: over the empty input and
-// over every file of the folders and files named. A name behind which there is no file is an error,
-// so that a corpus that got lost does not pass for a good one.
+// over every file of the folders and files named. A name that does not exist is an error, so
+// that a lost corpus does not pass as a good one.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 

@@ -13,7 +13,7 @@
 #include "common/json/json_lookup.h"
 
 // Each helper binds one member of a JSON object while it is constructed: it looks the member up,
-// checks its type, converts it and appends a message for every problem. Afterwards Ok() tells
+// checks its type, converts it and appends a message for every problem. Afterwards Ok() reports
 // whether to go on and Value() holds what was converted.
 
 namespace Zelk::Provider::Metadata {

@@ -83,8 +83,7 @@ class SeedFolder {
   std::filesystem::path path_;
 };
 
-/// Texts with one syntax error of each kind, or just without one, each behind
-/// `before`.
+/// Texts with one syntax error of each kind, or just without one, each after `before`.
 void AddSyntaxSeeds(const SeedFolder& seeds, const std::string& before = "");
 
 /// Each writes the seeds of one fuzzer into a folder of its name in `corpus`; `sources` is the

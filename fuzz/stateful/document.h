@@ -15,7 +15,7 @@ Json AuthenticationDocument(Input& input);
 Json CliDocument(Input& input);
 
 /// An object whose order of members does not matter: sometimes in another order, with a key that
-/// nobody reads, with a key given twice, or with one that differs after a zero byte.
+/// is ignored, with a key given twice, or with one that differs after a zero byte.
 Json Arranged(Input& input, std::vector<std::pair<std::string, Json>> members);
 
 /// Up to `most` drawn elements.

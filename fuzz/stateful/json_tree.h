@@ -28,7 +28,7 @@ Json JsonObject(std::vector<std::pair<std::string, Json>> members);
 
 std::string WriteJson(const Json& json);
 
-/// Why a text is no document.
+/// Why a text is not a document.
 struct SyntaxError {
   int code = 0;
   std::size_t offset = 0;

@@ -28,7 +28,7 @@ class ModelReader {
   /// The first member of that name, compared up to the first zero byte; null when there is none.
   static const Json* Find(const Json& object, const std::string& key);
 
-  /// The same, and says so when there is none.
+  /// As above; records a message if there is none.
   const Json* FindAloud(const Json& object, const std::string& key);
 
   const Json& Required(const Json& object, const std::string& key, Json::Kind kind);

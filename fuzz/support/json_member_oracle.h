@@ -10,8 +10,8 @@
 #include "support/message_texts.h"
 #include "support/record_text.h"
 
-// What the member helpers are expected to leave behind, found out the long way round: plain loops
-// over RapidJSON's values, none of the library's binding code, and texts in place of values.
+// The expected results of the member helpers, computed independently: plain loops over RapidJSON's
+// values, none of the library's binding code, and texts in place of values.
 
 namespace Zelk::Fuzzing {
 

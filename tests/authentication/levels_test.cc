@@ -249,8 +249,6 @@ TEST(LeftOverOperations, AreNotCheckedIfTheServiceIsListed) {
   EXPECT_EQ(parsed.messages, Lines{InvalidServiceId("power")});
 }
 
-// --- the steps by themselves --------------------------------------------------------------------
-
 const Parser::SchemeTable kNoSchemes;
 
 using Operations = Parser::Unclaimed<Bindings::Authentication::OperationInfo>;

@@ -131,8 +131,6 @@ TEST(CliCommandMetadata, KeepsElementsReadBeforeAnInvalidOne) {
   EXPECT_EQ(MessageTexts(errors), Lines{CliInvalidField("options_entry")});
 }
 
-// --- formatter and generic ----------------------------------------------------------------------
-
 using TextRows = std::vector<std::pair<std::string, std::string>>;
 
 TEST(CliFormatter, IgnoresCaseAndKeepsUnknownTextsInUpperCase) {

@@ -25,8 +25,6 @@ using Testing::MissingField;
 constexpr char kOption[] = R"({"long_option": "foo", "short_option": "f", "field_name": "bar",
     "description": "Baz", "type": "qux", "generic": "list"})";
 
-// --- options ------------------------------------------------------------------------------------
-
 TEST(CliOption, ReadsItsKeysInOrder) {
   struct Row {
     const char* option;
@@ -86,8 +84,6 @@ TEST(CliOption, IsReportedAsOptionsEntryIfNotAnObject) {
     EXPECT_EQ(MessageTexts(errors), Lines{CliInvalidField("options_entry")}) << value;
   }
 }
-
-// --- output -------------------------------------------------------------------------------------
 
 TEST(CliOutput, IsReportedAsOptionsEntryIfNotAnObject) {
   for (const auto& value : JsonValuesBut("object")) {

@@ -189,8 +189,6 @@ TEST(NamespaceTree, NeedsNoStackForALongPath) {
   });
 }
 
-// --- its steps ----------------------------------------------------------------------------------
-
 TEST(RegisterWithParent, ReturnsNothingIfTheParentIsKnown) {
   SourceData source = NewSource();
   source.RegisterNsNode(Node({"", "a"}));

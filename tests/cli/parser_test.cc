@@ -179,8 +179,6 @@ TEST(CliFile, IgnoresDeepNestingWithoutStack) {
   });
 }
 
-// --- nodes --------------------------------------------------------------------------------------
-
 TEST(CliNode, ReportsTheFirstKeyOfANonObjectAsMissing) {
   for (const auto& value : JsonValuesBut("object")) {
     const auto parsed = ParseFile(File({value}));
@@ -254,8 +252,6 @@ TEST(CliNode, ReportsANonArrayListAsCli) {
     EXPECT_EQ(MessageTexts(errors), Lines{CliInvalidField("cli")}) << value;
   }
 }
-
-// --- messages -----------------------------------------------------------------------------------
 
 TEST(CliParserMessages, HaveDefaultTexts) {
   struct Row {

@@ -14,7 +14,7 @@ namespace Zelk::Testing {
 enum class Shortage {
   /// One allocation fails; there is memory again for the next.
   kOnce,
-  /// From then on nothing is to be had.
+  /// From then on every allocation fails.
   kLasting,
 };
 

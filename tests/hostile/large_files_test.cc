@@ -158,8 +158,6 @@ TYPED_TEST(LargeFiles, MayHaveAMillionElements) {
   this->ExpectLoaded(file.Close());
 }
 
-// --- keys that name records ---------------------------------------------------------------------
-
 TEST(LargeKeys, MayNameAnAnnotation) {
   const std::string key(100 * kMegabyte, 'x');
   const MetamodelSources sources;

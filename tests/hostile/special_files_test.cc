@@ -17,8 +17,8 @@
 
 #include "surface/domains_under_test.h"
 
-// Paths of what is no file: a read of it would wait, never end, or take away what somebody else is
-// to read. All of them are answered as a file that cannot be opened.
+// Paths of anything but a file: a read of it would wait, never end, or take away what another
+// program is to read. Each is reported as a file that cannot be opened.
 
 namespace Zelk::Testing {
 namespace {

@@ -76,7 +76,7 @@ inline Shown ShowOnTerminal(const std::string& command, unsigned short columns,
       kill(child, SIGKILL);
       break;
     }
-    // The end is an error here, once nobody has the other side open any more.
+    // Reading fails once the other side is closed.
     const ssize_t size_read = read(terminal, chunk.data(), chunk.size());
     if (size_read <= 0) break;
     shown.text.append(chunk.data(), static_cast<std::size_t>(size_read));

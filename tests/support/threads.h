@@ -7,7 +7,7 @@
 
 namespace Zelk::Testing {
 
-/// Runs `work(index)` on so many threads, which begin together; answers when all have ended.
+/// Runs `work(index)` on so many threads, which begin together; returns when all have ended.
 template <typename Work>
 void InThreads(std::size_t count, const Work& work) {
   std::atomic<std::size_t> waiting{count};

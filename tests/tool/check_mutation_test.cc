@@ -19,7 +19,7 @@
 #include "tool/check_claims.h"
 
 // Every message of the library gets a place, and the right one: documents are damaged at random,
-// and what is told of them is held against the damage and against the document itself, which the
+// and the report is compared with the damage and against the document itself, which the
 // tests read on their own.
 
 using rapidjson::Document;
@@ -202,8 +202,8 @@ std::string Written(const Value& document) {
   return buffer.GetString();
 }
 
-/// Whether what stands at the place in the text is the value that the pointer leads to, or, for a
-/// message about a name, that name.
+/// Whether the text has at the place the value that the pointer leads to, or, for a message about a
+/// name, that name.
 bool PointsAt(const Finding& finding, const Document& document, const std::string& text) {
   const Pointer pointer = At(*finding.place->pointer);
   const Value* const value = pointer.Get(document);

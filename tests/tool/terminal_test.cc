@@ -94,7 +94,7 @@ TEST_F(OnATerminal, ProgressIsShownAndRemoved) {
 TEST_F(OnATerminal, ProgressIsNotWrittenToAFile) {
   const TempFolder folder;
   const std::string list = kBinary + " list components --source - >/dev/null ";
-  // Two programs wait for the same input; the one that shows its progress tells how long.
+  // Two programs wait for the same input; the one that shows its progress reports how long.
   const Shown shown = ShowOnTerminal(
       kPlainTerminal + kLateInput + "tee >(" + list + ") | " + list + "2>" + folder.Path("err"), 80,
       {{kProgress, "\n"}});

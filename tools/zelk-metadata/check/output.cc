@@ -29,7 +29,7 @@ const char* Command(Severity severity) {
   return severity == Severity::kNote ? "notice" : Word(severity);
 }
 
-/// The id, and behind it the arguments that the text does not show.
+/// The id, followed by the arguments that the text does not show.
 std::string IdText(const Message& message) {
   const std::vector<std::string> unshown = message.UnshownArguments();
   return unshown.empty() ? message.id : fmt::format("{}: {}", message.id, fmt::join(unshown, ", "));

@@ -169,7 +169,7 @@ std::optional<std::size_t> NextId(const Command& command, const IdCount& count, 
 
 Choices IdChoices(const Place& place) {
   const Command& command = *place.line.command;
-  // The kind stands before its ids.
+  // The kind comes before its ids.
   const Ids given(place.line.operands.begin() + 1, place.line.operands.end());
   std::set<std::string> seen;
   Choices choices;

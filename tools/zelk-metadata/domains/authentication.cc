@@ -19,7 +19,7 @@ using PackageSvc = Provider::PackageSvc::AsyncServiceImpl;
 using ServiceSvc = Provider::ServiceSvc::AsyncServiceImpl;
 using SourceSvc = Provider::SourceSvc::AsyncServiceImpl;
 
-/// Records of this domain do not know their names, so their pages are told.
+/// Records of this domain do not know their names, so their pages are given the names.
 template <typename Service, typename... Parameters>
 Query<Record> TitledQuery(const std::string& kind, Service& service,
                           void (Service::*operation)(Parameters...)) {

@@ -14,7 +14,7 @@ namespace {
 using Identity = CliNodes::Identity;
 using Pairs = std::vector<std::pair<std::string, std::string>>;
 
-/// As it stands before the names of what is inside; empty for the root.
+/// The prefix of the names inside; empty for the root.
 std::string Path(const Identity& identity) {
   const bool is_root = identity.path.empty() && identity.name.empty();
   return is_root ? std::string() : FullName(identity);
@@ -44,7 +44,7 @@ class TreeWriter {
 
   Outline Write() {
     WriteFrom("");
-    // What is left stands in namespaces that nobody describes.
+    // What is left is in namespaces without a description.
     while (!inside_.empty()) WriteFrom(inside_.begin()->first);
     return outline_.Take();
   }

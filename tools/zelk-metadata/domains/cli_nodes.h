@@ -23,7 +23,7 @@ struct CliNodes {
   std::map<Identity, std::shared_ptr<const Bindings::Cli::CommandSvc::Info>> commands;
 };
 
-/// The namespaces with what is in them. Commands in a namespace that nobody describes come last.
+/// The namespaces with what is in them. Commands in a namespace without a description come last.
 Outline OutlineOf(const CliNodes& nodes);
 
 /// The commands that call an operation, or any operation of a service, with their descriptions.

@@ -3,7 +3,7 @@
 namespace Zelk::Tool {
 namespace {
 
-// Where a definition stands decides which of several of one name is answered.
+// The place of a definition decides which of several with one name is returned.
 constexpr int kInPackage = 0;
 constexpr int kInService = 1;
 constexpr int kInStructure = 2;

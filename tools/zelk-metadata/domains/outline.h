@@ -10,18 +10,18 @@ namespace Zelk::Tool {
 /// Writes an outline entry by entry.
 class OutlineWriter {
  public:
-  /// A kind: seen by itself, wherever it stands.
+  /// A kind: found by its own ids.
   void Kind(std::size_t depth, std::string kind, Ids ids, std::string documentation,
             int place = 0) {
     Add(depth, std::move(kind), std::move(ids), std::move(documentation), false, place);
   }
 
-  /// A part: seen only through what it stands in.
+  /// A part: found only through its parent.
   void Part(std::size_t depth, std::string kind, Ids ids, std::string documentation) {
     Add(depth, std::move(kind), std::move(ids), std::move(documentation), true, 0);
   }
 
-  /// A kind that is called otherwise than its last id where it stands.
+  /// A kind whose displayed name differs from its last id.
   void Named(std::size_t depth, std::string kind, Ids ids, std::string name,
              std::string documentation) {
     Kind(depth, std::move(kind), std::move(ids), std::move(documentation));

@@ -15,7 +15,7 @@ namespace Zelk::Tool {
 
 void WriteJson(JsonWriter& json, const Bindings::SourceDescription& source);
 
-/// A source's record does not say which one it is, so its page is told.
+/// A source's record does not say which one it is, so its page is given the id.
 void WriteSourcePage(Page& page, const std::string& id, const Bindings::SourceDescription& source);
 
 /// The kind "source" of a domain.

@@ -8,7 +8,7 @@ namespace Zelk::Tool {
 
 /// What the sources of one domain hold together: a thing that several hold comes once, as the first
 /// of them describes it, with what is inside of it in any. Parts come from the first only, since
-/// nobody sees the others. The sources must be in the order in which the services walk them.
+/// the others are never shown. The sources must be in the order in which the services walk them.
 Outline Merged(const std::vector<const Outline*>& outlines);
 
 /// The merged outline of every domain that has sources.

@@ -15,7 +15,7 @@ auto CallWithIds(Service& service, void (Service::*operation)(Parameters...), co
   return Call(service, operation, ids[kIndices]...);
 }
 
-/// A query that asks `operation` and answers `convert(answer)`.
+/// A query that asks `operation` and returns `convert(answer)`.
 template <typename T, typename Service, typename... Parameters, typename Convert>
 Query<T> MakeQuery(Service& service, void (Service::*operation)(Parameters...),
                    const Convert& convert) {
@@ -28,7 +28,7 @@ Query<T> MakeQuery(Service& service, void (Service::*operation)(Parameters...),
           }};
 }
 
-/// Of an operation that answers a list or set of names.
+/// Of an operation that returns a list or set of names.
 template <typename Service, typename... Parameters>
 Query<Names> ListQuery(Service& service, void (Service::*operation)(Parameters...)) {
   return MakeQuery<Names>(service, operation, [](const Ids& /*ids*/, const auto& names) {
@@ -36,7 +36,7 @@ Query<Names> ListQuery(Service& service, void (Service::*operation)(Parameters..
   });
 }
 
-/// Of an operation that answers a record for which there are WritePage(Page&, ...) and
+/// Of an operation that returns a record for which there are WritePage(Page&, ...) and
 /// WriteJson(JsonWriter&, ...).
 template <typename Service, typename... Parameters>
 Query<Record> GetQuery(Service& service, void (Service::*operation)(Parameters...)) {

@@ -27,13 +27,12 @@ struct ServiceError {
   /// The type's name, such as "com.orvane.zelk.std.errors.not_found".
   std::string name;
 
-  /// Never empty: for an error that brings no message, its name stands in as the only one's text
-  /// and id.
+  /// Never empty: for an error without messages, its name serves as text and id of the only one.
   std::vector<Message> messages;
 
   static ServiceError From(const Data::ErrorValue& value);
 
-  /// For a service that broke its word and delivered neither an answer nor an error.
+  /// For a service that violated its contract and delivered neither an answer nor an error.
   static ServiceError NoAnswer();
 };
 

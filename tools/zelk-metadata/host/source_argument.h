@@ -33,19 +33,19 @@ std::string DefaultSourceId(const std::string& path);
 /// The file as the user knows it: its path, or "standard input".
 std::string ShownName(const SourceArgument& source);
 
-/// The sources that an argument stands for, and what cannot be read of it.
+/// The sources that an argument means, and what cannot be read of it.
 struct Expansion {
   std::vector<SourceArgument> sources;
   std::vector<std::string> complaints;
 };
 
 /// A path "-" is what `in` holds; a folder is every "*.json" in it and in the folders in it, in the
-/// order of their paths, each with its own name as the id, behind "ID/" where one was given. Links
-/// to folders are not followed. Anything else stands for itself, whether it can be read or not.
+/// order of their paths, each with its own name as the id, after "ID/" if an ID was given. Links to
+/// folders are not followed. Anything else is taken as it is, whether it can be read or not.
 Expansion Expand(const SourceArgument& argument, std::istream& in);
 
-/// The same for who cannot wait: looks at no more entries of folders than are left, and takes away
-/// those that it looked at.
+/// The same for callers that must not block: looks at no more entries of folders than are left, and
+/// takes away those that it looked at.
 Expansion Expand(const SourceArgument& argument, std::istream& in, std::size_t& entries_left);
 
 }  // namespace Zelk::Tool

@@ -17,7 +17,7 @@ extern const char kAboutExamples[];
 extern const char kAboutSources[];
 extern const char kAboutOutput[];
 
-/// Each exit status with what it tells.
+/// Each exit status with its meaning.
 const std::vector<std::pair<int, std::string>>& ExitStatusTexts();
 
 /// The end of --help.

@@ -2,7 +2,7 @@
 
 namespace Zelk::Tool {
 
-/// What the process tells its caller. The numbers are stable: scripts test them.
+/// What the exit status of the process means. The numbers are stable: scripts test them.
 ///
 /// When several apply, kUsage comes first, since then nothing was done. A failed source comes
 /// before kNotFound: what was not found may have been in it.

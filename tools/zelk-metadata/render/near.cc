@@ -22,7 +22,7 @@ std::size_t Limit(const std::string& text) {
   return std::min<std::size_t>(1 + BehindLastDot(text).size() / 4, 4);
 }
 
-/// The smaller, the likelier; kFar for a name that nobody meant.
+/// The smaller, the likelier; kFar for a name that is unlikely.
 std::size_t Distance(const std::string& wanted, const std::string& name) {
   if (wanted.empty()) return kFar;
   if (wanted == name) return 0;

@@ -11,8 +11,8 @@ namespace Zelk::Tool {
 /// the limit.
 std::size_t EditDistance(const std::string& left, const std::string& right, std::size_t limit);
 
-/// The few names that somebody may have meant who wrote `wanted`, the likeliest first: but for
-/// upper and lower case the same, the same behind a dot, or a typing error away.
+/// The few names that the author of `wanted` may have meant, the likeliest first: but for upper
+/// and lower case the same, the same after a dot, or a typing error away.
 std::vector<std::string> NearNames(const std::string& wanted,
                                    const std::vector<std::string>& known);
 

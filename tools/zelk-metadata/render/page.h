@@ -14,7 +14,7 @@ namespace Zelk::Tool {
 /// (see ForTerminal) on its way out.
 class Page {
  public:
-  /// Paragraphs are wrapped to the terminal's width, and what stands out is bold where it has
+  /// Paragraphs are wrapped to the terminal's width, and headings are bold where it has
   /// colours. Names and types are never broken, so that they can be copied.
   explicit Page(std::ostream& out, const Terminal& terminal = {});
 

@@ -63,7 +63,7 @@ void Table::Write(std::ostream& out, const Terminal& terminal) const {
   for (const Cells& row : rows_) {
     std::string text = Beginning(row, widths);
     const bool is_heading = &row == &rows_.front();
-    // Without room beside the other columns, the last one stands below them.
+    // Without room beside the other columns, the last one is below them.
     if (!roomy && !widths.empty()) {
       WriteLine(out, terminal, text, is_heading);
       if (is_heading || row.back().empty()) continue;

@@ -72,7 +72,7 @@ class Lock {
 }  // namespace
 
 HistoryFile::HistoryFile() : path_(FindPath()) {
-  // What is no file must not be waited for.
+  // Anything but a file must not be waited for.
   constexpr int kFlags = O_RDWR | O_APPEND | O_CREAT | O_NONBLOCK | O_CLOEXEC;
   if (!path_.empty()) file_ = open(path_.c_str(), kFlags, S_IRUSR | S_IWUSR);
   if (!Prepare()) path_.clear();

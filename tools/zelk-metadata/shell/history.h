@@ -13,20 +13,20 @@ constexpr std::size_t kHistorySize = 1000;
 /// any, and sessions at the same time share it.
 class HistoryFile {
  public:
-  /// Makes the file if need be, and drops the oldest of too many lines. A file that is no history
-  /// is left alone.
+  /// Makes the file if need be, and drops the oldest of too many lines. A file that is not a
+  /// history is left alone.
   HistoryFile();
   HistoryFile(const HistoryFile&) = delete;
   HistoryFile& operator=(const HistoryFile&) = delete;
   ~HistoryFile();
 
-  /// Empty where nothing can be kept, which is no reason to bother anybody.
+  /// Empty if no history can be kept, which is not an error.
   const std::string& Path() const { return path_; }
 
   void Append(const std::string& line);
 
  private:
-  /// False for what is no history.
+  /// False for a file that is not a history.
   bool Prepare();
 
   std::string path_;

@@ -11,13 +11,13 @@ bool IsBlank(char character) {
   return character == ' ' || character == '\t' || character == '\r';
 }
 
-/// Whether a path in the home folder begins there: "~/" where a word does, or behind "ID=".
+/// Whether a path in the home folder begins there: "~/" where a word does, or after "ID=".
 bool IsHome(const std::string& line, std::size_t at) {
   const bool is_begin = at == 0 || IsBlank(line[at - 1]) || line[at - 1] == '=';
   return is_begin && line.compare(at, 2, "~/") == 0 && std::getenv("HOME") != nullptr;
 }
 
-/// Reads the word at `at` and moves behind it.
+/// Reads the word at `at` and moves past it.
 std::string TakeWord(const std::string& line, std::size_t& at, bool& is_open) {
   std::string word;
   char quote = '\0';

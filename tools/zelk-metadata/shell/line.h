@@ -19,8 +19,8 @@ struct SplitLine {
   bool is_comment = false;
 };
 
-/// Blanks separate words unless they are in 'quotes' or "quotes" or behind a backslash; what begins
-/// with '#' is not read on. As shells do, "~/" at the beginning of a word or behind '=' is made the
+/// Blanks separate words unless they are in 'quotes' or "quotes" or after a backslash; what begins
+/// with '#' is not read on. As shells do, "~/" at the beginning of a word or after '=' is made the
 /// home folder, unless it is quoted.
 SplitLine Split(const std::string& line);
 
