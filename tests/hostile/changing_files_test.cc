@@ -185,7 +185,7 @@ TYPED_TEST(ChangingFiles, KeepTheLoadedDataIfTruncated) {
   this->sources_.Write("m", this->Long());
   ASSERT_EQ(this->sources_.CreateAt("m", this->Path()), Lines());
   const std::string fingerprint = this->sources_->SourceFingerprint(Some("m"));
-  for (const std::uintmax_t size : {0, 1, 10, 30}) {
+  for (const std::uintmax_t size : {0U, 1U, 10U, 30U}) {
     fs::resize_file(this->Path(), size);
     ASSERT_EQ(this->sources_->ReloadSource(Some("m")), nullptr) << size;
     EXPECT_THAT(this->sources_.Names(), ElementsAre("bar")) << size;

@@ -81,15 +81,16 @@ class Scanner {
 
  private:
   void Open(const std::string& head) {
-    static const std::regex kRecord("struct\\s+(?:[A-Z_]+\\s+)?(\\w+)\\s*(?::\\s*(\\w+))?\\s*$");
-    static const std::regex kNamespace("namespace\\s+([\\w:]+)\\s*$");
+    static const std::regex record_pattern(
+        "struct\\s+(?:[A-Z_]+\\s+)?(\\w+)\\s*(?::\\s*(\\w+))?\\s*$");
+    static const std::regex namespace_pattern("namespace\\s+([\\w:]+)\\s*$");
     std::smatch match;
-    const bool record = std::regex_search(head, match, kRecord);
+    const bool record = std::regex_search(head, match, record_pattern);
     if (record && match[1].str() != "Strings") {
       scopes_.push_back({match[1].str(), true});
       Lines& members = bindings_.records[Path()];
       if (match[2].matched) members = bindings_.records[match[2].str()];
-    } else if (std::regex_search(head, match, kNamespace)) {
+    } else if (std::regex_search(head, match, namespace_pattern)) {
       scopes_.push_back({match[1].str(), false});
     } else {
       scopes_.push_back({"", false});
@@ -97,9 +98,9 @@ class Scanner {
   }
 
   void Declare(const std::string& statement) {
-    static const std::regex kOperation("virtual void (\\w+)\\(([^)]*)\\)\\s*=\\s*0");
+    static const std::regex operation_pattern("virtual void (\\w+)\\(([^)]*)\\)\\s*=\\s*0");
     std::smatch match;
-    if (std::regex_search(statement, match, kOperation)) {
+    if (std::regex_search(statement, match, operation_pattern)) {
       bindings_.services[Path()].emplace_back(ToSnakeCase(match[1].str()),
                                               OwnParameters(match[2].str()));
     } else if (InRecord() && statement.find('(') == std::string::npos &&

@@ -198,7 +198,7 @@ TYPED_TEST(SourceRegistry, IdsAreComparedPastZeroBytes) {
 TYPED_TEST(SourceRegistry, InfoHoldsTheSpec) {
   const Sources<TypeParam> sources;
   const std::string path = sources.WriteRecord("m", "foo");
-  const std::string description("An \xff \0 odd one", 15);
+  const std::string description("An \xff \0 odd one", 14);
   const auto spec = std::make_shared<const typename TypeParam::CreateSpec>(
       description, SourceType::LOCAL_FILE, path, std::string("bar"));
   ASSERT_EQ(sources->CreateSource("m", spec), nullptr);

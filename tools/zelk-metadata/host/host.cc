@@ -243,17 +243,16 @@ Names Host::SourceIds(bool with_domains) const {
 
 std::vector<FoundKind> Host::FindKinds(const std::string& text, IdsOf ids_of) const {
   std::vector<FoundKind> found;
-  for (const bool has_sources : {true, false}) {
-    for (const Running& running : domains_) {
-      if (running.has_sources != has_sources) continue;
-      const std::vector<Kind>& kinds = running.domain->Kinds();
-      for (const Kind& kind : kinds) {
-        if (!MatchesKind(text, running.row->name, kind)) continue;
-        const std::optional<IdCount> ids = ids_of == nullptr ? IdCount{} : ids_of(kind);
-        if (ids) found.push_back({running.row, &kind, *ids, has_sources, &kinds});
-      }
+  for (const Running& running : domains_) {
+    const std::vector<Kind>& kinds = running.domain->Kinds();
+    for (const Kind& kind : kinds) {
+      if (!MatchesKind(text, running.row->name, kind)) continue;
+      const std::optional<IdCount> ids = ids_of == nullptr ? IdCount{} : ids_of(kind);
+      if (ids) found.push_back({running.row, &kind, *ids, running.has_sources, &kinds});
     }
   }
+  std::stable_partition(found.begin(), found.end(),
+                        [](const FoundKind& kind) { return kind.has_sources; });
   return found;
 }
 
