@@ -89,6 +89,7 @@ TEST(Hostile, FileThatIsTooLargeIsReportedWithoutAPlaceAndNotRead) {
   const ToolRun check = RunTool({"check", path});
   EXPECT_EQ(check.status, 1);
   EXPECT_THAT(check.out, HasSubstr(path + ": error: " + message));
+  EXPECT_THAT(check.out, HasSubstr("The file has 4 GiB or more"));
   const ToolRun list = RunTool({"list", "namespace", "--source", path});
   EXPECT_EQ(list.status, 1);
   EXPECT_THAT(list.err, HasSubstr(message));

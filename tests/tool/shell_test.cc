@@ -160,6 +160,7 @@ TEST(Shell, ErrorsNameTheCommandsOfSessions) {
   const std::pair<std::string, std::string> rows[] = {
       {"relaod", "unknown command 'relaod'; did you mean reload?; try help"},
       {"frobnicate", "unknown command 'frobnicate'; try help"},
+      {"complete", "unknown command 'complete'; try help"},
       {"--json", "a command is missing; try help"},
       {"tree --frobnicate", "unknown option '--frobnicate'; try help"},
       {"quit now", "unexpected argument 'now'; try help quit"},

@@ -44,7 +44,9 @@ std::vector<Finding> Unlocated(const std::vector<Message>& messages, const Domai
     Finding finding{message, Severity::kWarning, std::nullopt, {}};
     if (const auto error = SyntaxErrorOf(message, row)) {
       finding.explanation =
-          rapidjson::GetParseError_En(static_cast<rapidjson::ParseErrorCode>(error->code));
+          error->offset == kMaxFileSize
+              ? "The file has 4 GiB or more, which is not loaded."
+              : rapidjson::GetParseError_En(static_cast<rapidjson::ParseErrorCode>(error->code));
     }
     findings.push_back(std::move(finding));
   }

@@ -34,7 +34,7 @@ namespace {
 Language MakeLanguage(const std::string& program, Scope scope) {
   Language language{program, {}, {}};
   const auto add = [&](Command command) {
-    if (command.scope == Scope::kHidden) {
+    if (command.scope == Scope::kHidden && scope == Scope::kProgram) {
       language.hidden.push_back(std::move(command));
     } else if (command.scope == Scope::kEverywhere || command.scope == scope) {
       language.commands.push_back(std::move(command));

@@ -75,7 +75,8 @@ Explanation ParseError(const Domain& domain) {
   return {
       fmt::format("zelk.metadata.{}.parse.error", domain.name),
       fmt::format("{} source file parse error : %1% at %2%", domain.title),
-      "The file is not valid JSON. The arguments are the parser's code for what is wrong and "
+      "The file is not valid JSON, or it has 4 GiB or more. The arguments are the parser's code "
+      "for what is wrong and "
       "the offset of the byte at which it noticed.",
       "A comma too many or too few, a missing bracket, a comment, or a file that was cut off.",
       "Fix the JSON at the line and column that check shows; the mistake may be a little before "
