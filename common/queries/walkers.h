@@ -155,7 +155,8 @@ class IfMayHold {
 };
 
 /// Walks the sources that may hold the name, usually none or one, with each walker in turn until a
-/// walk reports a hit. So a hit of an earlier walker wins over one in an earlier source.
+/// walk reports a hit. So a hit of an earlier walker wins over one in an earlier source. The first
+/// walk is done while the sources are collected: a hit of it needs no other source.
 template <typename Table, typename First, typename... Others>
 void WalkSourcesByLevel(const Table& sources, const NameMark& name, const First& first,
                         const Others&... others) {

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Every behaviour that docs/intended-behaviour.md lists is marked in the code with its id, and every
-# mark is listed there, once.
+# mark is listed there.
 # usage: intended.sh SOURCE BUILD
 set -uo pipefail
 cd "$1"
