@@ -12,7 +12,8 @@
 #include "render/page.h"
 
 // The interface that a domain of metadata has for the commands. Commands name no domain, and no
-// kind but `source`, which every domain has: a new domain is a file that implements this, and a row in the table of domains.
+// kind but `source`, which every domain has: a new domain is a file that implements this, and a row
+// in the table of domains.
 
 namespace Zelk::Tool {
 
