@@ -41,7 +41,7 @@ TEST(Arguments, HelpOfACommandShowsTheKindsThatItTakesWithTheirIds) {
   EXPECT_THAT(RunLine("fingerprint --help").out, HasSubstr("\n  source [SOURCE]\n"));
 }
 
-TEST(Arguments, OptionsMayStandBeforeAndAfterTheCommand) {
+TEST(Arguments, OptionsMayPrecedeOrFollowTheCommand) {
   const std::string source = " --source " + kDataFolder + "/inventory.json ";
   const std::string expected = "[\"com.acme\"]\n";
   for (const std::string& line :

@@ -45,15 +45,15 @@ const SyntaxError kSyntaxErrors[] = {
     {"carriage returns", "{\r\n\"a\":\r\n?", "3:1", "3 at 9", "Invalid value."},
     {"the end of the file", "{\"a\": 1", "1:8", "6 at 7",
      "Missing a comma or '}' after an object member."},
-    {"the end of the file behind a line end", "{\"a\": 1\n", "2:1", "6 at 8",
+    {"the end of the file after a line end", "{\"a\": 1\n", "2:1", "6 at 8",
      "Missing a comma or '}' after an object member."},
-    {"behind the root", "{}\n{}", "2:1", "2 at 3",
+    {"after the root", "{}\n{}", "2:1", "2 at 3",
      "The document root must not be followed by other values."},
 };
 
 }  // namespace
 
-TEST(Check, TellsLineAndColumnOfASyntaxError) {
+TEST(Check, ReportsLineAndColumnOfASyntaxError) {
   const TempFolder folder;
   for (const SyntaxError& row : kSyntaxErrors) {
     const std::string path = folder.Write("file.json", row.text);
@@ -67,7 +67,7 @@ TEST(Check, TellsLineAndColumnOfASyntaxError) {
   }
 }
 
-TEST(Check, TellsLineAndColumnFarInsideAFile) {
+TEST(Check, ReportsLineAndColumnFarInsideAFile) {
   const TempFolder folder;
   const std::string lines(200000, '\n');
   const std::string path = folder.Write("file.json", lines + "  ?");
@@ -113,7 +113,7 @@ TEST(Check, ShowsTheArgumentsThatAnUncataloguedMessageHasNoPlaceFor) {
   EXPECT_EQ(run.status, 1);
 }
 
-TEST(Check, TellsWhatMadeTheLoadFailFromWhatDidNot) {
+TEST(Check, SeparatesErrorsFromNotes) {
   const TempFolder folder;
   const std::string path =
       folder.Write("file.json", R"({"cli": [{"type": "command", "path": "", "name": "n",
@@ -176,7 +176,7 @@ TEST(Check, NotesAreNoticesInCommandsForGitHub) {
   EXPECT_THAT(out, HasSubstr("\n::error file=" + path + ",line=2,col=90,"));
 }
 
-TEST(Check, TellsThePlaceOfWhatIsWrongWithAuthentication) {
+TEST(Check, ReportsPlacesInAuthenticationFiles) {
   struct Row {
     const char* component;
     const char* message;

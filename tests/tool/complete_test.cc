@@ -70,7 +70,7 @@ TEST(Complete, OffersEveryCommandWithItsSummary) {
   EXPECT_THAT(Choices("--json fi"), ElementsAre("fingerprint"));
 }
 
-TEST(Complete, OffersEveryOptionThatMayStandThere) {
+TEST(Complete, OffersEveryAllowedOption) {
   for (const Command& command : ProgramLanguage().commands) {
     Lines expected;
     for (const auto& option : command.options) expected.push_back("--" + option.name);
@@ -80,7 +80,7 @@ TEST(Complete, OffersEveryOptionThatMayStandThere) {
     EXPECT_EQ(Choices(command.name + " --"), expected);
   }
   EXPECT_THAT(Choices("--v"), ElementsAre("--version"));
-  EXPECT_THAT(Choices("list -- --"), ElementsAre()) << "behind -- nothing is an option";
+  EXPECT_THAT(Choices("list -- --"), ElementsAre()) << "after -- nothing is an option";
 }
 
 TEST(Complete, OffersOptionValuesInOneWordOrTwo) {
@@ -116,7 +116,7 @@ TEST(Complete, OffersTheNamesOfTheSourcesBeforeIt) {
   EXPECT_THAT(Choices("list operations com.acme.inventory.machines " + kInventory), ElementsAre());
   EXPECT_THAT(Choices("-x --source=" + kDataFolder + "/inventory.json get component "),
               ElementsAre("com.acme"))
-      << "the source in one word, behind an option that there is not";
+      << "the source in one word, after an option that does not exist";
 }
 
 TEST(Complete, OffersANameOfSeveralDomainsOnce) {
@@ -240,6 +240,6 @@ TEST(Completion, IsPrintedForEverySupportedShell) {
       << "which the shell looks for in the files of its folders";
   EXPECT_EQ(RunLine("completion fsh").status, 2);
   EXPECT_EQ(RunLine("completion fsh").err,
-            "zelk-metadata: there is no completion for 'fsh'; the shells are bash, fish, zsh; did "
+            "zelk-metadata: unknown shell 'fsh'; the shells are bash, fish, zsh; did "
             "you mean fish or zsh?\n");
 }

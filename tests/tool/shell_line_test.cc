@@ -49,7 +49,7 @@ TEST(ShellLine, TildeIsExpandedAsInShells) {
               ElementsAre("check", home + "/a", "id=" + home + "/b"));
   EXPECT_THAT(Split(R"(a~/b ~ ~a '~/a' \~/a)").words, ElementsAre("a~/b", "~", "~a", "~/a", "~/a"));
   unsetenv("HOME");
-  EXPECT_THAT(Split("check ~/a").words, ElementsAre("check", "~/a")) << "nobody is at home";
+  EXPECT_THAT(Split("check ~/a").words, ElementsAre("check", "~/a")) << "there is no home";
 }
 
 TEST(ShellLine, QuotedTextIsReadUnchanged) {

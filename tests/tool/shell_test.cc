@@ -410,7 +410,7 @@ TEST(ShellCompletion, CompletedPathsAreQuoted) {
               ElementsAre(folder.Path("one file.json"), folder.Path("two.json")));
   EXPECT_EQ(talk.Complete("check " + folder.Path("none/x")).text, "");
   EXPECT_EQ(talk.Complete("check no-such-file-in-this-folder").text, "");
-  EXPECT_EQ(talk.Complete("create =no-such-file").text, "") << "no id stands before the sign";
+  EXPECT_EQ(talk.Complete("create =no-such-file").text, "") << "there is no id before the sign";
   EXPECT_EQ(talk.Complete("create " + folder.Path("tw")).text.find(folder.Path("tw")), 0U);
   folder.Write(".hidden.json", "");
   EXPECT_THAT(WordsOf(talk.Complete("check " + path)),

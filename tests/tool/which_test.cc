@@ -28,8 +28,8 @@ namespace {
 
 const std::string kPool[] = {"x", "y", "z"};
 
-/// Files in which a few names stand in all places where definitions can stand, each definition with
-/// a documentation of its own.
+/// Files that use a few names in all places where definitions can be, each definition with a
+/// documentation of its own.
 class RandomFiles {
  public:
   explicit RandomFiles(unsigned seed) : random_(seed) {}
@@ -79,7 +79,7 @@ std::vector<Words> Questions() {
   return questions;
 }
 
-/// The one source that is said to answer; empty for nobody.
+/// The one source that is reported; empty if there is none.
 std::string AnsweringSource(const Words& question, const Words& sources) {
   const ToolRun run = RunTool(Words{"which", "--json"} + question + sources);
   rapidjson::Document document;
@@ -127,7 +127,7 @@ TEST(Which, AnsweringSourceGivesTheSameAnswerAlone) {
       EXPECT_EQ(alone.out, got.out) << seed << question[0] << question[1];
     }
   }
-  EXPECT_GT(answered, 150U) << "the names of the pool must stand in the files";
+  EXPECT_GT(answered, 150U) << "the names of the pool must be in the files";
 }
 
 TEST(Which, ModelsAreThoseOfTheLastSource) {
@@ -197,5 +197,5 @@ TEST(Which, UnknownNameGetsSuggestions) {
 TEST(Which, MakesNoSenseForSources) {
   const ToolRun run = RunTool({"which", "source", "x"});
   EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.err, "zelk-metadata: there is no which for the kind 'source'\n");
+  EXPECT_EQ(run.err, "zelk-metadata: 'which' does not take the kind 'source'\n");
 }

@@ -15,7 +15,7 @@ ExitStatus RunCompletion(Invocation& call) {
   if (script.empty()) {
     const auto shells = Complete::CompletedShells();
     return call.Fail(ExitStatus::kUsage,
-                     fmt::format("there is no completion for '{}'; the shells are {}{}", shell,
+                     fmt::format("unknown shell '{}'; the shells are {}{}", shell,
                                  fmt::join(shells, ", "), Suggestion(NearNames(shell, shells))));
   }
   call.Out() << script;

@@ -155,7 +155,7 @@ ExitStatus Invocation::FailAsUsage(const std::string& kind) const {
   const std::vector<FoundKind> kinds = KindsCalled(kind);
   if (kinds.empty()) {
     return Fail(ExitStatus::kUsage,
-                fmt::format("there is no {} for the kind '{}'", command_.name, kind));
+                fmt::format("'{}' does not take the kind '{}'", command_.name, kind));
   }
   const FoundKind& likeliest = kinds.front();
   return Fail(ExitStatus::kUsage, fmt::format("usage: {}{} {}{}", language_.program, command_.name,
