@@ -179,7 +179,7 @@ void CheckDocuments(const JsonValue& ours, const rapidjson::Document& default_mo
             false, "",
             {Testing::MessageText("id", {std::to_string(default_mode.GetParseError()),
                                          std::to_string(default_mode.GetErrorOffset())})}),
-        "a syntax error is told as it is");
+        "a syntax error is reported as it is");
   } else {
     Fuzzing::CheckSame(Fuzzing::OutcomeText(true, "", messages), Fuzzing::OutcomeText(true, "", {}),
                        "good syntax is not refused");

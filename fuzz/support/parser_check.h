@@ -54,7 +54,7 @@ inline void CheckComplete(const std::string& dump, std::initializer_list<const c
   }
 }
 
-/// That a syntax error is told exactly when RapidJSON sees one, with its code and offset.
+/// That a syntax error is reported exactly when RapidJSON sees one, with its code and offset.
 inline void CheckSyntax(std::string_view text, const std::string& parse_error_id,
                         const Outcome& outcome) {
   if (!CanAskDefaultMode(text)) return;
@@ -64,7 +64,7 @@ inline void CheckSyntax(std::string_view text, const std::string& parse_error_id
     const auto message = Testing::MessageText(
         parse_error_id,
         {std::to_string(document.GetParseError()), std::to_string(document.GetErrorOffset())});
-    CheckSame(Text(outcome), Text({false, "", {message}}), "a syntax error is told as it is");
+    CheckSame(Text(outcome), Text({false, "", {message}}), "a syntax error is reported as it is");
   } else {
     for (const auto& message : outcome.messages) {
       Check(message.rfind(parse_error_id, 0) != 0, "good syntax is not refused: " + message);

@@ -55,11 +55,11 @@ class RecordLines {
     }
   }
 
-  Lines lines_;
+  IndentedText lines_;
 };
 
 /// The record that the model has for an element.
-void AddElement(const Model& model, ElementId id, Lines& lines) {
+void AddElement(const Model& model, ElementId id, IndentedText& lines) {
   const Element& element = model[id];
   lines.Open(Word(element.kind), element.name, "");
   for (const ElementId entry : KeptChildren(model, id, ElementKind::kEntry, false)) {
@@ -84,7 +84,7 @@ void ExpectRecord(const Model& model, ElementId id, const std::shared_ptr<const 
   ASSERT_NE(record, nullptr) << model.Path(id);
   RecordLines expected;
   expected.Add(std::string(model[id].name), *record);
-  Lines actual;
+  IndentedText actual;
   AddElement(model, id, actual);
   EXPECT_EQ(actual.Text(), expected.Text());
 }

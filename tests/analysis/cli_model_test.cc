@@ -18,14 +18,14 @@ using Zelk::Provider::Metadata::Cli::MetadataContainer;
 using ComparedSources = Compared<MetadataContainer, Records::SourceSvc::CreateSpec>;
 
 std::string RecordText(const Records::NamespaceSvc::Info& record) {
-  Lines lines;
+  IndentedText lines;
   lines.Open(record.identity->path, record.identity->name, record.description);
   for (const auto& child : record.children) lines.Line("child", child->path, child->name);
   return lines.Text();
 }
 
 std::string RecordText(const Records::CommandSvc::Info& record) {
-  Lines lines;
+  IndentedText lines;
   lines.Open(record.identity->path, record.identity->name, record.description);
   lines.Line("operation", record.service_id, record.operation_id);
   for (const auto& option : record.options) {
@@ -48,7 +48,7 @@ std::string Description(const Model& model, ElementId id) {
 }
 
 std::string NamespaceText(const Model& model, ElementId id) {
-  Lines lines;
+  IndentedText lines;
   lines.Open(model[id].path, model[id].name, Description(model, id));
   for (const ElementId child : model.Children(id)) {
     lines.Line("child", model[child].path, model[child].name);
@@ -57,7 +57,7 @@ std::string NamespaceText(const Model& model, ElementId id) {
 }
 
 std::string CommandText(const Model& model, ElementId id) {
-  Lines lines;
+  IndentedText lines;
   lines.Open(model[id].path, model[id].name, Description(model, id));
   const auto& document = model.DocumentOf(id);
   const NodeId metadata = document.Find(model[id].node, "node_metadata");

@@ -43,8 +43,8 @@ using Analysis::NodeId;
 /// Sources by their ids.
 using Files = std::map<std::string, std::string>;
 
-/// Lines that are indented by what they are in.
-class Lines {
+/// IndentedText that are indented by what they are in.
+class IndentedText {
  public:
   const std::string& Text() const { return text_; }
 

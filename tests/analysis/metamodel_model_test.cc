@@ -110,7 +110,7 @@ class RecordLines {
     lines_.Close();
   }
 
-  Lines lines_;
+  IndentedText lines_;
 };
 
 struct PartKind {
@@ -146,7 +146,7 @@ std::string AnnotationText(const Model& model, ElementId id) {
 
 /// The record that the model has for an element. The parts that are answered with it and by nothing
 /// else are added to `parts`.
-void AddElement(const Model& model, ElementId id, Lines& lines, std::set<ElementId>* parts) {
+void AddElement(const Model& model, ElementId id, IndentedText& lines, std::set<ElementId>* parts) {
   const Element& element = model[id];
   const bool is_annotation = element.kind == ElementKind::kAnnotation;
   lines.Open(Word(element.kind), element.name,
@@ -167,7 +167,7 @@ void ExpectRecord(const Model& model, ElementId id, const std::shared_ptr<const 
   ASSERT_NE(record, nullptr) << model.Path(id);
   RecordLines expected;
   expected.Add(*record);
-  Lines actual;
+  IndentedText actual;
   AddElement(model, id, actual, &parts);
   EXPECT_EQ(actual.Text(), expected.Text());
 }

@@ -23,7 +23,7 @@ std::string OwnMetadata() {
   return std::string(ZELK_SOURCE_DIR "/metadata/") + Domain::kRootKey + "/zelk-metadata.json";
 }
 
-class AnswerText {
+class AnswerLog {
  public:
   const std::string& Text() const { return text_; }
 
@@ -44,7 +44,7 @@ class AnswerText {
 
 /// The operations that all containers have.
 template <typename Container>
-void AddSourceAnswers(const Container& container, AnswerText& answers) {
+void AddSourceAnswers(const Container& container, AnswerLog& answers) {
   for (const auto& id : container.ListSources()) {
     const auto info = container.SourcesInfo(id);
     answers.Add(id + " " + info->description + " " + *info->file_path);
@@ -57,7 +57,7 @@ void AddSourceAnswers(const Container& container, AnswerText& answers) {
 
 /// The operations that the containers of components, packages and services have.
 template <typename Container, typename RecordText>
-void AddTreeAnswers(const Container& container, const RecordText& text, AnswerText& answers) {
+void AddTreeAnswers(const Container& container, const RecordText& text, AnswerLog& answers) {
   for (const auto& id : container.ListComponents()) {
     const auto data = container.ComponentInfo(id);
     answers.Add(id + " " + text(*data->info) + data->fingerprint);
@@ -82,7 +82,7 @@ void AddTreeAnswers(const Container& container, const RecordText& text, AnswerTe
 }
 
 inline std::string AllAnswers(const MetamodelUnderTest::Container& container) {
-  AnswerText answers;
+  AnswerLog answers;
   AddSourceAnswers(container, answers);
   AddTreeAnswers(
       container, [](const auto& record) { return Dump(record); }, answers);
@@ -138,7 +138,7 @@ inline std::string SchemesText(const Bindings::Authentication::ComponentInfo& co
 }
 
 inline std::string AllAnswers(const AuthenticationUnderTest::Container& container) {
-  AnswerText answers;
+  AnswerLog answers;
   AddSourceAnswers(container, answers);
   AddTreeAnswers(
       container, [](const auto& record) { return SchemesText(record); }, answers);
@@ -160,7 +160,7 @@ inline std::string CommandText(const Bindings::Cli::CommandSvc::Info& command) {
 }
 
 inline std::string AllAnswers(const CliUnderTest::Container& container) {
-  AnswerText answers;
+  AnswerLog answers;
   AddSourceAnswers(container, answers);
   for (const auto& identity : container.ListNamespaces()) {
     const auto found = container.NamespaceInfo(identity);

@@ -44,7 +44,7 @@ const Value& As(const std::shared_ptr<const Data::DataValue>& value) {
 
 inline std::string MessageLine(const std::shared_ptr<const Data::DataValue>& value) {
   const auto& message = As<Data::StructValue>(value);
-  if (message.Name() != "com.orvane.zelk.std.message") return message.Name() + " is no message";
+  if (message.Name() != "com.orvane.zelk.std.message") return message.Name() + " is not a message";
   std::list<std::string> arguments;
   for (const auto& argument : As<Data::ListValue>(message.Field("arguments")).Elements()) {
     arguments.push_back(As<Data::StringValue>(argument).Value());

@@ -44,7 +44,7 @@ class SourceContents : public testing::Test {
 
 TYPED_TEST_SUITE(SourceContents, DomainsUnderTest, DomainName);
 
-TYPED_TEST(SourceContents, OfMoreBytesThanTheParserCountsAreASyntaxErrorAndNotRead) {
+TYPED_TEST(SourceContents, TooLargeFileIsASyntaxErrorAndNotRead) {
   const std::string path = this->sources_.Write("m", this->Good());
   for (const auto size : {std::uintmax_t{1} << 32U, std::uintmax_t{1} << 40U}) {
     std::filesystem::resize_file(path, size);
@@ -53,7 +53,7 @@ TYPED_TEST(SourceContents, OfMoreBytesThanTheParserCountsAreASyntaxErrorAndNotRe
   }
 }
 
-TYPED_TEST(SourceContents, OfMoreBytesThanTheParserCountsLeaveTheOldDataOnReload) {
+TYPED_TEST(SourceContents, TooLargeFileKeepsTheOldDataOnReload) {
   this->sources_.Create("m", this->Good());
   std::filesystem::resize_file(this->sources_.Path("m"), std::uintmax_t{1} << 32U);
   EXPECT_EQ(this->sources_->ReloadSource(boost::none), nullptr);

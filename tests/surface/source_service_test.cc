@@ -127,13 +127,13 @@ TYPED_TEST(SourceService, DeliversAnEmptyListWithoutSources) {
 }
 
 TYPED_TEST(SourceService, ThrowsOnAnEmptyResultOnlyIfItDelivers) {
-  const AsyncResult<Void> nobody;
+  const AsyncResult<Void> empty_result;
   const auto spec = this->sources_.At(this->sources_.WriteRecord("m", "foo"));
   const std::vector<std::function<void()>> changes = {
-      [&] { this->service_.Create("m", spec, nullptr, nobody); },
-      [&] { this->service_.Reload(Some("m"), nullptr, nobody); },
-      [&] { this->service_.Reload(boost::none, nullptr, nobody); },
-      [&] { this->service_.Delete("m", nullptr, nobody); },
+      [&] { this->service_.Create("m", spec, nullptr, empty_result); },
+      [&] { this->service_.Reload(Some("m"), nullptr, empty_result); },
+      [&] { this->service_.Reload(boost::none, nullptr, empty_result); },
+      [&] { this->service_.Delete("m", nullptr, empty_result); },
   };
   for (std::size_t index = 0; index < changes.size(); ++index) {
     if (TypeParam::kDeliversSuccess) {
@@ -146,10 +146,10 @@ TYPED_TEST(SourceService, ThrowsOnAnEmptyResultOnlyIfItDelivers) {
 }
 
 TYPED_TEST(SourceService, ThrowsOnAnEmptyResultForAnErrorOrAnswer) {
-  const AsyncResult<Void> nobody;
-  EXPECT_THROW(this->service_.Create("m", nullptr, nullptr, nobody), std::bad_function_call);
-  EXPECT_THROW(this->service_.Delete("m", nullptr, nobody), std::bad_function_call);
-  EXPECT_THROW(this->service_.Reload(Some("m"), nullptr, nobody), std::bad_function_call);
+  const AsyncResult<Void> empty_result;
+  EXPECT_THROW(this->service_.Create("m", nullptr, nullptr, empty_result), std::bad_function_call);
+  EXPECT_THROW(this->service_.Delete("m", nullptr, empty_result), std::bad_function_call);
+  EXPECT_THROW(this->service_.Reload(Some("m"), nullptr, empty_result), std::bad_function_call);
   ASSERT_EQ(this->sources_.Create("n", TypeParam::File("foo")), Lines());
   EXPECT_THROW(this->service_.Get("n", nullptr, {}), std::bad_function_call);
   EXPECT_THROW(this->service_.Get("m", nullptr, {}), std::bad_function_call);
