@@ -92,7 +92,7 @@ TEST(Hostile, FileThatIsTooLargeIsReportedWithoutAPlaceAndNotRead) {
   EXPECT_THAT(check.out, HasSubstr("The file has 4 GiB or more"));
   const ToolRun list = RunTool({"list", "namespace", "--source", path});
   EXPECT_EQ(list.status, 1);
-  EXPECT_THAT(list.err, HasSubstr(message));
+  EXPECT_THAT(list.err, HasSubstr(path + ": " + message));
 }
 
 TEST(Hostile, DeepTypeHasAPage) {

@@ -9,6 +9,7 @@ namespace Zelk::Tool {
 std::optional<FilePosition> PositionAt(const std::string& path, std::uint64_t offset) {
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(path, ignored)) return std::nullopt;
+  if (std::filesystem::file_size(path, ignored) > kMaxFileSize) return std::nullopt;
   std::ifstream file(path, std::ios::binary);
   FilePosition position{1, 1};
   for (; offset > 0; --offset) {
