@@ -87,7 +87,7 @@ std::string ValueText(const TextMap& values) {
   return text;
 }
 
-/// What a helper leaves behind, in the oracle's words.
+/// What a helper returns, in the oracle's words.
 std::string Text(bool ok, const std::string& value, const Errors& errors) {
   return Fuzzing::OutcomeText(ok, value, Testing::MessageTexts(errors));
 }

@@ -37,8 +37,8 @@ class SeedFolder {
   }
 
   /// The seeds that break `json` once: each key of each kind of object missing, and of a type that
-  /// it must not have (of an object's strings the first stands for all). `maps` are the kinds of
-  /// objects whose keys are names, of which one stands for all.
+  /// it must not have (of an object's strings only the first). `maps` are the kinds of
+  /// objects whose keys are names, of which one is enough.
   void AddBroken(const std::string& json, const std::set<std::string>& maps) const {
     std::set<std::string> seen;
     const auto document = Testing::Json(json);

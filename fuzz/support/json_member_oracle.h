@@ -141,7 +141,7 @@ class Oracle {
     return ReadString(*object, "b", text, messages);
   }
 
-  /// The alias stands for SET; none when it is empty.
+  /// The alias means SET; none when it is empty.
   static std::string EnumOr(const rapidjson::Value& document, const std::string& alias) {
     Lines messages;
     std::string text;

@@ -107,7 +107,7 @@ TYPED_TEST(SourcePath, IsNotFoundIfUnresolvable) {
 TYPED_TEST(SourcePath, IsNotFoundWithoutPermission) {
   const std::string path = this->Good("foo");
   fs::permissions(path, fs::perms::none);
-  const WithoutPrivileges nobody;
+  const WithoutPrivileges without_privileges;
   this->ExpectNotFound(path);
 }
 

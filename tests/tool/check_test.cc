@@ -136,11 +136,11 @@ TEST(Check, WhatCostsAValueButNotTheLoadIsAWarning) {
 
 TEST(Check, ReadsStandardInputOnceHoweverOftenItIsAskedFor) {
   const ToolRun run = RunTool({"check", "-", "-"}, R"({"cli": 1})");
-  const std::string told =
+  const std::string report =
       "<stdin>:1:9: error: Unknown message. [zelk.metadata.cli.json.invalid.field: cli] at /cli\n"
       "  1 | {\"cli\": 1}\n"
       "    |         ^\n";
-  EXPECT_EQ(run.out, told + told);
+  EXPECT_EQ(run.out, report + report);
   EXPECT_EQ(RunTool({"check", "-"}, R"({"cli": []})").out, "<stdin>: ok\n");
 }
 

@@ -44,7 +44,7 @@ const std::string kInventory = "--source " + kDataFolder + "/inventory.json ";
 const std::string kSetUp =
     "tool=" ZELK_METADATA_BINARY "; export TERM=dumb PATH=${tool%/*}:$PATH HOME=$PWD; ";
 
-/// What a bash does at which somebody types these keys. The line that comes out of it is printed
+/// What a bash does when these keys are typed. The line that comes out of it is printed
 /// word by word; what is shown while it is typed is on standard error.
 ToolRun TypeInBash(const std::string& keys, const TempFolder& folder = TempFolder()) {
   folder.Write("rc",

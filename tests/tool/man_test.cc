@@ -53,14 +53,14 @@ TEST(Manual, NamesEveryExitStatus) {
 
 TEST(Manual, NamesTheCommandsOfSessions) {
   const std::string page = RunLine("man").out;
-  std::size_t told = 0;
+  std::size_t named = 0;
   for (const Command& command : Zelk::Tool::SessionLanguage().commands) {
     if (ProgramLanguage().Find(command.name) != nullptr) continue;
     EXPECT_THAT(page, HasSubstr("\\fB" + command.name + "\\fR"));
     EXPECT_THAT(page, HasSubstr("\n" + Roff(command.summary) + "."));
-    ++told;
+    ++named;
   }
-  EXPECT_GT(told, 0U);
+  EXPECT_GT(named, 0U);
 }
 
 TEST(Manual, TextLinesAreNeverRequests) {

@@ -11,7 +11,7 @@ struct Example {
   std::string file;
 
   /// What is done with the file, or without one, as words of this program's command line. FILE
-  /// stands for the file.
+  /// means the file.
   std::string command;
 
   /// The domain whose source service is asked to load a path that does not exist; empty if there is

@@ -15,7 +15,7 @@ namespace Zelk::Tool {
 
 class Invocation;
 
-/// What a word of the command line stands for.
+/// What a word of the command line means.
 enum class Word {
   /// Nothing: a flag, which no word follows.
   kNone,

@@ -12,21 +12,21 @@ namespace {
 constexpr std::size_t kMostNames = 3;
 constexpr std::size_t kFar = 100;
 
-std::string BehindLastDot(const std::string& name) {
+std::string AfterLastDot(const std::string& name) {
   return name.substr(name.rfind('.') + 1);
 }
 
 /// How many typing errors are likely. Only the last part counts: names share what is before it, so
 /// that a few errors there would make one name of another.
 std::size_t Limit(const std::string& text) {
-  return std::min<std::size_t>(1 + BehindLastDot(text).size() / 4, 4);
+  return std::min<std::size_t>(1 + AfterLastDot(text).size() / 4, 4);
 }
 
 /// The smaller, the likelier; kFar for a name that is unlikely.
 std::size_t Distance(const std::string& wanted, const std::string& name) {
   if (wanted.empty()) return kFar;
   if (wanted == name) return 0;
-  const std::string last = BehindLastDot(name);
+  const std::string last = AfterLastDot(name);
   if (last == wanted) return 1;
   if (name.size() > wanted.size() && name[name.size() - wanted.size() - 1] == '.' &&
       name.compare(name.size() - wanted.size(), wanted.size(), wanted) == 0) {

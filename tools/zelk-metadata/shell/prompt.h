@@ -7,7 +7,7 @@ namespace Zelk::Tool::Shell {
 
 class Session;
 
-/// Lines that somebody types at the terminal of the process: with a history that outlives it, and
+/// Lines that are typed at the terminal of the process: with a history that outlives it, and
 /// with words completed by the session. One at a time.
 class Prompt {
  public:
