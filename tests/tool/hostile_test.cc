@@ -21,7 +21,7 @@ using Zelk::Testing::ToolRun;
 
 namespace {
 
-constexpr std::size_t kLevels = 300000;
+constexpr std::size_t kLevels = 50'000;
 constexpr std::size_t kStack = 256 * 1024;
 
 std::string Repeated(const std::string& text, std::size_t count) {
