@@ -43,7 +43,6 @@ struct CountedDomain {
   using Info = Description;
 
   static constexpr const char* kExists = "exists";
-  static constexpr const char* kNotFound = "not.found";
   static constexpr const char* kFileNotFound = "file.not.found";
   static constexpr const char* kParseError = "parse.error";
 
