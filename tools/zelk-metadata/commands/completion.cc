@@ -2,9 +2,9 @@
 #include <fmt/ranges.h>
 #include <ostream>
 
+#include "analysis/near.h"
 #include "complete/scripts.h"
 #include "language/invocation.h"
-#include "render/near.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -16,7 +16,7 @@ ExitStatus RunCompletion(Invocation& call) {
     const auto shells = Complete::CompletedShells();
     return call.Fail(ExitStatus::kUsage,
                      fmt::format("unknown shell '{}'; the shells are {}{}", shell,
-                                 fmt::join(shells, ", "), Suggestion(NearNames(shell, shells))));
+                                 fmt::join(shells, ", "), Analysis::Suggestion(shell, shells)));
   }
   call.Out() << script;
   return ExitStatus::kOk;

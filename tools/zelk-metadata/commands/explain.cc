@@ -2,10 +2,10 @@
 #include <fmt/format.h>
 #include <ostream>
 
+#include "analysis/near.h"
 #include "explain/explanations.h"
 #include "language/invocation.h"
 #include "render/layout.h"
-#include "render/near.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -82,7 +82,7 @@ static ExitStatus RunExplain(Invocation& call) {
   }
   if (id.empty()) return ExitStatus::kOk;
   return call.Fail(ExitStatus::kNotFound,
-                   fmt::format("unknown message id '{}'{}", id, Suggestion(NearNames(id, known))));
+                   fmt::format("unknown message id '{}'{}", id, Analysis::Suggestion(id, known)));
 }
 
 Command ExplainCommand() {

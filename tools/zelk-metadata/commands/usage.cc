@@ -1,9 +1,9 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include "analysis/near.h"
 #include "language/invocation.h"
 #include "language/operands.h"
-#include "render/near.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -20,7 +20,7 @@ ExitStatus RunUsage(Invocation& call) {
   if (!usage->page.answer) {
     const std::string name = fmt::format("{}", fmt::join(words, "."));
     return call.Fail(ExitStatus::kNotFound, usage->page.error->messages.front().Text() +
-                                                Suggestion(NearNames(name, host.UsageNames())));
+                                                Analysis::Suggestion(name, host.UsageNames()));
   }
   const UsagePage& help = *usage->page.answer;
   if (call.WantsJson()) {

@@ -8,9 +8,9 @@
 #include <type_traits>
 #include <variant>
 
+#include "analysis/near.h"
 #include "language/about.h"
 #include "language/command.h"
-#include "render/near.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -159,7 +159,7 @@ const Command* FindIn(const std::vector<Command>& commands, const std::string& n
 std::string UnknownCommand(const Language& language, const std::string& word) {
   std::vector<std::string> known;
   for (const Command& command : language.commands) known.push_back(command.name);
-  return fmt::format("unknown command '{}'{}", word, Suggestion(NearNames(word, known)));
+  return fmt::format("unknown command '{}'{}", word, Analysis::Suggestion(word, known));
 }
 
 const Command* Language::Find(const std::string& name) const {

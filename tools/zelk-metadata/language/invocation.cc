@@ -5,9 +5,9 @@
 #include <fmt/ranges.h>
 #include <ostream>
 
+#include "analysis/near.h"
 #include "domains/table.h"
 #include "language/sources.h"
-#include "render/near.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -137,12 +137,12 @@ ExitStatus Invocation::FailAs(const ServiceError& error, const Ids& ids) const {
     known.insert(known.end(), unknown.known.begin(), unknown.known.end());
     if (wanted.empty()) wanted = unknown.wanted;
   }
-  return Fail(ExitStatus::kNotFound, text + Suggestion(NearNames(wanted, known)));
+  return Fail(ExitStatus::kNotFound, text + Analysis::Suggestion(wanted, known));
 }
 
 ExitStatus Invocation::FailAsSource(const std::string& id) const {
   return Fail(ExitStatus::kNotFound, fmt::format("no source has the id '{}'{}", id,
-                                                 Suggestion(NearNames(id, host_.SourceIds()))));
+                                                 Analysis::Suggestion(id, host_.SourceIds())));
 }
 
 ExitStatus Invocation::FailAsUsage(const std::string& kind) const {
@@ -150,7 +150,7 @@ ExitStatus Invocation::FailAsUsage(const std::string& kind) const {
   if (host_.FindKinds(kind).empty()) {
     return Fail(ExitStatus::kNotFound,
                 fmt::format("unknown kind '{}'; the kinds are {}{}", kind, fmt::join(known, ", "),
-                            Suggestion(NearNames(Singular(kind), known))));
+                            Analysis::Suggestion(Singular(kind), known)));
   }
   const std::vector<FoundKind> kinds = KindsCalled(kind);
   if (kinds.empty()) {

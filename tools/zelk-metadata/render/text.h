@@ -5,16 +5,13 @@
 #include <optional>
 #include <string>
 
+#include "analysis/text.h"
+
 namespace Zelk::Tool {
 
-// Only ASCII letters have a case, in every locale.
-inline std::string LowerCase(std::string text) {
-  for (char& character : text) {
-    if (character >= 'A' && character <= 'Z') character = static_cast<char>(character + 'a' - 'A');
-  }
-  return text;
-}
+using Analysis::LowerCase;
 
+// Only ASCII letters have a case, in every locale.
 inline std::string UpperCase(std::string text) {
   for (char& character : text) {
     if (character >= 'a' && character <= 'z') character = static_cast<char>(character + 'A' - 'a');

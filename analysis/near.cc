@@ -1,12 +1,12 @@
-#include "render/near.h"
+#include "analysis/near.h"
 
 #include <algorithm>
 #include <set>
 #include <utility>
 
-#include "render/text.h"
+#include "analysis/text.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Analysis {
 namespace {
 
 constexpr std::size_t kMostNames = 3;
@@ -94,4 +94,8 @@ std::string Suggestion(const std::vector<std::string>& names) {
   return text.empty() ? text : text + "?";
 }
 
-}  // namespace Zelk::Tool
+std::string Suggestion(const std::string& wanted, const std::vector<std::string>& known) {
+  return Suggestion(NearNames(wanted, known));
+}
+
+}  // namespace Zelk::Analysis

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace Zelk::Tool {
+namespace Zelk::Analysis {
 
 /// How many characters must be inserted, removed, changed or exchanged with their neighbour to make
 /// one text of the other; `limit + 1` if more than `limit`. The work grows with the length times
@@ -19,4 +19,7 @@ std::vector<std::string> NearNames(const std::string& wanted,
 /// "; did you mean A, B or C?", or nothing without names.
 std::string Suggestion(const std::vector<std::string>& names);
 
-}  // namespace Zelk::Tool
+/// The same, of the names that the author of `wanted` may have meant.
+std::string Suggestion(const std::string& wanted, const std::vector<std::string>& known);
+
+}  // namespace Zelk::Analysis

@@ -1,4 +1,4 @@
-#include "render/near.h"
+#include "analysis/near.h"
 
 #include <algorithm>
 #include <random>
@@ -7,9 +7,9 @@
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Zelk::Tool::EditDistance;
-using Zelk::Tool::NearNames;
-using Zelk::Tool::Suggestion;
+using Zelk::Analysis::EditDistance;
+using Zelk::Analysis::NearNames;
+using Zelk::Analysis::Suggestion;
 
 namespace {
 
