@@ -1,0 +1,106 @@
+#include "analysis/lint/finding.h"
+
+#include <algorithm>
+#include <tuple>
+#include <unordered_map>
+#include <utility>
+
+#include <zelk/md5.h>
+
+#include "analysis/near.h"
+
+namespace Zelk::Analysis::Lint {
+namespace {
+
+/// 64 bits of the digest of the text.
+std::uint64_t DigestOf(const std::string& text) {
+  ::Zelk::MD5 digest;
+  digest.Update(text.data(), text.size());
+  std::uint64_t bits = 0;
+  for (const char digit : digest.hexdigest().substr(0, 16)) {
+    bits = bits << 4U | static_cast<std::uint64_t>(digit <= '9' ? digit - '0' : digit - 'a' + 10);
+  }
+  return bits;
+}
+
+auto Order(const Finding& finding) {
+  return std::tuple(finding.file, finding.place.offset, std::string_view(finding.rule->id),
+                    std::string_view(finding.remark.subject));
+}
+
+}  // namespace
+
+Place PlaceOf(const Model& model, ElementId element, NodeId value) {
+  const Document& document = model.DocumentOf(element);
+  return {model.GetDomain(), model[element].source, element, value, document[value].begin};
+}
+
+Place PlaceOfKey(const Model& model, ElementId element, NodeId member) {
+  Place place = PlaceOf(model, element, member);
+  place.offset = model.DocumentOf(element)[member].key_begin;
+  return place;
+}
+
+Place PlaceOf(const Model& model, ElementId id) {
+  const Element& element = model[id];
+  const char* const key = NameKey(element.kind);
+  if (key == nullptr || element.is_implied) return PlaceOfKey(model, id, element.node);
+  return PlaceOf(model, id, model.DocumentOf(id).Find(element.node, key));
+}
+
+std::string PathOf(const Workspace& workspace, const Place& place) {
+  if (place.element == kNoElement) return FormatOf(place.domain).root_key;
+  return workspace.ModelOf(place.domain).Path(place.element);
+}
+
+const Document& DocumentOf(const Workspace& workspace, const Place& place) {
+  return *workspace.ModelOf(place.domain).Sources()[place.source].document;
+}
+
+void Findings::Begin(const Rule& rule) {
+  rule_ = &rule;
+  before_ = all_.size();
+}
+
+void Findings::Add(const Place& place, Remark remark) {
+  const Severity severity = remark.severity.value_or(rule_->severity);
+  if (all_.size() - before_ == kMost) {
+    ++unlisted_.at(static_cast<std::size_t>(severity));
+    return;
+  }
+  const std::uint32_t file = workspace_.FileOf(place.domain, place.source);
+  all_.push_back({rule_, severity, file, place, std::move(remark)});
+}
+
+std::string Findings::Hint(std::string_view wanted, const std::vector<std::string>& known) {
+  const std::size_t work = known.size();
+  if (work > comparisons_left_) return "";
+  comparisons_left_ -= work;
+  std::string hint;
+  for (const std::string& name : NearNames(std::string(wanted), known)) {
+    hint += (hint.empty() ? "did you mean '" : " or '") + name + "'";
+  }
+  return hint.empty() ? hint : hint + "?";
+}
+
+void Findings::SetFingerprints() {
+  std::unordered_map<std::uint64_t, std::size_t> times;
+  for (Finding& finding : all_) {
+    std::string identity = finding.rule->id;
+    (identity += '\0') += PathOf(workspace_, finding.place);
+    (identity += '\0') += finding.remark.subject;
+    const std::uint64_t digest = DigestOf(identity);
+    const std::size_t n = ++times[digest];
+    finding.fingerprint = n == 1 ? digest : DigestOf(identity + '\0' + std::to_string(n));
+  }
+}
+
+std::vector<Finding> Findings::Take() {
+  std::stable_sort(all_.begin(), all_.end(), [](const Finding& left, const Finding& right) {
+    return Order(left) < Order(right);
+  });
+  SetFingerprints();
+  return std::move(all_);
+}
+
+}  // namespace Zelk::Analysis::Lint

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "analysis/element_model.h"
+#include "analysis/lint/rule.h"
+#include "analysis/lint/workspace.h"
+
+namespace Zelk::Analysis::Lint {
+
+/// What a finding is about.
+struct Place {
+  Domain domain;
+  /// The position of the source in the model of the domain.
+  std::uint32_t source;
+  /// kNoElement for the file as a whole.
+  ElementId element;
+  /// What is to be looked at, and the byte where that begins: a value, or the key of a member.
+  NodeId node;
+  std::uint32_t offset;
+};
+
+/// Where the element has its name, or if it has none, where it begins.
+Place PlaceOf(const Model& model, ElementId element);
+
+/// A value that belongs to the element.
+Place PlaceOf(const Model& model, ElementId element, NodeId value);
+
+/// The key of a member that belongs to the element.
+Place PlaceOfKey(const Model& model, ElementId element, NodeId member);
+
+/// What a rule says about a place.
+struct Remark {
+  /// One sentence without a full stop at its end, such as "the type 'c.Spce' is not loaded".
+  std::string message;
+
+  /// The other name that it is about, such as a missing type or an ignored key; or empty. With rule
+  /// and element it identifies the finding.
+  std::string subject = {};
+
+  /// What may help, such as "did you mean 'c.Spec'?"; or empty.
+  std::string hint = {};
+
+  /// Unless it is the rule's.
+  std::optional<Severity> severity = std::nullopt;
+};
+
+struct Finding {
+  const Rule* rule;
+  Severity severity;
+  /// The position in the files of the workspace.
+  std::uint32_t file;
+  Place place;
+  Remark remark;
+  /// Stays the same if files are re-indented, reordered, moved or split.
+  std::uint64_t fingerprint = 0;
+};
+
+/// Takes what rules find.
+class Findings {
+ public:
+  explicit Findings(const Workspace& workspace) : workspace_(workspace) {}
+
+  void Add(const Place& place, Remark remark);
+
+  /// "did you mean 'A' or 'B'?" if the author of `wanted` may have meant one of the names, else
+  /// empty. Searching takes time, so after many names it returns nothing any more.
+  std::string Hint(std::string_view wanted, const std::vector<std::string>& known);
+
+  /// What follows is found by that rule.
+  void Begin(const Rule& rule);
+
+  /// All findings, in the order of files and places, with their fingerprints.
+  std::vector<Finding> Take();
+
+  /// How many there are of each severity that Take() does not return. A rule may find something at
+  /// every value of a large file, so only the first kMost findings of each are kept.
+  const std::array<std::size_t, 3>& Unlisted() const { return unlisted_; }
+
+  static constexpr std::size_t kMost = 100000;
+
+ private:
+  void SetFingerprints();
+
+  const Workspace& workspace_;
+  const Rule* rule_ = nullptr;
+  std::vector<Finding> all_;
+  /// How many of `all_` were found before the rule.
+  std::size_t before_ = 0;
+  std::array<std::size_t, 3> unlisted_{};
+  /// How many more names may be compared for hints.
+  std::size_t comparisons_left_ = 1000000;
+};
+
+/// Names the element of the place without any position; the name of the domain for a whole file.
+std::string PathOf(const Workspace& workspace, const Place& place);
+
+/// The document of the place.
+const Document& DocumentOf(const Workspace& workspace, const Place& place);
+
+}  // namespace Zelk::Analysis::Lint

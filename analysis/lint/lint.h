@@ -1,0 +1,33 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include "analysis/lint/finding.h"
+
+// Finds mistakes that the library accepts without a message.
+
+namespace Zelk::Analysis::Lint {
+
+/// A rule that could not run, because no file of a domain that it needs was loaded.
+struct SkippedRule {
+  const Rule* rule;
+  Domain needed;
+};
+
+struct Result {
+  /// By file name, then by place, then by rule.
+  std::vector<Finding> findings;
+  /// How many more there are of each severity; see Findings::Unlisted().
+  std::array<std::size_t, 3> unlisted;
+  std::vector<SkippedRule> skipped;
+};
+
+/// Runs the rules. A file that does not load is passed over.
+Result Lint(const Workspace& workspace, const std::vector<const Rule*>& rules);
+
+/// Those that are not off.
+std::vector<const Rule*> DefaultRules();
+
+}  // namespace Zelk::Analysis::Lint

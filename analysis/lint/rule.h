@@ -1,0 +1,99 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "analysis/element.h"
+#include "analysis/format.h"
+#include "analysis/reader.h"
+
+// What a rule is. A group of rules is a file of its own with their functions and their table.
+
+namespace Zelk::Analysis::Lint {
+
+class Findings;
+class Workspace;
+
+enum class Group : std::uint8_t {
+  kLoader,
+  kReferences,
+  kNames,
+  kDocumentation,
+  kAuthentication,
+  kCli,
+  kSources,
+};
+
+inline constexpr std::uint8_t kGroups = 7;
+
+/// What must be known for a finding of the rule to be true.
+enum class DecidedBy : std::uint8_t {
+  kFile,
+  /// All sources of the domain.
+  kSources,
+  /// The sources of several domains.
+  kDomains,
+  /// A convention, which others may not share.
+  kConvention,
+};
+
+/// A set of domains.
+using DomainSet = std::uint8_t;
+
+constexpr DomainSet SetOf(Domain domain) {
+  return static_cast<DomainSet>(1U << static_cast<unsigned>(domain));
+}
+
+inline constexpr DomainSet kMetamodelOnly = SetOf(Domain::kMetamodel);
+inline constexpr DomainSet kAuthenticationOnly = SetOf(Domain::kAuthentication);
+inline constexpr DomainSet kCliOnly = SetOf(Domain::kCli);
+inline constexpr DomainSet kAllDomains = kMetamodelOnly | kAuthenticationOnly | kCliOnly;
+
+/// Files that together raise the rule once, and no other rule. Unused ones are null.
+struct Example {
+  const char* files[3];
+
+  /// Element path of the finding.
+  const char* element;
+};
+
+struct Rule {
+  /// Never changes once it is published.
+  const char* id;
+  Group group;
+  /// Unless a finding has another one.
+  Severity severity;
+  DecidedBy decided_by;
+  /// The domains whose files the rule looks at.
+  DomainSet about;
+  /// The domains that it needs in addition. Without one of them the rule is skipped.
+  DomainSet needs;
+  /// One line, for lists of rules.
+  const char* title;
+  const char* means;
+  const char* cause;
+  const char* fix;
+  Example example;
+  void (*run)(const Workspace& workspace, Findings& findings);
+  /// Whether it runs only if it is asked for by its id.
+  bool is_off = false;
+};
+
+const char* Word(Group group);
+const char* Word(DecidedBy decided_by);
+
+/// "error", "warning" or "note".
+const char* Word(Severity severity);
+
+// The tables, in the order in which rules are listed.
+extern const Rows<Rule> kLoaderRules;
+extern const Rows<Rule> kDocumentationRules;
+
+/// All rules of all groups.
+const std::vector<const Rule*>& Rules();
+
+/// Null for an unknown id.
+const Rule* FindRule(std::string_view id);
+
+}  // namespace Zelk::Analysis::Lint

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "analysis/element_model.h"
+#include "analysis/lint/rule.h"
+#include "analysis/lint/settings.h"
+
+namespace Zelk::Analysis::Lint {
+
+struct File {
+  /// As the user knows it.
+  std::string name;
+  Domain domain;
+  /// Sources of one domain must have different ids.
+  Source source;
+};
+
+/// What rules look at: all files together, as one host that has loaded them.
+class Workspace {
+ public:
+  explicit Workspace(std::vector<File> files, Settings settings = {});
+  Workspace(const Workspace&) = delete;
+  Workspace& operator=(const Workspace&) = delete;
+  ~Workspace() = default;
+
+  /// In ascending order of their names.
+  const std::vector<File>& Files() const { return files_; }
+
+  const Model& ModelOf(Domain domain) const { return models_[static_cast<std::size_t>(domain)]; }
+
+  /// The domains that have a file that loads.
+  DomainSet Loaded() const { return loaded_; }
+
+  /// The position in Files() of a source of a model.
+  std::uint32_t FileOf(Domain domain, std::uint32_t source) const {
+    return file_of_[static_cast<std::size_t>(domain)][source];
+  }
+
+  /// Whether the name is one whose source is elsewhere on purpose.
+  bool IsExternal(std::string_view name) const;
+
+  const Settings& GetSettings() const { return settings_; }
+
+ private:
+  std::vector<File> files_;
+  Settings settings_;
+  std::array<Model, 3> models_;
+  std::array<std::vector<std::uint32_t>, 3> file_of_;
+  DomainSet loaded_ = 0;
+};
+
+}  // namespace Zelk::Analysis::Lint
