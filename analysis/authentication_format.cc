@@ -9,7 +9,11 @@ namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 using SchemeType = Bindings::Authentication::AuthenticationInfoEnumerations::SchemeType;
 
+}  // namespace
+
 constexpr Words kSchemeTypes{SchemeType::Strings::values, "SESSIONAWARE", "SESSION_AWARE"};
+
+namespace {
 
 constexpr KeyForm kSessionKeys[] = {{"sessionManager", kText}};
 constexpr ObjectForm kSession{kSessionKeys};

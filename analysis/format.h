@@ -51,6 +51,13 @@ struct Words {
   const char* FindExact(std::string_view text) const;
 };
 
+// What types, structures and schemes are called. Types of constants have none of the aliases.
+extern const Words kTypeCategories;
+extern const Words kBuiltinTypes;
+extern const Words kGenericTypes;
+extern const Words kStructureTypes;
+extern const Words kSchemeTypes;
+
 /// What a value must be.
 enum class Form : std::uint8_t {
   kAnything,

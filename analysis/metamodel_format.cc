@@ -23,11 +23,16 @@ constexpr ValueForm kAnnotation =
     As(ElementKind::kAnnotation, Called(MembersOf(kAnnotationElement), kElementValue));
 constexpr KeyForm kMetadata{"metadata", MembersOf(kAnnotation)};
 
+}  // namespace
+
 // Types, which nest in each other to any depth.
 
-constexpr Words kCategories{Category::Strings::values, "PRIMITIVE", "BUILTIN"};
+constexpr Words kTypeCategories{Category::Strings::values, "PRIMITIVE", "BUILTIN"};
 constexpr Words kBuiltinTypes{BuiltinType::Strings::values, "EXCEPTION", "ANY_ERROR"};
 constexpr Words kGenericTypes{GenericType::Strings::values, nullptr, nullptr};
+constexpr Words kStructureTypes{StructureType::Strings::values, nullptr, nullptr};
+
+namespace {
 
 extern const ObjectForm kType;
 
@@ -42,7 +47,7 @@ constexpr KeyForm kMapKeys[] = {
     {"map_value_type", Object(kType)},
 };
 constexpr KeyForm kGenericKeys[] = {{"generic_type", OneOf(kGenericTypes)}};
-constexpr KeyForm kTypeKeys[] = {{"category", OneOf(kCategories)}};
+constexpr KeyForm kTypeKeys[] = {{"category", OneOf(kTypeCategories)}};
 
 constexpr ObjectForm kBuiltin{kBuiltinKeys};
 constexpr ObjectForm kUserDefined{kUserDefinedKeys};
@@ -62,7 +67,7 @@ constexpr Variant kTypeVariants[] = {
     {"USER_DEFINED", &kUserDefined},
     {"GENERIC", &kGeneric},
 };
-const ObjectForm kType{kTypeKeys, "category", &kCategories, kTypeVariants};
+const ObjectForm kType{kTypeKeys, "category", &kTypeCategories, kTypeVariants};
 
 // Constants. Their types have neither of the aliases.
 
@@ -113,8 +118,6 @@ constexpr KeyForm kFieldKeys[] = {
 constexpr ObjectForm kFieldObject{kFieldKeys};
 constexpr ValueForm kField = Each(ElementKind::kField, kFieldObject);
 constexpr ValueForm kParameter = Each(ElementKind::kParameter, kFieldObject);
-
-constexpr Words kStructureTypes{StructureType::Strings::values, nullptr, nullptr};
 
 constexpr KeyForm kStructureKeys[] = {
     {"name", kText},

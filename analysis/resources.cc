@@ -48,7 +48,7 @@ class UseFinder {
  private:
   void Add(ElementId annotation, NodeId name, ElementId structure) {
     uses_.push_back({model_.DocumentOf(annotation).String(name), model_[annotation].source,
-                     annotation, structure});
+                     annotation, name, structure});
   }
 
   /// One name, or a list of them.

@@ -13,8 +13,9 @@ struct ResourceUse {
   std::string_view resource;
   /// The position of the source in the model.
   std::uint32_t source;
-  /// The annotation that names it.
+  /// The annotation that names it, and the text in which it does.
   ElementId annotation;
+  NodeId node;
   /// The structure that is a model of it; kNoElement where it is only named.
   ElementId model;
 };
