@@ -5,6 +5,7 @@ cmake_minimum_required(VERSION 3.25)
 
 execute_process(COMMAND ${TOOL} explain --output json
   OUTPUT_VARIABLE messages COMMAND_ERROR_IS_FATAL ANY)
+string(JSON messages GET "${messages}" messages)
 string(JSON count LENGTH "${messages}")
 math(EXPR last "${count} - 1")
 set(table "| Id | Default text | Means | Usual cause | What to do |\n|---|---|---|---|---|\n")

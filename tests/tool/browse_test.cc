@@ -68,7 +68,10 @@ TEST(List, NamesOfAllDomainsWithSources) {
   EXPECT_EQ(RunOnThree("list authentication:components").out, "com.acme\n");
   EXPECT_EQ(RunOnThree("list components --output table").out,
             "DOMAIN          NAME\nmetamodel       com.acme\nauthentication  com.acme\n");
-  EXPECT_EQ(RunOnThree("list components --json").out, "[\"com.acme\",\"com.acme\"]\n");
+  EXPECT_EQ(RunOnThree("list components --json").out,
+            R"({"version":1,"names":[{"domain":"metamodel","kind":"component","name":"com.acme"},)"
+            R"({"domain":"authentication","kind":"component","name":"com.acme"}]})"
+            "\n");
   EXPECT_EQ(RunOnThree("list sources").out, "inventory\nschemes\ncommands\n");
 }
 
@@ -79,7 +82,7 @@ TEST(Fingerprint, OfSeveralDomainsNamesEach) {
     EXPECT_EQ(one.size(), 33U);
     EXPECT_THAT(all, HasSubstr(one.substr(0, 32) + "\t" + domain + ":source\n"));
   }
-  const auto document = ParsedJson(RunOnThree("fingerprint --json").out);
+  const auto document = ParsedJson(RunOnThree("fingerprint --json").out, "fingerprints");
   ASSERT_EQ(document.Size(), 3U);
   EXPECT_STREQ(document[2]["domain"].GetString(), "cli");
 }
@@ -136,7 +139,7 @@ TEST(Get, SeveralOperationsAreGivenAsPairs) {
   const std::string service = "com.acme.inventory.machines ";
   const ToolRun run =
       RunLine("get operations " + service + "get " + service + "list --json" + source);
-  const auto document = ParsedJson(run.out);
+  const auto document = ParsedJson(run.out, "records");
   ASSERT_EQ(document.Size(), 2U);
   EXPECT_STREQ(document[0]["record"]["name"].GetString(), "get");
   EXPECT_STREQ(document[1]["ids"][1].GetString(), "list");
@@ -148,7 +151,7 @@ TEST(Commands, WithoutSourcesGiveAnEmptyAnswer) {
   EXPECT_EQ(tree.out, "");
   EXPECT_EQ(tree.err, "zelk-metadata: nothing is loaded; --source PATH loads a file or a folder\n");
   EXPECT_EQ(tree.status, 0);
-  EXPECT_EQ(RunLine("tree --json").out, "[]\n");
+  EXPECT_EQ(RunLine("tree --json").out, "{\"version\":1,\"entries\":[]}\n");
   EXPECT_EQ(RunLine("search x").status, 3);
   EXPECT_EQ(RunLine("which component x").status, 3);
   EXPECT_EQ(RunLine("usage").status, 3);
@@ -264,8 +267,7 @@ TEST(Get, SourceOfSeveralDomainsHasAPageInEach) {
       " --source x=" + kDataFolder + "/inventory.json --source x=" + kDataFolder + "/schemes.json";
   const ToolRun page = RunLine("get source x" + sources);
   EXPECT_THAT(page.out, AllOf(HasSubstr("inventory.json"), HasSubstr("schemes.json")));
-  const auto json = ParsedJson(RunLine("get source x --json" + sources).out);
-  ASSERT_TRUE(json.IsArray());
+  const auto json = ParsedJson(RunLine("get source x --json" + sources).out, "records");
   ASSERT_EQ(json.Size(), 2U);
   EXPECT_STREQ(json[0]["domain"].GetString(), "metamodel");
   EXPECT_STREQ(json[1]["domain"].GetString(), "authentication");

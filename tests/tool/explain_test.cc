@@ -166,15 +166,16 @@ TEST(Explain, UnknownIdGetsSuggestions) {
   EXPECT_EQ(run.status, 3);
 }
 
-TEST(Explain, JsonOfAnExplanationIsAnObject) {
+TEST(Explain, JsonOfAnExplanationIsAnArrayOfOne) {
   const ToolRun run = RunTool({"explain", "--json", "zelk.metadata.json.missing.field"});
-  EXPECT_THAT(run.out, testing::StartsWith(R"({"id":"zelk.metadata.json.missing.field","text":)"));
+  EXPECT_THAT(run.out, testing::StartsWith(R"({"version":1,"messages":[{"id":)"
+                                           R"("zelk.metadata.json.missing.field","text":)"));
   EXPECT_THAT(run.out, HasSubstr(R"("command":"check FILE")"));
 }
 
 TEST(Explain, JsonOfAllExplanationsIsAnArray) {
   const ToolRun run = RunTool({"explain", "--json"});
-  EXPECT_THAT(run.out, testing::StartsWith(R"([{"id":)"));
+  EXPECT_THAT(run.out, testing::StartsWith(R"({"version":1,"messages":[{"id":)"));
   for (const auto& explanation : Explanations()) {
     EXPECT_THAT(run.out, HasSubstr(R"({"id":")" + explanation.id + "\""));
   }

@@ -176,7 +176,10 @@ TEST(Hostile, InvalidUtf8IsReplacedInJsonAndShownOnPages) {
                                         "\"documentation\": \"\", \"metadata\": {}, "
                                         "\"packages\": []}}}");
   EXPECT_EQ(RunTool({"list", "components", "--source", file}).out, "caf\\xe9\n");
-  EXPECT_EQ(RunTool({"list", "components", "--json", "--source", file}).out, "[\"caf\\uFFFD\"]\n");
+  EXPECT_EQ(
+      RunTool({"list", "components", "--json", "--source", file}).out,
+      R"({"version":1,"names":[{"domain":"metamodel","kind":"component","name":"caf\uFFFD"}]})"
+      "\n");
   const ToolRun run = RunTool({"get", "component", "caf\xe9", "--json", "--source", file});
   EXPECT_THAT(run.out, HasSubstr(R"("name":"caf\uFFFD")"));
 }

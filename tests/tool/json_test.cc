@@ -5,20 +5,14 @@
 #include "tool/tool_run.h"
 
 using Zelk::Testing::kDataFolder;
-using Zelk::Testing::RunLine;
+using Zelk::Testing::ParsedJson;
 using Zelk::Testing::RunOnInventory;
+using Zelk::Testing::RunOnThree;
 using Zelk::Testing::RunTool;
 using Zelk::Testing::TempFolder;
 using Zelk::Testing::ToolRun;
 
 namespace {
-
-rapidjson::Document Parsed(const std::string& text) {
-  rapidjson::Document document;
-  document.Parse<rapidjson::kParseValidateEncodingFlag>(text.data(), text.size());
-  EXPECT_FALSE(document.HasParseError()) << text;
-  return document;
-}
 
 std::string MemberNames(const rapidjson::Value& object) {
   std::string names;
@@ -45,7 +39,28 @@ const Row kRecords[] = {
      "name type enumerations constants fields metadata documentation"},
     {"get enumeration com.acme.inventory.layer", "name values metadata documentation"},
     {"get source inventory", "description type file_path address"},
-    {"fingerprint component com.acme", "domain kind ids fingerprint"},
+};
+
+const Row kArrays[] = {
+    {"list components", "names"},
+    {"list hidden", "names"},
+    {"get source commands", "records"},
+    {"fingerprint", "fingerprints"},
+    {"tree", "entries"},
+    {"search acme", "matches"},
+    {"which component com.acme", "answers"},
+    {"usage", "usages"},
+    {"explain", "messages"},
+};
+
+const Row kEmptyArrays[] = {
+    {"list operations nope", "names"},
+    {"get source nope", "records"},
+    {"fingerprint source nope", "fingerprints"},
+    {"search gizmo", "matches"},
+    {"which component nope", "answers"},
+    {"usage nope", "usages"},
+    {"explain nope", "messages"},
 };
 
 }  // namespace
@@ -53,27 +68,28 @@ const Row kRecords[] = {
 TEST(Json, RecordsHaveTheirMembersInTheRecordsOrder) {
   for (const Row& row : kRecords) {
     const ToolRun run = RunOnInventory(std::string(row.line) + " --json");
-    const rapidjson::Document document = Parsed(run.out);
-    ASSERT_TRUE(document.IsObject()) << row.line;
-    EXPECT_EQ(MemberNames(document), row.members) << row.line;
+    const auto records = ParsedJson(run.out, "records");
+    ASSERT_EQ(records.Size(), 1U) << row.line;
+    EXPECT_EQ(MemberNames(records[0]), "domain kind ids record") << row.line;
+    EXPECT_EQ(MemberNames(records[0]["record"]), row.members) << row.line;
     EXPECT_EQ(run.status, 0) << row.line;
   }
 }
 
 TEST(Json, TextsComeBackAsTheyAreInTheFile) {
   const ToolRun run = RunOnInventory("get operation com.acme.inventory.machines remove --json");
-  EXPECT_STREQ(Parsed(run.out)["documentation"].GetString(),
+  EXPECT_STREQ(ParsedJson(run.out, "records")[0]["record"]["documentation"].GetString(),
                "Removes a machine.\n\tIts disks go with it.");
   const ToolRun service = RunOnInventory("get service com.acme.inventory.machines --json");
-  const rapidjson::Document document = Parsed(service.out);
-  const auto& tags = document["metadata"]["Tags"]["elements"]["value"]["list_value"];
+  const auto records = ParsedJson(service.out, "records");
+  const auto& tags = records[0]["record"]["metadata"]["Tags"]["elements"]["value"]["list_value"];
   EXPECT_STREQ(tags[1].GetString(), "na\u00efve");
 }
 
 TEST(Json, CheckHasTheArgumentsAndThePlaceOfEveryMessage) {
   const TempFolder folder;
   const std::string path = folder.Write("file.json", "{\n ?}");
-  const rapidjson::Document document = Parsed(RunTool({"check", "--json", path}).out);
+  const auto document = ParsedJson(RunTool({"check", "--json", path}).out, "files");
   ASSERT_EQ(document.Size(), 1U);
   EXPECT_EQ(MemberNames(document[0]), "file domain ok messages");
   EXPECT_EQ(document[0]["file"].GetString(), path);
@@ -85,8 +101,22 @@ TEST(Json, CheckHasTheArgumentsAndThePlaceOfEveryMessage) {
 }
 
 TEST(Json, AnswersAreNeverPartlyText) {
-  for (const char* line : {"check --json missing.json", "list components --json",
-                           "list hidden --json", "fingerprint --json"}) {
-    Parsed(RunLine(line).out);
+  for (const Row& row : kArrays)
+    ParsedJson(RunOnThree(std::string(row.line) + " --json").out, row.members);
+  ParsedJson(RunTool({"check", "--json", "missing.json"}).out, "files");
+}
+
+TEST(Json, UnknownNamesGiveAnEmptyArrayAndTheStatus) {
+  for (const Row& row : kEmptyArrays) {
+    const ToolRun run = RunOnThree(std::string(row.line) + " --json");
+    EXPECT_EQ(ParsedJson(run.out, row.members).Size(), 0U) << row.line;
+    EXPECT_EQ(run.status, 3) << row.line;
+    EXPECT_NE(run.err, "") << row.line;
   }
+}
+
+TEST(Json, FoundRecordsAreThereIfOthersAreNot) {
+  const ToolRun run = RunOnThree("get source nope inventory --json");
+  EXPECT_EQ(ParsedJson(run.out, "records").Size(), 1U);
+  EXPECT_EQ(run.status, 3);
 }

@@ -36,5 +36,5 @@ TEST(Search, ReportsThatNothingWasFound) {
   EXPECT_EQ(run.status, 3);
   EXPECT_EQ(run.out, "");
   EXPECT_EQ(run.err, "zelk-metadata: no name or documentation contains 'gizmo'\n");
-  EXPECT_EQ(RunOnThree("search gizmo --json").out, "[]\n");
+  EXPECT_EQ(RunOnThree("search gizmo --json").out, "{\"version\":1,\"matches\":[]}\n");
 }

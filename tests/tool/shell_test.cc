@@ -332,9 +332,8 @@ TEST(Shell, ReloadInJsonHasLinesAndErrors) {
   Talk talk;
   talk.Say("create " + path);
   folder.Write("a.json", "{");
-  rapidjson::Document document;
-  document.Parse(talk.Say("reload metamodel:a --json").out.c_str());
-  ASSERT_TRUE(document.IsArray());
+  const auto document =
+      Zelk::Testing::ParsedJson(talk.Say("reload metamodel:a --json").out, "sources");
   ASSERT_EQ(document.Size(), 1U);
   EXPECT_STREQ(document[0]["state"].GetString(), "kept");
   EXPECT_STREQ(document[0]["source"].GetString(), "a");

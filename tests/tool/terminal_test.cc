@@ -5,6 +5,7 @@
 
 #include "support/file_text.h"
 #include "support/pty.h"
+#include "support/repeat.h"
 #include "support/source_dir.h"
 #include "support/temp_folder.h"
 #include "tool/tool_run.h"
@@ -15,6 +16,7 @@ using testing::HasSubstr;
 using testing::Not;
 using Zelk::Testing::FileText;
 using Zelk::Testing::kDataFolder;
+using Zelk::Testing::Repeat;
 using Zelk::Testing::Shown;
 using Zelk::Testing::ShowOnTerminal;
 using Zelk::Testing::TempFolder;
@@ -78,7 +80,32 @@ TEST_F(OnATerminal, PipesGetPlainLines) {
 
 TEST_F(OnATerminal, OutputOptionDecides) {
   EXPECT_EQ(OnTerminal("list components --output plain" + kInventory).text, "com.acme\r\n");
-  EXPECT_EQ(OnTerminal("list components --json" + kInventory).text, "[\"com.acme\"]\r\n");
+  EXPECT_EQ(OnTerminal("list components --json" + kInventory + "| cat").text,
+            R"({"version":1,"names":[{"domain":"metamodel","kind":"component","name":"com.acme"}]})"
+            "\r\n");
+}
+
+TEST_F(OnATerminal, JsonIsIndented) {
+  EXPECT_EQ(OnTerminal("list components --json" + kInventory).text,
+            "{\r\n"
+            "  \"version\": 1,\r\n"
+            "  \"names\": [\r\n"
+            "    {\r\n"
+            "      \"domain\": \"metamodel\",\r\n"
+            "      \"kind\": \"component\",\r\n"
+            "      \"name\": \"com.acme\"\r\n"
+            "    }\r\n"
+            "  ]\r\n"
+            "}\r\n");
+}
+
+TEST_F(OnATerminal, JsonThatIsNestedVeryDeepIsOneLine) {
+  const TempFolder folder;
+  const std::string file = folder.Write(
+      "deep.json", R"({"cli": [{"type": "namespace", "name": "a", "description": "", "path": "a)" +
+                       Repeat(".a", 200) + "\"}]}");
+  const std::string tree = OnTerminal("tree --json --source " + file).text;
+  EXPECT_EQ(std::count(tree.begin(), tree.end(), '\n'), 1);
 }
 
 TEST_F(OnATerminal, ProgressIsShownAndRemoved) {

@@ -52,11 +52,20 @@ inline ToolRun RunOnThree(const std::string& line) {
                  "/schemes.json --source " + kDataFolder + "/commands.json");
 }
 
-inline rapidjson::Document ParsedJson(const std::string& text) {
+/// The array in a JSON document of the program; its only member but for the version.
+inline rapidjson::Document ParsedJson(const std::string& text, const char* name) {
   rapidjson::Document document;
-  document.Parse(text.c_str());
-  EXPECT_FALSE(document.HasParseError()) << text;
-  return document;
+  document.Parse<rapidjson::kParseValidateEncodingFlag>(text.data(), text.size());
+  rapidjson::Document array(rapidjson::kArrayType);
+  const bool is_whole = !document.HasParseError() && document.IsObject() &&
+                        document.MemberCount() == 2 && document.HasMember(name) &&
+                        document[name].IsArray();
+  EXPECT_TRUE(is_whole) << name << ": " << text;
+  if (!is_whole) return array;
+  EXPECT_STREQ(document.MemberBegin()->name.GetString(), "version");
+  EXPECT_EQ(document["version"].GetInt(), 1);
+  array.CopyFrom(document[name], array.GetAllocator());
+  return array;
 }
 
 }  // namespace Zelk::Testing

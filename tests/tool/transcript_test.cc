@@ -24,7 +24,7 @@ TEST(Transcript, ListNamesEveryKindOnePerLine) {
                        });
 }
 
-TEST(Transcript, ListInJsonIsAnArray) {
+TEST(Transcript, ListInJsonHasTheDomainAndKindOfEachName) {
   ExpectGolden("list_json", {
                                 "list components --source inventory.json --json",
                                 "--json list hiddens --source inventory.json",
@@ -49,7 +49,7 @@ TEST(Transcript, GetShowsEveryKindAsAPage) {
                       });
 }
 
-TEST(Transcript, GetInJsonIsTheRecordWhole) {
+TEST(Transcript, GetInJsonHasTheRecordWhole) {
   ExpectGolden("get_json", {
                                "get component com.acme --source inventory.json --json",
                                "get package com.acme.empty --source inventory.json --json",
@@ -162,7 +162,7 @@ TEST(Transcript, AuthenticationShowsTheSchemesOfEveryLevel) {
                           });
 }
 
-TEST(Transcript, AuthenticationInJsonIsTheRecordWhole) {
+TEST(Transcript, AuthenticationInJsonHasTheRecordWhole) {
   ExpectGolden("schemes_json", {
                                    "get component com.acme --source schemes.json --json",
                                    "get package com.acme.visitors --source schemes.json --json",
@@ -191,7 +191,7 @@ TEST(Transcript, CliShowsNamespacesAndCommands) {
                            });
 }
 
-TEST(Transcript, CliInJsonIsTheRecordWhole) {
+TEST(Transcript, CliInJsonHasTheRecordWhole) {
   ExpectGolden("commands_json", {
                                     "get namespace acme --source commands.json --json",
                                     "get command acme.machines.list --source commands.json --json",

@@ -46,7 +46,7 @@ TEST(Tree, DepthLimitsTheLevels) {
 }
 
 TEST(Tree, JsonNestsChildren) {
-  const auto document = ParsedJson(RunOnThree("tree --json").out);
+  const auto document = ParsedJson(RunOnThree("tree --json").out, "entries");
   ASSERT_EQ(document.Size(), 3U);
   EXPECT_STREQ(document[0]["name"].GetString(), "metamodel");
   const auto& component = document[0]["children"][0];

@@ -33,10 +33,12 @@ TEST(Usage, CommandShowsOptionsOutputAndOperation) {
 }
 
 TEST(Usage, JsonIsTheRecordOrTheChildren) {
-  EXPECT_EQ(RunOnThree("usage acme machines list --json").out,
-            RunOnThree("get command acme.machines.list --json").out);
-  const auto document = ParsedJson(RunOnThree("usage acme --json").out);
-  EXPECT_STREQ(document["namespaces"][0]["name"].GetString(), "machines");
+  const auto command = ParsedJson(RunOnThree("usage acme machines list --json").out, "usages");
+  const auto record =
+      ParsedJson(RunOnThree("get command acme.machines.list --json").out, "records");
+  EXPECT_TRUE(command[0] == record[0]["record"]);
+  const auto document = ParsedJson(RunOnThree("usage acme --json").out, "usages");
+  EXPECT_STREQ(document[0]["namespaces"][0]["name"].GetString(), "machines");
 }
 
 TEST(Usage, UnknownNameGetsSuggestions) {

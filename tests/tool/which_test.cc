@@ -82,9 +82,7 @@ std::vector<Words> Questions() {
 /// The one source that is reported; empty if there is none.
 std::string AnsweringSource(const Words& question, const Words& sources) {
   const ToolRun run = RunTool(Words{"which", "--json"} + question + sources);
-  rapidjson::Document document;
-  document.Parse(run.out.c_str());
-  EXPECT_TRUE(document.IsArray()) << run.out << run.err;
+  const auto document = Zelk::Testing::ParsedJson(run.out, "answers");
   if (document.Size() == 0) return "";
   const rapidjson::Value& answering = document[0]["answering"];
   EXPECT_LE(answering.Size(), 1U);

@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "check/excerpt.h"
-#include "render/json_writer.h"
 #include "render/utf8.h"
 
 namespace Zelk::Tool::Check {
@@ -138,23 +137,17 @@ void WriteCheckedCommands(std::ostream& out, const CheckedFile& checked) {
   for (const Finding& finding : checked.findings) WriteCommand(out, checked, finding);
 }
 
-void WriteCheckedJson(std::ostream& out, const std::vector<CheckedFile>& checked) {
-  JsonWriter json;
+void WriteCheckedJson(JsonWriter& json, const CheckedFile& checked) {
+  json.StartObject();
+  json.Member("file", checked.file);
+  json.Member("domain", checked.domain);
+  json.Key("ok");
+  json.Bool(checked.findings.empty());
+  json.Key("messages");
   json.StartArray();
-  for (const CheckedFile& file : checked) {
-    json.StartObject();
-    json.Member("file", file.file);
-    json.Member("domain", file.domain);
-    json.Key("ok");
-    json.Bool(file.findings.empty());
-    json.Key("messages");
-    json.StartArray();
-    for (const Finding& finding : file.findings) WriteFinding(json, finding);
-    json.EndArray();
-    json.EndObject();
-  }
+  for (const Finding& finding : checked.findings) WriteFinding(json, finding);
   json.EndArray();
-  json.WriteTo(out);
+  json.EndObject();
 }
 
 }  // namespace Zelk::Tool::Check

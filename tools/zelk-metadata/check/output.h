@@ -1,9 +1,9 @@
 #pragma once
 
 #include <iosfwd>
-#include <vector>
 
 #include "check/findings.h"
+#include "render/json_writer.h"
 
 namespace Zelk::Tool::Check {
 
@@ -13,7 +13,7 @@ void WriteCheckedText(std::ostream& out, const CheckedFile& checked);
 /// Workflow commands, from which GitHub makes annotations. Nothing for a file without findings.
 void WriteCheckedCommands(std::ostream& out, const CheckedFile& checked);
 
-/// An array of one object a file.
-void WriteCheckedJson(std::ostream& out, const std::vector<CheckedFile>& checked);
+/// An object.
+void WriteCheckedJson(JsonWriter& json, const CheckedFile& checked);
 
 }  // namespace Zelk::Tool::Check

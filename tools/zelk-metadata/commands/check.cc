@@ -44,7 +44,7 @@ ExitStatus RunCheck(Invocation& call) {
       WriteCheckedText(call.Out(), checked);
     }
   }
-  if (call.WantsJson()) WriteCheckedJson(call.Out(), for_json);
+  if (call.WantsJson()) call.ShowJsonArray("files", for_json, Check::WriteCheckedJson);
   return status;
 }
 

@@ -64,23 +64,22 @@ void WriteJson(JsonWriter& json, const Explain::Explanation& explanation) {
 static ExitStatus RunExplain(Invocation& call) {
   const std::string& id = call.Args().text;
   const auto& all = Explain::Explanations();
-  if (id.empty() && call.WantsJson()) {
-    call.ShowJsonArray(all, WriteJson);
-    return ExitStatus::kOk;
-  }
   std::vector<std::string> known;
+  std::vector<Explain::Explanation> wanted;
   for (const Explain::Explanation& explanation : all) {
     known.push_back(explanation.id);
-    if (id.empty()) call.Out() << explanation.id << '\n';
-    if (explanation.id != id) continue;
-    if (call.WantsJson()) {
-      call.ShowJson([&](JsonWriter& json) { WriteJson(json, explanation); });
+    if (id.empty() || explanation.id == id) wanted.push_back(explanation);
+  }
+  if (call.WantsJson()) call.ShowJsonArray("messages", wanted, WriteJson);
+  for (const Explain::Explanation& explanation : wanted) {
+    if (call.WantsJson()) break;
+    if (id.empty()) {
+      call.Out() << explanation.id << '\n';
     } else {
       WritePage(call.Out(), explanation);
     }
-    return ExitStatus::kOk;
   }
-  if (id.empty()) return ExitStatus::kOk;
+  if (!wanted.empty()) return ExitStatus::kOk;
   return call.Fail(ExitStatus::kNotFound,
                    fmt::format("unknown message id '{}'{}", id, Analysis::Suggestion(id, known)));
 }

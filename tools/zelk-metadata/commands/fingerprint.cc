@@ -34,15 +34,11 @@ ExitStatus RunFingerprint(Invocation& call) {
   if (status != ExitStatus::kOk) return status;
   Answers<std::string> answers;
   status = call.Ask(&Kind::fingerprint, ids, answers);
-  if (status != ExitStatus::kOk) return status;
-  if (call.WantsJson() && answers.size() == 1) {
-    call.ShowJson([&](JsonWriter& json) { WriteJson(json, answers.front()); });
-    return status;
-  }
   if (call.WantsJson()) {
-    call.ShowJsonArray(answers, WriteJson);
+    call.ShowJsonArray("fingerprints", answers, WriteJson);
     return status;
   }
+  if (status != ExitStatus::kOk) return status;
   const bool with_subjects = answers.size() > 1 || call.IsForPeople();
   Table table(with_subjects ? Names{"FINGERPRINT", "OF"} : Names{"FINGERPRINT"});
   for (const Fingerprint& answer : answers) {

@@ -55,7 +55,7 @@ class Pages {
   bool is_first_ = true;
 };
 
-void WriteAnswer(JsonWriter& json, const Answer<Record>& answer) {
+void WriteJson(JsonWriter& json, const Answer<Record>& answer) {
   json.StartObject();
   json.Member("domain", answer.row->name);
   json.Member("kind", answer.kind->name);
@@ -64,16 +64,6 @@ void WriteAnswer(JsonWriter& json, const Answer<Record>& answer) {
   json.Key("record");
   answer.value.json(json);
   json.EndObject();
-}
-
-/// One record as it is; several, or the answers to several questions, as an array of who is who.
-void ShowJson(const Invocation& call, const RecordAnswers& answers, bool one_question) {
-  if (one_question && answers.empty()) return;
-  if (one_question && answers.size() == 1) {
-    call.ShowJson(answers.front().value.json);
-  } else {
-    call.ShowJsonArray(answers, WriteAnswer);
-  }
 }
 
 /// The records as pages; in JSON the records whole, which pages are not.
@@ -90,7 +80,7 @@ ExitStatus RunGet(Invocation& call) {
     if (!call.WantsJson()) pages.Write(answers);
     all.insert(all.end(), answers.begin(), answers.end());
   }
-  if (call.WantsJson()) ShowJson(call, all, questions.size() == 1);
+  if (call.WantsJson()) call.ShowJsonArray("records", all, WriteJson);
   return status;
 }
 
@@ -103,9 +93,8 @@ Command GetCommand() {
   command.ids_of = IdsOfQuery<&Kind::get>;
   command.details =
       "A page also shows what the other domains know: the schemes listed for the thing and for\n"
-      "its parents, and the commands that call it. JSON is the complete record and nothing else,\n"
-      "or an array of records with their domain, kind and ids if there are several IDs or several\n"
-      "domains answer.\n\n" +
+      "its parents, and the commands that call it. JSON has the complete records and nothing\n"
+      "else.\n\n" +
       KindsText(command.ids_of);
   command.operands = {KindOperand(), IdsOperand()};
   command.outputs = TableOutputs();

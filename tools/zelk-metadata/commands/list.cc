@@ -15,13 +15,15 @@ Table MakeTable(const Answers<Names>& answers, bool with_domains) {
   return table;
 }
 
-/// An array of the names.
-void ShowJson(const Invocation& call, const Answers<Names>& answers) {
-  Names all;
-  for (const auto& answer : answers) {
-    all.insert(all.end(), answer.value.begin(), answer.value.end());
+/// An object for each name.
+void WriteJson(JsonWriter& json, const Answer<Names>& answer) {
+  for (const std::string& name : answer.value) {
+    json.StartObject();
+    json.Member("domain", answer.row->name);
+    json.Member("kind", answer.kind->name);
+    json.Member("name", name);
+    json.EndObject();
   }
-  call.ShowJson([&all](JsonWriter& json) { json.StringArray(all); });
 }
 
 /// The names, one a line. Those of several domains follow each other.
@@ -32,10 +34,9 @@ ExitStatus RunList(Invocation& call) {
   call.NoteIfEmpty();
   Answers<Names> answers;
   status = call.Ask(&Kind::list, ids, answers);
-  if (status != ExitStatus::kOk) return status;
   if (call.WantsJson()) {
-    ShowJson(call, answers);
-  } else {
+    call.ShowJsonArray("names", answers, WriteJson);
+  } else if (status == ExitStatus::kOk) {
     call.Show(MakeTable(answers, answers.size() > 1 && call.IsForPeople()));
   }
   return status;

@@ -49,7 +49,7 @@ void WriteJson(JsonWriter& json, const ReloadReport& report) {
 }
 
 void Show(const Invocation& call, const std::vector<ReloadReport>& reports) {
-  if (call.WantsJson()) return call.ShowJsonArray(reports, WriteJson);
+  if (call.WantsJson()) return call.ShowJsonArray("sources", reports, WriteJson);
   Table table({"STATE", "SOURCE", "FILE", "REASON"});
   for (const ReloadReport& report : reports) {
     table.Add({NameOf(report.state), report.domain + ":" + report.id, report.file, Reason(report)});

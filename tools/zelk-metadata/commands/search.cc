@@ -79,6 +79,7 @@ void WriteHits(JsonWriter& json, const std::vector<Hit>& hits, const char* match
 void Show(const Invocation& call, const Hits& hits, const std::string& text) {
   if (call.WantsJson()) {
     call.ShowJson([&hits](JsonWriter& json) {
+      json.Key("matches");
       json.StartArray();
       WriteHits(json, hits.by_name, "name");
       WriteHits(json, hits.by_documentation, "documentation");

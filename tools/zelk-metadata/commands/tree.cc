@@ -126,7 +126,7 @@ ExitStatus RunTree(Invocation& call) {
   const std::vector<DomainOutline> domains = MergedByDomain(call.Outlines());
   const std::size_t depth = call.Args().depth;
   if (call.WantsJson()) {
-    call.ShowJsonArray(domains, [depth](JsonWriter& json, const DomainOutline& domain) {
+    call.ShowJsonArray("entries", domains, [depth](JsonWriter& json, const DomainOutline& domain) {
       WriteJson(json, *domain.row, Lines(domain.outline), depth);
     });
     return ExitStatus::kOk;

@@ -8,23 +8,28 @@
 namespace Zelk::Tool {
 namespace {
 
+void ShowJson(const Invocation& call, const std::vector<UsagePage>& pages) {
+  call.ShowJsonArray("usages", pages,
+                     [](JsonWriter& json, const UsagePage& page) { page.record.json(json); });
+}
+
 /// The help that a command-line client would show.
 ExitStatus RunUsage(Invocation& call) {
   call.Load();
   const Host& host = call.GetHost();
   const Names& words = call.Args().ids;
   const auto usage = host.Usage(words);
-  if (!usage) {
-    return call.Fail(ExitStatus::kNotFound, "no loaded source describes a command-line client");
-  }
-  if (!usage->page.answer) {
+  if (!usage || !usage->page.answer) {
+    if (call.WantsJson()) ShowJson(call, {});
     const std::string name = fmt::format("{}", fmt::join(words, "."));
-    return call.Fail(ExitStatus::kNotFound, usage->page.error->messages.front().Text() +
-                                                Analysis::Suggestion(name, host.UsageNames()));
+    return call.Fail(ExitStatus::kNotFound,
+                     usage ? usage->page.error->messages.front().Text() +
+                                 Analysis::Suggestion(name, host.UsageNames())
+                           : "no loaded source describes a command-line client");
   }
   const UsagePage& help = *usage->page.answer;
   if (call.WantsJson()) {
-    call.ShowJson(help.record.json);
+    ShowJson(call, {help});
     return ExitStatus::kOk;
   }
   Page page = call.MakePage();

@@ -75,8 +75,9 @@ void WritePage(Page& page, const Decided& decided, const Ids& ids) {
 void Show(const Invocation& call, const std::vector<Decided>& all) {
   const Ids& ids = call.Args().ids;
   if (call.WantsJson()) {
-    return call.ShowJsonArray(
-        all, [&ids](JsonWriter& json, const Decided& decided) { WriteJson(json, decided, ids); });
+    return call.ShowJsonArray("answers", all, [&ids](JsonWriter& json, const Decided& decided) {
+      WriteJson(json, decided, ids);
+    });
   }
   Page page = call.MakePage();
   for (const Decided& decided : all) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <iosfwd>
 #include <memory>
 #include <optional>
@@ -33,6 +34,9 @@ struct SessionState {
   Host host;
   bool has_ended = false;
 };
+
+/// Changes if what a program reads from a JSON document of a command changes its name or meaning.
+constexpr std::uint64_t kJsonVersion = 1;
 
 /// What one domain answered to one question.
 template <typename T>
@@ -126,17 +130,24 @@ class Invocation {
 
   void Show(const Table& table) const;
 
-  template <typename Write>
-  void ShowJson(const Write& write) const {
+  /// The document of the command: an object with the version of its shape and the members that
+  /// `write_members(json)` writes. Indented on a terminal.
+  template <typename WriteMembers>
+  void ShowJson(const WriteMembers& write_members) const {
     JsonWriter json;
-    write(json);
-    json.WriteTo(streams_.out);
+    json.StartObject();
+    json.Key("version");
+    json.Number(kJsonVersion);
+    write_members(json);
+    json.EndObject();
+    json.WriteTo(streams_.out, streams_.out_terminal.is_terminal);
   }
 
-  /// An array with what `write(json, element)` writes of each element.
+  /// The same with one member: an array of what `write(json, element)` writes of each element.
   template <typename Elements, typename Write>
-  void ShowJsonArray(const Elements& elements, const Write& write) const {
+  void ShowJsonArray(const char* name, const Elements& elements, const Write& write) const {
     ShowJson([&](JsonWriter& json) {
+      json.Key(name);
       json.StartArray();
       for (const auto& element : elements) write(json, element);
       json.EndArray();

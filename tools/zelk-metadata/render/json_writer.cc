@@ -2,25 +2,47 @@
 
 #include <ostream>
 
+#include <rapidjson/prettywriter.h>
+#include <rapidjson/reader.h>
+
 #include "render/utf8.h"
 
 namespace Zelk::Tool {
+namespace {
+
+constexpr std::size_t kDeepestIndented = 100;
+
+using Ascii = rapidjson::ASCII<>;
+using Utf8 = rapidjson::UTF8<>;
+
+void Indent(const char* compact, rapidjson::StringBuffer& indented) {
+  rapidjson::StringStream in(compact);
+  rapidjson::PrettyWriter<rapidjson::StringBuffer, Utf8, Ascii> writer(indented);
+  writer.SetIndent(' ', 2);
+  rapidjson::Reader().Parse<rapidjson::kParseIterativeFlag>(in, writer);
+}
+
+}  // namespace
 
 JsonWriter::JsonWriter() : writer_(buffer_) {}
 
 void JsonWriter::StartObject() {
+  Open();
   writer_.StartObject();
 }
 
 void JsonWriter::EndObject() {
+  --depth_;
   writer_.EndObject();
 }
 
 void JsonWriter::StartArray() {
+  Open();
   writer_.StartArray();
 }
 
 void JsonWriter::EndArray() {
+  --depth_;
   writer_.EndArray();
 }
 
@@ -59,8 +81,12 @@ void JsonWriter::Member(const std::string& name, const boost::optional<std::stri
   }
 }
 
-void JsonWriter::WriteTo(std::ostream& out) const {
-  out.write(buffer_.GetString(), static_cast<std::streamsize>(buffer_.GetSize()));
+void JsonWriter::WriteTo(std::ostream& out, bool indented) const {
+  const bool is_indented = indented && deepest_ <= kDeepestIndented;
+  rapidjson::StringBuffer text;
+  if (is_indented) Indent(buffer_.GetString(), text);
+  const rapidjson::StringBuffer& shown = is_indented ? text : buffer_;
+  out.write(shown.GetString(), static_cast<std::streamsize>(shown.GetSize()));
   out.put('\n');
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <iosfwd>
 #include <string>
@@ -10,7 +12,7 @@
 
 namespace Zelk::Tool {
 
-/// Builds one JSON text, on one line, in ASCII: other characters are written as \uXXXX, so that the
+/// Builds one JSON text, in ASCII: other characters are written as \uXXXX, so that the
 /// text is harmless on a terminal, too. Bytes that are not part of well-formed UTF-8 become U+FFFD.
 /// Nesting is limited by memory only.
 class JsonWriter {
@@ -39,10 +41,15 @@ class JsonWriter {
     EndArray();
   }
 
-  /// The text, which must be complete, and a line end.
-  void WriteTo(std::ostream& out) const;
+  /// The text, which must be complete, on one line or indented, and a line end. What is nested very
+  /// deep is on one line: its indentation would be much longer than the text.
+  void WriteTo(std::ostream& out, bool indented = false) const;
 
  private:
+  void Open() { deepest_ = std::max(deepest_, ++depth_); }
+
+  std::size_t depth_ = 0;
+  std::size_t deepest_ = 0;
   rapidjson::StringBuffer buffer_;
   rapidjson::Writer<rapidjson::StringBuffer, rapidjson::UTF8<>, rapidjson::ASCII<>> writer_;
 };
