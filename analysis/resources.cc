@@ -7,29 +7,6 @@ namespace {
 
 using ::Com::Orvane::Zelk::Metadata::Metamodel::MetadataIdentifierSvc::Constants;
 
-constexpr char kModelKey[] = "ModelKey";
-
-/// The last "value" of an annotation, as in the library; kNoNode if it has none.
-NodeId ValueOf(const Model& model, ElementId annotation) {
-  const Document& document = model.DocumentOf(annotation);
-  NodeId value = kNoNode;
-  for (NodeId member = document[model[annotation].node].first_child; member != kNoNode;
-       member = document[member].next) {
-    if (document.Key(member) == "value") value = member;
-  }
-  return value;
-}
-
-/// The last annotation of that name, which is the one that is kept; kNoElement if there is none.
-ElementId AnnotationOf(const Model& model, ElementId element, std::string_view name) {
-  ElementId annotation = kNoElement;
-  for (const ElementId child : model.Children(element)) {
-    const bool is_annotation = model[child].kind == ElementKind::kAnnotation;
-    if (is_annotation && model[child].name == name) annotation = child;
-  }
-  return annotation;
-}
-
 class UseFinder {
  public:
   explicit UseFinder(const Model& model) : model_(model) {}
@@ -54,7 +31,7 @@ class UseFinder {
   /// One name, or a list of them.
   void AddNames(ElementId annotation) {
     const Document& document = model_.DocumentOf(annotation);
-    const NodeId value = ValueOf(model_, annotation);
+    const NodeId value = ResourceValue(model_, annotation);
     if (value == kNoNode) return;
     if (document[value].kind == NodeKind::kString) return Add(annotation, value, kNoElement);
     for (NodeId name = document[value].first_child; name != kNoNode; name = document[name].next) {
@@ -71,7 +48,7 @@ class UseFinder {
       const ElementId annotation = AnnotationOf(model_, field, Constants::RESOURCE);
       const bool is_key = AnnotationOf(model_, field, kModelKey) != kNoElement;
       if (annotation == kNoElement || !is_key) continue;
-      const NodeId value = ValueOf(model_, annotation);
+      const NodeId value = ResourceValue(model_, annotation);
       // A key that is not of one resource ends the search.
       if (value == kNoNode || document[value].kind != NodeKind::kString) return;
       Add(annotation, value, structure);
@@ -83,6 +60,25 @@ class UseFinder {
 };
 
 }  // namespace
+
+NodeId ResourceValue(const Model& model, ElementId annotation) {
+  const Document& document = model.DocumentOf(annotation);
+  NodeId value = kNoNode;
+  for (NodeId member = document[model[annotation].node].first_child; member != kNoNode;
+       member = document[member].next) {
+    if (document.Key(member) == "value") value = member;
+  }
+  return value;
+}
+
+ElementId AnnotationOf(const Model& model, ElementId element, std::string_view name) {
+  ElementId annotation = kNoElement;
+  for (const ElementId child : model.Children(element)) {
+    const bool is_annotation = model[child].kind == ElementKind::kAnnotation;
+    if (is_annotation && model[child].name == name) annotation = child;
+  }
+  return annotation;
+}
 
 std::vector<ResourceUse> ResourceUses(const Model& model) {
   return UseFinder(model).Find();

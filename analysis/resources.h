@@ -20,6 +20,15 @@ struct ResourceUse {
   ElementId model;
 };
 
+/// Marks a field as a key, so that its resource is one that the structure is a model of.
+inline constexpr char kModelKey[] = "ModelKey";
+
+/// The last "value" of an annotation, as in the library; kNoNode if it has none.
+NodeId ResourceValue(const Model& model, ElementId annotation);
+
+/// The annotation of that name that the element keeps; kNoElement if there is none.
+ElementId AnnotationOf(const Model& model, ElementId element, std::string_view name);
+
 /// All of them, by sources. The library registers resources while it reads, so those that are named
 /// within dropped elements count. It lists each resource once, and returns as its models those of
 /// the last source that names it.

@@ -46,7 +46,7 @@ void MissingDocumentation(const Workspace& workspace, Findings& findings) {
     for (ElementId id = 0; id < model.Size(); ++id) {
       const Element& element = model[id];
       const auto severity = SeverityOf(element.kind);
-      if (!severity || element.is_implied) continue;
+      if (!severity || element.is_implied || !IsKept(element)) continue;
       const Document& document = model.DocumentOf(id);
       const NodeId text = TextOf(document, element.node);
       if (text == kNoNode || !SaysNothing(document.String(text), element.name)) continue;
@@ -71,7 +71,7 @@ constexpr Rule kRules[] = {
      "parameters, results, errors, fields, values and constants.",
      "A text that was left for later.",
      "Say what it is for in one sentence.",
-     {{R"({"cli": [{"type": "namespace", "path": "", "name": "acme", "description": ""}]})"},
+     {{{R"({"cli": [{"type": "namespace", "path": "", "name": "acme", "description": ""}]})"}},
       "cli/namespace:acme"},
      MissingDocumentation},
 };

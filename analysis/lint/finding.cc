@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <tuple>
-#include <unordered_map>
 #include <utility>
 
 #include <zelk/md5.h>
@@ -44,8 +43,14 @@ Place PlaceOfKey(const Model& model, ElementId element, NodeId member) {
 Place PlaceOf(const Model& model, ElementId id) {
   const Element& element = model[id];
   const char* const key = NameKey(element.kind);
-  if (key == nullptr || element.is_implied) return PlaceOfKey(model, id, element.node);
-  return PlaceOf(model, id, model.DocumentOf(id).Find(element.node, key));
+  const bool has_key = key != nullptr && !element.is_implied;
+  const NodeId name = has_key ? model.DocumentOf(id).Find(element.node, key) : kNoNode;
+  return name == kNoNode ? PlaceOfKey(model, id, element.node) : PlaceOf(model, id, name);
+}
+
+std::string Called(const Model& model, ElementId id) {
+  const Element& element = model[id];
+  return std::string("the ") + Word(element.kind) + " '" + model.FullName(id) + "'";
 }
 
 std::string PathOf(const Workspace& workspace, const Place& place) {
@@ -57,14 +62,9 @@ const Document& DocumentOf(const Workspace& workspace, const Place& place) {
   return *workspace.ModelOf(place.domain).Sources()[place.source].document;
 }
 
-void Findings::Begin(const Rule& rule) {
-  rule_ = &rule;
-  before_ = all_.size();
-}
-
 void Findings::Add(const Place& place, Remark remark) {
   const Severity severity = remark.severity.value_or(rule_->severity);
-  if (all_.size() - before_ == kMost) {
+  if (++found_[rule_] > kMost) {
     ++unlisted_.at(static_cast<std::size_t>(severity));
     return;
   }

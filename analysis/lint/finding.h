@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "analysis/element_model.h"
@@ -74,7 +75,7 @@ class Findings {
   std::string Hint(std::string_view wanted, const std::vector<std::string>& known);
 
   /// What follows is found by that rule.
-  void Begin(const Rule& rule);
+  void Begin(const Rule& rule) { rule_ = &rule; }
 
   /// All findings, in the order of files and places, with their fingerprints.
   std::vector<Finding> Take();
@@ -91,8 +92,7 @@ class Findings {
   const Workspace& workspace_;
   const Rule* rule_ = nullptr;
   std::vector<Finding> all_;
-  /// How many of `all_` were found before the rule.
-  std::size_t before_ = 0;
+  std::unordered_map<const Rule*, std::size_t> found_;
   std::array<std::size_t, 3> unlisted_{};
   /// How many more names may be compared for hints.
   std::size_t comparisons_left_ = 1000000;
@@ -103,5 +103,21 @@ std::string PathOf(const Workspace& workspace, const Place& place);
 
 /// The document of the place.
 const Document& DocumentOf(const Workspace& workspace, const Place& place);
+
+/// Whether the library answers the element, or keeps it where another one is answered first.
+inline bool IsKept(const Element& element) {
+  return element.fate == Fate::kFound || element.fate == Fate::kShadowed;
+}
+
+/// Calls `look(id)` with each element of the kind that is written in a file.
+template <typename Look>
+void ForEachElement(const Model& model, ElementKind kind, const Look& look) {
+  for (ElementId id = 0; id < model.Size(); ++id) {
+    if (model[id].kind == kind && !model[id].is_implied) look(id);
+  }
+}
+
+/// "the service 'c.p.s'".
+std::string Called(const Model& model, ElementId id);
 
 }  // namespace Zelk::Analysis::Lint

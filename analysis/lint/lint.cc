@@ -4,15 +4,39 @@
 #include <iterator>
 #include <optional>
 
+#include "analysis/lint/shape.h"
+
 namespace Zelk::Analysis::Lint {
 namespace {
 
 /// The first domain that the rule needs and that has no file.
 std::optional<Domain> MissingFor(const Rule& rule, DomainSet loaded) {
-  for (const Domain domain : {Domain::kMetamodel, Domain::kAuthentication, Domain::kCli}) {
+  for (const Domain domain : kDomains) {
     if ((rule.needs & SetOf(domain) & ~loaded) != 0) return domain;
   }
   return std::nullopt;
+}
+
+using RunOnAll = void (*)(const Workspace&, Findings&);
+using RunOnFile = void (*)(const OpenFile&, Findings&);
+
+/// Runs those rules that look at each file by itself.
+void RunOnFiles(const Workspace& workspace, const std::vector<const Rule*>& rules,
+                Findings& findings) {
+  for (const Domain domain : kDomains) {
+    const Model& model = workspace.ModelOf(domain);
+    for (std::uint32_t source = 0; source < model.Sources().size(); ++source) {
+      if (!model.Loads(source)) continue;
+      const OpenFile file(model, source);
+      for (const Rule* rule : rules) {
+        if (!std::holds_alternative<RunOnFile>(rule->run) || (rule->about & SetOf(domain)) == 0) {
+          continue;
+        }
+        findings.Begin(*rule);
+        std::get<RunOnFile>(rule->run)(file, findings);
+      }
+    }
+  }
 }
 
 }  // namespace
@@ -20,14 +44,16 @@ std::optional<Domain> MissingFor(const Rule& rule, DomainSet loaded) {
 Result Lint(const Workspace& workspace, const std::vector<const Rule*>& rules) {
   Result result;
   Findings findings(workspace);
+  RunOnFiles(workspace, rules, findings);
   for (const Rule* rule : rules) {
-    if ((rule->about & workspace.Loaded()) == 0) continue;
+    const auto* const run = std::get_if<RunOnAll>(&rule->run);
+    if (run == nullptr || (rule->about & workspace.Loaded()) == 0) continue;
     if (const auto missing = MissingFor(*rule, workspace.Loaded())) {
       result.skipped.push_back({rule, *missing});
       continue;
     }
     findings.Begin(*rule);
-    rule->run(workspace, findings);
+    (*run)(workspace, findings);
   }
   result.findings = findings.Take();
   result.unlisted = findings.Unlisted();

@@ -1,102 +1,10 @@
-#include <algorithm>
-#include <utility>
-
-#include "analysis/lint/finding.h"
-#include "analysis/lint/shape.h"
-
-// What the library drops, overrides or ignores without a message.
+#include "analysis/lint/example.h"
+#include "analysis/lint/loader_rules.h"
 
 namespace Zelk::Analysis::Lint {
 namespace {
 
-/// One file that loads, with how the library reads it.
-struct OpenFile {
-  const Model& model;
-  std::uint32_t source;
-  const Document& document;
-  Shape shape;
-  std::vector<ElementId> around;
-};
-
-/// Calls `look` with each file that loads.
-template <typename Look>
-void ForEachFile(const Workspace& workspace, DomainSet domains, const Look& look) {
-  for (const Domain domain : {Domain::kMetamodel, Domain::kAuthentication, Domain::kCli}) {
-    if ((domains & SetOf(domain)) == 0) continue;
-    const Model& model = workspace.ModelOf(domain);
-    for (std::uint32_t source = 0; source < model.Sources().size(); ++source) {
-      if (!model.Loads(source)) continue;
-      const Document& document = *model.Sources()[source].document;
-      look(OpenFile{model, source, document, Shape(document, FormatOf(domain)),
-                    ElementsAround(model, source)});
-    }
-  }
-}
-
-Place PlaceOfKey(const OpenFile& file, NodeId member) {
-  return {file.model.GetDomain(), file.source, file.around[member], member,
-          file.document[member].key_begin};
-}
-
-using Members = std::vector<std::pair<std::string_view, NodeId>>;
-
-/// The members by their keys, those of one key together in the order of the text.
-Members SortedMembers(const Document& document, NodeId object) {
-  Members members;
-  for (NodeId member = document[object].first_child; member != kNoNode;
-       member = document[member].next) {
-    const std::string_view key = document.Key(member);
-    members.emplace_back(key.substr(0, key.find('\0')), member);
-  }
-  std::sort(members.begin(), members.end());
-  return members;
-}
-
-/// Whether the last of several equal keys in a map counts.
-bool LastCounts(const ValueForm& map) {
-  return map.each->element != ElementKind::kServiceList &&
-         map.each->element != ElementKind::kOperationList;
-}
-
-void AddRepeated(const OpenFile& file, NodeId member, NodeId counts, bool last_counts,
-                 Findings& findings) {
-  const std::string key(file.document.Key(member));
-  Remark remark{"the key '" + key + "' is there again; the " + (last_counts ? "last" : "first") +
-                    " one counts, not this one",
-                key};
-  if (IsSameValue(file.document, member, file.document, counts)) {
-    remark.severity = Severity::kWarning;
-  }
-  findings.Add(PlaceOfKey(file, member), std::move(remark));
-}
-
-void FindRepeated(const OpenFile& file, NodeId object, Findings& findings) {
-  const ValueForm& form = *file.shape.FormOf(object);
-  const bool is_map = form.form == Form::kMembers;
-  const bool last_counts = is_map && LastCounts(form);
-  const Members members = SortedMembers(file.document, object);
-  for (auto first = members.begin(); first != members.end();) {
-    const auto next = std::find_if(first, members.end(),
-                                   [&](const auto& other) { return other.first != first->first; });
-    const NodeId counts = last_counts ? std::prev(next)->second : first->second;
-    // A key that is not read does not count at all.
-    for (; first != next && file.shape.FormOf(counts) != nullptr; ++first) {
-      if (first->second != counts) {
-        AddRepeated(file, first->second, counts, last_counts, findings);
-      }
-    }
-    first = next;
-  }
-}
-
-void DuplicateKey(const Workspace& workspace, Findings& findings) {
-  ForEachFile(workspace, kAllDomains, [&](const OpenFile& file) {
-    for (NodeId node = kRootNode; node < file.document.Size(); ++node) {
-      const bool is_object = file.document[node].kind == NodeKind::kObject;
-      if (is_object && file.shape.FormOf(node) != nullptr) FindRepeated(file, node, findings);
-    }
-  });
-}
+using namespace std::string_view_literals;
 
 constexpr Rule kRules[] = {
     {"duplicate-key",
@@ -105,15 +13,264 @@ constexpr Rule kRules[] = {
      DecidedBy::kFile,
      kAllDomains,
      0,
-     "An object has a key twice, of which only one counts.",
-     "An object has a key twice. The first one counts; among annotations and their values, schemes "
-     "and the lists of packages it is the last one. If both values are the same, it is a warning.",
+     "A key of which only one occurrence counts",
+     "An object has a key more than once. The first one counts; of annotations and their values, "
+     "of schemes and of lists of packages it is the last one. It is a warning if both values are "
+     "the same.",
      "A part that was copied, or two edits that were merged.",
-     "Remove the one that does not count.",
-     {{R"({"cli": [{"type": "namespace", "path": "", "name": "acme", "name": "other",
-  "description": "Controls a machine."}]})"},
+     "Remove the one that does not count, after you have looked at both.",
+     {{R"({"cli": [
+  {"type": "namespace", "path": "", "name": "acme", "name": "other",
+  "description": "Controls machines."}]})"},
       "cli/namespace:acme"},
      DuplicateKey},
+    {"misspelt-key",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kConvention,
+     kAuthenticationOnly | kCliOnly,
+     0,
+     "A key that is nearly an optional one",
+     "A key is not read, and the object lacks an optional key with nearly the same name. The file "
+     "loads as if the key were absent.",
+     "A typing error.",
+     "Write the key as the format has it.",
+     {{R"({"authentication": {"component": {"name": "acme", "pacakges": {}}}})"},
+      "authentication/component:acme"},
+     MisspeltKey},
+    {"unknown-key",
+     Group::kLoader,
+     Severity::kNote,
+     DecidedBy::kFile,
+     kAllDomains,
+     0,
+     "A key that is not read",
+     "The format has no such key in this object, so its value is in no answer. Keys that begin "
+     "with '$' are for other programs and not reported.",
+     "A key of a newer format, or one that belongs into another object.",
+     "Remove it, or move it to the object that has it.",
+     {{ZELK_EXAMPLE_COMPONENT("", R"(, "owner": "nobody")")}, "metamodel/component:acme"},
+     UnknownKey},
+    {"duplicate-definition",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kMetamodelOnly,
+     0,
+     "A definition that an earlier one of the same name replaces",
+     "Two packages, services, operations, structures, enumerations or constants of one array have "
+     "the same name. The first one is kept. Resources that the other one names stay registered.",
+     "A part that was copied, or an operation with two lists of parameters, which services do not "
+     "have.",
+     "Rename one of them or remove it.",
+     {{ZELK_EXAMPLE_SERVICE("", "", ZELK_EXAMPLE_START "," ZELK_EXAMPLE_START)},
+      "metamodel/component:acme/package:acme.power/service:acme.power.switch/operation:start"},
+     DuplicateDefinition},
+    {"ignored-component",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kAuthenticationOnly,
+     0,
+     "A component that is left out",
+     "The 'product' or the 'component' is broken, and the file loads without it; or both have the "
+     "same name, and the 'component' replaces the 'product'.",
+     "A mistake in one of the two, which does not fail the load as long as the other one is good.",
+     "Run 'zelk-metadata check' on the file and fix what it reports, or rename one of the two.",
+     {{R"({"authentication": {"product": {}, "component": {"name": "acme"}}})"}, "authentication"},
+     IgnoredComponent},
+    {"lost-services",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kAuthenticationOnly,
+     0,
+     "Services that are lost with their package's first list",
+     "A package is listed more than once. The last list is kept, but its services were put into "
+     "the first one.",
+     "Two edits that were merged.",
+     "Merge the lists of the package into one.",
+     {{ZELK_EXAMPLE_SCHEME(R"(,
+  "services": {"acme.power.switch": ["login"]},
+  "packages": {"acme.power": ["login"], "acme.power": ["login"]})")},
+      "authentication/component:acme/package:acme.power"},
+     LostServices},
+    {"operation-without-package",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kAuthenticationOnly,
+     0,
+     "An operation whose service is in no package",
+     "The service of a listed operation is not listed and has no full stop in its id, so it is in "
+     "no package. That operation is lost. So are those of all other services that are not listed "
+     "and come after it in the order of their ids.",
+     "A simple name in place of the full name.",
+     "Write the full name of the operation.",
+     {{ZELK_EXAMPLE_SCHEME(R"(, "operations": {"switch.start": ["login"]})")},
+      "authentication/component:acme/operation:switch.start"},
+     OperationWithoutPackage},
+    {"duplicate-command",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kCliOnly,
+     0,
+     "A command that a later one of the same name replaces",
+     "Two commands have the same path and name. The last one is kept.",
+     "A part that was copied.",
+     "Rename one of them or remove it.",
+     {{ZELK_EXAMPLE_CLI(
+          ZELK_EXAMPLE_COMMAND("", "start", "") "," ZELK_EXAMPLE_COMMAND("", "start", ""))},
+      "cli/command:start"},
+     DuplicateCommand},
+    {"namespace-loses-children",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kCliOnly,
+     0,
+     "A namespace that is described too late or twice",
+     "A namespace is described after namespaces in it, or again. The last description is kept. It "
+     "lists no namespace that came before it, and its parent lists it twice.",
+     "Nodes in an order other than from the outside inwards.",
+     "Describe each namespace once, in front of all that is in it.",
+     {{ZELK_EXAMPLE_CLI(
+          ZELK_EXAMPLE_NAMESPACE("acme", "power") "," ZELK_EXAMPLE_NAMESPACE("", "acme"))},
+      "cli/namespace:acme"},
+     NamespaceLosesChildren},
+    {"unreachable-node",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kCliOnly,
+     0,
+     "A namespace or command that no path leads to",
+     "The name has a full stop in it, or the path has an empty part. A full name is split at its "
+     "last full stop, so that no lookup finds the node.",
+     "A full name in place of the last part of it.",
+     "Write what is in front of the last full stop as the path and the rest as the name.",
+     {{ZELK_EXAMPLE_CLI(ZELK_EXAMPLE_NAMESPACE("", "acme.power"))}, "cli/namespace:acme.power"},
+     UnreachableNode},
+    {"ignored-session-manager",
+     Group::kLoader,
+     Severity::kWarning,
+     DecidedBy::kFile,
+     kAuthenticationOnly,
+     0,
+     "A session manager of a scheme without sessions",
+     "The scheme is of the type SESSIONLESS, so its session manager is not read.",
+     "The wrong type, or a rest of an older version.",
+     "Fix the type or remove the key.",
+     {{R"({"authentication": {"component": {"name": "acme", "schemes": {
+  "login": {"authenticationScheme": "acme.login", "type": "SESSIONLESS",
+  "sessionManager": "acme.session"}}, "packages": {"acme.power": ["login"]}}}})"},
+      "authentication/component:acme/scheme:login"},
+     IgnoredSessionManager},
+    {"constant-without-value",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kMetamodelOnly,
+     0,
+     "A constant whose value is not kept",
+     "The value of a STRING constant is not a string, so the constant has none. For a constant of "
+     "another type it is a note: the library keeps values of strings only.",
+     "A number without quotes, or the wrong type.",
+     "Write the value as a string.",
+     {{ZELK_EXAMPLE_SERVICE("", R"(
+  {"name": "limit", "documentation": "How many.", "value": 7,
+  "type": {"category": "PRIMITIVE", "type": "STRING"}})",
+                            ZELK_EXAMPLE_START)},
+      "metamodel/component:acme/package:acme.power/service:acme.power.switch/constant:limit"},
+     ConstantWithoutValue},
+    {"ignored-annotation",
+     Group::kLoader,
+     Severity::kWarning,
+     DecidedBy::kFile,
+     kMetamodelOnly,
+     0,
+     "An annotation about resources that has no effect",
+     "'Model' is read in structures that have a key, 'ModelKey' in fields of such structures with "
+     "a 'Resource' of one string beside it, and 'Resource' with a 'value'. A key whose resource is "
+     "not one string ends the search for further keys of the structure.",
+     "An annotation at the wrong element, or one that needs another beside it.",
+     "Complete it, move it or remove it.",
+     {{R"({"metamodel": {"component": {"name": "acme", "documentation": "Controls machines.",
+  "metadata": {"Model": {}}, "packages": []}}})"},
+      "metamodel/component:acme/annotation:Model"},
+     IgnoredAnnotation},
+    {"text-after-zero-byte",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kAllDomains,
+     0,
+     "Text after a zero byte",
+     "A zero byte ends the text of a file. What follows is not read.",
+     "A file that was written over a longer one, or two files in one.",
+     "Remove the zero byte, and what is after it.",
+     {{"{\"cli\": []}\0{}"sv}, "cli"},
+     TextAfterZeroByte},
+    {"malformed-name",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kAllDomains,
+     0,
+     "A name that is hard to look up",
+     "A name is empty, has a control character, has a blank at an end, or has an empty part "
+     "between full stops. The library takes it as it is, and finds it only if it is asked for in "
+     "exactly this form.",
+     "A typing error, or a text that was pasted.",
+     "Fix the name.",
+     {{ZELK_EXAMPLE_CLI(ZELK_EXAMPLE_NAMESPACE("", "acme "))}, "cli/namespace:acme "},
+     MalformedName},
+    {"invalid-utf8",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kAllDomains,
+     0,
+     "A string that is not UTF-8",
+     "A key or a string has bytes that are not UTF-8. The library returns them as they are, and "
+     "clients that expect UTF-8 fail.",
+     "An editor that writes another encoding.",
+     "Save the file as UTF-8.",
+     {{"{\"cli\": [{\"type\": \"namespace\", \"path\": \"\", \"name\": \"acme\",\n"
+       "  \"description\": \"Caf\xe9.\"}]}"},
+      "cli/namespace:acme"},
+     InvalidUtf8},
+    {"unknown-enumerator",
+     Group::kLoader,
+     Severity::kError,
+     DecidedBy::kFile,
+     kMetamodelOnly | kCliOnly,
+     0,
+     "A word that is kept as unknown",
+     "The formatter or the generic type of an option is not one that clients know; the library "
+     "keeps it as unknown. In a Metamodel file, a kind of a user-defined type that is nearly "
+     "'Structure' or 'Enumeration' is a warning, since any other text names a resource.",
+     "A typing error.",
+     "Use one of the words that the format lists.",
+     {{ZELK_EXAMPLE_CLI(ZELK_EXAMPLE_COMMAND("", "start", R"(, "formatter": "TABEL")"))},
+      "cli/command:start"},
+     UnknownEnumerator},
+    {"noncanonical-spelling",
+     Group::kLoader,
+     Severity::kNote,
+     DecidedBy::kFile,
+     kAllDomains,
+     0,
+     "A word that is not written as in the answers",
+     "The library takes the word for another one: in lower case, an older name of it, or an empty "
+     "text for NONE. The rule runs only if it is asked for.",
+     "A file that was written by hand.",
+     "Write the word as the format lists it.",
+     {{ZELK_EXAMPLE_CLI(ZELK_EXAMPLE_COMMAND("", "start", R"(, "formatter": "table")"))},
+      "cli/command:start"},
+     NoncanonicalSpelling,
+     true},
 };
 
 }  // namespace

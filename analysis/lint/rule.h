@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "analysis/element.h"
@@ -14,6 +16,7 @@ namespace Zelk::Analysis::Lint {
 
 class Findings;
 class Workspace;
+struct OpenFile;
 
 enum class Group : std::uint8_t {
   kLoader,
@@ -38,6 +41,9 @@ enum class DecidedBy : std::uint8_t {
   kConvention,
 };
 
+inline constexpr std::array<Domain, 3> kDomains{Domain::kMetamodel, Domain::kAuthentication,
+                                                Domain::kCli};
+
 /// A set of domains.
 using DomainSet = std::uint8_t;
 
@@ -50,9 +56,9 @@ inline constexpr DomainSet kAuthenticationOnly = SetOf(Domain::kAuthentication);
 inline constexpr DomainSet kCliOnly = SetOf(Domain::kCli);
 inline constexpr DomainSet kAllDomains = kMetamodelOnly | kAuthenticationOnly | kCliOnly;
 
-/// Files that together raise the rule once, and no other rule. Unused ones are null.
+/// Files that together raise the rule once, and no other rule. Unused ones are empty.
 struct Example {
-  const char* files[3];
+  std::array<std::string_view, 3> files;
 
   /// Element path of the finding.
   const char* element;
@@ -75,7 +81,8 @@ struct Rule {
   const char* cause;
   const char* fix;
   Example example;
-  void (*run)(const Workspace& workspace, Findings& findings);
+  /// What looks at all files together, or at each file that loads.
+  std::variant<void (*)(const Workspace&, Findings&), void (*)(const OpenFile&, Findings&)> run;
   /// Whether it runs only if it is asked for by its id.
   bool is_off = false;
 };
@@ -88,6 +95,7 @@ const char* Word(Severity severity);
 
 // The tables, in the order in which rules are listed.
 extern const Rows<Rule> kLoaderRules;
+extern const Rows<Rule> kNamesRules;
 extern const Rows<Rule> kDocumentationRules;
 
 /// All rules of all groups.

@@ -69,9 +69,12 @@ ElementRange ElementsOf(const Model& model, std::uint32_t source) {
   return {begin_of(source), begin_of(source + 1)};
 }
 
-std::vector<ElementId> ElementsAround(const Model& model, std::uint32_t source) {
-  const Document& document = *model.Sources()[source].document;
-  std::vector<ElementId> around(document.Size(), kNoElement);
+OpenFile::OpenFile(const Model& its_model, std::uint32_t its_source)
+    : model(its_model),
+      source(its_source),
+      document(*model.Sources()[source].document),
+      shape(document, FormatOf(model.GetDomain())),
+      around(document.Size(), kNoElement) {
   const ElementRange range = ElementsOf(model, source);
   for (ElementId id = range.begin; id < range.end; ++id) {
     if (!model[id].is_implied) around[model[id].node] = id;
@@ -79,7 +82,14 @@ std::vector<ElementId> ElementsAround(const Model& model, std::uint32_t source) 
   for (NodeId node = kRootNode + 1; node < document.Size(); ++node) {
     if (around[node] == kNoElement) around[node] = around[document[node].parent];
   }
-  return around;
+}
+
+Place OpenFile::PlaceOf(NodeId value) const {
+  return {model.GetDomain(), source, around[value], value, document[value].begin};
+}
+
+Place OpenFile::PlaceOfKey(NodeId member) const {
+  return {model.GetDomain(), source, around[member], member, document[member].key_begin};
 }
 
 bool IsSameValue(const Document& left, NodeId a, const Document& right, NodeId b) {

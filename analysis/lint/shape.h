@@ -6,6 +6,7 @@
 #include "analysis/document.h"
 #include "analysis/element_model.h"
 #include "analysis/format.h"
+#include "analysis/lint/finding.h"
 
 namespace Zelk::Analysis::Lint {
 
@@ -36,8 +37,20 @@ struct ElementRange {
 
 ElementRange ElementsOf(const Model& model, std::uint32_t source);
 
-/// The element in whose text each value is, kNoElement outside of all; by node.
-std::vector<ElementId> ElementsAround(const Model& model, std::uint32_t source);
+/// A file that loads, with what its values are.
+struct OpenFile {
+  OpenFile(const Model& its_model, std::uint32_t its_source);
+
+  const Model& model;
+  std::uint32_t source;
+  const Document& document;
+  Shape shape;
+  /// The element in whose text each value is; by node.
+  std::vector<ElementId> around;
+
+  Place PlaceOf(NodeId value) const;
+  Place PlaceOfKey(NodeId member) const;
+};
 
 /// Whether two values have the same text but for blanks.
 bool IsSameValue(const Document& left, NodeId a, const Document& right, NodeId b);

@@ -24,8 +24,9 @@ File FileOf(const std::string& name, const std::string& text) {
 /// Each finding as "RULE PATH".
 std::vector<std::string> FoundIn(const Example& example) {
   std::vector<File> files;
-  for (const char* const text : example.files) {
-    if (text != nullptr) files.push_back(FileOf("file" + std::to_string(files.size()), text));
+  for (const std::string_view text : example.files) {
+    if (!text.empty())
+      files.push_back(FileOf("file" + std::to_string(files.size()), std::string(text)));
   }
   const Workspace workspace(std::move(files));
   std::vector<std::string> found;
