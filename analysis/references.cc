@@ -17,8 +17,8 @@ bool IsKept(const Element& element) {
   return element.fate == Fate::kFound || element.fate == Fate::kShadowed;
 }
 
-auto TargetKey(const Reference& reference) {
-  return std::tie(reference.target.domain, reference.target.element);
+auto KeyOf(const DomainElement& element) {
+  return std::tie(element.domain, element.element);
 }
 
 class ReferenceFinder {
@@ -104,7 +104,7 @@ class ReferenceFinder {
 
   void AddTypes(ElementId id) {
     const Document& document = DocumentOf(id);
-    ForEachLevel(document, Member(id, "type"), [&](NodeId, const TypeLevel& level) {
+    ForEachLevel(document, Member(id, "type"), [&](const TypeLevel& level) {
       if (level.form != TypeForm::kUserDefined) return;
       AddNamed(ReferenceKind::kType, level.wanted, id, level.name,
                definitions_.Definition(level.wanted, document.String(level.name)));
@@ -246,18 +246,28 @@ References::References(const Models& models, const Definitions& definitions)
       by_name_(all_.size()) {
   std::iota(by_target_.begin(), by_target_.end(), 0);
   std::stable_sort(by_target_.begin(), by_target_.end(), [&](std::uint32_t a, std::uint32_t b) {
-    return TargetKey(all_[a]) < TargetKey(all_[b]);
+    return KeyOf(all_[a].target) < KeyOf(all_[b].target);
   });
   std::iota(by_name_.begin(), by_name_.end(), 0);
   std::stable_sort(by_name_.begin(), by_name_.end(),
                    [&](std::uint32_t a, std::uint32_t b) { return all_[a].name < all_[b].name; });
 }
 
+ReferenceRange References::From(const DomainElement& from) const {
+  const auto first = std::lower_bound(all_.begin(), all_.end(), from,
+                                      [](const Reference& reference, const DomainElement& wanted) {
+                                        return KeyOf(reference.from) < KeyOf(wanted);
+                                      });
+  const auto last = std::find_if(
+      first, all_.end(), [&](const Reference& reference) { return !(reference.from == from); });
+  return {all_.data() + (first - all_.begin()), all_.data() + (last - all_.begin())};
+}
+
 std::vector<const Reference*> References::To(const DomainElement& target) const {
-  const auto key = std::tie(target.domain, target.element);
-  auto at = std::lower_bound(
-      by_target_.begin(), by_target_.end(), key,
-      [&](std::uint32_t id, const auto& wanted) { return TargetKey(all_[id]) < wanted; });
+  auto at = std::lower_bound(by_target_.begin(), by_target_.end(), target,
+                             [&](std::uint32_t id, const DomainElement& wanted) {
+                               return KeyOf(all_[id].target) < KeyOf(wanted);
+                             });
   std::vector<const Reference*> found;
   for (; at != by_target_.end() && all_[*at].target == target; ++at) found.push_back(&all_[*at]);
   return found;

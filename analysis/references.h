@@ -62,6 +62,20 @@ struct Models {
   const Model& Of(Domain domain) const;
 };
 
+/// Several references, one after another in memory.
+class ReferenceRange {
+ public:
+  ReferenceRange(const Reference* begin, const Reference* end) : begin_(begin), end_(end) {}
+
+  const Reference* begin() const { return begin_; }
+
+  const Reference* end() const { return end_; }
+
+ private:
+  const Reference* begin_;
+  const Reference* end_;
+};
+
 class Definitions;
 
 /// All references of the elements that are kept, each resolved as lookups of the library resolve
@@ -74,6 +88,9 @@ class References {
 
   /// By domains, then in the order of the elements that refer.
   const std::vector<Reference>& All() const { return all_; }
+
+  /// Those that the element itself has.
+  ReferenceRange From(const DomainElement& from) const;
 
   /// Those to the element, in the same order.
   std::vector<const Reference*> To(const DomainElement& target) const;

@@ -24,24 +24,33 @@ struct TypeLevel {
   NodeId element = kNoNode;
   /// The keys of a map.
   NodeId key = kNoNode;
+  /// How many levels are around it; set by ForEachLevel().
+  std::uint32_t depth = 0;
 };
 
 /// Reads the object of a type in a source that loads.
 TypeLevel ReadType(const Document& document, NodeId type);
 
-/// Calls `take(node, level)` with every level of the type, outermost first. Types nest to any
-/// depth, so nothing recurses.
+/// Calls `take(level)` with every level of the type, outermost first. Types nest to any depth, so
+/// nothing recurses.
 template <typename Take>
 void ForEachLevel(const Document& document, NodeId type, const Take& take) {
-  std::vector<NodeId> pending;
-  while (type != kNoNode) {
-    const TypeLevel level = ReadType(document, type);
-    take(type, level);
-    if (level.key != kNoNode) pending.push_back(level.key);
+  struct Pending {
+    NodeId type;
+    std::uint32_t depth;
+  };
+
+  std::vector<Pending> keys;
+  for (std::uint32_t depth = 0; type != kNoNode;) {
+    TypeLevel level = ReadType(document, type);
+    level.depth = depth++;
+    take(level);
+    if (level.key != kNoNode) keys.push_back({level.key, depth});
     type = level.element;
-    if (type == kNoNode && !pending.empty()) {
-      type = pending.back();
-      pending.pop_back();
+    if (type == kNoNode && !keys.empty()) {
+      type = keys.back().type;
+      depth = keys.back().depth;
+      keys.pop_back();
     }
   }
 }

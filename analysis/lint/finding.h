@@ -74,6 +74,9 @@ class Findings {
   /// empty. Searching takes time, so after many names it returns nothing any more.
   std::string Hint(std::string_view wanted, const std::vector<std::string>& known);
 
+  /// Whether Hint() still compares that many names.
+  bool MayHint(std::size_t names) const { return names <= comparisons_left_; }
+
   /// What follows is found by that rule.
   void Begin(const Rule& rule) { rule_ = &rule; }
 

@@ -40,7 +40,11 @@ Workspace::Workspace(std::vector<File> files, Settings settings)
     : files_(Sorted(std::move(files))),
       settings_(std::move(settings)),
       models_{ModelFrom(files_, Domain::kMetamodel), ModelFrom(files_, Domain::kAuthentication),
-              ModelFrom(files_, Domain::kCli)} {
+              ModelFrom(files_, Domain::kCli)},
+      definitions_(ModelOf(Domain::kMetamodel)),
+      references_(
+          {ModelOf(Domain::kMetamodel), ModelOf(Domain::kAuthentication), ModelOf(Domain::kCli)},
+          definitions_) {
   for (const Model& model : models_) {
     const auto domain = static_cast<std::size_t>(model.GetDomain());
     file_of_.at(domain) = PositionsOf(model, files_);

@@ -6,9 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "analysis/definitions.h"
 #include "analysis/element_model.h"
 #include "analysis/lint/rule.h"
 #include "analysis/lint/settings.h"
+#include "analysis/references.h"
 
 namespace Zelk::Analysis::Lint {
 
@@ -33,6 +35,11 @@ class Workspace {
 
   const Model& ModelOf(Domain domain) const { return models_[static_cast<std::size_t>(domain)]; }
 
+  /// What the Metamodel files define.
+  const Definitions& GetDefinitions() const { return definitions_; }
+
+  const References& GetReferences() const { return references_; }
+
   /// The domains that have a file that loads.
   DomainSet Loaded() const { return loaded_; }
 
@@ -50,6 +57,8 @@ class Workspace {
   std::vector<File> files_;
   Settings settings_;
   std::array<Model, 3> models_;
+  Definitions definitions_;
+  References references_;
   std::array<std::vector<std::uint32_t>, 3> file_of_;
   DomainSet loaded_ = 0;
 };
