@@ -86,8 +86,7 @@ TEST(Arguments, BracketsAndCommasBelongToTheName) {
   EXPECT_EQ(RunLine("get component [x]").err,
             "zelk-metadata: Metamodel component not found: [x]\n");
   EXPECT_EQ(RunLine("list components --source [a,b]").err,
-            "zelk-metadata: [a,b]: Metamodel source file not found: [a,b] "
-            "[zelk.metada.metamodel.source.file.not.found]\n");
+            "zelk-metadata: [a,b]: No such file or directory\n");
 }
 
 TEST(Arguments, EmptyIdIsAnId) {

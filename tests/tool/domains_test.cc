@@ -60,7 +60,7 @@ class Colours final : public Domain {
 const DomainTable& TwoDomains() {
   static const DomainTable table{
       Zelk::Tool::MetamodelDomain(),
-      {"colours", "colours", "colours.parse.error",
+      {"colours", "colours", "colours.parse.error", "colours.exists",
        []() -> std::unique_ptr<Domain> { return std::make_unique<Colours>(); }}};
   return table;
 }

@@ -188,15 +188,20 @@ TEST(Shell, CreateReportsFailuresAndLoadsTheRest) {
   Talk talk;
   const ToolRun run = talk.Say("create missing.json " + kInventory);
   EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.err, HasSubstr("file not found: missing.json"));
+  EXPECT_THAT(run.err, HasSubstr("missing.json: No such file or directory"));
   EXPECT_EQ(talk.Say("list sources").out, "inventory\n");
   const ToolRun again = talk.Say("create " + kInventory);
   EXPECT_EQ(again.status, 1);
-  EXPECT_THAT(again.err, HasSubstr("already exists")) << "an id is taken until it is deleted";
+  EXPECT_THAT(again.err, HasSubstr(" has the id 'inventory', too"))
+      << "an id is taken until it is deleted";
 }
 
 TEST(Shell, DeleteAppliesToAllDomainsOrOne) {
-  const std::string metadata = "create " ZELK_SOURCE_DIR "/metadata";
+  const std::string folder = ZELK_SOURCE_DIR "/metadata/";
+  std::string metadata = "create";
+  for (const char* domain : {"metamodel", "authentication", "cli"}) {
+    metadata += " " + folder + domain;
+  }
   Talk talk;
   EXPECT_EQ(talk.Say(metadata).status, 0);
   EXPECT_EQ(talk.Say("delete authentication:zelk-metadata").status, 0);

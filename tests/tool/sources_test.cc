@@ -1,22 +1,29 @@
 #include <filesystem>
+#include <sstream>
+#include <sys/stat.h>
 
 #include <gmock/gmock.h>
 
+#include "host/input_file.h"
 #include "host/source_argument.h"
 #include "support/builders.h"
 #include "support/file_text.h"
 #include "support/temp_folder.h"
+#include "tool/shell_run.h"
 #include "tool/tool_run.h"
 
+using testing::HasSubstr;
 using testing::StartsWith;
 using Zelk::Testing::Component;
 using Zelk::Testing::FileText;
 using Zelk::Testing::kDataFolder;
 using Zelk::Testing::MetamodelFile;
 using Zelk::Testing::RunLine;
+using Zelk::Testing::RunShell;
 using Zelk::Testing::RunTool;
 using Zelk::Testing::TempFolder;
 using Zelk::Testing::ToolRun;
+using Zelk::Tool::InputFile;
 using Zelk::Tool::ParseSourceArgument;
 using Zelk::Tool::SourceArgument;
 
@@ -90,11 +97,47 @@ TEST(Folders, AllJsonFilesAreLoaded) {
        {"b.json", "a.json", "inner/c.json", "d.txt", ".e.json", ".hidden/f.json"}) {
     folder.Write(name, MetamodelFile(Component(name)));
   }
-  EXPECT_EQ(RunTool({"list", "sources", "--source", folder.Path("")}).out, "a\nb\nc\n");
+  EXPECT_EQ(RunTool({"list", "sources", "--source", folder.Path("")}).out, "a\nb\ninner/c\n");
   EXPECT_EQ(RunTool({"list", "sources", "--source", "x=" + folder.Path("")}).out,
-            "x/a\nx/b\nx/c\n");
+            "x/a\nx/b\nx/inner/c\n");
   EXPECT_EQ(RunTool({"list", "sources", "--source", "inner=" + folder.Path("inner")}).out,
             "inner/c\n");
+}
+
+TEST(Folders, IdIsThePathBelowTheFolderHoweverItIsWritten) {
+  const TempFolder folder;
+  std::filesystem::create_directories(folder.Path("svc/foo/deep"));
+  std::filesystem::create_directories(folder.Path("svc/bar"));
+  folder.Write("svc/foo/deep/metamodel.v2.json", MetamodelFile(Component("com.foo")));
+  folder.Write("svc/bar/metamodel.json", MetamodelFile(Component("com.bar")));
+  for (const char* path : {"svc", "svc/", "svc//", "./svc", "svc/foo/../"}) {
+    const ToolRun run = RunTool({"list", "sources", "--source", folder.Path(path)});
+    EXPECT_EQ(run.out, "bar/metamodel\nfoo/deep/metamodel.v2\n") << path;
+    EXPECT_EQ(run.err, "") << path;
+  }
+}
+
+TEST(Sources, IdThatIsTakenNamesBothFilesAndHowToGiveAnother) {
+  const TempFolder folder;
+  std::filesystem::create_directory(folder.Path("foo"));
+  std::filesystem::create_directory(folder.Path("bar"));
+  const std::string foo = folder.Write("foo/a.json", MetamodelFile(Component("com.foo")));
+  const std::string bar = folder.Write("bar/a.json", MetamodelFile(Component("com.bar")));
+  for (const char* command : {"list components", "tree"}) {
+    auto words = Zelk::Testing::Words(command);
+    words.insert(words.end(), {"--source", foo, "--source", bar});
+    const ToolRun run = RunTool(words);
+    EXPECT_EQ(run.status, 1) << command;
+    EXPECT_THAT(run.out, HasSubstr("com.foo\n"));
+    EXPECT_THAT(run.err, StartsWith("zelk-metadata: " + bar + ": " + foo +
+                                    " has the id 'a', too; write ID=" + bar +
+                                    " to give another [zelk.metada.metamodel.source.exists]\n"));
+  }
+}
+
+TEST(Folders, HelpSaysThatTheyAreReadToAnyDepth) {
+  EXPECT_THAT(RunLine("--help").out, HasSubstr("to any depth"));
+  EXPECT_THAT(RunLine("man").out, HasSubstr("to any depth"));
 }
 
 TEST(Folders, EmptyFolderIsAnError) {
@@ -154,4 +197,113 @@ TEST(StandardInput, IsReadOnlyOnce) {
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "c\n");
   EXPECT_THAT(run.err, StartsWith("zelk-metadata: standard input: can be read only once\n"));
+}
+
+TEST(Unreadable, ReasonIsTheSystemsText) {
+  const TempFolder folder;
+  std::filesystem::create_symlink("loop.json", folder.Path("loop.json"));
+  std::filesystem::create_directory(folder.Path("inner"));
+  const std::pair<std::string, std::string> rows[] = {
+      {"nope.json", "No such file or directory"},
+      {"loop.json", "Too many levels of symbolic links"},
+      {"inner/../nope/a.json", "No such file or directory"},
+  };
+  for (const auto& [name, reason] : rows) {
+    const std::string path = folder.Path(name);
+    const ToolRun run = RunTool({"list", "sources", "--source", path});
+    EXPECT_EQ(run.err, "zelk-metadata: " + path + ": " + reason + "\n");
+    EXPECT_EQ(run.status, 1);
+  }
+}
+
+TEST(Unreadable, FileWithoutPermissionIsReportedAndTheOthersAreLoaded) {
+  const TempFolder folder;
+  folder.Write("a.json", MetamodelFile(Component("com.a")));
+  folder.Write("b.json", MetamodelFile(Component("com.b")));
+  std::filesystem::permissions(folder.Path(""), std::filesystem::perms::all);
+  std::filesystem::permissions(folder.Path("b.json"), std::filesystem::perms::none);
+  // Root may read everything.
+  const ToolRun run = RunShell(
+      "as=; [ $(id -u) != 0 ] || as='setpriv --reuid=65534'\n"
+      "$as $tool list components --source " +
+      folder.Path(""));
+  EXPECT_EQ(run.out, "com.a\n");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err,
+              StartsWith("zelk-metadata: " + folder.Path("b.json") + ": Permission denied\n"));
+}
+
+TEST(Pipes, AreReadAsStandardInputIs) {
+  const ToolRun run = RunShell("cd " + kDataFolder +
+                               "; $tool list components --source inventory=<(cat inventory.json)"
+                               " --source <(cat network.json)");
+  EXPECT_EQ(run.out, "com.acme.network\ncom.acme\n");
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(RunShell("$tool tree --depth 1 --source <(cat " + kDataFolder + "/network.json)").out,
+            RunTool({"tree", "--depth", "1", "--source", kDataFolder + "/network.json"}).out);
+}
+
+TEST(Pipes, MayHaveANameAndAWriterThatComesLater) {
+  const ToolRun run =
+      RunShell("cd $(dirname $0); mkfifo pipe.json; (sleep 0.1; cat " + kDataFolder +
+               "/network.json > pipe.json) &\n" + "$tool list sources --source pipe.json; wait");
+  EXPECT_EQ(run.out, "pipe\n");
+  EXPECT_EQ(run.err, "");
+}
+
+TEST(Pipes, InvalidTextFailsAsAFileWithTheNameOfThePipe) {
+  const ToolRun run = RunShell(
+      "cd $(dirname $0); mkfifo pipe.json; echo ? > pipe.json &\n"
+      "$tool list sources --source pipe.json");
+  EXPECT_THAT(run.err, StartsWith("zelk-metadata: pipe.json:1:1: Metamodel source file parse"));
+  EXPECT_EQ(run.status, 1);
+}
+
+TEST(Pipes, ThoseInFoldersAreNotRead) {
+  const TempFolder folder;
+  folder.Write("a.json", MetamodelFile(Component("com.a")));
+  ASSERT_EQ(mkfifo(folder.Path("b.json").c_str(), 0600), 0);
+  const ToolRun run = RunTool({"list", "sources", "--source", folder.Path("")});
+  EXPECT_EQ(run.out, "a\n");
+  EXPECT_THAT(run.err, StartsWith("zelk-metadata: " + folder.Path("b.json") +
+                                  ": it is not a regular file\n"));
+}
+
+TEST(Pipes, DevicesThatCannotBeReadSayWhy) {
+  EXPECT_EQ(RunLine("list sources --source /proc/self/mem").status, 1);
+  const TempFolder folder;
+  const std::string path = folder.Path("socket");
+  const ToolRun run = RunShell(
+      "perl -MIO::Socket::UNIX -e 'IO::Socket::UNIX->new(Local => $ARGV[0], Listen => 1)' " + path +
+      "; $tool list sources --source " + path);
+  EXPECT_EQ(run.err, "zelk-metadata: " + path + ": No such device or address\n");
+}
+
+TEST(Pipes, CopyThatCannotBeWrittenSaysWhy) {
+  const std::string list = "$tool list sources --source <(head -c 1000000 /dev/zero)";
+  EXPECT_THAT(RunShell("trap '' XFSZ; ulimit -f 1; " + list).err,
+              HasSubstr(": cannot be copied: File too large\n"));
+  EXPECT_EQ(RunShell("cd $(dirname $0); mkfifo pipe; echo > pipe &\n"
+                     "prlimit --nofile=4 $tool list sources --source pipe")
+                .err,
+            "zelk-metadata: pipe: cannot be copied: Too many open files\n");
+}
+
+TEST(Pipes, NoMoreThanTheLimitIsCopied) {
+  std::istringstream in("12345");
+  EXPECT_EQ(InputFile::Copy(in, 4).failure, "is larger than a file may be");
+  std::istringstream again("1234");
+  const auto copied = InputFile::Copy(again, 4);
+  ASSERT_NE(copied.file, nullptr);
+  EXPECT_EQ(FileText(copied.file->Path()), "1234");
+}
+
+TEST(Sources, EmptyPathIsWrongUsage) {
+  for (const std::string text : {"", "id="}) {
+    const ToolRun run = RunTool({"list", "sources", "--source", text});
+    EXPECT_EQ(run.status, 2) << text;
+    EXPECT_EQ(run.err, "zelk-metadata: --source: '" + text + "' has no path\n");
+  }
+  EXPECT_EQ(RunTool({"shell"}, "create ''\n").status, 2);
 }

@@ -27,7 +27,7 @@ ExitStatus RunCheck(Invocation& call) {
   std::vector<CheckedFile> for_json;
   for (const std::string& file : arguments.files) {
     const bool is_input = file == "-";
-    if (is_input && !input) input = InputFile::Copy(call.GetStreams().in);
+    if (is_input && !input) input = InputFile::Copy(call.GetStreams().in).file;
     if (is_input && !input) {  // coverage: a test would have to fill the disk
       status = call.Fail(ExitStatus::kSourceFailed, "no space for a copy of standard input");
       continue;

@@ -1,7 +1,6 @@
 #include <filesystem>
 #include <memory>
 #include <ostream>
-#include <sstream>
 
 #include "complete/completion.h"
 #include "domains/table.h"
@@ -32,12 +31,9 @@ bool CanBeRead(const std::string& path, Budget& budget) {
 /// Loads what is quick to load, but not standard input, which is the terminal. Errors are reported
 /// when the command runs.
 void LoadForWords(Host& host, const std::vector<std::string>& sources) {
-  std::istringstream nothing;
   Budget budget;
   for (const std::string& text : sources) {
-    const SourceArgument argument = ParseSourceArgument(text);
-    if (argument.path == "-") continue;
-    for (const SourceArgument& source : Expand(argument, nothing, budget.entries).sources) {
+    for (const SourceArgument& source : ExpandQuickly(ParseSourceArgument(text), budget.entries)) {
       if (CanBeRead(source.path, budget)) host.Load(source);
     }
   }

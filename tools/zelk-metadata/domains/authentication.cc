@@ -126,6 +126,7 @@ std::vector<Section> Authentication::About(const std::vector<Subject>& levels) {
 
 DomainRow AuthenticationDomain() {
   return {"authentication", "authentication", "zelk.metadata.authentication.parse.error",
+          "zelk.metada.authentication.source.exists",
           []() -> std::unique_ptr<Domain> { return std::make_unique<Authentication>(); }};
 }
 

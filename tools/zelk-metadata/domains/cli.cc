@@ -145,7 +145,7 @@ Names Cli::UsageNames() {
 }  // namespace
 
 DomainRow CliDomain() {
-  return {"cli", "cli", "zelk.metadata.cli.parse.error",
+  return {"cli", "cli", "zelk.metadata.cli.parse.error", "zelk.metada.cli.source.exists",
           []() -> std::unique_ptr<Domain> { return std::make_unique<Cli>(); }};
 }
 

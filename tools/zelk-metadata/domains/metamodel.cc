@@ -172,6 +172,7 @@ std::vector<Section> Metamodel::About(const std::vector<Subject>& levels) {
 
 DomainRow MetamodelDomain() {
   return {"metamodel", "metamodel", "zelk.metadata.metamodel.parse.error",
+          "zelk.metada.metamodel.source.exists",
           []() -> std::unique_ptr<Domain> { return std::make_unique<Metamodel>(); }};
 }
 

@@ -176,6 +176,9 @@ struct DomainRow {
   /// The message whose second argument is the offset of a syntax error in the file.
   std::string parse_error_id;
 
+  /// The message about a source whose id is in use.
+  std::string exists_id;
+
   std::unique_ptr<Domain> (*make)();
 };
 

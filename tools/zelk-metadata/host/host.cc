@@ -30,6 +30,13 @@ LoadReport LoadInto(Domain& domain, const DomainRow& row, const SourceArgument& 
   return report;
 }
 
+LoadReport IdIsTaken(const SourceArgument& source, const SourceArgument& other,
+                     const DomainRow& row) {
+  const std::string text = fmt::format("{} has the id '{}', too; write ID={} to give another",
+                                       ShownName(other), source.id, ShownName(source));
+  return {ShownName(source), row.name, {{{row.exists_id, text, {}}, std::nullopt}}};
+}
+
 bool MatchesKind(const std::string& text, const std::string& domain, const Kind& kind) {
   const std::string prefix = domain + ":";
   const bool qualified = text.compare(0, prefix.size(), prefix) == 0;
@@ -49,6 +56,9 @@ std::string ProblemLine(const std::string& file, const Problem& problem) {
   const std::string position =
       problem.position ? fmt::format(":{}:{}", problem.position->line, problem.position->column)
                        : std::string();
+  if (problem.message.id.empty()) {
+    return fmt::format("{}{}: {}", file, position, problem.message.Text());
+  }
   const std::vector<std::string> unshown = problem.message.UnshownArguments();
   const std::string arguments =
       unshown.empty() ? std::string() : fmt::format(": {}", fmt::join(unshown, ", "));
@@ -84,6 +94,10 @@ Host::~Host() = default;
 
 LoadReport Host::Load(const SourceArgument& source) {
   Loaded loaded{source, &DomainOf(source.path, table_), nullptr};
+  const auto taken = std::find_if(loaded_.begin(), loaded_.end(), [&](const Loaded& other) {
+    return other.row == loaded.row && other.source.id == source.id;
+  });
+  if (taken != loaded_.end()) return IdIsTaken(source, taken->source, *loaded.row);
   LoadReport report = LoadFor(loaded);
   if (!report.problems.empty()) return report;
   RunningOf(*loaded.row).has_sources = true;
@@ -96,12 +110,6 @@ LoadReport Host::LoadFor(Loaded& loaded) {
   const DomainRow& row = *loaded.row;
   if (use_ != HostUse::kOutlines) {
     return LoadInto(*RunningOf(row).domain, row, loaded.source);
-  }
-  // The container that has a source of that id refuses the second one.
-  for (const Loaded& other : loaded_) {
-    if (other.row == &row && other.source.id == loaded.source.id) {
-      return LoadInto(*other.isolated, row, loaded.source);
-    }
   }
   loaded.isolated = row.make();
   return LoadInto(*loaded.isolated, row, loaded.source);

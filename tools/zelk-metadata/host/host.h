@@ -32,7 +32,7 @@ struct LoadReport {
 };
 
 /// "FILE: TEXT [ID]", with the position after the file's name if it is known, and after the id the
-/// arguments that the text does not show.
+/// arguments that the text does not show. The tool's own messages have no id.
 std::string ProblemLine(const std::string& file, const Problem& problem);
 
 /// How many ids a command takes for the kind; nothing for a kind that it does not know.

@@ -1,19 +1,28 @@
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <iosfwd>
 #include <memory>
 #include <string>
 
+#include "host/file_position.h"
+
 namespace Zelk::Tool {
 
-/// A private copy of what a stream holds, for services that load from paths. It has no name in any
-/// folder, so nothing is left behind however the process ends.
+struct CopiedInput;
+
+/// A private copy of what a stream or a pipe holds, for services that load from paths. It has no
+/// name in any folder, so nothing is left behind however the process ends.
 class InputFile {
  public:
-  /// Reads the stream to its end. Null when there is no room for the copy.
-  static std::shared_ptr<const InputFile> Copy(std::istream& in);
+  /// Reads the stream to its end, but no more than `limit` bytes.
+  static CopiedInput Copy(std::istream& in, std::uint64_t limit = kMaxFileSize);
 
+  /// The same for a pipe or a device that has a name. Waits for what it holds.
+  static CopiedInput CopyOf(const std::string& path);
+
+  explicit InputFile(std::FILE* file);
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
   ~InputFile();
@@ -22,9 +31,16 @@ class InputFile {
   std::string Path() const;
 
  private:
-  explicit InputFile(std::FILE* file);
-
   std::FILE* file_;
 };
+
+/// Either a copy, or null and the reason why there is none.
+struct CopiedInput {
+  std::shared_ptr<const InputFile> file;
+  std::string failure;
+};
+
+/// Why a file cannot be read, in the system's words; empty if it can. Opens it, so not for pipes.
+std::string WhyUnreadable(const std::string& path);
 
 }  // namespace Zelk::Tool

@@ -14,30 +14,27 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::string kInput = "-";
+const std::string kInputName = "standard input";
 
 bool IsHidden(const fs::path& path) {
   return path.filename().string().front() == '.';
 }
 
-/// Every "*.json" below a folder.
-struct JsonFiles {
-  std::vector<fs::path> files;
-  std::vector<std::string> complaints;
-};
-
-void AddFile(const fs::directory_entry& entry, JsonFiles& found, std::vector<fs::path>& folders) {
+void AddEntry(const fs::directory_entry& entry, std::vector<fs::path>& files,
+              std::vector<fs::path>& folders) {
   std::error_code ignored;
   if (IsHidden(entry.path())) return;
   if (!entry.is_directory(ignored)) {
-    if (entry.path().extension() == ".json") found.files.push_back(entry.path());
+    if (entry.path().extension() == ".json") files.push_back(entry.path());
   } else if (!entry.is_symlink(ignored)) {
     folders.push_back(entry.path());
   }
 }
 
-/// A folder that cannot be read does not hide the others.
-JsonFiles FindJsonFiles(const fs::path& folder, std::size_t& entries_left) {
-  JsonFiles found;
+/// Every "*.json" below a folder. A folder that cannot be read does not hide the others.
+std::vector<fs::path> FindJsonFiles(const fs::path& folder, std::size_t& entries_left,
+                                    std::vector<Unreadable>& failures) {
+  std::vector<fs::path> files;
   std::vector<fs::path> folders{folder};
   while (!folders.empty() && entries_left > 0) {
     const fs::path next = folders.back();
@@ -45,32 +42,49 @@ JsonFiles FindJsonFiles(const fs::path& folder, std::size_t& entries_left) {
     std::error_code error;
     fs::directory_iterator at(next, error);
     for (; !error && at != fs::end(at) && entries_left > 0; at.increment(error), --entries_left) {
-      AddFile(*at, found, folders);
+      AddEntry(*at, files, folders);
     }
-    if (error) found.complaints.push_back(next.string() + ": " + error.message());
+    if (error) failures.push_back({next.string(), error.message()});
   }
-  std::sort(found.files.begin(), found.files.end());
-  return found;
+  std::sort(files.begin(), files.end());
+  return files;
 }
 
-Expansion ExpandFolder(const SourceArgument& argument, const std::string& prefix,
-                       std::size_t& entries_left) {
-  JsonFiles found = FindJsonFiles(argument.path, entries_left);
-  Expansion expansion{{}, std::move(found.complaints)};
-  for (const fs::path& file : found.files) {
-    expansion.sources.push_back({prefix + DefaultSourceId(file.string()), file.string()});
+void AddFile(SourceArgument source, Expansion& expansion) {
+  std::error_code ignored;
+  std::string reason = fs::is_regular_file(source.path, ignored) ? WhyUnreadable(source.path)
+                                                                 : "it is not a regular file";
+  if (reason.empty()) {
+    expansion.sources.push_back(std::move(source));
+  } else {
+    expansion.failures.push_back({source.path, std::move(reason)});
   }
-  if (expansion.sources.empty() && expansion.complaints.empty()) {
-    expansion.complaints.push_back(argument.path + ": this folder has no *.json file");
+}
+
+Expansion ExpandFolder(const SourceArgument& argument, std::size_t& entries_left) {
+  Expansion expansion;
+  const fs::path folder = argument.path;
+  const std::string prefix = argument.is_named ? argument.id + "/" : "";
+  const auto files = FindJsonFiles(folder, entries_left, expansion.failures);
+  if (files.empty() && expansion.failures.empty()) {
+    expansion.failures.push_back({argument.path, "this folder has no *.json file"});
+  }
+  for (const fs::path& file : files) {
+    const fs::path below = file.lexically_relative(folder);
+    AddFile({prefix + fs::path(below).replace_extension().string(), file.string()}, expansion);
   }
   return expansion;
 }
 
+Expansion WithCopy(const SourceArgument& argument, const CopiedInput& copied,
+                   const std::string& name) {
+  if (!copied.file) return {{}, {{name, copied.failure}}};
+  return {{{argument.id, copied.file->Path(), argument.is_named, copied.file, name}}, {}};
+}
+
 Expansion ExpandInput(const SourceArgument& argument, std::istream& in) {
-  if (in.eof()) return {{}, {"standard input: can be read only once"}};
-  const auto input = InputFile::Copy(in);
-  if (!input) return {{}, {"standard input: no space for a copy of it"}};
-  return {{{argument.id, input->Path(), argument.is_named, input}}, {}};
+  if (in.eof()) return {{}, {{kInputName, "can be read only once"}}};
+  return WithCopy(argument, InputFile::Copy(in), kInputName);
 }
 
 }  // namespace
@@ -89,19 +103,34 @@ std::string DefaultSourceId(const std::string& path) {
 }
 
 std::string ShownName(const SourceArgument& source) {
-  return source.input || source.path == kInput ? "standard input" : source.path;
+  if (!source.copied_from.empty()) return source.copied_from;
+  return source.path == kInput ? kInputName : source.path;
 }
 
 Expansion Expand(const SourceArgument& argument, std::istream& in) {
-  std::size_t all = std::numeric_limits<std::size_t>::max();
-  return Expand(argument, in, all);
+  if (argument.path == kInput) return ExpandInput(argument, in);
+  std::error_code error;
+  const fs::file_status status = fs::status(argument.path, error);
+  Expansion expansion;
+  if (error) {
+    expansion.failures.push_back({argument.path, error.message()});
+  } else if (fs::is_directory(status)) {
+    std::size_t all = std::numeric_limits<std::size_t>::max();
+    expansion = ExpandFolder(argument, all);
+  } else if (fs::is_regular_file(status)) {
+    AddFile(argument, expansion);
+  } else {
+    expansion = WithCopy(argument, InputFile::CopyOf(argument.path), argument.path);
+  }
+  return expansion;
 }
 
-Expansion Expand(const SourceArgument& argument, std::istream& in, std::size_t& entries_left) {
-  if (argument.path == kInput) return ExpandInput(argument, in);
+std::vector<SourceArgument> ExpandQuickly(const SourceArgument& argument,
+                                          std::size_t& entries_left) {
   std::error_code ignored;
-  if (!fs::is_directory(argument.path, ignored)) return {{argument}, {}};
-  return ExpandFolder(argument, argument.is_named ? argument.id + "/" : "", entries_left);
+  if (fs::is_directory(argument.path, ignored)) return ExpandFolder(argument, entries_left).sources;
+  if (fs::is_regular_file(argument.path, ignored)) return {argument};
+  return {};
 }
 
 }  // namespace Zelk::Tool

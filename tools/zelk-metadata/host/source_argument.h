@@ -18,8 +18,11 @@ struct SourceArgument {
   /// Whether the user chose the id.
   bool is_named = false;
 
-  /// Set for standard input: keeps the file that it was copied to.
+  /// Set for standard input and for pipes: keeps the file that they were copied to.
   std::shared_ptr<const InputFile> input = nullptr;
+
+  /// What the user calls a file that was copied.
+  std::string copied_from = {};
 };
 
 /// Reads "[ID=]FILE". The text before the first '=' is an id unless it is empty or has a '/', so a
@@ -33,19 +36,27 @@ std::string DefaultSourceId(const std::string& path);
 /// The file as the user knows it: its path, or "standard input".
 std::string ShownName(const SourceArgument& source);
 
+/// What cannot be read, and why.
+struct Unreadable {
+  std::string file;
+  std::string reason;
+};
+
 /// The sources that an argument means, and what cannot be read of it.
 struct Expansion {
   std::vector<SourceArgument> sources;
-  std::vector<std::string> complaints;
+  std::vector<Unreadable> failures;
 };
 
-/// A path "-" is what `in` holds; a folder is every "*.json" in it and in the folders in it, in the
-/// order of their paths, each with its own name as the id, after "ID/" if an ID was given. Links to
-/// folders are not followed. Anything else is taken as it is, whether it can be read or not.
+/// A path "-" is what `in` holds. A folder is every "*.json" in it and below it, to any depth, in
+/// the order of their paths; the id of each is its path below the folder without ".json", after
+/// "ID/" if an ID was given. Links to folders are not followed. A pipe or a device is read to its
+/// end; those in folders are not.
 Expansion Expand(const SourceArgument& argument, std::istream& in);
 
-/// The same for callers that must not block: looks at no more entries of folders than are left, and
-/// takes away those that it looked at.
-Expansion Expand(const SourceArgument& argument, std::istream& in, std::size_t& entries_left);
+/// The regular files that the argument means, for callers that must not block: looks at no more
+/// entries of folders than are left, and takes away those that it looked at.
+std::vector<SourceArgument> ExpandQuickly(const SourceArgument& argument,
+                                          std::size_t& entries_left);
 
 }  // namespace Zelk::Tool

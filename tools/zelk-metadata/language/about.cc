@@ -20,14 +20,13 @@ std::pair<int, std::string> Row(ExitStatus status, const char* text) {
 const char kDescription[] = "Answers questions about the interfaces that metadata files describe.";
 
 const char kAboutSources[] =
-    "A source PATH is a file, a folder or - for standard input. Of a folder, every *.json in it "
-    "and\n"
-    "in the folders below it is loaded. The domain, Metamodel, Authentication or CLI, is found in "
-    "the\n"
-    "file. The ID of a file is the text before the first '=', or else its name without folder and\n"
-    "extension. Text before '=' that is empty or has a '/' is not an ID but part of the path: "
-    "write\n"
-    "./a=b.json for a file a=b.json. The files of a folder with an ID are called ID/NAME.\n";
+    "A source PATH is a file, a folder, a pipe or - for standard input. Of a folder, every *.json\n"
+    "in it and below it, to any depth, is loaded. The domain, Metamodel, Authentication or CLI, "
+    "is\n"
+    "found in the file. The ID of a source is the text before the first '=', or else the name of\n"
+    "the file without folder and extension. Text before '=' that is empty or has a '/' is not an\n"
+    "ID but part of the path: write ./a=b.json for a file a=b.json. The ID of a file in a folder\n"
+    "is its path below the folder without extension, after ID/ if the folder has an ID.\n";
 
 const char kAboutOutput[] =
     "On a terminal, output is a table or a page in its width, with colours unless NO_COLOR is "

@@ -44,6 +44,17 @@ std::string NumberComplaint(const std::string& text) {
   return is_number ? std::string() : "'" + text + "' is not a number or is too large";
 }
 
+std::string SourceComplaint(const std::string& text) {
+  const bool has_path = !ParseSourceArgument(text).path.empty();
+  return has_path ? std::string() : "'" + text + "' has no path";
+}
+
+/// The check of a word that means this; empty if any word will do.
+std::string (*CheckOf(Word word))(const std::string&) {
+  if (word == Word::kNumber) return NumberComplaint;
+  return word == Word::kSource ? SourceComplaint : nullptr;
+}
+
 void Declare(CLI::App& app, const OptionDescription& option, Arguments& arguments) {
   std::visit(
       [&](auto member) {
@@ -54,7 +65,7 @@ void Declare(CLI::App& app, const OptionDescription& option, Arguments& argument
         } else {
           CLI::Option* const added = app.add_option(name, target, option.summary);
           added->allow_extra_args(false)->type_name(option.value_name);
-          if (option.word == Word::kNumber) added->check(NumberComplaint);
+          if (const auto check = CheckOf(option.word)) added->check(check);
         }
       },
       option.target);
@@ -64,9 +75,10 @@ void Declare(CLI::App& app, const OperandDescription& operand, Arguments& argume
   std::visit(
       [&](auto member) {
         if constexpr (!std::is_same_v<decltype(member), bool Arguments::*>) {
-          app.add_option(operand.name, arguments.*member, operand.summary)
-              ->required(operand.required)
-              ->type_name("");
+          CLI::Option* const added =
+              app.add_option(operand.name, arguments.*member, operand.summary);
+          added->required(operand.required)->type_name("");
+          if (const auto check = CheckOf(operand.word)) added->check(check);
         }
       },
       operand.target);

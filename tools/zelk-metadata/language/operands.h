@@ -22,8 +22,8 @@ OperandDescription SourceIdsOperand(bool required);
 
 /// Help: the ids of the files of a folder.
 constexpr char kAboutFolders[] =
-    "Each file of a folder is a source, with the id NAME, or FOLDER/NAME if the folder was given\n"
-    "the ID FOLDER.\n";
+    "Each file of a folder is a source. Its id is its path below the folder without extension,\n"
+    "after ID/ if the folder was given an ID.\n";
 
 /// --output of commands that show tables and pages.
 std::vector<std::string> TableOutputs();

@@ -31,10 +31,10 @@ void Load(Host& host, const SourceArgument& argument, std::istream& in, Progress
           Tally& tally) {
   progress.Show(fmt::format("reading {} ...", ShownName(argument)));
   const Expansion expansion = Expand(argument, in);
-  for (const std::string& complaint : expansion.complaints) {
+  for (const Unreadable& failure : expansion.failures) {
     ++tally.total;
-    tally.complaints.push_back(complaint);
-    tally.failed.push_back(ShownName(argument));
+    tally.complaints.push_back(failure.file + ": " + failure.reason);
+    tally.failed.push_back(failure.file);
   }
   for (const SourceArgument& source : expansion.sources) {
     if (IsInterrupted()) return;
