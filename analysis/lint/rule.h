@@ -95,6 +95,7 @@ const char* Word(Severity severity);
 
 // The tables, in the order in which rules are listed.
 extern const Rows<Rule> kLoaderRules;
+extern const Rows<Rule> kReferencesRules;
 extern const Rows<Rule> kNamesRules;
 extern const Rows<Rule> kDocumentationRules;
 
