@@ -107,7 +107,8 @@ constexpr Rule kRules[] = {
      "and come after it in the order of their ids.",
      "A simple name in place of the full name.",
      "Write the full name of the operation.",
-     {{ZELK_EXAMPLE_SCHEME(R"(, "operations": {"switch.start": ["login"]})")},
+     {{ZELK_EXAMPLE_SCHEME(
+          R"(, "packages": {"acme": ["login"]}, "operations": {"switch.start": ["login"]})")},
       "authentication/component:acme/operation:switch.start"},
      OperationWithoutPackage},
     {"duplicate-command",

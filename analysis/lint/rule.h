@@ -98,6 +98,7 @@ extern const Rows<Rule> kLoaderRules;
 extern const Rows<Rule> kReferencesRules;
 extern const Rows<Rule> kNamesRules;
 extern const Rows<Rule> kDocumentationRules;
+extern const Rows<Rule> kAuthenticationRules;
 
 /// All rules of all groups.
 const std::vector<const Rule*>& Rules();

@@ -14,19 +14,23 @@ const std::vector<std::string>& UnknownNames::Known(ElementKind kind) {
   return known->second;
 }
 
-void UnknownNames::Report(const Place& place, ElementKind wanted, std::string_view name) {
-  const bool is_mistake = workspace_.GetDefinitions().IsLoaded(name);
-  if (!is_mistake && (workspace_.IsExternal(name) || !noted_.insert(name).second)) return;
-  Remark remark;
+Remark UnknownNames::RemarkOn(ElementKind wanted, std::string_view name) {
   const std::string text(name);
-  remark.message = std::string("the ") + Word(wanted) + " '" + text + "' is not loaded";
-  remark.subject = text;
-  remark.hint = findings_.Hint(name, Known(wanted));
+  return {std::string("the ") + Word(wanted) + " '" + text + "' is not loaded", text,
+          findings_.Hint(name, Known(wanted))};
+}
+
+void UnknownNames::ReportMissing(const Place& place, ElementKind wanted, std::string_view name) {
+  findings_.Add(place, RemarkOn(wanted, name));
+}
+
+void UnknownNames::Report(const Place& place, ElementKind wanted, std::string_view name) {
+  if (workspace_.GetDefinitions().IsLoaded(name)) return ReportMissing(place, wanted, name);
+  if (workspace_.IsExternal(name) || !noted_.insert(name).second) return;
+  Remark remark = RemarkOn(wanted, name);
+  remark.severity = Severity::kNote;
   Place at = place;
-  if (!is_mistake) {
-    remark.severity = Severity::kNote;
-    at.element = kNoElement;
-  }
+  at.element = kNoElement;
   findings_.Add(at, std::move(remark));
 }
 

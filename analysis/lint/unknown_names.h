@@ -20,9 +20,14 @@ class UnknownNames {
   /// `place` names an element of the kind that is not loaded.
   void Report(const Place& place, ElementKind wanted, std::string_view name);
 
+  /// The same, if the name cannot be of a source that is not there.
+  void ReportMissing(const Place& place, ElementKind wanted, std::string_view name);
+
  private:
   /// The names of all elements of the kind.
   const std::vector<std::string>& Known(ElementKind kind);
+
+  Remark RemarkOn(ElementKind wanted, std::string_view name);
 
   const Workspace& workspace_;
   Findings& findings_;

@@ -9,6 +9,19 @@
 
 using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): short ways to lint
 
+namespace {
+
+/// About a service whose name has one part more than its package.
+std::string Nested(const std::string& domain, const std::string& service, const std::string& name) {
+  const std::string package = "com.orvane.zelk.metadata." + domain;
+  const std::string full_name = package + "." + service + "." + name;
+  return "note service:" + full_name + ": the service '" + full_name +
+         "' is listed in the package '" + package + "." + service + "', but is in '" + package +
+         "'";
+}
+
+}  // namespace
+
 TEST(ShippedMetadata, HasNotesOnly) {
   std::vector<std::string> texts;
   for (const char* domain : {"metamodel", "authentication", "cli"}) {
@@ -30,5 +43,10 @@ TEST(ShippedMetadata, HasNotesOnly) {
           "note metamodel: no structure is a model of the resource "
           "'com.orvane.zelk.metadata.authentication.source'",
           "note metamodel: no structure is a model of the resource "
-          "'com.orvane.zelk.metadata.cli.source'"));
+          "'com.orvane.zelk.metadata.cli.source'",
+          "note authentication: the service 'com.orvane.zelk.session' is not loaded",
+          "note authentication: the service 'com.orvane.zelk.session.administrator' is not loaded",
+          Nested("metamodel", "resource", "model"), Nested("metamodel", "service", "operation"),
+          Nested("metamodel", "service", "hidden"),
+          Nested("authentication", "service", "operation")));
 }
