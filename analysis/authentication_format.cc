@@ -1,3 +1,5 @@
+#include <iterator>
+
 #include <com/orvane/zelk/metadata/authentication/enumerations.h>
 
 #include "analysis/format_parts.h"
@@ -9,21 +11,28 @@ namespace Bindings = ::Com::Orvane::Zelk::Metadata;
 
 using SchemeType = Bindings::Authentication::AuthenticationInfoEnumerations::SchemeType;
 
+constexpr const char* kSchemeTexts[] = {
+    "Every call is authenticated by itself.",
+    "Calls are authenticated through a session.",
+};
+static_assert(std::size(kSchemeTexts) == SchemeType::UNKNOWN, "one text an enumerator");
 }  // namespace
 
-constexpr Words kSchemeTypes{SchemeType::Strings::values, "SESSIONAWARE", "SESSION_AWARE"};
+constexpr Words kSchemeTypes{SchemeType::Strings::values, "SESSIONAWARE", "SESSION_AWARE",
+                             kSchemeTexts};
 
 namespace {
 
-constexpr KeyForm kSessionKeys[] = {{"sessionManager", kText}};
-constexpr ObjectForm kSession{kSessionKeys};
+constexpr KeyForm kSessionKeys[] = {
+    {"sessionManager", Text(Style::kFullName), "The service that manages the sessions."}};
+constexpr ObjectForm kSession{nullptr, kSessionKeys};
 constexpr Variant kSchemeVariants[] = {{"SESSION_AWARE", &kSession}};
 
 constexpr KeyForm kSchemeKeys[] = {
-    {"authenticationScheme", kText},
-    {"type", OneOf(kSchemeTypes)},
+    {"authenticationScheme", Text(Style::kFullName), "Id of the scheme, which clients know."},
+    {"type", OneOf(kSchemeTypes), "Whether calls need a session."},
 };
-constexpr ObjectForm kSchemeObject{kSchemeKeys, "type", &kSchemeTypes, kSchemeVariants};
+constexpr ObjectForm kSchemeObject{"scheme", kSchemeKeys, "type", &kSchemeTypes, kSchemeVariants};
 constexpr ValueForm kScheme =
     WithRule(Each(ElementKind::kScheme, kSchemeObject), Rule::kDefinesScheme);
 
@@ -40,29 +49,37 @@ constexpr ValueForm kService =
 constexpr ValueForm kPackage = As(ElementKind::kPackageList, kSchemeList);
 
 constexpr KeyForm kComponentKeys[] = {
-    {"name", kText},
-    Optional("schemes", MembersOf(kScheme)),
-    Optional("operations", MembersOf(kOperation)),
-    Optional("services", MembersOf(kService)),
-    {"packages", MembersOf(kPackage), KeyForm::kOptional, Rule::kServicesOfOperations},
+    {"name", Text(Style::kFullName), "Full name of the component, as in the Metamodel file."},
+    Optional("schemes", MembersOf(kScheme), "Schemes by names that only this component uses."),
+    Optional("operations", MembersOf(kOperation, Style::kOperationId),
+             "Names of `schemes` by the id of an operation: full name of the service, a full stop, "
+             "simple name of the operation."),
+    Optional("services", MembersOf(kService, Style::kServiceId),
+             "Names of `schemes` by the full name of a service."),
+    {"packages", MembersOf(kPackage, Style::kFullName),
+     "Names of `schemes` by the full name of a package.", KeyForm::kOptional,
+     Rule::kServicesOfOperations},
 };
-constexpr ObjectForm kComponentObject{kComponentKeys};
+constexpr ObjectForm kComponentObject{"component", kComponentKeys};
 constexpr ValueForm kComponent = As(ElementKind::kComponent, Object(kComponentObject));
 
 constexpr KeyForm kAuthenticationKeys[] = {
-    {"product", kComponent, KeyForm::kSeparate},
-    {"component", kComponent, KeyForm::kSeparate},
+    {"product", kComponent,
+     "A second component. A mistake in it is not reported if the file loads without it.",
+     KeyForm::kSeparate},
+    {"component", kComponent, "The component that the file describes.", KeyForm::kSeparate},
 };
-constexpr ObjectForm kAuthentication{kAuthenticationKeys};
+constexpr ObjectForm kAuthentication{"authentication", kAuthenticationKeys};
 
 constexpr KeyForm kRootKeys[] = {
-    {"authentication", WithRule(Object(kAuthentication), Rule::kProductOrComponent)},
+    {"authentication", WithRule(Object(kAuthentication), Rule::kProductOrComponent),
+     "Marks an Authentication file: the schemes that calls of a component need."},
 };
-constexpr ObjectForm kRoot{kRootKeys};
+constexpr ObjectForm kRoot{"document", kRootKeys};
 
 }  // namespace
 
-const Format kAuthenticationFormat{Domain::kAuthentication, "authentication",
+const Format kAuthenticationFormat{Domain::kAuthentication, "authentication", "Authentication file",
                                    Each(ElementKind::kNone, kRoot)};
 
 }  // namespace Zelk::Analysis

@@ -8,8 +8,8 @@
 #include "analysis/element.h"
 
 // The three file formats as tables: the keys of each object in the order in which the library reads
-// them, and what the value of each must be. reader.h reads files by them. They are in
-// metamodel_format.cc, authentication_format.cc and cli_format.cc.
+// them, what the value of each must be, and what authors should know of it. reader.h reads files by
+// them. They are in metamodel_format.cc, authentication_format.cc and cli_format.cc.
 
 namespace Zelk::Analysis {
 
@@ -43,6 +43,8 @@ struct Words {
   /// One more text, and the one of `texts` that it is taken for; or null.
   const char* alias;
   const char* meaning;
+  /// What each of `texts` means, in the same order; or null.
+  const char* const* documentation = nullptr;
 
   /// The one of `texts` that the text is taken for; null if it is not allowed.
   const char* Find(std::string_view text) const;
@@ -93,6 +95,30 @@ enum class Rule : std::uint8_t {
   kProductOrComponent,
 };
 
+/// How authors should write a text, or the keys of kMembers. The library takes any text.
+enum class Style : std::uint8_t {
+  kAny,
+  kNotEmpty,
+  /// Without full stops and blanks.
+  kSimpleName,
+  /// The same, or empty.
+  kSimpleNameOrEmpty,
+  /// Simple names with full stops between them.
+  kFullName,
+  /// The same, or empty.
+  kPath,
+  /// A full name of two parts or more.
+  kServiceId,
+  /// A full name of three parts or more.
+  kOperationId,
+  /// One of `words`, or a full name of two parts or more.
+  kWordOrFullName,
+  /// One of `words`.
+  kWord,
+  /// Any text that is not empty; `words` are examples.
+  kExamples,
+};
+
 struct ObjectForm;
 
 struct ValueForm {
@@ -100,24 +126,31 @@ struct ValueForm {
   ElementKind element = ElementKind::kNone;
   const ObjectForm* object = nullptr;
   const ValueForm* each = nullptr;
+  /// The allowed texts. If any text is allowed, those that authors should write; of kMembers, keys
+  /// that have a meaning.
   const Words* words = nullptr;
   /// What messages call the value in place of its key.
   const char* called = nullptr;
   Rule rule = Rule::kNone;
   /// The id of the message about a value of another JSON type.
   const char* invalid_id = "zelk.metadata.json.invalid.field";
+  Style style = Style::kAny;
 };
 
 struct KeyForm {
   enum Presence : std::uint8_t {
     kRequired,
     kOptional,
+    /// Optional, but authors should write it.
+    kAdvised,
     /// Optional, and what is wrong within it fails only itself.
     kSeparate,
   };
 
   const char* name;
   ValueForm value;
+  /// For authors: what the value is.
+  const char* documentation;
   Presence presence = kRequired;
   Rule before = Rule::kNone;
 };
@@ -130,7 +163,10 @@ struct Variant {
 };
 
 struct ObjectForm {
-  Rows<KeyForm> keys;
+  /// What authors call the object; null for the keys of a variant, which have the name of the
+  /// whole.
+  const char* name = nullptr;
+  Rows<KeyForm> keys = {};
   /// The key that decides how the object goes on; or null.
   const char* decided_by = nullptr;
   /// How its text is read; if null, exactly one of the variants' texts is needed.
@@ -142,6 +178,8 @@ struct Format {
   Domain domain;
   /// The key of the root by which files of the format are known; the name of the domain, too.
   const char* root_key;
+  /// What people call a file of the format.
+  const char* title;
   ValueForm root;
 };
 

@@ -9,6 +9,19 @@ namespace Zelk::Analysis {
 inline constexpr ValueForm kAnything{Form::kAnything};
 inline constexpr ValueForm kText{Form::kText};
 
+/// A text that authors should write in this style.
+constexpr ValueForm Text(Style style) {
+  ValueForm form = kText;
+  form.style = style;
+  return form;
+}
+
+/// `form`, with words that authors should know.
+constexpr ValueForm WithWords(ValueForm form, const Words& words) {
+  form.words = &words;
+  return form;
+}
+
 /// `form`, as messages call it.
 constexpr ValueForm Called(ValueForm form, const char* called) {
   form.called = called;
@@ -44,8 +57,10 @@ constexpr ValueForm ListOf(const ValueForm& each) {
   return {Form::kList, ElementKind::kNone, nullptr, &each};
 }
 
-constexpr ValueForm MembersOf(const ValueForm& each) {
-  return {Form::kMembers, ElementKind::kNone, nullptr, &each};
+constexpr ValueForm MembersOf(const ValueForm& each, Style keys = Style::kNotEmpty) {
+  ValueForm form{Form::kMembers, ElementKind::kNone, nullptr, &each};
+  form.style = keys;
+  return form;
 }
 
 /// `form`, about which messages of the CLI domain's own say that it is of another JSON type.
@@ -55,8 +70,8 @@ constexpr ValueForm Own(ValueForm form, const char* called) {
   return form;
 }
 
-constexpr KeyForm Optional(const char* name, const ValueForm& value) {
-  return {name, value, KeyForm::kOptional};
+constexpr KeyForm Optional(const char* name, const ValueForm& value, const char* documentation) {
+  return {name, value, documentation, KeyForm::kOptional};
 }
 
 }  // namespace Zelk::Analysis

@@ -15,6 +15,7 @@ using Zelk::Analysis::kText;
 using Zelk::Analysis::ObjectForm;
 using Zelk::Analysis::OwnerOf;
 using Zelk::Analysis::Rule;
+using Zelk::Analysis::Style;
 using Zelk::Analysis::ValueForm;
 using Zelk::Analysis::Words;
 
@@ -58,6 +59,9 @@ TEST(Format, PartsMakeTheFormsThatTheyName) {
   EXPECT_EQ(Each(ElementKind::kField, object).form, Form::kElement);
   EXPECT_EQ(ListOf(called).each, &called);
   EXPECT_EQ(MembersOf(called).form, Form::kMembers);
+  EXPECT_EQ(MembersOf(called, Style::kPath).style, Style::kPath);
+  EXPECT_EQ(Text(Style::kFullName).style, Style::kFullName);
+  EXPECT_EQ(WithWords(called, words).words, &words);
   EXPECT_NE(std::string(Own(called, word.c_str()).invalid_id), called.invalid_id);
-  EXPECT_EQ(Optional(word.c_str(), called).presence, KeyForm::kOptional);
+  EXPECT_EQ(Optional(word.c_str(), called, "").presence, KeyForm::kOptional);
 }
