@@ -125,6 +125,9 @@ constexpr ObjectForm kRoot{"document", kRootKeys};
 
 }  // namespace
 
+constexpr Words kFormatterTypes{FormatterType::Strings::values, nullptr, nullptr};
+constexpr Words kOptionGenerics{GenericType::Strings::values, nullptr, nullptr};
+
 const Format kCliFormat{Domain::kCli, "cli", "CLI file", Each(ElementKind::kNone, kRoot)};
 
 }  // namespace Zelk::Analysis

@@ -60,6 +60,11 @@ extern const Words kGenericTypes;
 extern const Words kStructureTypes;
 extern const Words kSchemeTypes;
 
+// What the library knows in CLI files, as its enumerators are spelt. It accepts any other text,
+// too.
+extern const Words kFormatterTypes;
+extern const Words kOptionGenerics;
+
 /// What a value must be.
 enum class Form : std::uint8_t {
   kAnything,

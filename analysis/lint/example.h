@@ -30,6 +30,31 @@
 /// An operation that takes nothing and returns nothing.
 #define ZELK_EXAMPLE_START ZELK_EXAMPLE_OPERATION("start", "", ZELK_EXAMPLE_BUILTIN("VOID"), "")
 
+#define ZELK_EXAMPLE_TYPE(kind, name) \
+  R"({"category": "USER_DEFINED", "user_defined_type": ")" kind \
+  "\",\n  \"user_defined_type_name\": \"" name "\"}"
+
+/// A field or a parameter.
+#define ZELK_EXAMPLE_FIELD(name, metadata, type) \
+  "\n  {\"name\": \"" name R"(", "documentation": "A part.", "metadata": {)" metadata \
+  "},\n  \"type\": " type "}"
+
+#define ZELK_EXAMPLE_STRUCTURE(name, type, fields) \
+  "\n  {\"name\": \"" name "\", \"type\": \"" type "\", \"documentation\": \"Facts.\"," \
+  "\n  \"metadata\": {}, \"enumerations\": [], \"constants\": [], \"fields\": [" fields "]}"
+
+/// A file with one operation that takes and returns nothing else.
+#define ZELK_EXAMPLE_OF(structures, params, result, errors) \
+  ZELK_EXAMPLE_SERVICE(structures, "", ZELK_EXAMPLE_OPERATION("start", params, result, errors))
+
+/// Built-in types.
+#define ZELK_EXAMPLE_VOID ZELK_EXAMPLE_BUILTIN("VOID")
+
+#define ZELK_EXAMPLE_LONG ZELK_EXAMPLE_BUILTIN("LONG")
+
+/// The element path of the service.
+#define ZELK_EXAMPLE_PATH "metamodel/component:acme/package:acme.power/service:acme.power.switch"
+
 /// An Authentication file with one scheme; `members` begin with a comma.
 #define ZELK_EXAMPLE_SCHEME(members) \
   R"({"authentication": {"component": {"name": "acme", "schemes": {)" \
@@ -47,6 +72,19 @@
   "\n  " R"({"type": "command", "path": ")" path R"(", "name": ")" name \
   "\", \"description\": \"Starts it.\",\n  \"node_metadata\": " \
   R"({"service_id": "acme.power.switch", "operation_id": "start")" metadata "}}"
+
+#define ZELK_EXAMPLE_OPTION(name, field, type, generic) \
+  "\n  {\"long_option\": \"" name "\", \"field_name\": \"" field R"(", "description": "How much.",)" \
+  "\n  \"type\": \"" type "\", \"generic\": \"" generic "\"}"
+
+#define ZELK_EXAMPLE_OUTPUT(structure, field) \
+  "\n  {\"structure_id\": \"" structure "\", \"output_fields\": [" \
+  "\n  {\"field_name\": \"" field R"(", "display_name": "Volts"}]})"
+
+/// A file with one command; `options` and `outputs` are lists without their brackets.
+#define ZELK_EXAMPLE_STARTS(options, outputs) \
+  ZELK_EXAMPLE_CLI(ZELK_EXAMPLE_COMMAND( \
+    "", "start", ",\n  \"options\": [" options "], \"output_field_list\": [" outputs "]"))
 
 // NOLINTEND(cppcoreguidelines-macro-usage)
 // clang-format on

@@ -3,22 +3,12 @@
 #include <rapidjson/encodings.h>
 #include <rapidjson/memorystream.h>
 
-#include <com/orvane/zelk/metadata/cli/enumerations.h>
-
 #include "analysis/lint/loader_rules.h"
 #include "analysis/near.h"
 #include "analysis/text.h"
 
 namespace Zelk::Analysis::Lint {
 namespace {
-
-namespace Bindings = ::Com::Orvane::Zelk::Metadata;
-
-using FormatterType = Bindings::Cli::CommandSvc::FormatterType;
-using GenericType = Bindings::Cli::CommandSvc::GenericType;
-
-constexpr Words kFormatters{FormatterType::Strings::values, nullptr, nullptr};
-constexpr Words kGenerics{GenericType::Strings::values, nullptr, nullptr};
 
 bool HasEmptyPart(std::string_view path) {
   return path.front() == '.' || path.back() == '.' || path.find("..") != std::string_view::npos;
@@ -122,8 +112,8 @@ const Words* WordsOf(const OpenFile& file, NodeId node) {
   if (form == nullptr || file.document[node].kind != NodeKind::kString) return nullptr;
   if (form->words != nullptr) return form->words;
   if (file.model.GetDomain() != Domain::kCli) return nullptr;
-  if (file.document.Key(node) == "formatter") return &kFormatters;
-  return file.document.Key(node) == "generic" ? &kGenerics : nullptr;
+  if (file.document.Key(node) == "formatter") return &kFormatterTypes;
+  return file.document.Key(node) == "generic" ? &kOptionGenerics : nullptr;
 }
 
 }  // namespace
@@ -187,8 +177,8 @@ void InvalidUtf8(const OpenFile& file, Findings& findings) {
 
 void UnknownEnumerator(const OpenFile& file, Findings& findings) {
   if (file.model.GetDomain() == Domain::kMetamodel) return LookAtTypeKind(file, findings);
-  LookAtWord(file, "formatter", kFormatters, false, findings);
-  LookAtWord(file, "generic", kGenerics, true, findings);
+  LookAtWord(file, "formatter", kFormatterTypes, false, findings);
+  LookAtWord(file, "generic", kOptionGenerics, true, findings);
 }
 
 void NoncanonicalSpelling(const OpenFile& file, Findings& findings) {
@@ -196,7 +186,7 @@ void NoncanonicalSpelling(const OpenFile& file, Findings& findings) {
     const Words* const words = WordsOf(file, node);
     if (words == nullptr) continue;
     const std::string text(file.document.String(node));
-    const char* const word = text.empty() && words == &kGenerics ? "NONE" : words->Find(text);
+    const char* const word = text.empty() && words == &kOptionGenerics ? "NONE" : words->Find(text);
     if (word == nullptr || text == word) continue;
     findings.Add(file.PlaceOf(node), {"'" + text + "' is read as '" + word + "'", text});
   }

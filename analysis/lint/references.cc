@@ -4,34 +4,6 @@
 namespace Zelk::Analysis::Lint {
 namespace {
 
-// clang-format off
-// NOLINTBEGIN(cppcoreguidelines-macro-usage): only macros join literals
-
-#define ZELK_EXAMPLE_TYPE(kind, name) \
-  R"({"category": "USER_DEFINED", "user_defined_type": ")" kind \
-  "\",\n  \"user_defined_type_name\": \"" name "\"}"
-
-#define ZELK_EXAMPLE_FIELD(name, metadata, type) \
-  "\n  {\"name\": \"" name R"(", "documentation": "A part.", "metadata": {)" metadata \
-  "},\n  \"type\": " type "}"
-
-#define ZELK_EXAMPLE_STRUCTURE(name, type, fields) \
-  "\n  {\"name\": \"" name "\", \"type\": \"" type "\", \"documentation\": \"Facts.\"," \
-  "\n  \"metadata\": {}, \"enumerations\": [], \"constants\": [], \"fields\": [" fields "]}"
-
-/// One operation that takes and returns nothing else.
-#define ZELK_EXAMPLE_OF(structures, params, result, errors) \
-  ZELK_EXAMPLE_SERVICE(structures, "", ZELK_EXAMPLE_OPERATION("start", params, result, errors))
-
-#define ZELK_EXAMPLE_VOID ZELK_EXAMPLE_BUILTIN("VOID")
-
-#define ZELK_EXAMPLE_LONG ZELK_EXAMPLE_BUILTIN("LONG")
-
-#define ZELK_EXAMPLE_PATH "metamodel/component:acme/package:acme.power/service:acme.power.switch"
-
-// NOLINTEND(cppcoreguidelines-macro-usage)
-// clang-format on
-
 constexpr Rule kRules[] = {
     {"unresolved-reference",
      Group::kReferences,

@@ -25,7 +25,7 @@ const std::vector<const Rule*>& Rules() {
   static const std::vector<const Rule*> rules = [] {
     std::vector<const Rule*> all;
     for (const Rows<Rule>* group : {&kLoaderRules, &kReferencesRules, &kNamesRules,
-                                    &kDocumentationRules, &kAuthenticationRules}) {
+                                    &kDocumentationRules, &kAuthenticationRules, &kCliRules}) {
       for (const Rule& rule : *group) all.push_back(&rule);
     }
     return all;

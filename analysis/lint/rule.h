@@ -99,6 +99,7 @@ extern const Rows<Rule> kReferencesRules;
 extern const Rows<Rule> kNamesRules;
 extern const Rows<Rule> kDocumentationRules;
 extern const Rows<Rule> kAuthenticationRules;
+extern const Rows<Rule> kCliRules;
 
 /// All rules of all groups.
 const std::vector<const Rule*>& Rules();

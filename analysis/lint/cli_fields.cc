@@ -1,0 +1,156 @@
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string>
+
+#include "analysis/format.h"
+#include "analysis/lint/call.h"
+#include "analysis/lint/cli_rules.h"
+#include "analysis/text.h"
+
+// Whether options are as what they fill.
+
+namespace Zelk::Analysis::Lint {
+namespace {
+
+/// An option, and the parameter or field that it fills.
+struct Filled {
+  ElementId option;
+  const FieldPath& path;
+  ElementId field;
+};
+
+/// Calls `look` with the options that fill something that is loaded, `pass` with the others.
+template <typename Look, typename Pass>
+void ForEachOption(const Workspace& workspace, const Look& look, const Pass& pass) {
+  for (const Call& call : CallsOf(workspace)) {
+    for (const Filling& filling : FillingsOf(workspace, call)) {
+      if (filling.path.end == FieldPath::kComplete) {
+        look(Filled{filling.option, filling.path, filling.path.found.back()});
+      } else {
+        pass(filling.option);
+      }
+    }
+  }
+}
+
+Place PlaceOfMember(const Model& model, ElementId option, const char* key) {
+  return PlaceOf(model, option, model.DocumentOf(option).Find(model[option].node, key));
+}
+
+/// As options write the type within the generics; empty for a type that no option can have.
+std::string TypeText(const Workspace& workspace, ElementId field) {
+  const Content& content = workspace.GetDefinitions().ContentOf(field);
+  if (content.shape.arity == Arity::kOther) return "";
+  const Document& document = workspace.ModelOf(Domain::kMetamodel).DocumentOf(field);
+  const TypeLevel level = ReadType(document, content.shape.inner);
+  const bool is_builtin = level.form == TypeForm::kBuiltin;
+  return std::string(is_builtin ? level.word : document.String(level.name));
+}
+
+bool IsSameType(const std::string& written, const std::string& type) {
+  const char* const builtin = kBuiltinTypes.Find(written);
+  return builtin != nullptr ? type == builtin : LowerCase(written) == LowerCase(type);
+}
+
+/// What an option or a field takes.
+struct Takes {
+  bool is_list;
+  bool may_be_absent;
+  bool may_have_absent_elements;
+};
+
+constexpr std::array<Takes, 5> kTakes{{
+    {false, false, false},
+    {false, true, false},
+    {true, false, false},
+    {true, true, false},
+    {true, false, true},
+}};
+
+/// Null for a word that is not one of the format.
+const Takes* TakesOf(std::string_view generic) {
+  if (generic.empty()) return kTakes.data();
+  const char* const word = kOptionGenerics.Find(generic);
+  for (std::size_t i = 0; i < kTakes.size(); ++i) {
+    if (kOptionGenerics.texts[i] == word) return &kTakes.at(i);
+  }
+  return nullptr;
+}
+
+/// What is wrong if an option that takes `option` fills `called`, which takes `field`. The message
+/// is empty if nothing is.
+Remark Compare(const Takes& option, const Takes& field, bool is_within_optional,
+               const std::string& called) {
+  if (option.is_list != field.is_list) {
+    return {field.is_list ? "the option takes one value, but " + called + " is a list"
+                          : "the option takes a list, but " + called + " is one value"};
+  }
+  if (option.may_be_absent && !field.may_be_absent && !is_within_optional) {
+    return {"the option may be left out, but " + called + " is required"};
+  }
+  if (option.may_have_absent_elements && !field.may_have_absent_elements) {
+    return {"values of the option may be absent, but not those of " + called};
+  }
+  if (!option.may_be_absent && field.may_be_absent && !is_within_optional) {
+    return {"the option is required, but " + called + " is optional", "", "", Severity::kWarning};
+  }
+  return {};
+}
+
+}  // namespace
+
+void OptionTypeMismatch(const Workspace& workspace, Findings& findings) {
+  const Model& model = workspace.ModelOf(Domain::kCli);
+  const Model& metamodel = workspace.ModelOf(Domain::kMetamodel);
+  std::set<std::string_view> noted;
+  ForEachOption(
+      workspace,
+      [&](const Filled& filled) {
+        const std::string type = TypeText(workspace, filled.field);
+        const std::string written(TextOf(model, filled.option, "type"));
+        if (type.empty() || IsSameType(written, type)) return;
+        findings.Add(PlaceOfMember(model, filled.option, "type"),
+                     {"the option is of type '" + written + "', but " +
+                          Called(metamodel, filled.field) + " is of type '" + type + "'",
+                      written});
+      },
+      [&](ElementId option) {
+        const std::string_view written = TextOf(model, option, "type");
+        const bool is_known =
+            kBuiltinTypes.Find(written) != nullptr ||
+            workspace.GetDefinitions().Definition(ElementKind::kNone, written) != kNoElement;
+        if (is_known || workspace.IsExternal(written) || !noted.insert(written).second) return;
+        Place place = PlaceOfMember(model, option, "type");
+        place.element = kNoElement;
+        findings.Add(place,
+                     {"the type '" + std::string(written) + "' is neither built in nor loaded",
+                      std::string(written), "", Severity::kNote});
+      });
+}
+
+void OptionOptionalityMismatch(const Workspace& workspace, Findings& findings) {
+  const Model& model = workspace.ModelOf(Domain::kCli);
+  const Model& metamodel = workspace.ModelOf(Domain::kMetamodel);
+  ForEachOption(
+      workspace,
+      [&](const Filled& filled) {
+        const Takes* const option = TakesOf(TextOf(model, filled.option, "generic"));
+        if (option == nullptr) return;
+        const Arity arity = workspace.GetDefinitions().ContentOf(filled.field).shape.arity;
+        const bool is_within_optional =
+            std::any_of(filled.path.found.begin(), filled.path.found.end() - 1,
+                        [&](ElementId part) { return IsOptional(workspace, part); });
+        const std::string called = Called(metamodel, filled.field);
+        Remark remark{"no option can fill " + called, "", "", Severity::kNote};
+        if (arity != Arity::kOther) {
+          const Takes& field = kTakes.at(static_cast<std::size_t>(arity));
+          remark = Compare(*option, field, is_within_optional, called);
+        }
+        if (remark.message.empty()) return;
+        findings.Add(PlaceOfMember(model, filled.option, "generic"), std::move(remark));
+      },
+      [](ElementId) {});
+}
+
+}  // namespace Zelk::Analysis::Lint
