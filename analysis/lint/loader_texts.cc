@@ -110,8 +110,7 @@ void LookAtTypeKind(const OpenFile& file, Findings& findings) {
 const Words* WordsOf(const OpenFile& file, NodeId node) {
   const ValueForm* const form = file.shape.FormOf(node);
   if (form == nullptr || file.document[node].kind != NodeKind::kString) return nullptr;
-  if (form->words != nullptr) return form->words;
-  if (file.model.GetDomain() != Domain::kCli) return nullptr;
+  if (file.model.GetDomain() != Domain::kCli) return form->words;
   if (file.document.Key(node) == "formatter") return &kFormatterTypes;
   return file.document.Key(node) == "generic" ? &kOptionGenerics : nullptr;
 }
