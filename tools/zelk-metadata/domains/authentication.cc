@@ -86,7 +86,7 @@ Authentication::Authentication(const Container& container)
        {},
        kFirstSource,
        true},
-      SourceKind(source_),
+      SourceKind("authentication", source_),
   };
 }
 

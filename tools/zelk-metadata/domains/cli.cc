@@ -99,7 +99,7 @@ Cli::Cli(const Container& container)
        FingerprintQuery(command_, &CommandSvc::Fingerprint),
        kFirstSource,
        true},
-      SourceKind(source_),
+      SourceKind("cli", source_),
   };
 }
 

@@ -116,7 +116,7 @@ Metamodel::Metamodel(const Container& container)
       {"resource", {"resource"}, ListQuery(resource_, &ResourceSvc::List), {}, {}, kTogether},
       {"model", {"resource"}, ListQuery(model_, &ModelSvc::List), {}, {}, kLastSource},
       {"hidden", {}, ListQuery(hidden_, &HiddenSvc::List), {}, {}},
-      SourceKind(source_),
+      SourceKind("metamodel", source_),
   };
 }
 
