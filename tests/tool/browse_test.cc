@@ -248,8 +248,28 @@ TEST(Outlines, ReportAFileThatWasRemoved) {
   host.Load({"a", file});
   std::filesystem::remove(file);
   std::vector<Zelk::Tool::LoadReport> failures;
-  EXPECT_TRUE(host.Outlines(failures).empty());
+  const auto watcher = [](std::size_t, std::size_t, const std::string&) {};
+  EXPECT_TRUE(host.Outlines(failures, watcher).empty());
   EXPECT_EQ(failures.size(), 1U);
+}
+
+TEST(Get, PageOfASourceNamesItsDomain) {
+  const ToolRun run = RunLine("get source x --source x=" + kDataFolder + "/inventory.json" +
+                              " --source x=" + kDataFolder + "/schemes.json");
+  EXPECT_THAT(run.out, AllOf(testing::StartsWith("metamodel:source x\n"),
+                             HasSubstr("\nauthentication:source x\n")));
+}
+
+TEST(Fingerprint, WithoutASourceIsWrongUsage) {
+  const ToolRun run = RunLine("fingerprint");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "zelk-metadata: nothing is loaded; --source PATH loads a file or a folder\n");
+  const ToolRun missing = RunLine("fingerprint --source nope.json");
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_EQ(missing.out, "");
+  EXPECT_EQ(missing.err, "zelk-metadata: nope.json: No such file or directory\n");
+  EXPECT_EQ(RunTool({"shell"}, "fingerprint\n").status, 2);
 }
 
 TEST(Get, ServiceOfAuthenticationOnlyHasAPage) {

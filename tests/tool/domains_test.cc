@@ -1,3 +1,5 @@
+#include <new>
+
 #include <gmock/gmock.h>
 
 #include "domains/table.h"
@@ -23,11 +25,13 @@ using Zelk::Tool::ServiceError;
 
 namespace {
 
-/// Knows components, as the first domain does, and paints. Refuses a source called "bad".
+/// Knows components, as the first domain does, and paints. Refuses a source called "bad", and has
+/// no memory for one called "huge".
 class Colours final : public Domain {
  public:
   std::optional<ServiceError> CreateSource(const std::string& id,
                                            const std::string& /*path*/) override {
+    if (id == "huge") throw std::bad_alloc();
     if (id != "bad") return std::nullopt;
     return ServiceError{"error", {Message{"colours.parse.error", "at %2%", {"7", "3"}}}};
   }
@@ -131,10 +135,39 @@ TEST(Domains, DomainWithoutOutlineAddsNothing) {
   host.Load({"a", folder.Write("a.json", R"({"colours": 1})")});
   host.Load({"b", kDataFolder + "/inventory.json"});
   std::vector<LoadReport> failures;
-  const auto outlines = host.Outlines(failures);
+  const auto outlines =
+      host.Outlines(failures, [](std::size_t, std::size_t, const std::string&) {});
   EXPECT_THAT(failures, IsEmpty());
   ASSERT_EQ(outlines.size(), 2U);
   EXPECT_FALSE(outlines.front().outline.empty());
   EXPECT_TRUE(outlines.back().outline.empty());
   EXPECT_THAT(host.About(TwoDomains().front(), {"component", {"com.acme"}}), IsEmpty());
+}
+
+TEST(Domains, SourceThatMemoryIsTooSmallForIsNotLoaded) {
+  const TempFolder folder;
+  const std::string colours = folder.Write("a.json", R"({"colours": 1})");
+  Host host(TwoDomains());
+  EXPECT_THROW(host.Load({"huge", colours}), std::bad_alloc);
+  EXPECT_THAT(host.SourceIds(), IsEmpty());
+  EXPECT_TRUE(host.Load({"a", colours}).problems.empty());
+  EXPECT_THAT(host.SourceIds(), ElementsAre("a"));
+}
+
+TEST(Domains, WatcherGetsTheNumberOfEachFileAndOfAll) {
+  Host host(Zelk::Tool::Domains());
+  const std::string inventory = kDataFolder + "/inventory.json";
+  const std::string network = kDataFolder + "/network.json";
+  host.Load({"b", inventory});
+  host.Load({"a", network});
+  std::vector<std::string> seen;
+  const auto watcher = [&seen](std::size_t number, std::size_t total, const std::string& file) {
+    seen.push_back(std::to_string(number) + " of " + std::to_string(total) + ": " + file);
+  };
+  std::vector<LoadReport> failures;
+  host.Outlines(failures, watcher);
+  EXPECT_THAT(seen, ElementsAre("1 of 2: " + network, "2 of 2: " + inventory));
+  seen.clear();
+  host.Reload(std::nullopt, watcher);
+  EXPECT_THAT(seen, ElementsAre("1 of 2: " + network, "2 of 2: " + inventory));
 }

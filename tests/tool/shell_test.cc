@@ -1,4 +1,5 @@
 #include <csignal>
+#include <filesystem>
 #include <sstream>
 #include <string>
 
@@ -12,6 +13,7 @@
 #include "support/file_text.h"
 #include "support/source_dir.h"
 #include "support/temp_folder.h"
+#include "tool/shell_run.h"
 #include "tool/tool_run.h"
 
 // Sessions without a terminal: lines in, answers out.
@@ -232,17 +234,15 @@ TEST(Shell, ExactIdWinsOverDomainAndId) {
   EXPECT_EQ(talk.Say("list sources").out, "one\n");
   talk.Say("delete one");
   talk.Say(create);
-  const ToolRun run = talk.Say("reload metamodel:one");
-  EXPECT_EQ(run.out, "same\tmetamodel:metamodel:one\t" + kNetwork + "\t\n");
-  EXPECT_EQ(talk.Say("reload metamodel:metamodel:one").out, run.out);
+  const ToolRun run = talk.Say("reload metamodel:one --json");
+  EXPECT_THAT(run.out, HasSubstr(R"([{"domain":"metamodel","source":"metamodel:one",)"));
+  EXPECT_EQ(talk.Say("reload metamodel:metamodel:one --json").out, run.out);
 }
 
 TEST(Shell, ReloadTakesSeveralSourcesAndNoEmptyId) {
   Talk talk;
   talk.Say("create " + kInventory + " " + kNetwork);
-  EXPECT_EQ(talk.Say("reload network inventory").out, "same\tmetamodel:network\t" + kNetwork +
-                                                          "\t\nsame\tmetamodel:inventory\t" +
-                                                          kInventory + "\t\n");
+  EXPECT_EQ(talk.Say("reload network inventory").out, "2 sources: 2 the same\n");
   const ToolRun run = talk.Say("reload ''");
   EXPECT_EQ(run.status, 3);
   EXPECT_EQ(run.out, "");
@@ -259,29 +259,31 @@ TEST(Shell, CtrlCStopsLoading) {
     raise(SIGINT);
     EXPECT_TRUE(Zelk::Tool::IsInterrupted());
     EXPECT_EQ(talk.Say("create " + kNetwork).err, "");
-    EXPECT_EQ(talk.Say("reload").out, "");
+    EXPECT_EQ(talk.Say("reload").out, "0 sources\n");
+    EXPECT_EQ(talk.Say("tree").out, "");
   }
   EXPECT_FALSE(Zelk::Tool::IsInterrupted());
   EXPECT_EQ(talk.Say("list sources").out, "inventory\n");
   EXPECT_THAT(talk.Say("tree").out, HasSubstr("com.acme"));
 }
 
-TEST(Shell, ReloadReportsChangedSources) {
+TEST(Shell, ReloadReportsChangedSourcesAndCountsTheOthers) {
   const TempFolder folder;
-  const std::string same = folder.Write("a.json", MetamodelFile(Component("com.a")));
-  const std::string other = folder.Write("b.json", MetamodelFile(Component("com.b")));
+  folder.Write("a.json", MetamodelFile(Component("com.a")));
+  folder.Write("b.json", MetamodelFile(Component("com.b")));
   Talk talk;
   talk.Say("create " + folder.Path(""));
+  EXPECT_EQ(talk.Say("reload").out, "2 sources: 2 the same\n");
   folder.Write("b.json", MetamodelFile(Component("com.changed")));
   EXPECT_EQ(talk.Say("list components").out, "com.a\ncom.b\n") << "not yet";
   const ToolRun run = talk.Say("reload");
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.out, "same\tmetamodel:a\t" + same + "\t\nchanged\tmetamodel:b\t" + other + "\t\n");
+  EXPECT_EQ(run.out, "changed\tmetamodel:b\n2 sources: 1 changed, 1 the same\n");
   EXPECT_EQ(run.err, "");
   EXPECT_EQ(talk.Say("list components").out, "com.a\ncom.changed\n");
 }
 
-TEST(Shell, ReloadReportsKeptSourcesWithTheReason) {
+TEST(Shell, ReloadKeepsTheDataOfAFileThatFailsAndReloadsTheOthers) {
   const TempFolder folder;
   folder.Write("a.json", MetamodelFile(Component("com.a")));
   folder.Write("b.json", MetamodelFile(Component("com.b")));
@@ -293,18 +295,102 @@ TEST(Shell, ReloadReportsKeptSourcesWithTheReason) {
   folder.Write("c.json", MetamodelFile(Component("com.c.new")));
   const ToolRun run = talk.Say("reload");
   EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.out, HasSubstr("changed\tmetamodel:a\t"));
-  EXPECT_THAT(run.out, HasSubstr("kept\tmetamodel:b\t" + broken +
-                                 "\told data, since the file fails to load\n"));
-  EXPECT_THAT(run.out,
-              HasSubstr("old data, since b, which comes before it, fails; reload it by its "
-                        "id\n"));
+  EXPECT_EQ(run.out,
+            "changed\tmetamodel:a\nkept\tmetamodel:b\nchanged\tmetamodel:c\n"
+            "3 sources: 2 changed, 1 kept\n");
   EXPECT_EQ(run.err, "zelk-metadata: " + broken +
+                         ": old data, since the file fails to load\n"
+                         "zelk-metadata: " +
+                         broken +
                          ": Json parse missing field: component "
                          "[zelk.metadata.json.missing.field]\n");
-  EXPECT_EQ(talk.Say("list components").out, "com.a.new\ncom.b\ncom.c\n");
-  EXPECT_THAT(talk.Say("reload c").out, StartsWith("changed\tmetamodel:c\t"));
   EXPECT_EQ(talk.Say("list components").out, "com.a.new\ncom.b\ncom.c.new\n");
+}
+
+TEST(Shell, ReloadSaysWhyAFileCannotBeOpened) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.json", MetamodelFile(Component("com.a")));
+  Talk talk;
+  talk.Say("create " + path);
+  std::filesystem::remove(path);
+  const ToolRun run = talk.Say("reload");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr(path + ": No such file or directory\n"));
+  std::filesystem::create_directory(path);
+  EXPECT_THAT(talk.Say("reload").err, HasSubstr(path + ": Is a directory\n"));
+}
+
+TEST(Shell, ReloadFindsNewAndRemovedFilesOfAFolder) {
+  const TempFolder folder;
+  folder.Write("a.json", MetamodelFile(Component("com.a")));
+  folder.Write("b.json", MetamodelFile(Component("com.b")));
+  Talk talk;
+  talk.Say("create x=" + folder.Path(""));
+  std::filesystem::create_directory(folder.Path("inner"));
+  folder.Write("inner/c.json", MetamodelFile(Component("com.c")));
+  std::filesystem::remove(folder.Path("a.json"));
+  const ToolRun run = talk.Say("reload");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out,
+            "removed\tmetamodel:x/a\nnew\tmetamodel:x/inner/c\n"
+            "3 sources: 1 new, 1 removed, 1 the same\n");
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(talk.Say("list components").out, "com.b\ncom.c\n");
+  EXPECT_EQ(talk.Say("reload").out, "2 sources: 2 the same\n");
+  folder.Write("a.json", MetamodelFile(Component("com.again")));
+  EXPECT_THAT(talk.Say("reload").out, StartsWith("new\tmetamodel:x/a\n"));
+}
+
+TEST(Shell, ReloadLoadsAFileOfAFolderOnceItIsFixed) {
+  const TempFolder folder;
+  folder.Write("a.json", MetamodelFile(Component("com.a")));
+  const std::string broken = folder.Write("b.json", "?");
+  Talk talk;
+  EXPECT_EQ(talk.Say("create " + folder.Path("")).status, 1);
+  const ToolRun run = talk.Say("reload");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "failed\tmetamodel:b\n2 sources: 1 failed, 1 the same\n");
+  EXPECT_THAT(run.err, HasSubstr(broken + ":1:1: Metamodel source file parse error"));
+  folder.Write("b.json", MetamodelFile(Component("com.b")));
+  EXPECT_EQ(talk.Say("reload").out, "new\tmetamodel:b\n2 sources: 1 new, 1 the same\n");
+}
+
+TEST(Shell, ReloadDoesNotBringBackWhatTheUserDeleted) {
+  const TempFolder folder;
+  folder.Write("a.json", MetamodelFile(Component("com.a")));
+  folder.Write("b.json", MetamodelFile(Component("com.b")));
+  Talk talk;
+  talk.Say("create " + folder.Path(""));
+  talk.Say("delete a");
+  EXPECT_EQ(talk.Say("reload").out, "1 source: 1 the same\n");
+}
+
+TEST(Shell, ReloadKeepsTheSourcesOfAFolderThatIsGone) {
+  const TempFolder folder;
+  std::filesystem::create_directory(folder.Path("f"));
+  folder.Write("f/a.json", MetamodelFile(Component("com.a")));
+  Talk talk;
+  talk.Say("create " + folder.Path("f"));
+  std::filesystem::rename(folder.Path("f"), folder.Path("g"));
+  const ToolRun run = talk.Say("reload");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out,
+            "kept\tmetamodel:a\nfailed\t" + folder.Path("f") + "\n2 sources: 1 kept, 1 failed\n");
+  EXPECT_EQ(talk.Say("list components").out, "com.a\n");
+}
+
+TEST(Shell, MemoryThatRunsOutFailsTheLineOnly) {
+  const ToolRun run = Zelk::Testing::RunShell(
+      "cd $(dirname $0)\n"
+      "(printf '{\"metamodel\": '; head -c 300000000 /dev/zero | tr '\\0' ' ') > huge.json\n"
+      "ulimit -v 200000\n"
+      "$tool list components --source huge.json; echo $?\n"
+      "printf 'create huge.json\\nlist sources\\n' | $tool shell --source a=" +
+      kInventory + " --source huge.json; echo $?");
+  EXPECT_EQ(run.out, "4\na\n1\n");
+  EXPECT_EQ(run.err,
+            "zelk-metadata: out of memory\nzelk-metadata: out of memory\n"
+            "zelk-metadata: out of memory\n");
 }
 
 TEST(Shell, ReloadReportsSourcesOfEveryDomain) {
@@ -325,10 +411,10 @@ TEST(Shell, ReloadReportsAFileThatChangedItsDomain) {
   folder.Write("a.json", MetamodelFile(Component("com.a")));
   const ToolRun run = talk.Say("reload");
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, "kept\tcli:a\t" + path +
-                         "\told data, since the file now belongs to metamodel; delete and create "
+  EXPECT_EQ(run.out, "kept\tcli:a\n1 source: 1 kept\n");
+  EXPECT_EQ(run.err, "zelk-metadata: " + path +
+                         ": old data, since the file now belongs to metamodel; delete and create "
                          "it\n");
-  EXPECT_EQ(run.err, "");
 }
 
 TEST(Shell, ReloadInJsonHasLinesAndErrors) {
@@ -353,14 +439,29 @@ TEST(Shell, AnswersComeFromLoadedDataNotFromFiles) {
   Talk talk;
   talk.Say("create " + path);
   folder.Write("a.json", MetamodelFile(Component("com.a", {Package("com.a.new", {})})));
-  EXPECT_THAT(talk.Say("tree").out, HasSubstr("com.a.old"));
-  EXPECT_EQ(talk.Say("search new").status, 3);
-  EXPECT_EQ(talk.Say("which package com.a.old").status, 0);
+  EXPECT_EQ(talk.Say("list packages").out, "com.a.old\n");
   talk.Say("reload a");
+  EXPECT_EQ(talk.Say("list packages").out, "com.a.new\n");
   EXPECT_THAT(talk.Say("tree").out, AllOf(HasSubstr("com.a.new"), Not(HasSubstr("com.a.old"))));
   folder.Write("a.json", "gone wrong");
   talk.Say("reload");
-  EXPECT_THAT(talk.Say("tree").out, HasSubstr("com.a.new"));
+  EXPECT_EQ(talk.Say("list packages").out, "com.a.new\n");
+}
+
+TEST(Shell, TreeLeavesOutAFileThatHasChangedAndSaysSo) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.json", MetamodelFile(Component("com.a")));
+  Talk talk;
+  talk.Say("create " + path + " " + kNetwork);
+  folder.Write("a.json", MetamodelFile(Component("com.new")));
+  for (const char* line : {"tree", "search acme", "which component com.acme.network"}) {
+    const ToolRun run = talk.Say(line);
+    EXPECT_EQ(run.status, 1) << line;
+    EXPECT_THAT(run.out, AllOf(HasSubstr("network"), Not(HasSubstr("com.new")))) << line;
+    EXPECT_EQ(run.err, "zelk-metadata: " + path +
+                           ": left out, since it has changed since it was loaded; reload it\n")
+        << line;
+  }
 }
 
 TEST(ShellCompletion, CompletesCommandsKindsAndNamesOfWhatIsLoaded) {

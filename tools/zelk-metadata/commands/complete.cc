@@ -4,6 +4,7 @@
 
 #include "complete/completion.h"
 #include "domains/table.h"
+#include "host/default_sources.h"
 #include "language/invocation.h"
 #include "render/utf8.h"
 
@@ -30,9 +31,11 @@ bool CanBeRead(const std::string& path, Budget& budget) {
 
 /// Loads what is quick to load, but not standard input, which is the terminal. Errors are reported
 /// when the command runs.
-void LoadForWords(Host& host, const std::vector<std::string>& sources) {
+void LoadForWords(Host& host, const Arguments& arguments) {
   Budget budget;
-  for (const std::string& text : sources) {
+  DefaultSources defaults;
+  if (!arguments.no_default_sources) defaults = FindDefaultSources();
+  for (const std::string& text : WithDefaults(defaults.sources, arguments.sources)) {
     for (const SourceArgument& source : ExpandQuickly(ParseSourceArgument(text), budget.entries)) {
       if (CanBeRead(source.path, budget)) host.Load(source);
     }
@@ -54,8 +57,8 @@ const char* NameOf(Complete::Completion::Of of) {
 /// What can be typed, one a line. Words that a terminal cannot show unchanged, such as those with
 /// line ends, are left out.
 ExitStatus RunComplete(Invocation& call) {
-  const Complete::HostOf host_of = [&call](const std::vector<std::string>& sources) -> const Host& {
-    LoadForWords(call.GetHost(), sources);
+  const Complete::HostOf host_of = [&call](const Arguments& arguments) -> const Host& {
+    LoadForWords(call.GetHost(), arguments);
     return call.GetHost();
   };
   const Complete::Completion completion =

@@ -32,6 +32,7 @@ ExitStatus RunFingerprint(Invocation& call) {
   const std::string kind = call.Args().kind.empty() ? "source" : call.Args().kind;
   ExitStatus status = call.Prepare(kind, ids.size());
   if (status != ExitStatus::kOk) return status;
+  if (!call.HasSources()) return ExitStatus::kUsage;
   Answers<std::string> answers;
   status = call.Ask(&Kind::fingerprint, ids, answers);
   if (call.WantsJson()) {

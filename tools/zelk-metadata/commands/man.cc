@@ -110,11 +110,13 @@ void WritePage(std::ostream& out) {
   out << ".SH ENVIRONMENT\n";
   WriteTagged(out, BoldText("NO_COLOR"), "If not empty, colours are off");
   WriteTagged(out, BoldText("COLUMNS"), "The width to wrap text to, instead of the terminal's");
+  WriteTagged(out, BoldText("ZELK_METADATA_PATH"), "Default sources, separated by colons");
   WriteTagged(out, BoldText("XDG_STATE_HOME"),
               "The folder of the history, ~/.local/state by default");
   out << ".SH FILES\n";
   WriteTagged(out, ItalicText("$XDG_STATE_HOME/zelk-metadata/history"),
               "The lines of earlier sessions");
+  WriteTagged(out, ItalicText(".zelk-metadata.json"), "The settings of a project");
 }
 
 /// The manual page, made from what the program knows of itself.

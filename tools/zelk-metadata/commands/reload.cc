@@ -1,37 +1,69 @@
+#include <algorithm>
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <iterator>
+#include <ostream>
+#include <utility>
 
 #include "language/invocation.h"
 #include "language/operands.h"
+#include "language/sources.h"
 
 namespace Zelk::Tool {
 namespace {
 
-const char* NameOf(ReloadReport::State state) {
+using State = ReloadReport::State;
+
+const char* NameOf(State state) {
   switch (state) {
-    case ReloadReport::State::kChanged:
+    case State::kChanged:
       return "changed";
-    case ReloadReport::State::kKept:
+    case State::kKept:
       return "kept";
-    case ReloadReport::State::kSame:
+    case State::kNew:
+      return "new";
+    case State::kFailed:
+      return "failed";
+    case State::kRemoved:
+      return "removed";
+    case State::kSame:
       break;
   }
   return "same";
 }
 
-/// One line; the messages of the file follow elsewhere.
+/// One line; what is wrong with the file follows elsewhere.
 std::string Reason(const ReloadReport& report) {
-  if (report.state != ReloadReport::State::kKept) return "";
+  if (report.state != State::kKept) return "";
   if (!report.moved_to.empty()) {
     return fmt::format("old data, since the file now belongs to {}; delete and create it",
                        report.moved_to);
   }
-  if (!report.problems.empty()) return "old data, since the file fails to load";
-  if (report.stopped_by.empty()) {  // coverage: the file must change between two reads
+  if (report.problems.empty()) {  // coverage: the file must change between two reads
     return "old data, since the file changed meanwhile; reload it again";
   }
-  return fmt::format("old data, since {}, which comes before it, fails; reload it by its id",
-                     report.stopped_by);
+  return "old data, since the file fails to load";
+}
+
+std::string SourceText(const ReloadReport& report) {
+  // A folder that cannot be read has no id.
+  return report.domain.empty() ? report.file : report.domain + ":" + report.id;
+}
+
+/// "333 sources: 2 changed, 1 new, 330 the same".
+std::string Summary(const std::vector<ReloadReport>& reports) {
+  Names counts;
+  const std::pair<State, const char*> words[] = {
+      {State::kChanged, "changed"}, {State::kNew, "new"},       {State::kRemoved, "removed"},
+      {State::kKept, "kept"},       {State::kFailed, "failed"}, {State::kSame, "the same"}};
+  for (const auto& [state, word] : words) {
+    const auto count =
+        std::count_if(reports.begin(), reports.end(),
+                      [wanted = state](const auto& report) { return report.state == wanted; });
+    if (count > 0) counts.push_back(fmt::format("{} {}", count, word));
+  }
+  return fmt::format("{} source{}{}{}", reports.size(), reports.size() == 1 ? "" : "s",
+                     counts.empty() ? "" : ": ", fmt::join(counts, ", "));
 }
 
 void WriteJson(JsonWriter& json, const ReloadReport& report) {
@@ -48,32 +80,47 @@ void WriteJson(JsonWriter& json, const ReloadReport& report) {
   json.EndObject();
 }
 
+/// What changed, and how much did not.
 void Show(const Invocation& call, const std::vector<ReloadReport>& reports) {
   if (call.WantsJson()) return call.ShowJsonArray("sources", reports, WriteJson);
-  Table table({"STATE", "SOURCE", "FILE", "REASON"});
+  Table table({"STATE", "SOURCE"});
+  bool has_rows = false;
   for (const ReloadReport& report : reports) {
-    table.Add({NameOf(report.state), report.domain + ":" + report.id, report.file, Reason(report)});
+    if (report.state == State::kSame) continue;
+    table.Add({NameOf(report.state), SourceText(report)});
+    has_rows = true;
   }
-  call.Show(table);
+  if (has_rows) call.Show(table);
+  call.Out() << Summary(reports) << '\n';
 }
 
 /// Reports what the service does not: which sources failed to reload and kept their old data.
+void Complain(const Invocation& call, const ReloadReport& report) {
+  const std::string reason = Reason(report);
+  if (!reason.empty()) call.Complain(report.file + ": " + reason);
+  for (const Problem& problem : report.problems) {
+    call.Complain(ProblemLine(report.file, problem));
+  }
+}
+
 ExitStatus RunReload(Invocation& call) {
+  const auto reload = [&call](const std::optional<std::string>& id) {
+    return ReloadSources(call.GetHost(), id, call.GetStreams());
+  };
   ExitStatus status = ExitStatus::kOk;
   std::vector<ReloadReport> reports;
-  if (call.Args().ids.empty()) reports = call.GetHost().Reload(std::nullopt);
+  if (call.Args().ids.empty()) reports = reload(std::nullopt);
   for (const std::string& id : call.Args().ids) {
-    std::vector<ReloadReport> more = call.GetHost().Reload(id);
+    std::vector<ReloadReport> more = reload(id);
     if (more.empty()) status = call.FailAsSource(id);
     std::move(more.begin(), more.end(), std::back_inserter(reports));
   }
   if (reports.empty() && status != ExitStatus::kOk) return status;
   Show(call, reports);
   for (const ReloadReport& report : reports) {
-    for (const Problem& problem : report.problems) {
-      call.Complain(ProblemLine(report.file, problem));
-    }
-    if (report.state == ReloadReport::State::kKept) status = ExitStatus::kSourceFailed;
+    Complain(call, report);
+    const bool has_failed = report.state == State::kKept || report.state == State::kFailed;
+    if (has_failed) status = ExitStatus::kSourceFailed;
   }
   return status;
 }
@@ -83,12 +130,12 @@ ExitStatus RunReload(Invocation& call) {
 Command ReloadCommand() {
   Command command;
   command.name = "reload";
-  command.summary = "Reload sources, and show which changed and which kept their old data";
+  command.summary = "Reload sources, and show what changed";
   command.details =
       std::string(
-          "Without an ID, all sources. A source whose file fails keeps its old data. So do the "
-          "sources\n"
-          "after it in its domain, in the order of the ids, unless they are reloaded by id.\n") +
+          "Without an ID, all sources. Then files that are new in folders are loaded, and the\n"
+          "sources of files that are gone from folders are deleted. A source whose file fails to\n"
+          "load keeps its old data.\n") +
       kAboutFolders;
   command.operands = {SourceIdsOperand(false)};
   command.outputs = TableOutputs();

@@ -1,5 +1,6 @@
 #include <istream>
 #include <string>
+#include <vector>
 
 #include "commands/table.h"
 #include "language/invocation.h"
@@ -13,7 +14,7 @@ namespace {
 /// but the first one decides its exit status.
 ExitStatus RunShell(Invocation& call) {
   const Streams& streams = call.GetStreams();
-  const auto& sources = call.Args().sources;
+  const std::vector<std::string> sources = call.Sources();
   if (streams.in_is_terminal && streams.out_terminal.is_terminal) {
     Shell::RunDialogue(SessionLanguage(), sources, streams);
     return ExitStatus::kOk;

@@ -48,6 +48,9 @@ Language MakeLanguage(const std::string& program, Scope scope) {
         {"source", "[ID=]PATH", Word::kSource,
          "Load a file, a folder or standard input (-); may be given several times",
          &Arguments::sources});
+    language.options.push_back({"no-default-sources", "", Word::kNone,
+                                "Load nothing but what --source gives",
+                                &Arguments::no_default_sources});
   }
   language.options.push_back(
       {"output", "FORMAT", Word::kChoice,

@@ -22,7 +22,9 @@ bool IsOption(const std::string& word) {
 struct Line {
   const Command* command = nullptr;
   std::vector<std::string> operands;
-  std::vector<std::string> sources;
+
+  /// What the options say about sources.
+  Arguments arguments;
 
   /// The option whose value comes next.
   const OptionDescription* awaiting = nullptr;
@@ -62,15 +64,17 @@ const OptionDescription* FindOption(const Language& language, const Line& line,
 }
 
 void TakeValue(Line& line, const OptionDescription& option, const std::string& value) {
-  if (option.word == Word::kSource) line.sources.push_back(value);
+  if (option.word == Word::kSource) line.arguments.sources.push_back(value);
 }
 
 void TakeOption(Line& line, const Language& language, const std::string& word) {
   if (!StartsWith(word, "--")) return;
   const OptionWord read = ReadOption(word);
   const OptionDescription* const option = FindOption(language, line, read.name);
-  if (option == nullptr || option->word == Word::kNone) return;
-  if (read.has_value) {
+  if (option == nullptr) return;
+  if (const auto* flag = std::get_if<bool Arguments::*>(&option->target)) {
+    line.arguments.** flag = true;
+  } else if (read.has_value) {
     TakeValue(line, *option, read.value);
   } else {
     line.awaiting = option;
@@ -141,12 +145,19 @@ struct Place {
   const Language& language;
   const HostOf& host_of;
 
-  const Host& LoadedHost() const { return host_of(line.sources); }
+  const Host& LoadedHost() const { return host_of(line.arguments); }
 };
+
+/// For what every host knows.
+Arguments NoSources() {
+  Arguments arguments;
+  arguments.no_default_sources = true;
+  return arguments;
+}
 
 Choices Kinds(const Place& place) {
   const auto ids_of = place.line.command->ids_of;
-  const Host& host = place.host_of({});
+  const Host& host = place.host_of(NoSources());
   const bool with_domain = place.typed.find(':') != std::string::npos;
   Choices choices;
   for (const std::string& name : host.KindNames()) {

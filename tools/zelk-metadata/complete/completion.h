@@ -31,8 +31,9 @@ struct Completion {
   std::vector<Choice> choices;
 };
 
-/// The host that has loaded these values of --source. Asked only for names that are in sources.
-using HostOf = std::function<const Host&(const std::vector<std::string>& sources)>;
+/// The host that has loaded the sources that these arguments give. Asked only for names that are in
+/// sources.
+using HostOf = std::function<const Host&(const Arguments& arguments)>;
 
 /// The completions of the last word; the others precede it on the command line. The words may be
 /// anything.

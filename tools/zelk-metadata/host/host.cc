@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
-#include <iterator>
+#include <new>
 #include <set>
 
 #include "host/interrupt.h"
@@ -46,12 +46,6 @@ bool MatchesKind(const std::string& text, const std::string& domain, const Kind&
 
 }  // namespace
 
-struct Host::Running {
-  const DomainRow* row;
-  std::unique_ptr<Domain> domain;
-  bool has_sources;
-};
-
 std::string ProblemLine(const std::string& file, const Problem& problem) {
   const std::string position =
       problem.position ? fmt::format(":{}:{}", problem.position->line, problem.position->column)
@@ -93,26 +87,34 @@ Host::Host(const DomainTable& table, HostUse use) : use_(use), table_(table) {
 Host::~Host() = default;
 
 LoadReport Host::Load(const SourceArgument& source) {
-  Loaded loaded{source, &DomainOf(source.path, table_), nullptr};
+  const DomainRow& row = DomainOf(source.path, table_);
   const auto taken = std::find_if(loaded_.begin(), loaded_.end(), [&](const Loaded& other) {
-    return other.row == loaded.row && other.source.id == source.id;
+    return other.row == &row && other.source.id == source.id;
   });
-  if (taken != loaded_.end()) return IdIsTaken(source, taken->source, *loaded.row);
-  LoadReport report = LoadFor(loaded);
-  if (!report.problems.empty()) return report;
-  RunningOf(*loaded.row).has_sources = true;
-  if (use_ == HostUse::kSession) Isolate(loaded);
-  loaded_.push_back(std::move(loaded));
-  return report;
+  if (taken != loaded_.end()) return IdIsTaken(source, taken->source, row);
+  loaded_.push_back({source, &row});
+  try {
+    LoadReport report = LoadFor(loaded_.back());
+    if (report.problems.empty()) {
+      RunningOf(row).has_sources = true;
+      if (!source.folder.empty()) known_files_.insert(source.path);
+    } else {
+      loaded_.pop_back();
+    }
+    return report;
+  } catch (const std::bad_alloc&) {
+    loaded_.pop_back();
+    throw;
+  }
 }
 
 LoadReport Host::LoadFor(Loaded& loaded) {
   const DomainRow& row = *loaded.row;
-  if (use_ != HostUse::kOutlines) {
-    return LoadInto(*RunningOf(row).domain, row, loaded.source);
-  }
-  loaded.isolated = row.make();
-  return LoadInto(*loaded.isolated, row, loaded.source);
+  if (use_ == HostUse::kAnswers) return LoadInto(*RunningOf(row).domain, row, loaded.source);
+  const auto alone = row.make();
+  LoadReport report = LoadInto(*alone, row, loaded.source);
+  if (report.problems.empty()) loaded.outline = alone->MakeOutline();
+  return report;
 }
 
 void Host::LoadTogether() {
@@ -126,13 +128,8 @@ Host::Running& Host::RunningOf(const DomainRow& row) {
                        [&row](const Running& candidate) { return candidate.row == &row; });
 }
 
-void Host::Isolate(Loaded& loaded) {
-  const std::string& id = loaded.source.id;
-  auto isolated = loaded.row->make();
-  const bool is_loaded = LoadInto(*isolated, *loaded.row, loaded.source).problems.empty();
-  Domain& together = *RunningOf(*loaded.row).domain;
-  const bool is_same = is_loaded && isolated->FingerprintOf(id) == together.FingerprintOf(id);
-  if (is_same) loaded.isolated = std::move(isolated);
+std::string Host::FingerprintOf(const Loaded& loaded) {
+  return RunningOf(*loaded.row).domain->FingerprintOf(loaded.source.id);
 }
 
 std::function<bool(const Host::Loaded&)> Host::SourceMatcher(
@@ -161,84 +158,22 @@ std::vector<Host::Loaded*> Host::MatchingSources(const std::optional<std::string
   return matching;
 }
 
-std::size_t Host::Delete(const std::string& text) {
-  std::size_t deleted = 0;
-  for (const Loaded* const loaded : MatchingSources(text)) {
-    const bool is_gone = !RunningOf(*loaded->row).domain->DeleteSource(loaded->source.id);
-    deleted += is_gone ? 1 : 0;
-  }
-  loaded_.erase(std::remove_if(loaded_.begin(), loaded_.end(), SourceMatcher(text)), loaded_.end());
+std::size_t Host::Erase(const std::function<bool(const Loaded&)>& is_meant) {
+  const auto is_erased = [&](const Loaded& loaded) {
+    return is_meant(loaded) && !RunningOf(*loaded.row).domain->DeleteSource(loaded.source.id);
+  };
+  const std::size_t before = loaded_.size();
+  loaded_.erase(std::remove_if(loaded_.begin(), loaded_.end(), is_erased), loaded_.end());
   for (Running& running : domains_) {
     running.has_sources =
         std::any_of(loaded_.begin(), loaded_.end(),
                     [&running](const Loaded& loaded) { return loaded.row == running.row; });
   }
-  return deleted;
+  return before - loaded_.size();
 }
 
-std::vector<ReloadReport> Host::Reload(const std::optional<std::string>& text) {
-  const std::vector<Loaded*> matching = MatchingSources(text);
-  std::vector<ReloadReport> reports;
-  for (Running& running : domains_) {
-    std::vector<Loaded*> sources;
-    std::copy_if(matching.begin(), matching.end(), std::back_inserter(sources),
-                 [&running](const Loaded* loaded) { return loaded->row == running.row; });
-    if (sources.empty()) continue;
-    boost::optional<std::string> id;
-    if (text) id = sources.front()->source.id;
-    for (ReloadReport& report : ReloadIn(running, sources, id)) {
-      reports.push_back(std::move(report));
-    }
-  }
-  return reports;
-}
-
-std::vector<ReloadReport> Host::ReloadIn(Running& running, const std::vector<Loaded*>& sources,
-                                         const boost::optional<std::string>& id) {
-  Names before;
-  for (const Loaded* const loaded : sources) {
-    before.push_back(running.domain->FingerprintOf(loaded->source.id));
-  }
-  if (!IsInterrupted()) running.domain->ReloadSource(id);
-  std::vector<ReloadReport> reports;
-  std::string failed;
-  for (std::size_t i = 0; i < sources.size(); ++i) {
-    if (IsInterrupted()) {
-      const bool is_changed = running.domain->FingerprintOf(sources[i]->source.id) != before[i];
-      // What it holds is loaded when it is asked for.
-      if (is_changed) sources[i]->isolated = nullptr;
-      continue;
-    }
-    reports.push_back(ReportOf(running, *sources[i], before[i], failed));
-  }
-  return reports;
-}
-
-ReloadReport Host::ReportOf(Running& running, Loaded& loaded, const std::string& before,
-                            std::string& failed) {
-  const SourceArgument& source = loaded.source;
-  const std::string after = running.domain->FingerprintOf(source.id);
-  ReloadReport report{
-      source.id, ShownName(source), running.row->name, ReloadReport::State::kSame, {}, {}, {}};
-  auto isolated = running.row->make();
-  report.problems = LoadInto(*isolated, *running.row, source).problems;
-  const bool loads = report.problems.empty();
-  const bool is_answered = loads && isolated->FingerprintOf(source.id) == after;
-  if (after != before) {
-    report.state = ReloadReport::State::kChanged;
-    report.problems.clear();
-  } else if (!is_answered) {
-    report.state = ReloadReport::State::kKept;
-    const DomainRow* const row = FindDomain(source.path, table_);
-    if (row != nullptr && row != running.row) {
-      report.moved_to = row->name;
-      report.problems.clear();
-    }
-    if (loads) report.stopped_by = failed;
-  }
-  if (is_answered) loaded.isolated = std::move(isolated);
-  if (!loads && failed.empty()) failed = source.id;
-  return report;
+std::size_t Host::Delete(const std::string& text) {
+  return Erase(SourceMatcher(text));
 }
 
 Names Host::SourceIds(bool with_domains) const {
@@ -276,19 +211,28 @@ Names Host::KindNames() const {
   return names;
 }
 
-std::vector<SourceOutline> Host::Outlines(std::vector<LoadReport>& failures) {
+std::optional<Outline> Host::OutlineOf(Loaded& loaded, std::vector<LoadReport>& failures) {
+  if (use_ == HostUse::kOutlines) return std::move(loaded.outline);
+  const auto alone = loaded.row->make();
+  LoadReport report = LoadInto(*alone, *loaded.row, loaded.source);
+  const bool is_same =
+      report.problems.empty() && alone->FingerprintOf(loaded.source.id) == FingerprintOf(loaded);
+  if (is_same) return alone->MakeOutline();
+  const Message message{"", "left out, since it has changed since it was loaded; reload it", {}};
+  report.problems = {{message, std::nullopt}};
+  failures.push_back(std::move(report));
+  return std::nullopt;
+}
+
+std::vector<SourceOutline> Host::Outlines(std::vector<LoadReport>& failures,
+                                          const Watcher& watcher) {
   std::vector<SourceOutline> outlines;
-  for (const Loaded* const loaded : MatchingSources(std::nullopt)) {
-    if (loaded->isolated) {
-      outlines.push_back({loaded->source, loaded->row, loaded->isolated->MakeOutline()});
-      continue;
-    }
-    const std::unique_ptr<Domain> domain = loaded->row->make();
-    LoadReport report = LoadInto(*domain, *loaded->row, loaded->source);
-    if (report.problems.empty()) {
-      outlines.push_back({loaded->source, loaded->row, domain->MakeOutline()});
-    } else {
-      failures.push_back(std::move(report));
+  const std::vector<Loaded*> sources = MatchingSources(std::nullopt);
+  for (std::size_t i = 0; i < sources.size() && !IsInterrupted(); ++i) {
+    Loaded& loaded = *sources[i];
+    watcher(i + 1, sources.size(), ShownName(loaded.source));
+    if (auto outline = OutlineOf(loaded, failures)) {
+      outlines.push_back({loaded.source, loaded.row, std::move(*outline)});
     }
   }
   return outlines;
@@ -326,9 +270,12 @@ Names Host::UsageNames() const {
   return names;
 }
 
+LoadReport LoadAlone(const SourceArgument& source, const DomainRow& row) {
+  return LoadInto(*row.make(), row, source);
+}
+
 LoadReport LoadAlone(const std::string& path, const DomainTable& table) {
-  const DomainRow& row = DomainOf(path, table);
-  return LoadInto(*row.make(), row, {DefaultSourceId(path), path});
+  return LoadAlone({DefaultSourceId(path), path}, DomainOf(path, table));
 }
 
 }  // namespace Zelk::Tool

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -73,6 +74,12 @@ struct ReloadReport {
     kChanged,
     /// The file differs, but the old data is still in use.
     kKept,
+    /// A file of a folder that was not loaded before.
+    kNew,
+    /// The same, and it fails to load.
+    kFailed,
+    /// The file was of a folder and is gone; the source was deleted.
+    kRemoved,
   };
 
   std::string id;
@@ -80,23 +87,22 @@ struct ReloadReport {
   std::string domain;
   State state;
 
-  /// Why it was kept: the name of the domain that the file belongs to now; or what is wrong with
-  /// the file; or, if nothing is, the id of the source whose failure stopped the domain's reload;
-  /// or none of these, if the file has changed meanwhile.
-  std::string moved_to;
-  std::vector<Problem> problems;
-  std::string stopped_by;
+  /// Why it was kept: the name of the domain that the file belongs to now, or what is wrong with
+  /// the file, or, if both are empty, that it changed while it was read.
+  std::string moved_to = {};
+  std::vector<Problem> problems = {};
 };
+
+/// Called before each file is read: the number of the file, from 1 on, and how many there are.
+using Watcher = std::function<void(std::size_t number, std::size_t total, const std::string& file)>;
 
 /// What a host is asked, which decides how it loads sources.
 enum class HostUse {
   /// What all sources say together: each is loaded into the container of its domain.
   kAnswers,
-  /// What each source holds by itself: each is loaded into a container of its own.
+  /// Only what each source holds by itself: each is loaded into a container of its own, of which
+  /// the outline is kept.
   kOutlines,
-  /// Both, while files change. Each source is loaded twice, so that everything is answered from the
-  /// data that is loaded and not from the files.
-  kSession,
 };
 
 struct UsageAnswer {
@@ -116,13 +122,18 @@ class Host {
   /// Loads the file into the domain that it belongs to.
   LoadReport Load(const SourceArgument& source);
 
+  /// Reload() without a text also loads the files that are new in this folder, and deletes the
+  /// sources of those that are gone.
+  void AddFolder(const SourceArgument& folder);
+
   /// Deletes the source with that id from every domain. If no source has that id, `text` is taken
   /// as DOMAIN:ID. Returns the number of sources deleted.
   std::size_t Delete(const std::string& text);
 
-  /// Reloads the sources that Delete() would delete, or all of them without a text. The result is
-  /// empty if there are none, and not complete after Ctrl-C in a session.
-  std::vector<ReloadReport> Reload(const std::optional<std::string>& text);
+  /// Reloads the sources that Delete() would delete, or all of them without a text. Files that did
+  /// not change are not loaded. The result is empty if there are none, and not complete after
+  /// Ctrl-C in a session.
+  std::vector<ReloadReport> Reload(const std::optional<std::string>& text, const Watcher& watcher);
 
   /// The ids of all sources, each once; with their domains as DOMAIN:ID.
   Names SourceIds(bool with_domains = false) const;
@@ -136,9 +147,9 @@ class Host {
   Names KindNames() const;
 
   /// What each source holds, in the order in which the services walk them: domain by domain, in
-  /// each by id. A source that was not loaded by itself is loaded now; if that fails, it is
-  /// reported in `failures`.
-  std::vector<SourceOutline> Outlines(std::vector<LoadReport>& failures);
+  /// each by id. For HostUse::kOutlines, to be called once. Otherwise each file is read again; one
+  /// that has changed since it was loaded is reported in `failures`.
+  std::vector<SourceOutline> Outlines(std::vector<LoadReport>& failures, const Watcher& watcher);
 
   /// For HostUse::kOutlines: loads every source into the container of its domain, too.
   void LoadTogether();
@@ -155,17 +166,24 @@ class Host {
   Names UsageNames() const;
 
  private:
-  struct Running;
+  struct Running {
+    const DomainRow* row;
+    std::unique_ptr<Domain> domain;
+    bool has_sources;
+  };
 
   struct Loaded {
     SourceArgument source;
     const DomainRow* row;
 
-    /// A domain that holds only this source; null if its file changed while it was loaded.
-    std::unique_ptr<Domain> isolated;
+    /// For HostUse::kOutlines.
+    Outline outline = {};
   };
 
   Running& RunningOf(const DomainRow& row);
+
+  /// The fingerprint of what is loaded.
+  std::string FingerprintOf(const Loaded& loaded);
 
   /// Whether a source is one that the user means; all are without a text.
   std::function<bool(const Loaded&)> SourceMatcher(const std::optional<std::string>& text) const;
@@ -176,25 +194,38 @@ class Host {
   /// Loads the source where its use needs it.
   LoadReport LoadFor(Loaded& loaded);
 
-  /// Loads what the source holds by itself in a session, unless the file has changed.
-  void Isolate(Loaded& loaded);
+  /// What the source holds by itself. Null, with a report, if its file has changed.
+  std::optional<Outline> OutlineOf(Loaded& loaded, std::vector<LoadReport>& failures);
 
-  /// Reloads those sources of one domain by one call of its service.
-  std::vector<ReloadReport> ReloadIn(Running& running, const std::vector<Loaded*>& sources,
-                                     const boost::optional<std::string>& id);
+  /// Removes the sources for which it returns true from all domains, and returns their number.
+  std::size_t Erase(const std::function<bool(const Loaded&)>& is_meant);
 
-  /// How a reload left the source, whose fingerprint was `before`. `failed` is the first source of
-  /// the reload that failed so far; empty for none.
-  ReloadReport ReportOf(Running& running, Loaded& loaded, const std::string& before,
-                        std::string& failed);
+  ReloadReport ReloadOne(Loaded& loaded);
+
+  /// Why the source kept its old data.
+  void ExplainKept(const Loaded& loaded, ReloadReport& report) const;
+
+  /// Whether the file was of a folder and is gone, and the folder is not.
+  bool IsRemoved(const SourceArgument& source) const;
+
+  void DeleteRemoved(std::vector<ReloadReport>& reports);
+
+  void LoadNew(std::vector<ReloadReport>& reports, const Watcher& watcher);
 
   HostUse use_;
   std::vector<Running> domains_;
   std::vector<Loaded> loaded_;
+  std::vector<SourceArgument> folders_;
+
+  /// The files of folders that were loaded once; one that the user deleted does not come back.
+  std::set<std::string> known_files_;
   const DomainTable& table_;
 };
 
-/// Loads a file by itself, to see whether it can be loaded.
+/// Loads a source by itself into this domain, to see whether it can be loaded.
+LoadReport LoadAlone(const SourceArgument& source, const DomainRow& row);
+
+/// The same for a file, in the domain that it belongs to.
 LoadReport LoadAlone(const std::string& path, const DomainTable& table);
 
 }  // namespace Zelk::Tool

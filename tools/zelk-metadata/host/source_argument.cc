@@ -71,7 +71,9 @@ Expansion ExpandFolder(const SourceArgument& argument, std::size_t& entries_left
   }
   for (const fs::path& file : files) {
     const fs::path below = file.lexically_relative(folder);
-    AddFile({prefix + fs::path(below).replace_extension().string(), file.string()}, expansion);
+    SourceArgument source{prefix + fs::path(below).replace_extension().string(), file.string()};
+    source.folder = argument.path;
+    AddFile(std::move(source), expansion);
   }
   return expansion;
 }
@@ -102,6 +104,11 @@ std::string DefaultSourceId(const std::string& path) {
   return path == kInput ? "stdin" : fs::path(path).stem().string();
 }
 
+bool IsFolder(const SourceArgument& argument) {
+  std::error_code ignored;
+  return fs::is_directory(argument.path, ignored);
+}
+
 std::string ShownName(const SourceArgument& source) {
   if (!source.copied_from.empty()) return source.copied_from;
   return source.path == kInput ? kInputName : source.path;
@@ -127,8 +134,8 @@ Expansion Expand(const SourceArgument& argument, std::istream& in) {
 
 std::vector<SourceArgument> ExpandQuickly(const SourceArgument& argument,
                                           std::size_t& entries_left) {
+  if (IsFolder(argument)) return ExpandFolder(argument, entries_left).sources;
   std::error_code ignored;
-  if (fs::is_directory(argument.path, ignored)) return ExpandFolder(argument, entries_left).sources;
   if (fs::is_regular_file(argument.path, ignored)) return {argument};
   return {};
 }

@@ -23,6 +23,9 @@ struct SourceArgument {
 
   /// What the user calls a file that was copied.
   std::string copied_from = {};
+
+  /// For a file that was found in a folder: the folder that was given.
+  std::string folder = {};
 };
 
 /// Reads "[ID=]FILE". The text before the first '=' is an id unless it is empty or has a '/', so a
@@ -47,6 +50,8 @@ struct Expansion {
   std::vector<SourceArgument> sources;
   std::vector<Unreadable> failures;
 };
+
+bool IsFolder(const SourceArgument& argument);
 
 /// A path "-" is what `in` holds. A folder is every "*.json" in it and below it, to any depth, in
 /// the order of their paths; the id of each is its path below the folder without ".json", after

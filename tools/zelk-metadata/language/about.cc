@@ -26,7 +26,12 @@ const char kAboutSources[] =
     "found in the file. The ID of a source is the text before the first '=', or else the name of\n"
     "the file without folder and extension. Text before '=' that is empty or has a '/' is not an\n"
     "ID but part of the path: write ./a=b.json for a file a=b.json. The ID of a file in a folder\n"
-    "is its path below the folder without extension, after ID/ if the folder has an ID.\n";
+    "is its path below the folder without extension, after ID/ if the folder has an ID.\n"
+    "\n"
+    "Default sources are loaded, too, unless --no-default-sources is given: those in the variable\n"
+    "ZELK_METADATA_PATH, separated by colons, or else those under the key \"sources\" of the "
+    "nearest\n"
+    ".zelk-metadata.json, from the working folder upwards, relative to that file.\n";
 
 const char kAboutOutput[] =
     "On a terminal, output is a table or a page in its width, with colours unless NO_COLOR is "
@@ -43,7 +48,7 @@ const std::vector<std::pair<int, std::string>>& ExitStatusTexts() {
       Row(ExitStatus::kSourceFailed, "a source failed to load, or check found problems"),
       Row(ExitStatus::kUsage, "wrong usage"),
       Row(ExitStatus::kNotFound, "unknown kind or id (1 if a source failed as well)"),
-      Row(ExitStatus::kOutputLost, "the output could not be written"),
+      Row(ExitStatus::kOutputLost, "the output could not be written, or memory ran out"),
   };
   return texts;
 }

@@ -15,6 +15,9 @@ struct Arguments {
   /// The values of --source, as given.
   std::vector<std::string> sources;
 
+  /// Whether only these are loaded.
+  bool no_default_sources = false;
+
   /// The value of --output, or empty.
   std::string output;
 

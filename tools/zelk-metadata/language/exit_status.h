@@ -14,7 +14,7 @@ enum class ExitStatus {
   kUsage = 2,
   /// The kind, or what the ids name, is not known.
   kNotFound = 3,
-  /// The output could not be written, so it is not whole.
+  /// The output could not be written or memory ran out, so it is not whole.
   kOutputLost = 4,
 };
 

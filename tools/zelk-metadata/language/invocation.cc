@@ -61,8 +61,15 @@ ExitStatus Invocation::Run() {
   return has_failed_ ? ExitStatus::kSourceFailed : status;
 }
 
+std::vector<std::string> Invocation::Sources() {
+  if (session_ != nullptr) return arguments_.sources;
+  std::vector<std::string> sources;
+  has_failed_ = !FindSources(arguments_, sources, streams_) || has_failed_;
+  return sources;
+}
+
 void Invocation::Load() {
-  has_failed_ = !LoadSources(host_, arguments_.sources, streams_) || has_failed_;
+  has_failed_ = !LoadSources(host_, Sources(), streams_) || has_failed_;
 }
 
 std::vector<SourceOutline> Invocation::Outlines() {
@@ -71,10 +78,13 @@ std::vector<SourceOutline> Invocation::Outlines() {
   return outlines;
 }
 
-void Invocation::NoteIfEmpty() {
-  if (has_failed_ || !host_.SourceIds().empty()) return;
-  Complain(fmt::format("nothing is loaded; {} PATH loads a file or a folder",
-                       session_ == nullptr ? "--source" : "create"));
+bool Invocation::HasSources() {
+  if (!host_.SourceIds().empty()) return true;
+  if (!has_failed_) {
+    Complain(fmt::format("nothing is loaded; {} PATH loads a file or a folder",
+                         session_ == nullptr ? "--source" : "create"));
+  }
+  return false;
 }
 
 bool Invocation::MayReadInput() {
@@ -166,7 +176,12 @@ ExitStatus Perform(const std::vector<std::string>& words, const Language& langua
                    const Streams& streams, SessionState* session) {
   const ParsedArguments parsed = ParseArguments(words, language);
   if (parsed.command != nullptr) {
-    return Invocation(language, *parsed.command, parsed.arguments, streams, session).Run();
+    try {
+      return Invocation(language, *parsed.command, parsed.arguments, streams, session).Run();
+    } catch (const std::bad_alloc&) {
+      PrintError(streams.err, kOutOfMemory);
+      return ExitStatus::kOutputLost;
+    }
   }
   if (parsed.error.empty()) {
     streams.out << parsed.help;

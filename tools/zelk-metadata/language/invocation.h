@@ -72,14 +72,20 @@ class Invocation {
   /// The session's, or else the command's own. These are empty before Load().
   Host& GetHost() { return host_; }
 
-  /// Loads every --source.
+  /// The default sources and every --source; in a session, those that the line gives.
+  std::vector<std::string> Sources();
+
+  /// Loads them.
   void Load();
 
   /// What each source holds by itself.
   std::vector<SourceOutline> Outlines();
 
   /// If no source is loaded, prints a note that explains the empty answer. Not an error.
-  void NoteIfEmpty();
+  void NoteIfEmpty() { HasSources(); }
+
+  /// The same for commands to which it is one: false without a source.
+  bool HasSources();
 
   /// False in a session, which reads its lines from standard input; prints an error in that case.
   bool MayReadInput();
@@ -182,7 +188,11 @@ class Invocation {
   bool has_failed_ = false;
 };
 
-/// Does what the words say as a command line of the language.
+/// What is printed when memory runs out. What was loaded before stays.
+constexpr char kOutOfMemory[] = "out of memory";
+
+/// Does what the words say as a command line of the language. Memory that runs out is an error of
+/// the command.
 ExitStatus Perform(const std::vector<std::string>& words, const Language& language,
                    const Streams& streams, SessionState* session = nullptr);
 

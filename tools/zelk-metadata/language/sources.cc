@@ -2,7 +2,10 @@
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+#include <istream>
+#include <iterator>
 
+#include "host/default_sources.h"
 #include "host/interrupt.h"
 #include "render/page.h"
 #include "render/progress.h"
@@ -27,20 +30,48 @@ void Add(Tally& tally, const LoadReport& report) {
   if (!report.problems.empty()) tally.failed.push_back(report.file);
 }
 
-void Load(Host& host, const SourceArgument& argument, std::istream& in, Progress& progress,
-          Tally& tally) {
-  progress.Show(fmt::format("reading {} ...", ShownName(argument)));
-  const Expansion expansion = Expand(argument, in);
-  for (const Unreadable& failure : expansion.failures) {
-    ++tally.total;
-    tally.complaints.push_back(failure.file + ": " + failure.reason);
-    tally.failed.push_back(failure.file);
+/// Shows what is being done, while something is.
+class Progressing {
+ public:
+  explicit Progressing(const Streams& streams)
+      : progress_(streams.err, streams.err_terminal.is_terminal, kPatience) {}
+
+  void Show(const std::string& text) { progress_.Show(text); }
+
+  Watcher Counting(const char* verb) {
+    return [this, verb](std::size_t number, std::size_t total, const std::string& file) {
+      progress_.Show(fmt::format("{} {} of {}: {}", verb, number, total, file));
+    };
   }
-  for (const SourceArgument& source : expansion.sources) {
-    if (IsInterrupted()) return;
-    ++tally.total;
-    progress.Show(fmt::format("loading {} ...", ShownName(source)));
-    Add(tally, host.Load(source));
+
+ private:
+  Progress progress_;
+};
+
+std::vector<SourceArgument> ExpandAll(Host& host, const std::vector<std::string>& texts,
+                                      std::istream& in, Progressing& progress, Tally& tally) {
+  std::vector<SourceArgument> all;
+  for (const std::string& text : texts) {
+    const SourceArgument argument = ParseSourceArgument(text);
+    progress.Show(fmt::format("reading {} ...", ShownName(argument)));
+    Expansion expansion = Expand(argument, in);
+    for (const Unreadable& failure : expansion.failures) {
+      tally.complaints.push_back(failure.file + ": " + failure.reason);
+      tally.failed.push_back(failure.file);
+    }
+    tally.total += expansion.failures.size() + expansion.sources.size();
+    std::move(expansion.sources.begin(), expansion.sources.end(), std::back_inserter(all));
+    if (IsFolder(argument)) host.AddFolder(argument);
+  }
+  return all;
+}
+
+void LoadAll(Host& host, const std::vector<SourceArgument>& sources, Progressing& progress,
+             Tally& tally) {
+  const Watcher watcher = progress.Counting("loading");
+  for (std::size_t i = 0; i < sources.size() && !IsInterrupted(); ++i) {
+    watcher(i + 1, sources.size(), ShownName(sources[i]));
+    Add(tally, host.Load(sources[i]));
   }
 }
 
@@ -53,13 +84,20 @@ void Complain(const Tally& tally, const Streams& streams) {
 
 }  // namespace
 
+bool FindSources(const Arguments& arguments, std::vector<std::string>& sources,
+                 const Streams& streams) {
+  DefaultSources defaults;
+  if (!arguments.no_default_sources) defaults = FindDefaultSources();
+  sources = WithDefaults(defaults.sources, arguments.sources);
+  if (!defaults.failure.empty()) PrintError(streams.err, defaults.failure);
+  return defaults.failure.empty();
+}
+
 bool LoadSources(Host& host, const std::vector<std::string>& sources, const Streams& streams) {
   Tally tally;
   {
-    Progress progress(streams.err, streams.err_terminal.is_terminal, kPatience);
-    for (const std::string& source : sources) {
-      Load(host, ParseSourceArgument(source), streams.in, progress, tally);
-    }
+    Progressing progress(streams);
+    LoadAll(host, ExpandAll(host, sources, streams.in, progress, tally), progress, tally);
   }
   Complain(tally, streams);
   return tally.failed.empty();
@@ -68,14 +106,19 @@ bool LoadSources(Host& host, const std::vector<std::string>& sources, const Stre
 bool LoadOutlines(Host& host, std::vector<SourceOutline>& outlines, const Streams& streams) {
   std::vector<LoadReport> failures;
   {
-    Progress progress(streams.err, streams.err_terminal.is_terminal, kPatience);
-    progress.Show("reading every source ...");
-    outlines = host.Outlines(failures);
+    Progressing progress(streams);
+    outlines = host.Outlines(failures, progress.Counting("reading"));
   }
   Tally tally;
   for (const LoadReport& report : failures) Add(tally, report);
   for (const std::string& complaint : tally.complaints) PrintError(streams.err, complaint);
   return failures.empty();
+}
+
+std::vector<ReloadReport> ReloadSources(Host& host, const std::optional<std::string>& text,
+                                        const Streams& streams) {
+  Progressing progress(streams);
+  return host.Reload(text, progress.Counting("reloading"));
 }
 
 }  // namespace Zelk::Tool

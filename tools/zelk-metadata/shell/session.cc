@@ -61,10 +61,15 @@ std::string CommonBeginning(const std::vector<Complete::Choice>& choices) {
 }  // namespace
 
 Session::Session(const Language& language, const Streams& streams)
-    : language_(language), streams_(streams), state_{Host(Domains(), HostUse::kSession)} {}
+    : language_(language), streams_(streams), state_{Host(Domains())} {}
 
 bool Session::Load(const std::vector<std::string>& sources) {
-  return LoadSources(state_.host, sources, streams_);
+  try {
+    return LoadSources(state_.host, sources, streams_);
+  } catch (const std::bad_alloc&) {
+    PrintError(streams_.err, kOutOfMemory);
+    return false;
+  }
 }
 
 ExitStatus Session::Run(const std::string& line) {
@@ -80,9 +85,7 @@ LineCompletion Session::Complete(const std::string& line) const {
   if (split.is_comment) return {};
   if (split.last_word == line.size()) split.words.emplace_back();
   const std::string typed = split.words.back();
-  const auto host_of = [this](const std::vector<std::string>&) -> const Host& {
-    return state_.host;
-  };
+  const auto host_of = [this](const Arguments&) -> const Host& { return state_.host; };
   const Complete::Completion completion = Complete::CompleteWord(split.words, language_, host_of);
   std::vector<Complete::Choice> choices = ChoicesOf(completion, typed);
   choices.erase(std::remove_if(choices.begin(), choices.end(),
