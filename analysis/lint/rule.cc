@@ -24,8 +24,9 @@ const char* Word(Severity severity) {
 const std::vector<const Rule*>& Rules() {
   static const std::vector<const Rule*> rules = [] {
     std::vector<const Rule*> all;
-    for (const Rows<Rule>* group : {&kLoaderRules, &kReferencesRules, &kNamesRules,
-                                    &kDocumentationRules, &kAuthenticationRules, &kCliRules}) {
+    for (const Rows<Rule>* group :
+         {&kLoaderRules, &kReferencesRules, &kNamesRules, &kDocumentationRules,
+          &kAuthenticationRules, &kCliRules, &kSourcesRules}) {
       for (const Rule& rule : *group) all.push_back(&rule);
     }
     return all;

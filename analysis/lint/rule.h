@@ -100,6 +100,7 @@ extern const Rows<Rule> kNamesRules;
 extern const Rows<Rule> kDocumentationRules;
 extern const Rows<Rule> kAuthenticationRules;
 extern const Rows<Rule> kCliRules;
+extern const Rows<Rule> kSourcesRules;
 
 /// All rules of all groups.
 const std::vector<const Rule*>& Rules();
