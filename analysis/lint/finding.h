@@ -98,7 +98,7 @@ class Findings {
   std::unordered_map<const Rule*, std::size_t> found_;
   std::array<std::size_t, 3> unlisted_{};
   /// How many more names may be compared for hints.
-  std::size_t comparisons_left_ = 1000000;
+  std::size_t comparisons_left_ = 100000;
 };
 
 /// Names the element of the place without any position; the name of the domain for a whole file.
