@@ -39,12 +39,9 @@ constexpr ValueForm kAnnotation =
 
 constexpr const char* kAnnotationNames[] = {"Resource", "Model", "ModelKey", nullptr};
 constexpr const char* kAnnotationTexts[] = {
-    "Its member `value`, a string or an array of strings, names resource types: the value is the "
-    "id "
-    "of such a resource.",
+    "Its member `value`, a string or an array of strings, names resource types.",
     "On a structure: the structure describes a resource.",
-    "On a field that has `Resource` too: the field holds the id of that resource, which makes a "
-    "structure with `Model` a model of it.",
+    "On a field with `Resource`, in a structure with `Model`: the field is the id of the resource.",
 };
 constexpr Words kAnnotations{kAnnotationNames, nullptr, nullptr, kAnnotationTexts};
 
@@ -104,9 +101,8 @@ namespace {
 
 constexpr const char* kReferredNames[] = {"Structure", "Enumeration", nullptr};
 constexpr const char* kReferredTexts[] = {
-    "`user_defined_type_name` names a structure. The library returns `com.orvane.zelk.structure`.",
-    "`user_defined_type_name` names an enumeration. The library returns "
-    "`com.orvane.zelk.enumeration`.",
+    "A structure. The library returns `com.orvane.zelk.structure`.",
+    "An enumeration. The library returns `com.orvane.zelk.enumeration`.",
 };
 constexpr Words kReferred{kReferredNames, nullptr, nullptr, kReferredTexts};
 
