@@ -19,6 +19,8 @@ install(FILES ${printed_dir}/zelk-metadata.fish
   DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(FILES ${printed_dir}/_zelk-metadata
   DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+install(DIRECTORY ${printed_dir}/schemas DESTINATION ${CMAKE_INSTALL_DATADIR}/zelk-metadata
+  FILES_MATCHING PATTERN "*.json")
 
 # The examples of --help and of the manual page run in this folder.
 install(DIRECTORY metadata DESTINATION ${CMAKE_INSTALL_DATADIR}/zelk-metadata

@@ -15,6 +15,7 @@
   ROW(Which)                    \
   ROW(Fingerprint)              \
   ROW(Usage)                    \
+  ROW(Schema)                   \
   ROW(Shell)                    \
   ROW(Completion)               \
   ROW(Man)                      \

@@ -28,6 +28,11 @@ struct Arguments {
   std::vector<std::string> ids;
   std::vector<std::string> files;
   std::string text;
+
+  /// Of `schema`.
+  bool accepts = false;
+  std::string draft;
+
   std::size_t depth = std::numeric_limits<std::size_t>::max();
 };
 
