@@ -72,12 +72,17 @@ def changed(document, pointer, case):
     return document
 
 
+def json_blocks(page):
+    blocks = re.findall(r"^```json\n(.*?)^```", page.read_text(), re.S | re.M)
+    expect(blocks, f"{page}: no example")
+    return [json.loads(block) for block in blocks]
+
+
 def examples():
     """Every JSON document of the format pages, and the metadata of the library."""
     for name in FORMATS:
-        page = (source / "docs" / f"{name}-format.md").read_text()
-        for block in re.findall(r"^```json\n(.*?)^```", page, re.S | re.M):
-            yield name, json.loads(block)
+        for block in json_blocks(source / "docs" / f"{name}-format.md"):
+            yield name, block
         for path in sorted((source / "metadata" / name).glob("*.json")):
             yield name, json.loads(path.read_text())
         yield name, json.loads((source / "tests/data/schema" / f"{name}.json").read_text())
@@ -113,6 +118,8 @@ for draft in DRAFTS:
     document = changed(bases["metamodel"], pointer, {"value": "ID\n"})
     expect(validators["metamodel", True].is_valid(document), "a line feed is found")
     project = schema("project", False, draft)
+    for block in json_blocks(source / "docs/sources.md"):
+        expect(project.is_valid(block), f"draft {draft}: docs/sources.md")
     for case in projects:
         expect(project.is_valid(case["project"]) == case["valid"], f"draft {draft}: {case}")
     print(f"draft {draft}: {count} examples, {len(cases)} cases")
