@@ -108,12 +108,11 @@ TEST(Complete, OffersTheNamesOfTheSourcesBeforeIt) {
   EXPECT_THAT(Choices("get component com.acme " + kInventory), ElementsAre("com.acme"))
       << "several may be asked for";
   EXPECT_THAT(Choices("fingerprint component com.acme " + kInventory), ElementsAre());
-  EXPECT_THAT(Choices("list operation " + kInventory + "com.acme.inventory.m"),
+  EXPECT_THAT(Choices("get operation " + kInventory + "com.acme.inventory.m"),
               ElementsAre("com.acme.inventory.machines"));
   EXPECT_THAT(Choices("get component "), ElementsAre()) << "nothing is loaded";
   EXPECT_THAT(Choices("get gadget " + kInventory), ElementsAre());
   EXPECT_THAT(Choices("get hidden " + kInventory), ElementsAre()) << "it can be listed only";
-  EXPECT_THAT(Choices("list operations com.acme.inventory.machines " + kInventory), ElementsAre());
   EXPECT_THAT(Choices("-x --source=" + kDataFolder + "/inventory.json get component "),
               ElementsAre("com.acme"))
       << "the source in one word, after an option that does not exist";
@@ -242,4 +241,27 @@ TEST(Completion, IsPrintedForEverySupportedShell) {
   EXPECT_EQ(RunLine("completion fsh").err,
             "zelk-metadata: unknown shell 'fsh'; the shells are bash, fish, zsh; did "
             "you mean fish or zsh?\n");
+}
+
+TEST(Complete, OffersNamesAndWhatTheyCanBeInForList) {
+  EXPECT_THAT(Choices(kInventory + "list services com.acme.inventory"),
+              ElementsAre("com.acme.inventory", "com.acme.inventory.folders",
+                          "com.acme.inventory.machines"));
+  EXPECT_THAT(
+      Choices(kInventory + "list operations x com.acme.inventory.machines"),
+      ElementsAre("com.acme.inventory.machines", "com.acme.inventory.machines.get",
+                  "com.acme.inventory.machines.list", "com.acme.inventory.machines.remove"));
+}
+
+TEST(Complete, OffersTheIdsOfTrees) {
+  EXPECT_THAT(Choices(kInventory + "tree com.acme.inventory.f"),
+              ElementsAre("com.acme.inventory.folders"));
+  EXPECT_THAT(Choices(kInventory + "tree com.acme.inventory.machines.l"),
+              ElementsAre("com.acme.inventory.machines.list"));
+}
+
+TEST(Complete, OffersTheKindsAndPartsThatAreSearched) {
+  EXPECT_THAT(Choices("search x --kind c"), ElementsAre("component", "constant", "command"));
+  EXPECT_THAT(Choices("search x --kind=cli:"),
+              ElementsAre("--kind=cli:namespace", "--kind=cli:command", "--kind=cli:option"));
 }

@@ -58,6 +58,7 @@ const Row kEmptyArrays[] = {
     {"get source nope", "records"},
     {"fingerprint source nope", "fingerprints"},
     {"search gizmo", "matches"},
+    {"tree nope", "entries"},
     {"which component nope", "answers"},
     {"usage nope", "usages"},
     {"explain nope", "messages"},

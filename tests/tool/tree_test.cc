@@ -4,14 +4,18 @@
 #include <gmock/gmock.h>
 
 #include "support/builders.h"
+#include "support/cli_files.h"
 #include "support/temp_folder.h"
 #include "tool/tool_run.h"
 
 using testing::HasSubstr;
 using testing::Not;
+using Zelk::Testing::CliFile;
+using Zelk::Testing::CommandNode;
 using Zelk::Testing::Component;
 using Zelk::Testing::kDataFolder;
 using Zelk::Testing::MetamodelFile;
+using Zelk::Testing::NamespaceNode;
 using Zelk::Testing::Operation;
 using Zelk::Testing::Package;
 using Zelk::Testing::ParsedJson;
@@ -80,7 +84,7 @@ TEST(Tree, EmptySourcesHaveEmptyTrees) {
   folder.Write("cli.json", R"({"cli": []})");
   folder.Write("metamodel.json", MetamodelFile(Component("c")));
   EXPECT_EQ(RunTool({"tree", "--source", folder.Path("")}).out,
-            "metamodel (1 component)\n    component c\ncli\n");
+            "metamodel (1 component)\n    component c\ncli (nothing)\n");
 }
 
 TEST(Tree, DepthLimitsTheLevelsOfJson) {
@@ -97,4 +101,60 @@ TEST(Tree, SecondSourceWithTheSameIdIsRefused) {
   EXPECT_THAT(run.out, HasSubstr("component com.acme"));
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, HasSubstr("[zelk.metada.metamodel.source.exists]"));
+}
+
+TEST(Tree, IdShowsOnlyThatPart) {
+  EXPECT_EQ(RunOnThree("tree com.acme.inventory.machines").out,
+            "metamodel (1 service, 3 operations)\n"
+            "    service com.acme.inventory.machines (3 operations)\n"
+            "        operation get\n"
+            "        operation list\n"
+            "        operation remove\n"
+            "authentication (1 service, 1 operation)\n"
+            "    service com.acme.inventory.machines (1 operation)\n"
+            "        operation list\n");
+  EXPECT_EQ(RunOnThree("tree acme.machines").out,
+            "cli (1 namespace, 1 command)\n"
+            "    namespace machines (1 command)\n"
+            "        command list\n");
+  EXPECT_EQ(RunOnThree("tree com.acme.inventory.machines.get").out,
+            "metamodel (1 operation)\n    operation get\n");
+}
+
+TEST(Tree, DepthLimitsTheLevelsOfAPart) {
+  EXPECT_EQ(RunOnInventory("tree com.acme.inventory --depth 1").out,
+            "metamodel (1 package, 2 services, 3 operations)\n"
+            "    package com.acme.inventory (2 services, 3 operations)\n");
+}
+
+TEST(Tree, IdOfSeveralThingsIsThatOfTheOutermost) {
+  const TempFolder folder;
+  const std::string file = folder.Write(
+      "a.json", MetamodelFile(Component("x", {Package("x", {Service("x")}), Package("y")})));
+  EXPECT_EQ(RunLine("tree x --source " + file).out,
+            "metamodel (1 component, 2 packages, 1 service)\n"
+            "    component x (2 packages, 1 service)\n"
+            "        package x (1 service)\n"
+            "            service x\n"
+            "        package y\n");
+}
+
+TEST(Tree, UnknownIdIsNotFoundWithNearIds) {
+  const ToolRun run = RunOnThree("tree com.acme.inventory.machine --json");
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.out, "{\"version\":1,\"entries\":[]}\n");
+  EXPECT_EQ(run.err,
+            "zelk-metadata: nothing in the tree has the id 'com.acme.inventory.machine'; did you "
+            "mean com.acme.inventory.machines?\n");
+}
+
+TEST(Tree, CommandOfAnUndescribedNamespaceHasItsPath) {
+  const TempFolder folder;
+  const std::string file =
+      folder.Write("c.json", CliFile({CommandNode("a.b", "c"), NamespaceNode("", "z")}));
+  EXPECT_EQ(RunLine("tree --source " + file).out,
+            "cli (2 namespaces, 1 command)\n"
+            "    namespace . (1 namespace, 1 command)\n"
+            "        namespace z\n"
+            "        command a.b.c\n");
 }

@@ -2,13 +2,20 @@
 
 #include <gmock/gmock.h>
 
+#include "support/cli_files.h"
+#include "support/temp_folder.h"
 #include "tool/tool_run.h"
 
 using testing::HasSubstr;
 using testing::StartsWith;
+using Zelk::Testing::CliFile;
+using Zelk::Testing::CommandNode;
+using Zelk::Testing::NamespaceNode;
 using Zelk::Testing::ParsedJson;
+using Zelk::Testing::RunLine;
 using Zelk::Testing::RunOnInventory;
 using Zelk::Testing::RunOnThree;
+using Zelk::Testing::TempFolder;
 using Zelk::Testing::ToolRun;
 
 TEST(Usage, NamespaceShowsItsChildren) {
@@ -50,4 +57,26 @@ TEST(Usage, UnknownNameGetsSuggestions) {
   EXPECT_EQ(RunOnInventory("usage").err,
             "zelk-metadata: no loaded source describes a command-line client\n");
   EXPECT_EQ(RunOnInventory("usage").status, 3);
+}
+
+TEST(Usage, RootNamespaceNeedsNoDescription) {
+  const TempFolder folder;
+  const std::string file = folder.Write(
+      "c.json", CliFile({CommandNode("", "b", "Second."), CommandNode("a.b", "c", "First.")}));
+  EXPECT_EQ(RunLine("usage --source " + file).out,
+            "Usage: NAMESPACE|COMMAND ...\n\nCommands:\n    b      Second.\n    a b c  First.\n");
+  EXPECT_EQ(RunLine("usage a --source " + file).out,
+            "Usage: a NAMESPACE|COMMAND ...\n\nCommands:\n    b c  First.\n");
+  EXPECT_EQ(RunLine("usage a b c --source " + file).status, 0);
+  EXPECT_EQ(RunLine("usage a.c --source " + file).status, 3);
+}
+
+TEST(Usage, CommandIsInTheHelpOfTheNearestDescribedNamespace) {
+  const TempFolder folder;
+  const std::string file = folder.Write(
+      "c.json", CliFile({NamespaceNode("", "a", "A."), CommandNode("a.b", "c", "Inside.")}));
+  EXPECT_EQ(RunLine("usage --source " + file).out,
+            "Usage: NAMESPACE|COMMAND ...\n    Root namespace\n\nNamespaces:\n    a  A.\n");
+  EXPECT_EQ(RunLine("usage a --source " + file).out,
+            "Usage: a NAMESPACE|COMMAND ...\n    A.\n\nCommands:\n    b c  Inside.\n");
 }

@@ -1,19 +1,52 @@
+#include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+#include <iterator>
+#include <re2/re2.h>
+#include <set>
 #include <sstream>
 
+#include "analysis/near.h"
+#include "domains/table.h"
+#include "host/known_names.h"
 #include "host/merged_outline.h"
 #include "language/invocation.h"
 #include "language/operands.h"
-#include "render/text.h"
+#include "render/layout.h"
 
 namespace Zelk::Tool {
 namespace {
 
-/// `part` is in lower case.
-bool Holds(const std::string& text, const std::string& part) {
-  return LowerCase(text).find(part) != std::string::npos;
-}
+/// What is looked for. Its work grows with the length of the text, whatever the user wrote.
+class Wanted {
+ public:
+  Wanted(const std::string& text, bool is_regex)
+      // Only a text with a dot is looked for in whole names, since otherwise everything inside a
+      // hit would be a hit.
+      : in_whole_names_(text.find(is_regex ? "\\." : ".") != std::string::npos),
+        expression_(text, Options(is_regex)) {}
+
+  /// Empty if the expression is well-formed.
+  const std::string& Error() const { return expression_.error(); }
+
+  bool IsIn(const std::string& text) const { return re2::RE2::PartialMatch(text, expression_); }
+
+  bool IsInNameOf(const Entry& entry) const {
+    return IsIn(entry.name) || (in_whole_names_ && IsIn(Dotted(entry.subject.ids)));
+  }
+
+ private:
+  static re2::RE2::Options Options(bool is_regex) {
+    re2::RE2::Options options;
+    options.set_literal(!is_regex);
+    options.set_case_sensitive(false);
+    options.set_log_errors(false);
+    return options;
+  }
+
+  bool in_whole_names_;
+  re2::RE2 expression_;
+};
 
 struct Hit {
   const DomainRow* row;
@@ -25,41 +58,35 @@ struct Hits {
   std::vector<Hit> by_documentation;
 };
 
-/// In its own name. Only a text with a dot is looked for in the whole name, since otherwise
-/// everything inside a hit would be a hit.
-bool HoldsInName(const Entry& entry, const std::string& text) {
-  if (Holds(entry.name, text)) return true;
-  return text.find('.') != std::string::npos &&
-         Holds(fmt::format("{}", fmt::join(entry.subject.ids, ".")), text);
-}
-
-void Search(const DomainOutline& domain, const std::string& text, Hits& hits) {
+void Search(const DomainOutline& domain, const std::set<std::string>& kinds, const Wanted& wanted,
+            Hits& hits) {
   for (const Entry& entry : domain.outline) {
-    if (HoldsInName(entry, text)) {
+    if (kinds.count(entry.subject.kind) == 0) continue;
+    if (wanted.IsInNameOf(entry)) {
       hits.by_name.push_back({domain.row, &entry});
-    } else if (Holds(entry.documentation, text)) {
+    } else if (wanted.IsIn(entry.documentation)) {
       hits.by_documentation.push_back({domain.row, &entry});
     }
   }
 }
 
 /// The first line that holds the text, or else the first line.
-std::string Excerpt(const std::string& documentation, const std::string& text) {
+std::string Excerpt(const std::string& documentation, const Wanted& wanted) {
   std::istringstream lines(documentation);
   std::string first;
   std::getline(lines, first);
-  if (Holds(first, text)) return first;
+  if (wanted.IsIn(first)) return first;
   for (std::string line; std::getline(lines, line);) {
-    if (Holds(line, text)) return line;
+    if (wanted.IsIn(line)) return line;
   }
   return first;
 }
 
-void AddRows(Table& table, const std::vector<Hit>& hits, const std::string& text) {
+void AddRows(Table& table, const std::vector<Hit>& hits, const Wanted& wanted) {
   for (const Hit& hit : hits) {
     table.Add({fmt::format("{}:{}", hit.row->name, hit.entry->subject.kind),
                fmt::format("{}", fmt::join(hit.entry->subject.ids, " ")),
-               Excerpt(hit.entry->documentation, text)});
+               Excerpt(hit.entry->documentation, wanted)});
   }
 }
 
@@ -76,35 +103,89 @@ void WriteHits(JsonWriter& json, const std::vector<Hit>& hits, const char* match
   }
 }
 
-void Show(const Invocation& call, const Hits& hits, const std::string& text) {
+void Show(const Invocation& call, const Hits& hits, std::size_t total, const Wanted& wanted) {
   if (call.WantsJson()) {
-    call.ShowJson([&hits](JsonWriter& json) {
+    call.ShowJson([&](JsonWriter& json) {
       json.Key("matches");
       json.StartArray();
       WriteHits(json, hits.by_name, "name");
       WriteHits(json, hits.by_documentation, "documentation");
       json.EndArray();
+      json.Key("total");
+      json.Number(total);
     });
     return;
   }
   Table table({"KIND", "NAME", "TEXT"});
-  AddRows(table, hits.by_name, text);
-  AddRows(table, hits.by_documentation, text);
+  AddRows(table, hits.by_name, wanted);
+  AddRows(table, hits.by_documentation, wanted);
   call.Show(table);
 }
 
-/// Hits in names first, then those in documentation.
+/// The kinds that --kind names, or all of them. Prints what is wrong with a word that names none.
+std::optional<std::vector<OutlineKind>> KindsWanted(Invocation& call) {
+  const std::vector<OutlineKind> all = OutlineKinds(call.GetHost());
+  if (call.Args().kinds.empty()) return all;
+  std::vector<OutlineKind> kinds;
+  for (const std::string& word : call.Args().kinds) {
+    const auto is_meant = [&word](const OutlineKind& kind) {
+      return IsKindCalled(word, kind.row->name, kind.name);
+    };
+    if (std::none_of(all.begin(), all.end(), is_meant)) {
+      const Names known = OutlineKindNames(call.GetHost());
+      call.Complain(fmt::format("unknown kind '{}'; the kinds are {}{}", word,
+                                fmt::join(known, ", "), Analysis::Suggestion(word, known)));
+      return std::nullopt;
+    }
+    std::copy_if(all.begin(), all.end(), std::back_inserter(kinds), is_meant);
+  }
+  return kinds;
+}
+
+/// The hits among things of these kinds, those in names first.
+Hits Find(const std::vector<DomainOutline>& domains, const std::vector<OutlineKind>& kinds,
+          const Wanted& wanted) {
+  Hits hits;
+  for (const DomainOutline& domain : domains) {
+    std::set<std::string> names;
+    for (const OutlineKind& kind : kinds) {
+      if (kind.row == domain.row) names.insert(kind.name);
+    }
+    Search(domain, names, wanted, hits);
+  }
+  return hits;
+}
+
+/// Leaves the first hits. Returns how many there were.
+std::size_t Cut(Hits& hits, std::size_t limit) {
+  const std::size_t total = hits.by_name.size() + hits.by_documentation.size();
+  hits.by_name.resize(std::min(hits.by_name.size(), limit));
+  hits.by_documentation.resize(std::min(hits.by_documentation.size(), limit - hits.by_name.size()));
+  return total;
+}
+
 ExitStatus RunSearch(Invocation& call) {
+  const std::string& text = call.Args().text;
+  if (text.empty()) return call.Fail(ExitStatus::kUsage, "the text to search for is empty");
+  const Wanted wanted(text, call.Args().is_regex);
+  if (!wanted.Error().empty()) {
+    return call.Fail(ExitStatus::kUsage,
+                     fmt::format("'{}' is not a regular expression: {}", text, wanted.Error()));
+  }
+  const auto kinds = KindsWanted(call);
+  if (!kinds) return ExitStatus::kNotFound;
   call.Load();
   const std::vector<DomainOutline> domains = MergedByDomain(call.Outlines());
-  const std::string text = LowerCase(call.Args().text);
-  Hits hits;
-  for (const DomainOutline& domain : domains) Search(domain, text, hits);
-  const bool found = !hits.by_name.empty() || !hits.by_documentation.empty();
-  if (found || call.WantsJson()) Show(call, hits, text);
-  if (found) return ExitStatus::kOk;
-  return call.Fail(ExitStatus::kNotFound,
-                   fmt::format("no name or documentation contains '{}'", call.Args().text));
+  Hits hits = Find(domains, *kinds, wanted);
+  const std::size_t limit = call.Args().limit;
+  const std::size_t total = Cut(hits, limit);
+  if (total > 0 || call.WantsJson()) Show(call, hits, total, wanted);
+  if (total == 0) {
+    return call.Fail(ExitStatus::kNotFound,
+                     fmt::format("no name or documentation contains '{}'", text));
+  }
+  if (total > limit) call.Complain(fmt::format("only {} of {} hits are shown", limit, total));
+  return ExitStatus::kOk;
 }
 
 }  // namespace
@@ -113,11 +194,22 @@ Command SearchCommand() {
   Command command;
   command.name = "search";
   command.summary = "Find names and documentation that contain a text";
-  command.details =
-      "Upper and lower case are the same. Names come first. A TEXT with a dot is searched in full\n"
-      "names, any other TEXT only in their last part.\n";
+  command.details = fmt::format(
+      "Upper and lower case are the same. Names come first. A TEXT with a dot, or a regular\n"
+      "expression with \\., is searched in full names, any other only in their last part. Regular\n"
+      "expressions are as in Perl, but without what needs backtracking.\n\n{}\n",
+      fmt::join(
+          Wrapped(fmt::format("Kinds: {}.", fmt::join(OutlineKindNames(Host(Domains())), ", ")),
+                  88),
+          "\n"));
   command.operands = {
       {"TEXT", Word::kText, true, "Part of a name or of documentation", &Arguments::text}};
+  command.options = {
+      {"kind", "KIND", Word::kOutlineKind,
+       "Search only this kind, alone or as DOMAIN:KIND; may be given several times",
+       &Arguments::kinds},
+      {"limit", "N", Word::kNumber, "Show only the first N hits", &Arguments::limit},
+      {"regex", "", Word::kNone, "TEXT is a regular expression", &Arguments::is_regex}};
   command.outputs = TableOutputs();
   command.example = "search md5 --source metadata";
   command.use = HostUse::kOutlines;

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 
+#include "analysis/near.h"
 #include "host/merged_outline.h"
 #include "language/invocation.h"
 #include "language/operands.h"
@@ -26,6 +27,27 @@ std::size_t KindIndex(const Entry& entry) {
                                   kinds.begin());
 }
 
+bool IsShown(const Entry& entry) {
+  return KindIndex(entry) < ShownKinds().size();
+}
+
+/// The outermost entries with the id, with everything in them.
+Outline PartsWithId(const Outline& outline, const std::string& id) {
+  Outline part;
+  for (auto entry = outline.begin(); entry != outline.end();) {
+    const std::size_t depth = entry->depth;
+    if (!IsShown(*entry) || Dotted(entry->subject.ids) != id) {
+      ++entry;
+      continue;
+    }
+    do {
+      part.push_back(*entry);
+      part.back().depth -= depth;
+    } while (++entry != outline.end() && entry->depth > depth);
+  }
+  return part;
+}
+
 /// The lines of a tree: the domain itself, then what is in it one level deeper.
 struct Line {
   std::size_t depth;
@@ -37,7 +59,7 @@ std::vector<Line> Lines(const Outline& outline) {
   const Counts none(ShownKinds().size(), 0);
   std::vector<Line> lines{{0, nullptr, none}};
   for (const Entry& entry : outline) {
-    if (KindIndex(entry) < ShownKinds().size()) lines.push_back({entry.depth + 1, &entry, none});
+    if (IsShown(entry)) lines.push_back({entry.depth + 1, &entry, none});
   }
   // From the end, so that what is inside has been counted before. Each depth keeps what the lines
   // below add to the next line above that is less deep.
@@ -71,7 +93,7 @@ void WritePage(Page& page, const DomainRow& row, const std::vector<Line>& lines,
     if (line.depth > depth) continue;
     const std::string counts = CountsText(line.counts);
     if (line.entry == nullptr) {
-      page.Title(row.name + counts);
+      page.Title(row.name + (counts.empty() ? " (nothing)" : counts));
     } else {
       page.Line(line.depth,
                 fmt::format("{} {}{}", line.entry->subject.kind, line.entry->name, counts));
@@ -119,23 +141,55 @@ void WriteJson(JsonWriter& json, const DomainRow& row, const std::vector<Line>& 
   for (; !open.empty(); open.pop_back()) CloseJson(json);
 }
 
-/// Everything that is loaded, each thing below its parent, with how many there are in it.
-ExitStatus RunTree(Invocation& call) {
-  call.Load();
-  call.NoteIfEmpty();
-  const std::vector<DomainOutline> domains = MergedByDomain(call.Outlines());
+/// Leaves only what has the id; nothing of domains without it.
+void Narrow(std::vector<DomainOutline>& domains, const std::string& id) {
+  for (DomainOutline& domain : domains) domain.outline = PartsWithId(domain.outline, id);
+  domains.erase(std::remove_if(domains.begin(), domains.end(),
+                               [](const DomainOutline& domain) { return domain.outline.empty(); }),
+                domains.end());
+}
+
+Names ShownIds(const std::vector<DomainOutline>& domains) {
+  Names ids;
+  for (const DomainOutline& domain : domains) {
+    for (const Entry& entry : domain.outline) {
+      if (IsShown(entry)) ids.push_back(Dotted(entry.subject.ids));
+    }
+  }
+  return ids;
+}
+
+void Show(Invocation& call, const std::vector<DomainOutline>& domains) {
   const std::size_t depth = call.Args().depth;
   if (call.WantsJson()) {
     call.ShowJsonArray("entries", domains, [depth](JsonWriter& json, const DomainOutline& domain) {
       WriteJson(json, *domain.row, Lines(domain.outline), depth);
     });
-    return ExitStatus::kOk;
+    return;
   }
   Page page = call.MakePage();
   for (const DomainOutline& domain : domains) {
     WritePage(page, *domain.row, Lines(domain.outline), depth);
   }
-  return ExitStatus::kOk;
+}
+
+/// Everything that is loaded or that has the ID, each thing below its parent, with how many there
+/// are in it.
+ExitStatus RunTree(Invocation& call) {
+  call.Load();
+  call.NoteIfEmpty();
+  std::vector<DomainOutline> domains = MergedByDomain(call.Outlines());
+  const std::string& id = call.Args().text;
+  if (id.empty()) {
+    Show(call, domains);
+    return ExitStatus::kOk;
+  }
+  const Names known = ShownIds(domains);
+  Narrow(domains, id);
+  Show(call, domains);
+  if (!domains.empty()) return ExitStatus::kOk;
+  return call.Fail(ExitStatus::kNotFound, fmt::format("nothing in the tree has the id '{}'{}", id,
+                                                      Analysis::Suggestion(id, known)));
 }
 
 }  // namespace
@@ -143,10 +197,15 @@ ExitStatus RunTree(Invocation& call) {
 Command TreeCommand() {
   Command command;
   command.name = "tree";
-  command.summary = "Show everything that is loaded, each thing below its parent";
+  command.summary = "Show what is loaded, or what is in one ID, each thing below its parent";
   command.details =
       "Shows components, packages, services and operations, and namespaces and commands, with the\n"
-      "number of each in a thing. A thing that is in several sources is shown once.\n";
+      "number of each in a thing. A thing that is in several sources is shown once. The ID of an\n"
+      "operation is SERVICE.OPERATION. If a component and a package have the ID, it is that of "
+      "the\n"
+      "component.\n";
+  command.operands = {{"ID", Word::kTreeId, false, "Show only what has this id, with what is in it",
+                       &Arguments::text}};
   command.options = {{"depth", "LEVELS", Word::kNumber, "How many levels to show below the domains",
                       &Arguments::depth}};
   command.outputs = TableOutputs();

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "explain/explanations.h"
+#include "host/known_names.h"
 
 namespace Zelk::Tool::Complete {
 namespace {
@@ -197,6 +198,42 @@ Choices IdChoices(const Place& place) {
   return choices;
 }
 
+Choices OutlineKindWords(const Place& place) {
+  const Host& host = place.host_of({});
+  const bool with_domain = place.typed.find(':') != std::string::npos;
+  if (!with_domain) return Plain(OutlineKindNames(host));
+  Choices choices;
+  for (const OutlineKind& kind : OutlineKinds(host)) {
+    choices.push_back({kind.row->name + ":" + kind.name, ""});
+  }
+  return choices;
+}
+
+Choices NameWords(const Place& place) {
+  const Command& command = *place.line.command;
+  std::set<std::string> names;
+  for (const FoundKind& found :
+       place.LoadedHost().FindKinds(place.line.operands.front(), command.ids_of)) {
+    for (const char* kind : found.kind->within) {
+      for (const std::string& name : NamesOf(found, kind)) names.insert(name);
+    }
+    for (const std::string& name : AllNames(found)) names.insert(name);
+  }
+  return Plain({names.begin(), names.end()});
+}
+
+Choices TreeIds(const Place& place) {
+  const Host& host = place.LoadedHost();
+  std::set<std::string> ids;
+  for (const std::string& name : host.KindNames()) {
+    for (const FoundKind& found : host.FindKinds(name)) {
+      if (!found.kind->in_tree) continue;
+      for (const std::string& id : AllNames(found)) ids.insert(id);
+    }
+  }
+  return Plain({ids.begin(), ids.end()});
+}
+
 /// One part of a name at a time, so that few are offered; whole names once the user has typed a
 /// dot.
 Choices UsageNames(const Place& place) {
@@ -233,6 +270,12 @@ Completion ForWord(Word word, const Place& place) {
       return {Completion::Of::kSource, {}};
     case Word::kKind:
       return {Completion::Of::kWords, Kinds(place)};
+    case Word::kOutlineKind:
+      return {Completion::Of::kWords, OutlineKindWords(place)};
+    case Word::kName:
+      return {Completion::Of::kWords, NameWords(place)};
+    case Word::kTreeId:
+      return {Completion::Of::kWords, TreeIds(place)};
     case Word::kId:
       return {Completion::Of::kWords, IdChoices(place)};
     case Word::kUsageName:

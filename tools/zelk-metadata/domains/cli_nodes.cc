@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+#include <functional>
+#include <set>
+#include <string_view>
 
 #include "domains/cli_record.h"
 #include "domains/outline.h"
@@ -43,9 +46,13 @@ class TreeWriter {
   }
 
   Outline Write() {
-    WriteFrom("");
-    // What is left is in namespaces without a description.
-    while (!inside_.empty()) WriteFrom(inside_.begin()->first);
+    Open(depth_, "", Shown::kName);
+    WritePending();
+    // What is left is in namespaces without a description, which have no line of their own.
+    while (!inside_.empty()) {
+      Open(depth_, inside_.begin()->first, Shown::kFullName);
+      WritePending();
+    }
     return outline_.Take();
   }
 
@@ -55,39 +62,46 @@ class TreeWriter {
     std::vector<const Bindings::Cli::CommandSvc::Info*> commands;
   };
 
+  enum class Shown { kName, kFullName };
+
   struct Pending {
     std::size_t depth;
+    Shown shown;
     const Bindings::Cli::NamespaceSvc::Info* info;
   };
 
-  void WriteFrom(const std::string& path) {
-    Open(depth_, path);
+  static std::string NameOf(const Identity& identity, Shown shown) {
+    return shown == Shown::kName ? identity.name : FullName(identity);
+  }
+
+  void WritePending() {
     while (!pending_.empty()) {
       const Pending next = pending_.back();
       pending_.pop_back();
       const Identity& identity = *next.info->identity;
-      outline_.Named(next.depth, "namespace", IdsOf(identity), identity.name,
+      outline_.Named(next.depth, "namespace", IdsOf(identity), NameOf(identity, next.shown),
                      next.info->description);
-      Open(next.depth + 1, Path(identity));
+      Open(next.depth + 1, Path(identity), Shown::kName);
     }
   }
 
   /// Writes the commands of a namespace and leaves the namespaces in it to be written.
-  void Open(std::size_t depth, const std::string& path) {
+  void Open(std::size_t depth, const std::string& path, Shown shown) {
     const auto found = inside_.find(path);
     if (found == inside_.end()) return;
-    for (const auto* command : found->second.commands) WriteCommand(depth, *command);
+    for (const auto* command : found->second.commands) WriteCommand(depth, shown, *command);
     const auto& namespaces = found->second.namespaces;
     for (auto at = namespaces.rbegin(); at != namespaces.rend(); ++at) {
-      pending_.push_back({depth, *at});
+      pending_.push_back({depth, shown, *at});
     }
     // Two identities may have one full name; what is inside is written for the first.
     inside_.erase(found);
   }
 
-  void WriteCommand(std::size_t depth, const Bindings::Cli::CommandSvc::Info& command) {
+  void WriteCommand(std::size_t depth, Shown shown,
+                    const Bindings::Cli::CommandSvc::Info& command) {
     const Identity& identity = *command.identity;
-    outline_.Named(depth, "command", IdsOf(identity), identity.name, command.description);
+    outline_.Named(depth, "command", IdsOf(identity), NameOf(identity, shown), command.description);
     for (const auto& option : command.options) {
       outline_.Part(depth + 1, "option", {FullName(identity), "--" + option->long_option},
                     option->description);
@@ -114,18 +128,43 @@ std::string WordsOf(const std::string& dotted) {
   return words;
 }
 
-NamespaceHelp HelpOf(const CliNodes& nodes, const Identity& identity,
-                     const Bindings::Cli::NamespaceSvc::Info& info) {
-  NamespaceHelp help{FullName(identity), info.description, {}, {}};
-  const std::string path = Path(identity);
-  for (const auto& [child, child_info] : nodes.namespaces) {
-    const bool is_inside = child.path == path && !Path(child).empty();
-    if (is_inside) help.namespaces.emplace_back(child.name, FirstLine(child_info->description));
+/// Whether `path` is the namespace or in it; all are in the root, which is empty.
+bool IsIn(std::string_view path, const std::string& around) {
+  if (around.empty() || path == around) return true;
+  return path.size() > around.size() && path[around.size()] == '.' &&
+         path.compare(0, around.size(), around) == 0;
+}
+
+using Paths = std::set<std::string, std::less<>>;
+
+/// The innermost described namespace that a path leads through; empty for the root.
+std::string_view NearestDescribed(std::string_view path, const Paths& described) {
+  while (!path.empty() && described.count(path) == 0) {
+    const std::size_t dot = path.rfind('.');
+    path = path.substr(0, dot == std::string_view::npos ? 0 : dot);
   }
-  for (const auto& [command, command_info] : nodes.commands) {
-    if (command.path == path) {
-      help.commands.emplace_back(command.name, FirstLine(command_info->description));
-    }
+  return path;
+}
+
+/// The help for a namespace, described or not. It shows the commands in it, those in namespaces
+/// without a description included, since these have no help that leads to them.
+NamespaceHelp HelpOf(const CliNodes& nodes, const std::string& path,
+                     const std::string& description) {
+  NamespaceHelp help{path.empty() ? "." : path, description, {}, {}};
+  Paths described;
+  for (const auto& [child, info] : nodes.namespaces) {
+    const bool is_inside = child.path == path && !Path(child).empty();
+    if (is_inside) help.namespaces.emplace_back(child.name, FirstLine(info->description));
+    described.insert(Path(child));
+  }
+  for (const auto& [command, info] : nodes.commands) {
+    if (!IsIn(command.path, path)) continue;
+    if (NearestDescribed(command.path, described).size() > path.size()) continue;
+    const std::size_t between =
+        path.empty() || command.path.size() == path.size() ? path.size() : path.size() + 1;
+    const std::string inner = command.path.substr(between);
+    help.commands.emplace_back((inner.empty() ? "" : WordsOf(inner) + ' ') + command.name,
+                               FirstLine(info->description));
   }
   return help;
 }
@@ -196,8 +235,10 @@ Outcome<UsagePage> UsageOf(const CliNodes& nodes, const Names& words) {
             std::nullopt};
   }
   const auto found = std::find_if(nodes.namespaces.begin(), nodes.namespaces.end(), is_meant);
-  if (found != nodes.namespaces.end()) {
-    const NamespaceHelp help = HelpOf(nodes, found->first, *found->second);
+  const bool is_described = found != nodes.namespaces.end();
+  const NamespaceHelp help = HelpOf(nodes, name == "." ? std::string() : name,
+                                    is_described ? found->second->description : "");
+  if (is_described || !help.commands.empty()) {
     return {UsagePage{{[help](Page& page) { WriteHelpPage(page, help); },
                        [help](JsonWriter& json) { WriteHelpJson(json, help); }},
                       std::nullopt},

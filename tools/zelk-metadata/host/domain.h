@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,6 +21,13 @@ namespace Zelk::Tool {
 
 using Ids = std::vector<std::string>;
 using Names = std::vector<std::string>;
+
+/// The ids of one thing as one dotted text.
+inline std::string Dotted(const Ids& ids) {
+  std::string text;
+  for (const std::string& id : ids) text += (text.empty() ? "" : ".") + id;
+  return text;
+}
 
 /// A record from a service, with the two ways to show it.
 struct Record {
@@ -64,6 +73,27 @@ struct Precedence {
 constexpr Precedence kFirstSource{Rule::kFirstSource,
                                   "The first source in the order of the ids answers."};
 
+/// At most four names that are written in the code.
+class FewNames {
+ public:
+  constexpr FewNames() = default;
+
+  // NOLINTNEXTLINE(google-explicit-constructor): written where rows of a table are
+  constexpr FewNames(std::initializer_list<const char*> names) {
+    for (const char* name : names) names_[size_++] = name;
+  }
+
+  constexpr bool Empty() const { return size_ == 0; }
+
+  constexpr const char* const* begin() const { return names_.data(); }
+
+  constexpr const char* const* end() const { return names_.data() + size_; }
+
+ private:
+  std::array<const char*, 4> names_{};
+  std::size_t size_ = 0;
+};
+
 /// A kind of thing that a domain knows. The user may also write the name with an "s" after it.
 struct Kind {
   std::string name;
@@ -80,6 +110,15 @@ struct Kind {
 
   /// Whether trees show it.
   bool in_tree = false;
+
+  /// The kinds of things that a thing of this kind can be in, the innermost first.
+  FewNames within = {};
+
+  /// Parts of it that outlines have and that are not kinds, such as "field".
+  FewNames parts = {};
+
+  /// Whether Domain::TypesIn() knows what it consists of.
+  bool has_types = false;
 };
 
 /// A thing by its kind and ids.
@@ -150,6 +189,12 @@ class Domain {
   /// Everything that the sources hold, in the order in which the services search. With more than
   /// one source, a name that several hold has only what the first one says.
   virtual Outline MakeOutline() { return {}; }
+
+  /// The types that a thing of a kind with Kind::has_types is made of, those that these are made of,
+  /// and so on, as many levels deep: a section of its page, and an array in JSON.
+  virtual Record TypesIn(const Subject& /*subject*/, std::size_t /*levels*/) {
+    return {};  // coverage: not called for a domain without such a kind
+  }
 
   /// The thing and its parents, outermost first.
   virtual std::vector<Subject> Levels(const Subject& subject) { return {subject}; }

@@ -37,14 +37,14 @@ LoadReport IdIsTaken(const SourceArgument& source, const SourceArgument& other,
   return {ShownName(source), row.name, {{{row.exists_id, text, {}}, std::nullopt}}};
 }
 
-bool MatchesKind(const std::string& text, const std::string& domain, const Kind& kind) {
+}  // namespace
+
+bool IsKindCalled(const std::string& text, const std::string& domain, const std::string& kind) {
   const std::string prefix = domain + ":";
   const bool qualified = text.compare(0, prefix.size(), prefix) == 0;
   const std::string name = qualified ? text.substr(prefix.size()) : text;
-  return name == kind.name || name == kind.name + "s";
+  return name == kind || name == kind + "s";
 }
-
-}  // namespace
 
 std::string ProblemLine(const std::string& file, const Problem& problem) {
   const std::string position =
@@ -184,12 +184,24 @@ Names Host::SourceIds(bool with_domains) const {
   return {ids.begin(), ids.end()};
 }
 
+std::vector<LoadedSource> Host::Sources() {
+  std::vector<LoadedSource> sources;
+  for (const Loaded* const loaded : MatchingSources(std::nullopt)) {
+    sources.push_back({loaded->source, loaded->row});
+  }
+  return sources;
+}
+
+Record Host::TypesIn(const DomainRow& row, const Subject& subject, std::size_t levels) {
+  return RunningOf(row).domain->TypesIn(subject, levels);
+}
+
 std::vector<FoundKind> Host::FindKinds(const std::string& text, IdsOf ids_of) const {
   std::vector<FoundKind> found;
   for (const Running& running : domains_) {
     const std::vector<Kind>& kinds = running.domain->Kinds();
     for (const Kind& kind : kinds) {
-      if (!MatchesKind(text, running.row->name, kind)) continue;
+      if (!IsKindCalled(text, running.row->name, kind.name)) continue;
       const std::optional<IdCount> ids = ids_of == nullptr ? IdCount{} : ids_of(kind);
       if (ids) found.push_back({running.row, &kind, *ids, running.has_sources, &kinds});
     }

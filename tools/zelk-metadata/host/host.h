@@ -39,6 +39,9 @@ std::string ProblemLine(const std::string& file, const Problem& problem);
 /// How many ids a command takes for the kind; nothing for a kind that it does not know.
 using IdsOf = std::optional<IdCount> (*)(const Kind& kind);
 
+/// Whether the text is the name of the kind or its plural, with or without "DOMAIN:" before it.
+bool IsKindCalled(const std::string& text, const std::string& domain, const std::string& kind);
+
 /// A kind that the user may mean.
 struct FoundKind {
   const DomainRow* row;
@@ -64,6 +67,12 @@ struct SourceOutline {
   SourceArgument source;
   const DomainRow* row;
   Outline outline;
+};
+
+/// A source and its domain.
+struct LoadedSource {
+  SourceArgument source;
+  const DomainRow* row;
 };
 
 /// How a reload left one source.
@@ -138,6 +147,9 @@ class Host {
   /// The ids of all sources, each once; with their domains as DOMAIN:ID.
   Names SourceIds(bool with_domains = false) const;
 
+  /// The sources that are loaded, domain by domain, in each by id.
+  std::vector<LoadedSource> Sources();
+
   /// The kinds that the user may mean by `text`, a kind's name or its plural, with or without
   /// "DOMAIN:" before it; with `ids_of` only those that it knows. Domains that have loaded
   /// something come first.
@@ -157,6 +169,9 @@ class Host {
   /// What the other domains with sources than that of `row` know about a thing of that one. All of
   /// them are asked for its parents.
   std::vector<Section> About(const DomainRow& row, const Subject& subject) const;
+
+  /// See Domain::TypesIn().
+  Record TypesIn(const DomainRow& row, const Subject& subject, std::size_t levels);
 
   /// The help for the words from the first domain with sources that describes a client. Empty
   /// without one.

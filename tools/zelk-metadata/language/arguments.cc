@@ -32,7 +32,7 @@ void Unshield(std::string& arg) {
 
 void Unshield(Arguments& arguments) {
   for (auto* word : {&arguments.kind, &arguments.text, &arguments.output}) Unshield(*word);
-  for (auto* list : {&arguments.sources, &arguments.ids, &arguments.files}) {
+  for (auto* list : {&arguments.sources, &arguments.ids, &arguments.files, &arguments.kinds}) {
     for (std::string& arg : *list) Unshield(arg);
   }
 }

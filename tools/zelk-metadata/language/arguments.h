@@ -33,6 +33,11 @@ struct Arguments {
   bool accepts = false;
   std::string draft;
 
+  /// Of `search` and `get`.
+  std::vector<std::string> kinds;
+  bool is_regex = false;
+  bool is_expanded = false;
+  std::size_t limit = std::numeric_limits<std::size_t>::max();
   std::size_t depth = std::numeric_limits<std::size_t>::max();
 };
 

@@ -28,8 +28,14 @@ enum class Word {
   kSource,
   /// A kind of the domains, alone or after "DOMAIN:".
   kKind,
+  /// The same, or a part of things such as "field".
+  kOutlineKind,
+  /// A name of the kind before it, or of a thing that it can be in.
+  kName,
   /// An id of the kind before it.
   kId,
+  /// The id of something that trees show.
+  kTreeId,
   /// A part of a name that Host::UsageNames() lists.
   kUsageName,
   /// The id of a message of the library.
