@@ -25,6 +25,17 @@ std::vector<Ids> Questions(const Ids& ids, const std::vector<FoundKind>& kinds) 
   return Chunks(ids, count.min);
 }
 
+/// How many levels of types --expand shows unless --depth says otherwise.
+constexpr std::size_t kLevels = 3;
+
+/// The types in the record, if they are wanted and it has any; otherwise empty functions.
+Record TypesIn(Invocation& call, const Answer<Record>& answer) {
+  if (!call.Args().is_expanded || !answer.kind->has_types) return {};
+  const std::size_t depth = call.Args().depth;
+  const std::size_t levels = depth == Arguments().depth ? kLevels : depth;
+  return call.GetHost().TypesIn(*answer.row, {answer.kind->name, answer.ids}, levels);
+}
+
 class Pages {
  public:
   explicit Pages(Invocation& call) : call_(call), page_(call.MakePage()) {}
@@ -36,6 +47,8 @@ class Pages {
     if (!answers.empty()) {
       const auto& first = answers.front();
       WriteOne(first.value);
+      const Record types = TypesIn(call_, first);
+      if (types.page) types.page(page_);
       sections = call_.GetHost().About(*first.row, {first.kind->name, first.ids});
     }
     for (const Section& section : sections) section(page_);
@@ -55,7 +68,7 @@ class Pages {
   bool is_first_ = true;
 };
 
-void WriteJson(JsonWriter& json, const Answer<Record>& answer) {
+void WriteJson(JsonWriter& json, const Answer<Record>& answer, const Record& types) {
   json.StartObject();
   json.Member("domain", answer.row->name);
   json.Member("kind", answer.kind->name);
@@ -63,13 +76,26 @@ void WriteJson(JsonWriter& json, const Answer<Record>& answer) {
   json.StringArray(answer.ids);
   json.Key("record");
   answer.value.json(json);
+  if (types.json) {
+    json.Key("types");
+    types.json(json);
+  }
   json.EndObject();
+}
+
+/// Also for an unknown kind, which is reported as such.
+bool HasTypes(const std::vector<FoundKind>& kinds) {
+  return kinds.empty() || std::any_of(kinds.begin(), kinds.end(),
+                                      [](const FoundKind& found) { return found.kind->has_types; });
 }
 
 /// The records as pages; in JSON the records whole, which pages are not.
 ExitStatus RunGet(Invocation& call) {
   const std::string& kind = call.Args().kind;
   const auto questions = Questions(call.Args().ids, call.KindsCalled(kind));
+  if (call.Args().is_expanded && !HasTypes(call.KindsCalled(kind))) {
+    return call.Fail(ExitStatus::kUsage, "--expand is for structures");
+  }
   ExitStatus status = call.Prepare(kind, questions.front().size());
   if (status != ExitStatus::kOk) return status;
   RecordAnswers all;
@@ -80,7 +106,11 @@ ExitStatus RunGet(Invocation& call) {
     if (!call.WantsJson()) pages.Write(answers);
     all.insert(all.end(), answers.begin(), answers.end());
   }
-  if (call.WantsJson()) call.ShowJsonArray("records", all, WriteJson);
+  if (call.WantsJson()) {
+    call.ShowJsonArray("records", all, [&call](JsonWriter& json, const Answer<Record>& answer) {
+      WriteJson(json, answer, TypesIn(call, answer));
+    });
+  }
   return status;
 }
 
@@ -97,6 +127,11 @@ Command GetCommand() {
       "else.\n\n" +
       KindsText(command.ids_of);
   command.operands = {KindOperand(), IdsOperand()};
+  command.options = {
+      {"expand", "", Word::kNone,
+       "Show the types of a structure's fields, too, and what is in them", &Arguments::is_expanded},
+      {"depth", "LEVELS", Word::kNumber, "How many levels of types --expand shows; 3 unless given",
+       &Arguments::depth}};
   command.outputs = TableOutputs();
   command.example =
       "get operation com.orvane.zelk.metadata.metamodel.source delete --source metadata";

@@ -2,6 +2,7 @@
 #include <zelk/provider/metadata/metamodel/services.h>
 
 #include "domains/metamodel_shapes.h"
+#include "domains/metamodel_types.h"
 #include "domains/source_domain.h"
 #include "domains/table.h"
 
@@ -41,6 +42,7 @@ class Metamodel final : public SourceDomain<SourceSvc, Bindings::Metamodel::Sour
   Metamodel() : Metamodel(Provider::MetadataContainer::GetInstance()) {}
 
   Outline MakeOutline() override;
+  Record TypesIn(const Subject& subject, std::size_t levels) override;
   std::vector<Subject> Levels(const Subject& subject) override;
   std::vector<Section> About(const std::vector<Subject>& levels) override;
 
@@ -153,6 +155,17 @@ Outline Metamodel::MakeOutline() {
     outline.Kind(1, "model", {name}, "");
   }
   return outline.Take();
+}
+
+Record Metamodel::TypesIn(const Subject& subject, std::size_t levels) {
+  const TypeLookups lookups{
+      [this](const std::string& name) {
+        return Call(structure_, &StructureSvc::Get, name).answer.value_or(nullptr);
+      },
+      [this](const std::string& name) {
+        return Call(enumeration_, &EnumerationSvc::Get, name).answer.value_or(nullptr);
+      }};
+  return TypesInStructure(subject.ids.front(), lookups, levels);
 }
 
 std::string Metamodel::PackageOf(const std::string& service_id) {
