@@ -265,3 +265,11 @@ TEST(Complete, OffersTheKindsAndPartsThatAreSearched) {
   EXPECT_THAT(Choices("search x --kind=cli:"),
               ElementsAre("--kind=cli:namespace", "--kind=cli:command", "--kind=cli:option"));
 }
+
+TEST(Complete, OffersTheKindsAndIdsThatAreUsed) {
+  EXPECT_THAT(Choices("uses s"), ElementsAre("service", "structure", "scheme"));
+  EXPECT_THAT(Choices(kInventory + "uses structure com.acme.inventory.d"),
+              ElementsAre("com.acme.inventory.disk"));
+  EXPECT_THAT(Choices(kInventory + "uses operation com.acme.inventory.machines l"),
+              ElementsAre("list"));
+}

@@ -50,6 +50,7 @@ const Row kArrays[] = {
     {"search acme", "matches"},
     {"which component com.acme", "answers"},
     {"usage", "usages"},
+    {"uses service com.acme.inventory.machines", "uses"},
     {"explain", "messages"},
 };
 
@@ -59,6 +60,7 @@ const Row kEmptyArrays[] = {
     {"fingerprint source nope", "fingerprints"},
     {"search gizmo", "matches"},
     {"tree nope", "entries"},
+    {"uses structure nope", "uses"},
     {"which component nope", "answers"},
     {"usage nope", "usages"},
     {"explain nope", "messages"},

@@ -13,6 +13,7 @@
   ROW(Get)                      \
   ROW(Search)                   \
   ROW(Which)                    \
+  ROW(Uses)                     \
   ROW(Fingerprint)              \
   ROW(Usage)                    \
   ROW(Schema)                   \
