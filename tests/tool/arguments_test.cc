@@ -37,7 +37,7 @@ TEST(Arguments, HelpOfACommandShowsTheKindsThatItTakesWithTheirIds) {
   EXPECT_EQ(get.status, 0);
   EXPECT_THAT(get.out, HasSubstr("\n  operation SERVICE OPERATION\n"));
   EXPECT_THAT(get.out, testing::Not(HasSubstr("hidden")));
-  EXPECT_THAT(RunLine("list --help").out, HasSubstr("\n  model RESOURCE\n"));
+  EXPECT_THAT(RunLine("list --help").out, HasSubstr("\n  model, in a resource\n"));
   EXPECT_THAT(RunLine("fingerprint --help").out, HasSubstr("\n  source [SOURCE]\n"));
 }
 
@@ -143,7 +143,7 @@ TEST(Arguments, DepthIsANumber) {
 }
 
 TEST(Arguments, SurplusWordIsAnError) {
-  const ToolRun run = RunOnInventory("tree components");
+  const ToolRun run = RunOnInventory("tree com.acme components");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "zelk-metadata: unexpected argument 'components'; try tree --help\n");
 }

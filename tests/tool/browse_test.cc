@@ -220,7 +220,7 @@ TEST(Get, CommandNameMayContainADot) {
   const TempFolder folder;
   const std::string file = folder.Write("a.json", R"({"cli": [{"type": "command", "path": "a",
     "name": "b.c", "description": "", "node_metadata": {"service_id": "s", "operation_id": "o"}}]})");
-  EXPECT_THAT(RunLine("tree --source " + file).out, HasSubstr("command b.c\n"));
+  EXPECT_THAT(RunLine("tree --source " + file).out, HasSubstr("command a.b.c\n"));
   EXPECT_EQ(RunLine("get command a b.c --source " + file).status, 0);
 }
 

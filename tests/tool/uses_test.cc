@@ -166,7 +166,8 @@ TEST(Uses, UnknownThingsAreNotFoundWithNearNames) {
                         "structure?\n"));
 }
 
-TEST(Uses, MoreIdsAreWrongUsage) {
+TEST(Uses, NoIdOrMoreThanOneIsWrongUsage) {
+  EXPECT_EQ(RunLine("uses structure").err, "zelk-metadata: ID is required\n");
   EXPECT_EQ(RunLine("uses structure a b").err, "zelk-metadata: unexpected argument 'b'\n");
   EXPECT_EQ(RunLine("uses operation a b c").status, 2);
 }

@@ -179,6 +179,8 @@ Names KnownNames(const Workspace& workspace, const UsedKind& kind) {
     const bool is_operation = kind.element == ElementKind::kOperation;
     names.push_back(is_operation ? model.FullName(id) : std::string(model[id].name));
   }
+  // References to operations have only their last name.
+  if (kind.element == ElementKind::kOperation) return names;
   for (const Reference& reference : workspace.GetReferences().All()) {
     if (Means(workspace, reference, kind)) names.emplace_back(reference.name);
   }
@@ -241,6 +243,7 @@ ExitStatus RunUses(Invocation& call) {
                     fmt::join(known, ", "), Analysis::Suggestion(call.Args().kind, known)));
   }
   const Ids& ids = call.Args().ids;
+  if (ids.empty()) return call.Fail(ExitStatus::kUsage, "ID is required");
   if (ids.size() > 1 && (kind->element != ElementKind::kOperation || ids.size() > 2)) {
     return call.Fail(ExitStatus::kUsage, fmt::format("unexpected argument '{}'", ids.back()));
   }
@@ -283,7 +286,7 @@ Command UsesCommand() {
       "An operation is SERVICE.OPERATION or two words, a scheme the name that lists have for it.\n";
   command.operands = {
       {"KIND", Word::kChoice, true, "What the thing is", &Arguments::kind, UsedKindNames()},
-      {"ID", Word::kId, true, "Its id", &Arguments::ids}};
+      {"ID", Word::kId, false, "Its id", &Arguments::ids}};
   command.outputs = TableOutputs();
   command.example =
       "uses structure com.orvane.zelk.metadata.metamodel.field_info --source metadata";

@@ -190,8 +190,8 @@ class Domain {
   /// one source, a name that several hold has only what the first one says.
   virtual Outline MakeOutline() { return {}; }
 
-  /// The types that a thing of a kind with Kind::has_types is made of, those that these are made of,
-  /// and so on, as many levels deep: a section of its page, and an array in JSON.
+  /// The types that a thing of a kind with Kind::has_types is made of, those that these are made
+  /// of, and so on, as many levels deep: a section of its page, and an array in JSON.
   virtual Record TypesIn(const Subject& /*subject*/, std::size_t /*levels*/) {
     return {};  // coverage: not called for a domain without such a kind
   }
