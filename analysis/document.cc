@@ -4,7 +4,8 @@
 #include <iterator>
 
 #include <rapidjson/memorystream.h>
-#include <rapidjson/reader.h>
+
+#include "analysis/json_heap.h"
 
 namespace Zelk::Analysis {
 
@@ -118,7 +119,7 @@ Document::Document(std::string text) : text_(std::move(text)), lines_{0} {
   // This stream and no other: the reader works on copies of some, whose position is then unknown.
   rapidjson::MemoryStream stream(text_.data(), text_.size());
   Builder builder(*this, stream);
-  rapidjson::Reader reader;
+  JsonReader reader;
   // Iterative, because a hostile file may nest deeper than the stack reaches.
   if (text_.size() >= kNoNode ||
       reader.Parse<rapidjson::kParseIterativeFlag>(stream, builder).IsError()) {

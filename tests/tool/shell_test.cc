@@ -380,6 +380,9 @@ TEST(Shell, ReloadKeepsTheSourcesOfAFolderThatIsGone) {
 }
 
 TEST(Shell, MemoryThatRunsOutFailsTheLineOnly) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+  GTEST_SKIP() << "sanitizers need more address space than is left";
+#endif
   const ToolRun run = Zelk::Testing::RunShell(
       "cd $(dirname $0)\n"
       "printf '{\"metamodel\": ' > huge.json; truncate -s 400M huge.json\n"
@@ -391,6 +394,20 @@ TEST(Shell, MemoryThatRunsOutFailsTheLineOnly) {
   EXPECT_EQ(run.err,
             "zelk-metadata: out of memory\nzelk-metadata: out of memory\n"
             "zelk-metadata: out of memory\n");
+}
+
+TEST(Shell, BracketsThatDoNotFitInMemoryFailTheLineOnly) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+  GTEST_SKIP() << "sanitizers need more address space than is left";
+#endif
+  const ToolRun run = Zelk::Testing::RunShell(
+      "cd $(dirname $0)\n"
+      "(printf '{\"x\": '; head -c 30000000 /dev/zero | tr '\\0' '[') > deep.json\n"
+      "ulimit -v 100000\n"
+      "$tool list components --source deep.json; echo $?\n"
+      "$tool check deep.json; echo $?");
+  EXPECT_EQ(run.out, "4\n4\n");
+  EXPECT_EQ(run.err, "zelk-metadata: out of memory\nzelk-metadata: out of memory\n");
 }
 
 TEST(Shell, ReloadReportsSourcesOfEveryDomain) {

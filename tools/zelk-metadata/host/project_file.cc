@@ -8,8 +8,8 @@
 
 #include <rapidjson/error/en.h>
 #include <rapidjson/memorystream.h>
-#include <rapidjson/reader.h>
 
+#include "analysis/json_heap.h"
 #include "host/input_file.h"
 
 namespace Zelk::Tool {
@@ -28,7 +28,7 @@ std::string PlaceText(const std::string& path, const Analysis::Position& positio
 std::string SyntaxComplaint(const std::string& path, const Analysis::Document& document) {
   rapidjson::MemoryStream stream(document.Text().data(), document.Text().size());
   rapidjson::BaseReaderHandler<> ignored;
-  rapidjson::Reader reader;
+  Analysis::JsonReader reader;
   const rapidjson::ParseResult result =
       reader.Parse<rapidjson::kParseIterativeFlag>(stream, ignored);
   return PlaceText(path, document.PositionAt(result.Offset())) +

@@ -6,7 +6,8 @@
 #include <system_error>
 
 #include <rapidjson/istreamwrapper.h>
-#include <rapidjson/reader.h>
+
+#include "analysis/json_heap.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -56,7 +57,7 @@ const DomainRow* FindDomain(const std::string& path, const DomainTable& table) {
     std::ifstream file(path, std::ios::binary);
     rapidjson::IStreamWrapper stream(file);
     // Iterative, because a hostile file may nest deeper than the stack reaches.
-    rapidjson::Reader().Parse<rapidjson::kParseIterativeFlag>(stream, finder);
+    Analysis::JsonReader().Parse<rapidjson::kParseIterativeFlag>(stream, finder);
   }
   return finder.Found();
 }

@@ -3,7 +3,6 @@
 #include <ostream>
 
 #include <rapidjson/prettywriter.h>
-#include <rapidjson/reader.h>
 
 #include "render/utf8.h"
 
@@ -11,16 +10,6 @@ namespace Zelk::Tool {
 namespace {
 
 constexpr std::size_t kDeepestIndented = 100;
-
-using Ascii = rapidjson::ASCII<>;
-using Utf8 = rapidjson::UTF8<>;
-
-void Indent(const char* compact, rapidjson::StringBuffer& indented) {
-  rapidjson::StringStream in(compact);
-  rapidjson::PrettyWriter<rapidjson::StringBuffer, Utf8, Ascii> writer(indented);
-  writer.SetIndent(' ', 2);
-  rapidjson::Reader().Parse<rapidjson::kParseIterativeFlag>(in, writer);
-}
 
 }  // namespace
 
@@ -81,11 +70,18 @@ void JsonWriter::Member(const std::string& name, const boost::optional<std::stri
   }
 }
 
+void JsonWriter::WriteIndented(Buffer& indented) const {
+  rapidjson::StringStream in(buffer_.GetString());
+  rapidjson::PrettyWriter<Buffer, Utf8, Ascii, Analysis::JsonHeap> writer(indented);
+  writer.SetIndent(' ', 2);
+  Analysis::JsonReader().Parse<rapidjson::kParseIterativeFlag>(in, writer);
+}
+
 void JsonWriter::WriteTo(std::ostream& out, bool indented) const {
   const bool is_indented = indented && deepest_ <= kDeepestIndented;
-  rapidjson::StringBuffer text;
-  if (is_indented) Indent(buffer_.GetString(), text);
-  const rapidjson::StringBuffer& shown = is_indented ? text : buffer_;
+  Buffer text;
+  if (is_indented) WriteIndented(text);
+  const Buffer& shown = is_indented ? text : buffer_;
   out.write(shown.GetString(), static_cast<std::streamsize>(shown.GetSize()));
   out.put('\n');
 }

@@ -10,6 +10,8 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include "analysis/json_heap.h"
+
 namespace Zelk::Tool {
 
 /// Builds one JSON text, in ASCII: other characters are written as \uXXXX, so that the
@@ -50,8 +52,14 @@ class JsonWriter {
 
   std::size_t depth_ = 0;
   std::size_t deepest_ = 0;
-  rapidjson::StringBuffer buffer_;
-  rapidjson::Writer<rapidjson::StringBuffer, rapidjson::UTF8<>, rapidjson::ASCII<>> writer_;
+  using Utf8 = rapidjson::UTF8<>;
+  using Ascii = rapidjson::ASCII<>;
+  using Buffer = rapidjson::GenericStringBuffer<Utf8, Analysis::JsonHeap>;
+
+  void WriteIndented(Buffer& indented) const;
+
+  Buffer buffer_;
+  rapidjson::Writer<Buffer, Utf8, Ascii, Analysis::JsonHeap> writer_;
 };
 
 }  // namespace Zelk::Tool
