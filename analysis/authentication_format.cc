@@ -80,6 +80,6 @@ constexpr ObjectForm kRoot{"document", kRootKeys};
 }  // namespace
 
 const Format kAuthenticationFormat{Domain::kAuthentication, "authentication", "Authentication file",
-                                   Each(ElementKind::kNone, kRoot)};
+                                   Each(ElementKind::kNone, kRoot), true};
 
 }  // namespace Zelk::Analysis

@@ -186,6 +186,8 @@ struct Format {
   /// What people call a file of the format.
   const char* title;
   ValueForm root;
+  /// Whether a file may load without a part that is broken.
+  bool has_separate_parts = false;
 };
 
 extern const Format kMetamodelFormat;

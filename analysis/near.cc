@@ -19,7 +19,7 @@ std::string AfterLastDot(const std::string& name) {
 /// How many typing errors are likely. Only the last part counts: names share what is before it, so
 /// that a few errors there would make one name of another.
 std::size_t Limit(const std::string& text) {
-  return std::min<std::size_t>(1 + AfterLastDot(text).size() / 4, 4);
+  return std::min<std::size_t>(1 + AfterLastDot(text).size() / 5, 4);
 }
 
 /// The smaller, the likelier; kFar for a name that is unlikely.

@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string_view>
+#include <utility>
 
 namespace Zelk::Analysis {
 namespace {
@@ -14,7 +15,8 @@ constexpr char kInvalidEnumValue[] = "zelk.metadata.json.invalid.enum.value";
 constexpr char kInvalidNodeType[] = "zelk.metadata.cli.json.invalid.node.type";
 constexpr char kInvalidOperation[] = "zelk.metadata.authentication.json.invalid.operation.id";
 constexpr char kInvalidService[] = "zelk.metadata.authentication.json.invalid.service.id";
-constexpr char kUnknownScheme[] = "zelk.metadata.authentication.json.unknown.schema.name";
+
+constexpr std::size_t kMostFurtherProblems = 100;
 
 constexpr ObjectForm kNoKeys{};
 constexpr ValueForm kAnyText{Form::kText};
@@ -23,13 +25,17 @@ constexpr ValueForm kAnyText{Form::kText};
 /// Functions that return bool return false when what they read fails its object.
 class FormatReader {
  public:
-  FormatReader(const Document& document, Reading& reading)
-      : document_(document), reading_(reading) {}
+  FormatReader(const Document& document, Extent extent, Reading& reading)
+      : document_(document), extent_(extent), reading_(reading) {}
 
   bool Read(const Format& format) {
-    bool ok = Enter(kRootNode, format.root, format.root_key, kNoElement);
-    while (ok && !open_.empty()) ok = Step() || GoOnAfterPart();
-    return ok;
+    Enter(kRootNode, format.root, format.root_key, kNoElement);
+    while (!open_.empty()) {
+      if (Step()) continue;
+      NoteFailure();
+      if (extent_ == Extent::kToFirstError) LeaveFailed();
+    }
+    return !has_failed_;
   }
 
  private:
@@ -49,6 +55,7 @@ class FormatReader {
 
   bool Step() {
     Open& open = open_.back();
+    if (ReadsSeparateKey(open)) has_part_failed_ = false;
     if (open.object != nullptr) {
       if (open.next_key < open.object->keys.Size()) {
         const KeyForm& key = open.object->keys[open.next_key++];
@@ -65,36 +72,52 @@ class FormatReader {
     return Check(done.form->rule, done.node);
   }
 
-  bool ReadKey(const Open& open, const KeyForm& key) {
+  bool ReadKey(Open& open, const KeyForm& key) {
     const NodeId object = open.node;
-    const ElementId element = open.element;
     if (!Check(key.before, object)) return false;
     const NodeId value = document_.Find(object, key.name);
-    if (value != kNoNode) return Enter(value, key.value, key.name, element);
-    Fail(object, kMissingField, key.name);
-    if (key.presence == KeyForm::kRequired) return false;
-    reading_.problems.back().severity = Severity::kNote;
+    const bool is_separate = key.presence == KeyForm::kSeparate;
+    part_ = is_separate ? key.name : part_;
+    if (value != kNoNode) return Enter(value, key.value, key.name, open.element);
+    Problem problem{kMissingField, key.name, Severity::kError, document_[object].begin, object};
+    problem.object = open.object;
+    if (key.presence == KeyForm::kRequired) {
+      // Of a value of another type, one missing key is enough.
+      if (document_[object].kind != NodeKind::kObject) {
+        open.object = &kNoKeys;
+        open.next_key = 0;
+      }
+      return Fail(std::move(problem));
+    }
+    problem.severity = Severity::kNote;
+    if (!IsFurther()) reading_.problems.push_back(std::move(problem));
     return true;
   }
 
   /// Goes on with the keys that the text under the deciding key asks for; it may ask for none.
   bool Decide(Open& open) {
-    const NodeId value = document_.Find(open.node, open.object->decided_by);
+    const ObjectForm& object = *open.object;
+    open.object = &kNoKeys;
+    open.next_key = 0;
+    const NodeId value = document_.Find(open.node, object.decided_by);
+    // A bad text under the key was reported when it was read.
+    if (value == kNoNode || document_[value].kind != NodeKind::kString) return true;
     const std::string_view text = document_.String(value);
-    const Words* const words = open.object->words;
-    const std::string_view wanted = words == nullptr ? text : words->Find(text);
-    const Rows<Variant>& variants = open.object->variants;
+    const char* const word = object.words == nullptr ? nullptr : object.words->Find(text);
+    const std::string_view wanted = word == nullptr ? text : word;
+    const Rows<Variant>& variants = object.variants;
     const Variant* const variant = std::find_if(
         variants.begin(), variants.end(), [&](const Variant& row) { return row.text == wanted; });
-    if (variant == variants.end() && words == nullptr) {
-      return Fail(value, kInvalidNodeType, open.object->decided_by);
+    if (variant != variants.end()) {
+      open.object = variant->object;
+      open.element = Add(variant->element, open.node, open.element);
+      return true;
     }
-    static constexpr Variant kNoMoreKeys{"", &kNoKeys};
-    const Variant& chosen = variant == variants.end() ? kNoMoreKeys : *variant;
-    open.object = chosen.object;
-    open.next_key = 0;
-    open.element = Add(chosen.element, open.node, open.element);
-    return true;
+    if (object.words != nullptr) return true;
+    Problem problem{kInvalidNodeType, object.decided_by, Severity::kError, document_[value].begin,
+                    value};
+    problem.object = &object;
+    return Fail(std::move(problem));
   }
 
   /// Reads a value that has no parts, and opens one that has.
@@ -108,11 +131,11 @@ class FormatReader {
       case Form::kWord:
         if (!Is(node, NodeKind::kString, form, name)) return false;
         return form.words->Find(document_.String(node)) != nullptr ||
-               Fail(node, kInvalidEnumValue, name);
+               FailWord(node, *form.words, name);
       case Form::kSchemeName:
         if (!Is(node, NodeKind::kString, form, name)) return false;
         Add(form.element, node, element);
-        return schemes_.count(document_.String(node)) != 0 || Fail(node, kUnknownScheme, "id");
+        return IsScheme(document_.String(node)) || Fail(node, kUnknownScheme, "id");
       case Form::kTextOrList:
         if (document_[node].kind == NodeKind::kString) return true;
         return Is(node, NodeKind::kArray, form, name) && Push(node, form, name, element);
@@ -134,8 +157,10 @@ class FormatReader {
   bool Push(NodeId node, const ValueForm& form, const char* name, ElementId element) {
     if (form.element == ElementKind::kComponent) {
       schemes_.clear();
+      has_schemes_ = false;
       operations_.clear();
     }
+    if (form.each != nullptr && form.each->rule == Rule::kDefinesScheme) has_schemes_ = true;
     open_.push_back({node, &form, name, Add(form.element, node, element), form.object, 0,
                      document_[node].first_child});
     return true;
@@ -178,8 +203,9 @@ class FormatReader {
         schemes_.insert(document_.Key(node));
         break;
       case Rule::kOperationId:
+        if (!CheckId(node, kInvalidOperation)) return false;
         operations_.emplace(OwnerOf(document_.Key(node)), node);
-        return CheckId(node, kInvalidOperation);
+        break;
       case Rule::kServiceId:
         operations_.erase(document_.Key(node));
         return CheckId(node, kInvalidService);
@@ -194,10 +220,13 @@ class FormatReader {
 
   void CheckConstant(NodeId constant) {
     const NodeId type = document_.Find(constant, "type");
+    const NodeId value = document_.Find(constant, "value");
+    if (type == kNoNode || value == kNoNode) return;
     const bool is_text = ToUpper(TextOf(type, "category")) == "PRIMITIVE" &&
                          ToUpper(TextOf(type, "type")) == "STRING";
-    const NodeId value = document_.Find(constant, "value");
-    if (is_text && !Is(value, NodeKind::kString, kAnyText, "value")) WentOn();
+    if (!is_text || document_[value].kind == NodeKind::kString) return;
+    Warn({kAnyText.invalid_id, "value", Severity::kWarning, document_[value].begin, value},
+         "value");
   }
 
   bool CheckId(NodeId member, const char* message_id) {
@@ -208,10 +237,16 @@ class FormatReader {
   void CheckServicesOfOperations() {
     for (const auto& [service, operation] : operations_) {
       if (!OwnerOf(service).empty()) continue;
-      FailKey(operation, kInvalidService, service);
-      WentOn();
+      Warn({kInvalidService, std::string(service), Severity::kWarning,
+            document_[operation].key_begin, operation},
+           "service");
       return;
     }
+  }
+
+  /// Without schemes, which the library has reported then, every one would be unknown.
+  bool IsScheme(std::string_view name) const {
+    return schemes_.count(name) != 0 || (IsFurther() && !has_schemes_);
   }
 
   bool IsCarried(NodeId authentication) const {
@@ -222,20 +257,29 @@ class FormatReader {
     return !failed("product") && document_.Find(authentication, "product") != kNoNode;
   }
 
-  /// Whether what failed was within a part that fails only itself. The reading goes on after it.
-  bool GoOnAfterPart() {
+  /// The step failed: the part that is read, or the file if it is in none.
+  void NoteFailure() {
+    if (IsFurther()) return;
     ElementId part = kNoElement;
-    for (; !open_.empty(); open_.pop_back()) {
-      const Open& open = open_.back();
-      if (ReadsSeparateKey(open)) {
-        failed_parts_.emplace_back(open.object->keys[open.next_key - 1].name);
+    for (auto open = open_.rbegin(); open != open_.rend(); ++open) {
+      if (ReadsSeparateKey(*open)) {
+        failed_parts_.emplace_back(open->object->keys[open->next_key - 1].name);
         if (part != kNoElement) reading_.elements[part].fate = Fate::kIgnored;
-        return true;
+        has_part_failed_ = true;
+        return;
       }
-      part = open.element;
+      part = open->element;
     }
-    return false;
+    has_failed_ = true;
   }
+
+  /// Goes on after the part that failed, if it is one.
+  void LeaveFailed() {
+    while (!open_.empty() && !ReadsSeparateKey(open_.back())) open_.pop_back();
+  }
+
+  /// Whether the library has stopped reading here.
+  bool IsFurther() const { return has_failed_ || has_part_failed_; }
 
   static bool ReadsSeparateKey(const Open& open) {
     return open.object != nullptr && open.next_key > 0 &&
@@ -243,37 +287,62 @@ class FormatReader {
   }
 
   /// Always false.
-  bool Fail(NodeId node, const char* message_id, std::string_view argument) {
-    reading_.problems.push_back(
-        {message_id, std::string(argument), Severity::kError, document_[node].begin, node});
+  bool Fail(Problem problem) {
+    problem.is_further = IsFurther();
+    problem.left_out = part_;
+    if (problem.is_further && ++further_ > kMostFurtherProblems) {
+      ++reading_.unlisted;
+    } else {
+      reading_.problems.push_back(std::move(problem));
+    }
     return false;
+  }
+
+  bool Fail(NodeId node, const char* message_id, std::string_view argument) {
+    return Fail({message_id, std::string(argument), Severity::kError, document_[node].begin, node});
+  }
+
+  bool FailWord(NodeId node, const Words& words, const char* name) {
+    Problem problem{kInvalidEnumValue, name, Severity::kError, document_[node].begin, node};
+    problem.words = &words;
+    return Fail(std::move(problem));
   }
 
   /// The same, about the key of the member.
   bool FailKey(NodeId member, const char* message_id, std::string_view argument) {
-    Fail(member, message_id, argument);
-    reading_.problems.back().offset = document_[member].key_begin;
-    return false;
+    return Fail(
+        {message_id, std::string(argument), Severity::kError, document_[member].key_begin, member});
   }
 
-  /// The last problem did not end the load.
-  void WentOn() { reading_.problems.back().severity = Severity::kWarning; }
+  /// The load goes on without what is left out.
+  void Warn(Problem problem, const char* left_out) {
+    const char* const part = std::exchange(part_, left_out);
+    Fail(std::move(problem));
+    part_ = part;
+  }
 
   const Document& document_;
+  const Extent extent_;
   Reading& reading_;
   std::vector<Open> open_;
+  /// The separate part that is read; or null.
+  const char* part_ = nullptr;
+  bool has_part_failed_ = false;
+  bool has_failed_ = false;
+  std::size_t further_ = 0;
   // Of the component that is being read: its schemes, and the first operation of each service that
   // is not listed itself.
   std::set<std::string_view> schemes_;
+  bool has_schemes_ = false;
   std::map<std::string_view, NodeId> operations_;
   std::vector<std::string_view> failed_parts_;
 };
 
 }  // namespace
 
-Reading Read(const Document& document, const Format& format) {
+Reading Read(const Document& document, const Format& format, Extent extent) {
   Reading reading;
-  reading.loads = FormatReader(document, reading).Read(format);
+  reading.loads = FormatReader(document, extent, reading).Read(format);
   return reading;
 }
 

@@ -11,6 +11,8 @@
 
 namespace Zelk::Analysis {
 
+inline constexpr char kUnknownScheme[] = "zelk.metadata.authentication.json.unknown.schema.name";
+
 /// What a problem means for the load.
 enum class Severity : std::uint8_t {
   /// It is why the load failed, or why a part of the file was left out.
@@ -30,13 +32,32 @@ struct Problem {
   std::size_t offset;
   /// The value; for a missing key, the object without it.
   NodeId node;
+  /// Whether the library does not give it, since it stops reading at the first error.
+  bool is_further = false;
+  /// What the library leaves out because of it if the file loads all the same, in a word; or null.
+  const char* left_out = nullptr;
+  /// The words that the text is none of; or null.
+  const Words* words = nullptr;
+  /// The form of the object that lacks a key, or whose text decides nothing; or null.
+  const ObjectForm* object = nullptr;
+};
+
+enum class Extent : std::uint8_t {
+  /// As far as the library reads.
+  kToFirstError,
+  /// After an error, the reading goes on with the next key or element. What can only be judged by
+  /// what is missing is passed over.
+  kWholeFile,
 };
 
 /// What the library makes of a document as a file of one domain.
 struct Reading {
   bool loads = false;
-  /// The messages of the library, in its order. It gives them if the file does not load.
+  /// The messages of the library, in its order. It gives them if the file does not load. Further
+  /// problems are where they were found.
   std::vector<Problem> problems;
+  /// How many further problems there are that are not in the list, which is of limited length.
+  std::size_t unlisted = 0;
   /// What was read, in document order except that keys are in the order of the format. If the file
   /// does not load, only what was before the first error; nothing of it is answered then. Their
   /// fates, owners and targets are not decided yet, except that of parts that are left out.
@@ -44,6 +65,6 @@ struct Reading {
 };
 
 /// Reads the document, which must be JSON, key by key in the order in which the library does.
-Reading Read(const Document& document, const Format& format);
+Reading Read(const Document& document, const Format& format, Extent extent = Extent::kToFirstError);
 
 }  // namespace Zelk::Analysis

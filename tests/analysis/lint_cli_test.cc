@@ -115,7 +115,7 @@ TEST(UnknownOptionField, NamesWhatHasNoSuchField) {
                           "(did you mean 'spec' or 'specs'?)"));
   EXPECT_THAT(found("spec.mast"),
               ElementsAre("error option:spec.mast: the structure 'c.p.spec' has no field 'mast' "
-                          "(did you mean 'must' or 'may'?)"));
+                          "(did you mean 'must'?)"));
   EXPECT_THAT(found("specs.must"),
               ElementsAre("error option:specs.must: the parameter 'c.p.s.get.specs' is not a "
                           "structure and has no field 'must'"));

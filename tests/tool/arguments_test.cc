@@ -80,9 +80,7 @@ TEST(Arguments, IdAfterADoubleDashMayLookLikeAnOption) {
 }
 
 TEST(Arguments, BracketsAndCommasBelongToTheName) {
-  EXPECT_EQ(RunLine("check [a,b]").out,
-            "[a,b]: error: Metamodel source file not found: [a,b] "
-            "[zelk.metada.metamodel.source.file.not.found]\n");
+  EXPECT_EQ(RunLine("check [a,b]").out, "[a,b]: error: No such file or directory\n");
   EXPECT_EQ(RunLine("get component [x]").err,
             "zelk-metadata: Metamodel component not found: [x]\n");
   EXPECT_EQ(RunLine("list components --source [a,b]").err,

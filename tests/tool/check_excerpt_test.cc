@@ -55,6 +55,15 @@ TEST(CheckExcerpt, LongLineIsCutToAWindowAroundThePlace) {
   EXPECT_LT(Zelk::Tool::Columns(excerpt.line), 105U);
 }
 
+TEST(CheckExcerpt, WindowIsNoWiderThanTheTerminal) {
+  const std::string text = std::string(300, 'a') + "HERE" + std::string(300, 'b');
+  for (const std::size_t columns : {20U, 33U, 40U, 80U, 200U}) {
+    const Excerpt excerpt = ExcerptAt(Document(text), 300, columns);
+    EXPECT_LE(Zelk::Tool::Columns(excerpt.line), columns);
+    EXPECT_EQ(excerpt.line.substr(excerpt.mark, 4), "HERE") << columns;
+  }
+}
+
 TEST(CheckExcerpt, WindowCutsNoCharacterInTwo) {
   std::string text;
   for (int i = 0; i < 3000; ++i) text += "\u8a9e";

@@ -3,9 +3,11 @@
 #include <gmock/gmock.h>
 
 #include "support/temp_folder.h"
+#include "tool/check_json.h"
 #include "tool/tool_run.h"
 
 using testing::HasSubstr;
+using Zelk::Testing::CheckedJson;
 using Zelk::Testing::kDataFolder;
 using Zelk::Testing::RunTool;
 using Zelk::Testing::TempFolder;
@@ -18,9 +20,9 @@ struct SyntaxError {
   std::string text;
   std::string place;
   /// The code and the offset that the service answers.
-  std::string code_and_offset;
-  /// What RapidJSON calls the code.
-  std::string explanation;
+  std::string code;
+  std::string offset;
+  std::string words;
 };
 
 /// What was printed but for the lines of the file.
@@ -34,20 +36,41 @@ std::string WithoutExcerpts(const std::string& out) {
 }
 
 const SyntaxError kSyntaxErrors[] = {
-    {"an empty file", "", "1:1", "1 at 0", "The document is empty."},
-    {"a blank file", "\n\n  ", "3:3", "1 at 4", "The document is empty."},
-    {"the first byte", "?", "1:1", "3 at 0", "Invalid value."},
-    {"the first line", "{\"a\": ?}", "1:7", "3 at 6", "Invalid value."},
-    {"a later line", "{\n  \"a\": 1,\n  \"b\": ?\n}", "3:8", "3 at 19", "Invalid value."},
-    {"the first column of a line", "{\n\"a\": 1,\n?", "3:1", "4 at 10",
+    {"a zero byte", std::string("\0", 1), "1:1", "1", "0", "The document is empty."},
+    {"the first byte", "?", "1:1", "3", "0", "Invalid value."},
+    {"the first line", "{\"a\": ?}", "1:7", "3", "6", "Invalid value."},
+    {"a later line", "{\n  \"a\": 1,\n  \"b\": ?\n}", "3:8", "3", "19", "Invalid value."},
+    {"the first column of a line", "{\n\"a\": 1,\n?", "3:1", "4", "10",
      "Missing a name for object member."},
-    {"bytes, not characters", "{\"n\u00e4\": ?}", "1:9", "3 at 8", "Invalid value."},
-    {"carriage returns", "{\r\n\"a\":\r\n?", "3:1", "3 at 9", "Invalid value."},
-    {"the end of the file", "{\"a\": 1", "1:8", "6 at 7",
-     "Missing a comma or '}' after an object member."},
-    {"the end of the file after a line end", "{\"a\": 1\n", "2:1", "6 at 8",
-     "Missing a comma or '}' after an object member."},
-    {"after the root", "{}\n{}", "2:1", "2 at 3",
+    {"bytes, not characters", "{\"n\u00e4\": ?}", "1:9", "3", "8", "Invalid value."},
+    {"carriage returns", "{\r\n\"a\":\r\n?", "3:1", "3", "9", "Invalid value."},
+    {"the end of the file", "{\"a\": 1", "1:8", "6", "7",
+     "The file ends too early. Missing a comma or '}' after an object member."},
+    {"the end of the file after a line end", "{\"a\": 1\n", "2:1", "6", "8",
+     "The file ends too early. Missing a comma or '}' after an object member."},
+    {"a string without end", "{\"a", "1:4", "11", "3",
+     "The file ends too early. Missing a closing quotation mark in string."},
+    {"a line break in a string", "{\"a\nb\": 1}", "1:4", "10", "3",
+     "A string is not closed before the end of the line. A line break in it is written \\n."},
+    {"a tab in a string", "{\"a\tb\": 1}", "1:4", "10", "3",
+     "A control character must be written as \\u00XX."},
+    {"a wrong escape", "{\"a\\q\": 1}", "1:4", "10", "3", "Invalid escape character in string."},
+    {"a byte order mark", "\xef\xbb\xbf{}", "1:1", "3", "0",
+     "The file begins with a byte order mark, which JSON does not allow. Save it as UTF-8 without "
+     "one."},
+    {"UTF-16 with a mark", std::string("\xff\xfe{\0}\0", 6), "1:1", "3", "0",
+     "The file is in UTF-16 or UTF-32. Save it as UTF-8."},
+    {"UTF-16 without one", std::string("{\0}\0", 4), "1:2", "4", "1",
+     "The file is in UTF-16 or UTF-32. Save it as UTF-8."},
+    {"a comma before a brace", "{\"a\": 1, }", "1:10", "4", "9",
+     "The last comma before the closing bracket is one too many."},
+    {"a comma before a bracket", "[1,\n]", "2:1", "3", "4",
+     "The last comma before the closing bracket is one too many."},
+    {"no value before a bracket", "[}", "1:2", "3", "1", "Invalid value."},
+    {"a line break in a number", "[1.\n2]", "1:4", "14", "3", "Miss fraction part in number."},
+    {"a comment", "{ // x\n}", "1:3", "4", "2", "JSON has no comments."},
+    {"single quotes", "{'a': 1}", "1:2", "4", "1", "A string must be in double quotes."},
+    {"after the root", "{}\n{}", "2:1", "2", "3",
      "The document root must not be followed by other values."},
 };
 
@@ -58,12 +81,14 @@ TEST(Check, ReportsLineAndColumnOfASyntaxError) {
   for (const SyntaxError& row : kSyntaxErrors) {
     const std::string path = folder.Write("file.json", row.text);
     const ToolRun run = RunTool({"check", path});
-    EXPECT_EQ(WithoutExcerpts(run.out),
-              path + ":" + row.place +
-                  ": error: Metamodel source file parse error : " + row.code_and_offset +
-                  " [zelk.metadata.metamodel.parse.error]\n  " + row.explanation + "\n")
+    EXPECT_EQ(WithoutExcerpts(run.out), path + ":" + row.place + ": error: " + row.words +
+                                            " [zelk.metadata.metamodel.parse.error]\n")
         << row.what;
     EXPECT_EQ(run.status, 1) << row.what;
+    const auto json = CheckedJson(path);
+    const auto& arguments = json["files"][0]["messages"][0]["arguments"];
+    EXPECT_EQ(arguments[0].GetString(), row.code) << row.what;
+    EXPECT_EQ(arguments[1].GetString(), row.offset) << row.what;
   }
 }
 
@@ -73,26 +98,15 @@ TEST(Check, ReportsLineAndColumnFarInsideAFile) {
   const std::string path = folder.Write("file.json", lines + "  ?");
   EXPECT_EQ(RunTool({"check", path}).out,
             path +
-                ":200001:3: error: Metamodel source file parse error : 3 at 200002 "
-                "[zelk.metadata.metamodel.parse.error]\n"
+                ":200001:3: error: Invalid value. [zelk.metadata.metamodel.parse.error]\n"
                 "  200001 |   ?\n"
-                "         |   ^\n"
-                "  Invalid value.\n");
-}
-
-TEST(Check, AFolderHasAMessageButNoLine) {
-  const TempFolder folder;
-  const std::string path = folder.Path("");
-  EXPECT_EQ(RunTool({"check", path}).out, path +
-                                              ": error: Metamodel source file parse error : 1 at 0 "
-                                              "[zelk.metadata.metamodel.parse.error]\n"
-                                              "  The document is empty.\n");
+                "         |   ^\n");
 }
 
 TEST(Check, LoadsEveryFileByItself) {
   const std::string path = kDataFolder + "/network.json";
   const ToolRun run = RunTool({"check", path, path});
-  EXPECT_EQ(run.out, path + ": ok\n" + path + ": ok\n");
+  EXPECT_EQ(run.out, path + ": ok\n" + path + ": ok\n2 files: 2 ok\n");
   EXPECT_EQ(run.status, 0);
 }
 
@@ -106,10 +120,11 @@ TEST(Check, ShowsTheArgumentsThatAnUncataloguedMessageHasNoPlaceFor) {
   const TempFolder folder;
   const std::string path = folder.Write("file.json", R"({"cli": [{"type": "foo"}]})");
   const ToolRun run = RunTool({"check", path});
-  EXPECT_THAT(run.out,
-              testing::StartsWith(path + ":1:19: error: Unknown message. "
-                                         "[zelk.metadata.cli.json.invalid.node.type: type] "
-                                         "at /cli/0/type\n"));
+  EXPECT_THAT(run.out, testing::StartsWith(
+                           path + ":1:19: error: The type of a node is neither namespace nor "
+                                  "command. "
+                                  "[zelk.metadata.cli.json.invalid.node.type: type] "
+                                  "at /cli/0/type\n"));
   EXPECT_EQ(run.status, 1);
 }
 
@@ -137,10 +152,11 @@ TEST(Check, WhatCostsAValueButNotTheLoadIsAWarning) {
 TEST(Check, ReadsStandardInputOnceHoweverOftenItIsAskedFor) {
   const ToolRun run = RunTool({"check", "-", "-"}, R"({"cli": 1})");
   const std::string report =
-      "<stdin>:1:9: error: Unknown message. [zelk.metadata.cli.json.invalid.field: cli] at /cli\n"
+      "<stdin>:1:9: error: A part of a node has the wrong JSON type. "
+      "[zelk.metadata.cli.json.invalid.field: cli] at /cli\n"
       "  1 | {\"cli\": 1}\n"
       "    |         ^\n";
-  EXPECT_EQ(run.out, report + report);
+  EXPECT_EQ(run.out, report + report + "2 files: 0 ok, 2 with errors\n");
   EXPECT_EQ(RunTool({"check", "-"}, R"({"cli": []})").out, "<stdin>: ok\n");
 }
 
@@ -153,12 +169,14 @@ TEST(Check, CommandsForGitHubAreEscaped) {
   const ToolRun run = RunTool({"check", "--output", "github", path});
   const std::string file = "file=" + folder.Path("a%2Cb%3Ac%25.json");
   const std::string id = "100%25%0D%0A::error::\\x1b";
-  EXPECT_EQ(run.out, "::error " + file + ",line=1,col=32,title=zelk.metadata.json.invalid.field::" +
-                         "Json parse invalid field: product (at /authentication/product)\n" +
-                         "::error " + file + ",line=2,col=26,title=" +
-                         "zelk.metadata.authentication.json.invalid.operation.id%3A " +
-                         "100%25%0D%0A%3A%3Aerror%3A%3A\\x1b::Unknown message. " +
-                         "(at /authentication/component/operations/" + id + ")\n");
+  EXPECT_EQ(
+      run.out,
+      "::error " + file + ",line=1,col=32,title=zelk.metadata.json.invalid.field::" +
+          "Json parse invalid field: product (at /authentication/product)\n" + "::error " + file +
+          ",line=2,col=26,title=" + "zelk.metadata.authentication.json.invalid.operation.id%3A " +
+          "100%25%0D%0A%3A%3Aerror%3A%3A\\x1b::An operation id has no full stop, or " +
+          "nothing before or after its last one. " + "(at /authentication/component/operations/" +
+          id + ")\n");
   EXPECT_EQ(RunTool({"check", "--output", "github", kDataFolder + "/network.json"}).out, "");
 }
 

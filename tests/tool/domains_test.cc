@@ -9,8 +9,11 @@
 
 // A second domain, to see that a row in the table is all that the host needs to know of one.
 
+using testing::AllOf;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::StartsWith;
 using Zelk::Testing::kDataFolder;
 using Zelk::Testing::TempFolder;
 using Zelk::Tool::Domain;
@@ -85,13 +88,23 @@ TEST(Domains, RootKeyDecidesTheDomain) {
   EXPECT_EQ(host.Load({"c", both}).domain, "metamodel");
 }
 
-TEST(Domains, FileWithoutRootKeyGoesToTheFirstDomain) {
+TEST(Domains, FileWithoutRootKeyBelongsToNone) {
   const TempFolder folder;
   Host host(TwoDomains());
-  for (const char* text : {"", "?", "{}", R"({"other": 1})", R"([{"colours": 1}])", R"("colours")",
-                           R"({"colours\u0000": 1})", R"({"Colours": 1})"}) {
-    EXPECT_EQ(host.Load({"a", folder.Write("a.json", text)}).domain, "metamodel") << text;
+  for (const char* text : {"", " \n", "{}", R"({"other": 1})", R"([{"colours": 1}])",
+                           R"("colours")", R"({"colours\u0000": 1})", R"({"Colours": 1})"}) {
+    const LoadReport report = host.Load({"a", folder.Write("a.json", text)});
+    EXPECT_EQ(report.domain, "") << text;
+    ASSERT_EQ(report.problems.size(), 1U) << text;
+    EXPECT_THAT(report.problems.front().message.Text(),
+                AllOf(StartsWith("Not a metadata file: "), HasSubstr("metamodel or colours")));
   }
+}
+
+TEST(Domains, FileThatCannotBeReadGoesToTheFirstDomain) {
+  const TempFolder folder;
+  Host host(TwoDomains());
+  EXPECT_EQ(host.Load({"a", folder.Write("a.json", "?")}).domain, "metamodel");
   EXPECT_EQ(host.Load({"a", folder.Path("missing.json")}).domain, "metamodel");
 }
 
@@ -123,10 +136,10 @@ TEST(Domains, KindIsNotFoundInAnotherDomain) {
 TEST(Domains, ParseErrorHasItsPosition) {
   const TempFolder folder;
   const std::string path = folder.Write("bad.json", "{\n\"colours\": 1}");
-  const LoadReport report = Zelk::Tool::LoadAlone(path, TwoDomains());
+  const LoadReport report = Zelk::Tool::LoadAlone({"bad", path}, TwoDomains());
   ASSERT_EQ(report.problems.size(), 1U);
   EXPECT_EQ(Zelk::Tool::ProblemLine(report.file, report.problems.front()),
-            path + ":2:2: at 3 [colours.parse.error: 7]");
+            path + ":2:2: Missing a comma or ']' after an array element. [colours.parse.error: 7]");
 }
 
 TEST(Domains, DomainWithoutOutlineAddsNothing) {

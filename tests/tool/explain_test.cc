@@ -126,12 +126,21 @@ TEST(Explain, ReservedMessagesHaveNoExample) {
                                              "zelk.metada.authentication.invalid.operation.id"}));
 }
 
-TEST(Explain, AllIdsAreListedWithoutAnId) {
+TEST(Explain, AllIdsAreListedWithTheirTexts) {
   std::string expected;
-  for (const auto& explanation : Explanations()) expected += explanation.id + "\n";
+  for (const auto& explanation : Explanations()) {
+    const bool has_text = explanation.text != "Unknown message.";
+    const std::string first = explanation.meaning.substr(0, explanation.meaning.find(". ") + 1);
+    expected += explanation.id + "\t" + (has_text ? explanation.text : first) + "\n";
+  }
   const ToolRun run = RunTool({"explain"});
   EXPECT_EQ(run.out, expected);
+  EXPECT_THAT(run.out, testing::Not(HasSubstr("Unknown message")));
   EXPECT_EQ(run.status, 0);
+}
+
+TEST(Explain, UnrelatedWordGetsNoSuggestion) {
+  EXPECT_EQ(RunTool({"explain", "nope"}).err, "zelk-metadata: unknown message id 'nope'\n");
 }
 
 TEST(Explain, PageHasMeaningCauseExampleAndFix) {

@@ -85,11 +85,10 @@ TEST(Hostile, FileThatIsTooLargeIsReportedWithoutAPlaceAndNotRead) {
   const TempFolder folder;
   const std::string path = folder.Write("file.json", R"({"cli": []})");
   std::filesystem::resize_file(path, std::uintmax_t{1} << 40U);
-  const std::string message = "Cli source file parse error : 16 at 4294967295";
+  const std::string message = "The file has 4 GiB or more, which is not loaded.";
   const ToolRun check = RunTool({"check", path});
   EXPECT_EQ(check.status, 1);
   EXPECT_THAT(check.out, HasSubstr(path + ": error: " + message));
-  EXPECT_THAT(check.out, HasSubstr("The file has 4 GiB or more"));
   const ToolRun list = RunTool({"list", "namespace", "--source", path});
   EXPECT_EQ(list.status, 1);
   EXPECT_THAT(list.err, HasSubstr(path + ": " + message));
@@ -136,8 +135,7 @@ TEST(Hostile, DeepBracketsAreChecked) {
   const std::string file = folder.Write("deep.json", std::string(kLevels, '['));
   const ToolRun run = RunWithLittleStack({"check", file});
   EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.out, HasSubstr("deep.json:1:" + std::to_string(kLevels + 1) +
-                                 ": error: Metamodel source file parse error"));
+  EXPECT_THAT(run.out, HasSubstr("deep.json:1:" + std::to_string(kLevels + 1) + ": error: "));
 }
 
 TEST(Hostile, NamesAndTextsCannotControlTheTerminal) {
@@ -161,9 +159,7 @@ TEST(Hostile, NamesAndTextsCannotControlTheTerminal) {
 }
 
 TEST(Hostile, FileNamesAndIdsCannotControlTheTerminal) {
-  EXPECT_EQ(RunTool({"check", "\x1b[2J"}).out,
-            "\\x1b[2J: error: Metamodel source file not found: \\x1b[2J "
-            "[zelk.metada.metamodel.source.file.not.found]\n");
+  EXPECT_EQ(RunTool({"check", "\x1b[2J"}).out, "\\x1b[2J: error: No such file or directory\n");
   EXPECT_EQ(RunTool({"get", "component", "\x1b[2J"}).err,
             "zelk-metadata: Metamodel component not found: \\x1b[2J\n");
   EXPECT_THAT(RunTool({"list", "\x1b[2J"}).err, HasSubstr("unknown kind '\\x1b[2J'"));

@@ -2,8 +2,10 @@
 #include <rapidjson/document.h>
 
 #include "support/temp_folder.h"
+#include "tool/check_json.h"
 #include "tool/tool_run.h"
 
+using Zelk::Testing::CheckedJson;
 using Zelk::Testing::kDataFolder;
 using Zelk::Testing::ParsedJson;
 using Zelk::Testing::RunOnInventory;
@@ -92,12 +94,16 @@ TEST(Json, TextsComeBackAsTheyAreInTheFile) {
 TEST(Json, CheckHasTheArgumentsAndThePlaceOfEveryMessage) {
   const TempFolder folder;
   const std::string path = folder.Write("file.json", "{\n ?}");
-  const auto document = ParsedJson(RunTool({"check", "--json", path}).out, "files");
-  ASSERT_EQ(document.Size(), 1U);
-  EXPECT_EQ(MemberNames(document[0]), "file domain ok messages");
-  EXPECT_EQ(document[0]["file"].GetString(), path);
-  const rapidjson::Value& message = document[0]["messages"][0];
-  EXPECT_EQ(MemberNames(message), "severity id text arguments line column pointer explanation");
+  const auto document = CheckedJson(path);
+  EXPECT_EQ(MemberNames(document), "version files summary");
+  EXPECT_EQ(MemberNames(document["summary"]), "files ok warnings errors");
+  ASSERT_EQ(document["files"].Size(), 1U);
+  const rapidjson::Value& file = document["files"][0];
+  EXPECT_EQ(MemberNames(file), "file domain state messages");
+  EXPECT_EQ(file["file"].GetString(), path);
+  const rapidjson::Value& message = file["messages"][0];
+  EXPECT_EQ(MemberNames(message),
+            "severity id text arguments line column pointer explanation hint");
   EXPECT_STREQ(message["arguments"][1].GetString(), "3");
   EXPECT_EQ(message["line"].GetUint(), 2U);
   EXPECT_EQ(message["column"].GetUint(), 2U);
@@ -106,7 +112,7 @@ TEST(Json, CheckHasTheArgumentsAndThePlaceOfEveryMessage) {
 TEST(Json, AnswersAreNeverPartlyText) {
   for (const Row& row : kArrays)
     ParsedJson(RunOnThree(std::string(row.line) + " --json").out, row.members);
-  ParsedJson(RunTool({"check", "--json", "missing.json"}).out, "files");
+  CheckedJson("missing.json");
 }
 
 TEST(Json, UnknownNamesGiveAnEmptyArrayAndTheStatus) {

@@ -302,7 +302,7 @@ TEST(Shell, ReloadKeepsTheDataOfAFileThatFailsAndReloadsTheOthers) {
                          ": old data, since the file fails to load\n"
                          "zelk-metadata: " +
                          broken +
-                         ": Json parse missing field: component "
+                         ":1:15: Json parse missing field: component "
                          "[zelk.metadata.json.missing.field]\n");
   EXPECT_EQ(talk.Say("list components").out, "com.a.new\ncom.b\ncom.c.new\n");
 }
@@ -350,7 +350,7 @@ TEST(Shell, ReloadLoadsAFileOfAFolderOnceItIsFixed) {
   const ToolRun run = talk.Say("reload");
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "failed\tmetamodel:b\n2 sources: 1 failed, 1 the same\n");
-  EXPECT_THAT(run.err, HasSubstr(broken + ":1:1: Metamodel source file parse error"));
+  EXPECT_THAT(run.err, HasSubstr(broken + ":1:1: Invalid value. [zelk"));
   folder.Write("b.json", MetamodelFile(Component("com.b")));
   EXPECT_EQ(talk.Say("reload").out, "new\tmetamodel:b\n2 sources: 1 new, 1 the same\n");
 }

@@ -187,7 +187,7 @@ TEST(StandardInput, InvalidTextFailsLikeAFile) {
   const ToolRun run = RunTool({"list", "components", "--source", "-"}, "\n?");
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err,
-            "zelk-metadata: standard input:2:1: Metamodel source file parse error : 3 at 1 "
+            "zelk-metadata: standard input:2:1: Invalid value. "
             "[zelk.metadata.metamodel.parse.error]\n");
   EXPECT_EQ(RunTool({"list", "components", "--source", "-"}, "").status, 1);
 }
@@ -257,7 +257,7 @@ TEST(Pipes, InvalidTextFailsAsAFileWithTheNameOfThePipe) {
   const ToolRun run = RunShell(
       "cd $(dirname $0); mkfifo pipe.json; echo ? > pipe.json &\n"
       "$tool list sources --source pipe.json");
-  EXPECT_THAT(run.err, StartsWith("zelk-metadata: pipe.json:1:1: Metamodel source file parse"));
+  EXPECT_THAT(run.err, StartsWith("zelk-metadata: pipe.json:1:1: Invalid value. [zelk"));
   EXPECT_EQ(run.status, 1);
 }
 

@@ -1,6 +1,7 @@
 #include "check/excerpt.h"
 
 #include <algorithm>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -12,8 +13,8 @@ namespace {
 
 constexpr char kCut[] = "...";
 constexpr char kTab[] = "    ";
-constexpr std::size_t kColumnsBefore = 48;
-constexpr std::size_t kColumns = 96;
+constexpr std::size_t kColumns = 102;
+constexpr std::size_t kLeastColumns = 20;
 /// More than any window takes: of a line of megabytes no more is looked at.
 constexpr std::size_t kBytes = 4096;
 
@@ -47,11 +48,11 @@ std::string Fitting(Iterator begin, Iterator end, std::size_t columns, const Joi
   return text;
 }
 
-std::string Before(std::string_view bytes) {
+std::string Before(std::string_view bytes, std::size_t columns) {
   if (bytes.size() > kBytes) bytes.remove_prefix(bytes.size() - kBytes);
   const std::vector<std::string> characters = Characters(bytes);
   return Fitting(
-      characters.rbegin(), characters.rend(), kColumnsBefore,
+      characters.rbegin(), characters.rend(), columns,
       [](const std::string& text, const std::string& character) { return character + text; });
 }
 
@@ -64,14 +65,17 @@ std::string From(std::string_view bytes, std::size_t columns) {
 
 }  // namespace
 
-Excerpt ExcerptAt(const Analysis::Document& document, std::size_t offset) {
+Excerpt ExcerptAt(const Analysis::Document& document, std::size_t offset, std::size_t columns) {
+  const std::size_t room =
+      (columns == 0 ? kColumns : std::max(columns, kLeastColumns)) - std::strlen(kCut);
   const std::string_view text = document.Text();
   const std::size_t begin = offset + 1 - document.PositionAt(offset).column;
   std::size_t end = std::min(text.find('\n', offset), text.size());
   if (end > offset && text[end - 1] == '\r') --end;
-  const std::string before = Before(text.substr(begin, offset - begin));
+  const std::string before =
+      Before(text.substr(begin, offset - begin), room / 2 - std::strlen(kCut));
   const std::size_t mark = Columns(before);
-  return {before + From(text.substr(offset, end - offset), kColumns - mark), mark};
+  return {before + From(text.substr(offset, end - offset), room - mark), mark};
 }
 
 }  // namespace Zelk::Tool::Check

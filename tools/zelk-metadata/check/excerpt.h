@@ -13,8 +13,8 @@ struct Excerpt {
   std::size_t mark;
 };
 
-/// The line of the byte. Tabs are widened; of a long line only what is around the byte is shown,
-/// with "..." for the rest.
-Excerpt ExcerptAt(const Analysis::Document& document, std::size_t offset);
+/// The line of the byte. Tabs are widened. Of a line that has no room in `columns`, or in a usual
+/// window if they are 0, only what is around the byte is shown, with "..." for the rest.
+Excerpt ExcerptAt(const Analysis::Document& document, std::size_t offset, std::size_t columns = 0);
 
 }  // namespace Zelk::Tool::Check

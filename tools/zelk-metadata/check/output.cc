@@ -6,10 +6,13 @@
 #include <string_view>
 
 #include "check/excerpt.h"
+#include "render/layout.h"
 #include "render/utf8.h"
 
 namespace Zelk::Tool::Check {
 namespace {
+
+constexpr std::size_t kIndent = 4;
 
 const char* Word(Severity severity) {
   switch (severity) {
@@ -28,40 +31,43 @@ const char* Command(Severity severity) {
   return severity == Severity::kNote ? "notice" : Word(severity);
 }
 
-/// The id, followed by the arguments that the text does not show.
-std::string IdText(const Message& message) {
-  const std::vector<std::string> unshown = message.UnshownArguments();
-  return unshown.empty() ? message.id : fmt::format("{}: {}", message.id, fmt::join(unshown, ", "));
-}
-
-/// "at /a/0", or nothing.
-std::string PointerText(const Finding& finding) {
-  if (!finding.place || !finding.place->pointer) return "";
-  const std::string& pointer = *finding.place->pointer;
+/// "at /a/0", or nothing. The program's own messages name the key themselves.
+std::string PointerText(const Problem& problem) {
+  if (!problem.place || !problem.place->pointer || problem.message.id.empty()) return "";
+  const std::string& pointer = *problem.place->pointer;
   return pointer.empty() ? "at the root" : "at " + pointer;
 }
 
-void WriteExcerpt(std::ostream& out, const Analysis::Document& text, const Place& place) {
-  const Excerpt excerpt = ExcerptAt(text, place.offset);
+/// The first line as far as it fits; the others are indented.
+void WriteWrapped(std::ostream& out, const std::string& text, std::size_t width) {
+  const char* indent = "";
+  for (const std::string& line :
+       Wrapped(ForTerminal(text), width > kIndent ? width - kIndent : 0)) {
+    out << indent << line << '\n';
+    indent = "    ";
+  }
+}
+
+void WriteExcerpt(std::ostream& out, const Analysis::Document& text, const Place& place,
+                  std::size_t width) {
   const std::string number = std::to_string(place.position.line);
+  const std::size_t before = number.size() + 5;
+  const Excerpt excerpt = ExcerptAt(text, place.offset, width > before ? width - before : 0);
   const std::string blank(number.size(), ' ');
   out << "  " << number << " | " << excerpt.line << '\n';
   out << "  " << blank << " | " << std::string(excerpt.mark, ' ') << "^\n";
 }
 
-void WriteFinding(std::ostream& out, const CheckedFile& checked, const Finding& finding) {
-  std::string head = checked.file;
-  if (finding.place) {
-    const Analysis::Position& position = finding.place->position;
-    head += fmt::format(":{}:{}", position.line, position.column);
-  }
-  const std::string pointer = PointerText(finding);
-  out << ForTerminal(fmt::format("{}: {}: {} [{}]{}{}", head, Word(finding.severity),
-                                 finding.message.Text(), IdText(finding.message),
-                                 pointer.empty() ? "" : " ", pointer))
-      << '\n';
-  if (finding.place && checked.text) WriteExcerpt(out, *checked.text, *finding.place);
-  if (!finding.explanation.empty()) out << "  " << finding.explanation << '\n';
+void WriteProblem(std::ostream& out, const LoadReport& checked, const Problem& problem,
+                  std::size_t width) {
+  const std::string pointer = PointerText(problem);
+  WriteWrapped(
+      out,
+      fmt::format("{}: {}: {}{}{}", PlaceText(checked.file, problem), Word(problem.severity),
+                  problem.Text(), pointer.empty() ? "" : " ", pointer),
+      width);
+  if (problem.place && checked.text) WriteExcerpt(out, *checked.text, *problem.place, width);
+  if (!problem.hint.empty()) WriteWrapped(out, "  " + problem.hint, width);
 }
 
 /// With what would end a workflow command, or begin another, written as GitHub reads it; other
@@ -85,17 +91,20 @@ std::string EscapedData(const std::string& text) {
   return Escaped(text, "");
 }
 
-void WriteCommand(std::ostream& out, const CheckedFile& checked, const Finding& finding) {
-  out << "::" << Command(finding.severity) << " file=" << EscapedProperty(checked.file);
-  if (finding.place) {
-    const Analysis::Position& position = finding.place->position;
+void WriteCommand(std::ostream& out, const LoadReport& checked, const Problem& problem) {
+  out << "::" << Command(problem.severity) << " file=" << EscapedProperty(checked.file);
+  if (problem.place) {
+    const Analysis::Position& position = problem.place->position;
     out << ",line=" << position.line << ",col=" << position.column;
   }
-  std::string text = finding.message.Text();
-  for (const std::string& more : {finding.explanation, PointerText(finding)}) {
+  std::string text = problem.words.empty() ? problem.message.Text() : problem.words;
+  for (const std::string& more : {problem.hint, PointerText(problem)}) {
     if (!more.empty()) text += " (" + more + ")";
   }
-  out << ",title=" << EscapedProperty(IdText(finding.message)) << "::" << EscapedData(text) << '\n';
+  if (!problem.message.id.empty()) {
+    out << ",title=" << EscapedProperty(problem.message.IdText());
+  }
+  out << "::" << EscapedData(text) << '\n';
 }
 
 void WriteNumberOrNull(JsonWriter& json, const char* key, const std::optional<Place>& place,
@@ -108,44 +117,56 @@ void WriteNumberOrNull(JsonWriter& json, const char* key, const std::optional<Pl
   }
 }
 
-void WriteFinding(JsonWriter& json, const Finding& finding) {
+boost::optional<std::string> TextOrNull(const std::string& text) {
+  return boost::make_optional(!text.empty(), text);
+}
+
+void WriteProblem(JsonWriter& json, const Problem& problem) {
   json.StartObject();
-  json.Member("severity", std::string(Word(finding.severity)));
-  json.Member("id", finding.message.id);
-  json.Member("text", finding.message.Text());
+  json.Member("severity", std::string(Word(problem.severity)));
+  json.Member("id", TextOrNull(problem.message.id));
+  json.Member("text", problem.message.Text());
   json.Key("arguments");
-  json.StringArray(finding.message.arguments);
-  WriteNumberOrNull(json, "line", finding.place, &Analysis::Position::line);
-  WriteNumberOrNull(json, "column", finding.place, &Analysis::Position::column);
+  json.StringArray(problem.message.arguments);
+  WriteNumberOrNull(json, "line", problem.place, &Analysis::Position::line);
+  WriteNumberOrNull(json, "column", problem.place, &Analysis::Position::column);
   boost::optional<std::string> pointer;
-  if (finding.place && finding.place->pointer) pointer = *finding.place->pointer;
+  if (problem.place && problem.place->pointer) pointer = *problem.place->pointer;
   json.Member("pointer", pointer);
-  boost::optional<std::string> explanation;
-  if (!finding.explanation.empty()) explanation = finding.explanation;
-  json.Member("explanation", explanation);
+  json.Member("explanation", TextOrNull(problem.words));
+  json.Member("hint", TextOrNull(problem.hint));
   json.EndObject();
 }
 
 }  // namespace
 
-void WriteCheckedText(std::ostream& out, const CheckedFile& checked) {
-  if (checked.findings.empty()) out << ForTerminal(checked.file) << ": ok\n";
-  for (const Finding& finding : checked.findings) WriteFinding(out, checked, finding);
+void WriteCheckedText(std::ostream& out, const LoadReport& checked, const Terminal& terminal) {
+  for (const Problem& problem : checked.problems) {
+    WriteProblem(out, checked, problem, terminal.width);
+  }
 }
 
-void WriteCheckedCommands(std::ostream& out, const CheckedFile& checked) {
-  for (const Finding& finding : checked.findings) WriteCommand(out, checked, finding);
+std::string LoadedText(const LoadReport& checked) {
+  const std::size_t count = checked.problems.size();
+  if (count == 0) return "ok";
+  return count == 1 ? "loads, with 1 warning" : fmt::format("loads, with {} warnings", count);
 }
 
-void WriteCheckedJson(JsonWriter& json, const CheckedFile& checked) {
+void WriteCheckedCommands(std::ostream& out, const LoadReport& checked) {
+  for (const Problem& problem : checked.problems) WriteCommand(out, checked, problem);
+}
+
+void WriteCheckedJson(JsonWriter& json, const LoadReport& checked) {
+  const char* const state = !checked.IsLoaded()        ? "error"
+                            : checked.problems.empty() ? "ok"
+                                                       : "warning";
   json.StartObject();
   json.Member("file", checked.file);
-  json.Member("domain", checked.domain);
-  json.Key("ok");
-  json.Bool(checked.findings.empty());
+  json.Member("domain", TextOrNull(checked.domain));
+  json.Member("state", std::string(state));
   json.Key("messages");
   json.StartArray();
-  for (const Finding& finding : checked.findings) WriteFinding(json, finding);
+  for (const Problem& problem : checked.problems) WriteProblem(json, problem);
   json.EndArray();
   json.EndObject();
 }

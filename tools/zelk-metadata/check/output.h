@@ -1,19 +1,25 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
 
-#include "check/findings.h"
+#include "host/load.h"
 #include "render/json_writer.h"
+#include "render/terminal.h"
 
 namespace Zelk::Tool::Check {
 
-/// For people: each finding with its line of the file and a mark under the place.
-void WriteCheckedText(std::ostream& out, const CheckedFile& checked);
+/// For people: each problem with its line of the file and a mark under the place, in the terminal's
+/// width. Nothing for a file without problems.
+void WriteCheckedText(std::ostream& out, const LoadReport& checked, const Terminal& terminal);
 
-/// Workflow commands, from which GitHub makes annotations. Nothing for a file without findings.
-void WriteCheckedCommands(std::ostream& out, const CheckedFile& checked);
+/// "ok", or how many warnings a file that was loaded has.
+std::string LoadedText(const LoadReport& checked);
+
+/// Workflow commands, from which GitHub makes annotations. Nothing for a file without problems.
+void WriteCheckedCommands(std::ostream& out, const LoadReport& checked);
 
 /// An object.
-void WriteCheckedJson(JsonWriter& json, const CheckedFile& checked);
+void WriteCheckedJson(JsonWriter& json, const LoadReport& checked);
 
 }  // namespace Zelk::Tool::Check

@@ -1,17 +1,109 @@
 #include <algorithm>
-#include <memory>
+#include <fmt/format.h>
+#include <optional>
+#include <ostream>
 
-#include "check/findings.h"
 #include "check/output.h"
 #include "domains/table.h"
-#include "host/input_file.h"
+#include "host/interrupt.h"
 #include "language/invocation.h"
+#include "render/utf8.h"
 
 namespace Zelk::Tool {
 namespace {
 
-using Check::CheckedFile;
-using Check::CheckFile;
+/// Checks files one by one. Only for JSON are all reports kept.
+class Checking {
+ public:
+  explicit Checking(Invocation& call) : call_(call) {}
+
+  void CheckOperand(const std::string& operand) {
+    const Expansion& expansion = ExpansionOf(operand);
+    for (const Unreadable& failure : expansion.failures) {
+      Report({failure.file, "", {Problem{Message{"", failure.reason, {}}}}});
+    }
+    for (const SourceArgument& source : expansion.sources) {
+      if (IsInterrupted()) return;
+      LoadReport report = LoadAlone(source, Domains());
+      if (operand == kInput) report.file = "<stdin>";
+      Report(std::move(report));
+    }
+  }
+
+  ExitStatus End() {
+    if (call_.WantsJson()) {
+      WriteJson();
+    } else if (call_.Args().output != "github" && !call_.Args().quiet && Total() > 1) {
+      call_.Out() << Summary() << '\n';
+    }
+    return errors_ == 0 ? ExitStatus::kOk : ExitStatus::kSourceFailed;
+  }
+
+  static constexpr char kInput[] = "-";
+
+ private:
+  /// Standard input can be read only once, and checked several times.
+  const Expansion& ExpansionOf(const std::string& operand) {
+    if (operand == kInput && input_) return *input_;
+    std::optional<Expansion>& expansion = operand == kInput ? input_ : expansion_;
+    expansion = Expand({DefaultSourceId(operand), operand}, call_.GetStreams().in);
+    return *expansion;
+  }
+
+  void Report(LoadReport report) {
+    std::size_t& count = !report.IsLoaded() ? errors_ : report.problems.empty() ? ok_ : warnings_;
+    ++count;
+    if (call_.WantsJson()) {
+      report.text.reset();
+      reports_.push_back(std::move(report));
+    } else if (call_.Args().output == "github") {
+      Check::WriteCheckedCommands(call_.Out(), report);
+    } else {
+      Check::WriteCheckedText(call_.Out(), report, call_.GetStreams().out_terminal);
+      if (report.IsLoaded() && !call_.Args().quiet) {
+        call_.Out() << ForTerminal(report.file) << ": " << Check::LoadedText(report) << '\n';
+      }
+    }
+  }
+
+  std::size_t Total() const { return ok_ + warnings_ + errors_; }
+
+  std::string Summary() const {
+    std::string text = fmt::format("{} files: {} ok", Total(), ok_);
+    if (warnings_ > 0) text += fmt::format(", {} with warnings", warnings_);
+    if (errors_ > 0) text += fmt::format(", {} with errors", errors_);
+    return text;
+  }
+
+  void WriteJson() const {
+    call_.ShowJson([this](JsonWriter& json) {
+      json.Key("files");
+      json.StartArray();
+      for (const LoadReport& report : reports_) Check::WriteCheckedJson(json, report);
+      json.EndArray();
+      json.Key("summary");
+      json.StartObject();
+      WriteCount(json, "files", Total());
+      WriteCount(json, "ok", ok_);
+      WriteCount(json, "warnings", warnings_);
+      WriteCount(json, "errors", errors_);
+      json.EndObject();
+    });
+  }
+
+  static void WriteCount(JsonWriter& json, const char* key, std::size_t count) {
+    json.Key(key);
+    json.Number(count);
+  }
+
+  Invocation& call_;
+  std::optional<Expansion> input_;
+  std::optional<Expansion> expansion_;
+  std::vector<LoadReport> reports_;
+  std::size_t ok_ = 0;
+  std::size_t warnings_ = 0;
+  std::size_t errors_ = 0;
+};
 
 /// What is wrong with each file, in the order given.
 ExitStatus RunCheck(Invocation& call) {
@@ -19,33 +111,12 @@ ExitStatus RunCheck(Invocation& call) {
   if (!arguments.sources.empty()) {
     return call.Fail(ExitStatus::kUsage, "check takes the files as operands, not as --source");
   }
-  const bool reads_input =
-      std::find(arguments.files.begin(), arguments.files.end(), "-") != arguments.files.end();
+  const bool reads_input = std::find(arguments.files.begin(), arguments.files.end(),
+                                     Checking::kInput) != arguments.files.end();
   if (reads_input && !call.MayReadInput()) return ExitStatus::kUsage;
-  ExitStatus status = ExitStatus::kOk;
-  std::shared_ptr<const InputFile> input;
-  std::vector<CheckedFile> for_json;
-  for (const std::string& file : arguments.files) {
-    const bool is_input = file == "-";
-    if (is_input && !input) input = InputFile::Copy(call.GetStreams().in).file;
-    if (is_input && !input) {  // coverage: a test would have to fill the disk
-      status = call.Fail(ExitStatus::kSourceFailed, "no space for a copy of standard input");
-      continue;
-    }
-    CheckedFile checked = is_input ? CheckFile("<stdin>", input->Path(), Domains())
-                                   : CheckFile(file, file, Domains());
-    if (!checked.findings.empty()) status = ExitStatus::kSourceFailed;
-    if (call.WantsJson()) {
-      checked.text.reset();
-      for_json.push_back(std::move(checked));
-    } else if (arguments.output == "github") {
-      WriteCheckedCommands(call.Out(), checked);
-    } else {
-      WriteCheckedText(call.Out(), checked);
-    }
-  }
-  if (call.WantsJson()) call.ShowJsonArray("files", for_json, Check::WriteCheckedJson);
-  return status;
+  Checking checking(call);
+  for (const std::string& file : arguments.files) checking.CheckOperand(file);
+  return checking.End();
 }
 
 }  // namespace
@@ -54,9 +125,15 @@ Command CheckCommand() {
   Command command;
   command.name = "check";
   command.summary = "Load each file separately and report what is wrong with it";
+  command.details =
+      "Of a folder, every *.json file in it and in the folders in it is checked. --output github\n"
+      "prints workflow commands, which GitHub shows as annotations. The exit status is 1 if a "
+      "file\n"
+      "has an error. Warnings, which are about what a file loads without, do not change it.\n\n";
   command.operands = {{"FILE", Word::kPath, true,
-                       "Metadata files, each loaded separately; - is standard input",
+                       "Files and folders; each file is loaded separately; - is standard input",
                        &Arguments::files}};
+  command.options = {{"quiet", "", Word::kNone, "Print problems only", &Arguments::quiet}};
   command.outputs = {"text", "json", "github"};
   command.example =
       "check metadata/metamodel/zelk-metadata.json metadata/authentication/zelk-metadata.json "

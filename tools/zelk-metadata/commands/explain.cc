@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <fmt/format.h>
 #include <ostream>
 
@@ -58,37 +57,51 @@ void WriteJson(JsonWriter& json, const Explain::Explanation& explanation) {
   json.EndObject();
 }
 
-}  // namespace
-
-/// What there is to say about one message; without an id, the ids of all.
-static ExitStatus RunExplain(Invocation& call) {
-  const std::string& id = call.Args().text;
+ExitStatus List(const Invocation& call) {
   const auto& all = Explain::Explanations();
-  std::vector<std::string> known;
-  std::vector<Explain::Explanation> wanted;
+  if (call.WantsJson()) {
+    call.ShowJsonArray("messages", all, WriteJson);
+    return ExitStatus::kOk;
+  }
+  Table table({"ID", "TEXT"});
   for (const Explain::Explanation& explanation : all) {
+    table.Add({explanation.id, explanation.Summary()});
+  }
+  call.Show(table);
+  return ExitStatus::kOk;
+}
+
+ExitStatus FailAsUnknown(const Invocation& call, const std::string& id) {
+  std::vector<std::string> known;
+  for (const Explain::Explanation& explanation : Explain::Explanations()) {
     known.push_back(explanation.id);
-    if (id.empty() || explanation.id == id) wanted.push_back(explanation);
   }
-  if (call.WantsJson()) call.ShowJsonArray("messages", wanted, WriteJson);
-  for (const Explain::Explanation& explanation : wanted) {
-    if (call.WantsJson()) break;
-    if (id.empty()) {
-      call.Out() << explanation.id << '\n';
-    } else {
-      WritePage(call.Out(), explanation);
-    }
-  }
-  if (!wanted.empty()) return ExitStatus::kOk;
   return call.Fail(ExitStatus::kNotFound,
                    fmt::format("unknown message id '{}'{}", id, Analysis::Suggestion(id, known)));
 }
+
+ExitStatus RunExplain(Invocation& call) {
+  const std::string& id = call.Args().text;
+  if (id.empty()) return List(call);
+  std::vector<Explain::Explanation> found;
+  if (const Explain::Explanation* const explanation = Explain::Find(id)) {
+    found.push_back(*explanation);
+  }
+  if (call.WantsJson()) {
+    call.ShowJsonArray("messages", found, WriteJson);
+  } else if (!found.empty()) {
+    WritePage(call.Out(), found.front());
+  }
+  return found.empty() ? FailAsUnknown(call, id) : ExitStatus::kOk;
+}
+
+}  // namespace
 
 Command ExplainCommand() {
   Command command;
   command.name = "explain";
   command.summary = "Explain a message: what it means, what causes it, how to fix it";
-  command.details = "Without an ID, the ids of all messages are listed.\n\n";
+  command.details = "Without an ID, all messages are listed.\n\n";
   command.operands = {{"ID", Word::kMessageId, false, "The id of a message", &Arguments::text}};
   command.outputs = {"text", "json"};
   command.example = "explain zelk.metadata.json.missing.field";

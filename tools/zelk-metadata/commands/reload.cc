@@ -99,7 +99,7 @@ void Complain(const Invocation& call, const ReloadReport& report) {
   const std::string reason = Reason(report);
   if (!reason.empty()) call.Complain(report.file + ": " + reason);
   for (const Problem& problem : report.problems) {
-    call.Complain(ProblemLine(report.file, problem));
+    if (problem.severity != Severity::kNote) call.Complain(ProblemLine(report.file, problem));
   }
 }
 

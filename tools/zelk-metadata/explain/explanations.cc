@@ -1,24 +1,27 @@
 #include "explain/explanations.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 
 namespace Zelk::Tool::Explain {
 namespace {
 
-const std::string kHalfLoaded =
+constexpr char kNoText[] = "Unknown message.";
+
+constexpr char kHalfLoaded[] =
     " A good product makes up for a broken component, and a good or absent component for a broken "
     "product: the file then loads without the broken part and the message.";
 
 struct Domain {
-  std::string name;
+  const char* name;
 
   /// As the texts of the catalog have it.
-  std::string title;
+  const char* title;
 };
 
-const Domain kMetamodel{"metamodel", "Metamodel"};
-const Domain kAuthentication{"authentication", "Authentication"};
-const Domain kCli{"cli", "Cli"};
+constexpr Domain kMetamodel{"metamodel", "Metamodel"};
+constexpr Domain kAuthentication{"authentication", "Authentication"};
+constexpr Domain kCli{"cli", "Cli"};
 
 // The templates of messages that several domains have.
 
@@ -48,16 +51,15 @@ Explanation SourceNotFound(const Domain& domain) {
   return explanation;
 }
 
-/// The tool looks into files before it loads them, so it reports only Metamodel's.
+/// The tool reports in the system's words why it cannot open a file.
 Explanation FileNotFound(const Domain& domain) {
-  const bool is_first = domain.name == kMetamodel.name;
   return {fmt::format("zelk.metada.{}.source.file.not.found", domain.name),
           fmt::format("{} source file not found: %1%", domain.title),
           "The file of a source cannot be opened. The argument is its path.",
           "A misspelt path, a path relative to another folder, missing permissions, or a path that "
           "is neither a file nor a folder.",
           "Fix the path or the permissions.",
-          {"", is_first ? "check nope.json" : "", is_first ? "" : domain.name}};
+          {"", "", domain.name}};
 }
 
 /// `file` is one that loads.
@@ -190,8 +192,9 @@ std::vector<Explanation> AuthenticationExplanations() {
                "zelk.metadata.authentication.json.invalid.operation.id"),
       {"zelk.metadata.authentication.json.unknown.schema.name",
        "Authentication unknown schema name: %1%",
-       "A list of schemes refers to one that the component's schemes do not define. The argument "
-       "is always id." +
+       std::string("A list of schemes refers to one that the component's schemes do not define. "
+                   "The argument "
+                   "is always id.") +
            kHalfLoaded,
        "A misspelt scheme, or one that is defined in another component.",
        "Define the scheme in the same component, or fix its name.",
@@ -202,12 +205,12 @@ std::vector<Explanation> AuthenticationExplanations() {
 }
 
 std::vector<Explanation> ExplanationsWithoutText() {
-  const std::string text = "Unknown message.";
   return {
       {"zelk.metadata.authentication.json.invalid.operation.id",
-       text,
-       "An operation id has no full stop, or nothing before or after its last one. The argument is "
-       "the id." +
+       kNoText,
+       std::string("An operation id has no full stop, or nothing before or after its last one. The "
+                   "argument is "
+                   "the id.") +
            kHalfLoaded,
        "The operation's name without its service.",
        "Write SERVICE.OPERATION.",
@@ -215,10 +218,12 @@ std::vector<Explanation> ExplanationsWithoutText() {
   "schemes": {}, "operations": {"list": []}}}})",
         "check FILE", ""}},
       {"zelk.metadata.authentication.json.invalid.service.id",
-       text,
-       "A service id has no full stop, or nothing before or after its last one; also that of the "
-       "service that an operation id names, which costs that service but not the component. The "
-       "argument is the id." +
+       kNoText,
+       std::string("A service id has no full stop, or nothing before or after its last one; also "
+                   "that of the "
+                   "service that an operation id names, which costs that service but not the "
+                   "component. The "
+                   "argument is the id.") +
            kHalfLoaded,
        "The service's name without its package.",
        "Write PACKAGE.SERVICE.",
@@ -226,14 +231,14 @@ std::vector<Explanation> ExplanationsWithoutText() {
   "schemes": {}, "services": {"machines": []}}}})",
         "check FILE", ""}},
       {"zelk.metadata.cli.json.invalid.field",
-       text,
+       kNoText,
        "A part of a node has the wrong JSON type. The argument is cli, path (for node_metadata), "
        "options_entry (for an option or an output) or output_fields (for an output field).",
        "A string where the format wants an object, or an object where it wants an array.",
        "Give the part the type that the format names.",
        {R"({"cli": {}})", "check FILE", ""}},
       {"zelk.metadata.cli.json.invalid.node.type",
-       text,
+       kNoText,
        "The type of a node is neither namespace nor command. The argument is always type.",
        "A misspelt word, or one in upper case.",
        "Use one of the two words, in lower case.",
@@ -242,6 +247,19 @@ std::vector<Explanation> ExplanationsWithoutText() {
 }
 
 }  // namespace
+
+std::string Explanation::Summary() const {
+  if (text != kNoText) return text;
+  const std::size_t end = meaning.find(". ");
+  return end == std::string::npos ? meaning : meaning.substr(0, end + 1);
+}
+
+const Explanation* Find(const std::string& id) {
+  const auto& all = Explanations();
+  const auto found =
+      std::find_if(all.begin(), all.end(), [&](const Explanation& row) { return row.id == id; });
+  return found == all.end() ? nullptr : &*found;
+}
 
 const std::vector<Explanation>& Explanations() {
   static const std::vector<Explanation> explanations = [] {

@@ -32,10 +32,16 @@ struct Explanation {
 
   /// Empty for a message that nothing raises.
   Example example;
+
+  /// The default text, or, for a message without one, the first sentence of the meaning.
+  std::string Summary() const;
 };
 
 /// All messages of the library, those of the catalog in its order and then those that have no row
 /// in it.
 const std::vector<Explanation>& Explanations();
+
+/// Null for an unknown id.
+const Explanation* Find(const std::string& id);
 
 }  // namespace Zelk::Tool::Explain

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 #include <new>
 #include <set>
 
@@ -13,28 +12,11 @@
 namespace Zelk::Tool {
 namespace {
 
-std::optional<FilePosition> PositionOf(const Message& message, const std::string& path,
-                                       const DomainRow& row) {
-  if (message.id != row.parse_error_id || message.arguments.size() < 2) return std::nullopt;
-  const std::optional<std::uint64_t> offset = ParseNumber(message.arguments[1]);
-  return offset ? PositionAt(path, *offset) : std::nullopt;
-}
-
-LoadReport LoadInto(Domain& domain, const DomainRow& row, const SourceArgument& source) {
-  LoadReport report{ShownName(source), row.name, {}};
-  const std::optional<ServiceError> error = domain.CreateSource(source.id, source.path);
-  if (!error) return report;
-  for (const Message& message : error->messages) {
-    report.problems.push_back({message, PositionOf(message, source.path, row)});
-  }
-  return report;
-}
-
 LoadReport IdIsTaken(const SourceArgument& source, const SourceArgument& other,
                      const DomainRow& row) {
   const std::string text = fmt::format("{} has the id '{}', too; write ID={} to give another",
                                        ShownName(other), source.id, ShownName(source));
-  return {ShownName(source), row.name, {{{row.exists_id, text, {}}, std::nullopt}}};
+  return {ShownName(source), row.name, {{{row.exists_id, text, {}}}}};
 }
 
 }  // namespace
@@ -44,20 +26,6 @@ bool IsKindCalled(const std::string& text, const std::string& domain, const std:
   const bool qualified = text.compare(0, prefix.size(), prefix) == 0;
   const std::string name = qualified ? text.substr(prefix.size()) : text;
   return name == kind || name == kind + "s";
-}
-
-std::string ProblemLine(const std::string& file, const Problem& problem) {
-  const std::string position =
-      problem.position ? fmt::format(":{}:{}", problem.position->line, problem.position->column)
-                       : std::string();
-  if (problem.message.id.empty()) {
-    return fmt::format("{}{}: {}", file, position, problem.message.Text());
-  }
-  const std::vector<std::string> unshown = problem.message.UnshownArguments();
-  const std::string arguments =
-      unshown.empty() ? std::string() : fmt::format(": {}", fmt::join(unshown, ", "));
-  return fmt::format("{}{}: {} [{}{}]", file, position, problem.message.Text(), problem.message.id,
-                     arguments);
 }
 
 std::string FoundKind::IdsText() const {
@@ -87,7 +55,10 @@ Host::Host(const DomainTable& table, HostUse use) : use_(use), table_(table) {
 Host::~Host() = default;
 
 LoadReport Host::Load(const SourceArgument& source) {
-  const DomainRow& row = DomainOf(source.path, table_);
+  LoadReport refusal{ShownName(source), "", {}};
+  const DomainRow* const found = DomainOf(source.path, table_, refusal);
+  if (found == nullptr) return refusal;
+  const DomainRow& row = *found;
   const auto taken = std::find_if(loaded_.begin(), loaded_.end(), [&](const Loaded& other) {
     return other.row == &row && other.source.id == source.id;
   });
@@ -95,7 +66,7 @@ LoadReport Host::Load(const SourceArgument& source) {
   loaded_.push_back({source, &row});
   try {
     LoadReport report = LoadFor(loaded_.back());
-    if (report.problems.empty()) {
+    if (report.IsLoaded()) {
       RunningOf(row).has_sources = true;
       if (!source.folder.empty()) known_files_.insert(source.path);
     } else {
@@ -110,16 +81,17 @@ LoadReport Host::Load(const SourceArgument& source) {
 
 LoadReport Host::LoadFor(Loaded& loaded) {
   const DomainRow& row = *loaded.row;
-  if (use_ == HostUse::kAnswers) return LoadInto(*RunningOf(row).domain, row, loaded.source);
+  if (use_ == HostUse::kAnswers)
+    return LoadInto(*RunningOf(row).domain, row, loaded.source, table_);
   const auto alone = row.make();
-  LoadReport report = LoadInto(*alone, row, loaded.source);
-  if (report.problems.empty()) loaded.outline = alone->MakeOutline();
+  LoadReport report = LoadInto(*alone, row, loaded.source, table_);
+  if (report.IsLoaded()) loaded.outline = alone->MakeOutline();
   return report;
 }
 
 void Host::LoadTogether() {
   for (const Loaded& loaded : loaded_) {
-    LoadInto(*RunningOf(*loaded.row).domain, *loaded.row, loaded.source);
+    LoadInto(*RunningOf(*loaded.row).domain, *loaded.row, loaded.source, table_);
   }
 }
 
@@ -226,12 +198,12 @@ Names Host::KindNames() const {
 std::optional<Outline> Host::OutlineOf(Loaded& loaded, std::vector<LoadReport>& failures) {
   if (use_ == HostUse::kOutlines) return std::move(loaded.outline);
   const auto alone = loaded.row->make();
-  LoadReport report = LoadInto(*alone, *loaded.row, loaded.source);
+  LoadReport report = LoadInto(*alone, *loaded.row, loaded.source, table_);
   const bool is_same =
-      report.problems.empty() && alone->FingerprintOf(loaded.source.id) == FingerprintOf(loaded);
+      report.IsLoaded() && alone->FingerprintOf(loaded.source.id) == FingerprintOf(loaded);
   if (is_same) return alone->MakeOutline();
   const Message message{"", "left out, since it has changed since it was loaded; reload it", {}};
-  report.problems = {{message, std::nullopt}};
+  report.problems = {{message}};
   failures.push_back(std::move(report));
   return std::nullopt;
 }
@@ -280,14 +252,6 @@ Names Host::UsageNames() const {
     names.insert(names.end(), known.begin(), known.end());
   }
   return names;
-}
-
-LoadReport LoadAlone(const SourceArgument& source, const DomainRow& row) {
-  return LoadInto(*row.make(), row, source);
-}
-
-LoadReport LoadAlone(const std::string& path, const DomainTable& table) {
-  return LoadAlone({DefaultSourceId(path), path}, DomainOf(path, table));
 }
 
 }  // namespace Zelk::Tool

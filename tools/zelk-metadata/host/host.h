@@ -8,33 +8,10 @@
 #include <vector>
 
 #include "host/domain.h"
-#include "host/file_position.h"
+#include "host/load.h"
 #include "host/source_argument.h"
 
 namespace Zelk::Tool {
-
-/// One thing that is wrong with a file.
-struct Problem {
-  Message message;
-
-  /// Set for a syntax error.
-  std::optional<FilePosition> position;
-};
-
-/// What loading a file gave.
-struct LoadReport {
-  std::string file;
-
-  /// The name of the domain that loaded it.
-  std::string domain;
-
-  /// Empty for a file that was loaded.
-  std::vector<Problem> problems;
-};
-
-/// "FILE: TEXT [ID]", with the position after the file's name if it is known, and after the id the
-/// arguments that the text does not show. The tool's own messages have no id.
-std::string ProblemLine(const std::string& file, const Problem& problem);
 
 /// How many ids a command takes for the kind; nothing for a kind that it does not know.
 using IdsOf = std::optional<IdCount> (*)(const Kind& kind);
@@ -236,11 +213,5 @@ class Host {
   std::set<std::string> known_files_;
   const DomainTable& table_;
 };
-
-/// Loads a source by itself into this domain, to see whether it can be loaded.
-LoadReport LoadAlone(const SourceArgument& source, const DomainRow& row);
-
-/// The same for a file, in the domain that it belongs to.
-LoadReport LoadAlone(const std::string& path, const DomainTable& table);
 
 }  // namespace Zelk::Tool

@@ -6,9 +6,10 @@
 #include <memory>
 #include <string>
 
-#include "host/file_position.h"
-
 namespace Zelk::Tool {
+
+/// The most bytes that a file may have to be read by the library, and so by the tool.
+inline constexpr std::uint64_t kMaxFileSize = 4294967295;
 
 struct CopiedInput;
 

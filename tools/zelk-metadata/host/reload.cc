@@ -66,19 +66,15 @@ void Host::LoadNew(std::vector<ReloadReport>& reports, const Watcher& watcher) {
     if (known_files_.count(source.path) != 0) continue;
     watcher(i + 1, all.sources.size(), source.path);
     LoadReport loaded = Load(source);
-    const bool is_loaded = loaded.problems.empty();
+    const bool is_loaded = loaded.IsLoaded();
     reports.push_back({source.id, loaded.file, loaded.domain,
                        is_loaded ? ReloadReport::State::kNew : ReloadReport::State::kFailed, "",
                        std::move(loaded.problems)});
   }
   for (const Unreadable& failure : all.failures) {
     if (known_files_.count(failure.file) != 0) continue;
-    reports.push_back({"",
-                       failure.file,
-                       "",
-                       ReloadReport::State::kFailed,
-                       "",
-                       {{{"", failure.reason, {}}, std::nullopt}}});
+    reports.push_back(
+        {"", failure.file, "", ReloadReport::State::kFailed, "", {{{"", failure.reason, {}}}}});
   }
 }
 
@@ -92,9 +88,9 @@ void Host::ExplainKept(const Loaded& loaded, ReloadReport& report) const {
   }
   const std::string reason = WhyUnreadable(path);
   if (!reason.empty()) {
-    report.problems = {{{"", reason, {}}, std::nullopt}};
+    report.problems = {{{"", reason, {}}}};
   } else {
-    report.problems = LoadAlone(loaded.source, *loaded.row).problems;
+    report.problems = LoadInto(*loaded.row->make(), *loaded.row, loaded.source, table_).problems;
   }
 }
 
@@ -106,6 +102,7 @@ ReloadReport Host::ReloadOne(Loaded& loaded) {
   RunningOf(*loaded.row).domain->ReloadSource(source.id);
   if (FingerprintOf(loaded) != before) {
     report.state = ReloadReport::State::kChanged;
+    report.problems = LeftOutOf(source.path, *loaded.row, table_);
   } else {
     ExplainKept(loaded, report);
   }

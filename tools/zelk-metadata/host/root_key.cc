@@ -62,9 +62,4 @@ const DomainRow* FindDomain(const std::string& path, const DomainTable& table) {
   return finder.Found();
 }
 
-const DomainRow& DomainOf(const std::string& path, const DomainTable& table) {
-  const DomainRow* const found = FindDomain(path, table);
-  return found == nullptr ? table.front() : *found;
-}
-
 }  // namespace Zelk::Tool

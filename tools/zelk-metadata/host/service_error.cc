@@ -2,6 +2,8 @@
 
 #include <charconv>
 #include <cstddef>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <memory>
 
 namespace Zelk::Tool {
@@ -61,6 +63,11 @@ std::vector<std::string> Message::UnshownArguments() const {
     if (default_text.find(placeholder) == std::string::npos) unshown.push_back(arguments[index]);
   }
   return unshown;
+}
+
+std::string Message::IdText() const {
+  const std::vector<std::string> unshown = UnshownArguments();
+  return unshown.empty() ? id : fmt::format("{}: {}", id, fmt::join(unshown, ", "));
 }
 
 ServiceError ServiceError::From(const Data::ErrorValue& value) {

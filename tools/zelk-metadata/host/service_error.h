@@ -20,6 +20,9 @@ struct Message {
   /// The arguments that no placeholder of the text shows, as those of a message that the catalog
   /// does not know.
   std::vector<std::string> UnshownArguments() const;
+
+  /// "ID", or "ID: ARGUMENT, ..." with the arguments that the text does not show.
+  std::string IdText() const;
 };
 
 /// What a service delivered in place of an answer.

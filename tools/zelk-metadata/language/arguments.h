@@ -24,6 +24,9 @@ struct Arguments {
   /// Whether JSON is wanted, by --json or by --output json.
   bool json = false;
 
+  /// Whether only problems are to be shown.
+  bool quiet = false;
+
   std::string kind;
   std::vector<std::string> ids;
   std::vector<std::string> files;

@@ -25,9 +25,11 @@ struct Tally {
 
 void Add(Tally& tally, const LoadReport& report) {
   for (const Problem& problem : report.problems) {
-    tally.complaints.push_back(ProblemLine(report.file, problem));
+    if (problem.severity != Severity::kNote) {
+      tally.complaints.push_back(ProblemLine(report.file, problem));
+    }
   }
-  if (!report.problems.empty()) tally.failed.push_back(report.file);
+  if (!report.IsLoaded()) tally.failed.push_back(report.file);
 }
 
 /// Shows what is being done, while something is.
