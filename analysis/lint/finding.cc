@@ -64,10 +64,13 @@ const Document& DocumentOf(const Workspace& workspace, const Place& place) {
 
 void Findings::Add(const Place& place, Remark remark) {
   const Severity severity = remark.severity.value_or(rule_->severity);
-  if (++found_[rule_] > kMost) {
+  if (++found_[rule_] > kMost || text_left_ == 0) {
     ++unlisted_.at(static_cast<std::size_t>(severity));
     return;
   }
+  const std::size_t size =
+      PathOf(workspace_, place).size() + remark.message.size() + remark.subject.size();
+  text_left_ -= std::min(size, text_left_);
   const std::uint32_t file = workspace_.FileOf(place.domain, place.source);
   all_.push_back({rule_, severity, file, place, std::move(remark)});
 }

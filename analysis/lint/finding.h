@@ -85,6 +85,7 @@ class Findings {
 
   /// How many there are of each severity that Take() does not return. A rule may find something at
   /// every value of a large file, so only the first kMost findings of each are kept.
+  /// Names may be as long as files, so there are fewer if their texts are too long.
   const std::array<std::size_t, 3>& Unlisted() const { return unlisted_; }
 
   static constexpr std::size_t kMost = 100000;
@@ -97,6 +98,8 @@ class Findings {
   std::vector<Finding> all_;
   std::unordered_map<const Rule*, std::size_t> found_;
   std::array<std::size_t, 3> unlisted_{};
+  /// How many more bytes the findings may have.
+  std::size_t text_left_ = 64000000;
   /// How many more names may be compared for hints.
   std::size_t comparisons_left_ = 100000;
 };

@@ -61,6 +61,19 @@ TEST(UnresolvedReference, IsNotedOnceForANameThatMayBeElsewhere) {
   EXPECT_THAT(Found("unresolved-reference", texts, settings), IsEmpty());
 }
 
+TEST(UnresolvedReference, IsOnlyCountedIfTheTextsAreTooLong) {
+  std::string fields = Field("f", kText);
+  for (int i = 0; i < 500; ++i) fields += "," + Field("f", Named("Structure", "c.p.none"));
+  std::string text = MetamodelFile({Structure("c.p.spec", fields), "", ""});
+  text.replace(text.find("c.p"), 3, "c.p" + std::string(1000000, 'x'));
+  const Zelk::Analysis::Lint::Workspace workspace(LintFiles({text}));
+  const auto result = Zelk::Analysis::Lint::Lint(
+      workspace, {Zelk::Analysis::Lint::FindRule("unresolved-reference")});
+  EXPECT_EQ(result.findings.size() + result.unlisted.front(), 500U);
+  EXPECT_GT(result.findings.size(), 50U);
+  EXPECT_GT(result.unlisted.front(), 300U);
+}
+
 TEST(UnresolvedReference, LeavesOtherResourceTypesAlone) {
   EXPECT_THAT(Found("unresolved-reference", {WithType(Named("com.example.other", "c.p.none"))}),
               IsEmpty());
