@@ -55,8 +55,8 @@ function(zelk_shared_library target)
     LINK_DEPENDS ${arg_SYMBOLS})
   target_link_options(${target} PRIVATE
     -Wl,--enable-new-dtags -Wl,--version-script=${arg_SYMBOLS})
-  # The runtime of a sanitizer is linked into the program only.
-  if(NOT ZELK_SANITIZE)
+  # The runtimes of sanitizers and of libFuzzer are linked into the program only.
+  if(NOT ZELK_SANITIZE AND NOT ZELK_FUZZ)
     target_link_options(${target} PRIVATE -Wl,-z,defs)
   endif()
 endfunction()

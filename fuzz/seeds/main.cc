@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
     MakeAuthenticationSeeds(corpus, sources);
     MakeCliSeeds(corpus, sources);
     MakeJsonMemberSeeds(corpus);
+    MakeStatefulSeeds(corpus);
     return 0;
   } catch (const std::exception& problem) {
     std::cerr << problem.what() << '\n';

@@ -93,5 +93,6 @@ void MakeAuthenticationSeeds(const std::filesystem::path& corpus,
                              const std::filesystem::path& sources);
 void MakeCliSeeds(const std::filesystem::path& corpus, const std::filesystem::path& sources);
 void MakeJsonMemberSeeds(const std::filesystem::path& corpus);
+void MakeStatefulSeeds(const std::filesystem::path& corpus);
 
 }  // namespace Zelk::Fuzzing

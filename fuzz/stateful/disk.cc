@@ -51,11 +51,12 @@ std::string Disk::Path(std::size_t index) const {
   return folder_.Path("f" + std::to_string(index));
 }
 
-File Disk::Find(const std::string& path) const {
+const File& Disk::Find(const std::string& path) const {
+  static const File kNothing;
   for (std::size_t index = 0; index < kFiles; ++index) {
     if (path == Path(index)) return files_[index];
   }
-  return {};
+  return kNothing;
 }
 
 void Disk::Put(std::size_t index, File file) {

@@ -30,7 +30,7 @@ class Disk {
   const File& At(std::size_t index) const { return files_[index]; }
 
   /// What is at a path that may be any text.
-  File Find(const std::string& path) const;
+  const File& Find(const std::string& path) const;
 
   void Put(std::size_t index, File file);
   void Clear();

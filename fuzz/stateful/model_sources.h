@@ -120,7 +120,7 @@ class ModelSources final : public Services {
     if (source.spec.type == 1) return ErrorText({Testing::kUnsupportedError});
     if (source.spec.type != 0) return ErrorText({Testing::kInvalidArgumentError});
     const std::string path = source.spec.file_path.value_or("");
-    const File file = disk_.Find(path);
+    const File& file = disk_.Find(path);
     switch (file.kind) {
       case File::Kind::kText:
         return LoadText(file, source);
@@ -137,8 +137,8 @@ class ModelSources final : public Services {
   static std::string LoadText(const File& file, Source& source) {
     ModelReader reader;
     try {
-      source.content =
-          Domain::Read(file.document ? *file.document : Tree(file.text, reader), reader);
+      source.content = file.document ? Domain::Read(*file.document, reader)
+                                     : Domain::Read(Tree(file.text, reader), reader);
     } catch (const GivenUp&) {
       std::vector<std::string> lines = reader.Messages();
       lines.insert(lines.begin(), Testing::kInvalidArgumentError);
