@@ -1,5 +1,7 @@
 #include "authentication/json_metadata_parser.h"
 
+#include <string_view>
+
 #include "common/json/json_member.h"
 
 namespace Zelk::Provider::Metadata::Authentication {
@@ -15,11 +17,11 @@ class TablesByOwner {
   explicit TablesByOwner(JsonMetadataParser::Unclaimed<Record>& records)
       : records_(records), last_(records.end()) {}
 
-  void Add(std::string owner, std::string key, std::shared_ptr<const Record> record) {
+  void Add(std::string_view owner, std::string_view key, std::shared_ptr<const Record> record) {
     if (last_ == records_.end() || last_->first != owner) {
-      last_ = records_.try_emplace(std::move(owner)).first;
+      last_ = records_.try_emplace(std::string(owner)).first;
     }
-    last_->second.emplace(std::move(key), std::move(record));
+    last_->second.emplace(key, std::move(record));
   }
 
  private:
@@ -30,18 +32,26 @@ class TablesByOwner {
 /// Removes the table of `owner` from `records` and returns it; empty if there is none.
 template <typename Record>
 JsonMetadataParser::Table<Record> Claim(JsonMetadataParser::Unclaimed<Record>& records,
-                                        const std::string& owner) {
-  auto claimed = records.extract(owner);
-  if (!claimed) return {};
-  return std::move(claimed.mapped());
+                                        std::string_view owner) {
+  const auto claimed = records.find(owner);
+  if (claimed == records.end()) return {};
+  return std::move(records.extract(claimed).mapped());
+}
+
+using Parts = std::pair<std::string_view, std::string_view>;
+
+/// Returns the parts before and after the last full stop. Without one, the first part is empty.
+Parts Split(std::string_view id) {
+  const auto dot = id.rfind('.');
+  if (dot == std::string_view::npos) return {std::string_view(), id};
+  return {id.substr(0, dot), id.substr(dot + 1)};
 }
 
 /// Splits an id. Returns false and appends the message if one of the parts is empty.
-bool SplitId(const std::string& id, const char* message_id,
-             std::pair<std::string, std::string>& parts, Errors& errors) {
-  parts = JsonMetadataParser::SplitFqdn(id);
+bool SplitId(std::string_view id, const char* message_id, Parts& parts, Errors& errors) {
+  parts = Split(id);
   if (!parts.first.empty() && !parts.second.empty()) return true;
-  errors.push_back(CatalogMessage(message_id) % id);
+  errors.push_back(CatalogMessage(message_id) % std::string(id));
   return false;
 }
 
@@ -163,15 +173,14 @@ bool JsonMetadataParser::ParseOperations(
   for (const auto& member : JsonMembers(value)) {
     SchemeList list;
     if (!ParseSchemeList(member.value, schemes, list, errors)) return false;
-    std::pair<std::string, std::string> parts;
-    if (!SplitId(ValToString(member.name), MessageId::kAuthenticationJsonInvalidOperationId, parts,
+    Parts parts;
+    if (!SplitId(TextOf(member.name), MessageId::kAuthenticationJsonInvalidOperationId, parts,
                  errors)) {
       return false;
     }
-    auto& [service_id, name] = parts;
     auto operation =
         std::make_shared<const Bindings::Authentication::OperationInfo>(std::move(list));
-    tables.Add(std::move(service_id), std::move(name), std::move(operation));
+    tables.Add(parts.first, parts.second, std::move(operation));
   }
   return true;
 }
@@ -184,12 +193,12 @@ bool JsonMetadataParser::ParseServices(
   for (const auto& member : JsonMembers(value)) {
     SchemeList list;
     if (!ParseSchemeList(member.value, schemes, list, errors)) return false;
-    std::string id = ValToString(member.name);
-    std::pair<std::string, std::string> parts;
+    const std::string_view id = TextOf(member.name);
+    Parts parts;
     if (!SplitId(id, MessageId::kAuthenticationJsonInvalidServiceId, parts, errors)) return false;
     auto service = std::make_shared<const Bindings::Authentication::ServiceInfo>(
         std::move(list), Claim(operations, id));
-    tables.Add(std::move(parts.first), std::move(id), std::move(service));
+    tables.Add(parts.first, id, std::move(service));
   }
   return true;
 }
@@ -216,12 +225,12 @@ bool JsonMetadataParser::CreateServicesFromOperations(
   TablesByOwner tables(services);
   while (!operations.empty()) {
     auto taken = operations.extract(operations.begin());
-    std::string& id = taken.key();
-    std::pair<std::string, std::string> parts;
+    const std::string& id = taken.key();
+    Parts parts;
     if (!SplitId(id, MessageId::kAuthenticationJsonInvalidServiceId, parts, errors)) return false;
     auto service = std::make_shared<const Bindings::Authentication::ServiceInfo>(
         SchemeList(), std::move(taken.mapped()));
-    tables.Add(std::move(parts.first), std::move(id), std::move(service));
+    tables.Add(parts.first, id, std::move(service));
   }
   return true;
 }
@@ -239,9 +248,8 @@ bool JsonMetadataParser::CreatePackagesFromServices(
 }
 
 std::pair<std::string, std::string> JsonMetadataParser::SplitFqdn(const std::string& fqdn) {
-  const auto dot = fqdn.rfind('.');
-  if (dot == std::string::npos) return {std::string(), fqdn};
-  return {fqdn.substr(0, dot), fqdn.substr(dot + 1)};
+  const auto [owner, name] = Split(fqdn);
+  return {std::string(owner), std::string(name)};
 }
 
 }  // namespace Zelk::Provider::Metadata::Authentication

@@ -33,7 +33,7 @@ class JsonMetadataParser {
 
   /// Records that wait for their owner to be parsed. The key is the id of the owner.
   template <typename Record>
-  using Unclaimed = std::map<std::string, Table<Record>>;
+  using Unclaimed = std::map<std::string, Table<Record>, std::less<>>;
 
   /// Reads one file. Returns true if the file is accepted; `errors` may hold messages all the same.
   static bool LoadMetadata(std::istream& in, const RegisterCallbacks& callbacks, Errors& errors);

@@ -58,9 +58,10 @@ Named<Bindings::Metamodel::PackageInfo> JsonMetadataParser::ParsePackage(
   MapMember<Bindings::Metamodel::ServiceInfo> services(
       value, "services", WithCallbacks(callbacks, ParseService), errors);
   if (!services.Ok()) return {};
-  return {name.Value(), std::make_shared<Bindings::Metamodel::PackageInfo>(
-                            name.Value(), structures.Take(), enumerations.Take(), services.Take(),
-                            metadata.Take(), documentation.Take())};
+  auto package = std::make_shared<Bindings::Metamodel::PackageInfo>(
+      name.Value(), structures.Take(), enumerations.Take(), services.Take(), metadata.Take(),
+      documentation.Take());
+  return {name.Take(), std::move(package)};
 }
 
 Named<Bindings::Metamodel::ServiceInfo> JsonMetadataParser::ParseService(
@@ -83,9 +84,10 @@ Named<Bindings::Metamodel::ServiceInfo> JsonMetadataParser::ParseService(
   MapMember<Bindings::Metamodel::OperationInfo> operations(
       value, "operations", WithCallbacks(callbacks, ParseOperation), errors);
   if (!operations.Ok()) return {};
-  return {name.Value(), std::make_shared<Bindings::Metamodel::ServiceInfo>(
-                            name.Value(), operations.Take(), structures.Take(), enumerations.Take(),
-                            constants.Take(), metadata.Take(), documentation.Take())};
+  auto service = std::make_shared<Bindings::Metamodel::ServiceInfo>(
+      name.Value(), operations.Take(), structures.Take(), enumerations.Take(), constants.Take(),
+      metadata.Take(), documentation.Take());
+  return {name.Take(), std::move(service)};
 }
 
 Named<Bindings::Metamodel::OperationInfo> JsonMetadataParser::ParseOperation(
@@ -104,9 +106,10 @@ Named<Bindings::Metamodel::OperationInfo> JsonMetadataParser::ParseOperation(
   if (!output.Ok()) return {};
   ListMember<Bindings::Metamodel::ErrorInfo> failures(value, "errors", ParseError, errors);
   if (!failures.Ok()) return {};
-  return {name.Value(), std::make_shared<Bindings::Metamodel::OperationInfo>(
-                            name.Value(), params.Take(), output.Take(), failures.Take(),
-                            metadata.Take(), documentation.Take())};
+  auto operation = std::make_shared<Bindings::Metamodel::OperationInfo>(
+      name.Value(), params.Take(), output.Take(), failures.Take(), metadata.Take(),
+      documentation.Take());
+  return {name.Take(), std::move(operation)};
 }
 
 bool JsonMetadataParser::ParseResult(

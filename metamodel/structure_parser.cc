@@ -54,8 +54,9 @@ Named<Bindings::Metamodel::EnumerationInfo> JsonMetadataParser::ParseEnumeration
   ListMember<Bindings::Metamodel::EnumerationValueInfo> values(
       value, "values", WithCallbacks(callbacks, ParseEnumValues), errors);
   if (!values.Ok()) return {};
-  return {name.Value(), std::make_shared<Bindings::Metamodel::EnumerationInfo>(
-                            name.Value(), values.Take(), metadata.Take(), documentation.Take())};
+  auto enumeration = std::make_shared<Bindings::Metamodel::EnumerationInfo>(
+      name.Value(), values.Take(), metadata.Take(), documentation.Take());
+  return {name.Take(), std::move(enumeration)};
 }
 
 std::shared_ptr<const Bindings::Metamodel::EnumerationValueInfo>
