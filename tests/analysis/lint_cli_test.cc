@@ -112,7 +112,7 @@ TEST(UnknownOptionField, NamesWhatHasNoSuchField) {
   }
   EXPECT_THAT(found("spek"),
               ElementsAre("error option:spek: the operation 'c.p.s.get' has no parameter 'spek' "
-                          "(did you mean 'spec' or 'specs'?)"));
+                          "(did you mean 'spec'?)"));
   EXPECT_THAT(found("spec.mast"),
               ElementsAre("error option:spec.mast: the structure 'c.p.spec' has no field 'mast' "
                           "(did you mean 'must'?)"));
