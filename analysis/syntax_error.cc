@@ -56,7 +56,7 @@ std::string SyntaxErrorText(std::string_view text, std::size_t code, std::size_t
   const bool is_cut = offset >= Trimmed(text).size() || text[offset] == '\0';
   if (!is_cut) {
     const bool is_in_string = parser_code == rapidjson::kParseErrorStringEscapeInvalid;
-    const std::string found =
+    std::string found =
         is_in_string ? TextInString(text[offset]) : TextOutsideStrings(text, offset);
     if (!found.empty()) return found;
   }

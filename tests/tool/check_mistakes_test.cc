@@ -325,5 +325,6 @@ TEST(CheckTerminal, LinesAreNoWiderThanTheTerminal) {
     if (line.find("/metamodel/") != std::string::npos) continue;
     EXPECT_LE(line.size(), 60U) << line;
   }
-  EXPECT_THAT(out.str(), HasSubstr("error: Json parse invalid enum value:\n    primitive_type [zelk."));
+  EXPECT_THAT(out.str(),
+              HasSubstr("error: Json parse invalid enum value:\n    primitive_type [zelk."));
 }

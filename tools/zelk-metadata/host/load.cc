@@ -51,6 +51,7 @@ std::string WordsOf(const Message& message, const DomainRow& row) {
 
 std::vector<Problem> Unlocated(const std::vector<Message>& messages, const DomainRow& row) {
   std::vector<Problem> problems;
+  problems.reserve(messages.size());
   for (const Message& message : messages) {
     problems.push_back({message, Severity::kWarning, {}, WordsOf(message, row)});
   }
