@@ -33,10 +33,11 @@ std::size_t Distance(const std::string& wanted, const std::string& name) {
     return 1;
   }
   const std::size_t limit = Limit(wanted);
+  // What is wholly replaced has nothing in common.
   const std::size_t whole = EditDistance(wanted, name, limit);
-  if (whole <= limit) return 1 + whole;
+  if (whole <= limit && whole < std::max(wanted.size(), name.size())) return 1 + whole;
   const std::size_t part = EditDistance(wanted, last, limit);
-  if (part <= limit) return 1 + limit + part;
+  if (part <= limit && part < std::max(wanted.size(), last.size())) return 1 + limit + part;
   return kFar;
 }
 

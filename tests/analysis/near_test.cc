@@ -54,6 +54,10 @@ std::string RandomText(std::mt19937& random) {
 
 }  // namespace
 
+TEST(Near, NamesWithNothingInCommonAreNotNear) {
+  EXPECT_THAT(NearNames("x", {".", "y", "a.y"}), testing::ElementsAre());
+}
+
 TEST(Near, DistanceCountsTypingErrors) {
   for (const Row& row : kRows) {
     EXPECT_EQ(EditDistance(row.left, row.right, 5), row.distance) << row.left << ' ' << row.right;

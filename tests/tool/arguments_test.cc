@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include <gmock/gmock.h>
 
 #include "commands/table.h"
@@ -24,8 +26,9 @@ TEST(Arguments, HelpNamesTheCommandsTheOptionsAndTheExitStatuses) {
   const ToolRun run = RunLine("--help");
   EXPECT_EQ(run.status, 0);
   for (const Command& command : ProgramLanguage().commands) {
-    EXPECT_THAT(run.out, HasSubstr("\n  " + command.name + " "));
-    EXPECT_THAT(run.out, HasSubstr("\n  zelk-metadata " + command.example + "\n"));
+    EXPECT_THAT(run.out, HasSubstr("\n    " + command.name + " "));
+    // Wrapped if it is long.
+    EXPECT_THAT(run.out, HasSubstr("\n    zelk-metadata " + command.example.substr(0, 40)));
   }
   EXPECT_THAT(run.out, AllOf(HasSubstr("--source [ID=]PATH"), HasSubstr("--output FORMAT"),
                              HasSubstr("--json"), HasSubstr("Exit status:")));
@@ -35,10 +38,10 @@ TEST(Arguments, HelpNamesTheCommandsTheOptionsAndTheExitStatuses) {
 TEST(Arguments, HelpOfACommandShowsTheKindsThatItTakesWithTheirIds) {
   const ToolRun get = RunLine("get --help");
   EXPECT_EQ(get.status, 0);
-  EXPECT_THAT(get.out, HasSubstr("\n  operation SERVICE OPERATION\n"));
+  EXPECT_THAT(get.out, HasSubstr("\n      operation SERVICE OPERATION\n"));
   EXPECT_THAT(get.out, testing::Not(HasSubstr("hidden")));
-  EXPECT_THAT(RunLine("list --help").out, HasSubstr("\n  model, in a resource\n"));
-  EXPECT_THAT(RunLine("fingerprint --help").out, HasSubstr("\n  source [SOURCE]\n"));
+  EXPECT_THAT(RunLine("list --help").out, HasSubstr("\n      model, in a resource\n"));
+  EXPECT_THAT(RunLine("fingerprint --help").out, HasSubstr("\n      source [SOURCE]\n"));
 }
 
 TEST(Arguments, OptionsMayPrecedeOrFollowTheCommand) {
@@ -102,12 +105,12 @@ TEST(Arguments, HelpOfEveryCommandHasOperandsOptionsAndExample) {
   for (const Command& command : ProgramLanguage().commands) {
     const ToolRun run = RunLine(command.name + " --help");
     EXPECT_EQ(run.status, 0) << command.name;
-    EXPECT_THAT(run.out, HasSubstr("Example: zelk-metadata " + command.example));
+    EXPECT_THAT(run.out, HasSubstr("Example:\n    zelk-metadata " + command.example.substr(0, 40)));
     for (const auto& operand : command.operands) {
-      EXPECT_THAT(run.out, HasSubstr("\n  " + operand.name)) << command.name;
+      EXPECT_THAT(run.out, HasSubstr("\n    " + operand.name)) << command.name;
     }
     for (const auto& option : command.options) {
-      EXPECT_THAT(run.out, HasSubstr("\n  --" + option.name)) << command.name;
+      EXPECT_THAT(run.out, HasSubstr("\n    --" + option.name)) << command.name;
     }
   }
 }
@@ -131,6 +134,71 @@ TEST(Arguments, JsonIsAShortFormOfOutputJson) {
   const ToolRun run = RunOnInventory("list components --json --output plain");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "zelk-metadata: --json and --output plain contradict each other\n");
+}
+
+TEST(Arguments, HelpOfACommandShowsTheSharedOptions) {
+  const std::string help = RunLine("list --help").out;
+  EXPECT_THAT(help, AllOf(HasSubstr("\n    --source [ID=]PATH  "), HasSubstr("\n    --no-pager"),
+                          HasSubstr("\n      command [NAMESPACE]\n")));
+  EXPECT_EQ(RunLine("help list").out, help);
+  EXPECT_EQ(RunLine("help").out, RunLine("--help").out);
+  EXPECT_EQ(RunLine("help lsit").err,
+            "zelk-metadata: unknown command 'lsit'; did you mean list?\n");
+  EXPECT_EQ(RunLine("help lsit").status, 3);
+}
+
+TEST(Arguments, HelpIsNeverWiderThanAHundredColumnsInAPipe) {
+  for (const Command& command : ProgramLanguage().commands) {
+    std::istringstream help(RunLine(command.name + " --help").out);
+    for (std::string line; std::getline(help, line);) EXPECT_LE(line.size(), 100U) << line;
+  }
+}
+
+TEST(Arguments, VersionIsGivenAlone) {
+  for (const char* line : {"--version extra", "--version list components", "--version --json"}) {
+    const ToolRun run = RunLine(line);
+    EXPECT_EQ(run.status, 2) << line;
+    EXPECT_EQ(run.err, "zelk-metadata: --version is given alone\n") << line;
+    EXPECT_EQ(run.out, "") << line;
+  }
+}
+
+TEST(Arguments, LastOfRepeatedOutputsCounts) {
+  EXPECT_EQ(RunOnInventory("list components --output json --output plain").out, "com.acme\n");
+  EXPECT_EQ(RunOnInventory("list components --output plain --output json").out,
+            RunOnInventory("list components --json").out);
+}
+
+TEST(Arguments, ColorIsOneOfThreeWords) {
+  EXPECT_EQ(RunOnInventory("list components --color sometimes").err,
+            "zelk-metadata: --color is one of auto, always, never, not 'sometimes'\n");
+  EXPECT_EQ(RunOnInventory("get component com.acme --color auto").out,
+            RunOnInventory("get component com.acme --color never").out);
+}
+
+TEST(Arguments, ColorsCanBeForcedIntoAPipe) {
+  EXPECT_THAT(RunOnInventory("get component com.acme --color always").out,
+              testing::StartsWith("\x1b[1mcomponent com.acme\x1b[0m\n"));
+  EXPECT_THAT(RunOnInventory("get component nope --color always").err,
+              testing::StartsWith("\x1b[1;31mzelk-metadata:\x1b[0m "));
+}
+
+TEST(Arguments, NumberThatIsNoneIsShownAsItWasTyped) {
+  EXPECT_THAT(RunOnInventory("tree --depth [1]").err, HasSubstr("'[1]' is not a number"));
+}
+
+TEST(Arguments, KindThatIsNotTakenNamesThoseThatAre) {
+  const std::string kinds =
+      "component, package, service, operation, structure, enumeration, source, namespace, command";
+  EXPECT_EQ(RunLine("get thing x").err,
+            "zelk-metadata: unknown kind 'thing'; the kinds are " + kinds + "\n");
+  EXPECT_EQ(RunLine("get model x").err,
+            "zelk-metadata: 'get' does not take the kind 'model'; it takes " + kinds + "\n");
+}
+
+TEST(Arguments, UnknownShellNamesTheShells) {
+  EXPECT_EQ(RunLine("completion tcsh").err,
+            "zelk-metadata: unknown shell 'tcsh'; the shells are bash, fish, zsh\n");
 }
 
 TEST(Arguments, DepthIsANumber) {

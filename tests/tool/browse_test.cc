@@ -146,6 +146,73 @@ TEST(Get, SeveralOperationsAreGivenAsPairs) {
   EXPECT_EQ(RunLine("get operations " + service + "get " + service + source).status, 2);
 }
 
+TEST(Get, OperationMayBeOneWord) {
+  const std::string list = "com.acme.inventory.machines list";
+  const std::string page = RunOnThree("get operation " + list).out;
+  EXPECT_THAT(page, StartsWith("list(filter: "));
+  EXPECT_EQ(RunOnThree("get operation com.acme.inventory.machines.list").out, page);
+  EXPECT_EQ(RunOnThree("which operation com.acme.inventory.machines.list").out,
+            RunOnThree("which operation " + list).out);
+  const ToolRun both = RunOnInventory(
+      "get operation com.acme.inventory.machines.get com.acme.inventory.machines.list --json");
+  const auto document = ParsedJson(both.out, "records");
+  ASSERT_EQ(document.Size(), 2U);
+  EXPECT_STREQ(document[1]["ids"][0].GetString(), "com.acme.inventory.machines");
+  EXPECT_STREQ(document[1]["ids"][1].GetString(), "list");
+  EXPECT_EQ(RunOnInventory("get operation com.acme.inventory.machines.nope").status, 3);
+}
+
+TEST(Get, OperationIsNotItsService) {
+  const ToolRun run = RunOnInventory("get operation com.acme.inventory.machines");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "zelk-metadata: usage: zelk-metadata get operation SERVICE OPERATION\n");
+}
+
+TEST(Get, TwoFullNamesAreTwoCommands) {
+  const ToolRun run = RunOnThree("get command acme.machines.list ping");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.out,
+              AllOf(HasSubstr("command acme.machines.list\n"), HasSubstr("\ncommand ping\n")));
+  const ToolRun namespaces = RunOnThree("get namespace acme acme.machines");
+  EXPECT_EQ(namespaces.status, 0) << namespaces.err;
+  EXPECT_THAT(namespaces.out,
+              AllOf(HasSubstr("namespace acme\n"), HasSubstr("\nnamespace acme.machines\n")));
+}
+
+TEST(Get, PathAndNameAreOneCommandIfThePathIsNone) {
+  EXPECT_EQ(RunOnThree("get command acme.machines list").out,
+            RunOnThree("get command acme.machines.list").out);
+  const ToolRun run = RunOnThree("get command acme.machines nope");
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(run.err, HasSubstr("acme.machines is a namespace\n"));
+}
+
+TEST(Get, NamespaceShowsItsCommands) {
+  EXPECT_THAT(RunOnThree("get namespace acme.machines").out,
+              testing::EndsWith("\nCommands:\n    acme.machines.list\n"));
+  EXPECT_THAT(RunOnThree("get namespace .").out, testing::EndsWith("\nCommands:\n    ping\n"));
+  EXPECT_THAT(RunOnThree("get namespace acme").out, Not(HasSubstr("Commands")));
+  EXPECT_EQ(RunOnThree("get namespace nope").status, 3);
+}
+
+TEST(List, IdOfAnotherKindIsExplained) {
+  EXPECT_EQ(RunOnInventory("list operations com.acme.inventory").err,
+            "zelk-metadata: Metamodel service not found: com.acme.inventory; com.acme.inventory is "
+            "a package\n");
+  EXPECT_EQ(RunOnInventory("get service com.acme.inventory.layer").err,
+            "zelk-metadata: Metamodel service not found: com.acme.inventory.layer; "
+            "com.acme.inventory.layer is an enumeration\n");
+}
+
+TEST(Get, PagesOfSeveralDomainsNameThem) {
+  const std::string sources =
+      " --source x=" + kDataFolder + "/inventory.json --source x=" + kDataFolder + "/schemes.json";
+  EXPECT_THAT(RunLine("get source x" + sources).out,
+              AllOf(StartsWith("metamodel:source x\n"), HasSubstr("\nauthentication:source x\n")));
+  EXPECT_THAT(RunLine("get component com.acme" + sources).out,
+              HasSubstr("\nauthentication:component com.acme\n"));
+}
+
 TEST(Commands, WithoutSourcesGiveAnEmptyAnswer) {
   const ToolRun tree = RunLine("tree");
   EXPECT_EQ(tree.out, "");
@@ -222,6 +289,8 @@ TEST(Get, CommandNameMayContainADot) {
     "name": "b.c", "description": "", "node_metadata": {"service_id": "s", "operation_id": "o"}}]})");
   EXPECT_THAT(RunLine("tree --source " + file).out, HasSubstr("command a.b.c\n"));
   EXPECT_EQ(RunLine("get command a b.c --source " + file).status, 0);
+  EXPECT_EQ(RunLine("get command a.b.c --source " + file).status, 0);
+  EXPECT_EQ(RunLine("get command a.b.d --source " + file).status, 3);
 }
 
 TEST(Get, PageLeavesOutEmptyParts) {

@@ -90,6 +90,7 @@ TEST(Complete, OffersOptionValuesInOneWordOrTwo) {
   EXPECT_THAT(Choices("check --output=g"), ElementsAre("--output=github"));
   EXPECT_THAT(Choices("--output "), IsSupersetOf({"table", "plain", "json", "text", "github"}));
   EXPECT_THAT(Choices("tree --depth "), ElementsAre());
+  EXPECT_THAT(Choices("tree --color "), ElementsAre("auto", "always", "never"));
   EXPECT_THAT(Choices("tree --json="), ElementsAre()) << "a flag has no value";
   EXPECT_THAT(Choices("tree --nope="), ElementsAre());
 }
@@ -113,6 +114,9 @@ TEST(Complete, OffersTheNamesOfTheSourcesBeforeIt) {
   EXPECT_THAT(Choices("get component "), ElementsAre()) << "nothing is loaded";
   EXPECT_THAT(Choices("get gadget " + kInventory), ElementsAre());
   EXPECT_THAT(Choices("get hidden " + kInventory), ElementsAre()) << "it can be listed only";
+  EXPECT_THAT(Choices("list commands --source " + kDataFolder + "/commands.json "),
+              ElementsAre(".", "acme", "acme.machines"))
+      << "commands are listed by namespace";
   EXPECT_THAT(Choices("-x --source=" + kDataFolder + "/inventory.json get component "),
               ElementsAre("com.acme"))
       << "the source in one word, after an option that does not exist";
@@ -129,7 +133,15 @@ TEST(Complete, OffersOnlyTheOperationsOfTheServiceBeforeIt) {
   EXPECT_THAT(operations, IsSupersetOf({"get", "list", "remove"}));
   EXPECT_EQ(Choices("get operation " + kInventory + machines + "get " + machines), operations)
       << "a second pair";
-  EXPECT_THAT(Choices("get operation " + kInventory + "com.acme.nothing "), ElementsAre());
+  EXPECT_EQ(Choices("get operation " + kInventory + "com.acme.inventory.machines.get " + machines),
+            operations)
+      << "an operation in one word before it";
+}
+
+TEST(Complete, OffersNoServicesAfterAServiceThatOneDomainKnows) {
+  EXPECT_THAT(Choices("get operation --source " ZELK_SOURCE_DIR
+                      "/metadata com.orvane.zelk.metadata.cli.command "),
+              ElementsAre("fingerprint", "get", "list"));
 }
 
 TEST(Complete, OffersTheNamesOfAClientPartByPart) {
@@ -239,8 +251,7 @@ TEST(Completion, IsPrintedForEverySupportedShell) {
       << "which the shell looks for in the files of its folders";
   EXPECT_EQ(RunLine("completion fsh").status, 2);
   EXPECT_EQ(RunLine("completion fsh").err,
-            "zelk-metadata: unknown shell 'fsh'; the shells are bash, fish, zsh; did "
-            "you mean fish or zsh?\n");
+            "zelk-metadata: unknown shell 'fsh'; the shells are bash, fish, zsh\n");
 }
 
 TEST(Complete, OffersNamesAndWhatTheyCanBeInForList) {

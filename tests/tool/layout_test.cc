@@ -1,5 +1,6 @@
 #include "render/layout.h"
 
+#include <set>
 #include <sstream>
 
 #include <gmock/gmock.h>
@@ -9,7 +10,11 @@
 
 using testing::ElementsAre;
 using Zelk::Tool::Columns;
+using Zelk::Tool::InColumns;
 using Zelk::Tool::Page;
+using Zelk::Tool::PrintError;
+using Zelk::Tool::Style;
+using Zelk::Tool::Styled;
 using Zelk::Tool::Table;
 using Zelk::Tool::Terminal;
 using Zelk::Tool::Wrapped;
@@ -74,6 +79,13 @@ TEST(Layout, NarrowTableHasTheLastColumnBelowTheOthers) {
             "NAME\n" + std::string(25, 'n') + "\n    one two three four five\n    six seven\nb\n");
 }
 
+TEST(Layout, NarrowTableBreaksBetweenTheOtherColumns) {
+  Table table({"KIND", "NAME", "TEXT"});
+  table.Add({"kind", std::string(25, 'n') + " x", "text"});
+  EXPECT_EQ(Written([&](std::ostream& out) { table.Write(out, Wide(30)); }),
+            "KIND NAME\nkind " + std::string(25, 'n') + "\n        x\n    text\n");
+}
+
 TEST(Layout, TableOfOneColumnIsAList) {
   Table table({"NAME"});
   table.Add({"a name with blanks in it"});
@@ -100,8 +112,57 @@ TEST(Layout, PageWrapsParagraphsButNotNames) {
   });
   EXPECT_EQ(page, name + "\n    " + name +
                       "\n    one two three four\n    five\n\n    six\n"
-                      "    a  one two three four five\n    b\n")
-      << "beside the names there is no room to wrap";
+                      "    a\n    one two three four\n    five\n    b\n")
+      << "beside the names there is no room, and level 2 is indented less";
+}
+
+TEST(Layout, LongLinesContinueWithMoreIndentation) {
+  const std::string page = Written([&](std::ostream& out) {
+    Page written(out, Wide(30));
+    written.Title("get(a: STRING, b: STRING, c: STRING)");
+    written.Line(1, "one two three four five six");
+    written.Heading("a heading that is longer than that");
+  });
+  EXPECT_EQ(page,
+            "get(a: STRING, b: STRING, c:\n        STRING)\n"
+            "    one two three four five\n            six\n"
+            "\na heading that is longer than\n        that\n");
+}
+
+TEST(Layout, TextWithoutBlanksIsWrappedBetweenIdeographs) {
+  EXPECT_THAT(Wrapped("\u6f22\u5b57\u304b\u306a", 5), ElementsAre("\u6f22\u5b57", "\u304b\u306a"));
+  EXPECT_THAT(Wrapped("ab\u6f22\u5b57cd", 4), ElementsAre("ab\u6f22", "\u5b57cd"));
+  EXPECT_THAT(Wrapped("\u6f22\u5b57\u3002\u304b", 4),
+              ElementsAre("\u6f22", "\u5b57\u3002", "\u304b"))
+      << "a full stop does not begin a line";
+  EXPECT_THAT(Wrapped("\U0001f468\u200d\U0001f469 \U0001f600", 4),
+              ElementsAre("\U0001f468\u200d\U0001f469", "\U0001f600"))
+      << "joined pictographs are one";
+}
+
+TEST(Layout, WordsAreShownInColumns) {
+  EXPECT_THAT(InColumns({"a", "bb", "ccc", "d", "e"}, 10), ElementsAre("a    d", "bb   e", "ccc"));
+  EXPECT_THAT(InColumns({"a", "b"}, 1), ElementsAre("a", "b"));
+  EXPECT_THAT(InColumns({}, 10), ElementsAre());
+}
+
+TEST(Layout, ErrorsAreWrappedAndColoured) {
+  const auto error = [](const Terminal& terminal) {
+    return Written([&](std::ostream& out) { PrintError(out, "one two three", terminal); });
+  };
+  EXPECT_EQ(error({}), "zelk-metadata: one two three\n");
+  EXPECT_EQ(error({true, 22, false}), "zelk-metadata: one two\n    three\n");
+  EXPECT_EQ(error({true, 22, true}), "\x1b[1;31mzelk-metadata:\x1b[0m one two\n    three\n");
+}
+
+TEST(Layout, StylesDiffer) {
+  const Terminal coloured{true, 80, true};
+  std::set<std::string> styled;
+  for (const Style style : {Style::kBold, Style::kError, Style::kWarning, Style::kNote}) {
+    styled.insert(Styled(coloured, style, "x"));
+    EXPECT_EQ(Styled({}, style, "x"), "x");
+  }
+  EXPECT_EQ(styled.size(), 4U);
 }
 
 TEST(Layout, PageWrapsTextBesideNames) {

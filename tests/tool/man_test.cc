@@ -67,6 +67,6 @@ TEST(Manual, TextLinesAreNeverRequests) {
   std::istringstream page(RunLine("man").out);
   for (std::string line; std::getline(page, line);) {
     if (line.empty() || (line[0] != '.' && line[0] != '\'')) continue;
-    EXPECT_THAT(line, testing::MatchesRegex("\\.(TH|SH|SS|TP|PP|RS|RE|nf|fi|B)( .*)?"));
+    EXPECT_THAT(line, testing::MatchesRegex("\\.(TH|SH|SS|TP|PP|RS|RE|nf|fi|B|br|ad)( .*)?"));
   }
 }

@@ -35,12 +35,12 @@ const std::string kPrompt = "zelk> ";
 
 /// `before` is run by the shell that then becomes the program.
 Shown TypeInShell(const std::string& state, const std::vector<Typing>& steps,
-                  const std::string& before = "") {
+                  const std::string& before = "", const std::string& options = "") {
   const std::string environment =
-      "unset COLUMNS; export TERM=xterm NO_COLOR=1 LC_ALL=C.UTF-8 XDG_STATE_HOME=" + state + "; " +
-      before;
-  return ShowOnTerminal(environment + "exec " ZELK_METADATA_BINARY " shell --source " +
-                            kDataFolder + "/inventory.json",
+      "unset COLUMNS; export PAGER= TERM=xterm NO_COLOR=1 LC_ALL=C.UTF-8 XDG_STATE_HOME=" + state +
+      "; " + before;
+  return ShowOnTerminal(environment + "exec " ZELK_METADATA_BINARY " shell " + options +
+                            " --source " + kDataFolder + "/inventory.json",
                         80, steps);
 }
 
@@ -93,7 +93,8 @@ TEST_F(ShellOnATerminal, ChoicesThatAreShownAreLimited) {
                                                          {"and 22 more", "\x03"},
                                                          {"^C\r\n", "quit\r"}});
   EXPECT_EQ(shown.status, 0) << shown.text;
-  EXPECT_THAT(shown.text, AllOf(HasSubstr("a0\r\n"), HasSubstr("and 22 more\r\n")));
+  EXPECT_THAT(shown.text,
+              AllOf(HasSubstr("\na0                  a36  "), HasSubstr("and 22 more\r\n")));
 }
 
 TEST_F(ShellOnATerminal, BeepsWithoutCompletions) {
@@ -132,6 +133,27 @@ TEST_F(ShellOnATerminal, CtrlCEndsAnAnswer) {
     EXPECT_EQ(shown.status, 0) << output;
     EXPECT_THAT(shown.text, Not(HasSubstr("line150000"))) << output;
   }
+}
+
+TEST_F(ShellOnATerminal, PagerRunsInASession) {
+  const TempFolder folder;
+  const Shown shown = TypeInShell(
+      folder.Path("state"),
+      {{kPrompt, "tree --json\r"}, {"\n" + kPrompt, "list sources\r"}, {kPrompt, "quit\r"}},
+      "export PAGER='head -n 2'; ");
+  EXPECT_EQ(shown.status, 0) << shown.text;
+  EXPECT_THAT(shown.text,
+              AllOf(HasSubstr("{\r\n  \"version\": 1,\r\nzelk> "), HasSubstr("\r\ninventory\r\n")));
+}
+
+TEST_F(ShellOnATerminal, SessionMayAnswerInJson) {
+  const TempFolder folder;
+  const Shown shown = TypeInShell(folder.Path("state"),
+                                  {{kPrompt, "list sources\r"},
+                                   {"]\r\n}", "list sources --output plain\r"},
+                                   {"inventory\r\n", "quit\r"}},
+                                  "", "--json");
+  EXPECT_EQ(shown.status, 0) << shown.text;
 }
 
 TEST_F(ShellOnATerminal, AnswersFitTheResizedTerminal) {
@@ -233,7 +255,7 @@ TEST_F(ShellOnATerminal, CtrlDEndsTheSession) {
   const TempFolder folder;
   const Shown shown = TypeInShell(folder.Path("state"), {{kPrompt, "\t"}, {"End the", "\x04"}});
   EXPECT_EQ(shown.status, 0) << shown.text;
-  EXPECT_THAT(shown.text, testing::EndsWith("\r\n"));
+  EXPECT_THAT(shown.text, testing::EndsWith("\b\b  \r\n")) << "over the ^D of the editor";
 }
 
 TEST_F(ShellOnATerminal, ChoicesAreShownWithTheirMeaning) {

@@ -98,6 +98,34 @@ TEST(Shell, AnswersAsTheProgramDoes) {
   }
 }
 
+TEST(Shell, OutputIsForLinesThatHaveNone) {
+  const std::string lines = "list sources\nlist sources --output plain\n";
+  const std::string json = RunTool({"list", "sources", "--json", "--source", kNetwork}).out;
+  for (const std::vector<std::string>& options :
+       {std::vector<std::string>{"--json"}, {"--output", "json"}}) {
+    std::vector<std::string> args{"shell", "--source", kNetwork};
+    args.insert(args.end(), options.begin(), options.end());
+    EXPECT_EQ(RunTool(args, lines).out, json + "network\n");
+  }
+  EXPECT_EQ(RunTool({"shell", "--output", "table", "--source", kNetwork}, lines).out,
+            "NAME\nnetwork\nnetwork\n");
+  EXPECT_THAT(RunTool({"shell", "--output", "table"}, "explain nope\n").err,
+              HasSubstr("unknown message id"))
+      << "what a command does not know is not for it";
+  EXPECT_EQ(
+      RunTool({"shell", "--output", "table", "--source", kNetwork}, "list sources --json\n").out,
+      json);
+}
+
+TEST(Shell, ScriptErrorsHaveTheirLine) {
+  const ToolRun run = RunScript("# a comment\nnope\n\ncreate missing.json\nget 'x\nget source x\n");
+  EXPECT_EQ(run.err,
+            "zelk-metadata: line 2: unknown command 'nope'; try help\n"
+            "zelk-metadata: line 4: missing.json: No such file or directory\n"
+            "zelk-metadata: line 5: a quote is not closed\n"
+            "zelk-metadata: line 6: Metamodel source not found: x\n");
+}
+
 TEST(Shell, ScriptContinuesAfterAFailureAndReturnsTheFirstStatus) {
   const ToolRun run = RunScript(
       "# what fails, and what does not\n"
@@ -178,9 +206,9 @@ TEST(Shell, StandardInputCannotBeASource) {
   for (const std::string line : {"create -", "create id=-", "check -", "check missing.json -"}) {
     const ToolRun run = RunScript(line + "\nexplain zelk.metadata.json.missing.field\n");
     EXPECT_EQ(run.status, 2) << line;
-    EXPECT_EQ(
-        run.err,
-        "zelk-metadata: '-' cannot be used in a session: standard input is the session's own\n")
+    EXPECT_EQ(run.err,
+              "zelk-metadata: line 1: '-' cannot be used in a session: standard input is the "
+              "session's own\n")
         << line;
     EXPECT_THAT(run.out, StartsWith("zelk.metadata.json.missing.field\n")) << line;
   }
@@ -393,7 +421,7 @@ TEST(Shell, MemoryThatRunsOutFailsTheLineOnly) {
   EXPECT_EQ(run.out, "4\na\n1\n");
   EXPECT_EQ(run.err,
             "zelk-metadata: out of memory\nzelk-metadata: out of memory\n"
-            "zelk-metadata: out of memory\n");
+            "zelk-metadata: line 1: out of memory\n");
 }
 
 TEST(Shell, BracketsThatDoNotFitInMemoryFailTheLineOnly) {

@@ -84,8 +84,7 @@ TEST(Sources, FailedSourceDecidesTheStatus) {
 TEST(Sources, SmallestIdAnswersFirst) {
   const std::string inventory = kDataFolder + "/inventory.json";
   const std::string line = "get source b --source b=" + inventory + " --source a=" + inventory;
-  EXPECT_EQ(RunLine(line).out,
-            "metamodel:source b\n    Type: LOCAL_FILE\n    File: " + inventory + "\n");
+  EXPECT_EQ(RunLine(line).out, "source b\n    Type: LOCAL_FILE\n    File: " + inventory + "\n");
   EXPECT_EQ(RunLine("list components --source b=" + inventory + " --source a=" + inventory).out,
             "com.acme\ncom.acme\n");
 }

@@ -1,8 +1,12 @@
 #include <algorithm>
+#include <filesystem>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 
+#include "commands/table.h"
 #include "support/file_text.h"
 #include "support/pty.h"
 #include "support/repeat.h"
@@ -12,6 +16,7 @@
 
 // The program on a real terminal.
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 using Zelk::Testing::FileText;
@@ -25,7 +30,7 @@ namespace {
 
 const std::string kBinary = ZELK_METADATA_BINARY;
 const std::string kInventory = " --source " + kDataFolder + "/inventory.json ";
-const std::string kPlainTerminal = "unset COLUMNS NO_COLOR; export TERM=xterm; ";
+const std::string kPlainTerminal = "unset COLUMNS NO_COLOR; export TERM=xterm PAGER=; ";
 
 Shown OnTerminal(const std::string& line, unsigned short columns = 80,
                  const std::string& environment = "") {
@@ -106,6 +111,98 @@ TEST_F(OnATerminal, JsonThatIsNestedVeryDeepIsOneLine) {
                        Repeat(".a", 200) + "\"}]}");
   const std::string tree = OnTerminal("tree --json --source " + file).text;
   EXPECT_EQ(std::count(tree.begin(), tree.end(), '\n'), 1);
+}
+
+TEST_F(OnATerminal, ErrorsAreColoured) {
+  const std::string line = "get component nope" + kInventory;
+  EXPECT_THAT(OnTerminal(line).text, testing::StartsWith("\x1b[1;31mzelk-metadata:\x1b[0m "));
+  EXPECT_THAT(OnTerminal(line + "--color never").text, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(OnATerminal, ColoursCanBeForced) {
+  EXPECT_EQ(
+      OnTerminal("list components --color always" + kInventory, 80, "export NO_COLOR=1; ").text,
+      "\x1b[1mNAME\x1b[0m\r\ncom.acme\r\n");
+}
+
+TEST_F(OnATerminal, LinesAreBrokenOnlyBetweenWords) {
+  const std::string metadata = " --source " ZELK_SOURCE_DIR "/metadata";
+  const std::string prefix = "com.orvane.zelk.metadata.metamodel.";
+  std::vector<std::string> lines{"--help",
+                                 "tree" + metadata,
+                                 "search md5" + metadata,
+                                 "usage metadata metamodel component" + metadata,
+                                 "get operation " + prefix + "source create" + metadata,
+                                 "get service " + prefix + "source" + metadata,
+                                 "which service " + prefix + "source" + metadata,
+                                 "get component nope" + metadata,
+                                 "get thing"};
+  for (const auto& command : Zelk::Tool::ProgramLanguage().commands) {
+    lines.push_back(command.name + " --help");
+  }
+  for (const std::uint16_t columns : {std::uint16_t{40}, std::uint16_t{80}}) {
+    for (const std::string& line : lines) {
+      std::istringstream shown(OnTerminal(line, columns, "export NO_COLOR=1; ").text);
+      for (std::string text; std::getline(shown, text, '\n');) {
+        text.erase(std::min(text.find('\r'), text.size()));
+        text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
+        const bool is_word = text.find(' ') == std::string::npos;
+        EXPECT_TRUE(is_word || text.size() <= columns) << line << ": " << text;
+      }
+    }
+  }
+}
+
+TEST_F(OnATerminal, AnswerLongerThanTheScreenIsPaged) {
+  const std::string pager = "export ZELK_METADATA_PAGER='sed s/^/paged:/' PAGER=false; ";
+  EXPECT_THAT(OnTerminal("man", 80, pager).text, testing::StartsWith("paged:.TH"));
+  EXPECT_THAT(OnTerminal("tree --json" + kInventory, 80, pager).text,
+              testing::StartsWith("paged:{"));
+  EXPECT_THAT(OnTerminal("--help", 80, pager).text, testing::StartsWith("paged:"));
+  EXPECT_THAT(OnTerminal("list components" + kInventory, 80, pager).text, Not(HasSubstr("paged")));
+  EXPECT_THAT(OnTerminal("man", 80, "export PAGER='sed s/^/paged:/'; ").text, HasSubstr("paged:"));
+}
+
+TEST_F(OnATerminal, PagerIsNotUsedWhereItIsNotWanted) {
+  const std::string pager = "export PAGER='sed s/^/paged:/'; ";
+  EXPECT_THAT(OnTerminal("man --no-pager", 80, pager).text, testing::StartsWith(".TH"));
+  EXPECT_THAT(OnTerminal("man | cat", 80, pager).text, testing::StartsWith(".TH"));
+  for (const char* refused : {"export TERM=dumb; ", "export PAGER=cat; ", "export PAGER=; ",
+                              "export ZELK_METADATA_PAGER=; "}) {
+    EXPECT_THAT(OnTerminal("man", 80, pager + refused).text, testing::StartsWith(".TH")) << refused;
+  }
+}
+
+TEST_F(OnATerminal, PagerThatIsNotInstalledIsReplaced) {
+  EXPECT_THAT(OnTerminal("man", 80, "export PAGER=no-such-pager; ").text,
+              AllOf(HasSubstr("no-such-pager"), HasSubstr("\n.TH"), HasSubstr("earlier sessions")));
+  const TempFolder folder;
+  std::filesystem::create_symlink("/bin/cat", folder.Path("cat"));
+  EXPECT_THAT(OnTerminal("man", 80, "unset PAGER; export PATH=" + folder.Path("") + "; ").text,
+              AllOf(testing::StartsWith(".TH"), HasSubstr("earlier sessions")));
+}
+
+TEST_F(OnATerminal, LessGetsOptionsUnlessTheUserHasSome) {
+  const std::string pager = "export ZELK_METADATA_PAGER='echo \"less: $LESS\"'; ";
+  EXPECT_EQ(OnTerminal("man", 80, "unset LESS; " + pager).text, "less: FRX\r\n");
+  EXPECT_EQ(OnTerminal("man", 80, "export LESS=S; " + pager).text, "less: S\r\n");
+}
+
+TEST_F(OnATerminal, StatusIsThatOfTheCommandHoweverThePagerEnds) {
+  const std::string service = " com.acme.inventory.machines";
+  std::string services;
+  for (int i = 0; i < 200; ++i) services += service;
+  for (const char* pager : {"export PAGER='head -n 1'; ", "export PAGER='cat; false'; "}) {
+    const Shown shown = OnTerminal("get services" + services + " nope" + kInventory, 80,
+                                   pager + std::string("export NO_COLOR=1; "));
+    EXPECT_EQ(shown.status, 3) << pager;
+    EXPECT_THAT(shown.text, testing::StartsWith("service com.acme.inventory.machines\r\n"))
+        << pager;
+    EXPECT_THAT(shown.text,
+                testing::EndsWith("\r\nzelk-metadata: Metamodel service not found: nope\r\n"))
+        << "complaints wait for the pager";
+    EXPECT_EQ(OnTerminal("get services" + services + kInventory, 80, pager).status, 0) << pager;
+  }
 }
 
 TEST_F(OnATerminal, ProgressIsShownAndRemoved) {

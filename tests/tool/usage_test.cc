@@ -23,8 +23,9 @@ TEST(Usage, NamespaceShowsItsChildren) {
             "Usage: NAMESPACE|COMMAND ...\n    Root namespace\n\n"
             "Namespaces:\n    acme  acme namespace\n\n"
             "Commands:\n    ping  See whether anyone is there.\n");
+  EXPECT_THAT(RunOnThree("usage acme").out, StartsWith("Usage: acme NAMESPACE ...\n"));
   EXPECT_EQ(RunOnThree("usage acme machines").out,
-            "Usage: acme machines NAMESPACE|COMMAND ...\n    Machines and what runs on them.\n\n"
+            "Usage: acme machines COMMAND ...\n    Machines and what runs on them.\n\n"
             "Commands:\n    list  List machines.\n");
 }
 

@@ -195,5 +195,7 @@ TEST(Which, UnknownNameGetsSuggestions) {
 TEST(Which, MakesNoSenseForSources) {
   const ToolRun run = RunTool({"which", "source", "x"});
   EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.err, "zelk-metadata: 'which' does not take the kind 'source'\n");
+  EXPECT_EQ(run.err,
+            "zelk-metadata: 'which' does not take the kind 'source'; it takes component, package, "
+            "service, operation, structure, enumeration, resource, model, namespace, command\n");
 }

@@ -78,7 +78,7 @@ ExitStatus RunComplete(Invocation& call) {
 Command CompleteCommand() {
   Command command;
   command.name = "complete";
-  command.scope = Scope::kHidden;
+  command.is_paged = false;
   command.run = RunComplete;
   return command;
 }

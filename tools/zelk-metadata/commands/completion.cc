@@ -2,7 +2,6 @@
 #include <fmt/ranges.h>
 #include <ostream>
 
-#include "analysis/near.h"
 #include "complete/scripts.h"
 #include "language/invocation.h"
 
@@ -13,10 +12,8 @@ ExitStatus RunCompletion(Invocation& call) {
   const std::string& shell = call.Args().text;
   const std::string script = Complete::CompletionScript(shell);
   if (script.empty()) {
-    const auto shells = Complete::CompletedShells();
-    return call.Fail(ExitStatus::kUsage,
-                     fmt::format("unknown shell '{}'; the shells are {}{}", shell,
-                                 fmt::join(shells, ", "), Analysis::Suggestion(shell, shells)));
+    return call.Fail(ExitStatus::kUsage, fmt::format("unknown shell '{}'; the shells are {}", shell,
+                                                     fmt::join(Complete::CompletedShells(), ", ")));
   }
   call.Out() << script;
   return ExitStatus::kOk;
@@ -29,11 +26,11 @@ Command CompletionCommand() {
   command.name = "completion";
   command.summary = "Print the script that completes commands in a shell";
   command.details =
-      "bash: put into ~/.bashrc: source <(zelk-metadata completion bash)\n"
-      "zsh:  put into ~/.zshrc, after compinit: source <(zelk-metadata completion zsh)\n"
-      "fish: put into ~/.config/fish/config.fish: zelk-metadata completion fish | source\n"
-      "Shells know the script already if the program was installed from a package. Names are\n"
-      "completed from the sources before them on the line, unless those are very large.\n\n";
+      "bash: put into ~/.bashrc: source <(zelk-metadata completion bash) "
+      "zsh:  put into ~/.zshrc, after compinit: source <(zelk-metadata completion zsh) "
+      "fish: put into ~/.config/fish/config.fish: zelk-metadata completion fish | source "
+      "Shells know the script already if the program was installed from a package. Names are "
+      "completed from the sources before them on the line, unless those are very large.\n";
   command.operands = {{"SHELL", Word::kChoice, true, "bash, zsh or fish", &Arguments::text,
                        Complete::CompletedShells()}};
   command.example = "completion bash";

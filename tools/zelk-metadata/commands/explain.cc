@@ -27,7 +27,7 @@ void WriteExample(Page& page, const Explain::Example& example) {
     page.Line(1, fmt::format("SourceSvc.Create of {}, with a path that does not exist",
                              example.create_in));
   } else {
-    page.Line(1, "zelk-metadata " + example.command);
+    page.Line(1, fmt::format("{} {}", kProgramName, example.command));
   }
 }
 
@@ -101,7 +101,7 @@ Command ExplainCommand() {
   Command command;
   command.name = "explain";
   command.summary = "Explain a message: what it means, what causes it, how to fix it";
-  command.details = "Without an ID, all messages are listed.\n\n";
+  command.details = "Without an ID, all messages are listed.\n";
   command.operands = {{"ID", Word::kMessageId, false, "The id of a message", &Arguments::text}};
   command.outputs = {"text", "json"};
   command.example = "explain zelk.metadata.json.missing.field";

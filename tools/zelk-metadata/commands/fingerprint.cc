@@ -57,7 +57,7 @@ Command FingerprintCommand() {
   command.summary = "Print a digest that changes when the metadata does";
   command.ids_of = IdsOfQuery<&Kind::fingerprint>;
   command.details =
-      "Without a KIND, the digest of all sources of a domain. Only the digits are printed if one\n"
+      "Without a KIND, the digest of all sources of a domain. Only the digits are printed if one "
       "domain answers and --output is plain, as it is outside a terminal.\n\n" +
       KindsText(command.ids_of);
   command.operands = {KindOperand(false), IdsOperand()};

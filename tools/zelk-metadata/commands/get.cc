@@ -3,27 +3,12 @@
 
 #include "language/invocation.h"
 #include "language/operands.h"
+#include "language/questions.h"
 
 namespace Zelk::Tool {
 namespace {
 
 using RecordAnswers = Answers<Record>;
-
-std::vector<Ids> Chunks(const Ids& ids, std::size_t size) {
-  std::vector<Ids> chunks;
-  for (auto at = ids.begin(); at != ids.end(); at += static_cast<std::ptrdiff_t>(size)) {
-    chunks.emplace_back(at, at + static_cast<std::ptrdiff_t>(size));
-  }
-  return chunks;
-}
-
-/// The ids of one record each. Where a record takes one id or two, two are those of one record.
-std::vector<Ids> Questions(const Ids& ids, const std::vector<FoundKind>& kinds) {
-  if (kinds.empty()) return {ids};
-  const IdCount count = kinds.front().ids;
-  if (ids.size() <= count.max || count.min == 0 || ids.size() % count.min != 0) return {ids};
-  return Chunks(ids, count.min);
-}
 
 /// How many levels of types --expand shows unless --depth says otherwise.
 constexpr std::size_t kLevels = 3;
@@ -46,14 +31,17 @@ class Pages {
     std::vector<Section> sections;
     if (!answers.empty()) {
       const auto& first = answers.front();
-      WriteOne(first.value);
-      const Record types = TypesIn(call_, first);
-      if (types.page) types.page(page_);
       sections = call_.GetHost().About(*first.row, {first.kind->name, first.ids});
     }
+    const bool are_separate = sections.empty() && answers.size() > 1;
+    for (const auto& answer : answers) {
+      if (are_separate) page_.SetTitlePrefix(answer.row->name + ':');
+      WriteOne(answer.value);
+      const Record types = TypesIn(call_, answer);
+      if (types.page) types.page(page_);
+      if (!sections.empty()) break;
+    }
     for (const Section& section : sections) section(page_);
-    if (!sections.empty()) return;
-    for (std::size_t i = 1; i < answers.size(); ++i) WriteOne(answers[i].value);
   }
 
  private:
@@ -92,12 +80,15 @@ bool HasTypes(const std::vector<FoundKind>& kinds) {
 /// The records as pages; in JSON the records whole, which pages are not.
 ExitStatus RunGet(Invocation& call) {
   const std::string& kind = call.Args().kind;
-  const auto questions = Questions(call.Args().ids, call.KindsCalled(kind));
-  if (call.Args().is_expanded && !HasTypes(call.KindsCalled(kind))) {
+  const auto kinds = call.KindsCalled(kind);
+  if (call.Args().is_expanded && !HasTypes(kinds)) {
     return call.Fail(ExitStatus::kUsage, "--expand is for structures");
   }
-  ExitStatus status = call.Prepare(kind, questions.front().size());
+  const bool has_ids = !kinds.empty() && !call.Args().ids.empty();
+  ExitStatus status = call.Prepare(kind, has_ids ? kinds.front().ids.min : 0);
   if (status != ExitStatus::kOk) return status;
+  const auto questions = IdsOfEach(call.Args().ids, call.Kinds());
+  if (questions.empty()) return call.FailAsUsage(kind);
   RecordAnswers all;
   Pages pages(call);
   for (const Ids& ids : questions) {
@@ -122,8 +113,8 @@ Command GetCommand() {
   command.summary = "Show everything about one or more IDs";
   command.ids_of = IdsOfQuery<&Kind::get>;
   command.details =
-      "A page also shows what the other domains know: the schemes listed for the thing and for\n"
-      "its parents, and the commands that call it. JSON has the complete records and nothing\n"
+      "A page also shows what the other domains know: the schemes listed for the thing and for "
+      "its parents, and the commands that call it. JSON has the complete records and nothing "
       "else.\n\n" +
       KindsText(command.ids_of);
   command.operands = {KindOperand(), IdsOperand()};

@@ -1,25 +1,30 @@
-#include <ostream>
+#include "language/help.h"
 
 #include "language/invocation.h"
 
 namespace Zelk::Tool {
 namespace {
 
+/// Outside of a terminal.
+constexpr std::size_t kWidth = 100;
+
 ExitStatus RunHelp(Invocation& call) {
   const Language& language = call.GetLanguage();
   const std::string& name = call.Args().text;
-  if (!name.empty()) {
-    if (language.Find(name) == nullptr) {
-      return call.Fail(ExitStatus::kNotFound, UnknownCommand(language, name));
-    }
-    call.Out() << ParseArguments({name, "--help"}, language).help;
-    return ExitStatus::kOk;
+  const Command* const command = language.Find(name);
+  if (!name.empty() && command == nullptr) {
+    return call.Fail(ExitStatus::kNotFound, UnknownCommand(language, name));
   }
-  std::vector<std::pair<std::string, std::string>> pairs;
-  for (const Command& command : language.commands) {
-    pairs.emplace_back(command.name, command.summary);
+  Terminal terminal = call.GetStreams().out_terminal;
+  if (terminal.width == 0) terminal.width = kWidth;
+  Page page(call.Out(), terminal);
+  if (command != nullptr) {
+    WriteHelp(page, language, *command);
+  } else if (language.IsOfSession()) {
+    WriteCommands(page, 0, language);
+  } else {
+    WriteHelp(page, language);
   }
-  Page(call.Out(), call.GetStreams().out_terminal).Pairs(0, pairs);
   return ExitStatus::kOk;
 }
 
@@ -28,10 +33,10 @@ ExitStatus RunHelp(Invocation& call) {
 Command HelpCommand() {
   Command command;
   command.name = "help";
-  command.summary = "List the commands, or describe one";
+  command.summary = "Describe the program, or one command";
+  command.example = "help usage";
   command.operands = {
       {"COMMAND", Word::kCommand, false, "The name of a command", &Arguments::text}};
-  command.scope = Scope::kSession;
   command.run = RunHelp;
   return command;
 }

@@ -209,13 +209,12 @@ Command ListCommand() {
   command.summary = "List the names of a kind, or those that words select";
   command.ids_of = IdsOfList;
   command.details =
-      "A WORD that is the id of something that the kind can be in lists what is in it; if several\n"
+      "A WORD that is the id of something that the kind can be in lists what is in it; if several "
       "things have the id, in the innermost one. Any other WORD lists the names that begin with "
-      "it,\n"
-      "or that match it if it has *, ? or [...], where * matches full stops, too.\n\n"
-      "A namespace lists the commands directly in it. The operations of one service are listed by\n"
+      "it, or that match it if it has *, ? or [...], where * matches full stops, too.\n\n"
+      "A namespace lists the commands directly in it. The operations of one service are listed by "
       "their own names, otherwise operations are SERVICE.OPERATION and need a WORD.\n\n"
-      "A kind of several domains is listed for all of them, one after the other; write\n"
+      "A kind of several domains is listed for all of them, one after the other; write "
       "DOMAIN:KIND for one of them. --output plain prints only the names.\n\n" +
       KindsInText();
   command.operands = {KindOperand(),

@@ -1,4 +1,5 @@
 #include <ostream>
+#include <sstream>
 
 #include "commands/table.h"
 #include "language/about.h"
@@ -53,27 +54,26 @@ void WriteOption(std::ostream& out, const OptionDescription& option) {
   WriteTagged(out, BoldText("--" + option.name) + value, option.summary);
 }
 
-/// With its own line breaks.
-void WriteAsItIs(std::ostream& out, const std::string& text) {
-  const std::string without_end = text.substr(0, text.find_last_not_of('\n') + 1);
-  out << ".PP\n.nf\n" << Escaped(without_end) << "\n.fi\n";
+/// Each line is a paragraph; lines that begin with a blank belong together.
+void WriteText(std::ostream& out, const std::string& text) {
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.empty()) continue;
+    out << (line.front() == ' ' ? ".br\n" : ".PP\n") << Escaped(line) << '\n';
+  }
 }
 
-void WriteFilled(std::ostream& out, const std::string& text) {
-  out << ".PP\n" << Escaped(text);
-}
-
-void WriteCommand(std::ostream& out, const Command& command) {
+void WriteCommand(std::ostream& out, const Language& language, const Command& command) {
   out << ".SS " << command.name << '\n';
-  out << BoldText("zelk-metadata " + command.name) << OperandsText(command) << '\n';
-  WriteFilled(out, command.summary + ".\n");
-  if (!command.details.empty()) WriteAsItIs(out, command.details);
+  out << BoldText(language.program + command.name) << OperandsText(command) << '\n';
+  WriteText(out, command.summary + '.');
+  WriteText(out, command.details);
   for (const auto& operand : command.operands) {
     WriteTagged(out, ItalicText(operand.name), operand.summary);
   }
   for (const auto& option : command.options) WriteOption(out, option);
   out << ".PP\nExample:\n.RS\n.nf\n"
-      << BoldText("zelk-metadata " + command.example) << "\n.fi\n.RE\n";
+      << BoldText(language.program + command.example) << "\n.fi\n.RE\n";
 }
 
 /// What can be said in a session only.
@@ -89,26 +89,33 @@ void WriteSessionCommands(std::ostream& out) {
 void WritePage(std::ostream& out) {
   const Language& language = ProgramLanguage();
   out << ".TH ZELK\\-METADATA 1 \"\" \"zelk-metadata " ZELK_METADATA_VERSION "\"\n"
+      // Nothing is stretched: names are too long for that.
+      << ".ad l\n"
       << ".SH NAME\nzelk\\-metadata \\- check and browse files of metadata\n"
       << ".SH SYNOPSIS\n.B zelk\\-metadata\n\\fICOMMAND\\fR [\\fIOPTION\\fR...] "
          "[\\fIWORD\\fR...]\n";
   out << ".SH DESCRIPTION\n" << Escaped(kDescription) << '\n';
-  WriteFilled(out, kAboutSources);
-  WriteFilled(out, kAboutOutput);
-  WriteFilled(out, kAboutExamples);
+  WriteText(out, kAboutSources);
+  WriteText(out, kAboutOutput);
+  WriteText(out, kAboutExamples);
   out << ".SH OPTIONS\nBefore or after the command.\n";
   for (const auto& option : language.options) WriteOption(out, option);
   WriteTagged(out, BoldText("--help"), "Print the help; after a command, that of the command");
   WriteTagged(out, BoldText("--version"), "Print the version");
   out << ".SH COMMANDS\n";
-  for (const Command& command : language.commands) WriteCommand(out, command);
+  for (const Command& command : language.commands) WriteCommand(out, language, command);
   WriteSessionCommands(out);
   out << ".SH EXIT STATUS\n";
   for (const auto& [status, text] : ExitStatusTexts()) {
     WriteTagged(out, BoldText(std::to_string(status)), text);
   }
   out << ".SH ENVIRONMENT\n";
-  WriteTagged(out, BoldText("NO_COLOR"), "If not empty, colours are off");
+  WriteTagged(out, BoldText("NO_COLOR"), "If not empty, colours are off without --color");
+  WriteTagged(
+      out, BoldText("ZELK_METADATA_PAGER, PAGER"),
+      "The pager of answers that are longer than the screen; less by default, none if empty "
+      "or cat");
+  WriteTagged(out, BoldText("LESS"), "The options of less, FRX by default");
   WriteTagged(out, BoldText("COLUMNS"), "The width to wrap text to, instead of the terminal's");
   WriteTagged(out, BoldText("ZELK_METADATA_PATH"), "Default sources, separated by colons");
   WriteTagged(out, BoldText("XDG_STATE_HOME"),
@@ -131,7 +138,7 @@ Command ManCommand() {
   Command command;
   command.name = "man";
   command.summary = "Print the manual page";
-  command.details = "As a page for man: zelk-metadata man | man -l -\n\n";
+  command.details = "As a page for man: zelk-metadata man | man -l -\n";
   command.example = "man";
   command.scope = Scope::kProgram;
   command.run = RunMan;

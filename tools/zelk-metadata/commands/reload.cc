@@ -133,8 +133,8 @@ Command ReloadCommand() {
   command.summary = "Reload sources, and show what changed";
   command.details =
       std::string(
-          "Without an ID, all sources. Then files that are new in folders are loaded, and the\n"
-          "sources of files that are gone from folders are deleted. A source whose file fails to\n"
+          "Without an ID, all sources. Then files that are new in folders are loaded, and the "
+          "sources of files that are gone from folders are deleted. A source whose file fails to "
           "load keeps its old data.\n") +
       kAboutFolders;
   command.operands = {SourceIdsOperand(false)};

@@ -195,13 +195,10 @@ Command SearchCommand() {
   command.name = "search";
   command.summary = "Find names and documentation that contain a text";
   command.details = fmt::format(
-      "Upper and lower case are the same. Names come first. A TEXT with a dot, or a regular\n"
-      "expression with \\., is searched in full names, any other only in their last part. Regular\n"
-      "expressions are as in Perl, but without what needs backtracking.\n\n{}\n",
-      fmt::join(
-          Wrapped(fmt::format("Kinds: {}.", fmt::join(OutlineKindNames(Host(Domains())), ", ")),
-                  88),
-          "\n"));
+      "Upper and lower case are the same. Names come first. A TEXT with a dot, or a regular "
+      "expression with \\., is searched in full names, any other only in their last part. Regular "
+      "expressions are as in Perl, but without what needs backtracking.\n\nKinds: {}.\n",
+      fmt::join(OutlineKindNames(Host(Domains())), ", "));
   command.operands = {
       {"TEXT", Word::kText, true, "Part of a name or of documentation", &Arguments::text}};
   command.options = {

@@ -1,5 +1,7 @@
 #include "commands/table.h"
 
+#include "render/page.h"
+
 // One row a command, in the order in which --help shows them. The command NAME is made by
 // NAMECommand() in a file of its own.
 #define ZELK_TOOL_COMMANDS(ROW) \
@@ -22,8 +24,7 @@
   ROW(Man)                      \
   ROW(Help)                     \
   ROW(Quit)                     \
-  ROW(Exit)                     \
-  ROW(Complete)
+  ROW(Exit)
 
 namespace Zelk::Tool {
 
@@ -31,14 +32,15 @@ namespace Zelk::Tool {
 ZELK_TOOL_COMMANDS(ZELK_TOOL_DECLARE)
 #undef ZELK_TOOL_DECLARE
 
+// What the completion scripts call.
+Command CompleteCommand();
+
 namespace {
 
 Language MakeLanguage(const std::string& program, Scope scope) {
   Language language{program, {}, {}};
   const auto add = [&](Command command) {
-    if (command.scope == Scope::kHidden && scope == Scope::kProgram) {
-      language.hidden.push_back(std::move(command));
-    } else if (command.scope == Scope::kEverywhere || command.scope == scope) {
+    if (command.scope == Scope::kEverywhere || command.scope == scope) {
       language.commands.push_back(std::move(command));
     }
   };
@@ -46,6 +48,7 @@ Language MakeLanguage(const std::string& program, Scope scope) {
   ZELK_TOOL_COMMANDS(ZELK_TOOL_ADD)
 #undef ZELK_TOOL_ADD
   if (scope == Scope::kProgram) {
+    language.hidden.push_back(CompleteCommand());
     language.options.push_back(
         {"source", "[ID=]PATH", Word::kSource,
          "Load a file, a folder or standard input (-); may be given several times",
@@ -60,13 +63,19 @@ Language MakeLanguage(const std::string& program, Scope scope) {
        &Arguments::output});
   language.options.push_back(
       {"json", "", Word::kNone, "The same as --output json", &Arguments::json});
+  language.options.push_back({"color", "WHEN", Word::kChoice,
+                              "auto, always or never; auto is on terminals without NO_COLOR",
+                              &Arguments::color, Colors()});
+  language.options.push_back({"no-pager", "", Word::kNone,
+                              "Do not show what is longer than the screen in a pager",
+                              &Arguments::no_pager});
   return language;
 }
 
 }  // namespace
 
 const Language& ProgramLanguage() {
-  static const Language language = MakeLanguage("zelk-metadata ", Scope::kProgram);
+  static const Language language = MakeLanguage(std::string(kProgramName) + " ", Scope::kProgram);
   return language;
 }
 

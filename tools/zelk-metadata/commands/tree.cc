@@ -199,10 +199,9 @@ Command TreeCommand() {
   command.name = "tree";
   command.summary = "Show what is loaded, or what is in one ID, each thing below its parent";
   command.details =
-      "Shows components, packages, services and operations, and namespaces and commands, with the\n"
-      "number of each in a thing. A thing that is in several sources is shown once. The ID of an\n"
-      "operation is SERVICE.OPERATION. If a component and a package have the ID, it is that of "
-      "the\n"
+      "Shows components, packages, services and operations, and namespaces and commands, with the "
+      "number of each in a thing. A thing that is in several sources is shown once. The ID of an "
+      "operation is SERVICE.OPERATION. If a component and a package have the ID, it is that of the "
       "component.\n";
   command.operands = {{"ID", Word::kTreeId, false, "Show only what has this id, with what is in it",
                        &Arguments::text}};

@@ -5,7 +5,7 @@
 #include "host/precedence.h"
 #include "language/invocation.h"
 #include "language/operands.h"
-#include "render/layout.h"
+#include "language/questions.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -13,8 +13,8 @@ namespace {
 /// The ids that name one thing, of the kinds that this can be asked for.
 std::optional<IdCount> IdsOfWhich(const Kind& kind) {
   if (kind.precedence.rule == Rule::kNone) return std::nullopt;
-  const std::size_t most = kind.id_kinds.size();
-  return IdCount{kind.get.call ? kind.get.ids.min : most, most};
+  const std::size_t count = kind.id_kinds.size();
+  return kind.get.call ? kind.get.ids : IdCount{count, count};
 }
 
 std::string HolderText(const Holder& holder) {
@@ -72,8 +72,7 @@ void WritePage(Page& page, const Decided& decided, const Ids& ids) {
   page.Paragraph(1, decided.found.kind->precedence.text);
 }
 
-void Show(const Invocation& call, const std::vector<Decided>& all) {
-  const Ids& ids = call.Args().ids;
+void Show(const Invocation& call, const std::vector<Decided>& all, const Ids& ids) {
   if (call.WantsJson()) {
     return call.ShowJsonArray("answers", all, [&ids](JsonWriter& json, const Decided& decided) {
       WriteJson(json, decided, ids);
@@ -88,7 +87,7 @@ void Show(const Invocation& call, const std::vector<Decided>& all) {
 
 /// Which source answers for a name, which are passed over, and by which rule.
 ExitStatus RunWhich(Invocation& call) {
-  const Ids& ids = call.Args().ids;
+  const Ids ids = IdsOfOne(call.Args().ids, call.KindsCalled(call.Args().kind));
   const ExitStatus status = call.Prepare(call.Args().kind, ids.size());
   if (status != ExitStatus::kOk) return status;
   const std::vector<SourceOutline> sources = call.Outlines();
@@ -100,7 +99,7 @@ ExitStatus RunWhich(Invocation& call) {
     answered = answered || !decision.answering.empty();
     all.push_back({found, std::move(decision)});
   }
-  Show(call, all);
+  Show(call, all, ids);
   if (!all.empty()) return answered ? ExitStatus::kOk : ExitStatus::kNotFound;
   // Near names are those of all sources together.
   call.GetHost().LoadTogether();
@@ -116,11 +115,9 @@ Command WhichCommand() {
   command.name = "which";
   command.summary = "Show which source answers for a name, which are passed over, and why";
   command.ids_of = IdsOfWhich;
-  const std::string kinds = fmt::format(
-      "Kinds: {}; with the ids that `get` takes, for model and resource that of the "
-      "resource.",
+  command.details = fmt::format(
+      "Kinds: {}; with the ids that `get` takes, for model and resource that of the resource.\n",
       fmt::join(KindNames(command.ids_of), ", "));
-  command.details = fmt::format("{}\n", fmt::join(Wrapped(kinds, 88), "\n"));
   command.operands = {KindOperand(), IdsOperand()};
   command.outputs = TableOutputs();
   command.example =

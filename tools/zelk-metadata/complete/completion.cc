@@ -172,26 +172,31 @@ Choices Kinds(const Place& place) {
   return choices;
 }
 
-/// The position of the next id of a kind; nothing if it has enough of them.
-std::optional<std::size_t> NextId(const Command& command, const IdCount& count, std::size_t given) {
-  if (command.takes_several) return given % std::max<std::size_t>(count.min, 1);
-  if (given >= count.max) return std::nullopt;
-  return given;
+/// How many ids of the next thing are given, if several may follow each other.
+std::size_t GivenOfNext(const std::vector<FoundKind>& kinds, const Ids& given) {
+  std::set<std::string> first;
+  for (const FoundKind& found : kinds) {
+    const Names names = found.kind->MayJoin() ? found.NamesAt(0, {}).value_or(Names{}) : Names{};
+    first.insert(names.begin(), names.end());
+  }
+  // A word that is not the first of several ids is all of them.
+  bool awaits_second = false;
+  for (const std::string& word : given) awaits_second = !awaits_second && first.count(word) > 0;
+  return awaits_second ? 1 : 0;
 }
 
 Choices IdChoices(const Place& place) {
   const Command& command = *place.line.command;
   // The kind comes before its ids.
   const Ids given(place.line.operands.begin() + 1, place.line.operands.end());
+  const auto kinds = place.LoadedHost().FindKinds(place.line.operands.front(), command.ids_of);
+  const std::size_t index = command.takes_several ? GivenOfNext(kinds, given) : given.size();
+  const Ids before(given.end() - static_cast<std::ptrdiff_t>(index), given.end());
   std::set<std::string> seen;
   Choices choices;
-  for (const FoundKind& found :
-       place.LoadedHost().FindKinds(place.line.operands.front(), command.ids_of)) {
-    if (!found.has_sources) continue;
-    const auto index = NextId(command, found.ids, given.size());
-    if (!index || *index >= found.kind->id_kinds.size()) continue;
-    const Ids before(given.end() - static_cast<std::ptrdiff_t>(*index), given.end());
-    for (const std::string& name : found.NamesAt(*index, before).value_or(Names{})) {
+  for (const FoundKind& found : kinds) {
+    if (!found.has_sources || index >= std::min(found.ids.max, found.IdKinds().size())) continue;
+    for (const std::string& name : found.NamesAt(index, before).value_or(Names{})) {
       if (seen.insert(name).second) choices.push_back({name, ""});
     }
   }
@@ -318,6 +323,7 @@ Completion ForOperandAmongOptions(const Place& place) {
 
 Completion ForValue(const OptionDescription& option, const Place& place) {
   if (option.word != Word::kChoice) return ForWord(option.word, place);
+  if (!option.choices.empty()) return {Completion::Of::kWords, Plain(option.choices)};
   return {Completion::Of::kWords, Outputs(place.language, place.line)};
 }
 

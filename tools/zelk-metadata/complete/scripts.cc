@@ -73,7 +73,7 @@ constexpr char kZsh[] = R"(#compdef zelk-metadata
 # Completion of zelk-metadata for zsh.
 _zelk-metadata() {
   local -a lines choices
-  local line word
+  local line word summary
   local -a before=("${(@Q)words[1,CURRENT-1]/#\~\//${(q)HOME}/}")
   lines=("${(@f)$("$before[1]" complete -- "${(@)before[2,-1]}" "${(Q)PREFIX}" 2>/dev/null)}")
   case $lines[1] in
@@ -85,7 +85,8 @@ _zelk-metadata() {
     words)
       for line in "${(@)lines[2,-1]}"; do
         word=${line%%$'\t'*}
-        choices+=("${${word//\\/\\\\}//:/\\:}:${line#*$'\t'}")
+        summary=${line#*$'\t'}
+        choices+=("${${word//\\/\\\\}//:/\\:}${summary:+:$summary}")
       done
       _describe -t words 'zelk-metadata' choices
       ;;

@@ -89,7 +89,7 @@ Authentication::Authentication(const Container& container)
        kFirstSource,
        true,
        {"service", "package", "component"}},
-      SourceKind("authentication", source_),
+      SourceKind(source_),
   };
 }
 

@@ -15,15 +15,27 @@ using CommandSvc = Provider::CommandSvc::AsyncServiceImpl;
 using NamespaceSvc = Provider::NamespaceSvc::AsyncServiceImpl;
 using SourceSvc = Provider::SourceSvc::AsyncServiceImpl;
 
-/// The identity that the user means by one dotted name, or by path and name. A name that contains a
-/// full stop can only be given the second way.
+/// The identity of a full name that is split at a dot; without a path at npos.
 template <typename Identity>
-std::shared_ptr<const Identity> ToIdentity(const Ids& ids) {
-  if (ids.size() == 2) return std::make_shared<const Identity>(ids[0], ids[1]);
-  const std::string& name = ids.front();
-  const auto dot = name.rfind('.');
+std::shared_ptr<const Identity> SplitAt(const std::string& name, std::size_t dot) {
   if (dot == std::string::npos) return std::make_shared<const Identity>("", name);
   return std::make_shared<const Identity>(name.substr(0, dot), name.substr(dot + 1));
+}
+
+/// Calls `get` with the identity that the user means by one full name, or by path and name. A full
+/// name is split at its last dot, unless only another dot gives an identity that is known.
+template <typename Identity, typename Get>
+auto CallWithIdentity(const Ids& ids, const Get& get) {
+  if (ids.size() == 2) return get(std::make_shared<const Identity>(ids[0], ids[1]));
+  const std::string& name = ids.front();
+  std::size_t dot = name.rfind('.');
+  auto first = get(SplitAt<Identity>(name, dot));
+  while (!first.answer && dot != std::string::npos) {
+    dot = dot == 0 ? std::string::npos : name.rfind('.', dot - 1);
+    auto outcome = get(SplitAt<Identity>(name, dot));
+    if (outcome.answer) return outcome;
+  }
+  return first;
 }
 
 template <typename Identities>
@@ -39,7 +51,8 @@ Outcome<Names> ToNames(const Outcome<Identities>& outcome) {
 template <typename Identity, typename Service, typename... Parameters>
 Query<Record> NodeQuery(Service& service, void (Service::*operation)(Parameters...)) {
   return {{1, 2}, [&service, operation](const Ids& ids) -> Outcome<Record> {
-            auto outcome = Call(service, operation, ToIdentity<Identity>(ids));
+            auto outcome = CallWithIdentity<Identity>(
+                ids, [&](const auto& identity) { return Call(service, operation, identity); });
             if (!outcome.answer) return {std::nullopt, std::move(outcome.error)};
             const auto info = *outcome.answer;
             return {Record{[info](Page& page) { WritePage(page, *info); },
@@ -53,12 +66,32 @@ Query<Names> NamespaceList(NamespaceSvc& service) {
           [&service](const Ids& /*ids*/) { return ToNames(Call(service, &NamespaceSvc::List)); }};
 }
 
-/// Of all commands, or of those directly in one namespace.
+/// Of all commands, or of those directly in one namespace, "." for the root.
 Query<Names> CommandList(CommandSvc& service) {
-  return {{0, 1}, [&service](const Ids& ids) {
+  return {{0, 1, {"namespace"}}, [&service](const Ids& ids) {
             boost::optional<std::string> path;
             if (!ids.empty()) path = ids.front() == "." ? std::string() : ids.front();
             return ToNames(Call(service, &CommandSvc::List, path));
+          }};
+}
+
+/// Of namespaces, with the commands that are directly in them.
+Query<Record> NamespaceRecord(NamespaceSvc& service, CommandSvc& commands) {
+  Query<Record> query =
+      NodeQuery<Bindings::Cli::NamespaceSvc::Identity>(service, &NamespaceSvc::Get);
+  return {query.ids, [query, list = CommandList(commands)](const Ids& ids) {
+            Outcome<Record> outcome = query.call(ids);
+            if (!outcome.answer) return outcome;
+            const std::string name = ids.size() == 1
+                                         ? ids.front()
+                                         : FullName(Bindings::Cli::TreeIdentity(ids[0], ids[1]));
+            const Names names = list.call({name}).answer.value_or(Names{});
+            outcome.answer->page = [page = outcome.answer->page, names](Page& out) {
+              page(out);
+              if (!names.empty()) out.Heading("Commands:");
+              for (const std::string& command : names) out.Line(1, command);
+            };
+            return outcome;
           }};
 }
 
@@ -86,15 +119,15 @@ Cli::Cli(const Container& container)
     : SourceDomain(container), namespace_(container), command_(container) {
   kinds_ = {
       {"namespace",
-       {"namespace", "name"},
+       {"namespace"},
        NamespaceList(namespace_),
-       NodeQuery<Bindings::Cli::NamespaceSvc::Identity>(namespace_, &NamespaceSvc::Get),
+       NamespaceRecord(namespace_, command_),
        FingerprintQuery(namespace_, &NamespaceSvc::Fingerprint),
        kFirstSource,
        true,
        {"namespace"}},
       {"command",
-       {"command", "name"},
+       {"command"},
        CommandList(command_),
        NodeQuery<Bindings::Cli::CommandSvc::Identity>(command_, &CommandSvc::Get),
        FingerprintQuery(command_, &CommandSvc::Fingerprint),
@@ -102,7 +135,7 @@ Cli::Cli(const Container& container)
        true,
        {"namespace"},
        {"option"}},
-      SourceKind("cli", source_),
+      SourceKind(source_),
   };
 }
 

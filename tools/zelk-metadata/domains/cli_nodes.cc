@@ -171,7 +171,10 @@ NamespaceHelp HelpOf(const CliNodes& nodes, const std::string& path,
 
 void WriteHelpPage(Page& page, const NamespaceHelp& help) {
   const std::string words = help.name == "." ? "" : WordsOf(help.name) + ' ';
-  page.Title("Usage: " + words + "NAMESPACE|COMMAND ...");
+  const char* const inside = help.namespaces.empty() ? "COMMAND"
+                             : help.commands.empty() ? "NAMESPACE"
+                                                     : "NAMESPACE|COMMAND";
+  page.Title(fmt::format("Usage: {}{} ...", words, inside));
   page.Paragraph(1, help.description);
   if (!help.namespaces.empty()) {
     page.Heading("Namespaces:");

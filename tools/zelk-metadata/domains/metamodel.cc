@@ -137,7 +137,7 @@ Metamodel::Metamodel(const Container& container)
        false,
        {"resource"}},
       {"hidden", {}, ListQuery(hidden_, &HiddenSvc::List), {}, {}},
-      SourceKind("metamodel", source_),
+      SourceKind(source_),
   };
 }
 

@@ -15,8 +15,8 @@ void WriteJson(JsonWriter& json, const SourceDescription& source) {
   json.EndObject();
 }
 
-void WriteSourcePage(Page& page, const std::string& title, const SourceDescription& source) {
-  page.Title(title);
+void WriteSourcePage(Page& page, const std::string& id, const SourceDescription& source) {
+  page.Title("source " + id);
   page.Paragraph(1, source.description);
   page.Line(1, "Type: " + EnumText(source.type));
   if (source.file_path) page.Line(1, "File: " + *source.file_path);

@@ -15,16 +15,15 @@ namespace Zelk::Tool {
 
 void WriteJson(JsonWriter& json, const Bindings::SourceDescription& source);
 
-/// A source's record does not say which one it is, so its page is given "DOMAIN:source ID".
-void WriteSourcePage(Page& page, const std::string& title,
-                     const Bindings::SourceDescription& source);
+/// A source's record does not say which one it is, so its page is given the id.
+void WriteSourcePage(Page& page, const std::string& id, const Bindings::SourceDescription& source);
 
 /// The kind "source" of a domain.
 template <typename SourceSvc>
-Kind SourceKind(const std::string& domain, SourceSvc& service) {
-  const auto describe = [domain](const Ids& ids, const auto& info) {
-    const std::string title = domain + ":source " + ids.front();
-    return Record{[title, info](Page& page) { WriteSourcePage(page, title, *info); },
+Kind SourceKind(SourceSvc& service) {
+  const auto describe = [](const Ids& ids, const auto& info) {
+    const std::string& id = ids.front();
+    return Record{[id, info](Page& page) { WriteSourcePage(page, id, *info); },
                   [info](JsonWriter& json) { WriteJson(json, *info); }};
   };
   return {"source",

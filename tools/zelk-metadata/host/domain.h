@@ -39,6 +39,9 @@ struct Record {
 struct IdCount {
   std::size_t min = 0;
   std::size_t max = 0;
+
+  /// What each of them names, if that is not as Kind::id_kinds has it.
+  std::vector<std::string> kinds = {};
 };
 
 /// One question about a kind. `call` is empty if the services have no operation for it.
@@ -119,6 +122,9 @@ struct Kind {
 
   /// Whether Domain::TypesIn() knows what it consists of.
   bool has_types = false;
+
+  /// Whether its two ids may also be given as one word, with a dot between them.
+  bool MayJoin() const { return id_kinds.size() == 2; }
 };
 
 /// A thing by its kind and ids.

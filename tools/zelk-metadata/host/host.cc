@@ -30,8 +30,8 @@ bool IsKindCalled(const std::string& text, const std::string& domain, const std:
 
 std::string FoundKind::IdsText() const {
   std::string text;
-  for (std::size_t i = 0; i < ids.max; ++i) {
-    const std::string name = UpperCase(kind->id_kinds[i]);
+  for (std::size_t i = 0; i < std::min(ids.max, IdKinds().size()); ++i) {
+    const std::string name = UpperCase(IdKinds()[i]);
     text += i < ids.min ? " " + name : " [" + name + "]";
   }
   return text;
@@ -39,7 +39,7 @@ std::string FoundKind::IdsText() const {
 
 std::optional<Names> FoundKind::NamesAt(std::size_t index, const Ids& before) const {
   const auto named = std::find_if(kinds->begin(), kinds->end(), [&](const Kind& other) {
-    return other.name == kind->id_kinds[index];
+    return other.name == IdKinds()[index];
   });
   if (named == kinds->end() || !named->list.call) return std::nullopt;
   const std::size_t needed = named->list.ids.min;

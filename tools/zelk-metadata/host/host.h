@@ -31,6 +31,11 @@ struct FoundKind {
   /// All kinds of its domain.
   const std::vector<Kind>* kinds;
 
+  /// What each of the ids names.
+  const std::vector<std::string>& IdKinds() const {
+    return ids.kinds.empty() ? kind->id_kinds : ids.kinds;
+  }
+
   /// " SERVICE OPERATION", with brackets round an id that may be left out.
   std::string IdsText() const;
 

@@ -4,18 +4,15 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
-#include <sstream>
 #include <type_traits>
 #include <variant>
 
 #include "analysis/near.h"
-#include "language/about.h"
 #include "language/command.h"
+#include "render/page.h"
 
 namespace Zelk::Tool {
 namespace {
-
-constexpr char kSharedOptions[] = "The options of zelk-metadata --help may be given here, too.";
 
 // The parser reads an operand such as [a,b] as a list of two. A byte in front, removed after
 // parsing, prevents that.
@@ -31,13 +28,17 @@ void Unshield(std::string& arg) {
 }
 
 void Unshield(Arguments& arguments) {
-  for (auto* word : {&arguments.kind, &arguments.text, &arguments.output}) Unshield(*word);
+  for (auto* word : {&arguments.kind, &arguments.text, &arguments.output, &arguments.color}) {
+    Unshield(*word);
+  }
   for (auto* list : {&arguments.sources, &arguments.ids, &arguments.files, &arguments.kinds}) {
     for (std::string& arg : *list) Unshield(arg);
   }
 }
 
-std::string NumberComplaint(const std::string& text) {
+std::string NumberComplaint(const std::string& shielded) {
+  std::string text = shielded;
+  Unshield(text);
   // As many digits as always fit.
   const bool is_number = !text.empty() && text.size() <= 18 &&
                          text.find_first_not_of("0123456789") == std::string::npos;
@@ -65,6 +66,7 @@ void Declare(CLI::App& app, const OptionDescription& option, Arguments& argument
         } else {
           CLI::Option* const added = app.add_option(name, target, option.summary);
           added->allow_extra_args(false)->type_name(option.value_name);
+          if constexpr (std::is_same_v<decltype(target), std::string&>) added->take_last();
           if (const auto check = CheckOf(option.word)) added->check(check);
         }
       },
@@ -84,46 +86,26 @@ void Declare(CLI::App& app, const OperandDescription& operand, Arguments& argume
       operand.target);
 }
 
-void Declare(CLI::App& app, const Command& command, const Language& language,
-             Arguments& arguments) {
+void Declare(CLI::App& app, const Command& command, Arguments& arguments) {
   CLI::App* const subcommand = app.add_subcommand(command.name, command.summary);
   subcommand->fallthrough();
-  subcommand->group("Commands");
   for (const auto& operand : command.operands) Declare(*subcommand, operand, arguments);
   for (const auto& option : command.options) Declare(*subcommand, option, arguments);
-  const bool is_program = !language.program.empty();
-  subcommand->footer(is_program ? command.details + kSharedOptions +
-                                      "\n\nExample: " + language.program + command.example
-                                : command.details);
-}
-
-std::string Tour(const Language& language) {
-  std::string tour = "Examples:\n";
-  for (const Command& command : language.commands) {
-    tour += "  " + language.program + command.example + '\n';
-  }
-  return tour;
 }
 
 void Declare(CLI::App& app, const Language& language, Arguments& arguments) {
-  if (!language.program.empty()) app.footer(Tour(language) + '\n' + HelpFooter());
-  app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-  app.set_version_flag("--version", "zelk-metadata " ZELK_METADATA_VERSION, "Print the version");
   for (const auto& option : language.options) Declare(app, option, arguments);
   // Unknown words are left over, so that we print the error. At most one command, so that an id may
   // have the name of another command.
   app.allow_extras();
   app.require_subcommand(0, 1);
-  for (const Command& command : language.commands) {
-    Declare(app, command, language, arguments);
-  }
+  for (const Command& command : language.commands) Declare(app, command, arguments);
 }
 
 /// What to type for the help of the command or, without one, of all.
 std::string Help(const Language& language, const std::string& command = "") {
-  const bool is_session = language.program.empty();
   const std::string blank = command.empty() ? "" : " ";
-  return is_session ? "help" + blank + command : command + blank + "--help";
+  return language.IsOfSession() ? "help" + blank + command : command + blank + "--help";
 }
 
 std::string LeftOver(const CLI::App& app, const Language& language, const std::string& word) {
@@ -146,6 +128,10 @@ std::string Complaint(const CLI::App& app, const Language& language) {
   return app.get_subcommands().empty() ? "a command is missing; try " + Help(language) : "";
 }
 
+bool Contains(const std::vector<std::string>& texts, const std::string& text) {
+  return std::find(texts.begin(), texts.end(), text) != texts.end();
+}
+
 /// Makes --output and --json agree. Returns what is wrong with them.
 std::string Reconcile(Arguments& arguments, const Command& command) {
   const std::string& output = arguments.output;
@@ -154,10 +140,14 @@ std::string Reconcile(Arguments& arguments, const Command& command) {
   }
   if (arguments.json) return "";
   arguments.json = output == "json";
-  const auto& known = command.outputs;
-  if (output.empty() || std::find(known.begin(), known.end(), output) != known.end()) return "";
-  return fmt::format("--output of {} is one of {}, not '{}'", command.name, fmt::join(known, ", "),
-                     output);
+  if (output.empty() || Contains(command.outputs, output)) return "";
+  return fmt::format("--output of {} is one of {}, not '{}'", command.name,
+                     fmt::join(command.outputs, ", "), output);
+}
+
+std::string WrongColor(const std::string& color) {
+  if (color.empty() || Contains(Colors(), color)) return "";
+  return fmt::format("--color is one of {}, not '{}'", fmt::join(Colors(), ", "), color);
 }
 
 const Command* FindIn(const std::vector<Command>& commands, const std::string& name) {
@@ -167,6 +157,11 @@ const Command* FindIn(const std::vector<Command>& commands, const std::string& n
 }
 
 }  // namespace
+
+const std::vector<std::string>& Colors() {
+  static const std::vector<std::string> colors{"auto", "always", "never"};
+  return colors;
+}
 
 std::string UnknownCommand(const Language& language, const std::string& word) {
   std::vector<std::string> known;
@@ -186,29 +181,35 @@ ParsedArguments ParseArguments(const std::vector<std::string>& args, const Langu
     parsed.arguments.ids.assign(args.begin() + 2, args.end());
     return parsed;
   }
-  const std::string name = language.program.substr(0, language.program.find(' '));
-  CLI::App app(kDescription, name);
+  CLI::App app;
+  bool wants_version = false;
+  app.add_flag("--version", wants_version);
   Declare(app, language, parsed.arguments);
   // The parser takes its arguments from the end.
   std::vector<std::string> reversed(args.rbegin(), args.rend());
   std::transform(reversed.begin(), reversed.end(), reversed.begin(), Shielded);
   try {
     app.parse(std::move(reversed));
-  } catch (const CLI::Success& request) {
-    std::ostringstream out;
-    app.exit(request, out, out);
-    parsed.help = out.str();
+  } catch (const CLI::CallForHelp&) {
+    parsed.command = language.Find("help");
+    const auto chosen = app.get_subcommands();
+    parsed.arguments.text = chosen.empty() ? "" : chosen.front()->get_name();
     return parsed;
   } catch (const CLI::ParseError& error) {
     // What is left over explains more: because of it, the rest seems to be missing.
     parsed.error = app.remaining(true).empty() ? error.what() : Complaint(app, language);
     return parsed;
   }
-  parsed.error = Complaint(app, language);
+  if (wants_version && args.size() == 1) {
+    parsed.version = std::string(kProgramName) + " " ZELK_METADATA_VERSION;
+    return parsed;
+  }
+  parsed.error = wants_version ? "--version is given alone" : Complaint(app, language);
   if (!parsed.error.empty()) return parsed;
   Unshield(parsed.arguments);
   const Command& chosen = *language.Find(app.get_subcommands().front()->get_name());
   parsed.error = Reconcile(parsed.arguments, chosen);
+  if (parsed.error.empty()) parsed.error = WrongColor(parsed.arguments.color);
   if (parsed.error.empty()) parsed.command = &chosen;
   return parsed;
 }

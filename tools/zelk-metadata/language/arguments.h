@@ -27,6 +27,11 @@ struct Arguments {
   /// Whether only problems are to be shown.
   bool quiet = false;
 
+  /// The value of --color, or empty.
+  std::string color;
+
+  bool no_pager = false;
+
   std::string kind;
   std::vector<std::string> ids;
   std::vector<std::string> files;
@@ -44,14 +49,17 @@ struct Arguments {
   std::size_t depth = std::numeric_limits<std::size_t>::max();
 };
 
-/// Either a command with its arguments, or, without one, an error or the text for --help or
-/// --version.
+/// Either a command with its arguments, which is `help` for --help, or, without one, an error or
+/// the text for --version.
 struct ParsedArguments {
   const Command* command = nullptr;
   Arguments arguments;
   std::string error;
-  std::string help;
+  std::string version;
 };
+
+/// The values of --color.
+const std::vector<std::string>& Colors();
 
 /// The complaint about an unknown command, with similar ones.
 std::string UnknownCommand(const Language& language, const std::string& word);

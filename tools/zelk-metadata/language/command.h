@@ -57,7 +57,6 @@ struct OptionDescription {
   /// What its value is called in texts; empty for a flag.
   std::string value_name;
 
-  /// The choices of Word::kChoice are the outputs of the command.
   Word word;
 
   /// One line of --help.
@@ -65,6 +64,9 @@ struct OptionDescription {
 
   /// A list takes the option any number of times.
   Target target;
+
+  /// For Word::kChoice; empty for the outputs of the command.
+  std::vector<std::string> choices = {};
 };
 
 struct OperandDescription {
@@ -89,9 +91,6 @@ enum class Scope {
   kEverywhere,
   kProgram,
   kSession,
-  /// By scripts, on the program's command line: no help or completion shows it, and its words,
-  /// which follow "--", are not parsed.
-  kHidden,
 };
 
 /// One command. The parser, --help, completion and the manual page are made from these members.
@@ -101,7 +100,8 @@ struct Command {
   /// One line of --help.
   std::string summary;
 
-  /// What --help of the command says in addition; lines of at most 100 characters.
+  /// What --help of the command says in addition. Each line is a paragraph, which is wrapped where
+  /// it is shown; lines that begin with a blank belong together.
   std::string details = {};
 
   std::vector<OperandDescription> operands = {};
@@ -126,6 +126,9 @@ struct Command {
 
   Scope scope = Scope::kEverywhere;
 
+  /// Whether a pager may show its output.
+  bool is_paged = true;
+
   ExitStatus (*run)(Invocation& call) = nullptr;
 };
 
@@ -137,8 +140,12 @@ struct Language {
   std::vector<Command> commands;
   std::vector<OptionDescription> options;
 
-  /// Those of Scope::kHidden.
+  /// For scripts: no help or completion shows them, and their words, which follow "--", are not
+  /// parsed.
   std::vector<Command> hidden = {};
+
+  /// Whether it is that of a session.
+  bool IsOfSession() const { return program.empty(); }
 
   /// Null for an unknown name.
   const Command* Find(const std::string& name) const;

@@ -7,7 +7,9 @@
 
 #include "analysis/near.h"
 #include "domains/table.h"
+#include "language/operands.h"
 #include "language/sources.h"
+#include "render/pager.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -34,7 +36,7 @@ struct Unknown {
 };
 
 Unknown FindUnknown(const FoundKind& found, const Ids& ids) {
-  for (std::size_t i = 0; i < std::min(ids.size(), found.kind->id_kinds.size()); ++i) {
+  for (std::size_t i = 0; i < std::min(ids.size(), found.IdKinds().size()); ++i) {
     const auto end = ids.begin() + static_cast<std::ptrdiff_t>(i);
     const std::optional<Names> names = found.NamesAt(i, {ids.begin(), end});
     if (names && std::find(names->begin(), names->end(), ids[i]) == names->end()) {
@@ -42,6 +44,32 @@ Unknown FindUnknown(const FoundKind& found, const Ids& ids) {
     }
   }
   return {};  // coverage: every id is listed only if a file changes meanwhile
+}
+
+/// With colours as --color says.
+Streams Coloured(const Streams& streams, const std::string& color) {
+  Streams coloured = streams;
+  if (color == "always" || color == "never") {
+    coloured.out_terminal.colours = coloured.err_terminal.colours = color == "always";
+  }
+  return coloured;
+}
+
+Streams WithOutput(const Streams& streams, std::ostream& out) {
+  return {streams.in,           out,
+          streams.err,          streams.out_terminal,
+          streams.err_terminal, streams.in_is_terminal,
+          streams.script_line};
+}
+
+/// That of the session, unless the line asks for another.
+void SetDefaultOutput(ParsedArguments& parsed, const std::string& output) {
+  Arguments& arguments = parsed.arguments;
+  const auto& known = parsed.command->outputs;
+  if (arguments.json || !arguments.output.empty()) return;
+  if (std::find(known.begin(), known.end(), output) == known.end()) return;
+  arguments.output = output;
+  arguments.json = output == "json";
 }
 
 }  // namespace
@@ -115,7 +143,9 @@ bool Invocation::IsForPeople() const {
 }
 
 Page Invocation::MakePage() const {
-  return Page(streams_.out, IsForPeople() ? streams_.out_terminal : Terminal{});
+  Terminal plain;
+  plain.colours = arguments_.color == "always";
+  return Page(streams_.out, IsForPeople() ? streams_.out_terminal : plain);
 }
 
 void Invocation::Show(const Table& table) const {
@@ -127,7 +157,7 @@ void Invocation::Show(const Table& table) const {
 }
 
 void Invocation::Complain(const std::string& text) const {
-  PrintError(streams_.err, text);
+  streams_.Complain(text);
 }
 
 ExitStatus Invocation::Fail(ExitStatus status, const std::string& complaint) const {
@@ -147,7 +177,22 @@ ExitStatus Invocation::FailAs(const ServiceError& error, const Ids& ids) const {
     known.insert(known.end(), unknown.known.begin(), unknown.known.end());
     if (wanted.empty()) wanted = unknown.wanted;
   }
-  return Fail(ExitStatus::kNotFound, text + Analysis::Suggestion(wanted, known));
+  const std::string other = OtherKindText(wanted);
+  return Fail(ExitStatus::kNotFound,
+              text + (other.empty() ? Analysis::Suggestion(wanted, known) : other));
+}
+
+std::string Invocation::OtherKindText(const std::string& id) const {
+  for (const std::string& name : host_.KindNames()) {
+    for (const FoundKind& found : host_.FindKinds(name, IdsOfQuery<&Kind::list>)) {
+      if (found.ids.min > 0 || name == kinds_.front().kind->name) continue;
+      const Names names = found.kind->list.call({}).answer.value_or(Names{});
+      const bool is_one = std::find(names.begin(), names.end(), id) != names.end();
+      const bool is_vowel = std::string("aeiou").find(name.front()) != std::string::npos;
+      if (is_one) return fmt::format("; {} is {} {}", id, is_vowel ? "an" : "a", name);
+    }
+  }
+  return "";
 }
 
 ExitStatus Invocation::FailAsSource(const std::string& id) const {
@@ -156,7 +201,7 @@ ExitStatus Invocation::FailAsSource(const std::string& id) const {
 }
 
 ExitStatus Invocation::FailAsUsage(const std::string& kind) const {
-  const Names known = host_.KindNames();
+  const Names known = KindNames(command_.ids_of);
   if (host_.FindKinds(kind).empty()) {
     return Fail(ExitStatus::kNotFound,
                 fmt::format("unknown kind '{}'; the kinds are {}{}", kind, fmt::join(known, ", "),
@@ -164,31 +209,45 @@ ExitStatus Invocation::FailAsUsage(const std::string& kind) const {
   }
   const std::vector<FoundKind> kinds = KindsCalled(kind);
   if (kinds.empty()) {
-    return Fail(ExitStatus::kUsage,
-                fmt::format("'{}' does not take the kind '{}'", command_.name, kind));
+    return Fail(ExitStatus::kUsage, fmt::format("'{}' does not take the kind '{}'; it takes {}",
+                                                command_.name, kind, fmt::join(known, ", ")));
   }
   const FoundKind& likeliest = kinds.front();
   return Fail(ExitStatus::kUsage, fmt::format("usage: {}{} {}{}", language_.program, command_.name,
                                               likeliest.kind->name, likeliest.IdsText()));
 }
 
+/// With a pager if the answer is longer than the screen.
+static ExitStatus RunOnTerminal(const ParsedArguments& parsed, const Language& language,
+                                const Streams& streams, SessionState* session) {
+  const bool is_paged = parsed.command->is_paged && !parsed.arguments.no_pager;
+  if (!is_paged || !WantsPager(streams.out_terminal)) {
+    return Invocation(language, *parsed.command, parsed.arguments, streams, session).Run();
+  }
+  Pager pager(streams.out, streams.err, streams.out_terminal);
+  std::ostream out(&pager);
+  return Invocation(language, *parsed.command, parsed.arguments, WithOutput(streams, out), session)
+      .Run();
+}
+
 ExitStatus Perform(const std::vector<std::string>& words, const Language& language,
                    const Streams& streams, SessionState* session) {
-  const ParsedArguments parsed = ParseArguments(words, language);
-  if (parsed.command != nullptr) {
-    try {
-      return Invocation(language, *parsed.command, parsed.arguments, streams, session).Run();
-    } catch (const std::bad_alloc&) {
-      PrintError(streams.err, kOutOfMemory);
-      return ExitStatus::kOutputLost;
-    }
+  ParsedArguments parsed = ParseArguments(words, language);
+  if (!parsed.error.empty()) {
+    streams.Complain(parsed.error);
+    return ExitStatus::kUsage;
   }
-  if (parsed.error.empty()) {
-    streams.out << parsed.help;
+  if (parsed.command == nullptr) {
+    streams.out << parsed.version << '\n';
     return ExitStatus::kOk;
   }
-  PrintError(streams.err, parsed.error);
-  return ExitStatus::kUsage;
+  if (session != nullptr) SetDefaultOutput(parsed, session->output);
+  try {
+    return RunOnTerminal(parsed, language, Coloured(streams, parsed.arguments.color), session);
+  } catch (const std::bad_alloc&) {
+    streams.Complain(kOutOfMemory);
+    return ExitStatus::kOutputLost;
+  }
 }
 
 }  // namespace Zelk::Tool

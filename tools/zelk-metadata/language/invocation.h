@@ -27,12 +27,23 @@ struct Streams {
 
   /// Whether `in` is the terminal of the process.
   bool in_is_terminal = false;
+
+  /// In front of complaints: which line of a script they are about.
+  std::string script_line = {};
+
+  /// Prints one line on standard error.
+  void Complain(const std::string& text) const {
+    PrintError(err, script_line + text, err_terminal);
+  }
 };
 
 /// What stays from one line of a session to the next.
 struct SessionState {
   Host host;
   bool has_ended = false;
+
+  /// --output of the lines that have none, if their command knows it.
+  std::string output;
 };
 
 /// Changes if what a program reads from a JSON document of a command changes its name or meaning.
@@ -171,16 +182,20 @@ class Invocation {
   /// Prints what the service says about the ids in one line, with names that may be meant.
   ExitStatus FailAs(const ServiceError& error, const Ids& ids) const;
 
+  /// The kind is not known, or not to this command, or takes another number of ids.
+  ExitStatus FailAsUsage(const std::string& kind) const;
+
   /// No source of the session has the id.
   ExitStatus FailAsSource(const std::string& id) const;
 
  private:
-  ExitStatus FailAsUsage(const std::string& kind) const;
+  /// "; it is a service", or nothing if the id is not known in another kind.
+  std::string OtherKindText(const std::string& id) const;
 
   const Language& language_;
   const Command& command_;
   const Arguments arguments_;
-  const Streams& streams_;
+  const Streams streams_;
   SessionState* session_;
   std::unique_ptr<Host> own_;
   Host& host_;

@@ -22,7 +22,7 @@ OperandDescription SourceIdsOperand(bool required);
 
 /// Help: the ids of the files of a folder.
 constexpr char kAboutFolders[] =
-    "Each file of a folder is a source. Its id is its path below the folder without extension,\n"
+    "Each file of a folder is a source. Its id is its path below the folder without extension, "
     "after ID/ if the folder was given an ID.\n";
 
 /// --output of commands that show tables and pages.

@@ -7,7 +7,6 @@
 
 #include "host/default_sources.h"
 #include "host/interrupt.h"
-#include "render/page.h"
 #include "render/progress.h"
 
 namespace Zelk::Tool {
@@ -78,10 +77,10 @@ void LoadAll(Host& host, const std::vector<SourceArgument>& sources, Progressing
 }
 
 void Complain(const Tally& tally, const Streams& streams) {
-  for (const std::string& complaint : tally.complaints) PrintError(streams.err, complaint);
+  for (const std::string& complaint : tally.complaints) streams.Complain(complaint);
   if (tally.failed.empty() || tally.total == 1) return;
-  PrintError(streams.err, fmt::format("{} of {} sources failed to load: {}", tally.failed.size(),
-                                      tally.total, fmt::join(tally.failed, ", ")));
+  streams.Complain(fmt::format("{} of {} sources failed to load: {}", tally.failed.size(),
+                               tally.total, fmt::join(tally.failed, ", ")));
 }
 
 }  // namespace
@@ -91,7 +90,7 @@ bool FindSources(const Arguments& arguments, std::vector<std::string>& sources,
   DefaultSources defaults;
   if (!arguments.no_default_sources) defaults = FindDefaultSources();
   sources = WithDefaults(defaults.sources, arguments.sources);
-  if (!defaults.failure.empty()) PrintError(streams.err, defaults.failure);
+  if (!defaults.failure.empty()) streams.Complain(defaults.failure);
   return defaults.failure.empty();
 }
 
@@ -113,7 +112,7 @@ bool LoadOutlines(Host& host, std::vector<SourceOutline>& outlines, const Stream
   }
   Tally tally;
   for (const LoadReport& report : failures) Add(tally, report);
-  for (const std::string& complaint : tally.complaints) PrintError(streams.err, complaint);
+  for (const std::string& complaint : tally.complaints) streams.Complain(complaint);
   return failures.empty();
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <string_view>
 #include <utility>
 
 #include "render/utf8.h"
@@ -38,34 +39,84 @@ std::size_t ColumnsOf(std::uint32_t code) {
   return IsIn(kWidest, code) ? 2 : 1;
 }
 
+/// What stays with the character before it: joiners, marks, and signs that close.
+bool IsAttached(std::uint32_t code) {
+  constexpr std::array<Range, 7> kClosing{{{0x3001, 0x3002},
+                                           {0x3009, 0x3009},
+                                           {0x300b, 0x300b},
+                                           {0x300d, 0x300d},
+                                           {0xff01, 0xff01},
+                                           {0xff09, 0xff0e},
+                                           {0xff1a, 0xff1f}}};
+  return ColumnsOf(code) == 0 || IsIn(kClosing, code);
+}
+
+/// A part of a text that is not broken.
+struct Piece {
+  std::string text;
+  std::size_t columns = 0;
+  bool is_after_blank = false;
+};
+
+/// The words of a text, those of ideographs character by character.
+std::vector<Piece> PiecesOf(std::string_view text) {
+  constexpr std::uint32_t kJoiner = 0x200d;
+  std::vector<Piece> pieces;
+  std::uint32_t before = ' ';
+  ForEachCharacter(text, [&](std::uint32_t code, std::string_view bytes) {
+    const bool is_break =
+        (ColumnsOf(code) == 2 || ColumnsOf(before) == 2) && !IsAttached(code) && before != kJoiner;
+    if (code != ' ' && (before == ' ' || is_break)) pieces.push_back({"", 0, before == ' '});
+    if (code != ' ') {
+      pieces.back().text += bytes;
+      pieces.back().columns += ColumnsOf(code);
+    }
+    before = code;
+  });
+  return pieces;
+}
+
 }  // namespace
 
 std::size_t Columns(const std::string& text) {
   std::size_t columns = 0;
-  ForEachCharacter(text, [&columns](std::uint32_t code) { columns += ColumnsOf(code); });
+  ForEachCharacter(
+      text, [&columns](std::uint32_t code, std::string_view) { columns += ColumnsOf(code); });
   return columns;
 }
 
-std::vector<std::string> Wrapped(const std::string& text, std::size_t width) {
+std::vector<std::string> Wrapped(const std::string& text, std::size_t width, std::size_t hanging) {
   if (width == 0 || Columns(text) <= width) return {text};
-  const std::size_t begin = std::min(text.find_first_not_of(' '), text.size());
-  const std::string indent = text.substr(0, begin);
+  const std::size_t indent = std::min(text.find_first_not_of(' '), text.size());
   std::vector<std::string> lines;
-  std::string line;
   std::size_t columns = 0;
-  for (std::size_t at = begin; at < text.size();) {
-    const std::size_t end = std::min(text.find(' ', at), text.size());
-    const std::string word = text.substr(at, end - at);
-    const std::size_t needed = Columns(word);
-    if (!line.empty() && columns + 1 + needed > width) {
-      lines.push_back(std::move(line));
-      line.clear();
+  for (const Piece& piece : PiecesOf(text)) {
+    const std::size_t gap = piece.is_after_blank ? 1 : 0;
+    if (lines.empty() || columns + gap + piece.columns > width) {
+      columns = lines.empty() ? indent : indent + hanging;
+      lines.emplace_back(columns, ' ');
+    } else if (piece.is_after_blank) {
+      lines.back() += ' ';
+      ++columns;
     }
-    columns = line.empty() ? begin + needed : columns + 1 + needed;
-    line += (line.empty() ? indent : " ") + word;
-    at = std::min(text.find_first_not_of(' ', end), text.size());
+    lines.back() += piece.text;
+    columns += piece.columns;
   }
-  if (!line.empty() || lines.empty()) lines.push_back(std::move(line));
+  if (lines.empty()) lines.emplace_back();
+  return lines;
+}
+
+std::vector<std::string> InColumns(const std::vector<std::string>& words, std::size_t width) {
+  constexpr std::size_t kGap = 2;
+  std::size_t widest = 0;
+  for (const std::string& word : words) widest = std::max(widest, Columns(word));
+  const std::size_t columns = std::max<std::size_t>(1, (width + kGap) / (widest + kGap));
+  std::vector<std::string> lines((words.size() + columns - 1) / columns);
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    lines[i % lines.size()] += words[i];
+    const bool is_last = i + lines.size() >= words.size();
+    if (!is_last) lines[i % lines.size()].append(widest - Columns(words[i]) + kGap, ' ');
+  }
   return lines;
 }
 

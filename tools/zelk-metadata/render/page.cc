@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::size_t kStep = 4;
 constexpr std::size_t kLeastRoom = 20;
+/// More than what is inside of a line is indented by.
+constexpr std::size_t kHanging = 2 * kStep;
 
 /// Tabs move nothing but the cursor, and authors indent with them.
 std::string WithoutTabs(std::string text) {
@@ -26,11 +28,15 @@ std::string WithoutTabs(std::string text) {
 Page::Page(std::ostream& out, const Terminal& terminal) : out_(out), terminal_(terminal) {}
 
 void Page::Title(const std::string& text) {
-  out_ << Bold(terminal_, ForTerminal(text)) << '\n';
+  const std::string shown = ForTerminal(title_prefix_ + text);
+  title_prefix_.clear();
+  for (const std::string& line : Wrapped(shown, terminal_.width, kHanging)) {
+    out_ << Styled(terminal_, Style::kBold, line) << '\n';
+  }
 }
 
 void Page::Line(std::size_t level, const std::string& text) {
-  out_ << std::string(level * kStep, ' ') << ForTerminal(text) << '\n';
+  WriteWrapped(level, ForTerminal(text), kHanging);
 }
 
 void Page::Paragraph(std::size_t level, const std::string& text) {
@@ -38,7 +44,7 @@ void Page::Paragraph(std::size_t level, const std::string& text) {
   std::string line;
   while (std::getline(lines, line)) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
-    WriteWrapped(line.empty() ? 0 : level, ForTerminal(WithoutTabs(line)));
+    WriteWrapped(line.empty() ? 0 : level, ForTerminal(WithoutTabs(line)), 0);
   }
 }
 
@@ -48,7 +54,14 @@ void Page::Pairs(std::size_t level, const std::vector<std::pair<std::string, std
     width = std::max(width, Columns(ForTerminal(name)));
   }
   const std::size_t indent = level * kStep + width + 2;
-  const std::size_t room = terminal_.width >= indent + kLeastRoom ? terminal_.width - indent : 0;
+  if (terminal_.width > 0 && terminal_.width < indent + kLeastRoom) {
+    for (const auto& [name, description] : pairs) {
+      Line(level, name);
+      Paragraph(level + 1, description);
+    }
+    return;
+  }
+  const std::size_t room = terminal_.width == 0 ? 0 : terminal_.width - indent;
   for (const auto& [name, description] : pairs) {
     const std::string shown = ForTerminal(name);
     std::string text = std::string(level * kStep, ' ') + shown;
@@ -65,17 +78,23 @@ void Page::Heading(const std::string& text) {
   Title(text);
 }
 
-void Page::WriteWrapped(std::size_t level, const std::string& text) {
-  const std::string indent(level * kStep, ' ');
-  // Where the indentation leaves no room for words, the terminal may break the lines.
-  const bool roomy = terminal_.width >= indent.size() + kLeastRoom;
-  for (const std::string& line : Wrapped(text, roomy ? terminal_.width - indent.size() : 0)) {
-    out_ << indent << line << '\n';
+void Page::WriteWrapped(std::size_t level, const std::string& text, std::size_t hanging) {
+  const std::size_t width = terminal_.width;
+  std::size_t indent = level * kStep;
+  // The deepest levels are indented less, since words need room.
+  if (width > 0) indent = std::min(indent, width - std::min(width, kLeastRoom));
+  for (const std::string& line : Wrapped(text, width == 0 ? 0 : width - indent, hanging)) {
+    out_ << std::string(line.empty() ? 0 : indent, ' ') << line << '\n';
   }
 }
 
-void PrintError(std::ostream& err, const std::string& text) {
-  err << "zelk-metadata: " << ForTerminal(text) << '\n';
+void PrintError(std::ostream& err, const std::string& text, const Terminal& terminal) {
+  const std::string name = std::string(kProgramName) + ":";
+  std::string begin = Styled(terminal, Style::kError, name);
+  for (const std::string& line : Wrapped(name + ' ' + ForTerminal(text), terminal.width, kStep)) {
+    err << begin << (begin.empty() ? line : line.substr(name.size())) << '\n';
+    begin.clear();
+  }
 }
 
 }  // namespace Zelk::Tool

@@ -37,7 +37,7 @@ std::string Beginning(const Cells& row, const std::vector<std::size_t>& widths) 
 
 void WriteLine(std::ostream& out, const Terminal& terminal, std::string text, bool is_heading) {
   text.erase(text.find_last_not_of(' ') + 1);
-  out << (is_heading ? Bold(terminal, text) : text) << '\n';
+  out << (is_heading ? Styled(terminal, Style::kBold, text) : text) << '\n';
 }
 
 }  // namespace
@@ -65,7 +65,9 @@ void Table::Write(std::ostream& out, const Terminal& terminal) const {
     const bool is_heading = &row == &rows_.front();
     // Without room beside the other columns, the last one is below them.
     if (!roomy && !widths.empty()) {
-      WriteLine(out, terminal, text, is_heading);
+      for (const std::string& line : Wrapped(text, terminal.width, 2 * kStackedIndent)) {
+        WriteLine(out, terminal, line, is_heading);
+      }
       if (is_heading || row.back().empty()) continue;
       text = std::string(indent, ' ');
     }

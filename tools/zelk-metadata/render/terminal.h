@@ -13,13 +13,18 @@ struct Terminal {
   std::size_t width = 0;
 
   bool colours = false;
+
+  /// Lines of the screen; 0 if it cannot show one screen after the other.
+  std::size_t height = 0;
 };
 
 /// That of a file descriptor. The width is COLUMNS, or else the terminal's own. Colours are off if
 /// NO_COLOR is set and not empty, or TERM is "dumb".
 Terminal TerminalOf(int descriptor);
 
-/// The text in bold where colours are used.
-std::string Bold(const Terminal& terminal, const std::string& text);
+enum class Style { kBold, kError, kWarning, kNote };
+
+/// The text in that style where colours are used.
+std::string Styled(const Terminal& terminal, Style style, const std::string& text);
 
 }  // namespace Zelk::Tool

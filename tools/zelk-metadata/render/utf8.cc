@@ -90,11 +90,12 @@ std::string ForTerminal(const std::string& text) {
   });
 }
 
-void ForEachCharacter(const std::string& text, const std::function<void(std::uint32_t)>& visit) {
-  for (std::string_view rest = text; !rest.empty();) {
-    const Character character = First(rest);
-    visit(character.code);
-    rest.remove_prefix(character.size);
+void ForEachCharacter(std::string_view text,
+                      const std::function<void(std::uint32_t, std::string_view)>& visit) {
+  while (!text.empty()) {
+    const Character character = First(text);
+    visit(character.code, text.substr(0, character.size));
+    text.remove_prefix(character.size);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace Zelk::Tool {
 
@@ -14,8 +15,9 @@ std::string RepairedUtf8(const std::string& text);
 /// comes from anywhere, and a name must not be able to drive the terminal.
 std::string ForTerminal(const std::string& text);
 
-/// Calls `visit` with the code of every character; bytes that are not part of well-formed UTF-8 are
-/// taken for characters themselves.
-void ForEachCharacter(const std::string& text, const std::function<void(std::uint32_t)>& visit);
+/// Calls `visit` with the code and the bytes of every character; bytes that are not part of
+/// well-formed UTF-8 are taken for characters themselves.
+void ForEachCharacter(std::string_view text,
+                      const std::function<void(std::uint32_t, std::string_view)>& visit);
 
 }  // namespace Zelk::Tool

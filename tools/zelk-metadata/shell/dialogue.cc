@@ -42,11 +42,11 @@ class UntilInterrupted : public std::streambuf {
 }  // namespace
 
 void RunDialogue(const Language& language, const std::vector<std::string>& sources,
-                 const Streams& streams) {
+                 const std::string& output, const Streams& streams) {
   UntilInterrupted buffer(*streams.out.rdbuf());
   std::ostream out(&buffer);
-  Session session(language,
-                  {streams.in, out, streams.err, streams.out_terminal, streams.err_terminal});
+  Session session(
+      language, {streams.in, out, streams.err, streams.out_terminal, streams.err_terminal}, output);
   session.Load(sources);
   Prompt prompt(session);
   for (std::string line; !session.HasEnded() && prompt.Read(line);) {

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "render/layout.h"
+#include "render/page.h"
 #include "render/terminal.h"
 #include "render/utf8.h"
 #include "shell/history.h"
@@ -20,6 +21,7 @@ namespace Zelk::Tool::Shell {
 namespace {
 
 constexpr std::size_t kMostShown = 100;
+constexpr std::size_t kGap = 2;
 
 const char* PromptText(EditLine* /*editor*/) {
   return "zelk> ";
@@ -58,23 +60,26 @@ struct Prompt::Editor {
 
 namespace {
 
-/// Below the line, each choice with its meaning.
+/// Below the line, each choice with its meaning, or the choices in columns if they have none.
 void Show(const std::vector<Complete::Choice>& choices) {
   std::size_t widest = 0;
   for (const Complete::Choice& choice : choices) widest = std::max(widest, Columns(choice.word));
   const std::size_t width = TerminalOf(STDOUT_FILENO).width;
+  const std::size_t count = std::min(choices.size(), kMostShown);
+  std::vector<std::string> words;
   std::string text = "\n";
-  for (std::size_t i = 0; i < std::min(choices.size(), kMostShown); ++i) {
-    const Complete::Choice& choice = choices[i];
-    text += choice.word;
-    if (!choice.summary.empty()) {
-      text += std::string(widest - Columns(choice.word) + 2, ' ');
-      const std::string summary = ForTerminal(choice.summary);
-      const std::size_t room = width > widest + 2 ? width - widest - 2 : 0;
-      const auto lines = Wrapped(summary, room);
-      text += lines.empty() ? "" : lines.front();
-    }
-    text += '\n';
+  for (std::size_t i = 0; i < count; ++i) words.push_back(choices[i].word);
+  const bool has_summaries =
+      std::any_of(choices.begin(), choices.end(),
+                  [](const Complete::Choice& choice) { return !choice.summary.empty(); });
+  for (std::size_t i = 0; has_summaries && i < count; ++i) {
+    words[i].append(widest - Columns(words[i]) + kGap, ' ');
+    const std::size_t room = width > widest + kGap ? width - widest - kGap : 0;
+    words[i] += Wrapped(ForTerminal(choices[i].summary), room).front();
+    words[i].erase(words[i].find_last_not_of(' ') + 1);
+  }
+  for (const std::string& line : has_summaries ? words : InColumns(words, width)) {
+    text += line + '\n';
   }
   if (choices.size() > kMostShown) {
     text += "and " + std::to_string(choices.size() - kMostShown) + " more\n";
@@ -92,7 +97,7 @@ unsigned char Prompt::Editor::CompleteHere() const {
     // Counted in characters by the editor, in bytes by everybody else.
     std::size_t characters = 0;
     ForEachCharacter(typed.substr(typed.size() - completion.replaced),
-                     [&characters](std::uint32_t) { ++characters; });
+                     [&characters](std::uint32_t, std::string_view) { ++characters; });
     el_deletestr(line, static_cast<int>(characters));
     el_insertstr(line, completion.text.c_str());
   }
@@ -107,7 +112,7 @@ Prompt::Prompt(const Session& session) : editor_(std::make_unique<Editor>(sessio
   // The editor reads characters of the user's encoding, and drops those that it does not have.
   std::setlocale(LC_CTYPE, "");
   if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) std::setlocale(LC_CTYPE, "C.UTF-8");
-  editor.line = el_init("zelk-metadata", stdin, stdout, stderr);
+  editor.line = el_init(kProgramName, stdin, stdout, stderr);
   editor.history = history_init();
   HistEvent event{};
   history(editor.history, &event, H_SETSIZE, static_cast<int>(kHistorySize));
@@ -142,7 +147,8 @@ bool Prompt::Read(std::string& line) {
   line.clear();
   if (editor_->is_interrupted) return true;
   if (typed == nullptr || size <= 0) {
-    std::fputs("\n", stdout);
+    // The editor has written ^D.
+    std::fputs("\b\b  \n", stdout);
     return false;
   }
   line.assign(typed, static_cast<std::size_t>(size));

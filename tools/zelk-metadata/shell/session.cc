@@ -7,7 +7,6 @@
 
 #include "domains/table.h"
 #include "language/sources.h"
-#include "render/page.h"
 #include "render/utf8.h"
 #include "shell/line.h"
 
@@ -60,14 +59,14 @@ std::string CommonBeginning(const std::vector<Complete::Choice>& choices) {
 
 }  // namespace
 
-Session::Session(const Language& language, const Streams& streams)
-    : language_(language), streams_(streams), state_{Host(Domains())} {}
+Session::Session(const Language& language, const Streams& streams, const std::string& output)
+    : language_(language), streams_(streams), state_{Host(Domains()), false, output} {}
 
 bool Session::Load(const std::vector<std::string>& sources) {
   try {
     return LoadSources(state_.host, sources, streams_);
   } catch (const std::bad_alloc&) {
-    PrintError(streams_.err, kOutOfMemory);
+    streams_.Complain(kOutOfMemory);
     return false;
   }
 }
@@ -76,7 +75,7 @@ ExitStatus Session::Run(const std::string& line) {
   const SplitLine split = Split(line);
   if (split.words.empty()) return ExitStatus::kOk;
   if (!split.is_open) return Perform(split.words, language_, streams_, &state_);
-  PrintError(streams_.err, "a quote is not closed");
+  streams_.Complain("a quote is not closed");
   return ExitStatus::kUsage;
 }
 

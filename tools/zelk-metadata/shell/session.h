@@ -22,14 +22,23 @@ struct LineCompletion {
 /// is not its concern.
 class Session {
  public:
-  /// The language must outlive the session. Answers are written to `streams`.
-  Session(const Language& language, const Streams& streams);
+  /// The language must outlive the session. Answers are written to `streams`, in the format
+  /// `output` unless a line asks for another.
+  Session(const Language& language, const Streams& streams, const std::string& output = "");
 
   /// Loads the values of --source. False if one failed.
   bool Load(const std::vector<std::string>& sources);
 
-  /// The answers that follow are for this terminal.
-  void Fit(const Terminal& terminal) { streams_.out_terminal = terminal; }
+  /// The answers that follow are for a terminal of this size.
+  void Fit(const Terminal& terminal) {
+    streams_.out_terminal.width = terminal.width;
+    streams_.out_terminal.height = terminal.height;
+  }
+
+  /// The line that follows is that line of a script.
+  void SetScriptLine(std::size_t number) {
+    streams_.script_line = "line " + std::to_string(number) + ": ";
+  }
 
   /// Runs a line. An empty one does nothing.
   ExitStatus Run(const std::string& line);
