@@ -42,10 +42,9 @@ Command SchemaCommand() {
   command.name = "schema";
   command.summary = "Print the JSON Schema of a format";
   command.details =
-      "Editors that know the schema complete keys and mark mistakes; docs/editors.md shows how.\n"
+      "Editors that know the schema complete keys and mark mistakes; docs/editors.md shows how. "
       "'all' is for files of any domain, 'project' for .zelk-metadata.json. The schemas are "
-      "installed\n"
-      "in share/zelk-metadata/schemas, too.\n\n";
+      "installed in share/zelk-metadata/schemas, too.\n";
   command.operands = {{"SCHEMA", Word::kChoice, false,
                        "metamodel, authentication, cli, all or project; all by default",
                        &Arguments::text, Schema::Names()}};

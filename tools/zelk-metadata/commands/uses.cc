@@ -279,9 +279,9 @@ Command UsesCommand() {
   command.summary = "Show what refers to a thing, in all domains";
   command.ids_of = IdsOfUses;
   command.details =
-      "Shows the operations and structures whose types, errors and resources name the thing, the\n"
-      "commands that call it, fill it or show it, and what Authentication lists for it, each with\n"
-      "its place in a file. The files are read for that, whatever a session has loaded of them.\n"
+      "Shows the operations and structures whose types, errors and resources name the thing, the "
+      "commands that call it, fill it or show it, and what Authentication lists for it, each with "
+      "its place in a file. The files are read for that, whatever a session has loaded of them. "
       "Things that are not loaded but referred to are found, too.\n\n"
       "An operation is SERVICE.OPERATION or two words, a scheme the name that lists have for it.\n";
   command.operands = {
