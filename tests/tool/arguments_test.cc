@@ -139,7 +139,7 @@ TEST(Arguments, JsonIsAShortFormOfOutputJson) {
 TEST(Arguments, HelpOfACommandShowsTheSharedOptions) {
   const std::string help = RunLine("list --help").out;
   EXPECT_THAT(help, AllOf(HasSubstr("\n    --source [ID=]PATH  "), HasSubstr("\n    --no-pager"),
-                          HasSubstr("\n      command [NAMESPACE]\n")));
+                          HasSubstr("\n      command, in a namespace\n")));
   EXPECT_EQ(RunLine("help list").out, help);
   EXPECT_EQ(RunLine("help").out, RunLine("--help").out);
   EXPECT_EQ(RunLine("help lsit").err,

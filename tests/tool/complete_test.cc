@@ -115,8 +115,8 @@ TEST(Complete, OffersTheNamesOfTheSourcesBeforeIt) {
   EXPECT_THAT(Choices("get gadget " + kInventory), ElementsAre());
   EXPECT_THAT(Choices("get hidden " + kInventory), ElementsAre()) << "it can be listed only";
   EXPECT_THAT(Choices("list commands --source " + kDataFolder + "/commands.json "),
-              ElementsAre(".", "acme", "acme.machines"))
-      << "commands are listed by namespace";
+              ElementsAre(".", "acme", "acme.machines", "acme.machines.list", "ping"))
+      << "namespaces list their commands";
   EXPECT_THAT(Choices("-x --source=" + kDataFolder + "/inventory.json get component "),
               ElementsAre("com.acme"))
       << "the source in one word, after an option that does not exist";

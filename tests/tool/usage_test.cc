@@ -20,7 +20,7 @@ using Zelk::Testing::ToolRun;
 
 TEST(Usage, NamespaceShowsItsChildren) {
   EXPECT_EQ(RunOnThree("usage").out,
-            "Usage: NAMESPACE|COMMAND ...\n    Root namespace\n\n"
+            "Usage: NAMESPACE ...\n    Root namespace\n\n"
             "Namespaces:\n    acme  acme namespace\n\n"
             "Commands:\n    ping  See whether anyone is there.\n");
   EXPECT_THAT(RunOnThree("usage acme").out, StartsWith("Usage: acme NAMESPACE ...\n"));
@@ -65,9 +65,9 @@ TEST(Usage, RootNamespaceNeedsNoDescription) {
   const std::string file = folder.Write(
       "c.json", CliFile({CommandNode("", "b", "Second."), CommandNode("a.b", "c", "First.")}));
   EXPECT_EQ(RunLine("usage --source " + file).out,
-            "Usage: NAMESPACE|COMMAND ...\n\nCommands:\n    b      Second.\n    a b c  First.\n");
+            "Usage: COMMAND ...\n\nCommands:\n    b      Second.\n    a b c  First.\n");
   EXPECT_EQ(RunLine("usage a --source " + file).out,
-            "Usage: a NAMESPACE|COMMAND ...\n\nCommands:\n    b c  First.\n");
+            "Usage: a COMMAND ...\n\nCommands:\n    b c  First.\n");
   EXPECT_EQ(RunLine("usage a b c --source " + file).status, 0);
   EXPECT_EQ(RunLine("usage a.c --source " + file).status, 3);
 }
@@ -77,7 +77,7 @@ TEST(Usage, CommandIsInTheHelpOfTheNearestDescribedNamespace) {
   const std::string file = folder.Write(
       "c.json", CliFile({NamespaceNode("", "a", "A."), CommandNode("a.b", "c", "Inside.")}));
   EXPECT_EQ(RunLine("usage --source " + file).out,
-            "Usage: NAMESPACE|COMMAND ...\n    Root namespace\n\nNamespaces:\n    a  A.\n");
+            "Usage: NAMESPACE ...\n    Root namespace\n\nNamespaces:\n    a  A.\n");
   EXPECT_EQ(RunLine("usage a --source " + file).out,
-            "Usage: a NAMESPACE|COMMAND ...\n    A.\n\nCommands:\n    b c  Inside.\n");
+            "Usage: a COMMAND ...\n    A.\n\nCommands:\n    b c  Inside.\n");
 }
