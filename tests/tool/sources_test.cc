@@ -285,7 +285,7 @@ TEST(Pipes, CopyThatCannotBeWrittenSaysWhy) {
   EXPECT_THAT(RunShell("trap '' XFSZ; ulimit -f 1; " + list).err,
               HasSubstr(": cannot be copied: File too large\n"));
   EXPECT_EQ(RunShell("cd $(dirname $0); mkfifo pipe; echo > pipe &\n"
-                     "prlimit --nofile=4 $tool list sources --source pipe")
+                     "prlimit --nofile=4 $tool list sources --source pipe 3>&-")
                 .err,
             "zelk-metadata: pipe: cannot be copied: Too many open files\n");
 }

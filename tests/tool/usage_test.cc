@@ -20,7 +20,7 @@ using Zelk::Testing::ToolRun;
 
 TEST(Usage, NamespaceShowsItsChildren) {
   EXPECT_EQ(RunOnThree("usage").out,
-            "Usage: NAMESPACE ...\n    Root namespace\n\n"
+            "Usage: NAMESPACE|COMMAND ...\n    Root namespace\n\n"
             "Namespaces:\n    acme  acme namespace\n\n"
             "Commands:\n    ping  See whether anyone is there.\n");
   EXPECT_THAT(RunOnThree("usage acme").out, StartsWith("Usage: acme NAMESPACE ...\n"));
