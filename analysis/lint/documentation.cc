@@ -53,7 +53,7 @@ void MissingDocumentation(const Workspace& workspace, Findings& findings) {
       const std::string key(document.Key(text));
       findings.Add(PlaceOf(model, id, text),
                    {"the " + key + " of the " + Word(element.kind) + " '" +
-                        std::string(element.name) + "' says nothing",
+                        Shortened(element.name) + "' says nothing",
                     key, "", *severity});
     }
   }
@@ -66,7 +66,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kConvention,
      kMetamodelOnly | kCliOnly,
      0,
-     "A text for people is empty or repeats the name.",
+     "A text for people that says nothing",
      "The documentation or description is empty, or is the same as the name. It is a note for "
      "parameters, results, errors, fields, values and constants.",
      "A text that was left for later.",

@@ -22,6 +22,16 @@ std::uint64_t DigestOf(const std::string& text) {
   return bits;
 }
 
+/// About how long the path of the place is.
+std::size_t PathSize(const Workspace& workspace, const Place& place) {
+  const Model& model = workspace.ModelOf(place.domain);
+  std::size_t size = 0;
+  for (ElementId id = place.element; id != kNoElement; id = model[id].parent) {
+    size += model[id].path.size() + model[id].name.size();
+  }
+  return size;
+}
+
 auto Order(const Finding& finding) {
   return std::tuple(finding.file, finding.place.offset, std::string_view(finding.rule->id),
                     std::string_view(finding.remark.subject));
@@ -48,9 +58,16 @@ Place PlaceOf(const Model& model, ElementId id) {
   return name == kNoNode ? PlaceOfKey(model, id, element.node) : PlaceOf(model, id, name);
 }
 
+std::string Shortened(std::string_view name) {
+  constexpr std::size_t kMost = 200;
+  constexpr std::size_t kEnd = kMost / 2;
+  if (name.size() <= kMost) return std::string(name);
+  return std::string(name.substr(0, kEnd)) + "..." + std::string(name.substr(name.size() - kEnd));
+}
+
 std::string Called(const Model& model, ElementId id) {
   const Element& element = model[id];
-  return std::string("the ") + Word(element.kind) + " '" + model.FullName(id) + "'";
+  return std::string("the ") + Word(element.kind) + " '" + Shortened(model.FullName(id)) + "'";
 }
 
 std::string PathOf(const Workspace& workspace, const Place& place) {
@@ -63,13 +80,16 @@ const Document& DocumentOf(const Workspace& workspace, const Place& place) {
 }
 
 void Findings::Add(const Place& place, Remark remark) {
-  const Severity severity = remark.severity.value_or(rule_->severity);
+  const auto& chosen = workspace_.GetSettings().severities;
+  const auto choice = chosen.empty() ? chosen.end() : chosen.find(rule_->id);
+  const Severity severity =
+      choice == chosen.end() ? remark.severity.value_or(rule_->severity) : choice->second;
   if (++found_[rule_] > kMost || text_left_ == 0) {
     ++unlisted_.at(static_cast<std::size_t>(severity));
     return;
   }
   const std::size_t size =
-      PathOf(workspace_, place).size() + remark.message.size() + remark.subject.size();
+      PathSize(workspace_, place) + remark.message.size() + remark.subject.size();
   text_left_ -= std::min(size, text_left_);
   const std::uint32_t file = workspace_.FileOf(place.domain, place.source);
   all_.push_back({rule_, severity, file, place, std::move(remark)});

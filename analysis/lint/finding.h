@@ -52,6 +52,14 @@ struct Remark {
   std::optional<Severity> severity = std::nullopt;
 };
 
+enum class SuppressedBy : std::uint8_t {
+  kNothing,
+  /// By "$lint" in its file.
+  kFile,
+  kConfiguration,
+  kBaseline,
+};
+
 struct Finding {
   const Rule* rule;
   Severity severity;
@@ -61,6 +69,7 @@ struct Finding {
   Remark remark;
   /// Stays the same if files are re-indented, reordered, moved or split.
   std::uint64_t fingerprint = 0;
+  SuppressedBy suppressed_by = SuppressedBy::kNothing;
 };
 
 /// Takes what rules find.
@@ -80,6 +89,9 @@ class Findings {
   /// What follows is found by that rule.
   void Begin(const Rule& rule) { rule_ = &rule; }
 
+  /// In the order in which they were found, without fingerprints.
+  std::vector<Finding>& All() { return all_; }
+
   /// All findings, in the order of files and places, with their fingerprints.
   std::vector<Finding> Take();
 
@@ -89,6 +101,8 @@ class Findings {
   const std::array<std::size_t, 3>& Unlisted() const { return unlisted_; }
 
   static constexpr std::size_t kMost = 100000;
+
+  /// Names may be long, and be part of the paths of many elements.
 
  private:
   void SetFingerprints();
@@ -122,6 +136,9 @@ void ForEachElement(const Model& model, ElementKind kind, const Look& look) {
     if (model[id].kind == kind && !model[id].is_implied) look(id);
   }
 }
+
+/// The name, or its ends if it is too long for a message.
+std::string Shortened(std::string_view name);
 
 /// "the service 'c.p.s'".
 std::string Called(const Model& model, ElementId id);

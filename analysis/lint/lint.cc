@@ -41,7 +41,8 @@ void RunOnFiles(const Workspace& workspace, const std::vector<const Rule*>& rule
 
 }  // namespace
 
-Result Lint(const Workspace& workspace, const std::vector<const Rule*>& rules) {
+Result Lint(const Workspace& workspace, const std::vector<const Rule*>& rules,
+            const Suppressions& suppressions) {
   Result result;
   Findings findings(workspace);
   RunOnFiles(workspace, rules, findings);
@@ -55,8 +56,10 @@ Result Lint(const Workspace& workspace, const std::vector<const Rule*>& rules) {
     findings.Begin(*rule);
     (*run)(workspace, findings);
   }
+  SuppressInFiles(workspace, suppressions, rules, findings);
   result.findings = findings.Take();
   result.unlisted = findings.Unlisted();
+  result.unused = SuppressElsewhere(workspace, suppressions, rules, result.findings);
   return result;
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/lint/finding.h"
+#include "analysis/lint/suppression.h"
 
 // Finds mistakes that the library accepts without a message.
 
@@ -22,10 +23,12 @@ struct Result {
   /// How many more there are of each severity; see Findings::Unlisted().
   std::array<std::size_t, 3> unlisted;
   std::vector<SkippedRule> skipped;
+  std::vector<Unused> unused;
 };
 
 /// Runs the rules. A file that does not load is passed over.
-Result Lint(const Workspace& workspace, const std::vector<const Rule*>& rules);
+Result Lint(const Workspace& workspace, const std::vector<const Rule*>& rules,
+            const Suppressions& suppressions = {});
 
 /// Those that are not off.
 std::vector<const Rule*> DefaultRules();

@@ -51,7 +51,7 @@ class KeyCheck {
   std::string ProblemOf(ElementId field, ElementId mark, ElementId& broken) const {
     if (mark == kNoElement) return "the structure is not marked as a 'Model'";
     if (broken != kNoElement) {
-      return "the key is not read, because the key of '" + std::string(model_[broken].name) +
+      return "the key is not read, because the key of '" + Shortened(model_[broken].name) +
              "' is not of one resource";
     }
     const ElementId resource = AnnotationOf(model_, field, Constants::RESOURCE);

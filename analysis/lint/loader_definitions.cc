@@ -112,8 +112,8 @@ void OperationWithoutPackage(const Workspace& workspace, Findings& findings) {
     const std::string service(OwnerOf(element.name));
     const Element& cause = model[first.at(element.parent)];
     findings.Add(PlaceOf(model, id), {"the operation is lost, because the service '" +
-                                          std::string(OwnerOf(cause.name)) + "' of '" +
-                                          std::string(cause.name) + "' is in no package",
+                                          Shortened(OwnerOf(cause.name)) + "' of '" +
+                                          Shortened(cause.name) + "' is in no package",
                                       service});
   });
 }

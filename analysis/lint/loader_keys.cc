@@ -154,7 +154,7 @@ std::string UnreadText(const OpenFile& file, NodeId member) {
   for (const ElsewhereRow& row : kReadElsewhere) {
     if (row.kind != kind || row.key != key) continue;
     return "the key '" + key + "' is read elsewhere, but not in the " + Word(kind) + " '" +
-           std::string(file.model[file.around[member]].name) + "'";
+           Shortened(file.model[file.around[member]].name) + "'";
   }
   return "the key '" + key + "' is not read";
 }

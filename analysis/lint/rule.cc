@@ -26,7 +26,7 @@ const std::vector<const Rule*>& Rules() {
     std::vector<const Rule*> all;
     for (const Rows<Rule>* group :
          {&kLoaderRules, &kReferencesRules, &kNamesRules, &kDocumentationRules,
-          &kAuthenticationRules, &kCliRules, &kSourcesRules}) {
+          &kAuthenticationRules, &kCliRules, &kSourcesRules, &kSuppressionRules}) {
       for (const Rule& rule : *group) all.push_back(&rule);
     }
     return all;

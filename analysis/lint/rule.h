@@ -101,6 +101,7 @@ extern const Rows<Rule> kDocumentationRules;
 extern const Rows<Rule> kAuthenticationRules;
 extern const Rows<Rule> kCliRules;
 extern const Rows<Rule> kSourcesRules;
+extern const Rows<Rule> kSuppressionRules;
 
 /// All rules of all groups.
 const std::vector<const Rule*>& Rules();

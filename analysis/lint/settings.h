@@ -1,7 +1,10 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
+
+#include "analysis/reader.h"
 
 namespace Zelk::Analysis::Lint {
 
@@ -12,6 +15,9 @@ struct Settings {
 
   /// Long and short options that clients have themselves.
   std::vector<std::string> reserved_options = {"help", "h"};
+
+  /// By the ids of rules; for all findings of the rule.
+  std::map<std::string, Severity> severities;
 };
 
 }  // namespace Zelk::Analysis::Lint

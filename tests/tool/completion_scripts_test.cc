@@ -205,7 +205,7 @@ TEST_P(CompletionInEveryShell, CompletesPathsAsTheShellDoes) {
 
 TEST_F(CompletionInBash, CompletesCommandsOptionsKindsAndNames) {
   const std::string keys =
-      "zelk-metadata li\t--outp\tpl\t" + kInventory + "oper\tcom.acme.inventory.m\t\n";
+      "zelk-metadata lis\t--outp\tpl\t" + kInventory + "oper\tcom.acme.inventory.m\t\n";
   EXPECT_THAT(TypeInBash(keys).out, HasSubstr("<list><--output><plain><--source><" + kDataFolder +
                                               "/inventory.json><operation>"
                                               "<com.acme.inventory.machines>\n"));

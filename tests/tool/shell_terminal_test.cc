@@ -170,7 +170,7 @@ TEST_F(ShellOnATerminal, TakesUtf8InTheCLocale) {
   const TempFolder folder;
   const Shown shown = TypeInShell(
       folder.Path("state"), {{kPrompt, "explain \xc3\xa4\r"}, {kPrompt, "quit\r"}}, "LC_ALL=C; ");
-  EXPECT_THAT(shown.text, HasSubstr("unknown message id '\xc3\xa4'"));
+  EXPECT_THAT(shown.text, HasSubstr("unknown message or rule '\xc3\xa4'"));
 }
 
 TEST_F(ShellOnATerminal, HistoryThatCannotBeKeptIsNotAnError) {

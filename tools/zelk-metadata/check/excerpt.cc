@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <ostream>
 #include <string_view>
 #include <vector>
 
@@ -57,7 +58,7 @@ std::string Before(std::string_view bytes, std::size_t columns) {
 }
 
 std::string From(std::string_view bytes, std::size_t columns) {
-  const std::vector<std::string> characters = Characters(bytes.substr(0, kBytes));
+  const std::vector<std::string> characters = Characters(bytes);
   return Fitting(
       characters.begin(), characters.end(), columns,
       [](const std::string& text, const std::string& character) { return text + character; });
@@ -70,12 +71,23 @@ Excerpt ExcerptAt(const Analysis::Document& document, std::size_t offset, std::s
       (columns == 0 ? kColumns : std::max(columns, kLeastColumns)) - std::strlen(kCut);
   const std::string_view text = document.Text();
   const std::size_t begin = offset + 1 - document.PositionAt(offset).column;
-  std::size_t end = std::min(text.find('\n', offset), text.size());
-  if (end > offset && text[end - 1] == '\r') --end;
+  std::string_view rest = text.substr(offset, kBytes);
+  rest = rest.substr(0, rest.find('\n'));
+  if (!rest.empty() && rest.back() == '\r') rest.remove_suffix(1);
   const std::string before =
       Before(text.substr(begin, offset - begin), room / 2 - std::strlen(kCut));
   const std::size_t mark = Columns(before);
-  return {before + From(text.substr(offset, end - offset), room - mark), mark};
+  return {before + From(rest, room - mark), mark};
+}
+
+void WriteExcerpt(std::ostream& out, const Analysis::Document& document, std::size_t offset,
+                  std::size_t width) {
+  const std::string number = std::to_string(document.PositionAt(offset).line);
+  const std::size_t before = number.size() + 5;
+  const Excerpt excerpt = ExcerptAt(document, offset, width > before ? width - before : 0);
+  const std::string blank(number.size(), ' ');
+  out << "  " << number << " | " << excerpt.line << '\n';
+  out << "  " << blank << " | " << std::string(excerpt.mark, ' ') << "^\n";
 }
 
 }  // namespace Zelk::Tool::Check

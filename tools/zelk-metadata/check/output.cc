@@ -48,16 +48,6 @@ void WriteWrapped(std::ostream& out, const std::string& text, std::size_t width)
   }
 }
 
-void WriteExcerpt(std::ostream& out, const Analysis::Document& text, const Place& place,
-                  std::size_t width) {
-  const std::string number = std::to_string(place.position.line);
-  const std::size_t before = number.size() + 5;
-  const Excerpt excerpt = ExcerptAt(text, place.offset, width > before ? width - before : 0);
-  const std::string blank(number.size(), ' ');
-  out << "  " << number << " | " << excerpt.line << '\n';
-  out << "  " << blank << " | " << std::string(excerpt.mark, ' ') << "^\n";
-}
-
 void WriteProblem(std::ostream& out, const LoadReport& checked, const Problem& problem,
                   std::size_t width) {
   const std::string pointer = PointerText(problem);
@@ -66,7 +56,7 @@ void WriteProblem(std::ostream& out, const LoadReport& checked, const Problem& p
       fmt::format("{}: {}: {}{}{}", PlaceText(checked.file, problem), Word(problem.severity),
                   problem.Text(), pointer.empty() ? "" : " ", pointer),
       width);
-  if (problem.place && checked.text) WriteExcerpt(out, *checked.text, *problem.place, width);
+  if (problem.place && checked.text) WriteExcerpt(out, *checked.text, problem.place->offset, width);
   if (!problem.hint.empty()) WriteWrapped(out, "  " + problem.hint, width);
 }
 

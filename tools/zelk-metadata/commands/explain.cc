@@ -4,6 +4,7 @@
 #include "analysis/near.h"
 #include "explain/explanations.h"
 #include "language/invocation.h"
+#include "lint/rules.h"
 #include "render/layout.h"
 
 namespace Zelk::Tool {
@@ -71,18 +72,31 @@ ExitStatus List(const Invocation& call) {
   return ExitStatus::kOk;
 }
 
+ExitStatus ExplainRule(const Invocation& call, const Analysis::Lint::Rule& rule) {
+  if (call.WantsJson()) {
+    call.ShowJsonArray("rules", std::vector{&rule},
+                       [](JsonWriter& json, const auto* shown) { Lint::WriteJson(json, *shown); });
+  } else {
+    Page page(call.Out());
+    Lint::WritePage(page, rule);
+  }
+  return ExitStatus::kOk;
+}
+
 ExitStatus FailAsUnknown(const Invocation& call, const std::string& id) {
   std::vector<std::string> known;
   for (const Explain::Explanation& explanation : Explain::Explanations()) {
     known.push_back(explanation.id);
   }
-  return call.Fail(ExitStatus::kNotFound,
-                   fmt::format("unknown message id '{}'{}", id, Analysis::Suggestion(id, known)));
+  for (const Analysis::Lint::Rule* rule : Analysis::Lint::Rules()) known.emplace_back(rule->id);
+  return call.Fail(ExitStatus::kNotFound, fmt::format("unknown message or rule '{}'{}", id,
+                                                      Analysis::Suggestion(id, known)));
 }
 
 ExitStatus RunExplain(Invocation& call) {
   const std::string& id = call.Args().text;
   if (id.empty()) return List(call);
+  if (const auto* const rule = Analysis::Lint::FindRule(id)) return ExplainRule(call, *rule);
   std::vector<Explain::Explanation> found;
   if (const Explain::Explanation* const explanation = Explain::Find(id)) {
     found.push_back(*explanation);
@@ -100,9 +114,11 @@ ExitStatus RunExplain(Invocation& call) {
 Command ExplainCommand() {
   Command command;
   command.name = "explain";
-  command.summary = "Explain a message: what it means, what causes it, how to fix it";
-  command.details = "Without an ID, all messages are listed.\n";
-  command.operands = {{"ID", Word::kMessageId, false, "The id of a message", &Arguments::text}};
+  command.summary = "Explain a message or a rule: what it means, what causes it, how to fix it";
+  command.details =
+      "Without an ID, all messages are listed; lint --list-rules lists the rules.\n";
+  command.operands = {
+      {"ID", Word::kMessageId, false, "The id of a message or of a rule", &Arguments::text}};
   command.outputs = {"text", "json"};
   command.example = "explain zelk.metadata.json.missing.field";
   command.run = RunExplain;

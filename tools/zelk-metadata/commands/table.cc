@@ -9,6 +9,7 @@
   ROW(Delete)                   \
   ROW(Reload)                   \
   ROW(Check)                    \
+  ROW(Lint)                     \
   ROW(Explain)                  \
   ROW(Tree)                     \
   ROW(List)                     \

@@ -154,22 +154,6 @@ void Read(LoadReport& report, const DomainRow& row, Care care) {
   AddUnlisted(report, reading.unlisted);
 }
 
-/// Empty for anything but a regular file, for a file that cannot be read and for one of more than
-/// kMaxFileSize bytes.
-std::optional<std::string> TextOf(const std::string& path) {
-  std::error_code error;
-  // Opening a pipe would wait for a writer.
-  if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
-  const std::uintmax_t size = std::filesystem::file_size(path, error);
-  if (error || size > kMaxFileSize) return std::nullopt;
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  std::string text(size, '\0');
-  file.read(text.data(), static_cast<std::streamsize>(size));
-  text.resize(static_cast<std::size_t>(file.gcount()));
-  return text;
-}
-
 /// Whether the text may have the root key of another domain. Only then is it read once more.
 bool MayHaveOtherRoot(const std::string& text, const DomainRow& row, const DomainTable& table) {
   return std::any_of(table.begin(), table.end(), [&](const DomainRow& other) {
@@ -257,6 +241,20 @@ bool IsBlank(std::string_view text) {
 }
 
 }  // namespace
+
+std::optional<std::string> TextOf(const std::string& path) {
+  std::error_code error;
+  // Opening a pipe would wait for a writer.
+  if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
+  const std::uintmax_t size = std::filesystem::file_size(path, error);
+  if (error || size > kMaxFileSize) return std::nullopt;
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return std::nullopt;
+  std::string text(size, '\0');
+  file.read(text.data(), static_cast<std::streamsize>(size));
+  text.resize(static_cast<std::size_t>(file.gcount()));
+  return text;
+}
 
 bool LoadReport::IsLoaded() const {
   return std::none_of(problems.begin(), problems.end(),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,10 @@
 #include "host/source_argument.h"
 
 namespace Zelk::Tool {
+
+/// The bytes of the file; empty for anything but a regular file, for a file that cannot be read and
+/// for one that is too large to be loaded.
+std::optional<std::string> TextOf(const std::string& path);
 
 /// What loading a file gave.
 struct LoadReport {

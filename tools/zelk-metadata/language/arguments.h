@@ -46,6 +46,18 @@ struct Arguments {
   bool is_regex = false;
   bool is_expanded = false;
   std::size_t limit = std::numeric_limits<std::size_t>::max();
+
+  /// Of `lint`.
+  std::vector<std::string> groups;
+  std::vector<std::string> rules;
+  std::vector<std::string> except;
+  std::string fail_on;
+  std::string baseline;
+  std::string new_baseline;
+  std::string config;
+  bool show_suppressed = false;
+  bool list_rules = false;
+
   std::size_t depth = std::numeric_limits<std::size_t>::max();
 };
 

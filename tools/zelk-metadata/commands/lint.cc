@@ -1,0 +1,222 @@
+#include <algorithm>
+#include <fmt/format.h>
+#include <fstream>
+#include <iterator>
+#include <set>
+
+#include "analysis/near.h"
+#include "host/project_file.h"
+#include "language/invocation.h"
+#include "lint/choices.h"
+#include "lint/input.h"
+#include "lint/report.h"
+#include "lint/rules.h"
+#include "render/table.h"
+
+namespace Zelk::Tool {
+namespace {
+
+using Analysis::Severity;
+using Analysis::Lint::Rule;
+using Rules = std::vector<const Rule*>;
+
+std::vector<std::string> GroupNames() {
+  std::vector<std::string> names;
+  for (std::uint8_t group = 0; group < Analysis::Lint::kGroups; ++group) {
+    names.emplace_back(Analysis::Lint::Word(static_cast<Analysis::Lint::Group>(group)));
+  }
+  return names;
+}
+
+std::vector<std::string> RuleNames() {
+  std::vector<std::string> names;
+  for (const Rule* rule : Analysis::Lint::Rules()) names.emplace_back(rule->id);
+  return names;
+}
+
+bool Has(const std::vector<std::string>& words, const std::string& word) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+/// The complaint about the first of the words that is not known; empty if all are.
+std::string Unknown(const char* what, const std::vector<std::string>& words,
+                    const std::vector<std::string>& known) {
+  for (const std::string& word : words) {
+    if (Has(known, word)) continue;
+    return fmt::format("unknown {} '{}'{}", what, word, Analysis::Suggestion(word, known));
+  }
+  return "";
+}
+
+/// What is wrong with the options; empty if nothing is.
+std::string ProblemOf(const Arguments& arguments) {
+  for (const std::string& problem : {Unknown("group", arguments.groups, GroupNames()),
+                                     Unknown("rule", arguments.rules, RuleNames()),
+                                     Unknown("rule", arguments.except, RuleNames())}) {
+    if (!problem.empty()) return problem;
+  }
+  if (arguments.fail_on.empty()) return "";
+  return Unknown("severity", {arguments.fail_on}, {"error", "warning", "note", "never"});
+}
+
+/// Those of the groups and those that are named, or all by default.
+Rules ChosenRules(const Arguments& arguments, const std::set<std::string>& off) {
+  Rules chosen;
+  const bool has_choice = !arguments.groups.empty() || !arguments.rules.empty();
+  for (const Rule* rule : Analysis::Lint::Rules()) {
+    const bool is_in_group = Has(arguments.groups, Analysis::Lint::Word(rule->group));
+    const bool is_wanted =
+        Has(arguments.rules, rule->id) ||
+        (!rule->is_off && off.count(rule->id) == 0 && (is_in_group || !has_choice));
+    if (is_wanted && !Has(arguments.except, rule->id)) chosen.push_back(rule);
+  }
+  return chosen;
+}
+
+std::optional<Severity> FailOn(const std::string& word) {
+  if (word.empty()) return Severity::kError;
+  for (const Severity severity : {Severity::kError, Severity::kWarning, Severity::kNote}) {
+    if (word == Analysis::Lint::Word(severity)) return severity;
+  }
+  return std::nullopt;
+}
+
+ExitStatus ListRules(Invocation& call) {
+  if (call.WantsJson()) {
+    call.ShowJsonArray("rules", Rules(Analysis::Lint::Rules()),
+                       [](JsonWriter& json, const Rule* rule) { Lint::WriteJson(json, *rule); });
+    return ExitStatus::kOk;
+  }
+  Table table({"rule", "group", "severity", "decided by", "checks"});
+  for (const Rule* rule : Analysis::Lint::Rules()) {
+    table.Add({rule->id, Analysis::Lint::Word(rule->group),
+               rule->is_off ? std::string("off") : Analysis::Lint::Word(rule->severity),
+               Analysis::Lint::Word(rule->decided_by), rule->title});
+  }
+  call.Show(table);
+  return ExitStatus::kOk;
+}
+
+/// The operands and every --source; without operands, also the default sources.
+std::vector<SourceArgument> InputsOf(Invocation& call) {
+  const Arguments& arguments = call.Args();
+  std::vector<SourceArgument> inputs;
+  for (const std::string& file : arguments.files) {
+    inputs.push_back({DefaultSourceId(file), file});
+  }
+  const auto sources = inputs.empty() ? call.Sources() : arguments.sources;
+  std::transform(sources.begin(), sources.end(), std::back_inserter(inputs), ParseSourceArgument);
+  return inputs;
+}
+
+void Show(const Invocation& call, const Lint::Report& report) {
+  const std::string& output = call.Args().output;
+  if (call.WantsJson()) {
+    call.ShowJson([&](JsonWriter& json) { WriteJson(json, report); });
+  } else if (output == "github") {
+    WriteGithub(call.Out(), report);
+  } else if (output == "sarif") {
+    WriteSarif(call.Out(), report);
+  } else if (output == "junit") {
+    WriteJunit(call.Out(), report);
+  } else {
+    WriteText(call.Out(), report);
+  }
+}
+
+/// Accepts all that the report has.
+ExitStatus WriteBaseline(const Invocation& call, const Lint::Report& report) {
+  const std::string& path = call.Args().new_baseline;
+  std::ofstream file(path, std::ios::binary);
+  Lint::WriteBaseline(file, report);
+  if (file.flush()) return ExitStatus::kOk;
+  return call.Fail(ExitStatus::kOutputLost, path + ": the baseline could not be written");
+}
+
+ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& inputs,
+                      Lint::Choices choices) {
+  const Arguments& arguments = call.Args();
+  Lint::Input input = Lint::ReadInput(inputs, call.GetStreams().in);
+  for (const Unreadable& file : input.unreadable) call.Complain(file.file + ": " + file.reason);
+  Lint::Report report;
+  report.workspace = std::make_unique<const Analysis::Lint::Workspace>(std::move(input.files),
+                                                                       std::move(choices.settings));
+  report.failed = std::move(input.failed);
+  report.configuration_file = choices.configuration_file;
+  report.baseline_file = arguments.baseline;
+  report.fail_on = FailOn(arguments.fail_on);
+  report.shows_suppressed = arguments.show_suppressed || arguments.output == "sarif";
+  report.result = Analysis::Lint::Lint(*report.workspace, ChosenRules(arguments, choices.off),
+                                       choices.suppressions);
+  report.unreadable = input.unreadable.size();
+  const bool has_failed = report.unreadable > 0 || !report.failed.empty();
+  if (!arguments.new_baseline.empty()) {
+    const ExitStatus status = WriteBaseline(call, report);
+    return has_failed && status == ExitStatus::kOk ? ExitStatus::kSourceFailed : status;
+  }
+  Show(call, report);
+  if (has_failed) return ExitStatus::kSourceFailed;
+  return Summarize(report).is_failed ? ExitStatus::kFound : ExitStatus::kOk;
+}
+
+/// What the files of a set say wrong without the library's noticing.
+ExitStatus RunLint(Invocation& call) {
+  const Arguments& arguments = call.Args();
+  const std::string problem = ProblemOf(arguments);
+  if (!problem.empty()) return call.Fail(ExitStatus::kUsage, problem);
+  if (arguments.list_rules) return ListRules(call);
+  const std::vector<SourceArgument> inputs = InputsOf(call);
+  if (inputs.empty()) {
+    return call.Fail(ExitStatus::kUsage, "a FILE or --source is missing; try lint --help");
+  }
+  const bool reads_input = std::any_of(inputs.begin(), inputs.end(),
+                                       [](const auto& input) { return input.path == "-"; });
+  if (reads_input && !call.MayReadInput()) return ExitStatus::kUsage;
+  const std::string config =
+      arguments.config.empty() ? FindProjectFile().value_or("") : arguments.config;
+  Lint::Choices choices = Lint::ReadChoices(config, arguments.baseline);
+  for (const std::string& complaint : choices.complaints) call.Complain(complaint);
+  if (!choices.complaints.empty()) return ExitStatus::kUsage;
+  return LintInputs(call, inputs, std::move(choices));
+}
+
+}  // namespace
+
+Command LintCommand() {
+  Command command;
+  command.name = "lint";
+  command.summary = "Find mistakes that load without a message, in one file and between files";
+  command.details =
+      "All files are looked at together, as one host that has loaded them. Rules that need files "
+      "of "
+      "a\ndomain that is not there are skipped. The exit status is 5 if something at or above "
+      "--fail-on\nis found.\n\n";
+  command.operands = {{"FILE", Word::kPath, false,
+                       "Metadata files, folders, or - for standard input", &Arguments::files}};
+  command.options = {
+      {"only", "GROUP", Word::kText, "Run the rules of the group; may be given several times",
+       &Arguments::groups},
+      {"rule", "ID", Word::kText, "Run the rule; may be given several times", &Arguments::rules},
+      {"except", "ID", Word::kText, "Do not run the rule; may be given several times",
+       &Arguments::except},
+      {"fail-on", "SEVERITY", Word::kText,
+       "The least severity that fails: error (unless given), warning, note or never",
+       &Arguments::fail_on},
+      {"baseline", "FILE", Word::kPath, "Hide the findings that the file lists",
+       &Arguments::baseline},
+      {"write-baseline", "FILE", Word::kPath,
+       "Write the findings to the file in place of showing them", &Arguments::new_baseline},
+      {"config", "FILE", Word::kPath,
+       "What the project chose, in place of the nearest .zelk-metadata.json", &Arguments::config},
+      {"show-suppressed", "", Word::kNone, "Show what is suppressed, too",
+       &Arguments::show_suppressed},
+      {"list-rules", "", Word::kNone, "List the rules, and do nothing else",
+       &Arguments::list_rules},
+  };
+  command.outputs = {"text", "json", "github", "sarif", "junit"};
+  command.example = "lint metadata --fail-on warning --only loader";
+  command.run = RunLint;
+  return command;
+}
+
+}  // namespace Zelk::Tool

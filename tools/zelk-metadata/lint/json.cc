@@ -1,0 +1,95 @@
+#include "lint/report.h"
+
+namespace Zelk::Tool::Lint {
+namespace {
+
+constexpr std::array<const char*, 4> kSuppressedBy{"", "$lint", "configuration", "baseline"};
+
+boost::optional<std::string> OrNull(const std::string& text) {
+  return text.empty() ? boost::none : boost::optional<std::string>(text);
+}
+
+void WriteNumber(JsonWriter& json, const char* key, std::size_t number) {
+  json.Key(key);
+  json.Number(number);
+}
+
+void WriteEntry(JsonWriter& json, const Entry& entry) {
+  json.StartObject();
+  json.Member("rule", entry.rule);
+  json.Member("severity", Analysis::Lint::Word(entry.severity));
+  json.Member("message", entry.message);
+  json.Member("hint", OrNull(entry.hint));
+  json.Member("file", entry.file);
+  for (const char* const key : {"line", "column"}) {
+    json.Key(key);
+    if (!entry.position) {
+      json.Null();
+    } else {
+      json.Number(key[0] == 'l' ? entry.position->line : entry.position->column);
+    }
+  }
+  json.Member("pointer",
+              entry.pointer ? boost::optional<std::string>(*entry.pointer) : boost::none);
+  json.Member("element", OrNull(entry.element));
+  json.Member("fingerprint", OrNull(entry.fingerprint));
+  json.Member("suppressed_by",
+              OrNull(kSuppressedBy.at(static_cast<std::size_t>(entry.suppressed_by))));
+  json.EndObject();
+}
+
+void WriteSummary(JsonWriter& json, const Summary& summary) {
+  json.StartObject();
+  WriteNumber(json, "files", summary.files);
+  WriteNumber(json, "failed", summary.failed);
+  WriteNumber(json, "errors", summary.findings[0]);
+  WriteNumber(json, "warnings", summary.findings[1]);
+  WriteNumber(json, "notes", summary.findings[2]);
+  WriteNumber(json, "unlisted", summary.unlisted);
+  json.Key("suppressed");
+  json.StartObject();
+  for (std::size_t by = 1; by < summary.suppressed.size(); ++by) {
+    WriteNumber(json, kSuppressedBy.at(by), summary.suppressed.at(by));
+  }
+  json.EndObject();
+  json.Key("skipped");
+  json.StartObject();
+  for (const Analysis::Domain domain : Analysis::Lint::kDomains) {
+    WriteNumber(json, Analysis::FormatOf(domain).root_key,
+                summary.skipped.at(static_cast<std::size_t>(domain)));
+  }
+  json.EndObject();
+  json.EndObject();
+}
+
+}  // namespace
+
+void WriteBaseline(std::ostream& out, const Report& report) {
+  JsonWriter json;
+  json.StartObject();
+  WriteNumber(json, "version", 1);
+  json.Key("findings");
+  json.StartArray();
+  report.ForEach([&](const Entry& entry) {
+    if (entry.fingerprint.empty() || entry.suppressed_by != SuppressedBy::kNothing) return;
+    json.StartObject();
+    json.Member("rule", entry.rule);
+    json.Member("fingerprint", entry.fingerprint);
+    json.Member("element", entry.element);
+    json.EndObject();
+  });
+  json.EndArray();
+  json.EndObject();
+  json.WriteTo(out, true);
+}
+
+void WriteJson(JsonWriter& json, const Report& report) {
+  json.Key("findings");
+  json.StartArray();
+  report.ForEach([&](const Entry& entry) { WriteEntry(json, entry); });
+  json.EndArray();
+  json.Key("summary");
+  WriteSummary(json, Summarize(report));
+}
+
+}  // namespace Zelk::Tool::Lint

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "analysis/lint/rule.h"
+#include "render/json_writer.h"
+#include "render/page.h"
+
+namespace Zelk::Tool::Lint {
+
+/// What is known about a rule, for people.
+void WritePage(Page& page, const Analysis::Lint::Rule& rule);
+
+/// The same as one object.
+void WriteJson(JsonWriter& json, const Analysis::Lint::Rule& rule);
+
+}  // namespace Zelk::Tool::Lint

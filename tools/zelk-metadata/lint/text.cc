@@ -1,0 +1,78 @@
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+#include <ostream>
+
+#include "check/excerpt.h"
+#include "lint/report.h"
+#include "render/utf8.h"
+
+namespace Zelk::Tool::Lint {
+namespace {
+
+std::string Counted(std::size_t count, const std::string& word) {
+  return fmt::format("{} {}{}", count, word, count == 1 ? "" : "s");
+}
+
+std::string FoundText(const Summary& summary) {
+  std::vector<std::string> parts;
+  for (const Severity severity : {Severity::kError, Severity::kWarning, Severity::kNote}) {
+    const std::size_t count = summary.findings.at(static_cast<std::size_t>(severity));
+    if (count > 0) parts.push_back(Counted(count, Analysis::Lint::Word(severity)));
+  }
+  return parts.empty() ? "nothing found" : fmt::format("{}", fmt::join(parts, ", "));
+}
+
+std::string SuppressedText(const Summary& summary) {
+  const char* const sources[] = {"$lint", "the configuration", "the baseline"};
+  std::vector<std::string> parts;
+  std::size_t all = 0;
+  for (std::size_t by = 1; by < summary.suppressed.size(); ++by) {
+    const std::size_t count = summary.suppressed.at(by);
+    if (count > 0) parts.push_back(fmt::format("{} by {}", count, sources[by - 1]));
+    all += count;
+  }
+  return all == 0 ? "" : fmt::format("{} suppressed ({})", all, fmt::join(parts, ", "));
+}
+
+std::string Verdict(const Report& report, const Summary& summary) {
+  if (summary.failed == 1) return "failed: a file does not load";
+  if (summary.failed > 1) return fmt::format("failed: {} files do not load", summary.failed);
+  if (!summary.is_failed) return "passed";
+  return fmt::format("failed: found something at or above '{}'",
+                     Analysis::Lint::Word(*report.fail_on));
+}
+
+void WriteSummary(std::ostream& out, const Report& report) {
+  const Summary summary = Summarize(report);
+  out << Counted(summary.files, "file") << ": " << FoundText(summary) << '\n';
+  if (summary.unlisted > 0) out << Counted(summary.unlisted, "finding") << " more not listed\n";
+  const std::string suppressed = SuppressedText(summary);
+  if (!suppressed.empty()) out << suppressed << '\n';
+  for (std::size_t domain = 0; domain < summary.skipped.size(); ++domain) {
+    const std::size_t count = summary.skipped.at(domain);
+    if (count == 0) continue;
+    out << Counted(count, "rule") << (count == 1 ? " needs" : " need") << " a file of the domain "
+        << Analysis::FormatOf(static_cast<Analysis::Domain>(domain)).root_key << '\n';
+  }
+  out << Verdict(report, summary) << '\n';
+}
+
+void WriteEntry(std::ostream& out, const Entry& entry) {
+  std::string head = entry.file;
+  if (entry.position) head += fmt::format(":{}:{}", entry.position->line, entry.position->column);
+  const bool is_suppressed = entry.suppressed_by != SuppressedBy::kNothing;
+  out << ForTerminal(fmt::format("{}: {}{}: {} [{}]", head, is_suppressed ? "suppressed " : "",
+                                 Analysis::Lint::Word(entry.severity), entry.message, entry.rule))
+      << '\n';
+  if (entry.text != nullptr) Check::WriteExcerpt(out, *entry.text, entry.offset);
+  if (!entry.hint.empty()) out << "  " << ForTerminal(entry.hint) << '\n';
+}
+
+}  // namespace
+
+void WriteText(std::ostream& out, const Report& report) {
+  report.ForEach([&](const Entry& entry) { WriteEntry(out, entry); });
+  WriteSummary(out, report);
+}
+
+}  // namespace Zelk::Tool::Lint

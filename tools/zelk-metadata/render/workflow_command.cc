@@ -1,0 +1,37 @@
+#include "render/workflow_command.h"
+
+#include <fmt/format.h>
+#include <ostream>
+#include <string_view>
+
+#include "render/utf8.h"
+
+namespace Zelk::Tool {
+namespace {
+
+/// With what would end a workflow command, or begin another, written as GitHub reads it; other
+/// control characters are made harmless.
+std::string Escaped(const std::string& text, std::string_view also) {
+  std::string escaped;
+  for (const char byte : text) {
+    const bool is_special =
+        byte == '%' || byte == '\r' || byte == '\n' || also.find(byte) != std::string_view::npos;
+    escaped +=
+        is_special ? fmt::format("%{:02X}", static_cast<unsigned>(byte)) : std::string(1, byte);
+  }
+  return ForTerminal(escaped);
+}
+
+std::string EscapedProperty(const std::string& text) {
+  return Escaped(text, ":,");
+}
+
+}  // namespace
+
+void Write(std::ostream& out, const WorkflowCommand& command) {
+  out << "::" << command.name << " file=" << EscapedProperty(command.file);
+  if (command.line > 0) out << ",line=" << command.line << ",col=" << command.column;
+  out << ",title=" << EscapedProperty(command.title) << "::" << Escaped(command.text, "") << '\n';
+}
+
+}  // namespace Zelk::Tool
