@@ -102,8 +102,6 @@ class Findings {
 
   static constexpr std::size_t kMost = 100000;
 
-  /// Names may be long, and be part of the paths of many elements.
-
  private:
   void SetFingerprints();
 

@@ -188,9 +188,8 @@ Command LintCommand() {
   command.summary = "Find mistakes that load without a message, in one file and between files";
   command.details =
       "All files are looked at together, as one host that has loaded them. Rules that need files "
-      "of "
-      "a\ndomain that is not there are skipped. The exit status is 5 if something at or above "
-      "--fail-on\nis found.\n\n";
+      "of a domain that is not there are skipped. The exit status is 5 if something at or above "
+      "--fail-on is found.\n";
   command.operands = {{"FILE", Word::kPath, false,
                        "Metadata files, folders, or - for standard input", &Arguments::files}};
   command.options = {
