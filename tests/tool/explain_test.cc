@@ -140,7 +140,7 @@ TEST(Explain, AllIdsAreListedWithTheirTexts) {
 }
 
 TEST(Explain, UnrelatedWordGetsNoSuggestion) {
-  EXPECT_EQ(RunTool({"explain", "nope"}).err, "zelk-metadata: unknown message id 'nope'\n");
+  EXPECT_EQ(RunTool({"explain", "nope"}).err, "zelk-metadata: unknown message or rule 'nope'\n");
 }
 
 TEST(Explain, PageHasMeaningCauseExampleAndFix) {
