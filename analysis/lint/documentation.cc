@@ -51,10 +51,9 @@ void MissingDocumentation(const Workspace& workspace, Findings& findings) {
       const NodeId text = TextOf(document, element.node);
       if (text == kNoNode || !SaysNothing(document.String(text), element.name)) continue;
       const std::string key(document.Key(text));
-      findings.Add(PlaceOf(model, id, text),
-                   {"the " + key + " of the " + Word(element.kind) + " '" +
-                        Shortened(element.name) + "' says nothing",
-                    key, "", *severity});
+      findings.Add(PlaceOf(model, id, text), {"the " + key + " of the " + Word(element.kind) +
+                                                  " '" + Shortened(element.name) + "' says nothing",
+                                              key, "", *severity});
     }
   }
 }

@@ -111,10 +111,10 @@ void OperationWithoutPackage(const Workspace& workspace, Findings& findings) {
     if (element.fate != Fate::kIgnored) return;
     const std::string service(OwnerOf(element.name));
     const Element& cause = model[first.at(element.parent)];
-    findings.Add(PlaceOf(model, id), {"the operation is lost, because the service '" +
-                                          Shortened(OwnerOf(cause.name)) + "' of '" +
-                                          Shortened(cause.name) + "' is in no package",
-                                      service});
+    findings.Add(PlaceOf(model, id),
+                 {"the operation is lost, because the service '" + Shortened(OwnerOf(cause.name)) +
+                      "' of '" + Shortened(cause.name) + "' is in no package",
+                  service});
   });
 }
 

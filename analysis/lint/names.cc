@@ -79,7 +79,7 @@ void UnqualifiedName(const Workspace& workspace, Findings& findings) {
     const bool is_whole = element.kind == ElementKind::kPackage && element.name == owner.name;
     if (is_whole || IsIn(element.name, owner.name)) continue;
     findings.Add(PlaceOf(model, id), {"the name of " + Called(model, id) +
-                                          " does not begin with '" + Shortened(owner.name) + ".'"});
+                                      " does not begin with '" + Shortened(owner.name) + ".'"});
   }
 }
 

@@ -168,9 +168,10 @@ Fix:
 
 TEST(Explain, UnknownIdGetsSuggestions) {
   const ToolRun run = RunTool({"explain", "zelk.metadata.json.missing.fiels"});
-  EXPECT_EQ(run.err,
-            "zelk-metadata: unknown message or rule 'zelk.metadata.json.missing.fiels'; did you mean "
-            "zelk.metadata.json.missing.field?\n");
+  EXPECT_EQ(
+      run.err,
+      "zelk-metadata: unknown message or rule 'zelk.metadata.json.missing.fiels'; did you mean "
+      "zelk.metadata.json.missing.field?\n");
   EXPECT_EQ(run.out, "");
   EXPECT_EQ(run.status, 3);
 }

@@ -115,8 +115,7 @@ Command ExplainCommand() {
   Command command;
   command.name = "explain";
   command.summary = "Explain a message or a rule: what it means, what causes it, how to fix it";
-  command.details =
-      "Without an ID, all messages are listed; lint --list-rules lists the rules.\n";
+  command.details = "Without an ID, all messages are listed; lint --list-rules lists the rules.\n";
   command.operands = {
       {"ID", Word::kMessageId, false, "The id of a message or of a rule", &Arguments::text}};
   command.outputs = {"text", "json"};
