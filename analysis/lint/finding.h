@@ -28,7 +28,7 @@ struct Place {
 };
 
 /// Where the element has its name, or if it has none, where it begins.
-Place PlaceOf(const Model& model, ElementId element);
+Place PlaceOf(const Model& model, ElementId id);
 
 /// A value that belongs to the element.
 Place PlaceOf(const Model& model, ElementId element, NodeId value);
