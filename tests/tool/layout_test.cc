@@ -10,6 +10,7 @@
 
 using testing::ElementsAre;
 using Zelk::Tool::Columns;
+using Zelk::Tool::Cut;
 using Zelk::Tool::InColumns;
 using Zelk::Tool::Page;
 using Zelk::Tool::PrintError;
@@ -33,6 +34,14 @@ std::string Written(const Write& write) {
 }
 
 }  // namespace
+
+TEST(Layout, TextThatIsTooWideIsCut) {
+  EXPECT_EQ(Cut("abcdefgh", 0), "abcdefgh");
+  EXPECT_EQ(Cut("abcdefgh", 8), "abcdefgh");
+  EXPECT_EQ(Cut("abcdefgh", 7), "abcd...");
+  EXPECT_EQ(Cut("\u4e00\u4e8c\u4e09\u56db", 7), "\u4e00\u4e8c...") << "two columns each";
+  EXPECT_EQ(Cut("\u4e00\u4e8c\u4e09\u56db", 6), "\u4e00...") << "no half of a character";
+}
 
 TEST(Layout, ColumnsAreThoseThatATerminalFills) {
   EXPECT_EQ(Columns("abc"), 3U);

@@ -35,7 +35,7 @@ void Add(Tally& tally, const LoadReport& report) {
 class Progressing {
  public:
   explicit Progressing(const Streams& streams)
-      : progress_(streams.err, streams.err_terminal.is_terminal, kPatience) {}
+      : progress_(streams.err, streams.err_terminal, kPatience) {}
 
   void Show(const std::string& text) { progress_.Show(text); }
 

@@ -85,6 +85,18 @@ std::size_t Columns(const std::string& text) {
   return columns;
 }
 
+std::string Cut(const std::string& text, std::size_t width) {
+  if (width == 0 || Columns(text) <= width) return text;
+  constexpr std::string_view kDots = "...";
+  std::string cut;
+  std::size_t columns = kDots.size();
+  ForEachCharacter(text, [&](std::uint32_t code, std::string_view bytes) {
+    columns += ColumnsOf(code);
+    if (columns <= width) cut += bytes;
+  });
+  return cut.append(kDots);
+}
+
 std::vector<std::string> Wrapped(const std::string& text, std::size_t width, std::size_t hanging) {
   if (width == 0 || Columns(text) <= width) return {text};
   const std::size_t indent = std::min(text.find_first_not_of(' '), text.size());

@@ -9,6 +9,10 @@ namespace Zelk::Tool {
 /// How many columns of a terminal a text takes that has been made harmless (see ForTerminal).
 std::size_t Columns(const std::string& text);
 
+/// As much of the text as `width` columns have room for, with dots for the rest. A width of 0 cuts
+/// nothing.
+std::string Cut(const std::string& text, std::size_t width);
+
 /// The text broken between words, and between ideographs, into lines of at most `width` columns.
 /// Blanks at its beginning are kept in front of every line, and all lines but the first are
 /// indented by `hanging` more. A word that is wider has a line of its own. A width of 0 breaks

@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "render/layout.h"
 #include "render/utf8.h"
 
 namespace Zelk::Tool {
@@ -12,8 +13,9 @@ constexpr char kWipe[] = "\r\x1b[K";
 
 }  // namespace
 
-Progress::Progress(std::ostream& err, bool shown, std::chrono::milliseconds patience) : err_(err) {
-  if (shown) watcher_ = std::thread([this, patience] { Watch(patience); });
+Progress::Progress(std::ostream& err, const Terminal& terminal, std::chrono::milliseconds patience)
+    : err_(err), width_(terminal.width) {
+  if (terminal.is_terminal) watcher_ = std::thread([this, patience] { Watch(patience); });
 }
 
 Progress::~Progress() {
@@ -30,7 +32,7 @@ void Progress::Show(const std::string& text) {
   if (!watcher_.joinable()) return;
   {
     const std::lock_guard<std::mutex> lock(mutex_);
-    text_ = ForTerminal(text);
+    text_ = Cut(ForTerminal(text), width_);
     is_new_ = true;
   }
   changed_.notify_one();

@@ -8,14 +8,16 @@
 #include <string>
 #include <thread>
 
+#include "render/terminal.h"
+
 namespace Zelk::Tool {
 
 /// Shows on a terminal what is being done, once it takes long, and removes it at the end. Nothing
 /// else may write to the stream meanwhile.
 class Progress {
  public:
-  /// Silent when `shown` is false.
-  Progress(std::ostream& err, bool shown, std::chrono::milliseconds patience);
+  /// Silent if the stream is not a terminal. What is wider than the terminal is cut.
+  Progress(std::ostream& err, const Terminal& terminal, std::chrono::milliseconds patience);
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
   ~Progress();
@@ -27,6 +29,7 @@ class Progress {
   void Watch(std::chrono::milliseconds patience);
 
   std::ostream& err_;
+  const std::size_t width_;
   std::mutex mutex_;
   std::condition_variable changed_;
   std::string text_;
