@@ -2,13 +2,12 @@
 #include <array>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
-#include <fstream>
 #include <memory>
-#include <sstream>
 
 #include "analysis/format.h"
 #include "analysis/lint/workspace.h"
 #include "analysis/near.h"
+#include "host/load.h"
 #include "language/invocation.h"
 #include "language/operands.h"
 
@@ -58,19 +57,13 @@ Names UsedKindNames() {
   return names;
 }
 
-std::string TextOf(const std::string& path) {
-  std::ostringstream text;
-  text << std::ifstream(path, std::ios::binary).rdbuf();
-  return text.str();
-}
-
 std::unique_ptr<const Workspace> ReadSources(Host& host) {
   std::vector<Analysis::Lint::File> files;
   for (const LoadedSource& loaded : host.Sources()) {
-    files.push_back(
-        {ShownName(loaded.source),
-         Analysis::FindFormat(loaded.row->root_key)->domain,
-         {loaded.source.id, std::make_shared<Analysis::Document>(TextOf(loaded.source.path))}});
+    files.push_back({ShownName(loaded.source),
+                     Analysis::FindFormat(loaded.row->root_key)->domain,
+                     {loaded.source.id, std::make_shared<Analysis::Document>(
+                                            TextOf(loaded.source.path).value_or(""))}});
   }
   return std::make_unique<Workspace>(std::move(files));
 }
