@@ -3,11 +3,11 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <ostream>
-#include <string_view>
 
 #include "check/excerpt.h"
 #include "render/layout.h"
 #include "render/utf8.h"
+#include "render/workflow_command.h"
 
 namespace Zelk::Tool::Check {
 namespace {
@@ -26,6 +26,18 @@ const char* Word(Severity severity) {
   return "note";
 }
 
+Style StyleOf(Severity severity) {
+  switch (severity) {
+    case Severity::kError:
+      return Style::kError;
+    case Severity::kWarning:
+      return Style::kWarning;
+    case Severity::kNote:
+      break;
+  }
+  return Style::kNote;
+}
+
 /// What GitHub calls it.
 const char* Command(Severity severity) {
   return severity == Severity::kNote ? "notice" : Word(severity);
@@ -38,63 +50,48 @@ std::string PointerText(const Problem& problem) {
   return pointer.empty() ? "at the root" : "at " + pointer;
 }
 
-/// The first line as far as it fits; the others are indented.
-void WriteWrapped(std::ostream& out, const std::string& text, std::size_t width) {
-  const char* indent = "";
-  for (const std::string& line :
-       Wrapped(ForTerminal(text), width > kIndent ? width - kIndent : 0)) {
-    out << indent << line << '\n';
-    indent = "    ";
+/// All lines but the first are indented. The first `word` is written in the style.
+void WriteWrapped(std::ostream& out, const std::string& text, const Terminal& terminal,
+                  const std::string& word, Style style) {
+  bool is_styled = false;
+  for (std::string& line : Wrapped(ForTerminal(text), terminal.width, kIndent)) {
+    const std::size_t at = is_styled ? std::string::npos : line.find(word);
+    is_styled = is_styled || at != std::string::npos;
+    if (at != std::string::npos) line.replace(at, word.size(), Styled(terminal, style, word));
+    out << line << '\n';
   }
 }
 
 void WriteProblem(std::ostream& out, const LoadReport& checked, const Problem& problem,
-                  std::size_t width) {
+                  const Terminal& terminal) {
   const std::string pointer = PointerText(problem);
-  WriteWrapped(
-      out,
-      fmt::format("{}: {}: {}{}{}", PlaceText(checked.file, problem), Word(problem.severity),
-                  problem.Text(), pointer.empty() ? "" : " ", pointer),
-      width);
-  if (problem.place && checked.text) WriteExcerpt(out, *checked.text, problem.place->offset, width);
-  if (!problem.hint.empty()) WriteWrapped(out, "  " + problem.hint, width);
-}
-
-/// With what would end a workflow command, or begin another, written as GitHub reads it; other
-/// control characters are made harmless.
-std::string Escaped(const std::string& text, std::string_view also) {
-  std::string escaped;
-  for (const char byte : text) {
-    const bool is_special =
-        byte == '%' || byte == '\r' || byte == '\n' || also.find(byte) != std::string_view::npos;
-    escaped +=
-        is_special ? fmt::format("%{:02X}", static_cast<unsigned>(byte)) : std::string(1, byte);
+  const std::string word = fmt::format("{}:", Word(problem.severity));
+  WriteWrapped(out,
+               fmt::format("{}: {} {}{}{}", PlaceText(checked.file, problem), word, problem.Text(),
+                           pointer.empty() ? "" : " ", pointer),
+               terminal, word, StyleOf(problem.severity));
+  if (problem.place && checked.text) {
+    WriteExcerpt(out, *checked.text, problem.place->offset, terminal.width);
   }
-  return ForTerminal(escaped);
+  if (problem.hint.empty()) return;
+  for (const std::string& line :
+       Wrapped(ForTerminal("  " + problem.hint), terminal.width, kIndent)) {
+    out << line << '\n';
+  }
 }
 
-std::string EscapedProperty(const std::string& text) {
-  return Escaped(text, ":,");
-}
-
-std::string EscapedData(const std::string& text) {
-  return Escaped(text, "");
-}
-
-void WriteCommand(std::ostream& out, const LoadReport& checked, const Problem& problem) {
-  out << "::" << Command(problem.severity) << " file=" << EscapedProperty(checked.file);
+WorkflowCommand CommandOf(const LoadReport& checked, const Problem& problem) {
+  WorkflowCommand command{Command(problem.severity), checked.file};
   if (problem.place) {
-    const Analysis::Position& position = problem.place->position;
-    out << ",line=" << position.line << ",col=" << position.column;
+    command.line = problem.place->position.line;
+    command.column = problem.place->position.column;
   }
-  std::string text = problem.words.empty() ? problem.message.Text() : problem.words;
+  if (!problem.message.id.empty()) command.title = problem.message.IdText();
+  command.text = problem.words.empty() ? problem.message.Text() : problem.words;
   for (const std::string& more : {problem.hint, PointerText(problem)}) {
-    if (!more.empty()) text += " (" + more + ")";
+    if (!more.empty()) command.text += " (" + more + ")";
   }
-  if (!problem.message.id.empty()) {
-    out << ",title=" << EscapedProperty(problem.message.IdText());
-  }
-  out << "::" << EscapedData(text) << '\n';
+  return command;
 }
 
 void WriteNumberOrNull(JsonWriter& json, const char* key, const std::optional<Place>& place,
@@ -132,7 +129,7 @@ void WriteProblem(JsonWriter& json, const Problem& problem) {
 
 void WriteCheckedText(std::ostream& out, const LoadReport& checked, const Terminal& terminal) {
   for (const Problem& problem : checked.problems) {
-    WriteProblem(out, checked, problem, terminal.width);
+    WriteProblem(out, checked, problem, terminal);
   }
 }
 
@@ -143,7 +140,7 @@ std::string LoadedText(const LoadReport& checked) {
 }
 
 void WriteCheckedCommands(std::ostream& out, const LoadReport& checked) {
-  for (const Problem& problem : checked.problems) WriteCommand(out, checked, problem);
+  for (const Problem& problem : checked.problems) Write(out, CommandOf(checked, problem));
 }
 
 void WriteCheckedJson(JsonWriter& json, const LoadReport& checked) {

@@ -31,7 +31,8 @@ std::string EscapedProperty(const std::string& text) {
 void Write(std::ostream& out, const WorkflowCommand& command) {
   out << "::" << command.name << " file=" << EscapedProperty(command.file);
   if (command.line > 0) out << ",line=" << command.line << ",col=" << command.column;
-  out << ",title=" << EscapedProperty(command.title) << "::" << Escaped(command.text, "") << '\n';
+  if (!command.title.empty()) out << ",title=" << EscapedProperty(command.title);
+  out << "::" << Escaped(command.text, "") << '\n';
 }
 
 }  // namespace Zelk::Tool
