@@ -7,7 +7,6 @@
 #include "domains/table.h"
 #include "host/interrupt.h"
 #include "language/invocation.h"
-#include "render/utf8.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -33,8 +32,8 @@ class Checking {
   ExitStatus End() {
     if (call_.WantsJson()) {
       WriteJson();
-    } else if (call_.Args().output != "github" && !call_.Args().quiet && Total() > 1) {
-      call_.Out() << Summary() << '\n';
+    } else if (call_.Args().output != "github" && !call_.Args().quiet) {
+      WriteEnd();
     }
     return errors_ == 0 ? ExitStatus::kOk : ExitStatus::kSourceFailed;
   }
@@ -61,7 +60,7 @@ class Checking {
     } else {
       Check::WriteCheckedText(call_.Out(), report, call_.GetStreams().out_terminal);
       if (report.IsLoaded() && !call_.Args().quiet) {
-        call_.Out() << ForTerminal(report.file) << ": " << Check::LoadedText(report) << '\n';
+        WriteLine(report.file + ": " + Check::LoadedText(report));
       }
     }
   }
@@ -73,6 +72,17 @@ class Checking {
     if (warnings_ > 0) text += fmt::format(", {} with warnings", warnings_);
     if (errors_ > 0) text += fmt::format(", {} with errors", errors_);
     return text;
+  }
+
+  void WriteEnd() const {
+    if (Total() > 1) WriteLine(Summary());
+    if (!call_.GetStreams().out_terminal.is_terminal || ok_ == 0 || errors_ > 0) return;
+    WriteLine(fmt::format("'{}lint' finds mistakes that load without a message.",
+                          call_.GetLanguage().program));
+  }
+
+  void WriteLine(const std::string& text) const {
+    Page(call_.Out(), call_.GetStreams().out_terminal).Line(0, text);
   }
 
   void WriteJson() const {
