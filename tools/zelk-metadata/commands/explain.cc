@@ -1,21 +1,12 @@
 #include <fmt/format.h>
-#include <ostream>
 
 #include "analysis/near.h"
 #include "explain/explanations.h"
 #include "language/invocation.h"
 #include "lint/rules.h"
-#include "render/layout.h"
 
 namespace Zelk::Tool {
 namespace {
-
-constexpr std::size_t kWidth = 76;
-
-void WriteSection(Page& page, const std::string& heading, const std::string& text) {
-  page.Heading(heading);
-  for (const std::string& line : Wrapped(text, kWidth)) page.Line(1, line);
-}
 
 void WriteExample(Page& page, const Explain::Example& example) {
   if (example.command.empty() && example.create_in.empty()) return;
@@ -32,14 +23,13 @@ void WriteExample(Page& page, const Explain::Example& example) {
   }
 }
 
-void WritePage(std::ostream& out, const Explain::Explanation& explanation) {
-  Page page(out);
+void WritePage(Page page, const Explain::Explanation& explanation) {
   page.Line(0, explanation.id);
   page.Line(1, explanation.text);
-  WriteSection(page, "Means:", explanation.meaning);
-  WriteSection(page, "Usual cause:", explanation.cause);
+  page.Section("Means:", explanation.meaning);
+  page.Section("Usual cause:", explanation.cause);
   WriteExample(page, explanation.example);
-  WriteSection(page, "Fix:", explanation.fix);
+  page.Section("Fix:", explanation.fix);
 }
 
 void WriteJson(JsonWriter& json, const Explain::Explanation& explanation) {
@@ -77,7 +67,7 @@ ExitStatus ExplainRule(const Invocation& call, const Analysis::Lint::Rule& rule)
     call.ShowJsonArray("rules", std::vector{&rule},
                        [](JsonWriter& json, const auto* shown) { Lint::WriteJson(json, *shown); });
   } else {
-    Page page(call.Out());
+    Page page(call.Out(), call.GetStreams().out_terminal);
     Lint::WritePage(page, rule);
   }
   return ExitStatus::kOk;
@@ -104,7 +94,7 @@ ExitStatus RunExplain(Invocation& call) {
   if (call.WantsJson()) {
     call.ShowJsonArray("messages", found, WriteJson);
   } else if (!found.empty()) {
-    WritePage(call.Out(), found.front());
+    WritePage(Page(call.Out(), call.GetStreams().out_terminal), found.front());
   }
   return found.empty() ? FailAsUnknown(call, id) : ExitStatus::kOk;
 }

@@ -2,19 +2,10 @@
 
 #include <fmt/format.h>
 
-#include "render/layout.h"
-
 namespace Zelk::Tool::Lint {
 namespace {
 
 using Analysis::Lint::Rule;
-
-constexpr std::size_t kWidth = 76;
-
-void WriteSection(Page& page, const std::string& heading, const std::string& text) {
-  page.Heading(heading);
-  for (const std::string& line : Wrapped(text, kWidth)) page.Line(1, line);
-}
 
 std::string SeverityText(const Rule& rule) {
   return rule.is_off ? fmt::format("{}, only if it is asked for with --rule",
@@ -37,8 +28,8 @@ void WritePage(Page& page, const Rule& rule) {
   page.Line(1, std::string(rule.title) + ".");
   page.Line(1, fmt::format("Group {}, {}, decided by {}.", Analysis::Lint::Word(rule.group),
                            SeverityText(rule), Analysis::Lint::Word(rule.decided_by)));
-  WriteSection(page, "Means:", rule.means);
-  WriteSection(page, "Usual cause:", rule.cause);
+  page.Section("Means:", rule.means);
+  page.Section("Usual cause:", rule.cause);
   page.Heading("Example:");
   const std::vector<std::string> files = ExampleFiles(rule);
   std::string names;
@@ -49,7 +40,7 @@ void WritePage(Page& page, const Rule& rule) {
     page.Paragraph(2, files[i]);
   }
   page.Line(1, fmt::format("zelk-metadata lint --rule {}{}", rule.id, names));
-  WriteSection(page, "Fix:", rule.fix);
+  page.Section("Fix:", rule.fix);
 }
 
 void WriteJson(JsonWriter& json, const Rule& rule) {

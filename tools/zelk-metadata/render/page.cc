@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::size_t kStep = 4;
 constexpr std::size_t kLeastRoom = 20;
+/// Without a terminal.
+constexpr std::size_t kSectionWidth = 76;
 /// More than what is inside of a line is indented by.
 constexpr std::size_t kHanging = 2 * kStep;
 
@@ -76,6 +78,13 @@ void Page::Pairs(std::size_t level, const std::vector<std::pair<std::string, std
 void Page::Heading(const std::string& text) {
   out_ << '\n';
   Title(text);
+}
+
+void Page::Section(const std::string& heading, const std::string& text) {
+  Heading(heading);
+  for (const std::string& line : Wrapped(text, terminal_.width == 0 ? kSectionWidth : 0)) {
+    Paragraph(1, line);
+  }
 }
 
 void Page::WriteWrapped(std::size_t level, const std::string& text, std::size_t hanging) {

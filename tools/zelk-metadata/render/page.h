@@ -37,6 +37,9 @@ class Page {
   /// An empty line and a heading.
   void Heading(const std::string& text);
 
+  /// A heading and a text, which is wrapped in files and pipes, too.
+  void Section(const std::string& heading, const std::string& text);
+
  private:
   void WriteWrapped(std::size_t level, const std::string& text, std::size_t hanging);
 
