@@ -63,10 +63,14 @@ TEST(Manual, NamesTheCommandsOfSessions) {
   EXPECT_GT(named, 0U);
 }
 
+TEST(Manual, NamesAreNotHyphenated) {
+  EXPECT_THAT(RunLine("man").out, HasSubstr("\n.nh\n"));
+}
+
 TEST(Manual, TextLinesAreNeverRequests) {
   std::istringstream page(RunLine("man").out);
   for (std::string line; std::getline(page, line);) {
     if (line.empty() || (line[0] != '.' && line[0] != '\'')) continue;
-    EXPECT_THAT(line, testing::MatchesRegex("\\.(TH|SH|SS|TP|PP|RS|RE|nf|fi|B|br|ad)( .*)?"));
+    EXPECT_THAT(line, testing::MatchesRegex("\\.(TH|SH|SS|TP|PP|RS|RE|B|br|ad|nh)( .*)?"));
   }
 }

@@ -72,8 +72,7 @@ void WriteCommand(std::ostream& out, const Language& language, const Command& co
     WriteTagged(out, ItalicText(operand.name), operand.summary);
   }
   for (const auto& option : command.options) WriteOption(out, option);
-  out << ".PP\nExample:\n.RS\n.nf\n"
-      << BoldText(language.program + command.example) << "\n.fi\n.RE\n";
+  out << ".PP\nExample:\n.RS\n" << BoldText(language.program + command.example) << "\n.RE\n";
 }
 
 /// What can be said in a session only.
@@ -89,8 +88,8 @@ void WriteSessionCommands(std::ostream& out) {
 void WritePage(std::ostream& out) {
   const Language& language = ProgramLanguage();
   out << ".TH ZELK\\-METADATA 1 \"\" \"zelk-metadata " ZELK_METADATA_VERSION "\"\n"
-      // Nothing is stretched: names are too long for that.
-      << ".ad l\n"
+      // Nothing is stretched or hyphenated: names are too long for that.
+      << ".ad l\n.nh\n"
       << ".SH NAME\nzelk\\-metadata \\- check and browse files of metadata\n"
       << ".SH SYNOPSIS\n.B zelk\\-metadata\n\\fICOMMAND\\fR [\\fIOPTION\\fR...] "
          "[\\fIWORD\\fR...]\n";
