@@ -196,6 +196,10 @@ TEST(Get, NamespaceShowsItsCommands) {
   EXPECT_EQ(RunOnThree("get namespace nope").status, 3);
 }
 
+TEST(Get, RootNamespaceThatIsNotLoadedIsNamed) {
+  EXPECT_EQ(RunOnInventory("get namespace .").err, "zelk-metadata: Cli namespace not found: .\n");
+}
+
 TEST(Get, IdOfAnotherKindIsExplained) {
   EXPECT_EQ(RunOnInventory("get service com.acme.inventory.layer").err,
             "zelk-metadata: Metamodel service not found: com.acme.inventory.layer; "

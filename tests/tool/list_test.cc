@@ -126,6 +126,12 @@ TEST(List, RootNamespaceWithoutCommandsIsNotAnError) {
             "matches those in its namespaces\n");
 }
 
+TEST(List, HelpExplainsTheKindHidden) {
+  EXPECT_THAT(RunLine("list --help").out,
+              HasSubstr("The list of the kind hidden is always empty."));
+  EXPECT_EQ(RunOnThree("list hidden").out, "");
+}
+
 TEST(List, DomainsThatHaveTheNamesAreShown) {
   EXPECT_EQ(RunOnThree("list services com.acme.inventory.ma --output table").out,
             "DOMAIN          NAME\n"

@@ -215,7 +215,8 @@ Command ListCommand() {
       "A namespace lists the commands directly in it. The operations of one service are listed by "
       "their own names, otherwise operations are SERVICE.OPERATION and need a WORD.\n\n"
       "A kind of several domains is listed for all of them, one after the other; write "
-      "DOMAIN:KIND for one of them. --output plain prints only the names.\n\n" +
+      "DOMAIN:KIND for one of them. --output plain prints only the names.\n\n"
+      "The list of the kind hidden is always empty.\n\n" +
       KindsInText();
   command.operands = {KindOperand(),
                       {"WORD", Word::kName, false, "An id, the beginning of a name, or a pattern",

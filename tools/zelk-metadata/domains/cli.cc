@@ -35,6 +35,8 @@ auto CallWithIdentity(const Ids& ids, const Get& get) {
     auto outcome = get(SplitAt<Identity>(name, dot));
     if (outcome.answer) return outcome;
   }
+  // The service has no word for the root.
+  if (first.error && name == ".") first.error->messages.front().arguments = {name};
   return first;
 }
 
