@@ -119,6 +119,47 @@ TEST_F(OnATerminal, ErrorsAreColoured) {
   EXPECT_THAT(OnTerminal(line + "--color never").text, Not(HasSubstr("\x1b")));
 }
 
+TEST_F(OnATerminal, ProblemsOfCheckAreColoured) {
+  const TempFolder folder;
+  const std::string path =
+      folder.Write("f.json", R"({"cli": [{"type": "command", "path": "", "name": "n",
+ "description": "", "node_metadata": {"service_id": "s", "operation_id": "o", "options": 1}}],
+ "metamodel": {}})");
+  const std::string place = "check " + path;
+  const std::string shown = OnTerminal(place, 200).text;
+  EXPECT_THAT(shown, AllOf(HasSubstr("f.json:2:38: \x1b[1;36mnote:\x1b[0m Json parse "),
+                           HasSubstr("f.json:2:90: \x1b[1;31merror:\x1b[0m "),
+                           HasSubstr("f.json:3:2: \x1b[1;35mwarning:\x1b[0m \"metamodel\" is ")));
+  EXPECT_EQ(OnTerminal(place + " --color never | cat").text, OnTerminal(place + " | cat").text);
+  EXPECT_THAT(OnTerminal(place + " --color never").text, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(OnATerminal, CheckRefersToLintIfAllFilesLoad) {
+  const std::string hint = "'zelk-metadata lint' finds mistakes that load without a message.";
+  const std::string good = "check " + kDataFolder + "/inventory.json ";
+  EXPECT_THAT(OnTerminal(good).text, testing::EndsWith("inventory.json: ok\r\n" + hint + "\r\n"));
+  EXPECT_THAT(OnTerminal(good + kDataFolder + "/commands.json").text,
+              testing::EndsWith("2 files: 2 ok\r\n" + hint + "\r\n"));
+  for (const char* words : {"/dev/null", "--quiet", "--output github", "--json", "| cat"}) {
+    EXPECT_THAT(OnTerminal(good + words).text, Not(HasSubstr(hint))) << words;
+  }
+}
+
+TEST_F(OnATerminal, ExplanationsAreWrappedToItsWidth) {
+  for (const char* id : {"zelk.metadata.json.invalid.field", "unknown-key"}) {
+    const std::string line = std::string("explain ") + id;
+    EXPECT_THAT(OnTerminal(line, 100).text, HasSubstr("\x1b[1mMeans:\x1b[0m\r\n")) << id;
+    const auto longest = [&](unsigned short columns) {
+      const std::string page = OnTerminal(line, columns, "export NO_COLOR=1; ").text;
+      const std::size_t begin = page.find("Means:");
+      return LongestLine(page.substr(begin, page.find("Example:") - begin));
+    };
+    EXPECT_LE(longest(40), 40U) << id;
+    EXPECT_GT(longest(150), 80U) << id;
+    EXPECT_LE(longest(150), 150U) << id;
+  }
+}
+
 TEST_F(OnATerminal, ColoursCanBeForced) {
   EXPECT_EQ(
       OnTerminal("list components --color always" + kInventory, 80, "export NO_COLOR=1; ").text,
@@ -136,7 +177,10 @@ TEST_F(OnATerminal, LinesAreBrokenOnlyBetweenWords) {
                                  "get service " + prefix + "source" + metadata,
                                  "which service " + prefix + "source" + metadata,
                                  "get component nope" + metadata,
-                                 "get thing"};
+                                 "get thing",
+                                 "check " ZELK_SOURCE_DIR "/metadata /dev/null",
+                                 "explain zelk.metadata.json.missing.field",
+                                 "explain unknown-key"};
   for (const auto& command : Zelk::Tool::ProgramLanguage().commands) {
     lines.push_back(command.name + " --help");
   }
@@ -213,6 +257,14 @@ TEST_F(OnATerminal, ProgressIsShownAndRemoved) {
   EXPECT_THAT(shown.text, testing::StartsWith("\r\x1b[K" + kProgress + "\r\x1b[K"));
   EXPECT_THAT(shown.text, testing::EndsWith("\r\x1b[K"));
   EXPECT_THAT(shown.text, Not(HasSubstr("\n")));
+}
+
+TEST_F(OnATerminal, ProgressIsCutToTheWidth) {
+  const Shown shown = ShowOnTerminal(
+      kPlainTerminal + kLateInput + kBinary + " list components --source - >/dev/null", 15,
+      {{"reading stan...", "\n"}});
+  EXPECT_EQ(shown.status, 0);
+  EXPECT_THAT(shown.text, testing::StartsWith("\r\x1b[Kreading stan...\r\x1b[K"));
 }
 
 TEST_F(OnATerminal, ProgressIsNotWrittenToAFile) {
