@@ -16,6 +16,7 @@ int main(int argc, char** argv) {
     MakeMetamodelSeeds(corpus, sources);
     MakeAuthenticationSeeds(corpus, sources);
     MakeCliSeeds(corpus, sources);
+    MakeAnalysisSeeds(corpus);
     MakeJsonMemberSeeds(corpus);
     MakeStatefulSeeds(corpus);
     return 0;

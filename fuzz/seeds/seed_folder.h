@@ -92,6 +92,7 @@ void MakeMetamodelSeeds(const std::filesystem::path& corpus, const std::filesyst
 void MakeAuthenticationSeeds(const std::filesystem::path& corpus,
                              const std::filesystem::path& sources);
 void MakeCliSeeds(const std::filesystem::path& corpus, const std::filesystem::path& sources);
+void MakeAnalysisSeeds(const std::filesystem::path& corpus);
 void MakeJsonMemberSeeds(const std::filesystem::path& corpus);
 void MakeStatefulSeeds(const std::filesystem::path& corpus);
 
