@@ -22,8 +22,7 @@ class ObjectReader {
   NodeId Member(NodeId object, const char* key, NodeKind kind) {
     const NodeId member = document_.Find(object, key);
     if (member == kNoNode || document_[member].kind == kind) return member;
-    constexpr std::array<const char*, 4> kKinds{"an object", "an array", "a string",
-                                                "true or false"};
+    constexpr std::array<const char*, 3> kKinds{"an object", "an array", "a string"};
     Complain(member,
              std::string("'") + key + "' must be " + kKinds.at(static_cast<std::size_t>(kind)));
     return kNoNode;
@@ -32,6 +31,16 @@ class ObjectReader {
   std::string Text(NodeId object, const char* key) {
     const NodeId member = Member(object, key, NodeKind::kString);
     return member == kNoNode ? "" : std::string(document_.String(member));
+  }
+
+  bool IsTrue(NodeId object, const char* key) {
+    const NodeId member = document_.Find(object, key);
+    if (member == kNoNode) return false;
+    const char first = document_.Text()[document_[member].begin];
+    if (first != 't' && first != 'f') {
+      Complain(member, std::string("'") + key + "' must be true or false");
+    }
+    return first == 't';
   }
 
   template <typename Take>
@@ -107,9 +116,7 @@ Configuration ReadConfiguration(const Document& document) {
   if (document.Find(lint, "reserved_options") != kNoNode) {
     configuration.settings.reserved_options = reader.Texts(lint, "reserved_options");
   }
-  const NodeId needs_reasons = reader.Member(lint, "needs_reasons", NodeKind::kOther);
-  configuration.needs_reasons =
-      needs_reasons != kNoNode && document.Text()[document[needs_reasons].begin] == 't';
+  configuration.needs_reasons = reader.IsTrue(lint, "needs_reasons");
   reader.EachChild(reader.Member(lint, "ignore", NodeKind::kArray), [&](NodeId entry) {
     if (!reader.IsObject(entry)) return;
     Ignored ignored{reader.Text(entry, "rule"), reader.Text(entry, "element"),

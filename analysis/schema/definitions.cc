@@ -257,6 +257,8 @@ void Definitions::Value(const ValueForm& form) {
     case Form::kElement:
       return Refer(form, format_);
     case Form::kAnything:
+      // The only words that are not texts are true and false.
+      if (form.words != nullptr) json_.Text("type", "boolean");
       break;
   }
 }

@@ -18,6 +18,10 @@ constexpr const char* kSeverityTexts[] = {
 constexpr Words kSeverityWords{kSeverities, nullptr, nullptr, kSeverityTexts};
 constexpr ValueForm kSeverity = WithWords(Text(Style::kWord), kSeverityWords);
 
+constexpr const char* kTruths[] = {"true", "false", nullptr};
+constexpr Words kTruthWords{kTruths, nullptr, nullptr};
+constexpr ValueForm kTruth = WithWords(kAnything, kTruthWords);
+
 constexpr KeyForm kIgnoreKeys[] = {
     {"rule", Text(Style::kNotEmpty), "Id of the rule."},
     Optional("element", kPattern, "Pattern of the elements: all of them if absent."),
@@ -33,7 +37,7 @@ constexpr KeyForm kLintKeys[] = {
              "Patterns of names that are described elsewhere, which are not looked for."),
     Optional("reserved_options", ListOf(kPattern),
              "Long and short options that clients have themselves, without dashes."),
-    Optional("needs_reasons", kAnything, "Whether each `ignore` needs a reason: true or false."),
+    Optional("needs_reasons", kTruth, "Whether each `ignore` and each `$lint` needs a reason."),
     Optional("ignore", ListOf(kIgnore), "Findings that are left out."),
 };
 constexpr ObjectForm kLint{"lint", kLintKeys};

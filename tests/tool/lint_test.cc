@@ -2,6 +2,8 @@
 #include <string>
 
 #include <gmock/gmock.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 
 #include "analysis/lint/rule.h"
 #include "support/file_text.h"
@@ -238,8 +240,23 @@ TEST_F(Lint, MistakesOfTheConfigurationAreWrongUsage) {
               HasSubstr("a severity is error, warning, note or off"));
   EXPECT_THAT(complaint(R"({"lint": {"external": "x"}})"), HasSubstr("must be an array"));
   EXPECT_THAT(complaint(R"({"lint": {"external": [1]}})"), HasSubstr("must hold strings"));
+  EXPECT_THAT(complaint(R"({"lint": {"needs_reasons": null}})"),
+              HasSubstr("'needs_reasons' must be true or false"));
   EXPECT_THAT(complaint(R"({"lint": {"ignore": [1]}})"), HasSubstr("an object is needed here"));
   EXPECT_THAT(complaint("[]"), HasSubstr("is not a JSON object"));
+}
+
+TEST_F(Lint, TheConfigurationIsReadAsItsSchemaSays) {
+  const auto cases = Parsed(FileText(ZELK_SOURCE_DIR "/tests/data/schema/project_cases.json"));
+  ASSERT_GT(cases.Size(), 20U);
+  for (const auto& row : cases.GetArray()) {
+    rapidjson::StringBuffer text;
+    rapidjson::Writer<rapidjson::StringBuffer> writer(text);
+    row["project"].Accept(writer);
+    const ToolRun run = Run(R"({"cli": []})", {"--config", Write("c.txt", text.GetString())});
+    const bool is_read = row["valid"].GetBool() || row.HasMember("is_read");
+    EXPECT_EQ(run.status, is_read ? 0 : 2) << text.GetString() << '\n' << run.err;
+  }
 }
 
 TEST_F(Lint, ABrokenBaselineIsWrongUsage) {
