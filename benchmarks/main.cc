@@ -23,6 +23,7 @@ void RunAll(const Extent& extent) {
   RegisterMemory(extent, table);
   RegisterLookups(extent, table);
   RegisterServices(extent, table);
+  RegisterLint(extent, table);
 
   benchmark::ConsoleReporter progress(benchmark::ConsoleReporter::OO_None);
   progress.SetOutputStream(&std::cerr);

@@ -1,4 +1,3 @@
-#include <string>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -21,9 +20,8 @@ constexpr FileSet kSets[] = {
 
 void Measure(const FileSet& set, Table& table) {
   const Corpus corpus = MakeCorpus(set);
-  std::vector<std::string> args = {"load", std::to_string(static_cast<int>(set.domain))};
-  args.insert(args.end(), corpus.Paths().begin(), corpus.Paths().end());
-  const std::vector<double> bytes = Probe(args).front();
+  const std::vector<double> bytes =
+      Probe(ProbeArguments("load", set.domain, corpus.Paths())).front();
   const auto size = static_cast<double>(corpus.Bytes());
   const auto add = [&](const char* row, double amount, double goal) {
     table.Add({row, NameOf(set), BytesText(amount), BytesText(size), amount / size, "",

@@ -25,4 +25,11 @@ std::vector<std::vector<double>> Probe(const std::vector<std::string>& args) {
   return lines;
 }
 
+std::vector<std::string> ProbeArguments(const char* what, DomainId domain,
+                                        const std::vector<std::string>& paths) {
+  std::vector<std::string> args = {what, std::to_string(static_cast<int>(domain))};
+  args.insert(args.end(), paths.begin(), paths.end());
+  return args;
+}
+
 }  // namespace Zelk::Benchmarks

@@ -20,6 +20,9 @@ void RegisterLoads(const Extent& extent, Table& table);
 /// What is in memory after a load and at its peak, each in a process of its own.
 void RegisterMemory(const Extent& extent, Table& table);
 
+/// How much is linted in a second, and the memory that it takes.
+void RegisterLint(const Extent& extent, Table& table);
+
 /// Loading beside protobuf's descriptors of the same interfaces.
 void RegisterPeer(const Extent& extent, Table& table);
 
