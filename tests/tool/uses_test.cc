@@ -140,6 +140,8 @@ TEST(Uses, ThingThatNothingRefersToIsNoError) {
   EXPECT_EQ(run.out, "{\"version\":1,\"uses\":[]}\n");
   EXPECT_EQ(run.err,
             "zelk-metadata: nothing refers to the enumeration 'com.acme.inventory.layer'\n");
+  EXPECT_EQ(RunOnThree("uses enumeration com.acme.inventory.layer --output table").out, "")
+      << "no table without rows";
 }
 
 TEST(Uses, UnknownThingsAreNotFoundWithNearNames) {

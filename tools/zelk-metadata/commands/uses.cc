@@ -248,7 +248,7 @@ ExitStatus RunUses(Invocation& call) {
   for (const Reference* reference : ReferencesTo(*workspace, *kind, id)) {
     uses.push_back(UseOf(*workspace, *reference));
   }
-  Show(call, uses);
+  if (!uses.empty() || call.WantsJson()) Show(call, uses);
   if (!uses.empty()) return ExitStatus::kOk;
   const Names known = KnownNames(*workspace, *kind);
   if (std::find(known.begin(), known.end(), id) == known.end()) {
