@@ -4,7 +4,6 @@
 #include <cstring>
 #include <ostream>
 #include <string_view>
-#include <vector>
 
 #include "render/layout.h"
 #include "render/utf8.h"
@@ -23,44 +22,50 @@ bool Continues(char byte) {
   return (static_cast<unsigned char>(byte) & 0xc0U) == 0x80U;
 }
 
-/// The text of each character as it is shown.
-std::vector<std::string> Characters(std::string_view bytes) {
-  std::vector<std::string> characters;
-  while (!bytes.empty()) {
-    std::size_t size = 1;
-    while (size < bytes.size() && size < 4 && Continues(bytes[size])) ++size;
-    const std::string character(bytes.substr(0, size));
-    characters.push_back(character == "\t" ? kTab : ForTerminal(character));
-    bytes.remove_prefix(size);
-  }
-  return characters;
+/// Takes away the first character.
+std::string_view TakeFirst(std::string_view& bytes) {
+  std::size_t size = 1;
+  while (size < bytes.size() && size < 4 && Continues(bytes[size])) ++size;
+  const std::string_view character = bytes.substr(0, size);
+  bytes.remove_prefix(size);
+  return character;
 }
 
-/// As many of the characters as `columns` have room for, joined.
-template <typename Iterator, typename Join>
-std::string Fitting(Iterator begin, Iterator end, std::size_t columns, const Join& join) {
+/// Takes away the last character.
+std::string_view TakeLast(std::string_view& bytes) {
+  std::size_t size = 1;
+  while (size < bytes.size() && size < 4 && Continues(bytes[bytes.size() - size])) ++size;
+  const std::string_view character = bytes.substr(bytes.size() - size);
+  bytes.remove_suffix(size);
+  return character;
+}
+
+/// As many of the characters as `columns` have room for, as they are shown and joined.
+template <typename Take, typename Join>
+std::string Fitting(std::string_view bytes, std::size_t columns, const Take& take,
+                    const Join& join) {
   std::string text;
-  for (; begin != end; ++begin) {
-    const std::size_t needed = Columns(*begin);
+  while (!bytes.empty()) {
+    const std::string_view character = take(bytes);
+    const std::string shown = character == "\t" ? kTab : ForTerminal(std::string(character));
+    const std::size_t needed = Columns(shown);
     if (needed > columns) return join(text, kCut);
     columns -= needed;
-    text = join(text, *begin);
+    text = join(text, shown);
   }
   return text;
 }
 
 std::string Before(std::string_view bytes, std::size_t columns) {
   if (bytes.size() > kBytes) bytes.remove_prefix(bytes.size() - kBytes);
-  const std::vector<std::string> characters = Characters(bytes);
   return Fitting(
-      characters.rbegin(), characters.rend(), columns,
+      bytes, columns, TakeLast,
       [](const std::string& text, const std::string& character) { return character + text; });
 }
 
 std::string From(std::string_view bytes, std::size_t columns) {
-  const std::vector<std::string> characters = Characters(bytes);
   return Fitting(
-      characters.begin(), characters.end(), columns,
+      bytes, columns, TakeFirst,
       [](const std::string& text, const std::string& character) { return text + character; });
 }
 
