@@ -159,6 +159,15 @@ TEST(Complete, OffersTheIdsOfMessagesWithTheirTexts) {
       ElementsAre("words", "zelk.metadata.json.missing.field\tJson parse missing field: %1%"));
 }
 
+TEST(Complete, OffersRulesAndGroupsOfLint) {
+  EXPECT_THAT(Choices("lint --only "), IsSupersetOf({"loader", "cli"}));
+  EXPECT_THAT(Choices("lint --rule unknown-k"), ElementsAre("unknown-key"));
+  EXPECT_THAT(Choices("lint --except=unknown-k"), ElementsAre("--except=unknown-key"));
+  EXPECT_THAT(Choices("lint --fail-on "), ElementsAre("error", "warning", "note", "never"));
+  EXPECT_THAT(Asked("explain unknown-k"),
+              ElementsAre("words", "unknown-key\tA key that is not read"));
+}
+
 TEST(Complete, OffersTheSupportedShells) {
   EXPECT_EQ(Choices("completion "), Zelk::Tool::Complete::CompletedShells());
 }

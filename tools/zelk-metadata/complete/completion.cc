@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "analysis/lint/rule.h"
 #include "explain/explanations.h"
 #include "host/known_names.h"
 
@@ -254,11 +255,13 @@ Choices UsageNames(const Place& place) {
   return Plain({words.begin(), words.end()});
 }
 
+/// Of messages and of rules.
 Choices MessageIds() {
   Choices choices;
   for (const Explain::Explanation& explanation : Explain::Explanations()) {
     choices.push_back({explanation.id, explanation.text});
   }
+  for (const auto* rule : Analysis::Lint::Rules()) choices.push_back({rule->id, rule->title});
   return choices;
 }
 
