@@ -1,5 +1,6 @@
 #include "analysis/lint/configuration.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <utility>
@@ -64,6 +65,26 @@ class ObjectReader {
     return texts;
   }
 
+  /// A day, or an empty text if the object has none.
+  std::string Date(NodeId object, const char* key) {
+    std::string text = Text(object, key);
+    if (!text.empty() && !IsDate(text)) {
+      Complain(document_.Find(object, key),
+               std::string("'") + key + "' must be a date such as 2030-01-31");
+    }
+    return text;
+  }
+
+  /// Other keys of the object are problems, but for those that begin with '$'.
+  void ExpectKeys(NodeId object, const std::vector<std::string>& known) {
+    EachChild(object, [&](NodeId member) {
+      const std::string key(document_.Key(member));
+      const bool is_known = std::find(known.begin(), known.end(), key) != known.end();
+      if (is_known || key.substr(0, 1) == "$") return;
+      Complain(member, "unknown key '" + key + "'" + Suggestion(key, known));
+    });
+  }
+
   /// Whether the node is an object. If not, that is a problem.
   bool IsObject(NodeId node) {
     if (document_[node].kind == NodeKind::kObject) return true;
@@ -111,6 +132,7 @@ Configuration ReadConfiguration(const Document& document) {
   ObjectReader reader(document, configuration.problems);
   const NodeId lint = reader.Member(kRootNode, "lint", NodeKind::kObject);
   if (lint == kNoNode) return configuration;
+  reader.ExpectKeys(lint, {"rules", "external", "reserved_options", "needs_reasons", "ignore"});
   ReadRules(reader, document, lint, configuration);
   configuration.settings.external = reader.Texts(lint, "external");
   if (document.Find(lint, "reserved_options") != kNoNode) {
@@ -119,8 +141,9 @@ Configuration ReadConfiguration(const Document& document) {
   configuration.needs_reasons = reader.IsTrue(lint, "needs_reasons");
   reader.EachChild(reader.Member(lint, "ignore", NodeKind::kArray), [&](NodeId entry) {
     if (!reader.IsObject(entry)) return;
+    reader.ExpectKeys(entry, {"rule", "element", "reason", "until"});
     Ignored ignored{reader.Text(entry, "rule"), reader.Text(entry, "element"),
-                    reader.Text(entry, "reason"), reader.Text(entry, "until")};
+                    reader.Text(entry, "reason"), reader.Date(entry, "until")};
     if (ignored.element.empty()) ignored.element = "*";
     if (reader.IsRule(entry, ignored.rule)) configuration.ignored.push_back(std::move(ignored));
   });
@@ -130,9 +153,12 @@ Configuration ReadConfiguration(const Document& document) {
 std::vector<Accepted> ReadBaseline(const Document& document, ConfigurationProblems& problems) {
   std::vector<Accepted> baseline;
   ObjectReader reader(document, problems);
+  if (document.Find(kRootNode, "findings") == kNoNode) {
+    reader.Complain(kRootNode, "this is not a baseline: it has no 'findings'");
+  }
   reader.EachChild(reader.Member(kRootNode, "findings", NodeKind::kArray), [&](NodeId entry) {
     if (!reader.IsObject(entry)) return;
-    Accepted accepted{reader.Text(entry, "rule"), 0, reader.Text(entry, "until")};
+    Accepted accepted{reader.Text(entry, "rule"), 0, reader.Date(entry, "until")};
     const std::string digits = reader.Text(entry, "fingerprint");
     const char* const end = digits.data() + digits.size();
     const auto parsed = std::from_chars(digits.data(), end, accepted.fingerprint, kHex);

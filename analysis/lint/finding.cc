@@ -58,11 +58,10 @@ Place PlaceOf(const Model& model, ElementId id) {
   return name == kNoNode ? PlaceOfKey(model, id, element.node) : PlaceOf(model, id, name);
 }
 
-std::string Shortened(std::string_view name) {
-  constexpr std::size_t kMost = 200;
-  constexpr std::size_t kEnd = kMost / 2;
-  if (name.size() <= kMost) return std::string(name);
-  return std::string(name.substr(0, kEnd)) + "..." + std::string(name.substr(name.size() - kEnd));
+std::string Shortened(std::string_view text, std::size_t most) {
+  if (text.size() <= most) return std::string(text);
+  const std::size_t end = most / 2;
+  return std::string(text.substr(0, end)) + "..." + std::string(text.substr(text.size() - end));
 }
 
 std::string Called(const Model& model, ElementId id) {
@@ -88,6 +87,8 @@ void Findings::Add(const Place& place, Remark remark) {
     ++unlisted_.at(static_cast<std::size_t>(severity));
     return;
   }
+  // Names in it may be as long as files.
+  remark.message = Shortened(remark.message, 1000);
   const std::size_t size =
       PathSize(workspace_, place) + remark.message.size() + remark.subject.size();
   text_left_ -= std::min(size, text_left_);

@@ -135,8 +135,8 @@ void ForEachElement(const Model& model, ElementKind kind, const Look& look) {
   }
 }
 
-/// The name, or its ends if it is too long for a message.
-std::string Shortened(std::string_view name);
+/// The text, or its ends if it is longer than `most` bytes.
+std::string Shortened(std::string_view text, std::size_t most = 200);
 
 /// "the service 'c.p.s'".
 std::string Called(const Model& model, ElementId id);

@@ -63,6 +63,10 @@ Result Lint(const Workspace& workspace, const std::vector<const Rule*>& rules,
   return result;
 }
 
+bool LooksAt(const Rule& rule, DomainSet loaded) {
+  return (rule.about & loaded) != 0 && (rule.needs & ~loaded) == 0;
+}
+
 std::vector<const Rule*> DefaultRules() {
   std::vector<const Rule*> rules;
   std::copy_if(Rules().begin(), Rules().end(), std::back_inserter(rules),

@@ -30,6 +30,9 @@ struct Result {
 Result Lint(const Workspace& workspace, const std::vector<const Rule*>& rules,
             const Suppressions& suppressions = {});
 
+/// Whether the rule looks at anything if the domains are loaded.
+bool LooksAt(const Rule& rule, DomainSet loaded);
+
 /// Those that are not off.
 std::vector<const Rule*> DefaultRules();
 

@@ -30,22 +30,25 @@ struct Mark {
   /// The bytes that it covers.
   std::uint32_t begin;
   std::uint32_t end;
-  bool has_ended;
+  /// Why it covers nothing; empty if it does.
+  std::string_view problem;
   bool has_reason;
   /// The rules that it names, each with whether that hid something.
   std::map<std::string_view, bool> rules;
 };
 
-std::string_view TextUnder(const Document& document, NodeId object, const char* key) {
-  const NodeId value = document.Find(object, key);
-  return value == kNoNode ? std::string_view() : document.String(value);
+std::string_view ProblemOf(const Document& document, NodeId mark, const std::string& today) {
+  const NodeId until = document.Find(mark, "until");
+  if (until == kNoNode) return "";
+  if (!IsDate(document.String(until))) return "its 'until' is not a date such as 2030-01-31";
+  return HasEnded(document.String(until), today) ? "its last day has passed" : "";
 }
 
 Mark MarkOf(const Document& document, NodeId node, const std::string& today) {
   const Node& object = document[document[node].parent];
-  const bool has_ended = HasEnded(TextUnder(document, node, "until"), today);
-  const bool has_reason = !TextUnder(document, node, "reason").empty();
-  Mark mark{node, object.key_begin, object.end, has_ended, has_reason, {}};
+  const NodeId reason = document.Find(node, "reason");
+  const bool has_reason = reason != kNoNode && !document.String(reason).empty();
+  Mark mark{node, object.key_begin, object.end, ProblemOf(document, node, today), has_reason, {}};
   const NodeId ignore = document.Find(node, "ignore");
   if (ignore == kNoNode) return mark;
   for (NodeId rule = document[ignore].first_child; rule != kNoNode; rule = document[rule].next) {
@@ -92,7 +95,7 @@ class Sweep {
 
  private:
   void Open(Mark& mark) {
-    if (mark.has_ended) return;
+    if (!mark.problem.empty()) return;
     open_.push_back(&mark);
     for (const auto& [rule, used] : mark.rules) covering_[rule].push_back(&mark);
   }
@@ -114,7 +117,7 @@ class Sweep {
 std::string ProblemOf(const Mark& mark, std::string_view rule, bool is_used, const RuleIds& ran) {
   const std::string name = "'" + std::string(rule) + "'";
   if (FindRule(rule) == nullptr) return "there is no rule " + name;
-  if (mark.has_ended) return "its last day has passed";
+  if (!mark.problem.empty()) return std::string(mark.problem);
   return is_used || ran.count(rule) == 0 ? "" : "the rule " + name + " finds nothing here";
 }
 
@@ -262,6 +265,13 @@ constexpr Rule kRules[] = {
 }  // namespace
 
 const Rows<Rule> kSuppressionRules = kRules;
+
+bool IsDate(std::string_view text) {
+  constexpr std::string_view kForm = "0000-00-00";
+  return std::equal(text.begin(), text.end(), kForm.begin(), kForm.end(), [](char byte, char form) {
+    return form == '0' ? byte >= '0' && byte <= '9' : byte == form;
+  });
+}
 
 void SuppressInFiles(const Workspace& workspace, const Suppressions& suppressions,
                      const std::vector<const Rule*>& rules, Findings& findings) {

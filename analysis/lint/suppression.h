@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "analysis/lint/finding.h"
@@ -11,6 +12,9 @@
 //   "$lint": {"ignore": ["missing-documentation"], "reason": "internal", "until": "2030-01-31"}
 
 namespace Zelk::Analysis::Lint {
+
+/// Whether the text has the form YYYY-MM-DD.
+bool IsDate(std::string_view text);
 
 /// An entry under "ignore" in the configuration.
 struct Ignored {

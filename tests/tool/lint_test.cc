@@ -212,6 +212,40 @@ TEST_F(Lint, ABaselineHidesWhatItLists) {
   EXPECT_EQ(Run("{", {"--write-baseline", baseline}).status, 1);
 }
 
+TEST_F(Lint, ABaselineThatIsWrittenAnewKeepsWhatIsStillFound) {
+  const std::string baseline = folder_.Path("baseline.json");
+  Run(kThree, {"--write-baseline", baseline});
+  const std::string text = FileText(baseline);
+  EXPECT_EQ(Run(kThree, {"--baseline", baseline, "--write-baseline", baseline}).status, 0);
+  EXPECT_EQ(FileText(baseline), text);
+  EXPECT_THAT(text, HasSubstr("unknown-enumerator"));
+}
+
+TEST_F(Lint, NothingIsPassedIfNoRuleIsLeft) {
+  const ToolRun run = Run(kThree, {"--rule", "unknown-key", "--except", "unknown-key"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "zelk-metadata: no rule is left to run\n");
+  for (const char* rule : {"duplicate-definition", "unknown-command-target"}) {
+    const ToolRun skipped = Run(kThree, {"--rule", rule});
+    EXPECT_EQ(skipped.status, 2);
+    EXPECT_EQ(skipped.err, "zelk-metadata: the rules need files of other domains, so none ran\n");
+  }
+}
+
+TEST_F(Lint, AFileThatIsNotMetadataHasNoRule) {
+  EXPECT_THAT(Run("{}").out, HasSubstr("authentication or cli.\n  1 | {}\n"));
+  EXPECT_TRUE(Parsed(Run("{}", {"--json"}).out)["findings"][0]["rule"].IsNull());
+  const auto log = Parsed(Run("{}", {"--output", "sarif"}).out);
+  EXPECT_FALSE(log["runs"][0]["results"][0].HasMember("ruleId"));
+}
+
+TEST_F(Lint, AnEndThatIsNotADateIsReported) {
+  const ToolRun run =
+      Run(R"({"$lint": {"ignore": ["unknown-key"], "until": "next year"}, "cli": [], "x": 1})");
+  EXPECT_THAT(run.out, HasSubstr("its 'until' is not a date such as 2030-01-31 "));
+  EXPECT_THAT(run.out, HasSubstr("1 file: 1 warning, 1 note\n"));
+}
+
 TEST_F(Lint, TheConfigurationChangesSeveritiesAndIgnores) {
   const std::string config = Write("c.txt", R"({"lint": {
 "rules": {"unknown-key": "off", "unknown-enumerator": "note"}, "external": ["x.*"],
@@ -244,6 +278,11 @@ TEST_F(Lint, MistakesOfTheConfigurationAreWrongUsage) {
               HasSubstr("'needs_reasons' must be true or false"));
   EXPECT_THAT(complaint(R"({"lint": {"ignore": [1]}})"), HasSubstr("an object is needed here"));
   EXPECT_THAT(complaint("[]"), HasSubstr("is not a JSON object"));
+  EXPECT_THAT(complaint(R"({"lint": {"rulez": {}}})"),
+              HasSubstr("unknown key 'rulez'; did you mean rules?"));
+  EXPECT_THAT(complaint(R"({"lint": {"needs_reasons": 1}})"), HasSubstr("must be true or false"));
+  EXPECT_THAT(complaint(R"({"lint": {"ignore": [{"rule": "unknown-key", "until": "2030-1-1"}]}})"),
+              HasSubstr("'until' must be a date such as 2030-01-31"));
 }
 
 TEST_F(Lint, TheConfigurationIsReadAsItsSchemaSays) {
@@ -266,6 +305,8 @@ TEST_F(Lint, ABrokenBaselineIsWrongUsage) {
   EXPECT_EQ(run.status, 2);
   EXPECT_THAT(run.err, HasSubstr("the fingerprint must be 16 hexadecimal digits"));
   EXPECT_EQ(Run(kThree, {"--baseline", folder_.Path("nope")}).status, 2);
+  EXPECT_THAT(Run(kThree, {"--baseline", Write("b.txt", kThree)}).err,
+              HasSubstr("this is not a baseline: it has no 'findings'"));
 }
 
 TEST_F(Lint, RulesAreListed) {

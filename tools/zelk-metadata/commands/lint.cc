@@ -34,6 +34,10 @@ std::vector<std::string> RuleNames() {
   return names;
 }
 
+std::vector<std::string> SeverityNames() {
+  return {"error", "warning", "note", "never"};
+}
+
 bool Has(const std::vector<std::string>& words, const std::string& word) {
   return std::find(words.begin(), words.end(), word) != words.end();
 }
@@ -56,7 +60,7 @@ std::string ProblemOf(const Arguments& arguments) {
     if (!problem.empty()) return problem;
   }
   if (arguments.fail_on.empty()) return "";
-  return Unknown("severity", {arguments.fail_on}, {"error", "warning", "note", "never"});
+  return Unknown("severity", {arguments.fail_on}, SeverityNames());
 }
 
 /// Those of the groups and those that are named, or all by default.
@@ -134,7 +138,7 @@ ExitStatus WriteBaseline(const Invocation& call, const Lint::Report& report) {
 }
 
 ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& inputs,
-                      Lint::Choices choices) {
+                      const Rules& rules, Lint::Choices choices) {
   const Arguments& arguments = call.Args();
   Lint::Input input = Lint::ReadInput(inputs, call.GetStreams().in);
   for (const Unreadable& file : input.unreadable) call.Complain(file.file + ": " + file.reason);
@@ -145,9 +149,9 @@ ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& input
   report.configuration_file = choices.configuration_file;
   report.baseline_file = arguments.baseline;
   report.fail_on = FailOn(arguments.fail_on);
-  report.shows_suppressed = arguments.show_suppressed || arguments.output == "sarif";
-  report.result = Analysis::Lint::Lint(*report.workspace, ChosenRules(arguments, choices.off),
-                                       choices.suppressions);
+  report.shows_suppressed =
+      arguments.show_suppressed || arguments.output == "sarif" || !arguments.new_baseline.empty();
+  report.result = Analysis::Lint::Lint(*report.workspace, rules, choices.suppressions);
   report.unreadable = input.unreadable.size();
   const bool has_failed = report.unreadable > 0 || !report.failed.empty();
   if (!arguments.new_baseline.empty()) {
@@ -156,6 +160,12 @@ ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& input
   }
   Show(call, report);
   if (has_failed) return ExitStatus::kSourceFailed;
+  const bool has_looked = std::any_of(rules.begin(), rules.end(), [&](const Rule* rule) {
+    return LooksAt(*rule, report.workspace->Loaded());
+  });
+  if (!has_looked) {
+    return call.Fail(ExitStatus::kUsage, "the rules need files of other domains, so none ran");
+  }
   return Summarize(report).is_failed ? ExitStatus::kFound : ExitStatus::kOk;
 }
 
@@ -177,7 +187,9 @@ ExitStatus RunLint(Invocation& call) {
   Lint::Choices choices = Lint::ReadChoices(config, arguments.baseline);
   for (const std::string& complaint : choices.complaints) call.Complain(complaint);
   if (!choices.complaints.empty()) return ExitStatus::kUsage;
-  return LintInputs(call, inputs, std::move(choices));
+  const Rules rules = ChosenRules(arguments, choices.off);
+  if (rules.empty()) return call.Fail(ExitStatus::kUsage, "no rule is left to run");
+  return LintInputs(call, inputs, rules, std::move(choices));
 }
 
 }  // namespace
@@ -193,14 +205,15 @@ Command LintCommand() {
   command.operands = {{"FILE", Word::kPath, false,
                        "Metadata files, folders, or - for standard input", &Arguments::files}};
   command.options = {
-      {"only", "GROUP", Word::kText, "Run the rules of the group; may be given several times",
-       &Arguments::groups},
-      {"rule", "ID", Word::kText, "Run the rule; may be given several times", &Arguments::rules},
-      {"except", "ID", Word::kText, "Do not run the rule; may be given several times",
-       &Arguments::except},
-      {"fail-on", "SEVERITY", Word::kText,
+      {"only", "GROUP", Word::kChoice, "Run the rules of the group; may be given several times",
+       &Arguments::groups, GroupNames()},
+      {"rule", "ID", Word::kChoice, "Run the rule; may be given several times", &Arguments::rules,
+       RuleNames()},
+      {"except", "ID", Word::kChoice, "Do not run the rule; may be given several times",
+       &Arguments::except, RuleNames()},
+      {"fail-on", "SEVERITY", Word::kChoice,
        "The least severity that fails: error (unless given), warning, note or never",
-       &Arguments::fail_on},
+       &Arguments::fail_on, SeverityNames()},
       {"baseline", "FILE", Word::kPath, "Hide the findings that the file lists",
        &Arguments::baseline},
       {"write-baseline", "FILE", Word::kPath,

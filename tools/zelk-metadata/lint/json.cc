@@ -16,7 +16,7 @@ void WriteNumber(JsonWriter& json, const char* key, std::size_t number) {
 
 void WriteEntry(JsonWriter& json, const Entry& entry) {
   json.StartObject();
-  json.Member("rule", entry.rule);
+  json.Member("rule", OrNull(entry.rule));
   json.Member("severity", Analysis::Lint::Word(entry.severity));
   json.Member("message", entry.message);
   json.Member("hint", OrNull(entry.hint));
@@ -71,7 +71,9 @@ void WriteBaseline(std::ostream& out, const Report& report) {
   json.Key("findings");
   json.StartArray();
   report.ForEach([&](const Entry& entry) {
-    if (entry.fingerprint.empty() || entry.suppressed_by != SuppressedBy::kNothing) return;
+    const bool is_accepted = entry.suppressed_by == SuppressedBy::kNothing ||
+                             entry.suppressed_by == SuppressedBy::kBaseline;
+    if (entry.fingerprint.empty() || !is_accepted) return;
     json.StartObject();
     json.Member("rule", entry.rule);
     json.Member("fingerprint", entry.fingerprint);

@@ -7,6 +7,17 @@ namespace {
 
 constexpr char kUnused[] = "unused-suppression";
 
+/// The pointers of values deep in a file are as long as the file is deep, and there may be many.
+std::optional<std::string> PointerOf(const Analysis::Document& document, Analysis::NodeId node) {
+  constexpr std::size_t kMostBytes = 10'000;
+  std::size_t bytes = 0;
+  for (auto around = node; around != Analysis::kNoNode; around = document[around].parent) {
+    bytes += 1 + document[around].key_end - document[around].key_begin;
+    if (bytes > kMostBytes) return std::nullopt;
+  }
+  return document.Pointer(node);
+}
+
 Entry EntryOf(const LoadReport& file, const Problem& problem) {
   Entry entry;
   entry.rule = problem.message.id;
@@ -33,7 +44,7 @@ Entry EntryOf(const Analysis::Lint::Workspace& workspace, const Analysis::Lint::
   entry.hint = finding.remark.hint;
   entry.file = workspace.Files()[finding.file].name;
   entry.position = document.PositionAt(finding.place.offset);
-  entry.pointer = document.Pointer(finding.place.node);
+  entry.pointer = PointerOf(document, finding.place.node);
   entry.element = PathOf(workspace, finding.place);
   entry.fingerprint = FingerprintText(finding.fingerprint);
   entry.suppressed_by = finding.suppressed_by;

@@ -20,14 +20,14 @@ using Analysis::Lint::SuppressedBy;
 /// One thing that is reported: a finding of a rule, a message of the library about a file that does
 /// not load, or a suppression outside of the files that has no effect.
 struct Entry {
-  /// The id of the rule or of the message.
+  /// The id of the rule or of the message; empty if the library does not take the file at all.
   std::string rule;
   Severity severity = Severity::kError;
   std::string message;
   std::string hint;
   std::string file;
 
-  // Empty for what is not about a place of a file.
+  // Empty for what is not about a place of a file. Long pointers are left out.
   std::optional<Analysis::Position> position;
   std::optional<std::string> pointer;
 
@@ -99,7 +99,8 @@ std::string FingerprintText(std::uint64_t fingerprint);
 
 // The outputs. That of JSON is written into the document of the command.
 void WriteJson(JsonWriter& json, const Report& report);
-/// What --baseline reads: all that is not suppressed.
+/// What --baseline reads: all that nothing but a baseline suppresses, which needs
+/// `shows_suppressed`.
 void WriteBaseline(std::ostream& out, const Report& report);
 void WriteText(std::ostream& out, const Report& report);
 void WriteGithub(std::ostream& out, const Report& report);

@@ -112,7 +112,7 @@ void WriteSuppressions(JsonWriter& json, SuppressedBy by) {
 
 void WriteResult(JsonWriter& json, const Entry& entry, Columns& columns) {
   json.StartObject();
-  json.Member("ruleId", entry.rule);
+  if (!entry.rule.empty()) json.Member("ruleId", entry.rule);
   json.Member("level", Analysis::Lint::Word(entry.severity));
   Text(json, "message", entry.message + (entry.hint.empty() ? "" : "; " + entry.hint));
   json.Key("locations");

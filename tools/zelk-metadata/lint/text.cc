@@ -61,8 +61,9 @@ void WriteEntry(std::ostream& out, const Entry& entry) {
   std::string head = entry.file;
   if (entry.position) head += fmt::format(":{}:{}", entry.position->line, entry.position->column);
   const bool is_suppressed = entry.suppressed_by != SuppressedBy::kNothing;
-  out << ForTerminal(fmt::format("{}: {}{}: {} [{}]", head, is_suppressed ? "suppressed " : "",
-                                 Analysis::Lint::Word(entry.severity), entry.message, entry.rule))
+  const std::string rule = entry.rule.empty() ? "" : " [" + entry.rule + "]";
+  out << ForTerminal(fmt::format("{}: {}{}: {}{}", head, is_suppressed ? "suppressed " : "",
+                                 Analysis::Lint::Word(entry.severity), entry.message, rule))
       << '\n';
   if (entry.text != nullptr) Check::WriteExcerpt(out, *entry.text, entry.offset);
   if (!entry.hint.empty()) out << "  " << ForTerminal(entry.hint) << '\n';

@@ -64,12 +64,15 @@ std::string Rebuilt(std::string_view text, const Show& show) {
   return rebuilt;
 }
 
-/// Line ends of any alphabet, and what turns the direction of the text around it, count as such.
+/// Line ends of any alphabet, what turns the direction of the text around it, and the codes that
+/// are never characters, count as such.
 bool IsControl(std::uint32_t code) {
   const bool is_direction =
       (code >= 0x202a && code <= 0x202e) || (code >= 0x2066 && code <= 0x2069);
   const bool is_line_end = code == 0x2028 || code == 0x2029;
-  return code < 0x20 || (code >= 0x7f && code < 0xa0) || is_direction || is_line_end;
+  const bool is_no_character = code == 0xfffe || code == 0xffff;
+  return code < 0x20 || (code >= 0x7f && code < 0xa0) || is_direction || is_line_end ||
+         is_no_character;
 }
 
 }  // namespace
