@@ -72,6 +72,18 @@ TEST_F(Lint, TextShowsPlaceLineHintAndSummary) {
                                  "failed: found something at or above 'error'\n"));
 }
 
+TEST_F(Lint, TextFitsTheTerminal) {
+  const std::string path = Write("a.json", kThree);
+  std::istringstream in;
+  std::ostringstream out;
+  std::ostringstream err;
+  Zelk::Tool::Terminal terminal;
+  terminal.width = 60;
+  Zelk::Tool::Run({"lint", path}, {in, out, err, terminal});
+  std::istringstream lines(out.str());
+  for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 60U) << line;
+}
+
 TEST_F(Lint, FailOnDecidesTheStatus) {
   const std::vector<std::string> no_errors{"--except", "unknown-enumerator"};
   EXPECT_EQ(Run(kThree, no_errors).status, 0);

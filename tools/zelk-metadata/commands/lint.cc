@@ -124,7 +124,7 @@ void Show(const Invocation& call, const Lint::Report& report) {
   } else if (output == "junit") {
     WriteJunit(call.Out(), report);
   } else {
-    WriteText(call.Out(), report);
+    WriteText(call.Out(), report, call.GetStreams().out_terminal);
   }
 }
 

@@ -11,6 +11,7 @@
 #include "analysis/lint/lint.h"
 #include "host/load.h"
 #include "render/json_writer.h"
+#include "render/terminal.h"
 
 namespace Zelk::Tool::Lint {
 
@@ -102,7 +103,8 @@ void WriteJson(JsonWriter& json, const Report& report);
 /// What --baseline reads: all that nothing but a baseline suppresses, which needs
 /// `shows_suppressed`.
 void WriteBaseline(std::ostream& out, const Report& report);
-void WriteText(std::ostream& out, const Report& report);
+/// In the terminal's width.
+void WriteText(std::ostream& out, const Report& report, const Terminal& terminal);
 void WriteGithub(std::ostream& out, const Report& report);
 void WriteSarif(std::ostream& out, const Report& report);
 void WriteJunit(std::ostream& out, const Report& report);

@@ -4,6 +4,7 @@
 
 #include "check/excerpt.h"
 #include "lint/report.h"
+#include "render/layout.h"
 #include "render/utf8.h"
 
 namespace Zelk::Tool::Lint {
@@ -57,22 +58,32 @@ void WriteSummary(std::ostream& out, const Report& report) {
   out << Verdict(report, summary) << '\n';
 }
 
-void WriteEntry(std::ostream& out, const Entry& entry) {
+void WriteLines(std::ostream& out, const std::string& text, const Terminal& terminal) {
+  constexpr std::size_t kIndent = 4;
+  for (const std::string& line : Wrapped(ForTerminal(text), terminal.width, kIndent)) {
+    out << line << '\n';
+  }
+}
+
+void WriteEntry(std::ostream& out, const Entry& entry, const Terminal& terminal) {
   std::string head = entry.file;
   if (entry.position) head += fmt::format(":{}:{}", entry.position->line, entry.position->column);
   const bool is_suppressed = entry.suppressed_by != SuppressedBy::kNothing;
   const std::string rule = entry.rule.empty() ? "" : " [" + entry.rule + "]";
-  out << ForTerminal(fmt::format("{}: {}{}: {}{}", head, is_suppressed ? "suppressed " : "",
-                                 Analysis::Lint::Word(entry.severity), entry.message, rule))
-      << '\n';
-  if (entry.text != nullptr) Check::WriteExcerpt(out, *entry.text, entry.offset);
-  if (!entry.hint.empty()) out << "  " << ForTerminal(entry.hint) << '\n';
+  WriteLines(out,
+             fmt::format("{}: {}{}: {}{}", head, is_suppressed ? "suppressed " : "",
+                         Analysis::Lint::Word(entry.severity), entry.message, rule),
+             terminal);
+  if (entry.text != nullptr) {
+    Check::WriteExcerpt(out, *entry.text, entry.offset, terminal.width);
+  }
+  if (!entry.hint.empty()) WriteLines(out, "  " + entry.hint, terminal);
 }
 
 }  // namespace
 
-void WriteText(std::ostream& out, const Report& report) {
-  report.ForEach([&](const Entry& entry) { WriteEntry(out, entry); });
+void WriteText(std::ostream& out, const Report& report, const Terminal& terminal) {
+  report.ForEach([&](const Entry& entry) { WriteEntry(out, entry, terminal); });
   WriteSummary(out, report);
 }
 
