@@ -13,13 +13,7 @@ class JsonHeap {
  public:
   static constexpr bool kNeedFree = true;
 
-  static void* Malloc(std::size_t size) { return Realloc(nullptr, 0, size); }
-
   static void* Realloc(void* block, std::size_t /*old_size*/, std::size_t new_size) {
-    if (new_size == 0) {
-      std::free(block);
-      return nullptr;
-    }
     void* const larger = std::realloc(block, new_size);
     if (larger == nullptr) throw std::bad_alloc();
     return larger;

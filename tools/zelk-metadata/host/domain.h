@@ -198,9 +198,7 @@ class Domain {
 
   /// The types that a thing of a kind with Kind::has_types is made of, those that these are made
   /// of, and so on, as many levels deep: a section of its page, and an array in JSON.
-  virtual Record TypesIn(const Subject& /*subject*/, std::size_t /*levels*/) {
-    return {};  // coverage: not called for a domain without such a kind
-  }
+  virtual Record TypesIn(const Subject&, std::size_t) { return {}; }  // coverage: has no types
 
   /// The thing and its parents, outermost first.
   virtual std::vector<Subject> Levels(const Subject& subject) { return {subject}; }

@@ -146,10 +146,9 @@ void Read(LoadReport& report, const DomainRow& row, Care care) {
   if (reading.loads != was_loaded) return;
   if (was_loaded) {
     AddLeftOut(report, row, reading, care);
-  } else if (LocateExpected(report.problems, *report.text, reading.problems)) {
-    AddFurther(report, row, reading);
   } else {
-    return;
+    if (!LocateExpected(report.problems, *report.text, reading.problems)) return;
+    AddFurther(report, row, reading);
   }
   AddUnlisted(report, reading.unlisted);
 }
