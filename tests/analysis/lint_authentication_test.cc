@@ -94,4 +94,10 @@ TEST(OperationWithoutScheme, HasNoListAtAnyLevel) {
   EXPECT_THAT(found(R"("services": {"c.p.s": []})"), IsEmpty());
   EXPECT_THAT(found(R"("packages": {"c.p": []})"), IsEmpty());
   EXPECT_THAT(found(R"("packages": {"d.p": []})", "d"), IsEmpty());
+  std::string twice = kMetamodel;
+  twice.replace(twice.find("\"put\""), 5, "\"get\"");
+  EXPECT_THAT(
+      Found("operation-without-scheme", {twice, File(R"("operations": {"c.p.s.get": []})")}),
+      IsEmpty())
+      << "the second operation is dropped";
 }

@@ -224,6 +224,37 @@ TEST_F(Lint, ABaselineHidesWhatItLists) {
   EXPECT_EQ(Run("{", {"--write-baseline", baseline}).status, 1);
 }
 
+TEST_F(Lint, AnEntryOfABaselineHasNoPlace) {
+  const std::string baseline = folder_.Path("baseline.json");
+  Run(kThree, {"--write-baseline", baseline});
+  const auto document = Parsed(Run(R"({"cli": []})", {"--baseline", baseline, "--json"}).out);
+  const auto& finding = document["findings"][0];
+  EXPECT_STREQ(finding["rule"].GetString(), "unused-suppression");
+  EXPECT_TRUE(finding["line"].IsNull());
+  EXPECT_TRUE(finding["column"].IsNull());
+}
+
+TEST_F(Lint, AMarkCoversTheObjectThatItIsIn) {
+  const ToolRun run = Run(R"({"cli": [
+{"$lint": {"ignore": ["unknown-key"]},
+"type": "namespace", "path": "", "name": "a", "description": "A.", "x": 1},
+{"$lint": {"ignore": ["unknown-key"]},
+"type": "namespace", "path": "", "name": "b", "description": "B."},
+{"type": "namespace", "path": "", "name": "c", "description": "C.", "x": 1}]})");
+  EXPECT_THAT(run.out, HasSubstr("a.json:4:2: warning: '$lint' has no effect: the rule "
+                                 "'unknown-key' finds nothing here"));
+  EXPECT_THAT(run.out, HasSubstr("a.json:6:69: note: the key 'x' is not read"));
+  EXPECT_EQ(SummaryOf(run),
+            "1 file: 1 warning, 1 note\n1 suppressed (1 by $lint)\n"
+            "7 rules need a file of the domain metamodel\npassed\n");
+}
+
+TEST_F(Lint, AFileWithoutARootKeyFails) {
+  const ToolRun run = Run(R"({"openapi": "3"})");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.out, HasSubstr("metamodel, authentication"));
+}
+
 TEST_F(Lint, ABaselineThatIsWrittenAnewKeepsWhatIsStillFound) {
   const std::string baseline = folder_.Path("baseline.json");
   Run(kThree, {"--write-baseline", baseline});
