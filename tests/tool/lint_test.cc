@@ -289,6 +289,16 @@ TEST_F(Lint, AnEndThatIsNotADateIsReported) {
   EXPECT_THAT(run.out, HasSubstr("1 file: 1 warning, 1 note\n"));
 }
 
+TEST_F(Lint, AMarkEndsAfterItsLastDay) {
+  const auto until = [this](const std::string& day) {
+    return Run(R"({"$lint": {"ignore": ["unknown-key"], "until": ")" + day +
+               R"("}, "cli": [], "x": 1})")
+        .out;
+  };
+  EXPECT_THAT(until("2001-01-01"), HasSubstr("'$lint' has no effect: its last day has passed "));
+  EXPECT_THAT(until("2999-01-01"), HasSubstr("\n1 suppressed (1 by $lint)\n"));
+}
+
 TEST_F(Lint, TheConfigurationChangesSeveritiesAndIgnores) {
   const std::string config = Write("c.txt", R"({"lint": {
 "rules": {"unknown-key": "off", "unknown-enumerator": "note"}, "external": ["x.*"],

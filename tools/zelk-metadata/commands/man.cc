@@ -17,7 +17,7 @@ std::string Escaped(const std::string& text) {
     if (at_line_begin && (character == '.' || character == '\'')) escaped += "\\&";
     at_line_begin = character == '\n';
     if (character == '\\') {
-      escaped += "\\e";  // coverage: no text about the program has a backslash yet
+      escaped += "\\e";
     } else if (character == '-') {
       escaped += "\\-";
     } else {
