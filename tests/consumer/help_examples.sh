@@ -9,6 +9,6 @@ count=0
 while read -r example; do
   bash -c "$example" </dev/null >/dev/null || { echo "failed: $example"; exit 1; }
   count=$((count + 1))
-done < <(zelk-metadata --help | sed -n '/^Examples:$/,/^$/s/^  //p')
+done < <(zelk-metadata --help | sed -n '/^Examples:$/,/^$/s/^    zelk-/zelk-/p')
 echo "$count examples"
 [ "$count" -gt 0 ]

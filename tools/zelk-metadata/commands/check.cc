@@ -144,9 +144,7 @@ Command CheckCommand() {
                        &Arguments::files}};
   command.options = {{"quiet", "", Word::kNone, "Print problems only", &Arguments::quiet}};
   command.outputs = {"text", "json", "github"};
-  command.example =
-      "check metadata/metamodel/zelk-metadata.json metadata/authentication/zelk-metadata.json "
-      "metadata/cli/zelk-metadata.json";
+  command.example = "check metadata";
   command.run = RunCheck;
   return command;
 }

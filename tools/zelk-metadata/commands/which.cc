@@ -121,8 +121,7 @@ Command WhichCommand() {
   command.operands = {KindOperand(), IdsOperand()};
   command.outputs = TableOutputs();
   command.example =
-      "which service com.orvane.zelk.metadata.cli.command --source metadata "
-      "--source copy=metadata/metamodel/zelk-metadata.json";
+      "which command metadata.cli.command.get --source a=metadata --source b=metadata";
   command.use = HostUse::kOutlines;
   command.run = RunWhich;
   return command;
