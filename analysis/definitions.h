@@ -31,7 +31,7 @@ struct FieldPath {
   /// The parameter, and the fields in it.
   std::vector<ElementId> found;
   End end = kComplete;
-  /// The first part that was not found; empty if there is none.
+  /// The first part that was not found; empty if all were found.
   std::string_view part;
 };
 
@@ -41,10 +41,10 @@ class Definitions {
   explicit Definitions(const Model& metamodel);
 
   /// The first operation of the service, parameter of the operation, or field of the structure with
-  /// this name; kNoElement if there is none.
+  /// this name, or kNoElement.
   ElementId Part(ElementId owner, ElementKind kind, std::string_view name) const;
 
-  /// The structure or enumeration of that name, `wanted` first; kNoElement if there is none.
+  /// The structure or enumeration of that name, `wanted` first; or kNoElement.
   ElementId Definition(ElementKind wanted, std::string_view name) const;
 
   /// For parameters, fields and results.

@@ -36,7 +36,7 @@ struct Problem {
   bool is_further = false;
   /// What the library leaves out because of it if the file loads all the same, in a word; or null.
   const char* left_out = nullptr;
-  /// The words that the text is none of; or null.
+  /// The words that are allowed in place of the text; or null.
   const Words* words = nullptr;
   /// The form of the object that lacks a key, or whose text decides nothing; or null.
   const ObjectForm* object = nullptr;

@@ -26,7 +26,7 @@ inline constexpr char kModelKey[] = "ModelKey";
 /// The last "value" of an annotation, as in the library; kNoNode if it has none.
 NodeId ResourceValue(const Model& model, ElementId annotation);
 
-/// The annotation of that name that the element keeps; kNoElement if there is none.
+/// The annotation of that name that the element keeps, or kNoElement.
 ElementId AnnotationOf(const Model& model, ElementId element, std::string_view name);
 
 /// All of them, by sources. The library registers resources while it reads, so those that are named

@@ -25,7 +25,7 @@ struct Filling {
 
 std::vector<Filling> FillingsOf(const Workspace& workspace, const Call& call);
 
-/// The text under a key of the element's node; empty if there is none.
+/// The text under a key of the element's node, or an empty text.
 std::string_view TextOf(const Model& model, ElementId id, const char* key);
 
 /// Whether nothing at all is a value of the parameter or field, too.

@@ -49,7 +49,7 @@ constexpr Rule kRules[] = {
      "with '$' are for other programs and not reported.",
      "A key of a newer format, or one that belongs into another object.",
      "Remove it, or move it to the object that has it.",
-     {{ZELK_EXAMPLE_COMPONENT("", R"(, "owner": "nobody")")}, "metamodel/component:acme"},
+     {{ZELK_EXAMPLE_COMPONENT("", R"(, "owner": "Ann")")}, "metamodel/component:acme"},
      UnknownKey},
     {"duplicate-definition",
      Group::kLoader,

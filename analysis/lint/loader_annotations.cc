@@ -41,7 +41,7 @@ class KeyCheck {
       if (!problem.empty()) Add(model_, key, problem, findings_);
     }
     if (mark == kNoElement || has_key) return;
-    Add(model_, mark, "the structure has no field with a key that counts, so it is no model",
+    Add(model_, mark, "the structure is not a model, because none of its fields has a valid key",
         findings_);
   }
 

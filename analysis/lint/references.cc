@@ -63,9 +63,9 @@ constexpr Rule kRules[] = {
      DecidedBy::kSources,
      kMetamodelOnly,
      0,
-     "A structure that needs another one without end",
-     "A field of the structure is, maybe through further structures, the structure itself, and "
-     "nothing on the way can be empty. So there is no complete value of it.",
+     "A structure that contains itself",
+     "The type of a field is the structure itself, or a structure that contains it. None of these "
+     "fields can be empty, so a value of the structure would never be complete.",
      "A field of a tree that should be a LIST or OPTIONAL.",
      "Make one of the fields OPTIONAL, LIST, SET or MAP.",
      {{ZELK_EXAMPLE_OF(

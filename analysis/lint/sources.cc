@@ -82,7 +82,7 @@ class SplitNamespaces {
   }
 
  private:
-  /// "'a.b' and others"; empty if there are none.
+  /// "'a.b' and others", or an empty text.
   std::string HiddenChildren(ElementId id) {
     const std::set<Identity>& answered = ChildrenOf(model_[id].by);
     std::string text;

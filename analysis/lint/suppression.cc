@@ -116,7 +116,7 @@ class Sweep {
 /// Why the mark has no effect for the rule; empty if it has one.
 std::string ProblemOf(const Mark& mark, std::string_view rule, bool is_used, const RuleIds& ran) {
   const std::string name = "'" + std::string(rule) + "'";
-  if (FindRule(rule) == nullptr) return "there is no rule " + name;
+  if (FindRule(rule) == nullptr) return "unknown rule " + name;
   if (!mark.problem.empty()) return std::string(mark.problem);
   return is_used || ran.count(rule) == 0 ? "" : "the rule " + name + " finds nothing here";
 }

@@ -70,7 +70,7 @@ inline bool IsKept(const Element& element) {
   return element.fate == Fate::kFound || element.fate == Fate::kShadowed;
 }
 
-/// The text under the key of the element's node; empty if there is none.
+/// The text under the key of the element's node, or an empty text.
 inline std::string TextOf(const Model& model, ElementId id, const char* key) {
   const auto& document = model.DocumentOf(id);
   const NodeId found = document.Find(model[id].node, key);

@@ -66,8 +66,8 @@ TEST(IgnoredAnnotation, SaysWhyAKeyDoesNotCount) {
   EXPECT_THAT(Found("ignored-annotation", {WithStructure("", KeyField("id", kKey))}),
               ElementsAre("warning annotation:ModelKey: the structure is not marked as a 'Model'"));
   EXPECT_THAT(Found("ignored-annotation", {WithStructure(kMark, "")}),
-              ElementsAre("warning annotation:Model: the structure has no field with a key that "
-                          "counts, so it is no model"));
+              ElementsAre("warning annotation:Model: the structure is not a model, because none "
+                          "of its fields has a valid key"));
   EXPECT_THAT(
       Found("ignored-annotation",
             {WithStructure(kMark, KeyField("a", kKey) + "," + KeyField("b", R"("ModelKey": {})"))}),

@@ -38,7 +38,7 @@ std::optional<SyntaxError> SyntaxErrorOf(const Message& message, const DomainRow
   return SyntaxError{*code, *offset};
 }
 
-/// What the message says in clearer words than its own; empty if there are none.
+/// Clearer words for some messages; empty for the others.
 std::string WordsOf(const Message& message, const DomainRow& row) {
   if (const auto error = SyntaxErrorOf(message, row)) {
     if (error->offset == kMaxFileSize) return "The file has 4 GiB or more, which is not loaded.";
