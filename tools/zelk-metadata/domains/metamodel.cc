@@ -52,6 +52,9 @@ class Metamodel final : public SourceDomain<SourceSvc, Bindings::Metamodel::Sour
 
   explicit Metamodel(const Container& container);
 
+  Kind StructureKind();
+  Kind EnumerationKind();
+
   ComponentSvc component_;
   PackageSvc package_;
   ServiceSvc service_;
@@ -108,25 +111,8 @@ Metamodel::Metamodel(const Container& container)
        true,
        {"service", "package", "component"},
        {"parameter"}},
-      {"structure",
-       {"structure"},
-       ListQuery(structure_, &StructureSvc::List),
-       GetQuery(structure_, &StructureSvc::Get),
-       {},
-       kByPlace,
-       false,
-       {"service", "package", "component"},
-       {"field", "constant"},
-       true},
-      {"enumeration",
-       {"enumeration"},
-       ListQuery(enumeration_, &EnumerationSvc::List),
-       GetQuery(enumeration_, &EnumerationSvc::Get),
-       {},
-       kByPlace,
-       false,
-       {"structure", "service", "package", "component"},
-       {"value"}},
+      StructureKind(),
+      EnumerationKind(),
       {"resource", {"resource"}, ListQuery(resource_, &ResourceSvc::List), {}, {}, kTogether},
       {"model",
        {"resource"},
@@ -139,6 +125,31 @@ Metamodel::Metamodel(const Container& container)
       {"hidden", {}, ListQuery(hidden_, &HiddenSvc::List), {}, {}},
       SourceKind(source_),
   };
+}
+
+Kind Metamodel::StructureKind() {
+  return {"structure",
+          {"structure"},
+          ListQuery(structure_, &StructureSvc::List),
+          GetQuery(structure_, &StructureSvc::Get),
+          {},
+          kByPlace,
+          false,
+          {"service", "package", "component"},
+          {"field", "constant"},
+          true};
+}
+
+Kind Metamodel::EnumerationKind() {
+  return {"enumeration",
+          {"enumeration"},
+          ListQuery(enumeration_, &EnumerationSvc::List),
+          GetQuery(enumeration_, &EnumerationSvc::Get),
+          {},
+          kByPlace,
+          false,
+          {"structure", "service", "package", "component"},
+          {"value"}};
 }
 
 Outline Metamodel::MakeOutline() {
