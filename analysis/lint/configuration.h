@@ -7,6 +7,7 @@
 #include "analysis/document.h"
 #include "analysis/lint/settings.h"
 #include "analysis/lint/suppression.h"
+#include "analysis/settings_reader.h"
 
 // What projects choose, under the key "lint" of their own file:
 //
@@ -20,27 +21,15 @@
 
 namespace Zelk::Analysis::Lint {
 
-/// Something wrong with a value.
-struct ConfigurationProblem {
-  NodeId node;
-  std::string text;
-};
-
-using ConfigurationProblems = std::vector<ConfigurationProblem>;
-
 struct Configuration {
   Settings settings;
   std::vector<Ignored> ignored;
   bool needs_reasons = false;
   /// The ids of rules that do not run, unless they are asked for by their ids.
   std::set<std::string> off;
-  ConfigurationProblems problems;
+  SettingsProblems problems;
 };
 
 Configuration ReadConfiguration(const Document& document);
-
-/// The findings of an earlier run: {"findings": [{"rule": ..., "fingerprint": ...}...]}, each with
-/// an optional "until". What is wrong is added to `problems`.
-std::vector<Accepted> ReadBaseline(const Document& document, ConfigurationProblems& problems);
 
 }  // namespace Zelk::Analysis::Lint

@@ -20,10 +20,6 @@ RuleIds IdsOf(const std::vector<const Rule*>& rules) {
   return ids;
 }
 
-bool HasEnded(std::string_view until, const std::string& today) {
-  return !until.empty() && until < today;
-}
-
 /// A "$lint" in a file.
 struct Mark {
   NodeId node;
@@ -209,39 +205,6 @@ class ConfigurationUse {
   std::vector<bool> is_used_;
 };
 
-class BaselineUse {
- public:
-  explicit BaselineUse(const Suppressions& suppressions)
-      : suppressions_(suppressions), is_used_(suppressions.baseline.size()) {
-    for (std::size_t i = 0; i < is_used_.size(); ++i) {
-      const Accepted& accepted = suppressions.baseline[i];
-      if (!HasEnded(accepted.until, suppressions.today)) entries_.emplace(accepted.fingerprint, i);
-    }
-  }
-
-  void Suppress(Finding& finding) {
-    const auto entry = entries_.find(finding.fingerprint);
-    if (entry == entries_.end()) return;
-    is_used_[entry->second] = true;
-    finding.suppressed_by = SuppressedBy::kBaseline;
-  }
-
-  void AddUnused(const RuleIds& ran, std::vector<Unused>& unused) const {
-    for (std::size_t i = 0; i < is_used_.size(); ++i) {
-      const Accepted& accepted = suppressions_.baseline[i];
-      if (is_used_[i] || ran.count(accepted.rule) == 0) continue;
-      const bool has_ended = HasEnded(accepted.until, suppressions_.today);
-      unused.push_back({SuppressedBy::kBaseline, "an entry for '" + accepted.rule + "' " +
-                                                     (has_ended ? "has ended" : "hides nothing")});
-    }
-  }
-
- private:
-  const Suppressions& suppressions_;
-  std::unordered_map<std::uint64_t, std::size_t> entries_;
-  std::vector<bool> is_used_;
-};
-
 void NoRun(const Workspace& /*workspace*/, Findings& /*findings*/) {}
 
 constexpr Rule kRules[] = {
@@ -265,13 +228,6 @@ constexpr Rule kRules[] = {
 }  // namespace
 
 const Rows<Rule> kSuppressionRules = kRules;
-
-bool IsDate(std::string_view text) {
-  constexpr std::string_view kForm = "0000-00-00";
-  return std::equal(text.begin(), text.end(), kForm.begin(), kForm.end(), [](char byte, char form) {
-    return form == '0' ? byte >= '0' && byte <= '9' : byte == form;
-  });
-}
 
 void SuppressInFiles(const Workspace& workspace, const Suppressions& suppressions,
                      const std::vector<const Rule*>& rules, Findings& findings) {
@@ -305,15 +261,20 @@ std::vector<Unused> SuppressElsewhere(const Workspace& workspace, const Suppress
                                       const std::vector<const Rule*>& rules,
                                       std::vector<Finding>& findings) {
   ConfigurationUse configuration(workspace, suppressions);
-  BaselineUse baseline(suppressions);
+  AcceptedUse baseline(suppressions.baseline, suppressions.today);
   for (Finding& finding : findings) {
     if (finding.suppressed_by == SuppressedBy::kNothing) configuration.Suppress(finding);
-    if (finding.suppressed_by == SuppressedBy::kNothing) baseline.Suppress(finding);
+    if (finding.suppressed_by == SuppressedBy::kNothing && baseline.Use(finding.fingerprint)) {
+      finding.suppressed_by = SuppressedBy::kBaseline;
+    }
   }
   const RuleIds ran = IdsOf(rules);
   std::vector<Unused> unused;
   configuration.AddUnused(ran, unused);
-  baseline.AddUnused(ran, unused);
+  baseline.ForEachUnused([&](const Accepted& accepted, const char* problem) {
+    if (ran.count(accepted.id) == 0) return;
+    unused.push_back({SuppressedBy::kBaseline, "an entry for '" + accepted.id + "' " + problem});
+  });
   return unused;
 }
 

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "analysis/accepted.h"
 #include "analysis/lint/finding.h"
 
 // What projects accept. In a file, the member "$lint" of an object covers the object:
@@ -13,9 +12,6 @@
 
 namespace Zelk::Analysis::Lint {
 
-/// Whether the text has the form YYYY-MM-DD.
-bool IsDate(std::string_view text);
-
 /// An entry under "ignore" in the configuration.
 struct Ignored {
   std::string rule;
@@ -23,13 +19,6 @@ struct Ignored {
   std::string element;
   std::string reason;
   /// The last day on which it holds, as YYYY-MM-DD; empty for ever.
-  std::string until;
-};
-
-/// A finding of an earlier run.
-struct Accepted {
-  std::string rule;
-  std::uint64_t fingerprint;
   std::string until;
 };
 

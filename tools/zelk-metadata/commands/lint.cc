@@ -5,10 +5,11 @@
 #include <set>
 
 #include "analysis/near.h"
+#include "domains/table.h"
+#include "host/input.h"
 #include "host/project_file.h"
 #include "language/invocation.h"
 #include "lint/choices.h"
-#include "lint/input.h"
 #include "lint/report.h"
 #include "lint/rules.h"
 #include "render/table.h"
@@ -140,7 +141,7 @@ ExitStatus WriteBaseline(const Invocation& call, const Lint::Report& report) {
 ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& inputs,
                       const Rules& rules, Lint::Choices choices) {
   const Arguments& arguments = call.Args();
-  Lint::Input input = Lint::ReadInput(inputs, call.GetStreams().in);
+  Input input = ReadInput(inputs, call.GetStreams().in, Domains());
   for (const Unreadable& file : input.unreadable) call.Complain(file.file + ": " + file.reason);
   Lint::Report report;
   report.workspace = std::make_unique<const Analysis::Lint::Workspace>(std::move(input.files),

@@ -14,12 +14,12 @@ namespace Zelk::Tool::Lint {
 namespace {
 
 using Analysis::Document;
-using Analysis::Lint::ConfigurationProblems;
+using Analysis::SettingsProblems;
 
 /// Calls `read` with the document of the file, and adds what is wrong with the file to the
 /// complaints.
 void ReadFile(const std::string& path, std::vector<std::string>& complaints,
-              const std::function<void(const Document&, ConfigurationProblems&)>& read) {
+              const std::function<void(const Document&, SettingsProblems&)>& read) {
   auto text = TextOf(path);
   if (!text) {
     complaints.push_back(path + ": the file cannot be read");
@@ -30,7 +30,7 @@ void ReadFile(const std::string& path, std::vector<std::string>& complaints,
     complaints.push_back(path + ": the file is not a JSON object");
     return;
   }
-  ConfigurationProblems problems;
+  SettingsProblems problems;
   read(document, problems);
   for (const auto& problem : problems) {
     const auto [line, column] = document.PositionAt(document[problem.node].begin);
@@ -61,7 +61,8 @@ Choices ReadChoices(const std::string& configuration, const std::string& baselin
   }
   if (!baseline.empty()) {
     ReadFile(baseline, choices.complaints, [&](const Document& document, auto& problems) {
-      choices.suppressions.baseline = Analysis::Lint::ReadBaseline(document, problems);
+      choices.suppressions.baseline =
+          Analysis::ReadAccepted(document, Analysis::kBaselineForm, problems);
     });
   }
   return choices;

@@ -1,0 +1,48 @@
+#include "analysis/accepted.h"
+
+#include <charconv>
+#include <utility>
+
+namespace Zelk::Analysis {
+
+std::vector<Accepted> ReadAccepted(const Document& document, const AcceptedForm& form,
+                                   SettingsProblems& problems) {
+  constexpr int kHex = 16;
+  std::vector<Accepted> all;
+  SettingsReader reader(document, problems);
+  if (document.Find(kRootNode, form.list) == kNoNode) reader.Complain(kRootNode, form.complaint);
+  reader.EachChild(reader.Member(kRootNode, form.list, NodeKind::kArray), [&](NodeId entry) {
+    if (!reader.IsObject(entry)) return;
+    Accepted accepted{reader.Text(entry, form.id), 0, reader.Text(entry, "reason"),
+                      reader.Date(entry, "until")};
+    const std::string digits = reader.Text(entry, "fingerprint");
+    const char* const end = digits.data() + digits.size();
+    const auto parsed = std::from_chars(digits.data(), end, accepted.fingerprint, kHex);
+    if (digits.empty() || parsed.ec != std::errc() || parsed.ptr != end) {
+      reader.Complain(entry, "the fingerprint must be 16 hexadecimal digits");
+    } else {
+      all.push_back(std::move(accepted));
+    }
+  });
+  return all;
+}
+
+bool HasEnded(std::string_view until, const std::string& today) {
+  return !until.empty() && until < today;
+}
+
+AcceptedUse::AcceptedUse(const std::vector<Accepted>& entries, std::string today)
+    : entries_(entries), today_(std::move(today)), is_used_(entries.size()) {
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (!HasEnded(entries[i].until, today_)) by_fingerprint_.emplace(entries[i].fingerprint, i);
+  }
+}
+
+const Accepted* AcceptedUse::Use(std::uint64_t fingerprint) {
+  const auto entry = by_fingerprint_.find(fingerprint);
+  if (entry == by_fingerprint_.end()) return nullptr;
+  is_used_[entry->second] = true;
+  return &entries_[entry->second];
+}
+
+}  // namespace Zelk::Analysis

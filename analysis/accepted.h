@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "analysis/settings_reader.h"
+
+// What an earlier run found and a project accepts.
+
+namespace Zelk::Analysis {
+
+struct Accepted {
+  /// Of the rule, or of the kind of change.
+  std::string id;
+  std::uint64_t fingerprint;
+  std::string reason;
+  /// The last day on which it holds, as YYYY-MM-DD; empty for ever.
+  std::string until;
+};
+
+/// How a file lists them: {LIST: [{ID: ..., "fingerprint": ...}...]}, each with an optional
+/// "reason" and "until".
+struct AcceptedForm {
+  const char* list;
+  const char* id;
+  /// What is said of a file without the list.
+  const char* complaint;
+};
+
+inline constexpr AcceptedForm kBaselineForm{"findings", "rule",
+                                            "this is not a baseline: it has no 'findings'"};
+
+/// What is wrong is added to `problems`.
+std::vector<Accepted> ReadAccepted(const Document& document, const AcceptedForm& form,
+                                   SettingsProblems& problems);
+
+/// Whether the last day is before today.
+bool HasEnded(std::string_view until, const std::string& today);
+
+/// Notes which of them are needed.
+class AcceptedUse {
+ public:
+  /// The entries must outlive this object.
+  AcceptedUse(const std::vector<Accepted>& entries, std::string today);
+
+  /// The entry that accepts what has the fingerprint; null if none does.
+  const Accepted* Use(std::uint64_t fingerprint);
+
+  /// Calls `visit(entry, problem)` with each entry that accepted nothing.
+  template <typename Visit>
+  void ForEachUnused(const Visit& visit) const {
+    for (std::size_t i = 0; i < is_used_.size(); ++i) {
+      if (is_used_[i]) continue;
+      visit(entries_[i], HasEnded(entries_[i].until, today_) ? "has ended" : "hides nothing");
+    }
+  }
+
+ private:
+  const std::vector<Accepted>& entries_;
+  const std::string today_;
+  std::unordered_map<std::uint64_t, std::size_t> by_fingerprint_;
+  std::vector<bool> is_used_;
+};
+
+}  // namespace Zelk::Analysis

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "analysis/document.h"
+
+namespace Zelk::Analysis {
+
+/// Something wrong with a value of a file that users write for this program.
+struct SettingsProblem {
+  NodeId node;
+  std::string text;
+};
+
+using SettingsProblems = std::vector<SettingsProblem>;
+
+/// Whether the text has the form YYYY-MM-DD.
+bool IsDate(std::string_view text);
+
+/// Reads such a file and notes what is wrong with it.
+class SettingsReader {
+ public:
+  SettingsReader(const Document& document, SettingsProblems& problems)
+      : document_(document), problems_(problems) {}
+
+  void Complain(NodeId node, const std::string& text) { problems_.push_back({node, text}); }
+
+  /// The member; kNoNode if the object has none, or one of another kind, which is a problem.
+  NodeId Member(NodeId object, const char* key, NodeKind kind);
+
+  std::string Text(NodeId object, const char* key);
+
+  bool IsTrue(NodeId object, const char* key);
+
+  template <typename Take>
+  void EachChild(NodeId container, const Take& take) {
+    if (container == kNoNode) return;
+    for (NodeId child = document_[container].first_child; child != kNoNode;
+         child = document_[child].next) {
+      take(child);
+    }
+  }
+
+  std::vector<std::string> Texts(NodeId object, const char* key);
+
+  /// A day, or an empty text if the object has none.
+  std::string Date(NodeId object, const char* key);
+
+  /// Other keys of the object are problems, but for those that begin with '$'.
+  void ExpectKeys(NodeId object, const std::vector<std::string>& known);
+
+  /// Whether the node is an object. If not, that is a problem.
+  bool IsObject(NodeId node);
+
+ private:
+  const Document& document_;
+  SettingsProblems& problems_;
+};
+
+}  // namespace Zelk::Analysis

@@ -1,0 +1,53 @@
+#include "host/input.h"
+
+#include "analysis/format.h"
+#include "analysis/reader.h"
+
+namespace Zelk::Tool {
+namespace {
+
+/// The format by whose root key the library knows the document; null for any other document.
+const Analysis::Format* FormatOf(const Analysis::Document& document) {
+  if (!document.IsJson()) return nullptr;
+  const Analysis::Node& root = document[Analysis::kRootNode];
+  if (root.kind != Analysis::NodeKind::kObject) return nullptr;
+  for (Analysis::NodeId member = root.first_child; member != Analysis::kNoNode;
+       member = document[member].next) {
+    const std::string_view key = document.Key(member);
+    if (const auto* const format = Analysis::FindFormat(key)) return format;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+bool InputReader::Accept(const SourceArgument& source,
+                         std::shared_ptr<const Analysis::Document> document) {
+  const Analysis::Format* const format = FormatOf(*document);
+  if (format == nullptr || !Analysis::Read(*document, *format).loads) return false;
+  const bool is_free = ids_.emplace(format->domain, source.id).second;
+  input_.files.push_back({ShownName(source),
+                          format->domain,
+                          {is_free ? source.id : source.path, std::move(document)}});
+  return true;
+}
+
+void InputReader::Read(const SourceArgument& source) {
+  if (!paths_.insert(source.path).second) return;
+  auto text = TextOf(source.path);
+  if (text && Accept(source, std::make_shared<const Analysis::Document>(std::move(*text)))) return;
+  input_.failed.push_back(LoadAlone(source, domains_));
+}
+
+Input ReadInput(const std::vector<SourceArgument>& arguments, std::istream& in,
+                const DomainTable& domains) {
+  InputReader reader(domains);
+  for (const SourceArgument& argument : arguments) {
+    const Expansion expansion = Expand(argument, in);
+    for (const Unreadable& failure : expansion.failures) reader.Fail(failure);
+    for (const SourceArgument& source : expansion.sources) reader.Read(source);
+  }
+  return reader.Take();
+}
+
+}  // namespace Zelk::Tool

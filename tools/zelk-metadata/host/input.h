@@ -1,0 +1,52 @@
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "analysis/lint/workspace.h"
+#include "host/load.h"
+#include "host/source_argument.h"
+
+namespace Zelk::Tool {
+
+/// The files that are looked at together.
+struct Input {
+  std::vector<Analysis::Lint::File> files;
+
+  /// Those that do not load. They are not looked at.
+  std::vector<LoadReport> failed;
+
+  std::vector<Unreadable> unreadable;
+};
+
+/// Collects files, each path once.
+class InputReader {
+ public:
+  explicit InputReader(const DomainTable& domains) : domains_(domains) {}
+
+  /// Reads the file.
+  void Read(const SourceArgument& source);
+
+  void Fail(const Unreadable& failure) { input_.unreadable.push_back(failure); }
+
+  Input Take() { return std::move(input_); }
+
+ private:
+  /// Whether the document loads. If so, it is taken.
+  bool Accept(const SourceArgument& source, std::shared_ptr<const Analysis::Document> document);
+
+  const DomainTable& domains_;
+  Input input_;
+  std::set<std::string> paths_;
+  std::set<std::pair<Analysis::Domain, std::string>> ids_;
+};
+
+/// Reads files, folders and standard input, each file once.
+Input ReadInput(const std::vector<SourceArgument>& arguments, std::istream& in,
+                const DomainTable& domains);
+
+}  // namespace Zelk::Tool
