@@ -45,7 +45,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kDomains,
      kAuthenticationOnly,
      kMetamodelOnly,
-     "A list for something that does not exist",
+     "Authentication for something that does not exist",
      "An Authentication file lists a package, a service or an operation that the component does "
      "not have, or names a session manager that is not defined. It is a note, once for each name, "
      "if a component or session manager may be described in a file that is not there.",

@@ -23,7 +23,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kDomains,
      kCliOnly,
      kMetamodelOnly,
-     "A command that calls nothing",
+     "A command whose service or operation does not exist",
      "No source defines the service that the command calls, or the service does not have the "
      "operation. It is a note, once for each service, if the service may be described in a file "
      "that is not there.",
@@ -41,7 +41,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kDomains,
      kCliOnly,
      kMetamodelOnly,
-     "An option that fills nothing",
+     "An option that fills no parameter or field",
      "The first part of the option's 'field_name' is not a parameter of the operation, or a later "
      "part is not a field of the structure in front of it.",
      "A misspelt or renamed field, or the name of the option in its place.",
@@ -101,7 +101,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kDomains,
      kCliOnly,
      kMetamodelOnly,
-     "An output that shows nothing",
+     "An output whose structure or field does not exist",
      "No source defines the structure, or the structure does not have the field. It is a note, "
      "once for each structure, if the structure may be defined in a file that is not there.",
      "A misspelt or renamed field.",
@@ -132,7 +132,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kFile,
      kCliOnly,
      0,
-     "Two options of one name",
+     "Two options with the same name",
      "A command has a long or a short option twice. It is a warning if two options fill the same "
      "field, or if an output has a field or a title twice.",
      "An option that was copied.",
@@ -164,7 +164,7 @@ constexpr Rule kRules[] = {
      kCliOnly,
      0,
      "A namespace that is not described",
-     "Commands lie in a namespace that no source has. They can be called, but no list of "
+     "Commands are in a namespace that no source describes. They can be called, but no list of "
      "namespaces leads to them. It is a note if the namespace has other namespaces in it: then the "
      "library makes it, with a description of its own.",
      "A misspelt path, or a node that was forgotten.",
@@ -177,7 +177,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kSources,
      kCliOnly,
      0,
-     "A command and a namespace of one name",
+     "A command and a namespace with the same name",
      "A command has the same full name as a namespace, so what a user types is both.",
      "A command that was moved into a namespace of its name.",
      "Rename one of them.",

@@ -65,7 +65,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kConvention,
      kMetamodelOnly | kCliOnly,
      0,
-     "A text for people that says nothing",
+     "Documentation that is empty or repeats the name",
      "The documentation or description is empty, or is the same as the name. It is a note for "
      "parameters, results, errors, fields, values and constants.",
      "A text that was left for later.",

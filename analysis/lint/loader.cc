@@ -13,9 +13,9 @@ constexpr Rule kRules[] = {
      DecidedBy::kFile,
      kAllDomains,
      0,
-     "A key of which only one occurrence counts",
-     "An object has a key more than once. The first one counts; of annotations and their values, "
-     "of schemes and of lists of packages it is the last one. It is a warning if both values are "
+     "A key that is written more than once in an object",
+     "An object has a key more than once. The first one counts; for annotations and their values, "
+     "schemes and lists of packages, the last one counts. It is a warning if both values are "
      "the same.",
      "A part that was copied, or two edits that were merged.",
      "Remove the one that does not count, after you have looked at both.",
@@ -57,8 +57,8 @@ constexpr Rule kRules[] = {
      DecidedBy::kFile,
      kMetamodelOnly,
      0,
-     "A definition that an earlier one of the same name replaces",
-     "Two packages, services, operations, structures, enumerations or constants of one array have "
+     "A definition that repeats the name of an earlier one",
+     "Two packages, services, operations, structures, enumerations or constants in one array have "
      "the same name. The first one is kept. Resources that the other one names stay registered.",
      "A part that was copied, or an operation with two lists of parameters, which services do not "
      "have.",
@@ -117,7 +117,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kFile,
      kCliOnly,
      0,
-     "A command that a later one of the same name replaces",
+     "A command that a later one with the same name replaces",
      "Two commands have the same path and name. The last one is kept.",
      "A part that was copied.",
      "Rename one of them or remove it.",
@@ -161,7 +161,7 @@ constexpr Rule kRules[] = {
      0,
      "A session manager of a scheme without sessions",
      "The scheme is of the type SESSIONLESS, so its session manager is not read.",
-     "The wrong type, or a rest of an older version.",
+     "The wrong type, or a leftover from an older version.",
      "Fix the type or remove the key.",
      {{R"({"authentication": {"component": {"name": "acme", "schemes": {
   "login": {"authenticationScheme": "acme.login", "type": "SESSIONLESS",
@@ -248,7 +248,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kFile,
      kMetamodelOnly | kCliOnly,
      0,
-     "A word that is kept as unknown",
+     "A word that the library does not know",
      "The formatter or the generic type of an option is not one that clients know; the library "
      "keeps it as unknown. In a Metamodel file, a kind of a user-defined type that is nearly "
      "'Structure' or 'Enumeration' is a warning, since any other text names a resource.",
@@ -263,7 +263,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kFile,
      kAllDomains,
      0,
-     "A word that is not written as in the answers",
+     "A word in another spelling than in the answers",
      "The library takes the word for another one: in lower case, an older name of it, or an empty "
      "text for NONE. The rule runs only if it is asked for.",
      "A file that was written by hand.",

@@ -27,7 +27,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kSources,
      kMetamodelOnly,
      0,
-     "A type that is not of the kind it says",
+     "A structure that is called an enumeration, or the reverse",
      "The type is called a structure, but its name is that of an enumeration, or the reverse. "
      "Clients look it up as what it is called, and do not find it.",
      "A definition that was changed from one kind to the other.",
@@ -43,7 +43,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kSources,
      kMetamodelOnly,
      0,
-     "An error that is not one",
+     "A structure in a list of errors that is not an error",
      "An operation names a structure of the type STRUCTURE among its errors. It is a warning if a "
      "parameter is a structure of the type ERROR.",
      "The wrong structure, or the wrong type of it.",
@@ -101,7 +101,7 @@ constexpr Rule kRules[] = {
      DecidedBy::kFile,
      kMetamodelOnly,
      0,
-     "Two members of one name in a list",
+     "Two members with the same name in a list",
      "An operation has two parameters or errors, a structure two fields, or an enumeration two "
      "values of one name. The library keeps both, so clients choose one.",
      "A part that was copied.",
@@ -139,7 +139,7 @@ constexpr Rule kRules[] = {
      "A definition that no operation uses",
      "No operation of any source names the structure or enumeration, nor anything that leads to "
      "it. Models of resources count as used.",
-     "A rest of an older version, or a misspelt name where it should be used.",
+     "A leftover from an older version, or a misspelt name where it should be used.",
      "Use it or remove it.",
      {{ZELK_EXAMPLE_OF(ZELK_EXAMPLE_STRUCTURE("acme.power.switch.state", "STRUCTURE",
                                               ZELK_EXAMPLE_FIELD("volts", "", ZELK_EXAMPLE_LONG)),

@@ -169,10 +169,9 @@ constexpr Rule kRules[] = {
      kMetamodelOnly | kCliOnly,
      0,
      "A namespace or a resource in several sources",
-     "Of a namespace that several sources have, only the description and the children of the first "
-     "source are answered; for the root it is a note. Of a resource that several sources name, "
-     "only "
-     "the models of the last source are answered.",
+     "If several sources have a namespace, the library returns only the description and the "
+     "children of the first one; for the root it is a note. If several sources name a resource, "
+     "the library returns only the models of the last one.",
      "Two files that describe parts of one tree.",
      "Describe what is in a namespace in one file, and a model where its resource is named last.",
      {{ZELK_EXAMPLE_CLI(ZELK_EXAMPLE_NAMESPACE("", "acme") "," ZELK_EXAMPLE_NAMESPACE("acme", "a")),

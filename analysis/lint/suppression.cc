@@ -216,10 +216,10 @@ constexpr Rule kRules[] = {
      0,
      "A suppression that has no effect",
      "A '$lint' of a file, an entry of the configuration or of the baseline hides nothing, has "
-     "ended, names an unknown rule, or has no reason although the configuration asks for one. Of "
-     "rules that did not run, nothing is said. Alone it fails no run.",
+     "expired, names an unknown rule, or has no reason although the configuration asks for one. "
+     "Rules that did not run are not mentioned. It never fails a run by itself.",
      "A mistake that was fixed since.",
-     "Remove the suppression, or write a baseline anew.",
+     "Remove the suppression, or write the baseline again.",
      {{R"({"$lint": {"ignore": ["unknown-key"], "reason": "made by a program"}, "cli": []})"},
       "cli"},
      NoRun},

@@ -22,7 +22,7 @@ struct File {
   Source source;
 };
 
-/// What rules look at: all files together, as one host that has loaded them.
+/// The files that rules look at, loaded together as one host would load them.
 class Workspace {
  public:
   explicit Workspace(std::vector<File> files, Settings settings = {});

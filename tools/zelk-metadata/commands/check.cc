@@ -136,7 +136,7 @@ Command CheckCommand() {
   command.name = "check";
   command.summary = "Load each file separately and report what is wrong with it";
   command.details =
-      "Of a folder, every *.json file in it and in the folders in it is checked. --output github "
+      "In a folder, every *.json file in it and in the folders in it is checked. --output github "
       "prints workflow commands, which GitHub shows as annotations. The exit status is 1 if a file "
       "has an error. Warnings, which are about what a file loads without, do not change it.\n";
   command.operands = {{"FILE", Word::kPath, true,

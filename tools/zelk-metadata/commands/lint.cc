@@ -200,9 +200,9 @@ Command LintCommand() {
   command.name = "lint";
   command.summary = "Find mistakes that load without a message, in one file and between files";
   command.details =
-      "All files are looked at together, as one host that has loaded them. Rules that need files "
-      "of a domain that is not there are skipped. The exit status is 5 if something at or above "
-      "--fail-on is found.\n";
+      "All files are checked together, as if one host had loaded them. Rules that need files of "
+      "a domain are skipped if no such file is given. The exit status is 5 if something at or "
+      "above --fail-on is found.\n";
   command.operands = {{"FILE", Word::kPath, false,
                        "Metadata files, folders, or - for standard input", &Arguments::files}};
   command.options = {

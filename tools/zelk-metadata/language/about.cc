@@ -14,7 +14,7 @@ std::pair<int, std::string> Row(ExitStatus status, const char* text) {
 const char kDescription[] = "Answers questions about the interfaces that metadata files describe.";
 
 const char kAboutSources[] =
-    "A source PATH is a file, a folder, a pipe or - for standard input. Of a folder, every *.json "
+    "A source PATH is a file, a folder, a pipe or - for standard input. In a folder, every *.json "
     "in it and below it, to any depth, is loaded. The domain, Metamodel, Authentication or CLI, is "
     "found in the file. The ID of a source is the text before the first '=', or else the name of "
     "the file without folder and extension. Text before '=' that is empty or has a '/' is not an "
