@@ -43,26 +43,28 @@ std::string Verdict(const Report& report, const Summary& summary) {
                      Analysis::Lint::Word(*report.fail_on));
 }
 
-void WriteSummary(std::ostream& out, const Report& report) {
-  const Summary summary = Summarize(report);
-  out << Counted(summary.files, "file") << ": " << FoundText(summary) << '\n';
-  if (summary.unlisted > 0) out << Counted(summary.unlisted, "finding") << " more not listed\n";
-  const std::string suppressed = SuppressedText(summary);
-  if (!suppressed.empty()) out << suppressed << '\n';
-  for (std::size_t domain = 0; domain < summary.skipped.size(); ++domain) {
-    const std::size_t count = summary.skipped.at(domain);
-    if (count == 0) continue;
-    out << Counted(count, "rule") << (count == 1 ? " needs" : " need") << " a file of the domain "
-        << Analysis::FormatOf(static_cast<Analysis::Domain>(domain)).root_key << '\n';
-  }
-  out << Verdict(report, summary) << '\n';
-}
-
 void WriteLines(std::ostream& out, const std::string& text, const Terminal& terminal) {
   constexpr std::size_t kIndent = 4;
   for (const std::string& line : Wrapped(ForTerminal(text), terminal.width, kIndent)) {
     out << line << '\n';
   }
+}
+
+void WriteSummary(std::ostream& out, const Report& report, const Terminal& terminal) {
+  const auto write = [&](const std::string& line) { WriteLines(out, line, terminal); };
+  const Summary summary = Summarize(report);
+  write(Counted(summary.files, "file") + ": " + FoundText(summary));
+  if (summary.unlisted > 0) write(Counted(summary.unlisted, "finding") + " more not listed");
+  const std::string suppressed = SuppressedText(summary);
+  if (!suppressed.empty()) write(suppressed);
+  for (std::size_t domain = 0; domain < summary.skipped.size(); ++domain) {
+    const std::size_t count = summary.skipped.at(domain);
+    if (count == 0) continue;
+    write(fmt::format("{} {} a file of the domain {}", Counted(count, "rule"),
+                      count == 1 ? "needs" : "need",
+                      Analysis::FormatOf(static_cast<Analysis::Domain>(domain)).root_key));
+  }
+  write(Verdict(report, summary));
 }
 
 void WriteEntry(std::ostream& out, const Entry& entry, const Terminal& terminal) {
@@ -84,7 +86,7 @@ void WriteEntry(std::ostream& out, const Entry& entry, const Terminal& terminal)
 
 void WriteText(std::ostream& out, const Report& report, const Terminal& terminal) {
   report.ForEach([&](const Entry& entry) { WriteEntry(out, entry, terminal); });
-  WriteSummary(out, report);
+  WriteSummary(out, report, terminal);
 }
 
 }  // namespace Zelk::Tool::Lint
