@@ -278,6 +278,17 @@ TEST_F(OnATerminal, ProgressIsNotWrittenToAFile) {
   EXPECT_EQ(FileText(folder.Path("err")), "");
 }
 
+TEST_F(OnATerminal, CommandWorksWithoutMemoryForItsProgress) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+  GTEST_SKIP() << "sanitizers need more address space than is left";
+#endif
+  // A thread needs a stack as large as that of the program.
+  const Shown shown = OnTerminal("list components --output plain" + kInventory, 80,
+                                 "ulimit -s 1000000; ulimit -v 500000; ");
+  EXPECT_EQ(shown.status, 0) << shown.text;
+  EXPECT_EQ(shown.text, "com.acme\r\n");
+}
+
 TEST_F(OnATerminal, InvalidWidthIsIgnored) {
   const std::string line = "get component com.orvane.zelk.metadata --source " +
                            std::string(ZELK_SOURCE_DIR) + "/metadata/metamodel";

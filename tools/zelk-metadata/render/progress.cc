@@ -1,6 +1,7 @@
 #include "render/progress.h"
 
 #include <ostream>
+#include <system_error>
 
 #include "render/layout.h"
 #include "render/utf8.h"
@@ -15,7 +16,12 @@ constexpr char kWipe[] = "\r\x1b[K";
 
 Progress::Progress(std::ostream& err, const Terminal& terminal, std::chrono::milliseconds patience)
     : err_(err), width_(terminal.width) {
-  if (terminal.is_terminal) watcher_ = std::thread([this, patience] { Watch(patience); });
+  if (!terminal.is_terminal) return;
+  try {
+    watcher_ = std::thread([this, patience] { Watch(patience); });
+  } catch (const std::system_error&) {
+    // Memory for another stack is not available. The command does its work without progress.
+  }
 }
 
 Progress::~Progress() {
