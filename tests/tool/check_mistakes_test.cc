@@ -278,6 +278,15 @@ TEST(CheckRoots, SecondRootKeyIsAWarning) {
   EXPECT_EQ(inner.err, "");
 }
 
+TEST(CheckRoots, SecondRootKeyMayBeWrittenWithEscapes) {
+  const ToolRun load =
+      RunTool({"list", "sources", "--source", "-"}, R"({"metamodel": {}, "\u0063li": []})");
+  EXPECT_THAT(load.err, HasSubstr("\"cli\" is ignored"));
+  const ToolRun other =
+      RunTool({"list", "sources", "--source", "-"}, R"({"cli": [], "\u0027": "\u00e4\u0063"})");
+  EXPECT_EQ(other.err, "");
+}
+
 TEST(CheckFolders, EveryFileIsCheckedAndSummedUp) {
   const TempFolder folder;
   std::filesystem::create_directories(folder.Path("a/b"));

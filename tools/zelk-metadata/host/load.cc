@@ -153,8 +153,19 @@ void Read(LoadReport& report, const DomainRow& row, Care care) {
   AddUnlisted(report, reading.unlisted);
 }
 
+/// Whether a letter is written as an escape, as in "\u0063li".
+bool HasEscapedLetter(const std::string& text) {
+  constexpr std::string_view kEscape = "\\u00";
+  for (std::size_t at = text.find(kEscape); at != std::string::npos; at = text.find(kEscape, at)) {
+    at += kEscape.size();
+    if (text[at] == '6' || text[at] == '7') return true;
+  }
+  return false;
+}
+
 /// Whether the text may have the root key of another domain. Only then is it read once more.
 bool MayHaveOtherRoot(const std::string& text, const DomainRow& row, const DomainTable& table) {
+  if (HasEscapedLetter(text)) return true;
   return std::any_of(table.begin(), table.end(), [&](const DomainRow& other) {
     const std::string key = '"' + other.root_key + '"';
     return &other != &row && memmem(text.data(), text.size(), key.data(), key.size()) != nullptr;
