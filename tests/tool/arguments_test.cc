@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <sstream>
 
 #include <gmock/gmock.h>
@@ -134,6 +135,44 @@ TEST(Arguments, JsonIsAShortFormOfOutputJson) {
   const ToolRun run = RunOnInventory("list components --json --output plain");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "zelk-metadata: --json and --output plain contradict each other\n");
+}
+
+TEST(Arguments, FlagWithAValueIsWrongUsage) {
+  const std::vector<std::pair<std::string, std::string>> rows{
+      {"list components --json=x", "--json"},
+      {"list components --json=false", "--json"},
+      {"--json= list components", "--json"},
+      {"search acme --limit 1 --regex=1", "--regex"},
+      {"list components --source --json=x --no-pager=3", "--no-pager"},
+      {"list --help=x", "--help"},
+      {"--version=1", "--version"}};
+  for (const auto& [line, option] : rows) {
+    const ToolRun run = RunLine(line);
+    EXPECT_EQ(run.status, 2) << line;
+    EXPECT_EQ(run.err, "zelk-metadata: option '" + option + "' takes no value\n") << line;
+    EXPECT_EQ(run.out, "") << line;
+  }
+}
+
+TEST(Arguments, WordThatOnlyLooksLikeAFlagWithAValueIsAnOperand) {
+  EXPECT_EQ(RunLine("get component -- --json=x").err,
+            "zelk-metadata: Metamodel component not found: --json=x\n");
+  EXPECT_EQ(RunOnInventory("list components --output --json=x").err,
+            "zelk-metadata: --output of list is one of table, plain, json, not '--json=x'\n");
+  EXPECT_THAT(RunOnInventory("list components --jsn=x").err, HasSubstr("unknown option '--jsn=x'"));
+}
+
+TEST(Arguments, JsonIsAnOptionOfCommandsWithJsonOnly) {
+  for (const Command& command : ProgramLanguage().commands) {
+    const bool has_json =
+        std::find(command.outputs.begin(), command.outputs.end(), "json") != command.outputs.end();
+    const bool is_offered =
+        RunLine(command.name + " --help").out.find("\n    --json ") != std::string::npos;
+    EXPECT_EQ(is_offered, has_json) << command.name;
+  }
+  const ToolRun run = RunLine("help --json");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "zelk-metadata: --output of help is one of text, not 'json'\n");
 }
 
 TEST(Arguments, HelpOfACommandShowsTheSharedOptions) {

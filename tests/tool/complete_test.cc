@@ -74,7 +74,9 @@ TEST(Complete, OffersEveryAllowedOption) {
   for (const Command& command : ProgramLanguage().commands) {
     Lines expected;
     for (const auto& option : command.options) expected.push_back("--" + option.name);
-    for (const auto& option : ProgramLanguage().options) expected.push_back("--" + option.name);
+    for (const auto& option : ProgramLanguage().options) {
+      if (command.Takes(option)) expected.push_back("--" + option.name);
+    }
     expected.emplace_back("--help");
     EXPECT_EQ(Choices(command.name + " -"), expected);
     EXPECT_EQ(Choices(command.name + " --"), expected);

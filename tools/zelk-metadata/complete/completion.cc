@@ -110,8 +110,11 @@ Choices Commands(const Language& language) {
 
 Choices Options(const Language& language, const Line& line) {
   Choices choices;
-  const auto add = [&choices](const std::vector<OptionDescription>& options) {
-    for (const auto& option : options) choices.push_back({"--" + option.name, option.summary});
+  const auto add = [&](const std::vector<OptionDescription>& options) {
+    for (const auto& option : options) {
+      const bool is_taken = line.command == nullptr || line.command->Takes(option);
+      if (is_taken) choices.push_back({"--" + option.name, option.summary});
+    }
   };
   if (line.command != nullptr) add(line.command->options);
   add(language.options);

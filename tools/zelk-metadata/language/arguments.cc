@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+#include <map>
 #include <type_traits>
 #include <variant>
 
@@ -132,13 +133,40 @@ bool Contains(const std::vector<std::string>& texts, const std::string& text) {
   return std::find(texts.begin(), texts.end(), text) != texts.end();
 }
 
+/// Whether each option takes a value.
+std::map<std::string, bool> OptionsOf(const Language& language) {
+  std::map<std::string, bool> takes_value{{"--help", false}, {"--version", false}};
+  const auto add = [&](const std::vector<OptionDescription>& options) {
+    for (const auto& option : options) takes_value["--" + option.name] = option.word != Word::kNone;
+  };
+  add(language.options);
+  for (const Command& command : language.commands) add(command.options);
+  return takes_value;
+}
+
+/// The complaint about a flag such as --json=x, which the parser would take for a truth value.
+std::string FlagWithValue(const std::vector<std::string>& args, const Language& language) {
+  const std::map<std::string, bool> takes_value = OptionsOf(language);
+  for (std::size_t i = 0; i < args.size() && args[i] != "--"; ++i) {
+    const std::size_t equals = args[i].find('=');
+    const auto option = takes_value.find(args[i].substr(0, equals));
+    if (option == takes_value.end()) continue;
+    if (equals == std::string::npos) {
+      // The next word is the value.
+      if (option->second) ++i;
+    } else if (!option->second) {
+      return fmt::format("option '{}' takes no value", option->first);
+    }
+  }
+  return "";
+}
+
 /// Makes --output and --json agree. Returns what is wrong with them.
 std::string Reconcile(Arguments& arguments, const Command& command) {
-  const std::string& output = arguments.output;
-  if (arguments.json && !output.empty() && output != "json") {
-    return fmt::format("--json and --output {} contradict each other", output);
+  if (arguments.json && !arguments.output.empty() && arguments.output != "json") {
+    return fmt::format("--json and --output {} contradict each other", arguments.output);
   }
-  if (arguments.json) return "";
+  const std::string output = arguments.json ? "json" : arguments.output;
   arguments.json = output == "json";
   if (output.empty() || Contains(command.outputs, output)) return "";
   return fmt::format("--output of {} is one of {}, not '{}'", command.name,
@@ -169,6 +197,10 @@ std::string UnknownCommand(const Language& language, const std::string& word) {
   return fmt::format("unknown command '{}'{}", word, Analysis::Suggestion(word, known));
 }
 
+bool Command::Takes(const OptionDescription& option) const {
+  return option.name != "json" || Contains(outputs, option.name);
+}
+
 const Command* Language::Find(const std::string& name) const {
   return FindIn(commands, name);
 }
@@ -181,6 +213,8 @@ ParsedArguments ParseArguments(const std::vector<std::string>& args, const Langu
     parsed.arguments.ids.assign(args.begin() + 2, args.end());
     return parsed;
   }
+  parsed.error = FlagWithValue(args, language);
+  if (!parsed.error.empty()) return parsed;
   CLI::App app;
   bool wants_version = false;
   app.add_flag("--version", wants_version);

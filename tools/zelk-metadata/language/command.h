@@ -130,6 +130,9 @@ struct Command {
   bool is_paged = true;
 
   ExitStatus (*run)(Invocation& call) = nullptr;
+
+  /// Whether an option that commands share has a meaning for this one.
+  bool Takes(const OptionDescription& option) const;
 };
 
 /// What may stand on a command line: one of the commands, and options that all of them share.

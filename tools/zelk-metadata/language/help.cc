@@ -19,6 +19,7 @@ Pairs OptionsOf(const Language& language, const Command& command) {
   Pairs pairs;
   for (const OptionDescription& option : command.options) Add(pairs, option, option.summary);
   for (const OptionDescription& option : language.options) {
+    if (!command.Takes(option)) continue;
     const bool is_output = option.word == Word::kChoice && option.choices.empty();
     const std::string outputs = fmt::format("One of {}", fmt::join(command.outputs, ", "));
     Add(pairs, option, is_output ? outputs : option.summary);
