@@ -462,6 +462,45 @@ TEST(Shell, ReloadReportsAFileThatChangedItsDomain) {
                          "it\n");
 }
 
+TEST(Shell, ReloadReportsAFileThatBelongsToNoDomain) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.json", MetamodelFile(Component("com.a")));
+  Talk talk;
+  ASSERT_EQ(talk.Say("create " + path).status, 0);
+  folder.Write("a.json", R"({"metamodl": {}})");
+  const ToolRun run = talk.Say("reload");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "kept\tmetamodel:a\n1 source: 1 kept\n");
+  EXPECT_EQ(run.err, "zelk-metadata: " + path +
+                         ": old data, since the file fails to load\nzelk-metadata: " + path +
+                         ":1:2: Not a metadata file: the object does not have the key metamodel, "
+                         "authentication or cli. Did you mean metamodel?\n");
+}
+
+TEST(Shell, TreeSaysWhereTheOldDataOfAKeptSourceIsShown) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.json", MetamodelFile(Component("com.a")));
+  Talk talk;
+  talk.Say("create " + path);
+  folder.Write("a.json", "{");
+  EXPECT_EQ(talk.Say("reload").status, 1);
+  const ToolRun run = talk.Say("tree");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "zelk-metadata: " + path +
+                         ": left out, since it has changed and fails to load; list and get still "
+                         "show the old data\n");
+  EXPECT_EQ(talk.Say("list components").out, "com.a\n");
+}
+
+TEST(Shell, CreateHasNoJson) {
+  Talk talk;
+  EXPECT_THAT(talk.Say("help create").out, Not(HasSubstr("--json")));
+  EXPECT_THAT(talk.Say("help reload").out, HasSubstr("--json"));
+  EXPECT_EQ(talk.Say("create --json " + kInventory).status, 2);
+  EXPECT_EQ(talk.Complete("create --js").text, "");
+  EXPECT_EQ(talk.Complete("reload --js").text, "--json ");
+}
+
 TEST(Shell, ReloadInJsonHasLinesAndErrors) {
   const TempFolder folder;
   const std::string path = folder.Write("a.json", MetamodelFile(Component("com.a")));

@@ -202,8 +202,12 @@ std::optional<Outline> Host::OutlineOf(Loaded& loaded, std::vector<LoadReport>& 
   const bool is_same =
       report.IsLoaded() && alone->FingerprintOf(loaded.source.id) == FingerprintOf(loaded);
   if (is_same) return alone->MakeOutline();
-  const Message message{"", "left out, since it has changed since it was loaded; reload it", {}};
-  report.problems = {{message}};
+  // A reload would not help: it keeps the old data, of which no file is left to read.
+  const char* const text = report.IsLoaded()
+                               ? "left out, since it has changed since it was loaded; reload it"
+                               : "left out, since it has changed and fails to load; list and get "
+                                 "still show the old data";
+  report.problems = {{{"", text, {}}}};
   failures.push_back(std::move(report));
   return std::nullopt;
 }

@@ -87,8 +87,11 @@ void Host::ExplainKept(const Loaded& loaded, ReloadReport& report) const {
     return;
   }
   const std::string reason = WhyUnreadable(path);
+  LoadReport refusal;
   if (!reason.empty()) {
     report.problems = {{{"", reason, {}}}};
+  } else if (DomainOf(path, table_, refusal) == nullptr) {
+    report.problems = std::move(refusal.problems);
   } else {
     report.problems = LoadInto(*loaded.row->make(), *loaded.row, loaded.source, table_).problems;
   }
