@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -8,6 +9,16 @@
 namespace Zelk::Analysis {
 
 enum class Domain : std::uint8_t { kMetamodel, kAuthentication, kCli };
+
+inline constexpr std::array<Domain, 3> kDomains{Domain::kMetamodel, Domain::kAuthentication,
+                                                Domain::kCli};
+
+/// A set of domains.
+using DomainSet = std::uint8_t;
+
+constexpr DomainSet SetOf(Domain domain) {
+  return static_cast<DomainSet>(1U << static_cast<unsigned>(domain));
+}
 
 /// What the formats are made of. Metamodel and Authentication share kComponent.
 enum class ElementKind : std::uint8_t {
@@ -85,6 +96,11 @@ struct Element {
   /// Of namespaces and commands, what their full name begins with.
   std::string_view path;
 };
+
+/// Whether the library answers the element, or keeps it where another one is answered first.
+inline bool IsKept(const Element& element) {
+  return element.fate == Fate::kFound || element.fate == Fate::kShadowed;
+}
 
 /// What people call the kind, in one word.
 const char* Word(ElementKind kind);

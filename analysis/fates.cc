@@ -9,10 +9,6 @@
 namespace Zelk::Analysis {
 namespace {
 
-bool IsKept(const Element& element) {
-  return element.fate == Fate::kFound || element.fate == Fate::kShadowed;
-}
-
 /// Structures of packages are in front of those of services, whatever their source. So are
 /// enumerations, and those of structures are after both.
 int LevelOf(const std::vector<Element>& elements, const Element& element) {

@@ -13,10 +13,6 @@
 namespace Zelk::Analysis {
 namespace {
 
-bool IsKept(const Element& element) {
-  return element.fate == Fate::kFound || element.fate == Fate::kShadowed;
-}
-
 auto KeyOf(const DomainElement& element) {
   return std::tie(element.domain, element.element);
 }

@@ -25,7 +25,7 @@ Analysis::Domain DomainOf(DomainId domain) {
 }  // namespace
 
 std::size_t LintFiles(DomainId domain, const std::vector<std::string>& paths) {
-  std::vector<Analysis::Lint::File> files;
+  std::vector<Analysis::File> files;
   for (const std::string& path : paths) {
     auto document = std::make_shared<const Analysis::Document>(Testing::FileText(path));
     files.push_back({path, DomainOf(domain), {path, std::move(document)}});

@@ -96,11 +96,11 @@ void CheckReading(const Document& document, Domain domain) {
 }
 
 void CheckFinding(const Lint::Workspace& workspace, const Lint::Finding& finding) {
-  const Document& document = Lint::DocumentOf(workspace, finding.place);
+  const Document& document = DocumentOf(workspace, finding.place);
   Check(finding.place.node < document.Size(), "a finding has a value");
   Check(finding.place.offset <= document.Text().size(), "a finding has a place");
   Check(!finding.remark.message.empty(), "a finding has a message");
-  Check(!Lint::PathOf(workspace, finding.place).empty(), "a finding has an element");
+  Check(!PathOf(workspace, finding.place).empty(), "a finding has an element");
   document.Pointer(finding.place.node);
 }
 
@@ -114,9 +114,9 @@ std::string TextOf(const Lint::Result& result) {
 }
 
 void CheckLint(const std::vector<std::shared_ptr<const Document>>& documents) {
-  std::vector<Lint::File> files;
+  std::vector<File> files;
   for (const auto& document : documents) {
-    for (const Domain domain : Lint::kDomains) {
+    for (const Domain domain : kDomains) {
       const std::string name = std::to_string(files.size());
       files.push_back({name, domain, {name, document}});
     }
@@ -132,7 +132,7 @@ void CheckFiles(std::string_view input) {
   std::vector<std::shared_ptr<const Document>> documents;
   for (std::string& text : FilesIn(input)) {
     auto document = std::make_shared<const Document>(std::move(text));
-    for (const Domain domain : Lint::kDomains) CheckReading(*document, domain);
+    for (const Domain domain : kDomains) CheckReading(*document, domain);
     if (document->IsJson()) documents.push_back(std::move(document));
   }
   CheckLint(documents);

@@ -1,5 +1,5 @@
+#include "analysis/example.h"
 #include "analysis/lint/authentication_rules.h"
-#include "analysis/lint/example.h"
 
 namespace Zelk::Analysis::Lint {
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "analysis/call.h"
 #include "analysis/format.h"
-#include "analysis/lint/call.h"
 #include "analysis/lint/cli_rules.h"
 
 // What can be said about commands without what they call.

@@ -3,8 +3,8 @@
 #include <set>
 #include <string>
 
+#include "analysis/call.h"
 #include "analysis/format.h"
-#include "analysis/lint/call.h"
 #include "analysis/lint/cli_rules.h"
 #include "analysis/text.h"
 

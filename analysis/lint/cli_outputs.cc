@@ -1,8 +1,8 @@
 #include <string>
 #include <vector>
 
+#include "analysis/call.h"
 #include "analysis/format.h"
-#include "analysis/lint/call.h"
 #include "analysis/lint/cli_rules.h"
 
 namespace Zelk::Analysis::Lint {

@@ -3,7 +3,7 @@
 #include <tuple>
 #include <vector>
 
-#include "analysis/lint/call.h"
+#include "analysis/call.h"
 #include "analysis/lint/cli_rules.h"
 
 namespace Zelk::Analysis::Lint {

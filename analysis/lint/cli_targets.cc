@@ -1,4 +1,4 @@
-#include "analysis/lint/call.h"
+#include "analysis/call.h"
 #include "analysis/lint/cli_rules.h"
 #include "analysis/lint/unknown_names.h"
 

@@ -4,23 +4,11 @@
 #include <tuple>
 #include <utility>
 
-#include <zelk/md5.h>
-
+#include "analysis/fingerprint.h"
 #include "analysis/near.h"
 
 namespace Zelk::Analysis::Lint {
 namespace {
-
-/// 64 bits of the digest of the text.
-std::uint64_t DigestOf(const std::string& text) {
-  ::Zelk::MD5 digest;
-  digest.Update(text.data(), text.size());
-  std::uint64_t bits = 0;
-  for (const char digit : digest.hexdigest().substr(0, 16)) {
-    bits = bits << 4U | static_cast<std::uint64_t>(digit <= '9' ? digit - '0' : digit - 'a' + 10);
-  }
-  return bits;
-}
 
 /// About how long the path of the place is.
 std::size_t PathSize(const Workspace& workspace, const Place& place) {
@@ -38,45 +26,6 @@ auto Order(const Finding& finding) {
 }
 
 }  // namespace
-
-Place PlaceOf(const Model& model, ElementId element, NodeId value) {
-  const Document& document = model.DocumentOf(element);
-  return {model.GetDomain(), model[element].source, element, value, document[value].begin};
-}
-
-Place PlaceOfKey(const Model& model, ElementId element, NodeId member) {
-  Place place = PlaceOf(model, element, member);
-  place.offset = model.DocumentOf(element)[member].key_begin;
-  return place;
-}
-
-Place PlaceOf(const Model& model, ElementId id) {
-  const Element& element = model[id];
-  const char* const key = NameKey(element.kind);
-  const bool has_key = key != nullptr && !element.is_implied;
-  const NodeId name = has_key ? model.DocumentOf(id).Find(element.node, key) : kNoNode;
-  return name == kNoNode ? PlaceOfKey(model, id, element.node) : PlaceOf(model, id, name);
-}
-
-std::string Shortened(std::string_view text, std::size_t most) {
-  if (text.size() <= most) return std::string(text);
-  const std::size_t end = most / 2;
-  return std::string(text.substr(0, end)) + "..." + std::string(text.substr(text.size() - end));
-}
-
-std::string Called(const Model& model, ElementId id) {
-  const Element& element = model[id];
-  return std::string("the ") + Word(element.kind) + " '" + Shortened(model.FullName(id)) + "'";
-}
-
-std::string PathOf(const Workspace& workspace, const Place& place) {
-  if (place.element == kNoElement) return FormatOf(place.domain).root_key;
-  return workspace.ModelOf(place.domain).Path(place.element);
-}
-
-const Document& DocumentOf(const Workspace& workspace, const Place& place) {
-  return *workspace.ModelOf(place.domain).Sources()[place.source].document;
-}
 
 void Findings::Add(const Place& place, Remark remark) {
   const auto& chosen = workspace_.GetSettings().severities;
@@ -114,9 +63,9 @@ void Findings::SetFingerprints() {
     std::string identity = finding.rule->id;
     (identity += '\0') += PathOf(workspace_, finding.place);
     (identity += '\0') += finding.remark.subject;
-    const std::uint64_t digest = DigestOf(identity);
+    const std::uint64_t digest = FingerprintOf(identity);
     const std::size_t n = ++times[digest];
-    finding.fingerprint = n == 1 ? digest : DigestOf(identity + '\0' + std::to_string(n));
+    finding.fingerprint = n == 1 ? digest : FingerprintOf(identity + '\0' + std::to_string(n));
   }
 }
 

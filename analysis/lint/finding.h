@@ -9,32 +9,11 @@
 #include <unordered_map>
 #include <vector>
 
-#include "analysis/element_model.h"
 #include "analysis/lint/rule.h"
 #include "analysis/lint/workspace.h"
+#include "analysis/place.h"
 
 namespace Zelk::Analysis::Lint {
-
-/// What a finding is about.
-struct Place {
-  Domain domain;
-  /// The position of the source in the model of the domain.
-  std::uint32_t source;
-  /// kNoElement for the file as a whole.
-  ElementId element;
-  /// What is to be looked at, and the byte where that begins: a value, or the key of a member.
-  NodeId node;
-  std::uint32_t offset;
-};
-
-/// Where the element has its name, or if it has none, where it begins.
-Place PlaceOf(const Model& model, ElementId id);
-
-/// A value that belongs to the element.
-Place PlaceOf(const Model& model, ElementId element, NodeId value);
-
-/// The key of a member that belongs to the element.
-Place PlaceOfKey(const Model& model, ElementId element, NodeId member);
 
 /// What a rule says about a place.
 struct Remark {
@@ -115,30 +94,5 @@ class Findings {
   /// How many more names may be compared for hints.
   std::size_t comparisons_left_ = 100000;
 };
-
-/// Names the element of the place without any position; the name of the domain for a whole file.
-std::string PathOf(const Workspace& workspace, const Place& place);
-
-/// The document of the place.
-const Document& DocumentOf(const Workspace& workspace, const Place& place);
-
-/// Whether the library answers the element, or keeps it where another one is answered first.
-inline bool IsKept(const Element& element) {
-  return element.fate == Fate::kFound || element.fate == Fate::kShadowed;
-}
-
-/// Calls `look(id)` with each element of the kind that is written in a file.
-template <typename Look>
-void ForEachElement(const Model& model, ElementKind kind, const Look& look) {
-  for (ElementId id = 0; id < model.Size(); ++id) {
-    if (model[id].kind == kind && !model[id].is_implied) look(id);
-  }
-}
-
-/// The text, or its ends if it is longer than `most` bytes.
-std::string Shortened(std::string_view text, std::size_t most = 200);
-
-/// "the service 'c.p.s'".
-std::string Called(const Model& model, ElementId id);
 
 }  // namespace Zelk::Analysis::Lint

@@ -1,4 +1,4 @@
-#include "analysis/lint/example.h"
+#include "analysis/example.h"
 #include "analysis/lint/loader_rules.h"
 
 namespace Zelk::Analysis::Lint {

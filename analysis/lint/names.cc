@@ -2,8 +2,8 @@
 #include <tuple>
 #include <utility>
 
+#include "analysis/example.h"
 #include "analysis/fates.h"
-#include "analysis/lint/example.h"
 #include "analysis/lint/finding.h"
 #include "analysis/text.h"
 

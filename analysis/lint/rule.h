@@ -41,16 +41,6 @@ enum class DecidedBy : std::uint8_t {
   kConvention,
 };
 
-inline constexpr std::array<Domain, 3> kDomains{Domain::kMetamodel, Domain::kAuthentication,
-                                                Domain::kCli};
-
-/// A set of domains.
-using DomainSet = std::uint8_t;
-
-constexpr DomainSet SetOf(Domain domain) {
-  return static_cast<DomainSet>(1U << static_cast<unsigned>(domain));
-}
-
 inline constexpr DomainSet kMetamodelOnly = SetOf(Domain::kMetamodel);
 inline constexpr DomainSet kAuthenticationOnly = SetOf(Domain::kAuthentication);
 inline constexpr DomainSet kCliOnly = SetOf(Domain::kCli);

@@ -1,52 +1,19 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
-#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "analysis/definitions.h"
-#include "analysis/element_model.h"
-#include "analysis/lint/rule.h"
 #include "analysis/lint/settings.h"
-#include "analysis/references.h"
+#include "analysis/workspace.h"
 
 namespace Zelk::Analysis::Lint {
 
-struct File {
-  /// As the user knows it.
-  std::string name;
-  Domain domain;
-  /// Sources of one domain must have different ids.
-  Source source;
-};
-
-/// The files that rules look at, loaded together as one host would load them.
-class Workspace {
+/// What rules look at: the files, and what their project chooses.
+class Workspace : public Analysis::Workspace {
  public:
-  explicit Workspace(std::vector<File> files, Settings settings = {});
-  Workspace(const Workspace&) = delete;
-  Workspace& operator=(const Workspace&) = delete;
-  ~Workspace() = default;
-
-  /// In ascending order of their names.
-  const std::vector<File>& Files() const { return files_; }
-
-  const Model& ModelOf(Domain domain) const { return models_[static_cast<std::size_t>(domain)]; }
-
-  /// What the Metamodel files define.
-  const Definitions& GetDefinitions() const { return definitions_; }
-
-  const References& GetReferences() const { return references_; }
-
-  /// The domains that have a file that loads.
-  DomainSet Loaded() const { return loaded_; }
-
-  /// The position in Files() of a source of a model.
-  std::uint32_t FileOf(Domain domain, std::uint32_t source) const {
-    return file_of_[static_cast<std::size_t>(domain)][source];
-  }
+  explicit Workspace(std::vector<File> files, Settings settings = {})
+      : Analysis::Workspace(std::move(files)), settings_(std::move(settings)) {}
 
   /// Whether the name is one whose source is elsewhere on purpose.
   bool IsExternal(std::string_view name) const;
@@ -54,13 +21,7 @@ class Workspace {
   const Settings& GetSettings() const { return settings_; }
 
  private:
-  std::vector<File> files_;
   Settings settings_;
-  std::array<Model, 3> models_;
-  Definitions definitions_;
-  References references_;
-  std::array<std::vector<std::uint32_t>, 3> file_of_;
-  DomainSet loaded_ = 0;
 };
 
 }  // namespace Zelk::Analysis::Lint

@@ -66,10 +66,6 @@ class IndentedText {
   std::size_t depth_ = 0;
 };
 
-inline bool IsKept(const Element& element) {
-  return element.fate == Fate::kFound || element.fate == Fate::kShadowed;
-}
-
 /// The text under the key of the element's node, or an empty text.
 inline std::string TextOf(const Model& model, ElementId id, const char* key) {
   const auto& document = model.DocumentOf(id);

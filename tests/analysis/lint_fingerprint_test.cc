@@ -12,12 +12,12 @@ using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): short w
 namespace {
 
 using Zelk::Analysis::Document;
+using Zelk::Analysis::File;
 using Zelk::Analysis::kNoNode;
 using Zelk::Analysis::kRootNode;
 using Zelk::Analysis::NodeId;
 using Zelk::Analysis::NodeKind;
 using Zelk::Analysis::Lint::Example;
-using Zelk::Analysis::Lint::File;
 using Zelk::Analysis::Lint::Rules;
 
 /// Rules with fingerprints, whatever the order of the findings.
@@ -33,7 +33,7 @@ Identities IdentitiesOf(std::vector<File> files) {
 }
 
 Identities IdentitiesOf(const std::vector<std::string>& texts) {
-  return IdentitiesOf(LintFiles(texts));
+  return IdentitiesOf(FilesOf(texts));
 }
 
 std::vector<std::string> TextsOf(const Example& example) {
@@ -98,7 +98,7 @@ TEST(Fingerprints, StayTheSameInFilesThatAreIndentedAndReordered) {
 TEST(Fingerprints, StayTheSameInFilesThatAreMoved) {
   for (const auto* rule : Rules()) {
     const std::vector<std::string> texts = TextsOf(rule->example);
-    std::vector<File> moved = LintFiles(texts);
+    std::vector<File> moved = FilesOf(texts);
     for (File& file : moved) file.name = file.source.id = "other/folder/" + file.name;
     EXPECT_EQ(IdentitiesOf(std::move(moved)), IdentitiesOf(texts)) << rule->id;
   }

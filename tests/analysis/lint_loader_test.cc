@@ -131,7 +131,7 @@ class Oracle {
   void LookAt(const std::string& text) {
     const std::string before = Answers(text);
     if (before.empty()) return;
-    const Zelk::Analysis::Lint::Workspace workspace(LintFiles({text}));
+    const Zelk::Analysis::Lint::Workspace workspace(FilesOf({text}));
     for (const char* const rule : kDecisive) {
       std::vector<Edit> edits;
       for (const Finding& finding :

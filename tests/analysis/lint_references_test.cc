@@ -66,7 +66,7 @@ TEST(UnresolvedReference, IsOnlyCountedIfTheTextsAreTooLong) {
   for (int i = 0; i < 500; ++i) fields += "," + Field("f", Named("Structure", "c.p.none"));
   std::string text = MetamodelFile({Structure("c.p.spec", fields), "", ""});
   text.replace(text.find("c.p"), 3, "c.p" + std::string(1000000, 'x'));
-  const Zelk::Analysis::Lint::Workspace workspace(LintFiles({text}));
+  const Zelk::Analysis::Lint::Workspace workspace(FilesOf({text}));
   const auto result = Zelk::Analysis::Lint::Lint(
       workspace, {Zelk::Analysis::Lint::FindRule("unresolved-reference")});
   EXPECT_EQ(result.findings.size() + result.unlisted.front(), 500U);

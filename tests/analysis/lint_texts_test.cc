@@ -3,7 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "analysis/lint/example.h"
+#include "analysis/example.h"
 #include "analysis/linted.h"
 
 // What the rules of the groups 'loader' and 'names' say, beyond the example of each rule.

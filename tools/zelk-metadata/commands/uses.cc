@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "analysis/format.h"
-#include "analysis/lint/workspace.h"
 #include "analysis/near.h"
+#include "analysis/workspace.h"
 #include "host/load.h"
 #include "language/invocation.h"
 #include "language/operands.h"
@@ -22,7 +22,7 @@ using Analysis::kNoElement;
 using Analysis::Model;
 using Analysis::Reference;
 using Analysis::ReferenceKind;
-using Analysis::Lint::Workspace;
+using Analysis::Workspace;
 
 /// A kind of things that others refer to.
 struct UsedKind {
@@ -58,7 +58,7 @@ Names UsedKindNames() {
 }
 
 std::unique_ptr<const Workspace> ReadSources(Host& host) {
-  std::vector<Analysis::Lint::File> files;
+  std::vector<Analysis::File> files;
   for (const LoadedSource& loaded : host.Sources()) {
     files.push_back({ShownName(loaded.source),
                      Analysis::FindFormat(loaded.row->root_key)->domain,

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "analysis/lint/workspace.h"
+#include "analysis/workspace.h"
 #include "host/load.h"
 #include "host/source_argument.h"
 
@@ -15,7 +15,7 @@ namespace Zelk::Tool {
 
 /// The files that are looked at together.
 struct Input {
-  std::vector<Analysis::Lint::File> files;
+  std::vector<Analysis::File> files;
 
   /// Those that do not load. They are not looked at.
   std::vector<LoadReport> failed;

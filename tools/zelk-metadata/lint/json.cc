@@ -54,7 +54,7 @@ void WriteSummary(JsonWriter& json, const Summary& summary) {
   json.EndObject();
   json.Key("skipped");
   json.StartObject();
-  for (const Analysis::Domain domain : Analysis::Lint::kDomains) {
+  for (const Analysis::Domain domain : Analysis::kDomains) {
     WriteNumber(json, Analysis::FormatOf(domain).root_key,
                 summary.skipped.at(static_cast<std::size_t>(domain)));
   }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <string_view>
 #include <vector>
 
-#include "analysis/lint/workspace.h"
+#include "analysis/workspace.h"
 
-namespace Zelk::Analysis::Lint {
+namespace Zelk::Analysis {
 
 /// A command that is kept, and what it calls.
 struct Call {
@@ -25,10 +24,7 @@ struct Filling {
 
 std::vector<Filling> FillingsOf(const Workspace& workspace, const Call& call);
 
-/// The text under a key of the element's node, or an empty text.
-std::string_view TextOf(const Model& model, ElementId id, const char* key);
-
 /// Whether nothing at all is a value of the parameter or field, too.
 bool IsOptional(const Workspace& workspace, ElementId part);
 
-}  // namespace Zelk::Analysis::Lint
+}  // namespace Zelk::Analysis

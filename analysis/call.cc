@@ -1,6 +1,8 @@
-#include "analysis/lint/call.h"
+#include "analysis/call.h"
 
-namespace Zelk::Analysis::Lint {
+#include "analysis/place.h"
+
+namespace Zelk::Analysis {
 
 std::vector<Call> CallsOf(const Workspace& workspace) {
   std::vector<Call> calls;
@@ -31,16 +33,10 @@ std::vector<Filling> FillingsOf(const Workspace& workspace, const Call& call) {
   return fillings;
 }
 
-std::string_view TextOf(const Model& model, ElementId id, const char* key) {
-  const Document& document = model.DocumentOf(id);
-  const NodeId node = document.Find(model[id].node, key);
-  return node == kNoNode ? std::string_view() : document.String(node);
-}
-
 bool IsOptional(const Workspace& workspace, ElementId part) {
   const Model& model = workspace.ModelOf(Domain::kMetamodel);
   const Document& document = model.DocumentOf(part);
   return ReadType(document, document.Find(model[part].node, "type")).word == "OPTIONAL";
 }
 
-}  // namespace Zelk::Analysis::Lint
+}  // namespace Zelk::Analysis
