@@ -1,0 +1,92 @@
+#include "analysis/diff/change.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+#include "analysis/fingerprint.h"
+#include "analysis/resources.h"
+
+namespace Zelk::Analysis::Diff {
+namespace {
+
+constexpr std::string_view kOpened = "authentication-list-removed";
+
+/// Of kinds that know a direction, the verdicts for both are the worse ones of each.
+Verdicts VerdictsOf(const Kind& kind, Direction direction) {
+  if (direction == Direction::kInput) return kind.verdicts.input;
+  if (direction == Direction::kOutput) return kind.verdicts.output;
+  return Worse(kind.verdicts.input, kind.verdicts.output);
+}
+
+auto Order(const Change& change) {
+  const int worst = static_cast<int>(ClassOf(change));
+  return std::tuple(change.kind->id != kOpened, -worst, change.kind->area,
+                    std::string_view(change.element), std::string_view(change.kind->id));
+}
+
+std::optional<Place> PlaceIn(const Model& model, ElementId id, NodeId node) {
+  if (id == kNoElement) return std::nullopt;
+  return node == kNoNode ? PlaceOf(model, id) : PlaceOf(model, id, node);
+}
+
+}  // namespace
+
+Class ClassOf(const Verdicts& verdicts, AudienceSet audiences) {
+  Class worst = Class::kNotConcerned;
+  for (std::size_t i = 0; i < kAudiences; ++i) {
+    if ((audiences & SetOf(static_cast<Audience>(i))) != 0) worst = std::max(worst, verdicts.at(i));
+  }
+  return worst;
+}
+
+bool Changes::WasDeprecated(const Model& model, ElementId id) const {
+  for (; id != kNoElement; id = model[id].owner) {
+    for (const std::string& annotation : assumptions_.deprecated) {
+      if (AnnotationOf(model, id, annotation) != kNoElement) return true;
+    }
+  }
+  return false;
+}
+
+void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details) {
+  const Kind& kind = *FindKind(id);
+  const ModelPair models = Models(domain);
+  Verdicts verdicts = details.verdicts.value_or(VerdictsOf(kind, details.direction));
+  if (kind.action == Action::kRemoved && pair.old_id != kNoElement &&
+      ClassOf(verdicts, kAllAudiences) == Class::kBreaking &&
+      WasDeprecated(models.old_model, pair.old_id)) {
+    for (Class& verdict : verdicts) verdict = std::min(verdict, Class::kDangerous);
+    details.message += ", which was deprecated";
+  }
+  const bool is_added = pair.old_id == kNoElement;
+  const Model& model = is_added ? models.new_model : models.old_model;
+  const ElementId element = is_added ? pair.new_id : pair.old_id;
+  std::string path = model.Path(element) + details.part;
+  std::string identity = kind.id;
+  for (const std::string* part : {&path, &details.old_value, &details.new_value}) {
+    (identity += '\0') += *part;
+  }
+  details.old_value = Shortened(details.old_value, 1000);
+  details.new_value = Shortened(details.new_value, 1000);
+  const std::size_t size =
+      path.size() + details.message.size() + details.old_value.size() + details.new_value.size();
+  if (all_.size() >= kMost || size > text_left_) {
+    ++unlisted_[verdicts];
+    return;
+  }
+  text_left_ -= size;
+  all_.push_back({&kind, verdicts, std::move(path),
+                  PlaceIn(models.old_model, pair.old_id, details.old_node),
+                  PlaceIn(models.new_model, pair.new_id, details.new_node), std::move(details),
+                  FingerprintOf(identity)});
+}
+
+std::vector<Change> Changes::Take() {
+  std::stable_sort(all_.begin(), all_.end(), [](const Change& left, const Change& right) {
+    return Order(left) < Order(right);
+  });
+  return std::move(all_);
+}
+
+}  // namespace Zelk::Analysis::Diff

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "analysis/diff/assumptions.h"
+#include "analysis/diff/kind.h"
+#include "analysis/diff/pairs.h"
+#include "analysis/place.h"
+
+namespace Zelk::Analysis::Diff {
+
+/// What comparers say about a change.
+struct Details {
+  /// One sentence without a full stop at its end.
+  std::string message;
+  /// What callers saw and see, such as types; or empty.
+  std::string old_value = {};
+  std::string new_value = {};
+  Direction direction = Direction::kNone;
+  /// Unless they are those of the kind for the direction.
+  std::optional<Verdicts> verdicts = std::nullopt;
+  /// The assumption by which the verdicts were decided, such as "parameters: named"; or empty.
+  std::string assumption = {};
+  /// What worked in the old version and does not in the new one; or empty.
+  std::string witness = {};
+  /// What may help, such as "possibly renamed to 'c.p.stop'"; or empty.
+  std::string hint = {};
+  /// What is to be looked at, unless it is where the element has its name.
+  NodeId old_node = kNoNode;
+  NodeId new_node = kNoNode;
+  /// Added to the path of the element if it is about something in it that is not an element, such
+  /// as "/resource:c.id"; or empty.
+  std::string part = {};
+};
+
+struct Change {
+  const Kind* kind;
+  Verdicts verdicts;
+  /// The path in the old version; of what is added, in the new version.
+  std::string element;
+  /// Where it was and is; empty for a version that does not have it.
+  std::optional<Place> old_place;
+  std::optional<Place> new_place;
+  Details details;
+  /// Of the kind, the element and both values: the same for the same change in other files.
+  std::uint64_t fingerprint;
+};
+
+/// The worst verdict for the audiences.
+Class ClassOf(const Verdicts& verdicts, AudienceSet audiences);
+
+inline Class ClassOf(const Change& change, AudienceSet audiences = kAllAudiences) {
+  return ClassOf(change.verdicts, audiences);
+}
+
+/// How many changes have the same verdicts.
+using VerdictCounts = std::map<Verdicts, std::size_t>;
+
+/// Takes the changes that comparers find.
+class Changes {
+ public:
+  Changes(const Workspace& old_version, const Workspace& new_version,
+          const Assumptions& assumptions)
+      : old_version_(old_version), new_version_(new_version), assumptions_(assumptions) {}
+
+  const Workspace& Old() const { return old_version_; }
+
+  const Workspace& New() const { return new_version_; }
+
+  const Assumptions& GetAssumptions() const { return assumptions_; }
+
+  ModelPair Models(Domain domain) const {
+    return {old_version_.ModelOf(domain), new_version_.ModelOf(domain)};
+  }
+
+  /// `id` is that of a kind. A removal of what was deprecated is at most dangerous.
+  void Add(std::string_view id, Domain domain, Pair pair, Details details);
+
+  bool IsEmpty() const { return all_.empty() && unlisted_.empty(); }
+
+  /// All of them: opened access first, then by class with the worst first, by area and by element.
+  std::vector<Change> Take();
+
+  /// How many there are that Take() does not return. Files may differ at every value, and names
+  /// may be as long as files.
+  const VerdictCounts& Unlisted() const { return unlisted_; }
+
+  static constexpr std::size_t kMost = 100000;
+
+ private:
+  bool WasDeprecated(const Model& model, ElementId id) const;
+
+  const Workspace& old_version_;
+  const Workspace& new_version_;
+  const Assumptions& assumptions_;
+  std::vector<Change> all_;
+  VerdictCounts unlisted_;
+  /// How many more bytes the changes may have.
+  std::size_t text_left_ = 32000000;
+};
+
+}  // namespace Zelk::Analysis::Diff

@@ -1,0 +1,141 @@
+#include "analysis/diff/pairs.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <tuple>
+
+#include "analysis/fates.h"
+
+namespace Zelk::Analysis::Diff {
+namespace {
+
+using Key = std::tuple<std::string_view, std::string_view>;
+
+Key KeyOf(const Element& element) {
+  return {element.path, element.name};
+}
+
+std::vector<ElementId> Answered(const Model& model, ElementKind kind) {
+  std::vector<ElementId> ids;
+  for (ElementId id = 0; id < model.Size(); ++id) {
+    if (model[id].kind == kind && model[id].fate == Fate::kFound) ids.push_back(id);
+  }
+  std::sort(ids.begin(), ids.end(), [&](ElementId left, ElementId right) {
+    return KeyOf(model[left]) < KeyOf(model[right]);
+  });
+  return ids;
+}
+
+std::vector<ElementId> Parts(const Model& model, ElementId owner, ElementKind kind) {
+  std::vector<ElementId> ids;
+  for (const ElementId id : model.Children(owner)) {
+    if (model[id].kind == kind && IsKept(model[id])) ids.push_back(id);
+  }
+  return ids;
+}
+
+std::string_view TextOf(const Model& model, ElementId id) {
+  const Document& document = model.DocumentOf(id);
+  const Node& node = document[model[id].node];
+  return document.Text().substr(node.begin, node.end - node.begin);
+}
+
+bool Has(const Model& model, const Element& element) {
+  return model.Find(element.kind, element.name, element.path) != kNoElement;
+}
+
+using Counts = std::map<ElementKind, std::size_t>;
+
+/// " with 1 service and 12 operations"; empty if there are none.
+std::string CountsText(const Counts& counts) {
+  constexpr std::array<ElementKind, 7> kCounted{ElementKind::kPackage,    ElementKind::kService,
+                                                ElementKind::kNamespace,  ElementKind::kOperation,
+                                                ElementKind::kCommand,    ElementKind::kStructure,
+                                                ElementKind::kEnumeration};
+  std::vector<std::string> texts;
+  for (const ElementKind kind : kCounted) {
+    const auto found = counts.find(kind);
+    if (found == counts.end()) continue;
+    const bool is_one = found->second == 1;
+    texts.push_back(std::to_string(found->second) + " " + Word(kind) + (is_one ? "" : "s"));
+  }
+  std::string text;
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const bool is_last = i + 1 == texts.size();
+    text += (i == 0 ? " with " : is_last ? " and " : ", ") + texts[i];
+  }
+  return text;
+}
+
+}  // namespace
+
+std::vector<Pair> LookupPairs(const ModelPair& models, ElementKind kind) {
+  const std::vector<ElementId> old_ids = Answered(models.old_model, kind);
+  const std::vector<ElementId> new_ids = Answered(models.new_model, kind);
+  std::vector<Pair> pairs;
+  auto next = new_ids.begin();
+  for (const ElementId id : old_ids) {
+    const Key key = KeyOf(models.old_model[id]);
+    for (; next != new_ids.end() && KeyOf(models.new_model[*next]) < key; ++next) {
+      pairs.push_back({kNoElement, *next});
+    }
+    const bool is_matched = next != new_ids.end() && KeyOf(models.new_model[*next]) == key;
+    pairs.push_back({id, is_matched ? *next++ : kNoElement});
+  }
+  for (; next != new_ids.end(); ++next) pairs.push_back({kNoElement, *next});
+  return pairs;
+}
+
+std::vector<Pair> PartPairs(const ModelPair& models, Pair owners, ElementKind kind) {
+  const std::vector<ElementId> old_ids = Parts(models.old_model, owners.old_id, kind);
+  const std::vector<ElementId> new_ids = Parts(models.new_model, owners.new_id, kind);
+  // Those of equal names are in their order.
+  std::multimap<std::string_view, std::size_t> by_name;
+  for (std::size_t i = 0; i < new_ids.size(); ++i) {
+    by_name.emplace(models.new_model[new_ids[i]].name, i);
+  }
+  std::vector<Pair> pairs;
+  for (const ElementId id : old_ids) {
+    const auto found = by_name.lower_bound(models.old_model[id].name);
+    const bool is_matched = found != by_name.end() && found->first == models.old_model[id].name;
+    pairs.push_back({id, is_matched ? new_ids[found->second] : kNoElement});
+    if (is_matched) by_name.erase(found);
+  }
+  std::vector<std::size_t> added;
+  for (const auto& [name, index] : by_name) added.push_back(index);
+  std::sort(added.begin(), added.end());
+  for (const std::size_t index : added) pairs.push_back({kNoElement, new_ids[index]});
+  return pairs;
+}
+
+bool IsSameText(const ModelPair& models, Pair pair) {
+  return TextOf(models.old_model, pair.old_id) == TextOf(models.new_model, pair.new_id);
+}
+
+bool IsWithinChange(const ModelPair& models, Pair pair) {
+  const Model& model = pair.IsAdded() ? models.new_model : models.old_model;
+  const Model& other = pair.IsAdded() ? models.old_model : models.new_model;
+  const ElementId owner = model[pair.IsAdded() ? pair.new_id : pair.old_id].owner;
+  return owner != kNoElement && !Has(other, model[owner]);
+}
+
+std::string ContentsOf(const ModelPair& models, Pair pair) {
+  const Model& model = pair.IsAdded() ? models.new_model : models.old_model;
+  const Model& other = pair.IsAdded() ? models.old_model : models.new_model;
+  Counts counts;
+  std::vector<ElementId> open{pair.IsAdded() ? pair.new_id : pair.old_id};
+  while (!open.empty()) {
+    const ElementId owner = open.back();
+    open.pop_back();
+    for (const ElementId id : model.Children(owner)) {
+      const Element& element = model[id];
+      if (!IsKept(element) || (HasLookup(element.kind) && Has(other, element))) continue;
+      ++counts[element.kind];
+      open.push_back(id);
+    }
+  }
+  return CountsText(counts);
+}
+
+}  // namespace Zelk::Analysis::Diff

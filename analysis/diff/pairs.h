@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "analysis/element_model.h"
+
+// Which elements of two versions are the same one.
+
+namespace Zelk::Analysis::Diff {
+
+/// One domain in both versions.
+struct ModelPair {
+  const Model& old_model;
+  const Model& new_model;
+};
+
+/// An element in both versions; kNoElement in the one that does not have it.
+struct Pair {
+  ElementId old_id;
+  ElementId new_id;
+
+  bool IsRemoved() const { return new_id == kNoElement; }
+
+  bool IsAdded() const { return old_id == kNoElement; }
+
+  bool IsMatched() const { return !IsRemoved() && !IsAdded(); }
+};
+
+/// All elements of the kind that lookups return, wherever they are, in the order of their names.
+std::vector<Pair> LookupPairs(const ModelPair& models, ElementKind kind);
+
+/// The parts of that kind of an element that both versions have. Of parts with one name, the first
+/// one is matched with the first one, and so on. In the old order; those that were added come last.
+std::vector<Pair> PartPairs(const ModelPair& models, Pair owners, ElementKind kind);
+
+/// Whether the text of an element that both versions have is the same byte for byte. Then all parts
+/// of it that have no lookups of their own are the same, too.
+bool IsSameText(const ModelPair& models, Pair pair);
+
+/// Whether what an element is in is in one version only, as the element is. Then the change is that
+/// of what it is in.
+bool IsWithinChange(const ModelPair& models, Pair pair);
+
+/// "", " with 1 service", " with 2 services and 12 operations": what comes or goes with an element
+/// that one version has.
+std::string ContentsOf(const ModelPair& models, Pair pair);
+
+}  // namespace Zelk::Analysis::Diff
