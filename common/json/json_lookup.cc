@@ -27,13 +27,10 @@ JsonMembers::JsonMembers(const JsonValue& value) {
 }
 
 const JsonValue* FindMember(const JsonValue& object, const char* name) {
-  const std::size_t length = std::strlen(name);
   for (const auto& member : JsonMembers(object)) {
-    // The zero byte after the name is compared, too; a longer key may contain it.
-    if (member.name.GetStringLength() >= length &&
-        std::memcmp(member.name.GetString(), name, length + 1) == 0) {
-      return &member.value;
-    }
+    const char* const key = member.name.GetString();
+    // Most other keys differ in the first byte, which saves the call.
+    if (*key == *name && std::strcmp(key, name) == 0) return &member.value;
   }
   return nullptr;
 }
