@@ -283,6 +283,7 @@ Command UsesCommand() {
   command.outputs = TableOutputs();
   command.example =
       "uses structure com.orvane.zelk.metadata.metamodel.field_info --source metadata";
+  command.use = HostUse::kFiles;
   command.run = RunUses;
   return command;
 }

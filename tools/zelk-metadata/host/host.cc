@@ -85,7 +85,7 @@ LoadReport Host::LoadFor(Loaded& loaded) {
     return LoadInto(*RunningOf(row).domain, row, loaded.source, table_);
   const auto alone = row.make();
   LoadReport report = LoadInto(*alone, row, loaded.source, table_);
-  if (report.IsLoaded()) loaded.outline = alone->MakeOutline();
+  if (report.IsLoaded() && use_ == HostUse::kOutlines) loaded.outline = alone->MakeOutline();
   return report;
 }
 

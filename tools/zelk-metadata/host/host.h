@@ -94,6 +94,8 @@ enum class HostUse {
   /// Only what each source holds by itself: each is loaded into a container of its own, of which
   /// the outline is kept.
   kOutlines,
+  /// Only which sources load, and in which domains: nothing of them is kept.
+  kFiles,
 };
 
 struct UsageAnswer {
