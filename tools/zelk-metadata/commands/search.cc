@@ -32,7 +32,7 @@ class Wanted {
   bool IsIn(const std::string& text) const { return re2::RE2::PartialMatch(text, expression_); }
 
   bool IsInNameOf(const Entry& entry) const {
-    return IsIn(entry.name) || (in_whole_names_ && IsIn(Dotted(entry.subject.ids)));
+    return IsIn(entry.Name()) || (in_whole_names_ && IsIn(Dotted(entry.subject.ids)));
   }
 
  private:

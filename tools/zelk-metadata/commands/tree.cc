@@ -27,8 +27,12 @@ std::size_t KindIndex(const Entry& entry) {
                                   kinds.begin());
 }
 
-bool IsShown(const Entry& entry) {
-  return KindIndex(entry) < ShownKinds().size();
+/// Leaves only the kinds that are shown: most entries are not, and nothing shown is inside of them.
+void DropHidden(Outline& outline) {
+  outline.erase(
+      std::remove_if(outline.begin(), outline.end(),
+                     [](const Entry& entry) { return KindIndex(entry) == ShownKinds().size(); }),
+      outline.end());
 }
 
 /// The outermost entries with the id, with everything in them.
@@ -36,7 +40,7 @@ Outline PartsWithId(const Outline& outline, const std::string& id) {
   Outline part;
   for (auto entry = outline.begin(); entry != outline.end();) {
     const std::size_t depth = entry->depth;
-    if (!IsShown(*entry) || Dotted(entry->subject.ids) != id) {
+    if (Dotted(entry->subject.ids) != id) {
       ++entry;
       continue;
     }
@@ -58,9 +62,7 @@ struct Line {
 std::vector<Line> Lines(const Outline& outline) {
   const Counts none(ShownKinds().size(), 0);
   std::vector<Line> lines{{0, nullptr, none}};
-  for (const Entry& entry : outline) {
-    if (IsShown(entry)) lines.push_back({entry.depth + 1, &entry, none});
-  }
+  for (const Entry& entry : outline) lines.push_back({entry.depth + 1, &entry, none});
   // From the end, so that what is inside has been counted before. Each depth keeps what the lines
   // below add to the next line above that is less deep.
   std::vector<Counts> inside;
@@ -96,7 +98,7 @@ void WritePage(Page& page, const DomainRow& row, const std::vector<Line>& lines,
       page.Title(row.name + (counts.empty() ? " (nothing)" : counts));
     } else {
       page.Line(line.depth,
-                fmt::format("{} {}{}", line.entry->subject.kind, line.entry->name, counts));
+                fmt::format("{} {}{}", line.entry->subject.kind, line.entry->Name(), counts));
     }
   }
 }
@@ -116,7 +118,7 @@ void WriteCounts(JsonWriter& json, const Counts& counts) {
 void OpenJson(JsonWriter& json, const DomainRow& row, const Line& line) {
   json.StartObject();
   json.Member("kind", line.entry == nullptr ? std::string("domain") : line.entry->subject.kind);
-  json.Member("name", line.entry == nullptr ? row.name : line.entry->name);
+  json.Member("name", line.entry == nullptr ? row.name : line.entry->Name());
   json.Key("ids");
   json.StringArray(line.entry == nullptr ? Ids() : line.entry->subject.ids);
   WriteCounts(json, line.counts);
@@ -152,9 +154,7 @@ void Narrow(std::vector<DomainOutline>& domains, const std::string& id) {
 Names ShownIds(const std::vector<DomainOutline>& domains) {
   Names ids;
   for (const DomainOutline& domain : domains) {
-    for (const Entry& entry : domain.outline) {
-      if (IsShown(entry)) ids.push_back(Dotted(entry.subject.ids));
-    }
+    for (const Entry& entry : domain.outline) ids.push_back(Dotted(entry.subject.ids));
   }
   return ids;
 }
@@ -178,7 +178,9 @@ void Show(Invocation& call, const std::vector<DomainOutline>& domains) {
 ExitStatus RunTree(Invocation& call) {
   call.Load();
   call.NoteIfEmpty();
-  std::vector<DomainOutline> domains = MergedByDomain(call.Outlines());
+  std::vector<SourceOutline> sources = call.Outlines();
+  for (SourceOutline& source : sources) DropHidden(source.outline);
+  std::vector<DomainOutline> domains = MergedByDomain(std::move(sources));
   const std::string& id = call.Args().text;
   if (id.empty()) {
     Show(call, domains);

@@ -125,13 +125,13 @@ void WriteLevels(Page& page, const std::vector<LevelSchemes>& levels) {
 
 void WriteOutline(OutlineWriter& outline, const std::string& name,
                   const Bindings::Authentication::ComponentInfo& component) {
-  outline.Kind(0, "component", {name}, "");
+  outline.Kind(0, "component", IdsFrom(name), "");
   for (const auto& [package_name, package] : component.packages) {
-    outline.Kind(1, "package", {package_name}, "");
+    outline.Kind(1, "package", IdsFrom(package_name), "");
     for (const auto& [id, service] : package->services) {
-      outline.Kind(2, "service", {id}, "");
+      outline.Kind(2, "service", IdsFrom(id), "");
       for (const auto& [operation, ignored] : service->operations) {
-        outline.Kind(3, "operation", {id, operation}, "");
+        outline.Kind(3, "operation", IdsFrom(id, operation), "");
       }
     }
   }

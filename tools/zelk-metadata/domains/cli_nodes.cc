@@ -41,7 +41,7 @@ class TreeWriter {
     }
     const auto root = nodes.namespaces.find(Identity("", ""));
     if (root == nodes.namespaces.end()) return;
-    outline_.Named(0, "namespace", {"."}, ".", root->second->description);
+    outline_.Named(0, "namespace", IdsFrom("."), ".", root->second->description);
     depth_ = 1;
   }
 
@@ -103,7 +103,7 @@ class TreeWriter {
     const Identity& identity = *command.identity;
     outline_.Named(depth, "command", IdsOf(identity), NameOf(identity, shown), command.description);
     for (const auto& option : command.options) {
-      outline_.Part(depth + 1, "option", {FullName(identity), "--" + option->long_option},
+      outline_.Part(depth + 1, "option", IdsFrom(FullName(identity), "--" + option->long_option),
                     option->description);
     }
   }

@@ -161,9 +161,9 @@ Outline Metamodel::MakeOutline() {
   }
   const auto resources = Call(resource_, &ResourceSvc::List);
   for (const std::string& name : *resources.answer) {
-    outline.Kind(0, "resource", {name}, "");
+    outline.Kind(0, "resource", IdsFrom(name), "");
     // One entry for the set of them, which is what sources answer.
-    outline.Kind(1, "model", {name}, "");
+    outline.Kind(1, "model", IdsFrom(name), "");
   }
   return outline.Take();
 }

@@ -141,9 +141,6 @@ struct Entry {
   /// A kind, or the name of a part that is not a kind, such as "field".
   Subject subject;
 
-  /// Its name within its parent.
-  std::string name;
-
   std::string documentation;
 
   /// Whether it can only be reached through its parent.
@@ -151,6 +148,12 @@ struct Entry {
 
   /// For Rule::kPlace: the smallest wins.
   int place = 0;
+
+  /// If it is not the last id.
+  std::optional<std::string> shown_name = {};
+
+  /// Its name within its parent.
+  const std::string& Name() const { return shown_name ? *shown_name : subject.ids.back(); }
 };
 
 /// Each entry is followed by its children. Flat, because they may nest to any depth.
