@@ -12,13 +12,6 @@ namespace {
 
 constexpr std::string_view kOpened = "authentication-list-removed";
 
-/// Of kinds that know a direction, the verdicts for both are the worse ones of each.
-Verdicts VerdictsOf(const Kind& kind, Direction direction) {
-  if (direction == Direction::kInput) return kind.verdicts.input;
-  if (direction == Direction::kOutput) return kind.verdicts.output;
-  return Worse(kind.verdicts.input, kind.verdicts.output);
-}
-
 auto Order(const Change& change) {
   const int worst = static_cast<int>(ClassOf(change));
   return std::tuple(change.kind->id != kOpened, -worst, change.kind->area,
@@ -50,19 +43,18 @@ bool Changes::WasDeprecated(const Model& model, ElementId id) const {
 }
 
 void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details) {
+  ++count_;
   const Kind& kind = *FindKind(id);
   const ModelPair models = Models(domain);
-  Verdicts verdicts = details.verdicts.value_or(VerdictsOf(kind, details.direction));
+  Verdicts verdicts = details.verdicts.value_or(ByDirection(kind.verdicts, details.direction));
   if (kind.action == Action::kRemoved && pair.old_id != kNoElement &&
       ClassOf(verdicts, kAllAudiences) == Class::kBreaking &&
       WasDeprecated(models.old_model, pair.old_id)) {
     for (Class& verdict : verdicts) verdict = std::min(verdict, Class::kDangerous);
     details.message += ", which was deprecated";
   }
-  const bool is_added = pair.old_id == kNoElement;
-  const Model& model = is_added ? models.new_model : models.old_model;
-  const ElementId element = is_added ? pair.new_id : pair.old_id;
-  std::string path = model.Path(element) + details.part;
+  std::string path = details.element;
+  if (path.empty()) path = models.Of(pair).Path(pair.Id());
   std::string identity = kind.id;
   for (const std::string* part : {&path, &details.old_value, &details.new_value}) {
     (identity += '\0') += *part;

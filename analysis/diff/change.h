@@ -34,9 +34,8 @@ struct Details {
   /// What is to be looked at, unless it is where the element has its name.
   NodeId old_node = kNoNode;
   NodeId new_node = kNoNode;
-  /// Added to the path of the element if it is about something in it that is not an element, such
-  /// as "/resource:c.id"; or empty.
-  std::string part = {};
+  /// The path of what is not an element, such as "metamodel/resource:c.id"; or empty.
+  std::string element = {};
 };
 
 struct Change {
@@ -79,10 +78,12 @@ class Changes {
     return {old_version_.ModelOf(domain), new_version_.ModelOf(domain)};
   }
 
-  /// `id` is that of a kind. A removal of what was deprecated is at most dangerous.
+  /// `id` is that of a kind. `pair` has no elements if the change is about a domain as a whole. A
+  /// removal of what was deprecated is at most dangerous.
   void Add(std::string_view id, Domain domain, Pair pair, Details details);
 
-  bool IsEmpty() const { return all_.empty() && unlisted_.empty(); }
+  /// How many were added.
+  std::size_t Count() const { return count_; }
 
   /// All of them: opened access first, then by class with the worst first, by area and by element.
   std::vector<Change> Take();
@@ -100,6 +101,7 @@ class Changes {
   const Workspace& new_version_;
   const Assumptions& assumptions_;
   std::vector<Change> all_;
+  std::size_t count_ = 0;
   VerdictCounts unlisted_;
   /// How many more bytes the changes may have.
   std::size_t text_left_ = 32000000;

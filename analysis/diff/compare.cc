@@ -1,7 +1,6 @@
 #include "analysis/diff/compare.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
 #include "analysis/diff/comparers.h"
@@ -18,8 +17,12 @@ std::vector<std::string_view> TextsOf(const Model& model) {
   return texts;
 }
 
-/// In the order of Domain.
-constexpr std::array<void (*)(Changes&), 1> kComparers{&CompareMetamodel};
+struct Comparer {
+  Domain domain;
+  void (*compare)(Changes&);
+};
+
+constexpr Comparer kComparers[] = {{Domain::kMetamodel, &CompareMetamodel}};
 
 }  // namespace
 
@@ -27,15 +30,22 @@ Result Compare(const Workspace& old_version, const Workspace& new_version,
                const Assumptions& assumptions) {
   Result result;
   Changes changes(old_version, new_version, assumptions);
-  for (std::size_t domain = 0; domain < kComparers.size(); ++domain) {
-    const ModelPair models = changes.Models(kDomains.at(domain));
+  for (const auto& [domain, compare] : kComparers) {
+    const ModelPair models = changes.Models(domain);
     std::vector<std::string_view> old_texts = TextsOf(models.old_model);
     std::vector<std::string_view> new_texts = TextsOf(models.new_model);
     if (old_texts == new_texts) continue;
-    kComparers.at(domain)(changes);
+    const std::size_t before = changes.Count();
+    compare(changes);
+    CompareSources(changes, domain);
     std::sort(old_texts.begin(), old_texts.end());
     std::sort(new_texts.begin(), new_texts.end());
-    if (old_texts != new_texts) result.fingerprints_differ = true;
+    if (old_texts == new_texts) continue;
+    result.fingerprints_differ = true;
+    if (changes.Count() != before) continue;
+    Details details{"the fingerprint changes; no answer does"};
+    details.element = FormatOf(domain).root_key;
+    changes.Add("formatting-only", domain, {kNoElement, kNoElement}, std::move(details));
   }
   result.changes = changes.Take();
   result.unlisted = changes.Unlisted();

@@ -7,4 +7,7 @@ namespace Zelk::Analysis::Diff {
 // Each adds the changes of a domain.
 void CompareMetamodel(Changes& changes);
 
+/// Which sources answer, where what they answer is the same.
+void CompareSources(Changes& changes, Domain domain);
+
 }  // namespace Zelk::Analysis::Diff

@@ -77,12 +77,14 @@ inline constexpr std::uint8_t kAreas = 5;
 /// one is loosened and the other one tightened, or both have the same kind.
 enum class Action : std::uint8_t { kAdded, kRemoved, kChanged, kLoosened, kTightened };
 
-/// Files of two versions between which there is this change and no other. Unused ones are empty.
+/// Files of two versions between which there is this change. Unused ones are empty.
 struct Example {
   std::array<std::string_view, 2> old_files;
   std::array<std::string_view, 2> new_files;
   /// The path of the element.
   const char* element;
+  /// The id of another change that it has as a consequence; or null.
+  const char* also = nullptr;
 };
 
 /// The verdicts where callers send what changes, and where they receive it.
@@ -90,6 +92,13 @@ struct DirectedVerdicts {
   Verdicts input;
   Verdicts output;
 };
+
+/// For both directions, and if none is known, the worse verdicts of each.
+inline Verdicts ByDirection(const DirectedVerdicts& verdicts, Direction direction) {
+  if (direction == Direction::kInput) return verdicts.input;
+  if (direction == Direction::kOutput) return verdicts.output;
+  return Worse(verdicts.input, verdicts.output);
+}
 
 struct Kind {
   /// Never changes once it is published.
@@ -118,6 +127,9 @@ const char* Word(Action action);
 
 // The tables, in the order in which kinds are listed.
 extern const Rows<Kind> kMetamodelKinds;
+extern const Rows<Kind> kDefinitionKinds;
+extern const Rows<Kind> kTypeKinds;
+extern const Rows<Kind> kSourceKinds;
 
 /// All kinds of all areas.
 const std::vector<const Kind*>& Kinds();

@@ -1,7 +1,10 @@
+#include "analysis/diff/metamodel.h"
+
+#include <algorithm>
 #include <array>
-#include <string>
 
 #include "analysis/diff/comparers.h"
+#include "analysis/diff/verdicts.h"
 
 namespace Zelk::Analysis::Diff {
 namespace {
@@ -11,48 +14,113 @@ constexpr std::array<ElementKind, 5> kDefinitions{ElementKind::kComponent, Eleme
                                                   ElementKind::kService, ElementKind::kStructure,
                                                   ElementKind::kEnumeration};
 
-class MetamodelComparer {
- public:
-  explicit MetamodelComparer(Changes& changes)
-      : changes_(changes), models_(changes.Models(Domain::kMetamodel)) {}
+bool IsType(ElementKind kind) {
+  return kind == ElementKind::kStructure || kind == ElementKind::kEnumeration;
+}
 
-  void Compare() {
-    for (const ElementKind kind : kDefinitions) {
-      for (const Pair& pair : LookupPairs(models_, kind)) {
-        if (pair.IsMatched()) {
-          if (!IsSameText(models_, pair)) CompareParts(pair, kind);
-        } else if (!IsWithinChange(models_, pair)) {
-          AddWhole(pair);
-        }
-      }
+/// Who notices depends on whether something still names it.
+void AddDefinition(Metamodel& metamodel, ElementKind kind, Pair pair) {
+  Details details;
+  if (IsType(kind)) {
+    details.direction = metamodel.reach.Of(pair);
+    const std::string_view name = metamodel.models.Of(pair)[pair.Id()].name;
+    if (pair.IsRemoved() && Reach::IsMissed(metamodel.changes.New(), name)) {
+      details.verdicts = Verdicts{kB, kB, kN, kN, kB};
+      details.message = ", but is still named";
     }
   }
+  metamodel.AddWhole(Word(kind), pair, std::move(details));
+}
 
- private:
-  void AddWhole(Pair pair) {
-    const Model& model = pair.IsAdded() ? models_.new_model : models_.old_model;
-    const ElementId id = pair.IsAdded() ? pair.new_id : pair.old_id;
-    const std::string kind = Word(model[id].kind);
-    changes_.Add(kind + (pair.IsAdded() ? "-added" : "-removed"), Domain::kMetamodel, pair,
-                 {Called(model, id) + ContentsOf(models_, pair) +
-                  (pair.IsAdded() ? " was added" : " was removed")});
-  }
+/// What the element is in. Its files do not matter.
+void CompareOwners(Metamodel& metamodel, ElementKind kind, Pair pair) {
+  const auto owner_of = [](const Model& model, ElementId id) {
+    const ElementId owner = model[id].owner;
+    return owner == kNoElement ? std::string() : Called(model, owner);
+  };
+  const std::string old_owner = owner_of(metamodel.models.old_model, pair.old_id);
+  const std::string new_owner = owner_of(metamodel.models.new_model, pair.new_id);
+  if (old_owner == new_owner) return;
+  metamodel.Add(Word(kind) + std::string("-moved"), pair,
+                {metamodel.CalledIn(pair) + " was moved from " + old_owner + " to " + new_owner,
+                 old_owner, new_owner});
+}
 
-  void CompareParts(Pair pair, ElementKind kind) {
-    if (kind != ElementKind::kService) return;
-    for (const Pair& part : PartPairs(models_, pair, ElementKind::kOperation)) {
-      if (!part.IsMatched()) AddWhole(part);
+void CompareDefinition(Metamodel& metamodel, ElementKind kind, Pair pair) {
+  CompareOwners(metamodel, kind, pair);
+  if (IsSameText(metamodel.models, pair)) return;
+  CompareTexts(metamodel, pair);
+  if (kind == ElementKind::kStructure) CompareStructure(metamodel, pair);
+  if (kind == ElementKind::kEnumeration) CompareEnumeration(metamodel, pair);
+  if (kind != ElementKind::kService) return;
+  CompareConstants(metamodel, pair);
+  const auto operations = PartPairs(metamodel.models, pair, ElementKind::kOperation);
+  metamodel.renames.Look(operations);
+  for (const Pair& operation : operations) {
+    if (!operation.IsMatched()) {
+      metamodel.AddWhole("operation", operation);
+    } else if (!IsSameText(metamodel.models, operation)) {
+      CompareTexts(metamodel, operation);
+      CompareOperation(metamodel, operation);
     }
   }
-
-  Changes& changes_;
-  ModelPair models_;
-};
+}
 
 }  // namespace
 
+std::string Metamodel::CalledIn(Pair pair) const {
+  return Called(models.Of(pair), pair.Id());
+}
+
+void Metamodel::AddWhole(const std::string& kind, Pair pair, Details details) {
+  const std::string action = pair.IsAdded() ? "added" : "removed";
+  details.message = CalledIn(pair) + ContentsOf(models, pair) + " was " + action + details.message;
+  details.hint = renames.HintOf(pair);
+  Add(kind + "-" + action, pair, std::move(details));
+}
+
+PartOrder OrderOf(const ModelPair& models, const std::vector<Pair>& parts) {
+  std::vector<Pair> matched;
+  std::copy_if(parts.begin(), parts.end(), std::back_inserter(matched),
+               [](const Pair& pair) { return pair.IsMatched(); });
+  const auto is_before = [](const Pair& left, const Pair& right) {
+    return left.new_id < right.new_id;
+  };
+  if (std::is_sorted(matched.begin(), matched.end(), is_before)) return {false, "", ""};
+  const auto names = [&] {
+    std::string text;
+    for (const Pair& pair : matched) {
+      text.append(text.empty() ? "" : ", ").append(models.old_model[pair.old_id].name);
+    }
+    return text;
+  };
+  PartOrder order{true, names(), ""};
+  std::sort(matched.begin(), matched.end(), is_before);
+  order.new_names = names();
+  return order;
+}
+
+bool IsLast(const std::vector<Pair>& parts, Pair pair) {
+  return std::all_of(parts.begin(), parts.end(), [&](const Pair& other) {
+    if (!other.IsMatched()) return true;
+    return pair.IsAdded() ? other.new_id < pair.new_id : other.old_id < pair.old_id;
+  });
+}
+
 void CompareMetamodel(Changes& changes) {
-  MetamodelComparer(changes).Compare();
+  Metamodel metamodel(changes);
+  CompareResources(metamodel);
+  for (const ElementKind kind : kDefinitions) {
+    const std::vector<Pair> pairs = LookupPairs(metamodel.models, kind);
+    metamodel.renames.Look(pairs);
+    for (const Pair& pair : pairs) {
+      if (pair.IsMatched()) {
+        CompareDefinition(metamodel, kind, pair);
+      } else if (!IsWithinChange(metamodel.models, pair)) {
+        AddDefinition(metamodel, kind, pair);
+      }
+    }
+  }
 }
 
 }  // namespace Zelk::Analysis::Diff

@@ -114,17 +114,18 @@ bool IsSameText(const ModelPair& models, Pair pair) {
 }
 
 bool IsWithinChange(const ModelPair& models, Pair pair) {
-  const Model& model = pair.IsAdded() ? models.new_model : models.old_model;
-  const Model& other = pair.IsAdded() ? models.old_model : models.new_model;
-  const ElementId owner = model[pair.IsAdded() ? pair.new_id : pair.old_id].owner;
-  return owner != kNoElement && !Has(other, model[owner]);
+  const Model& model = models.Of(pair);
+  const ElementId owner = model[pair.Id()].owner;
+  // Parts without lookups are looked at only in what both versions have.
+  return owner != kNoElement && HasLookup(model[owner].kind) &&
+         !Has(models.WithoutIt(pair), model[owner]);
 }
 
 std::string ContentsOf(const ModelPair& models, Pair pair) {
-  const Model& model = pair.IsAdded() ? models.new_model : models.old_model;
-  const Model& other = pair.IsAdded() ? models.old_model : models.new_model;
+  const Model& model = models.Of(pair);
+  const Model& other = models.WithoutIt(pair);
   Counts counts;
-  std::vector<ElementId> open{pair.IsAdded() ? pair.new_id : pair.old_id};
+  std::vector<ElementId> open{pair.Id()};
   while (!open.empty()) {
     const ElementId owner = open.back();
     open.pop_back();

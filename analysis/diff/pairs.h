@@ -11,12 +11,6 @@
 
 namespace Zelk::Analysis::Diff {
 
-/// One domain in both versions.
-struct ModelPair {
-  const Model& old_model;
-  const Model& new_model;
-};
-
 /// An element in both versions; kNoElement in the one that does not have it.
 struct Pair {
   ElementId old_id;
@@ -27,6 +21,21 @@ struct Pair {
   bool IsAdded() const { return old_id == kNoElement; }
 
   bool IsMatched() const { return !IsRemoved() && !IsAdded(); }
+
+  /// That in the old version, or of an added one in the new version.
+  ElementId Id() const { return IsAdded() ? new_id : old_id; }
+};
+
+/// One domain in both versions.
+struct ModelPair {
+  const Model& old_model;
+  const Model& new_model;
+
+  /// The version of the element's Id().
+  const Model& Of(Pair pair) const { return pair.IsAdded() ? new_model : old_model; }
+
+  /// The version that does not have an element of one version only.
+  const Model& WithoutIt(Pair pair) const { return pair.IsAdded() ? old_model : new_model; }
 };
 
 /// All elements of the kind that lookups return, wherever they are, in the order of their names.

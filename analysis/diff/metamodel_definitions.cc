@@ -1,0 +1,197 @@
+#include <algorithm>
+#include <string>
+
+#include "analysis/diff/metamodel.h"
+#include "analysis/diff/texts.h"
+#include "analysis/diff/verdicts.h"
+#include "analysis/place.h"
+
+namespace Zelk::Analysis::Diff {
+namespace {
+
+constexpr std::size_t kWire = static_cast<std::size_t>(Audience::kWire);
+constexpr std::size_t kCli = static_cast<std::size_t>(Audience::kCli);
+
+/// The verdicts of the kind for the direction, with another one on the wire.
+Verdicts WithWire(const char* id, Direction direction, Class wire) {
+  Verdicts verdicts = ByDirection(FindKind(id)->verdicts, direction);
+  verdicts[kWire] = wire;
+  return verdicts;
+}
+
+bool IsSent(Direction direction) {
+  return direction != Direction::kOutput;
+}
+
+bool IsReceived(Direction direction) {
+  return direction != Direction::kInput;
+}
+
+/// Whether an option or an output of a command names the field.
+bool IsUsedByCommands(const Workspace& version, ElementId field) {
+  const auto references = version.GetReferences().To({Domain::kMetamodel, field});
+  return std::any_of(references.begin(), references.end(), [](const Reference* reference) {
+    return reference->from.domain == Domain::kCli;
+  });
+}
+
+bool IsOptionalIn(const Model& model, ElementId id) {
+  const Document& document = model.DocumentOf(id);
+  return ReadType(document, document.Find(model[id].node, "type")).word == "OPTIONAL";
+}
+
+void AddField(Metamodel& metamodel, const std::vector<Pair>& all, Pair pair, Direction direction) {
+  const Assumptions& assumptions = metamodel.changes.GetAssumptions();
+  Details details;
+  details.direction = direction;
+  if (pair.IsRemoved()) {
+    details.verdicts = FindKind("field-removed")->verdicts.input;
+    const bool is_used = IsUsedByCommands(metamodel.changes.Old(), pair.old_id);
+    (*details.verdicts)[kCli] = is_used ? kB : kN;
+    return metamodel.AddWhole("field", pair, std::move(details));
+  }
+  const bool is_optional = IsOptionalIn(metamodel.models.new_model, pair.new_id);
+  const char* const id = is_optional ? "field-added-optional" : "field-added-required";
+  details.message = metamodel.CalledIn(pair) + " was added";
+  details.hint = metamodel.renames.HintOf(pair);
+  const bool is_refused = assumptions.unknown_fields == Assumptions::UnknownFields::kRefused;
+  const bool is_positional = assumptions.parameters == Assumptions::Parameters::kPositional;
+  if (is_refused && IsReceived(direction)) {
+    details.verdicts = WithWire(id, direction, kB);
+    details.assumption = "unknown-fields: refused";
+  } else if (is_positional && !IsLast(all, pair)) {
+    details.verdicts = WithWire(id, direction, kB);
+    details.assumption = "parameters: positional";
+  } else {
+    details.assumption = "unknown-fields: ignored";
+  }
+  metamodel.Add(id, pair, std::move(details));
+}
+
+void CompareFields(Metamodel& metamodel, Pair structure) {
+  const Direction direction = metamodel.reach.Of(structure);
+  const auto fields = PartPairs(metamodel.models, structure, ElementKind::kField);
+  metamodel.renames.Look(fields);
+  for (const Pair& field : fields) {
+    if (!field.IsMatched()) {
+      AddField(metamodel, fields, field, direction);
+    } else if (!IsSameText(metamodel.models, field)) {
+      CompareTexts(metamodel, field);
+      CompareTypesOf(metamodel, "field", field, direction);
+    }
+  }
+  PartOrder order = OrderOf(metamodel.models, fields);
+  if (!order.is_changed) return;
+  Details details{"the fields of " + metamodel.CalledIn(structure) + " are in another order",
+                  std::move(order.old_names), std::move(order.new_names), direction};
+  const bool is_positional =
+      metamodel.changes.GetAssumptions().parameters == Assumptions::Parameters::kPositional;
+  details.assumption = is_positional ? "parameters: positional" : "parameters: named";
+  if (is_positional) details.verdicts = WithWire("field-order-changed", direction, kB);
+  metamodel.Add("field-order-changed", structure, std::move(details));
+}
+
+/// What a value means that callers do not know.
+Class UnknownValue(const Metamodel& metamodel, Direction direction) {
+  const bool is_open =
+      metamodel.changes.GetAssumptions().enumerations == Assumptions::Enumerations::kOpen;
+  return is_open || !IsReceived(direction) ? kC : kD;
+}
+
+bool IsOrdinal(const Metamodel& metamodel) {
+  return metamodel.changes.GetAssumptions().enumeration_form ==
+         Assumptions::EnumerationForm::kOrdinal;
+}
+
+void AddValue(Metamodel& metamodel, const std::vector<Pair>& all, Pair pair, Direction direction) {
+  const bool is_last = IsLast(all, pair);
+  const bool moves_others = IsOrdinal(metamodel) && !is_last;
+  Details details;
+  details.direction = direction;
+  details.assumption = !is_last && !IsOrdinal(metamodel) ? "enumerations: text"
+                       : moves_others                    ? "enumerations: ordinal"
+                                                         : "enumerations: closed";
+  if (pair.IsRemoved()) {
+    const Class wire = moves_others || IsSent(direction) ? kB : kC;
+    details.verdicts = WithWire("enumeration-value-removed", direction, wire);
+    return metamodel.AddWhole("enumeration-value", pair, std::move(details));
+  }
+  const char* const id = is_last ? "enumeration-value-appended" : "enumeration-value-inserted";
+  const Class unknown = UnknownValue(metamodel, direction);
+  details.verdicts = WithWire(id, direction, moves_others ? kB : unknown);
+  if (!moves_others) {
+    (*details.verdicts)[static_cast<std::size_t>(Audience::kSource)] = kD;
+    if (IsReceived(direction) && unknown == kC) details.assumption = "enumerations: open";
+  }
+  details.message = metamodel.CalledIn(pair) + " was added" + (is_last ? "" : " between others");
+  details.hint = metamodel.renames.HintOf(pair);
+  metamodel.Add(id, pair, std::move(details));
+}
+
+}  // namespace
+
+void CompareStructure(Metamodel& metamodel, Pair structure) {
+  const auto kind_of = [](const Model& model, ElementId id) {
+    return std::string(kStructureTypes.Find(TextOf(model, id, "type")));
+  };
+  const std::string old_kind = kind_of(metamodel.models.old_model, structure.old_id);
+  const std::string new_kind = kind_of(metamodel.models.new_model, structure.new_id);
+  if (old_kind != new_kind) {
+    metamodel.Add("structure-kind-changed", structure,
+                  {metamodel.CalledIn(structure) + " changed from " + old_kind + " to " + new_kind,
+                   old_kind, new_kind, metamodel.reach.Of(structure)});
+  }
+  CompareConstants(metamodel, structure);
+  CompareFields(metamodel, structure);
+}
+
+void CompareEnumeration(Metamodel& metamodel, Pair enumeration) {
+  const Direction direction = metamodel.reach.Of(enumeration);
+  const auto values = PartPairs(metamodel.models, enumeration, ElementKind::kValue);
+  metamodel.renames.Look(values);
+  for (const Pair& value : values) {
+    if (!value.IsMatched()) {
+      AddValue(metamodel, values, value, direction);
+    } else if (!IsSameText(metamodel.models, value)) {
+      CompareTexts(metamodel, value);
+    }
+  }
+  PartOrder order = OrderOf(metamodel.models, values);
+  if (!order.is_changed) return;
+  Details details{"the values of " + metamodel.CalledIn(enumeration) + " are in another order",
+                  std::move(order.old_names), std::move(order.new_names), direction};
+  details.assumption = IsOrdinal(metamodel) ? "enumerations: ordinal" : "enumerations: text";
+  if (!IsOrdinal(metamodel)) details.verdicts = Verdicts{kC, kC, kC, kN, kC};
+  metamodel.Add("enumeration-order-changed", enumeration, std::move(details));
+}
+
+void CompareConstants(Metamodel& metamodel, Pair owner) {
+  const ModelPair& models = metamodel.models;
+  const auto constants = PartPairs(models, owner, ElementKind::kConstant);
+  metamodel.renames.Look(constants);
+  for (const Pair& constant : constants) {
+    if (!constant.IsMatched()) {
+      metamodel.AddWhole("constant", constant);
+      continue;
+    }
+    if (IsSameText(models, constant)) continue;
+    CompareTexts(metamodel, constant);
+    const auto compare = [&](const char* what, std::string old_value, std::string new_value) {
+      if (old_value == new_value) return false;
+      metamodel.Add(
+          std::string("constant-") + what + "-changed", constant,
+          {std::string("the ") + what + " of " + metamodel.CalledIn(constant) + " changed from '" +
+               Shortened(old_value) + "' to '" + Shortened(new_value) + "'",
+           std::move(old_value), std::move(new_value)});
+      return true;
+    };
+    if (compare("type", ConstantType(models.old_model, constant.old_id),
+                ConstantType(models.new_model, constant.new_id))) {
+      continue;
+    }
+    compare("value", ConstantValue(models.old_model, constant.old_id),
+            ConstantValue(models.new_model, constant.new_id));
+  }
+}
+
+}  // namespace Zelk::Analysis::Diff

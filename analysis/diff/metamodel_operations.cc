@@ -1,0 +1,109 @@
+#include <string>
+
+#include "analysis/diff/metamodel.h"
+#include "analysis/diff/verdicts.h"
+#include "analysis/place.h"
+
+namespace Zelk::Analysis::Diff {
+namespace {
+
+constexpr std::size_t kWire = static_cast<std::size_t>(Audience::kWire);
+
+std::string_view OuterWord(const Model& model, ElementId id) {
+  const Document& document = model.DocumentOf(id);
+  return ReadType(document, document.Find(model[id].node, "type")).word;
+}
+
+bool IsPositional(const Metamodel& metamodel) {
+  return metamodel.changes.GetAssumptions().parameters == Assumptions::Parameters::kPositional;
+}
+
+std::string ParametersText(const Metamodel& metamodel) {
+  return IsPositional(metamodel) ? "parameters: positional" : "parameters: named";
+}
+
+void AddParameter(Metamodel& metamodel, const std::vector<Pair>& all, Pair pair) {
+  const Model& model = metamodel.models.Of(pair);
+  const bool is_optional = OuterWord(model, pair.Id()) == "OPTIONAL";
+  const Assumptions& assumptions = metamodel.changes.GetAssumptions();
+  Details details;
+  details.direction = Direction::kInput;
+  if (pair.IsAdded()) {
+    const char* const id = is_optional ? "parameter-added-optional" : "parameter-added-required";
+    details.message = metamodel.CalledIn(pair) + " was added";
+    details.hint = metamodel.renames.HintOf(pair);
+    if (is_optional) {
+      details.assumption = ParametersText(metamodel);
+      if (IsPositional(metamodel) && !IsLast(all, pair)) {
+        details.verdicts = FindKind(id)->verdicts.input;
+        (*details.verdicts)[kWire] = kB;
+      }
+    }
+    return metamodel.Add(id, pair, std::move(details));
+  }
+  if (is_optional) {
+    const bool is_ignored = assumptions.unknown_fields == Assumptions::UnknownFields::kIgnored;
+    details.assumption = is_ignored ? "unknown-fields: ignored" : "unknown-fields: refused";
+    if (is_ignored && !IsPositional(metamodel)) {
+      details.verdicts = FindKind("parameter-removed")->verdicts.input;
+      (*details.verdicts)[kWire] = kD;
+    }
+  }
+  metamodel.AddWhole("parameter", pair, std::move(details));
+}
+
+void CompareParameters(Metamodel& metamodel, Pair operation) {
+  const auto parameters = PartPairs(metamodel.models, operation, ElementKind::kParameter);
+  metamodel.renames.Look(parameters);
+  for (const Pair& parameter : parameters) {
+    if (!parameter.IsMatched()) {
+      AddParameter(metamodel, parameters, parameter);
+    } else if (!IsSameText(metamodel.models, parameter)) {
+      CompareTexts(metamodel, parameter);
+      CompareTypesOf(metamodel, "parameter", parameter, Direction::kInput);
+    }
+  }
+  PartOrder order = OrderOf(metamodel.models, parameters);
+  if (!order.is_changed) return;
+  Details details{"the parameters of " + metamodel.CalledIn(operation) + " are in another order",
+                  std::move(order.old_names), std::move(order.new_names), Direction::kInput};
+  details.assumption = ParametersText(metamodel);
+  if (IsPositional(metamodel)) details.verdicts = Verdicts{kB, kB, kN, kN, kC};
+  metamodel.Add("parameter-order-changed", operation, std::move(details));
+}
+
+void CompareResult(Metamodel& metamodel, Pair result) {
+  CompareTexts(metamodel, result);
+  const std::string_view old_word = OuterWord(metamodel.models.old_model, result.old_id);
+  const std::string_view new_word = OuterWord(metamodel.models.new_model, result.new_id);
+  if ((old_word == "VOID") == (new_word == "VOID")) {
+    return CompareTypesOf(metamodel, "result", result, Direction::kOutput);
+  }
+  const auto text = [](const Model& model, ElementId id) {
+    const Document& document = model.DocumentOf(id);
+    return TypeText(document, document.Find(model[id].node, "type"));
+  };
+  const bool is_void = new_word == "VOID";
+  metamodel.Add(is_void ? "result-became-void" : "result-no-longer-void", result,
+                {metamodel.CalledIn(result) + (is_void ? " is nothing now" : " was nothing"),
+                 text(metamodel.models.old_model, result.old_id),
+                 text(metamodel.models.new_model, result.new_id), Direction::kOutput});
+}
+
+}  // namespace
+
+void CompareOperation(Metamodel& metamodel, Pair operation) {
+  CompareParameters(metamodel, operation);
+  for (const Pair& result : PartPairs(metamodel.models, operation, ElementKind::kResult)) {
+    if (!IsSameText(metamodel.models, result)) CompareResult(metamodel, result);
+  }
+  for (const Pair& error : PartPairs(metamodel.models, operation, ElementKind::kError)) {
+    if (error.IsMatched()) {
+      CompareTexts(metamodel, error);
+    } else {
+      metamodel.AddWhole("error", error);
+    }
+  }
+}
+
+}  // namespace Zelk::Analysis::Diff

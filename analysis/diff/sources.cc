@@ -1,0 +1,137 @@
+#include <array>
+#include <set>
+#include <string>
+#include <tuple>
+
+#include "analysis/diff/comparers.h"
+#include "analysis/diff/shapes.h"
+#include "analysis/diff/verdicts.h"
+#include "analysis/example.h"
+#include "analysis/fates.h"
+
+namespace Zelk::Analysis::Diff {
+namespace {
+
+/// Namespaces are left out: several sources share them, and what is in them is looked at.
+constexpr std::array<ElementKind, 9> kLookedUp{
+    ElementKind::kComponent,   ElementKind::kPackage,       ElementKind::kService,
+    ElementKind::kStructure,   ElementKind::kEnumeration,   ElementKind::kPackageList,
+    ElementKind::kServiceList, ElementKind::kOperationList, ElementKind::kCommand};
+
+/// The source, and the kind, path and name of an element in it.
+using Identity = std::tuple<std::string_view, ElementKind, std::string_view, std::string_view>;
+
+std::string_view SourceOf(const Model& model, ElementId id) {
+  return model.Sources()[model[id].source].id;
+}
+
+/// What lookups do not return, since another source comes first.
+std::set<Identity> Shadowed(const Model& model) {
+  std::set<Identity> shadowed;
+  for (ElementId id = 0; id < model.Size(); ++id) {
+    const Element& element = model[id];
+    if (element.fate != Fate::kShadowed || !HasLookup(element.kind)) continue;
+    shadowed.emplace(SourceOf(model, id), element.kind, element.path, element.name);
+  }
+  return shadowed;
+}
+
+class SourceComparer {
+ public:
+  SourceComparer(Changes& changes, Domain domain)
+      : changes_(changes),
+        domain_(domain),
+        models_(changes.Models(domain)),
+        old_shadowed_(Shadowed(models_.old_model)),
+        new_shadowed_(Shadowed(models_.new_model)),
+        old_shapes_(models_.old_model, Shapes::Extent::kAll),
+        new_shapes_(models_.new_model, Shapes::Extent::kAll) {}
+
+  void Compare() {
+    if (old_shadowed_.empty() && new_shadowed_.empty()) return;
+    for (const ElementKind kind : kLookedUp) {
+      for (const Pair& pair : LookupPairs(models_, kind)) {
+        if (pair.IsMatched()) Look(pair);
+      }
+    }
+  }
+
+ private:
+  void Look(Pair pair) {
+    const std::string_view old_source = SourceOf(models_.old_model, pair.old_id);
+    const std::string_view new_source = SourceOf(models_.new_model, pair.new_id);
+    if (old_source == new_source) return;
+    // Otherwise it was moved, and nothing competes with it.
+    const Element& element = models_.old_model[pair.old_id];
+    const bool is_other =
+        old_shadowed_.count({new_source, element.kind, element.path, element.name}) != 0 ||
+        new_shadowed_.count({old_source, element.kind, element.path, element.name}) != 0;
+    if (!is_other || IsInAnswered(pair) || !IsSame(pair)) return;
+    changes_.Add("answering-source-changed", domain_, pair,
+                 {"the source '" + Shortened(new_source) + "' answers for " +
+                      Called(models_.new_model, pair.new_id) + " now, and not '" +
+                      Shortened(old_source) + "', with the same data",
+                  std::string(old_source), std::string(new_source)});
+  }
+
+  /// Whether what it is in is answered by other sources, too.
+  bool IsInAnswered(Pair pair) const {
+    const ElementId old_owner = models_.old_model[pair.old_id].owner;
+    const ElementId new_owner = models_.new_model[pair.new_id].owner;
+    return old_owner != kNoElement && new_owner != kNoElement &&
+           models_.old_model[old_owner].fate == Fate::kFound &&
+           models_.new_model[new_owner].fate == Fate::kFound &&
+           models_.old_model[old_owner].kind != ElementKind::kNamespace;
+  }
+
+  bool IsSame(Pair pair) const {
+    if (IsSameText(models_, pair)) return true;
+    return domain_ == Domain::kMetamodel &&
+           old_shapes_.Of(pair.old_id) == new_shapes_.Of(pair.new_id);
+  }
+
+  Changes& changes_;
+  Domain domain_;
+  ModelPair models_;
+  std::set<Identity> old_shadowed_;
+  std::set<Identity> new_shadowed_;
+  Shapes old_shapes_;
+  Shapes new_shapes_;
+};
+
+constexpr Kind kRows[] = {
+    {"answering-source-changed",
+     Area::kSources,
+     "answering source",
+     Action::kChanged,
+     Always(kN, kN, kN, kN, kC),
+     "Another source answers",
+     "Two sources have the same definition, and another one of them comes first now. The answer is "
+     "the same.",
+     "Keep one of them.",
+     {{ZELK_EXAMPLE_COMPONENT("", ""), ZELK_EXAMPLE_COMPONENT("", "")},
+      {R"({"metamodel": {"component": {"name": "other", "documentation": "Others.",
+  "metadata": {}, "packages": []}}})",
+       ZELK_EXAMPLE_COMPONENT("", "")},
+      "metamodel/component:acme",
+      "component-added"}},
+    {"formatting-only",
+     Area::kSources,
+     "formatting",
+     Action::kChanged,
+     Always(kN, kN, kN, kN, kN),
+     "The files differ, but no answer does",
+     "Programs that compare fingerprints load the metadata again.",
+     "Nothing is to be done.",
+     {{ZELK_EXAMPLE_COMPONENT("", "")}, {ZELK_EXAMPLE_COMPONENT("", "") "\n"}, "metamodel"}},
+};
+
+}  // namespace
+
+const Rows<Kind> kSourceKinds = kRows;
+
+void CompareSources(Changes& changes, Domain domain) {
+  SourceComparer(changes, domain).Compare();
+}
+
+}  // namespace Zelk::Analysis::Diff

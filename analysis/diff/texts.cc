@@ -1,0 +1,52 @@
+#include "analysis/diff/texts.h"
+
+#include <map>
+#include <string_view>
+
+#include "analysis/format.h"
+
+namespace Zelk::Analysis::Diff {
+namespace {
+
+std::string ValueText(const Document& document, NodeId value) {
+  if (document[value].kind == NodeKind::kString) return std::string(document.String(value));
+  std::string text = "[";
+  for (NodeId each = document[value].first_child; each != kNoNode; each = document[each].next) {
+    text += (text.size() == 1 ? "" : ", ") + std::string(document.String(each));
+  }
+  return text + "]";
+}
+
+}  // namespace
+
+std::string AnnotationText(const Model& model, ElementId annotation) {
+  const Document& document = model.DocumentOf(annotation);
+  std::map<std::string_view, NodeId> values;
+  for (NodeId member = document[model[annotation].node].first_child; member != kNoNode;
+       member = document[member].next) {
+    values[document.Key(member)] = member;
+  }
+  std::string text;
+  for (const auto& [name, value] : values) {
+    text.append(text.empty() ? "" : ", ").append(name).append("=");
+    text += ValueText(document, value);
+  }
+  return text;
+}
+
+std::string ConstantType(const Model& model, ElementId constant) {
+  const Document& document = model.DocumentOf(constant);
+  const NodeId type = document.Find(model[constant].node, "type");
+  const auto word = [&](const char* key) {
+    return ToUpper(document.String(document.Find(type, key)));
+  };
+  return word("category") + " " + word("type");
+}
+
+std::string ConstantValue(const Model& model, ElementId constant) {
+  if (ConstantType(model, constant) != "PRIMITIVE STRING") return "";
+  const Document& document = model.DocumentOf(constant);
+  return std::string(document.String(document.Find(model[constant].node, "value")));
+}
+
+}  // namespace Zelk::Analysis::Diff

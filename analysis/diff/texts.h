@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "analysis/element_model.h"
+
+// What the library answers of parts of Metamodel files, as texts that can be compared.
+
+namespace Zelk::Analysis::Diff {
+
+/// The members by their names, such as "max=9, names=[a, b]". Of equal names the last one is kept.
+std::string AnnotationText(const Model& model, ElementId annotation);
+
+/// Such as "PRIMITIVE STRING".
+std::string ConstantType(const Model& model, ElementId constant);
+
+/// Only string constants have a value in the library.
+std::string ConstantValue(const Model& model, ElementId constant);
+
+}  // namespace Zelk::Analysis::Diff
