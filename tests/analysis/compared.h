@@ -1,11 +1,9 @@
 #pragma once
 
 #include <algorithm>
-#include <filesystem>
 #include <list>
 #include <map>
 #include <memory>
-#include <random>
 #include <set>
 #include <string>
 #include <string_view>
@@ -17,10 +15,9 @@
 
 #include <com/orvane/zelk/metadata/source_type.h>
 
+#include "analysis/choices.h"
 #include "analysis/element_model.h"
 #include "analysis/fates.h"
-#include "support/file_text.h"
-#include "support/source_dir.h"
 #include "support/temp_folder.h"
 
 // What the model claims is compared with what the library answers: both are written as the same
@@ -183,18 +180,6 @@ class Compared {
   std::vector<bool> accepted_;
 };
 
-/// All files of the fuzzer's corpus.
-inline std::vector<std::string> Corpus(const std::string& name) {
-  std::set<std::filesystem::path> paths;
-  for (const auto& entry :
-       std::filesystem::directory_iterator(std::string(ZELK_SOURCE_DIR "/fuzz/corpus/") + name)) {
-    paths.insert(entry.path());
-  }
-  std::vector<std::string> texts;
-  for (const auto& path : paths) texts.push_back(FileText(path.string()));
-  return texts;
-}
-
 /// Calls `compare` with each file of the corpus by itself, and with each together with its
 /// neighbours as three sources.
 template <typename Compare>
@@ -208,39 +193,6 @@ void CompareCorpus(const std::string& name, const Compare& compare) {
              {"c", texts[(i + 2) % texts.size()]}});
   }
 }
-
-/// Random choices for generated files, few names among them so that many repeat.
-class Choices {
- public:
-  explicit Choices(unsigned seed) : random_(seed) {}
-
-  std::size_t Below(std::size_t limit) {
-    return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random_);
-  }
-
-  bool OneIn(std::size_t count) { return Below(count) == 0; }
-
-  std::string Of(std::initializer_list<const char*> texts) {
-    return texts.begin()[Below(texts.size())];
-  }
-
-  /// A text that no other place has, by which records are told apart.
-  std::string Unique() { return "text " + std::to_string(++texts_); }
-
-  /// Up to `most` of what `make` returns, with commas between.
-  template <typename Make>
-  std::string Several(std::size_t most, const Make& make) {
-    std::string list;
-    for (std::size_t count = Below(most + 1); count > 0; --count) {
-      list += (list.empty() ? "" : ",") + make();
-    }
-    return list;
-  }
-
- private:
-  std::mt19937 random_;
-  unsigned texts_ = 0;
-};
 
 /// Calls `compare` with one to three sources that `make` writes, `count` times.
 template <typename Make, typename Compare>

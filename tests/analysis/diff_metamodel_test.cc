@@ -9,11 +9,69 @@ using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): short w
 
 namespace {
 
+using testing::_;
+using testing::Each;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+using testing::StartsWith;
+using testing::UnorderedElementsAre;
+using Zelk::Analysis::Diff::Class;
+using Zelk::Analysis::Diff::Result;
+
+constexpr char kNothing[] =
+    "----- formatting-only metamodel: the fingerprint changes; no answer does";
 
 std::string Operations(const std::string& operations) {
   return MetamodelFile({"", "", operations});
+}
+
+/// A file whose operation takes the parameters.
+std::string Takes(const std::string& parameters) {
+  return Operations(Operation("a", parameters));
+}
+
+std::string Optional(const std::string& type) {
+  return Of("OPTIONAL", type);
+}
+
+const char* const kText = R"({"category": "BUILTIN", "primitive_type": "STRING"})";
+const char* const kNumber = R"({"category": "BUILTIN", "primitive_type": "LONG"})";
+
+/// How the structure c.p.spec is used.
+const std::string kSent = Operation("a", Field("x", Named("Structure", "c.p.spec")));
+const std::string kReceived = Operation("a", "", Of("LIST", Named("Structure", "c.p.spec")));
+const std::string kThrown = Operation("a", "", Builtin("VOID"),
+                                      R"({"user_defined_type_name": "c.p.spec",
+                                          "documentation": ""})");
+
+/// A file with the structure c.p.spec.
+std::string Spec(const std::string& fields, const std::string& operations,
+                 const std::string& metadata = "") {
+  return MetamodelFile({Structure("c.p.spec", fields, metadata), "", operations});
+}
+
+std::string Value(const std::string& name, const std::string& documentation = "") {
+  return R"({"name": ")" + name + R"(", "documentation": ")" + documentation +
+         R"(", "metadata": {}})";
+}
+
+/// A file with an enumeration that nothing uses, or that the operation uses.
+std::string State(const std::string& values, const std::string& operations = "") {
+  return MetamodelFile(
+      {"",
+       R"({"name": "c.p.state", "documentation": "", "metadata": {}, "values": [)" + values + "]}",
+       operations});
+}
+
+const std::string kStateSent = Operation("a", Field("x", Named("Enumeration", "c.p.state")));
+const std::string kStateReceived = Operation("a", "", Named("Enumeration", "c.p.state"));
+
+std::string Deprecated(const std::string& operation) {
+  std::string text = operation;
+  return text.replace(text.find(R"("metadata": {)"), 13, R"("metadata": {"Deprecated": {})");
 }
 
 }  // namespace
@@ -21,10 +79,335 @@ std::string Operations(const std::string& operations) {
 TEST(OperationChanges, AreFoundByTheNamesOfOperations) {
   EXPECT_THAT(
       Changed({Operations(Operation("a", "") + "," + Operation("b", ""))},
-              {Operations(Operation("b", "") + "," + Operation("c", ""))}),
+              {Operations(Operation("b", "") + "," + Operation("cde", ""))}),
       ElementsAre("BB--B operation-removed operation:a: the operation 'c.p.s.a' was removed",
-                  "cB--c operation-added operation:c: the operation 'c.p.s.c' was added"));
+                  "cB--c operation-added operation:cde: the operation 'c.p.s.cde' was added"));
   EXPECT_THAT(Changed({Operations(Operation("a", "") + "," + Operation("b", ""))},
                       {Operations(Operation("b", "") + "," + Operation("a", ""))}),
-              IsEmpty());
+              ElementsAre(kNothing));
+}
+
+TEST(OperationChanges, ErrorsHaveDocumentation) {
+  std::string documented = kThrown;
+  documented.replace(documented.rfind(R"("documentation": "")"), 19, R"("documentation": "why")");
+  EXPECT_THAT(Changed({Spec("", kThrown)}, {Spec("", documented)}),
+              ElementsAre("-t--t documentation-added error:c.p.spec: the documentation of the "
+                          "error 'c.p.s.a.c.p.spec' was added"));
+}
+
+TEST(Removals, AreRolledUpInWhatTheyAreIn) {
+  const std::string whole = MetamodelFile({Structure("c.p.x", "") + "," + Structure("c.p.y", ""),
+                                           Enumeration("c.p.e"), Operation("a", "")});
+  EXPECT_THAT(
+      Changed({whole}, {}),
+      ElementsAre("BB--B component-removed component:c: the component 'c' with 1 package, 1 "
+                  "service, 1 operation, 2 structures and 1 enumeration was removed"));
+  EXPECT_THAT(Changed({}, {whole}),
+              ElementsAre("cc--c component-added component:c: the component 'c' with 1 package, 1 "
+                          "service, 1 operation, 2 structures and 1 enumeration was added"));
+}
+
+TEST(Removals, DoNotHaveWhatWasMoved) {
+  const std::string before = R"({"metamodel": {"component": {"name": "c", "documentation": "",
+      "metadata": {}, "packages": [)";
+  const std::string package = R"({"name": "c.p", "documentation": "", "metadata": {},
+      "enumerations": [], "structures": [], "services": [)";
+  const std::string other = R"({"name": "c.q", "documentation": "", "metadata": {},
+      "enumerations": [], "structures": [], "services": [)";
+  const std::string service = R"({"name": "c.p.s", "documentation": "", "metadata": {},
+      "enumerations": [], "structures": [], "constants": [], "operations": []})";
+  EXPECT_THAT(
+      Changed({before + package + service + "]}]}}}"}, {before + other + service + "]}]}}}"}),
+      ElementsAre("BB--B package-removed package:c.p: the package 'c.p' was removed",
+                  "-D--D service-moved service:c.p.s: the service 'c.p.s' was moved from the "
+                  "package 'c.p' to the package 'c.q'",
+                  "cc--c package-added package:c.q: the package 'c.q' was added"));
+}
+
+TEST(Removals, OfWhatWasDeprecatedAreDangerous) {
+  EXPECT_THAT(Changed({Operations(Deprecated(Operation("a", "")))}, {Operations("")}),
+              ElementsAre("DD--D operation-removed operation:a: the operation 'c.p.s.a' was "
+                          "removed, which was deprecated"));
+  Assumptions assumptions;
+  assumptions.deprecated = {"Old"};
+  EXPECT_THAT(Changed({Operations(Deprecated(Operation("a", "")))}, {Operations("")}, assumptions),
+              ElementsAre(StartsWith("BB--B operation-removed")));
+}
+
+TEST(Removals, OfOptionalParametersDependOnTheWire) {
+  const std::string old_text = Takes(Field("x", Optional(kText)));
+  EXPECT_THAT(Changed({old_text}, {Takes("")}), ElementsAre(StartsWith("DB--c parameter-removed")));
+  Assumptions assumptions;
+  assumptions.unknown_fields = Assumptions::UnknownFields::kRefused;
+  EXPECT_THAT(Changed({old_text}, {Takes("")}, assumptions),
+              ElementsAre(StartsWith("BB--c parameter-removed")));
+}
+
+TEST(Removals, OfStructuresBreakCallsIfSomethingNamesThem) {
+  EXPECT_THAT(Changed({Spec("", kSent)}, {Operations(kSent)}),
+              ElementsAre("BB--B structure-removed structure:c.p.spec: the structure 'c.p.spec' "
+                          "was removed, but is still named"));
+  EXPECT_THAT(Changed({Spec("", "")}, {Operations("")}),
+              ElementsAre(StartsWith("-B--B structure-removed")));
+}
+
+TEST(Renames, AreHintsAtWhatIsAlike) {
+  EXPECT_THAT(Changed({Operations(Operation("start_all", Field("x", kText)))},
+                      {Operations(Operation("start_al", Field("x", kText)))}),
+              UnorderedElementsAre(HasSubstr("(possibly renamed to 'c.p.s.start_al')"),
+                                   HasSubstr("(possibly renamed from 'c.p.s.start_all')")));
+  EXPECT_THAT(Changed({Operations(Operation("start_all", Field("x", kText)))},
+                      {Operations(Operation("start_al", Field("x", kNumber)))}),
+              Each(Not(HasSubstr("renamed"))));
+  EXPECT_THAT(Changed({State(Value("ON", "It runs on its own."))},
+                      {State(Value("RUNNING", "It runs on its own!"))}),
+              ElementsAre(HasSubstr("(possibly renamed to 'c.p.state.RUNNING')"), _));
+}
+
+TEST(Renames, AreNotLookedForInLongTexts) {
+  EXPECT_THAT(Changed({State(Value("ON", std::string(300, 'a')))},
+                      {State(Value("RUNNING", std::string(300, 'b')))}),
+              Each(Not(HasSubstr("renamed"))));
+}
+
+TEST(ParameterChanges, DependOnThePositionIfThatIsSent) {
+  const std::string x = Field("x", kText);
+  const std::string y = Field("y", Optional(kText));
+  Assumptions positional;
+  positional.parameters = Assumptions::Parameters::kPositional;
+  EXPECT_THAT(Changed({Takes(x)}, {Takes(y + "," + x)}),
+              ElementsAre(StartsWith("cDc-c parameter-added-optional")));
+  EXPECT_THAT(Changed({Takes(x)}, {Takes(y + "," + x)}, positional),
+              ElementsAre(StartsWith("BDc-c parameter-added-optional")));
+  EXPECT_THAT(Changed({Takes(x)}, {Takes(x + "," + y)}, positional),
+              ElementsAre(StartsWith("cDc-c parameter-added-optional")));
+  EXPECT_THAT(Changed({Takes(x + "," + y)}, {Takes(y + "," + x)}),
+              ElementsAre("cB--c parameter-order-changed operation:a: the parameters of the "
+                          "operation 'c.p.s.a' are in another order"));
+  EXPECT_THAT(Changed({Takes(x + "," + y)}, {Takes(y + "," + x)}, positional),
+              ElementsAre(StartsWith("BB--c parameter-order-changed")));
+  EXPECT_THAT(Changed({Takes(x + "," + y)}, {Takes(x)}, positional),
+              ElementsAre(StartsWith("BB--c parameter-removed")));
+}
+
+TEST(ParameterChanges, OfOneNameAreMatchedInTheirOrder) {
+  const std::string x = Field("x", kText);
+  EXPECT_THAT(Changed({Takes(x + "," + Field("x", kNumber))}, {Takes(x)}),
+              ElementsAre(StartsWith("BB--c parameter-removed")));
+  EXPECT_THAT(Changed({Takes(x)}, {Takes(x + "," + x + "," + Field("y", kText))}),
+              ElementsAre(StartsWith("BB--c parameter-added-required parameter:x"),
+                          StartsWith("BB--c parameter-added-required parameter:y")));
+}
+
+TEST(FieldChanges, DependOnWhoSendsThem) {
+  const std::string x = Field("x", kText);
+  for (const auto& [operations, verdicts] :
+       {std::pair(kSent, "BDc-c"), std::pair(kReceived, "cDc-c"), std::pair(kThrown, "cDc-c"),
+        std::pair(std::string(), "BDc-c")}) {
+    EXPECT_THAT(Changed({Spec("", operations)}, {Spec(x, operations)}),
+                ElementsAre(StartsWith(verdicts + std::string(" field-added-required"))))
+        << operations;
+  }
+  EXPECT_THAT(Changed({Spec(x, kSent)}, {Spec(Field("x", Optional(kText)), kSent)}),
+              ElementsAre("cBD-c field-became-optional field:x: the type of the field "
+                          "'c.p.spec.x' changed from STRING to OPTIONAL<STRING>"));
+  EXPECT_THAT(Changed({Spec(x, kReceived)}, {Spec(Field("x", Optional(kText)), kReceived)}),
+              ElementsAre(StartsWith("BBD-c field-became-optional")));
+}
+
+TEST(FieldChanges, ReachThroughOtherStructures) {
+  const std::string outer = Structure("c.p.outer", Field("in", Named("Structure", "c.p.spec")));
+  const auto file = [&](const std::string& fields) {
+    return MetamodelFile({outer + "," + Structure("c.p.spec", fields), "",
+                          Operation("a", Field("x", Named("Structure", "c.p.outer"))) + "," +
+                              Operation("b", "", Named("Structure", "c.p.outer"))});
+  };
+  LookAtChanges({file("")}, {file(Field("x", kText))}, [](const Result& result) {
+    ASSERT_THAT(result.changes, SizeIs(1));
+    EXPECT_EQ(result.changes[0].details.direction, Zelk::Analysis::Diff::Direction::kBoth);
+    EXPECT_EQ(Word(result.changes[0].details.direction), std::string("both"));
+  });
+}
+
+TEST(FieldChanges, DependOnWhatIsAssumed) {
+  const std::string x = Field("x", kText);
+  const std::string y = Field("y", Optional(kText));
+  Assumptions refused;
+  refused.unknown_fields = Assumptions::UnknownFields::kRefused;
+  EXPECT_THAT(Changed({Spec("", kReceived)}, {Spec(y, kReceived)}, refused),
+              ElementsAre(StartsWith("BDc-c field-added-optional")));
+  EXPECT_THAT(Changed({Spec("", kSent)}, {Spec(y, kSent)}, refused),
+              ElementsAre(StartsWith("cDc-c field-added-optional")));
+  Assumptions positional;
+  positional.parameters = Assumptions::Parameters::kPositional;
+  EXPECT_THAT(Changed({Spec(x, kSent)}, {Spec(y + "," + x, kSent)}, positional),
+              ElementsAre(StartsWith("BDc-c field-added-optional")));
+  EXPECT_THAT(Changed({Spec(x, kSent)}, {Spec(x + "," + y, kSent)}, positional),
+              ElementsAre(StartsWith("cDc-c field-added-optional")));
+  EXPECT_THAT(Changed({Spec(x + "," + y, kSent)}, {Spec(y + "," + x, kSent)}),
+              ElementsAre(StartsWith("cBD-c field-order-changed")));
+  EXPECT_THAT(Changed({Spec(x + "," + y, kSent)}, {Spec(y + "," + x, kSent)}, positional),
+              ElementsAre(StartsWith("BBD-c field-order-changed")));
+}
+
+TEST(FieldChanges, ConcernCommandsThatUseTheField) {
+  const auto cli = [](const std::string& options, const std::string& outputs) {
+    return R"({"cli": [{"type": "command", "path": "", "name": "a", "description": "",
+        "node_metadata": {"service_id": "c.p.s", "operation_id": "a", "options": [)" +
+           options + R"(], "output_field_list": [)" + outputs + "]}}]}";
+  };
+  const std::string option = R"({"long_option": "x", "field_name": "x.f", "description": "",
+      "type": "STRING", "generic": "NONE"})";
+  const std::string output = R"({"structure_id": "c.p.spec", "output_fields":
+      [{"field_name": "f", "display_name": "F"}]})";
+  const std::string field = Field("f", kText);
+  for (const std::string& commands : {cli(option, ""), cli("", output)}) {
+    EXPECT_THAT(Changed({Spec(field, kSent), commands}, {Spec("", kSent), commands}),
+                ElementsAre(StartsWith("BBB-c field-removed")));
+  }
+  EXPECT_THAT(Changed({Spec(field, kSent)}, {Spec("", kSent)}),
+              ElementsAre(StartsWith("BB--c field-removed")));
+  const std::string optional = Field("f", Optional(kText));
+  EXPECT_THAT(
+      Changed({Spec(optional, kSent), cli(option, "")}, {Spec(field, kSent), cli(option, "")}),
+      ElementsAre(StartsWith("BBB-c field-became-required")));
+  EXPECT_THAT(
+      Changed({Spec(optional, kSent), cli("", output)}, {Spec(field, kSent), cli("", output)}),
+      ElementsAre(StartsWith("BB--c field-became-required")));
+}
+
+TEST(EnumerationChanges, DependOnWhoSendsTheValues) {
+  const std::string on = Value("ON");
+  const std::string both = on + "," + Value("OFF");
+  EXPECT_THAT(Changed({State(on, kStateSent)}, {State(both, kStateSent)}),
+              ElementsAre(StartsWith("cDc-c enumeration-value-appended")));
+  EXPECT_THAT(Changed({State(on, kStateReceived)}, {State(both, kStateReceived)}),
+              ElementsAre(StartsWith("DDc-c enumeration-value-appended")));
+  EXPECT_THAT(Changed({State(both, kStateSent)}, {State(on, kStateSent)}),
+              ElementsAre(StartsWith("BBB-c enumeration-value-removed")));
+  EXPECT_THAT(Changed({State(both, kStateReceived)}, {State(on, kStateReceived)}),
+              ElementsAre(StartsWith("cBB-c enumeration-value-removed")));
+  EXPECT_THAT(Changed({State(both)}, {State(Value("ON", "It runs.") + "," + Value("OFF"))}),
+              ElementsAre(StartsWith("-t--t documentation-added value:ON")));
+}
+
+TEST(EnumerationChanges, DependOnWhatIsAssumed) {
+  const std::string on = Value("ON");
+  const std::string reversed = Value("OFF") + "," + on;
+  Assumptions open;
+  open.enumerations = Assumptions::Enumerations::kOpen;
+  EXPECT_THAT(
+      Changed({State(on, kStateReceived)}, {State(on + "," + Value("X"), kStateReceived)}, open),
+      ElementsAre(StartsWith("cDc-c enumeration-value-appended")));
+  Assumptions text;
+  text.enumeration_form = Assumptions::EnumerationForm::kText;
+  EXPECT_THAT(Changed({State(on, kStateSent)}, {State(reversed, kStateSent)}),
+              ElementsAre(StartsWith("BBc-c enumeration-value-inserted")));
+  EXPECT_THAT(Changed({State(on, kStateSent)}, {State(reversed, kStateSent)}, text),
+              ElementsAre(StartsWith("cDc-c enumeration-value-inserted")));
+  EXPECT_THAT(Changed({State(reversed, kStateReceived)}, {State(on, kStateReceived)}),
+              ElementsAre(StartsWith("BBB-c enumeration-value-removed")));
+  EXPECT_THAT(Changed({State(reversed, kStateReceived)}, {State(on, kStateReceived)}, text),
+              ElementsAre(StartsWith("cBB-c enumeration-value-removed")));
+  EXPECT_THAT(Changed({State(reversed)}, {State(on + "," + Value("OFF"))}, text),
+              ElementsAre(StartsWith("ccc-c enumeration-order-changed")));
+}
+
+TEST(AnnotationChanges, HaveTheClassOfTheProject) {
+  const std::string plain = Takes(Field("x", kText));
+  const std::string deprecated = Takes(Field("x", kText, R"("Deprecated": {})"));
+  EXPECT_THAT(Changed({plain}, {deprecated}),
+              ElementsAre("----t annotation-added annotation:Deprecated: the annotation "
+                          "'Deprecated' of the parameter 'c.p.s.a.x' was added"));
+  Assumptions assumptions;
+  assumptions.annotations = {{"Deprecated", Class::kBreaking}};
+  EXPECT_THAT(Changed({plain}, {deprecated}, assumptions),
+              ElementsAre(StartsWith("----B annotation-added")));
+}
+
+TEST(AnnotationChanges, CompareTheLastOfEachName) {
+  const auto with = [](const std::string& metadata) { return Takes(Field("x", kText, metadata)); };
+  EXPECT_THAT(Changed({with(R"("A": {"v": "1"}, "A": {"v": "2", "w": ["a", "b"]})")},
+                      {with(R"("A": {"w": ["x"], "w": ["a", "b"], "v": "2"})")}),
+              ElementsAre(kNothing));
+}
+
+TEST(AnnotationChanges, OfResourcesAreOnesOfIds) {
+  const auto with = [](const std::string& metadata) {
+    return Takes(Field("x", Builtin("ID"), metadata));
+  };
+  EXPECT_THAT(
+      Changed({with(R"("Resource": {"value": "r"})")}, {with(R"("Resource": {"other": "r"})")}),
+      UnorderedElementsAre(
+          "--D-B identifier-resource-changed parameter:x: the resource of the parameter "
+          "'c.p.s.a.x' changed from 'r' to no resource",
+          StartsWith("--D-B resource-removed resource:r")));
+  EXPECT_THAT(Changed({with(R"("Resource": {"value": "r"})")},
+                      {with(R"("Resource": {"value": "r", "other": "x"})")}),
+              ElementsAre(StartsWith("----D annotation-changed")));
+  EXPECT_THAT(Changed({Spec("", "", R"("Resource": {})")}, {Spec("", "")}),
+              ElementsAre(StartsWith("----D annotation-removed")));
+}
+
+TEST(ModelChanges, AreRolledUpInTheStructureAndTheResource) {
+  const std::string key =
+      Field("id", Builtin("ID"), R"("Resource": {"value": "r"}, "ModelKey": {})");
+  const std::string named =
+      Operation("a", Field("x", Builtin("ID"), R"("Resource": {"value": "r"})"));
+  const std::string model = Spec(key, named, R"("Model": {})");
+  EXPECT_THAT(Changed({model}, {Operations(named)}),
+              ElementsAre(StartsWith("-B--B structure-removed")));
+  EXPECT_THAT(Changed({Operations(named)}, {model}),
+              ElementsAre(StartsWith("-c--c structure-added")));
+  EXPECT_THAT(Changed({Spec(Field("id", Builtin("ID")), "", R"("Model": {}, "Other": {})")},
+                      {Spec(Field("id", Builtin("ID")), "", R"("Other": {})")}),
+              ElementsAre(StartsWith("----D annotation-removed annotation:Model")));
+}
+
+TEST(ConstantChanges, CompareTypesAndTheValuesThatAreKept) {
+  const auto with = [](const std::string& constant) {
+    return R"({"metamodel": {"component": {"name": "c", "documentation": "", "metadata": {},
+        "packages": [{"name": "c.p", "documentation": "", "metadata": {}, "enumerations": [],
+        "structures": [], "services": [{"name": "c.p.s", "documentation": "", "metadata": {},
+        "enumerations": [], "structures": [], "operations": [], "constants": [)" +
+           constant + "]}]}]}}}";
+  };
+  const auto constant = [](const std::string& type, const std::string& value) {
+    return R"({"name": "k", "documentation": "", "type": {"category": "PRIMITIVE", "type": ")" +
+           type + R"("}, "value": )" + value + "}";
+  };
+  EXPECT_THAT(Changed({with(constant("LONG", "1"))}, {with(constant("LONG", "2"))}),
+              ElementsAre(kNothing));
+  EXPECT_THAT(Changed({with(constant("STRING", "\"1\""))}, {with(constant("string", "\"2\""))}),
+              ElementsAre("DD--D constant-value-changed constant:k: the value of the constant "
+                          "'c.p.s.k' changed from '1' to '2'"));
+  EXPECT_THAT(Changed({with(constant("STRING", "\"1\""))}, {with(constant("LONG", "2"))}),
+              ElementsAre("-B--B constant-type-changed constant:k: the type of the constant "
+                          "'c.p.s.k' changed from 'PRIMITIVE STRING' to 'PRIMITIVE LONG'"));
+  EXPECT_THAT(Changed({with(constant("LONG", "1"))},
+                      {with(constant("LONG", "1") + "," + constant("LONG", "2"))}),
+              ElementsAre(kNothing));
+}
+
+TEST(SourceChanges, AreThoseOfAnswersThatStayTheSame) {
+  const std::string file = Takes(Field("x", kText));
+  const std::string other = R"({"metamodel": {"component": {"name": "o", "documentation": "",
+      "metadata": {}, "packages": []}}})";
+  EXPECT_THAT(
+      Changed({file, file + "\n"}, {other, file}),
+      UnorderedElementsAre("----c answering-source-changed component:c: the source 'b' answers for "
+                           "the component 'c' now, and not 'a', with the same data",
+                           StartsWith("cc--c component-added component:o")));
+  // What differs is reported as what changed.
+  EXPECT_THAT(
+      Changed({file, Takes("")}, {other, Takes("")}),
+      ElementsAre(StartsWith("BB--c parameter-removed"), StartsWith("cc--c component-added")));
+}
+
+TEST(SourceChanges, DoNotCountFilesThatWereMoved) {
+  const std::string file = Takes(Field("x", kText));
+  const std::string other = R"({"metamodel": {"component": {"name": "o", "documentation": "",
+      "metadata": {}, "packages": []}}})";
+  EXPECT_THAT(Changed({file, other}, {other, file}), IsEmpty());
+  EXPECT_THAT(Changed({file, other}, {other, file + "\n"}), ElementsAre(kNothing));
 }

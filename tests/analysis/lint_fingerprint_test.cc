@@ -6,17 +6,13 @@
 #include <gtest/gtest.h>
 
 #include "analysis/linted.h"
+#include "analysis/rewritten.h"
 
 using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): short ways to lint
 
 namespace {
 
-using Zelk::Analysis::Document;
 using Zelk::Analysis::File;
-using Zelk::Analysis::kNoNode;
-using Zelk::Analysis::kRootNode;
-using Zelk::Analysis::NodeId;
-using Zelk::Analysis::NodeKind;
 using Zelk::Analysis::Lint::Example;
 using Zelk::Analysis::Lint::Rules;
 
@@ -42,29 +38,6 @@ std::vector<std::string> TextsOf(const Example& example) {
     if (!text.empty()) texts.emplace_back(text);
   }
   return texts;
-}
-
-/// The value with a line for each member and element, and the members in the reverse order.
-std::string Rewritten(const Document& document, NodeId node) {
-  const auto& value = document[node];
-  const std::string key(document.Text().substr(value.key_begin, value.key_end - value.key_begin));
-  std::string text = key.empty() ? "" : key + "\n :\t";
-  const bool is_object = value.kind == NodeKind::kObject;
-  if (!is_object && value.kind != NodeKind::kArray) {
-    return text.append(document.Text().substr(value.begin, value.end - value.begin));
-  }
-  std::string parts;
-  for (NodeId part = value.first_child; part != kNoNode; part = document[part].next) {
-    const std::string comma = parts.empty() ? "" : ",";
-    const std::string one = "\n\n  " + Rewritten(document, part);
-    parts = is_object ? one + comma + parts : parts + comma + one;
-  }
-  return text + (is_object ? "{" : "[") + parts + (is_object ? "\n}" : " ]");
-}
-
-std::string Rewritten(const std::string& text) {
-  const Document document(text);
-  return Rewritten(document, kRootNode);
 }
 
 constexpr char kNode[] = R"({"type": "namespace", "path": "", "name": "acme",
