@@ -142,7 +142,7 @@ constexpr Kind kRows[] = {
      Area::kMetamodel,
      "operation",
      Action::kAdded,
-     Always(kC, kB, kN, kN, kC),
+     Always(kC, kC, kN, kN, kC),
      "An operation is new",
      "Callers may use it. Code that implements the service does not compile without it.",
      "Ask those who implement the service to add it.",

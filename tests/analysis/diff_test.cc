@@ -8,15 +8,23 @@
 #include <gtest/gtest.h>
 
 #include "analysis/diffed.h"
+#include "analysis/small_model.h"
 
 using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): short ways to compare
 
 namespace {
 
+using Zelk::Analysis::Diff::Action;
+using Zelk::Analysis::Diff::Area;
+using Zelk::Analysis::Diff::Audience;
+using Zelk::Analysis::Diff::Class;
+using Zelk::Analysis::Diff::ClassOf;
+using Zelk::Analysis::Diff::Direction;
 using Zelk::Analysis::Diff::FindKind;
 using Zelk::Analysis::Diff::Kind;
 using Zelk::Analysis::Diff::Kinds;
 using Zelk::Analysis::Diff::Result;
+using Zelk::Analysis::Diff::SetOf;
 
 std::vector<std::string> TextsOf(const std::array<std::string_view, 2>& files) {
   std::vector<std::string> texts;
@@ -63,4 +71,69 @@ TEST(ChangeKinds, IdsAreUniqueAndFindable) {
     EXPECT_EQ(FindKind(kind->id), kind);
   }
   EXPECT_EQ(FindKind("no-such-change"), nullptr);
+}
+
+TEST(ChangeKinds, HaveWords) {
+  EXPECT_STREQ(Word(Class::kBreaking), "breaking");
+  EXPECT_STREQ(Word(Class::kNotConcerned), "not concerned");
+  EXPECT_STREQ(Word(Audience::kMetadata), "metadata");
+  EXPECT_STREQ(Word(Direction::kUnreached), "unreached");
+  EXPECT_STREQ(Word(Direction::kNone), "");
+  EXPECT_STREQ(Word(Area::kSources), "sources");
+  EXPECT_STREQ(Word(Action::kTightened), "tightened");
+}
+
+TEST(ChangeClass, IsTheWorstForTheAudiences) {
+  const Zelk::Analysis::Diff::Verdicts verdicts{Class::kBreaking, Class::kDangerous,
+                                                Class::kNotConcerned, Class::kNotConcerned,
+                                                Class::kCompatible};
+  EXPECT_EQ(ClassOf(verdicts, SetOf(Audience::kWire) | SetOf(Audience::kMetadata)),
+            Class::kBreaking);
+  EXPECT_EQ(ClassOf(verdicts, SetOf(Audience::kSource) | SetOf(Audience::kMetadata)),
+            Class::kDangerous);
+  EXPECT_EQ(ClassOf(verdicts, SetOf(Audience::kCli)), Class::kNotConcerned);
+}
+
+TEST(Changes, HaveFingerprintsThatStayTheSame) {
+  const Kind& kind = *FindKind("parameter-type-changed");
+  std::set<std::uint64_t> fingerprints;
+  const auto take = [&](const Result& result) {
+    for (const Change& change : result.changes) fingerprints.insert(change.fingerprint);
+  };
+  const std::vector<std::string> old_texts = TextsOf(kind.example.old_files);
+  LookAtChanges(old_texts, TextsOf(kind.example.new_files), take);
+  LookAtChanges({"\n" + old_texts[0]}, TextsOf(kind.example.new_files), take);
+  EXPECT_EQ(fingerprints.size(), 1U);
+  LookAtChanges(TextsOf(kind.example.new_files), old_texts, take);
+  EXPECT_EQ(fingerprints.size(), 2U);
+}
+
+TEST(Changes, HaveThePlacesInBothVersions) {
+  const Kind& kind = *FindKind("operation-removed");
+  LookAtChanges(TextsOf(kind.example.old_files), TextsOf(kind.example.new_files),
+                [](const Result& result) {
+                  EXPECT_TRUE(result.fingerprints_differ);
+                  EXPECT_TRUE(result.changes.at(0).old_place.has_value());
+                  EXPECT_FALSE(result.changes.at(0).new_place.has_value());
+                });
+}
+
+TEST(Changes, AreCountedIfTheirTextsAreTooLong) {
+  constexpr std::size_t kOperations = 1000;
+  const std::string name(40000, 'c');
+  const auto file = [&](bool is_empty) {
+    std::string operations;
+    for (std::size_t i = 0; i < kOperations && !is_empty; ++i) {
+      operations += (i == 0 ? "" : ",") + Operation("o" + std::to_string(i), "");
+    }
+    std::string text = MetamodelFile({"", "", operations});
+    return text.replace(text.find("\"c\""), 3, "\"" + name + "\"");
+  };
+  LookAtChanges({file(false)}, {file(true)}, [&](const Result& result) {
+    ASSERT_EQ(result.unlisted.size(), 1U);
+    const auto& [verdicts, count] = *result.unlisted.begin();
+    EXPECT_EQ(ClassOf(verdicts, SetOf(Audience::kWire)), Class::kBreaking);
+    EXPECT_GT(count, 0U);
+    EXPECT_EQ(result.changes.size() + count, kOperations);
+  });
 }
