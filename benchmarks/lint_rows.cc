@@ -1,8 +1,8 @@
 #include <benchmark/benchmark.h>
 
+#include "analysis_files.h"
 #include "contest.h"
 #include "file_set.h"
-#include "lint_files.h"
 #include "probe.h"
 #include "rows.h"
 #include "stopwatch.h"

@@ -24,6 +24,7 @@ void RunAll(const Extent& extent) {
   RegisterLookups(extent, table);
   RegisterServices(extent, table);
   RegisterLint(extent, table);
+  RegisterDiff(extent, table);
 
   benchmark::ConsoleReporter progress(benchmark::ConsoleReporter::OO_None);
   progress.SetOutputStream(&std::cerr);

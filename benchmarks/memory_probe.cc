@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "analysis_files.h"
 #include "heap_use.h"
 #include "host.h"
-#include "lint_files.h"
 #include "service_calls.h"
 
 // Measures, in a process of its own, what cannot be measured beside anything else.
@@ -15,6 +15,8 @@
 //   memory_probe load DOMAIN PATH...   bytes that loading the files leaves on the heap, the most
 //                                      that were resident, and those that stay resident
 //   memory_probe lint DOMAIN PATH...   the most bytes on the heap while the files are linted
+//   memory_probe diff DOMAIN PATH...   the most bytes on the heap while the files and an edited
+//                                      version of them are read, and while they are compared
 //   memory_probe services              allocations of each service call and of its container's
 
 namespace {
@@ -60,6 +62,17 @@ int MeasureLint(int domain, const std::vector<std::string>& paths) {
   return 0;
 }
 
+int MeasureDiff(int domain, const std::vector<std::string>& paths) {
+  const std::size_t live = LiveBytes();
+  ResetPeak();
+  const Versions versions(static_cast<DomainId>(domain), paths, Edit::kTexts);
+  const std::size_t loaded = PeakBytes();
+  ResetPeak();
+  versions.Compare();
+  std::printf("%zu %zu\n", loaded - live, PeakBytes() - live);
+  return 0;
+}
+
 std::size_t AllocationsOf(const std::function<void(std::size_t)>& call) {
   // What is done once, such as binding a symbol, is not a cost of the call.
   call(1);
@@ -85,7 +98,10 @@ int main(int argc, char** argv) {
   if (args.size() > 2 && args[0] == "lint") {
     return MeasureLint(std::stoi(args[1]), {args.begin() + 2, args.end()});
   }
+  if (args.size() > 2 && args[0] == "diff") {
+    return MeasureDiff(std::stoi(args[1]), {args.begin() + 2, args.end()});
+  }
   if (args.size() == 1 && args[0] == "services") return MeasureServices();
-  std::fputs("usage: memory_probe load|lint DOMAIN PATH... | memory_probe services\n", stderr);
+  std::fputs("usage: memory_probe load|lint|diff DOMAIN PATH... | memory_probe services\n", stderr);
   return 2;
 }

@@ -23,6 +23,9 @@ void RegisterMemory(const Extent& extent, Table& table);
 /// How much is linted in a second, and the memory that it takes.
 void RegisterLint(const Extent& extent, Table& table);
 
+/// How long it takes to compare two versions, and the memory beyond that of both.
+void RegisterDiff(const Extent& extent, Table& table);
+
 /// Loading beside protobuf's descriptors of the same interfaces.
 void RegisterPeer(const Extent& extent, Table& table);
 

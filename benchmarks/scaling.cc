@@ -8,17 +8,17 @@
 #include <utility>
 #include <vector>
 
+#include "analysis_files.h"
 #include "growth.h"
 #include "heap_use.h"
 #include "host.h"
-#include "lint_files.h"
 #include "shapes.h"
 #include "stopwatch.h"
 
-// How the cost of loading and of linting a file grows with its size: files of four sizes in every
-// shape, three for lint, and the exponent of the power law that fits best. 1 is linear. The exit
-// status is 1 when memory, which is counted and not timed, grows faster than the file where it
-// should not.
+// How the cost of loading, linting and comparing a file grows with its size: files of four sizes in
+// every shape, three for lint and diff, and the exponent of the power law that fits best. 1 is
+// linear. The exit status is 1 when memory, which is counted and not timed, grows faster than the
+// file where it should not.
 
 namespace {
 
@@ -26,7 +26,7 @@ using namespace Zelk::Benchmarks;  // NOLINT(google-build-using-namespace): a pr
 namespace fs = std::filesystem;
 
 constexpr std::size_t kSizes = 4;
-constexpr std::size_t kLintSizes = 3;
+constexpr std::size_t kAnalysisSizes = 3;
 constexpr int kRuns = 3;
 constexpr double kMostMemoryExponent = 1.15;
 /// What takes less is lost in what every release costs, and has no exponent to speak of.
@@ -93,31 +93,34 @@ bool Report(const Shape& shape, const Series& series) {
   return !shape.is_linear || memory <= kMostMemoryExponent;
 }
 
-struct LintCost {
+struct AnalysisCost {
   double bytes;
   double seconds;
   double peak_bytes;
 };
 
-LintCost Lint(const Shape& shape, std::size_t size, const fs::path& path) {
+/// Lints the file, or compares it with an edited version of itself.
+using Analyse = void (*)(DomainId domain, const std::string& path);
+
+AnalysisCost CostOf(Analyse analyse, const Shape& shape, std::size_t size, const fs::path& path) {
   std::ofstream(path, std::ios::binary) << shape.make(size);
   const auto before = static_cast<double>(LiveBytes());
   ResetPeak();
   const Stopwatch stopwatch;
-  LintFiles(shape.domain, {path.string()});
+  analyse(shape.domain, path.string());
   const double seconds = stopwatch.Seconds();
   return {static_cast<double>(fs::file_size(path)), seconds,
           static_cast<double>(PeakBytes()) - before};
 }
 
-/// Prints the row of a shape; false when the memory of lint grows too fast.
-bool ReportLint(const Shape& shape, const fs::path& path) {
+/// Prints the row of a shape; false when the memory grows too fast.
+bool ReportAnalysis(Analyse analyse, const Shape& shape, const fs::path& path) {
   std::vector<std::pair<double, double>> seconds;
   std::vector<std::pair<double, double>> peaks;
   std::printf("%-36s", shape.name);
   std::size_t size = shape.smallest;
-  for (std::size_t i = 0; i < kLintSizes; ++i, size *= 4) {
-    const LintCost cost = Lint(shape, size, path);
+  for (std::size_t i = 0; i < kAnalysisSizes; ++i, size *= 4) {
+    const AnalysisCost cost = CostOf(analyse, shape, size, path);
     seconds.emplace_back(cost.bytes, cost.seconds);
     peaks.emplace_back(cost.bytes, cost.peak_bytes);
     std::printf("%8.1f", cost.seconds * 1e3);
@@ -127,6 +130,14 @@ bool ReportLint(const Shape& shape, const fs::path& path) {
               GrowthExponent(seconds), memory, shape.is_linear ? "" : "  quadratic by its data");
   std::fflush(stdout);
   return !shape.is_linear || memory <= kMostMemoryExponent;
+}
+
+void Lint(DomainId domain, const std::string& path) {
+  LintFiles(domain, {path});
+}
+
+void Diff(DomainId domain, const std::string& path) {
+  Versions(domain, {path}, Edit::kTexts).Compare();
 }
 
 }  // namespace
@@ -149,10 +160,15 @@ int main() {
     }
     is_linear = Report(shape, series) && is_linear;
   }
-  std::puts(
-      "\n                                    lint, ms, of files of   largest  exponents of\n"
-      "shape                                  1 MB    4 MB   16 MB   peak/   time  memory");
-  for (const Shape& shape : Shapes()) is_linear = ReportLint(shape, path) && is_linear;
+  for (const auto& [name, analyse] : {std::pair("lint", &Lint), std::pair("diff", &Diff)}) {
+    std::printf(
+        "\n                                    %s, ms, of files of   largest  exponents of\n"
+        "shape                                  1 MB    4 MB   16 MB   peak/   time  memory\n",
+        name);
+    for (const Shape& shape : Shapes()) {
+      is_linear = ReportAnalysis(analyse, shape, path) && is_linear;
+    }
+  }
   fs::remove(path);
   return is_linear ? 0 : 1;
 }
