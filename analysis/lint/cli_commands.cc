@@ -6,6 +6,7 @@
 #include "analysis/call.h"
 #include "analysis/format.h"
 #include "analysis/lint/cli_rules.h"
+#include "analysis/options.h"
 
 // What can be said about commands without what they call.
 
@@ -57,27 +58,6 @@ void LookAtOutput(const Model& model, ElementId output, Findings& findings) {
     fields.Look(field);
     titles.Look(field);
   }
-}
-
-/// Whether the text is one character, in UTF-8.
-bool IsOneCharacter(std::string_view text) {
-  const auto is_continued = [](char byte) {
-    return (static_cast<unsigned char>(byte) & 0xc0U) == 0x80U;
-  };
-  return !text.empty() && !is_continued(text.front()) &&
-         std::all_of(text.begin() + 1, text.end(), is_continued);
-}
-
-const char* ProblemOfLong(std::string_view text) {
-  if (text.empty()) return "has no name";
-  if (text.front() == '-') return "begins with a dash, which clients put there themselves";
-  if (text.find_first_of(" \t\r\n") != std::string_view::npos) return "has a blank in it";
-  return text.find('=') == std::string_view::npos ? nullptr : "has a '=' in it";
-}
-
-const char* ProblemOfShort(std::string_view text) {
-  if (text == "-") return "is a dash, which clients put there themselves";
-  return IsOneCharacter(text) ? nullptr : "is not one character";
 }
 
 /// The path and the name of the namespace of that full name.

@@ -1,11 +1,11 @@
 #include <algorithm>
-#include <array>
 #include <set>
 #include <string>
 
 #include "analysis/call.h"
 #include "analysis/format.h"
 #include "analysis/lint/cli_rules.h"
+#include "analysis/options.h"
 #include "analysis/text.h"
 
 // Whether options are as what they fill.
@@ -51,31 +51,6 @@ std::string TypeText(const Workspace& workspace, ElementId field) {
 bool IsSameType(const std::string& written, const std::string& type) {
   const char* const builtin = kBuiltinTypes.Find(written);
   return builtin != nullptr ? type == builtin : LowerCase(written) == LowerCase(type);
-}
-
-/// What an option or a field takes.
-struct Takes {
-  bool is_list;
-  bool may_be_absent;
-  bool may_have_absent_elements;
-};
-
-constexpr std::array<Takes, 5> kTakes{{
-    {false, false, false},
-    {false, true, false},
-    {true, false, false},
-    {true, true, false},
-    {true, false, true},
-}};
-
-/// Null for a word that is not one of the format.
-const Takes* TakesOf(std::string_view generic) {
-  if (generic.empty()) return kTakes.data();
-  const char* const word = kOptionGenerics.Find(generic);
-  for (std::size_t i = 0; i < kTakes.size(); ++i) {
-    if (kOptionGenerics.texts[i] == word) return &kTakes.at(i);
-  }
-  return nullptr;
 }
 
 /// What is wrong if an option that takes `option` fills `called`, which takes `field`. The message
@@ -144,7 +119,7 @@ void OptionOptionalityMismatch(const Workspace& workspace, Findings& findings) {
         const std::string called = Called(metamodel, filled.field);
         Remark remark{"no option can fill " + called, "", "", Severity::kNote};
         if (arity != Arity::kOther) {
-          const Takes& field = kTakes.at(static_cast<std::size_t>(arity));
+          const Takes& field = TakesOf(arity);
           remark = Compare(*option, field, is_within_optional, called);
         }
         if (remark.message.empty()) return;

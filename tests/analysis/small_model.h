@@ -52,8 +52,13 @@ inline std::string Structure(const std::string& name, const std::string& fields,
          metadata + R"(}, "enumerations": [], "constants": [], "fields": [)" + fields + "]}";
 }
 
-inline std::string Enumeration(const std::string& name) {
-  return R"({"name": ")" + name + R"(", "documentation": "", "metadata": {}, "values": []})";
+inline std::string EnumerationValue(const std::string& name) {
+  return R"({"name": ")" + name + R"(", "documentation": "", "metadata": {}})";
+}
+
+inline std::string Enumeration(const std::string& name, const std::string& values = "") {
+  return R"({"name": ")" + name + R"(", "documentation": "", "metadata": {}, "values": [)" +
+         values + "]}";
 }
 
 inline std::string Operation(const std::string& name, const std::string& parameters,
