@@ -34,6 +34,8 @@ Class ClassOf(const Verdicts& verdicts, AudienceSet audiences) {
 }
 
 bool Changes::WasDeprecated(const Model& model, ElementId id) const {
+  // The other formats have no annotations.
+  if (model.GetDomain() != Domain::kMetamodel) return false;
   for (; id != kNoElement; id = model[id].owner) {
     for (const std::string& annotation : assumptions_.deprecated) {
       if (AnnotationOf(model, id, annotation) != kNoElement) return true;

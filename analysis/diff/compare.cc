@@ -22,7 +22,9 @@ struct Comparer {
   void (*compare)(Changes&);
 };
 
-constexpr Comparer kComparers[] = {{Domain::kMetamodel, &CompareMetamodel}};
+constexpr Comparer kComparers[] = {{Domain::kMetamodel, &CompareMetamodel},
+                                   {Domain::kAuthentication, &CompareAuthentication},
+                                   {Domain::kCli, &CompareCli}};
 
 }  // namespace
 

@@ -6,6 +6,8 @@ namespace Zelk::Analysis::Diff {
 
 // Each adds the changes of a domain.
 void CompareMetamodel(Changes& changes);
+void CompareAuthentication(Changes& changes);
+void CompareCli(Changes& changes);
 
 /// Which sources answer, where what they answer is the same.
 void CompareSources(Changes& changes, Domain domain);

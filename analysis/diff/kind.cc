@@ -35,8 +35,8 @@ const char* Word(Action action) {
 const std::vector<const Kind*>& Kinds() {
   static const std::vector<const Kind*> kinds = [] {
     std::vector<const Kind*> all;
-    for (const Rows<Kind>* area :
-         {&kMetamodelKinds, &kDefinitionKinds, &kTypeKinds, &kSourceKinds}) {
+    for (const Rows<Kind>* area : {&kMetamodelKinds, &kDefinitionKinds, &kTypeKinds,
+                                   &kAuthenticationKinds, &kCliKinds, &kSourceKinds}) {
       for (const Kind& kind : *area) all.push_back(&kind);
     }
     return all;

@@ -129,6 +129,8 @@ const char* Word(Action action);
 extern const Rows<Kind> kMetamodelKinds;
 extern const Rows<Kind> kDefinitionKinds;
 extern const Rows<Kind> kTypeKinds;
+extern const Rows<Kind> kAuthenticationKinds;
+extern const Rows<Kind> kCliKinds;
 extern const Rows<Kind> kSourceKinds;
 
 /// All kinds of all areas.

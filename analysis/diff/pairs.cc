@@ -49,10 +49,11 @@ using Counts = std::map<ElementKind, std::size_t>;
 
 /// " with 1 service and 12 operations"; empty if there are none.
 std::string CountsText(const Counts& counts) {
-  constexpr std::array<ElementKind, 7> kCounted{ElementKind::kPackage,    ElementKind::kService,
-                                                ElementKind::kNamespace,  ElementKind::kOperation,
-                                                ElementKind::kCommand,    ElementKind::kStructure,
-                                                ElementKind::kEnumeration};
+  constexpr std::array<ElementKind, 10> kCounted{
+      ElementKind::kPackage,       ElementKind::kPackageList, ElementKind::kService,
+      ElementKind::kServiceList,   ElementKind::kNamespace,   ElementKind::kOperation,
+      ElementKind::kOperationList, ElementKind::kCommand,     ElementKind::kStructure,
+      ElementKind::kEnumeration};
   std::vector<std::string> texts;
   for (const ElementKind kind : kCounted) {
     const auto found = counts.find(kind);
@@ -116,8 +117,9 @@ bool IsSameText(const ModelPair& models, Pair pair) {
 bool IsWithinChange(const ModelPair& models, Pair pair) {
   const Model& model = models.Of(pair);
   const ElementId owner = model[pair.Id()].owner;
-  // Parts without lookups are looked at only in what both versions have.
-  return owner != kNoElement && HasLookup(model[owner].kind) &&
+  // Parts without lookups are looked at only in what both versions have. The root namespace is in
+  // itself.
+  return owner != kNoElement && owner != pair.Id() && HasLookup(model[owner].kind) &&
          !Has(models.WithoutIt(pair), model[owner]);
 }
 
@@ -131,7 +133,8 @@ std::string ContentsOf(const ModelPair& models, Pair pair) {
     open.pop_back();
     for (const ElementId id : model.Children(owner)) {
       const Element& element = model[id];
-      if (!IsKept(element) || (HasLookup(element.kind) && Has(other, element))) continue;
+      if (id == owner || !IsKept(element) || (HasLookup(element.kind) && Has(other, element)))
+        continue;
       ++counts[element.kind];
       open.push_back(id);
     }

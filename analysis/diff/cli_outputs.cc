@@ -1,0 +1,158 @@
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "analysis/diff/cli_comparers.h"
+#include "analysis/diff/verdicts.h"
+#include "analysis/format.h"
+
+// How a command shows its result.
+
+namespace Zelk::Analysis::Diff {
+namespace {
+
+/// What changes of outputs mean for those who read what a formatter prints.
+struct Reading {
+  const char* formatter;
+  Class field_added;
+  Class order;
+  Class heading;
+};
+
+constexpr std::array<Reading, 6> kReadings{{
+    {"SIMPLE", kD, kB, kD},
+    {"TABLE", kD, kB, kB},
+    {"CSV", kD, kB, kB},
+    {"JSON", kC, kC, kD},
+    {"XML", kC, kC, kD},
+    {"HTML", kC, kC, kT},
+}};
+
+/// Without a formatter, or with one that is not known, the client decides.
+constexpr Reading kUnknown{"", kD, kD, kD};
+
+Reading ReadingOf(const std::optional<std::string>& formatter) {
+  const auto* const found =
+      std::find_if(kReadings.begin(), kReadings.end(),
+                   [&](const Reading& row) { return formatter && row.formatter == *formatter; });
+  return found == kReadings.end() ? kUnknown : *found;
+}
+
+NodeId FormatterNode(const Model& model, ElementId command) {
+  const Document& document = model.DocumentOf(command);
+  return document.Find(document.Find(model[command].node, "node_metadata"), "formatter");
+}
+
+/// As the library answers it.
+std::optional<std::string> FormatterOf(const Model& model, ElementId command) {
+  const NodeId node = FormatterNode(model, command);
+  if (node == kNoNode) return std::nullopt;
+  return ToUpper(model.DocumentOf(command).String(node));
+}
+
+class OutputsComparer {
+ public:
+  explicit OutputsComparer(CommandPair& command)
+      : command_(command),
+        models_(command.Models()),
+        old_formatter_(FormatterOf(models_.old_model, command.Command().old_id)),
+        new_formatter_(FormatterOf(models_.new_model, command.Command().new_id)),
+        reading_(ReadingOf(new_formatter_)) {}
+
+  void Compare() {
+    CompareFormatters();
+    const std::vector<Pair> outputs = PartPairs(models_, command_.Command(), ElementKind::kOutput);
+    for (const Pair& pair : outputs) {
+      if (pair.IsMatched()) {
+        CompareFields(pair);
+      } else {
+        AddPart("output-structure", pair);
+      }
+    }
+    // Each structure is looked up by its name, in any order.
+    CompareOrder(outputs, command_.Command(), kT, "output-structure-order-changed", "the outputs");
+  }
+
+ private:
+  void CompareFormatters() {
+    if (old_formatter_ == new_formatter_) return;
+    const Pair pair = command_.Command();
+    const char* const id = !old_formatter_   ? "formatter-added"
+                           : !new_formatter_ ? "formatter-removed"
+                                             : "formatter-changed";
+    Details details{"the result of " + Called(models_.old_model, pair.old_id) +
+                    " is printed in another form"};
+    details.old_value = old_formatter_.value_or("");
+    details.new_value = new_formatter_.value_or("");
+    details.old_node = FormatterNode(models_.old_model, pair.old_id);
+    details.new_node = FormatterNode(models_.new_model, pair.new_id);
+    command_.Add(id, pair, kB, std::move(details));
+  }
+
+  void AddPart(const std::string& id, Pair pair) {
+    const std::string called = Called(models_.Of(pair), pair.Id());
+    if (pair.IsAdded()) {
+      command_.Add(id + "-added", pair, reading_.field_added, {called + " was added"});
+    } else {
+      command_.Add(id + "-removed", pair, kB, {called + " was removed"});
+    }
+  }
+
+  void CompareFields(Pair output) {
+    if (IsSameText(models_, output)) return;
+    const std::vector<Pair> fields = PartPairs(models_, output, ElementKind::kOutputField);
+    for (const Pair& pair : fields) {
+      if (pair.IsMatched()) {
+        CompareHeadings(pair);
+      } else {
+        AddPart("output-field", pair);
+      }
+    }
+    CompareOrder(fields, output, reading_.order, "output-field-order-changed", "the fields");
+  }
+
+  void CompareHeadings(Pair pair) {
+    Details details{Called(models_.old_model, pair.old_id) + " has another heading"};
+    details.old_value = TextOf(models_.old_model, pair.old_id, "display_name");
+    details.new_value = TextOf(models_.new_model, pair.new_id, "display_name");
+    if (details.old_value == details.new_value) return;
+    details.old_node = MemberOf(models_.old_model, pair.old_id, "display_name");
+    details.new_node = MemberOf(models_.new_model, pair.new_id, "display_name");
+    command_.Add("output-heading-changed", pair, reading_.heading, std::move(details));
+  }
+
+  void CompareOrder(const std::vector<Pair>& parts, Pair owner, Class verdict, const char* id,
+                    const std::string& called) {
+    if (!IsReordered(parts)) return;
+    command_.Add(
+        id, owner, verdict,
+        {called + " of " + Called(models_.old_model, owner.old_id) + " are in another order"});
+  }
+
+  CommandPair& command_;
+  ModelPair models_;
+  std::optional<std::string> old_formatter_;
+  std::optional<std::string> new_formatter_;
+  Reading reading_;
+};
+
+}  // namespace
+
+bool IsReordered(const std::vector<Pair>& parts) {
+  ElementId last = 0;
+  for (const Pair& pair : parts) {
+    if (!pair.IsMatched()) continue;
+    if (pair.new_id < last) return true;
+    last = pair.new_id;
+  }
+  return false;
+}
+
+void CompareOutputs(CommandPair& command) {
+  OutputsComparer(command).Compare();
+}
+
+}  // namespace Zelk::Analysis::Diff
