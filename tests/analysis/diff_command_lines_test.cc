@@ -8,6 +8,7 @@
 #include "analysis/command_line.h"
 #include "analysis/diff/compare.h"
 #include "analysis/files.h"
+#include "analysis/mirrored.h"
 #include "analysis/small_cli.h"
 
 using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): all of the small files
@@ -22,7 +23,6 @@ using Zelk::Analysis::CommandWords;
 using Zelk::Analysis::Domain;
 using Zelk::Analysis::ElementKind;
 using Zelk::Analysis::Workspace;
-using Zelk::Analysis::Diff::Change;
 using Zelk::Analysis::Diff::Class;
 using Zelk::Analysis::Diff::Compare;
 using Zelk::Analysis::Diff::Result;
@@ -81,11 +81,21 @@ struct SmallVersion {
     for (const CommandWords& line : SmallLines()) meanings.push_back(MeaningOf(form, line));
   }
 
+  std::string_view Text() const { return workspace.Files()[0].source.document->Text(); }
+
   Workspace workspace;
   CommandForm form;
   /// Of SmallLines().
   std::vector<std::string> meanings;
 };
+
+std::vector<std::unique_ptr<SmallVersion>> SmallVersions() {
+  std::vector<std::unique_ptr<SmallVersion>> versions;
+  for (const auto& options : SmallCommands()) {
+    versions.push_back(std::make_unique<SmallVersion>(options));
+  }
+  return versions;
+}
 
 /// Whether all lines that the old version accepts mean the same in the new one.
 bool AreKept(const SmallVersion& old_version, const SmallVersion& new_version) {
@@ -99,10 +109,7 @@ bool AreKept(const SmallVersion& old_version, const SmallVersion& new_version) {
 }  // namespace
 
 TEST(CommandLines, MeanTheSameAfterCompatibleChanges) {
-  std::vector<std::unique_ptr<SmallVersion>> versions;
-  for (const auto& options : SmallCommands()) {
-    versions.push_back(std::make_unique<SmallVersion>(options));
-  }
+  const std::vector<std::unique_ptr<SmallVersion>> versions = SmallVersions();
   std::size_t compatible = 0;
   for (const auto& before : versions) {
     for (const auto& after : versions) {
@@ -111,10 +118,23 @@ TEST(CommandLines, MeanTheSameAfterCompatibleChanges) {
       for (const Change& change : result.changes) worst = std::max(worst, ClassOf(change));
       if (worst > Class::kCompatible) continue;
       ++compatible;
-      EXPECT_TRUE(AreKept(*before, *after))
-          << before->workspace.Files()[0].source.document->Text() << "\n"
-          << after->workspace.Files()[0].source.document->Text();
+      EXPECT_TRUE(AreKept(*before, *after)) << before->Text() << "\n" << after->Text();
     }
   }
   EXPECT_GT(compatible, versions.size());
+}
+
+TEST(CommandLines, ChangesOfOptionsAreMirrored) {
+  const std::vector<std::unique_ptr<SmallVersion>> versions = SmallVersions();
+  for (std::size_t i = 0; i < versions.size(); ++i) {
+    for (std::size_t j = i + 1; j < versions.size(); j += 3) {
+      const SmallVersion& before = *versions[i];
+      const SmallVersion& after = *versions[j];
+      const Result result = Compare(before.workspace, after.workspace);
+      const Result mirrored = Compare(after.workspace, before.workspace);
+      EXPECT_EQ(TallyOf(result, false), TallyOf(mirrored, true)) << before.Text() << "\n"
+                                                                 << after.Text();
+      EXPECT_FALSE(result.changes.empty());
+    }
+  }
 }
