@@ -33,13 +33,16 @@ Class ClassOf(const Verdicts& verdicts, AudienceSet audiences) {
   return worst;
 }
 
-bool Changes::WasDeprecated(const Model& model, ElementId id) const {
-  // The other formats have no annotations.
-  if (model.GetDomain() != Domain::kMetamodel) return false;
+bool Changes::WasDeprecated(ElementId id) {
+  const Model& model = old_version_.ModelOf(Domain::kMetamodel);
   for (; id != kNoElement; id = model[id].owner) {
-    for (const std::string& annotation : assumptions_.deprecated) {
-      if (AnnotationOf(model, id, annotation) != kNoElement) return true;
+    const auto [known, is_new] = deprecated_.try_emplace(id, false);
+    if (is_new) {
+      known->second = std::any_of(
+          assumptions_.deprecated.begin(), assumptions_.deprecated.end(),
+          [&](const std::string& name) { return AnnotationOf(model, id, name) != kNoElement; });
     }
+    if (known->second) return true;
   }
   return false;
 }
@@ -49,11 +52,16 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
   const Kind& kind = *FindKind(id);
   const ModelPair models = Models(domain);
   Verdicts verdicts = details.verdicts.value_or(ByDirection(kind.verdicts, details.direction));
-  if (kind.action == Action::kRemoved && pair.old_id != kNoElement &&
-      ClassOf(verdicts, kAllAudiences) == Class::kBreaking &&
-      WasDeprecated(models.old_model, pair.old_id)) {
+  // The other formats have no annotations.
+  const bool may_be_deprecated = domain == Domain::kMetamodel && kind.action == Action::kRemoved &&
+                                 ClassOf(verdicts, kAllAudiences) == Class::kBreaking;
+  if (may_be_deprecated && WasDeprecated(pair.old_id)) {
     for (Class& verdict : verdicts) verdict = std::min(verdict, Class::kDangerous);
     details.message += ", which was deprecated";
+  }
+  if (IsFull()) {
+    ++unlisted_[verdicts];
+    return;
   }
   std::string path = details.element;
   if (path.empty()) path = models.Of(pair).Path(pair.Id());
@@ -65,7 +73,8 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
   details.new_value = Shortened(details.new_value, 1000);
   const std::size_t size =
       path.size() + details.message.size() + details.old_value.size() + details.new_value.size();
-  if (all_.size() >= kMost || size > text_left_) {
+  if (size > text_left_) {
+    text_left_ = 0;
     ++unlisted_[verdicts];
     return;
   }

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "analysis/diff/assumptions.h"
@@ -82,6 +83,9 @@ class Changes {
   /// removal of what was deprecated is at most dangerous.
   void Add(std::string_view id, Domain domain, Pair pair, Details details);
 
+  /// Whether further changes are only counted, so that their texts are not needed.
+  bool IsFull() const { return all_.size() >= kMost || text_left_ == 0; }
+
   /// How many were added.
   std::size_t Count() const { return count_; }
 
@@ -95,13 +99,16 @@ class Changes {
   static constexpr std::size_t kMost = 100000;
 
  private:
-  bool WasDeprecated(const Model& model, ElementId id) const;
+  /// Whether an element of Metamodel, or what it is in, had an annotation that says so.
+  bool WasDeprecated(ElementId id);
 
   const Workspace& old_version_;
   const Workspace& new_version_;
   const Assumptions& assumptions_;
   std::vector<Change> all_;
   std::size_t count_ = 0;
+  /// Whether elements of Metamodel have such an annotation themselves, if that is known.
+  std::unordered_map<ElementId, bool> deprecated_;
   VerdictCounts unlisted_;
   /// How many more bytes the changes may have.
   std::size_t text_left_ = 32000000;

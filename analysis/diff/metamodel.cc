@@ -34,13 +34,16 @@ void AddDefinition(Metamodel& metamodel, ElementKind kind, Pair pair) {
 
 /// What the element is in. Its files do not matter.
 void CompareOwners(Metamodel& metamodel, ElementKind kind, Pair pair) {
-  const auto owner_of = [](const Model& model, ElementId id) {
-    const ElementId owner = model[id].owner;
-    return owner == kNoElement ? std::string() : Called(model, owner);
-  };
-  const std::string old_owner = owner_of(metamodel.models.old_model, pair.old_id);
-  const std::string new_owner = owner_of(metamodel.models.new_model, pair.new_id);
-  if (old_owner == new_owner) return;
+  const Model& old_model = metamodel.models.old_model;
+  const Model& new_model = metamodel.models.new_model;
+  if (kind == ElementKind::kComponent) return;
+  const ElementId old_id = old_model[pair.old_id].owner;
+  const ElementId new_id = new_model[pair.new_id].owner;
+  const Element& old_element = old_model[old_id];
+  const Element& new_element = new_model[new_id];
+  if (old_element.kind == new_element.kind && old_element.name == new_element.name) return;
+  const std::string old_owner = Called(old_model, old_id);
+  const std::string new_owner = Called(new_model, new_id);
   metamodel.Add(Word(kind) + std::string("-moved"), pair,
                 {metamodel.CalledIn(pair) + " was moved from " + old_owner + " to " + new_owner,
                  old_owner, new_owner});
@@ -69,13 +72,13 @@ void CompareDefinition(Metamodel& metamodel, ElementKind kind, Pair pair) {
 }  // namespace
 
 std::string Metamodel::CalledIn(Pair pair) const {
-  return Called(models.Of(pair), pair.Id());
+  return changes.IsFull() ? "" : Called(models.Of(pair), pair.Id());
 }
 
 void Metamodel::AddWhole(const std::string& kind, Pair pair, Details details) {
   const std::string action = pair.IsAdded() ? "added" : "removed";
   details.message = CalledIn(pair) + ContentsOf(models, pair) + " was " + action + details.message;
-  details.hint = renames.HintOf(pair);
+  if (!changes.IsFull()) details.hint = renames.HintOf(pair);
   Add(kind + "-" + action, pair, std::move(details));
 }
 

@@ -96,6 +96,7 @@ class ResourceComparer {
   void AddModel(const char* id, std::string_view resource, std::string_view name, Pair structure,
                 std::string old_key = "", std::string new_key = "") {
     metamodel_.changed_models.insert(name);
+    if (metamodel_.changes.IsFull()) return metamodel_.Add(id, structure, {});
     const std::string of = "the resource '" + Shortened(resource) + "'";
     const std::string called = metamodel_.CalledIn(structure);
     Details details{called + " is a model of " + of + " now"};

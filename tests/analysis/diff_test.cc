@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "analysis/diff/verdicts.h"
 #include "analysis/diffed.h"
 #include "analysis/small_model.h"
 
@@ -83,6 +84,19 @@ TEST(ChangeKinds, HaveWords) {
   EXPECT_STREQ(Word(Action::kTightened), "tightened");
 }
 
+TEST(ChangeKinds, MayHaveOtherVerdictsOnTheWireForEachDirection) {
+  const auto always =
+      Zelk::Analysis::Diff::Always(Class::kBreaking, Class::kDangerous, Class::kCompatible,
+                                   Class::kNotConcerned, Class::kDocumentation);
+  EXPECT_EQ(Letters(always.input), "BDc-t");
+  EXPECT_EQ(always.output, always.input);
+  const auto directed =
+      Zelk::Analysis::Diff::Directed(Class::kBreaking, Class::kCompatible, Class::kDangerous,
+                                     Class::kNotConcerned, Class::kDocumentation);
+  EXPECT_EQ(Letters(directed.input), "BD--t");
+  EXPECT_EQ(Letters(directed.output), "cD--t");
+}
+
 TEST(ChangeClass, IsTheWorstForTheAudiences) {
   const Zelk::Analysis::Diff::Verdicts verdicts{Class::kBreaking, Class::kDangerous,
                                                 Class::kNotConcerned, Class::kNotConcerned,
@@ -119,21 +133,30 @@ TEST(Changes, HaveThePlacesInBothVersions) {
 }
 
 TEST(Changes, AreCountedIfTheirTextsAreTooLong) {
-  constexpr std::size_t kOperations = 1000;
-  const std::string name(40000, 'c');
-  const auto file = [&](bool is_empty) {
+  // Each has the name of the component in its path.
+  constexpr std::size_t kCount = 40;
+  const std::string name(1000000, 'c');
+  const std::string key =
+      Field("id", Builtin("ID"), R"("Resource": {"value": "r"}, "ModelKey": {})");
+  const auto file = [&](bool has_operations, bool has_models) {
     std::string operations;
-    for (std::size_t i = 0; i < kOperations && !is_empty; ++i) {
-      operations += (i == 0 ? "" : ",") + Operation("o" + std::to_string(i), "");
+    std::string structures;
+    for (std::size_t i = 0; i < kCount; ++i) {
+      const std::string comma = i == 0 ? "" : ",";
+      if (has_operations) operations += comma + Operation("o" + std::to_string(i), "");
+      structures +=
+          comma + Structure("s" + std::to_string(i), key, has_models ? R"("Model": {})" : "");
     }
-    std::string text = MetamodelFile({"", "", operations});
+    std::string text = MetamodelFile({structures, "", operations});
     return text.replace(text.find("\"c\""), 3, "\"" + name + "\"");
   };
-  LookAtChanges({file(false)}, {file(true)}, [&](const Result& result) {
+  const auto expect_unlisted = [&](const Result& result) {
     ASSERT_EQ(result.unlisted.size(), 1U);
     const auto& [verdicts, count] = *result.unlisted.begin();
-    EXPECT_EQ(ClassOf(verdicts, SetOf(Audience::kWire)), Class::kBreaking);
+    EXPECT_EQ(ClassOf(verdicts, SetOf(Audience::kMetadata)), Class::kBreaking);
     EXPECT_GT(count, 0U);
-    EXPECT_EQ(result.changes.size() + count, kOperations);
-  });
+    EXPECT_EQ(result.changes.size() + count, kCount);
+  };
+  LookAtChanges({file(true, false)}, {file(false, false)}, expect_unlisted);
+  LookAtChanges({file(false, true)}, {file(false, false)}, expect_unlisted);
 }
