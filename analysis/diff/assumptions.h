@@ -16,7 +16,6 @@ struct Assumptions {
   enum class Enumerations : std::uint8_t { kClosed, kOpen };
   enum class EnumerationForm : std::uint8_t { kOrdinal, kText };
   enum class Schemes : std::uint8_t { kAny, kAll };
-  enum class Inheritance : std::uint8_t { kNone, kNearest };
 
   /// How parameters and fields are told apart on the wire.
   Parameters parameters = Parameters::kNamed;
@@ -25,10 +24,9 @@ struct Assumptions {
   Enumerations enumerations = Enumerations::kClosed;
   /// Whether values are sent as their positions, as generated enumerations count them.
   EnumerationForm enumeration_form = EnumerationForm::kOrdinal;
-  /// How many of the schemes of a list a caller needs.
+  /// How many of the schemes of a list a caller needs. Nothing is inherited: each list counts for
+  /// its element alone.
   Schemes schemes = Schemes::kAny;
-  /// Whether an element without a list has that of the nearest element around it.
-  Inheritance inheritance = Inheritance::kNone;
   /// Annotations that say that an element will be removed.
   std::set<std::string, std::less<>> deprecated = {"Deprecated"};
   /// What a change of an annotation means for programs that ask the metadata services, by its name.
