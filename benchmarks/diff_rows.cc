@@ -22,11 +22,14 @@ struct Row {
 };
 
 constexpr FileSet kLarge{DomainId::kMetamodel, 1, 10 * kMegabyte, Layout::kCompact};
+constexpr FileSet kAuthentication{DomainId::kAuthentication, 1, 10 * kMegabyte, Layout::kCompact};
+constexpr FileSet kCli{DomainId::kCli, 1, 10 * kMegabyte, Layout::kCompact};
 constexpr FileSet kMany{DomainId::kMetamodel, 333, kMegabyte / 4, Layout::kPretty};
 
 constexpr Row kDiffRows[] = {
     {kLarge, "one text", Edit::kOne, 1},    {kLarge, "blanks", Edit::kBlanks, 1},
-    {kLarge, "all texts", Edit::kTexts, 1}, {kMany, "one text of each", Edit::kOne, 8},
+    {kLarge, "all texts", Edit::kTexts, 1}, {kAuthentication, "all texts", Edit::kTexts, 1},
+    {kCli, "all texts", Edit::kTexts, 1},   {kMany, "one text of each", Edit::kOne, 8},
     {kMany, "blanks", Edit::kBlanks, 8},
 };
 
