@@ -59,6 +59,16 @@ std::string SettingsReader::Date(NodeId object, const char* key) {
   return text;
 }
 
+std::string SettingsReader::Choice(NodeId object, const char* key,
+                                   const std::array<std::string, 2>& words) {
+  const NodeId member = Member(object, key, NodeKind::kString);
+  if (member == kNoNode) return words[0];
+  std::string word(document_.String(member));
+  if (word == words[0] || word == words[1]) return word;
+  Complain(member, std::string("'") + key + "' is " + words[0] + " or " + words[1]);
+  return words[0];
+}
+
 void SettingsReader::ExpectKeys(NodeId object, const std::vector<std::string>& known) {
   EachChild(object, [&](NodeId member) {
     const std::string key(document_.Key(member));

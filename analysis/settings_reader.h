@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +48,9 @@ class SettingsReader {
 
   /// A day, or an empty text if the object has none.
   std::string Date(NodeId object, const char* key);
+
+  /// One of the two words, the first one if the object has none.
+  std::string Choice(NodeId object, const char* key, const std::array<std::string, 2>& words);
 
   /// Other keys of the object are problems, but for those that begin with '$'.
   void ExpectKeys(NodeId object, const std::vector<std::string>& known);

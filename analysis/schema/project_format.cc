@@ -7,6 +7,7 @@ namespace {
 
 constexpr ValueForm kSource = Text(Style::kNotEmpty);
 constexpr ValueForm kPattern = Text(Style::kNotEmpty);
+constexpr ValueForm kName = Text(Style::kNotEmpty);
 
 constexpr const char* kSeverities[] = {"error", "warning", "note", "off", nullptr};
 constexpr const char* kSeverityTexts[] = {
@@ -42,10 +43,70 @@ constexpr KeyForm kLintKeys[] = {
 };
 constexpr ObjectForm kLint{"lint", kLintKeys};
 
+constexpr const char* kNamedWords[] = {"named", "positional", nullptr};
+constexpr const char* kNamedTexts[] = {
+    "Parameters and fields are sent with their names.",
+    "Parameters and fields are sent in their order.",
+};
+constexpr const char* kIgnoredWords[] = {"ignored", "refused", nullptr};
+constexpr const char* kIgnoredTexts[] = {
+    "Receivers ignore a field or parameter that they do not know.",
+    "Receivers fail at a field or parameter that they do not know.",
+};
+constexpr const char* kClosedWords[] = {"closed", "open", nullptr};
+constexpr const char* kClosedTexts[] = {
+    "Receivers fail at a value of an enumeration that they do not know.",
+    "Receivers take a value of an enumeration that they do not know.",
+};
+constexpr const char* kOrdinalWords[] = {"ordinal", "text", nullptr};
+constexpr const char* kOrdinalTexts[] = {
+    "Values of enumerations are sent as their positions.",
+    "Values of enumerations are sent as their names.",
+};
+constexpr const char* kAnyWords[] = {"any", "all", nullptr};
+constexpr const char* kAnyTexts[] = {
+    "Callers need one of the schemes of a list.",
+    "Callers need all schemes of a list.",
+};
+constexpr const char* kClassNames[] = {"documentation", "compatible", "dangerous", "breaking",
+                                       nullptr};
+constexpr const char* kClassTexts[] = {
+    "Only what people read changes.",
+    "Breaks no program.",
+    "May break a program.",
+    "Breaks programs.",
+};
+
+constexpr ValueForm WordOf(const Words& words) {
+  return WithWords(Text(Style::kWord), words);
+}
+
+constexpr Words kNamed{kNamedWords, nullptr, nullptr, kNamedTexts};
+constexpr Words kIgnored{kIgnoredWords, nullptr, nullptr, kIgnoredTexts};
+constexpr Words kClosed{kClosedWords, nullptr, nullptr, kClosedTexts};
+constexpr Words kOrdinal{kOrdinalWords, nullptr, nullptr, kOrdinalTexts};
+constexpr Words kAny{kAnyWords, nullptr, nullptr, kAnyTexts};
+constexpr Words kClasses{kClassNames, nullptr, nullptr, kClassTexts};
+constexpr ValueForm kClass = WordOf(kClasses);
+
+constexpr KeyForm kDiffKeys[] = {
+    Optional("parameters", WordOf(kNamed), "How parameters and fields are told apart."),
+    Optional("unknown_fields", WordOf(kIgnored), "What receivers do with unknown fields."),
+    Optional("enumerations", WordOf(kClosed), "What receivers do with unknown values."),
+    Optional("enumeration_form", WordOf(kOrdinal), "How values of enumerations are sent."),
+    Optional("schemes", WordOf(kAny), "How many schemes of a list callers need."),
+    Optional("deprecated", ListOf(kName),
+             "Annotations that say that an element will be removed: `Deprecated` if absent."),
+    Optional("annotations", MembersOf(kClass),
+             "Classes of changes of annotations, by their names."),
+};
+constexpr ObjectForm kDiff{"diff", kDiffKeys};
+
 constexpr KeyForm kProjectKeys[] = {
     Optional("sources", ListOf(kSource),
              "What `--source` takes, in relation to this file: the default sources."),
     Optional("lint", Object(kLint), "What `zelk-metadata lint` is to find."),
+    Optional("diff", Object(kDiff), "What `zelk-metadata diff` assumes."),
 };
 constexpr ObjectForm kProject{"document", kProjectKeys};
 

@@ -140,7 +140,8 @@ TEST(Explain, AllIdsAreListedWithTheirTexts) {
 }
 
 TEST(Explain, UnrelatedWordGetsNoSuggestion) {
-  EXPECT_EQ(RunTool({"explain", "nope"}).err, "zelk-metadata: unknown message or rule 'nope'\n");
+  EXPECT_EQ(RunTool({"explain", "nope"}).err,
+            "zelk-metadata: unknown message, rule or change 'nope'\n");
 }
 
 TEST(Explain, PageHasMeaningCauseExampleAndFix) {
@@ -168,10 +169,10 @@ Fix:
 
 TEST(Explain, UnknownIdGetsSuggestions) {
   const ToolRun run = RunTool({"explain", "zelk.metadata.json.missing.fiels"});
-  EXPECT_EQ(
-      run.err,
-      "zelk-metadata: unknown message or rule 'zelk.metadata.json.missing.fiels'; did you mean "
-      "zelk.metadata.json.missing.field?\n");
+  EXPECT_EQ(run.err,
+            "zelk-metadata: unknown message, rule or change 'zelk.metadata.json.missing.fiels'; "
+            "did you mean "
+            "zelk.metadata.json.missing.field?\n");
   EXPECT_EQ(run.out, "");
   EXPECT_EQ(run.status, 3);
 }

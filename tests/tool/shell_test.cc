@@ -110,7 +110,7 @@ TEST(Shell, OutputIsForLinesThatHaveNone) {
   EXPECT_EQ(RunTool({"shell", "--output", "table", "--source", kNetwork}, lines).out,
             "NAME\nnetwork\nnetwork\n");
   EXPECT_THAT(RunTool({"shell", "--output", "table"}, "explain nope\n").err,
-              HasSubstr("unknown message or rule"))
+              HasSubstr("unknown message, rule or change"))
       << "what a command does not know is not for it";
   EXPECT_EQ(
       RunTool({"shell", "--output", "table", "--source", kNetwork}, "list sources --json\n").out,

@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include "analysis/near.h"
+#include "diff/kinds.h"
 #include "explain/explanations.h"
 #include "language/invocation.h"
 #include "lint/rules.h"
@@ -73,13 +74,25 @@ ExitStatus ExplainRule(const Invocation& call, const Analysis::Lint::Rule& rule)
   return ExitStatus::kOk;
 }
 
+ExitStatus ExplainKind(const Invocation& call, const Analysis::Diff::Kind& kind) {
+  if (call.WantsJson()) {
+    call.ShowJsonArray("kinds", std::vector{&kind},
+                       [](JsonWriter& json, const auto* shown) { Diff::WriteJson(json, *shown); });
+  } else {
+    Page page(call.Out(), call.GetStreams().out_terminal);
+    Diff::WritePage(page, kind);
+  }
+  return ExitStatus::kOk;
+}
+
 ExitStatus FailAsUnknown(const Invocation& call, const std::string& id) {
   std::vector<std::string> known;
   for (const Explain::Explanation& explanation : Explain::Explanations()) {
     known.push_back(explanation.id);
   }
   for (const Analysis::Lint::Rule* rule : Analysis::Lint::Rules()) known.emplace_back(rule->id);
-  return call.Fail(ExitStatus::kNotFound, fmt::format("unknown message or rule '{}'{}", id,
+  for (const Analysis::Diff::Kind* kind : Analysis::Diff::Kinds()) known.emplace_back(kind->id);
+  return call.Fail(ExitStatus::kNotFound, fmt::format("unknown message, rule or change '{}'{}", id,
                                                       Analysis::Suggestion(id, known)));
 }
 
@@ -87,6 +100,7 @@ ExitStatus RunExplain(Invocation& call) {
   const std::string& id = call.Args().text;
   if (id.empty()) return List(call);
   if (const auto* const rule = Analysis::Lint::FindRule(id)) return ExplainRule(call, *rule);
+  if (const auto* const kind = Analysis::Diff::FindKind(id)) return ExplainKind(call, *kind);
   std::vector<Explain::Explanation> found;
   if (const Explain::Explanation* const explanation = Explain::Find(id)) {
     found.push_back(*explanation);
@@ -104,10 +118,12 @@ ExitStatus RunExplain(Invocation& call) {
 Command ExplainCommand() {
   Command command;
   command.name = "explain";
-  command.summary = "Explain a message or a rule: what it means, what causes it, how to fix it";
-  command.details = "Without an ID, all messages are listed; lint --list-rules lists the rules.\n";
+  command.summary = "Explain a message, a rule or a change: what it means, and what to do";
+  command.details =
+      "Without an ID, all messages are listed; lint --list-rules lists the rules, and "
+      "diff --list-changes the changes.\n";
   command.operands = {
-      {"ID", Word::kMessageId, false, "The id of a message or of a rule", &Arguments::text}};
+      {"ID", Word::kMessageId, false, "The id of a message, a rule or a change", &Arguments::text}};
   command.outputs = {"text", "json"};
   command.example = "explain zelk.metadata.json.missing.field";
   command.run = RunExplain;

@@ -4,7 +4,6 @@
 #include <iterator>
 #include <set>
 
-#include "analysis/near.h"
 #include "domains/table.h"
 #include "host/input.h"
 #include "host/project_file.h"
@@ -43,25 +42,15 @@ bool Has(const std::vector<std::string>& words, const std::string& word) {
   return std::find(words.begin(), words.end(), word) != words.end();
 }
 
-/// The complaint about the first of the words that is not known; empty if all are.
-std::string Unknown(const char* what, const std::vector<std::string>& words,
-                    const std::vector<std::string>& known) {
-  for (const std::string& word : words) {
-    if (Has(known, word)) continue;
-    return fmt::format("unknown {} '{}'{}", what, word, Analysis::Suggestion(word, known));
-  }
-  return "";
-}
-
 /// What is wrong with the options; empty if nothing is.
 std::string ProblemOf(const Arguments& arguments) {
-  for (const std::string& problem : {Unknown("group", arguments.groups, GroupNames()),
-                                     Unknown("rule", arguments.rules, RuleNames()),
-                                     Unknown("rule", arguments.except, RuleNames())}) {
+  for (const std::string& problem : {UnknownChoice("group", arguments.groups, GroupNames()),
+                                     UnknownChoice("rule", arguments.rules, RuleNames()),
+                                     UnknownChoice("rule", arguments.except, RuleNames())}) {
     if (!problem.empty()) return problem;
   }
   if (arguments.fail_on.empty()) return "";
-  return Unknown("severity", {arguments.fail_on}, SeverityNames());
+  return UnknownChoice("severity", {arguments.fail_on}, SeverityNames());
 }
 
 /// Those of the groups and those that are named, or all by default.

@@ -10,6 +10,7 @@
   ROW(Reload)                   \
   ROW(Check)                    \
   ROW(Lint)                     \
+  ROW(Diff)                     \
   ROW(Explain)                  \
   ROW(Tree)                     \
   ROW(List)                     \

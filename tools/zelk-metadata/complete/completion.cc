@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "analysis/diff/kind.h"
 #include "analysis/lint/rule.h"
 #include "explain/explanations.h"
 #include "host/known_names.h"
@@ -258,13 +259,14 @@ Choices UsageNames(const Place& place) {
   return Plain({words.begin(), words.end()});
 }
 
-/// Of messages and of rules.
+/// Of messages, of rules and of changes.
 Choices MessageIds() {
   Choices choices;
   for (const Explain::Explanation& explanation : Explain::Explanations()) {
     choices.push_back({explanation.id, explanation.text});
   }
   for (const auto* rule : Analysis::Lint::Rules()) choices.push_back({rule->id, rule->title});
+  for (const auto* kind : Analysis::Diff::Kinds()) choices.push_back({kind->id, kind->title});
   return choices;
 }
 

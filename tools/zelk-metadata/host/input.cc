@@ -2,6 +2,7 @@
 
 #include "analysis/format.h"
 #include "analysis/reader.h"
+#include "host/input_file.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -32,11 +33,30 @@ bool InputReader::Accept(const SourceArgument& source,
   return true;
 }
 
+void InputReader::Refuse(const SourceArgument& source) {
+  input_.failed.push_back(LoadAlone(source, domains_));
+  input_.failed_ids.insert(source.id);
+}
+
 void InputReader::Read(const SourceArgument& source) {
   if (!paths_.insert(source.path).second) return;
   auto text = TextOf(source.path);
   if (text && Accept(source, std::make_shared<const Analysis::Document>(std::move(*text)))) return;
-  input_.failed.push_back(LoadAlone(source, domains_));
+  Refuse(source);
+}
+
+void InputReader::Add(SourceArgument source, std::string text) {
+  const auto document = std::make_shared<const Analysis::Document>(std::move(text));
+  if (Accept(source, document)) return;
+  // The library reports why. It loads from paths.
+  const CopiedInput copied = InputFile::Holding(document->Text());
+  if (!copied.file) {  // coverage: a test would have to open all files
+    return Fail({source.path, copied.failure});
+  }
+  source.copied_from = source.path;
+  source.path = copied.file->Path();
+  source.input = copied.file;
+  Refuse(source);
 }
 
 Input ReadInput(const std::vector<SourceArgument>& arguments, std::istream& in,

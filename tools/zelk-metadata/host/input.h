@@ -17,8 +17,9 @@ namespace Zelk::Tool {
 struct Input {
   std::vector<Analysis::File> files;
 
-  /// Those that do not load. They are not looked at.
+  /// Those that do not load, and their ids. They are not looked at.
   std::vector<LoadReport> failed;
+  std::set<std::string> failed_ids;
 
   std::vector<Unreadable> unreadable;
 };
@@ -31,6 +32,9 @@ class InputReader {
   /// Reads the file.
   void Read(const SourceArgument& source);
 
+  /// Takes a text that is in no file. The path of the source is what the user calls it.
+  void Add(SourceArgument source, std::string text);
+
   void Fail(const Unreadable& failure) { input_.unreadable.push_back(failure); }
 
   Input Take() { return std::move(input_); }
@@ -38,6 +42,9 @@ class InputReader {
  private:
   /// Whether the document loads. If so, it is taken.
   bool Accept(const SourceArgument& source, std::shared_ptr<const Analysis::Document> document);
+
+  /// Takes the messages about a file that does not load.
+  void Refuse(const SourceArgument& source);
 
   const DomainTable& domains_;
   Input input_;

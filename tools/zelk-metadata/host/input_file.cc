@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <functional>
 #include <istream>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -26,8 +27,7 @@ std::string NotCopied() {
   return "cannot be copied: " + SystemText(errno);
 }
 
-CopiedInput CopyFrom(const Read& read, std::uint64_t limit) {
-  std::FILE* const file = std::tmpfile();
+CopiedInput CopyFrom(const Read& read, std::uint64_t limit, std::FILE* file) {
   if (file == nullptr) return {nullptr, NotCopied()};
   auto copy = std::make_shared<const InputFile>(file);
   std::setvbuf(file, nullptr, _IONBF, 0);
@@ -58,7 +58,7 @@ CopiedInput InputFile::Copy(std::istream& in, std::uint64_t limit) {
     in.read(buffer, static_cast<std::streamsize>(size));
     return static_cast<ssize_t>(in.gcount());
   };
-  return CopyFrom(read, limit);
+  return CopyFrom(read, limit, std::tmpfile());
 }
 
 CopiedInput InputFile::CopyOf(const std::string& path) {
@@ -67,9 +67,18 @@ CopiedInput InputFile::CopyOf(const std::string& path) {
   const Read read = [descriptor](char* buffer, std::size_t size) {
     return ReadSome(descriptor, buffer, size);
   };
-  CopiedInput copied = CopyFrom(read, kMaxFileSize);
+  CopiedInput copied = CopyFrom(read, kMaxFileSize, std::tmpfile());
   close(descriptor);
   return copied;
+}
+
+CopiedInput InputFile::Holding(std::string_view text) {
+  const Read read = [&text](char* buffer, std::size_t size) {
+    const std::size_t count = text.copy(buffer, size);
+    text.remove_prefix(count);
+    return static_cast<ssize_t>(count);
+  };
+  return CopyFrom(read, kMaxFileSize, fdopen(memfd_create("copy", MFD_CLOEXEC), "w+"));
 }
 
 InputFile::InputFile(std::FILE* file) : file_(file) {}

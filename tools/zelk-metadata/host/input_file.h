@@ -5,6 +5,7 @@
 #include <iosfwd>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace Zelk::Tool {
 
@@ -22,6 +23,9 @@ class InputFile {
 
   /// The same for a pipe or a device that has a name. Waits for what it holds.
   static CopiedInput CopyOf(const std::string& path);
+
+  /// Holds the text in memory.
+  static CopiedInput Holding(std::string_view text);
 
   explicit InputFile(std::FILE* file);
   InputFile(const InputFile&) = delete;

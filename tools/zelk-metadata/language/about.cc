@@ -41,7 +41,7 @@ const std::vector<std::pair<int, std::string>>& ExitStatusTexts() {
       Row(ExitStatus::kUsage, "wrong usage"),
       Row(ExitStatus::kNotFound, "unknown kind or id (1 if a source failed as well)"),
       Row(ExitStatus::kOutputLost, "the output could not be written, or memory ran out"),
-      Row(ExitStatus::kFound, "lint found something that fails"),
+      Row(ExitStatus::kFound, "lint or diff found something that fails"),
   };
   return texts;
 }

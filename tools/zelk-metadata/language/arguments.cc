@@ -201,6 +201,15 @@ bool Command::Takes(const OptionDescription& option) const {
   return option.name != "json" || Contains(outputs, option.name);
 }
 
+std::string UnknownChoice(const char* what, const std::vector<std::string>& words,
+                          const std::vector<std::string>& known) {
+  for (const std::string& word : words) {
+    if (Contains(known, word)) continue;
+    return fmt::format("unknown {} '{}'{}", what, word, Analysis::Suggestion(word, known));
+  }
+  return "";
+}
+
 const Command* Language::Find(const std::string& name) const {
   return FindIn(commands, name);
 }

@@ -58,6 +58,15 @@ struct Arguments {
   bool show_suppressed = false;
   bool list_rules = false;
 
+  /// Of `diff`, which also has a configuration and what fails.
+  std::string old_version;
+  std::string new_version;
+  std::vector<std::string> audiences;
+  std::string accept;
+  std::string new_accept;
+  bool bump = false;
+  bool list_kinds = false;
+
   std::size_t depth = std::numeric_limits<std::size_t>::max();
 };
 
@@ -75,6 +84,10 @@ const std::vector<std::string>& Colors();
 
 /// The complaint about an unknown command, with similar ones.
 std::string UnknownCommand(const Language& language, const std::string& word);
+
+/// The complaint about the first of the words that is not known; empty if all are.
+std::string UnknownChoice(const char* what, const std::vector<std::string>& words,
+                          const std::vector<std::string>& known);
 
 /// Options may stand before and after the command's name. Whether a kind is known, and how many
 /// ids it takes, is not checked here. The command is one of the language.

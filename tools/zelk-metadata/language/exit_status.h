@@ -16,7 +16,7 @@ enum class ExitStatus {
   kNotFound = 3,
   /// The output could not be written or memory ran out, so it is not whole.
   kOutputLost = 4,
-  /// `lint` found something at or above --fail-on.
+  /// `lint` or `diff` found something at or above --fail-on.
   kFound = 5,
 };
 

@@ -1,22 +1,12 @@
 #include "lint/report.h"
 
-#include <fmt/format.h>
+#include "host/named_place.h"
+#include "host/settings_file.h"
 
 namespace Zelk::Tool::Lint {
 namespace {
 
 constexpr char kUnused[] = "unused-suppression";
-
-/// The pointers of values deep in a file are as long as the file is deep, and there may be many.
-std::optional<std::string> PointerOf(const Analysis::Document& document, Analysis::NodeId node) {
-  constexpr std::size_t kMostBytes = 10'000;
-  std::size_t bytes = 0;
-  for (auto around = node; around != Analysis::kNoNode; around = document[around].parent) {
-    bytes += 1 + document[around].key_end - document[around].key_begin;
-    if (bytes > kMostBytes) return std::nullopt;
-  }
-  return document.Pointer(node);
-}
 
 Entry EntryOf(const LoadReport& file, const Problem& problem) {
   Entry entry;
@@ -37,14 +27,15 @@ Entry EntryOf(const LoadReport& file, const Problem& problem) {
 
 Entry EntryOf(const Analysis::Lint::Workspace& workspace, const Analysis::Lint::Finding& finding) {
   const Analysis::Document& document = DocumentOf(workspace, finding.place);
+  const NamedPlace place = NamedPlaceOf(workspace, finding.place);
   Entry entry;
   entry.rule = finding.rule->id;
   entry.severity = finding.severity;
   entry.message = finding.remark.message;
   entry.hint = finding.remark.hint;
-  entry.file = workspace.Files()[finding.file].name;
-  entry.position = document.PositionAt(finding.place.offset);
-  entry.pointer = PointerOf(document, finding.place.node);
+  entry.file = place.file;
+  entry.position = place.position;
+  entry.pointer = place.pointer;
   entry.element = PathOf(workspace, finding.place);
   entry.fingerprint = FingerprintText(finding.fingerprint);
   entry.suppressed_by = finding.suppressed_by;
@@ -54,10 +45,6 @@ Entry EntryOf(const Analysis::Lint::Workspace& workspace, const Analysis::Lint::
 }
 
 }  // namespace
-
-std::string FingerprintText(std::uint64_t fingerprint) {
-  return fmt::format("{:016x}", fingerprint);
-}
 
 void Report::ForEach(const std::function<void(const Entry&)>& visit) const {
   for (const LoadReport& file : failed) {

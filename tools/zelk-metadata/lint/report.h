@@ -95,9 +95,6 @@ struct Summary {
 
 Summary Summarize(const Report& report);
 
-/// 16 hex digits.
-std::string FingerprintText(std::uint64_t fingerprint);
-
 // The outputs. That of JSON is written into the document of the command.
 void WriteJson(JsonWriter& json, const Report& report);
 /// What --baseline reads: all that nothing but a baseline suppresses, which needs

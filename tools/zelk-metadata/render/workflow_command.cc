@@ -35,4 +35,22 @@ void Write(std::ostream& out, const WorkflowCommand& command) {
   out << "::" << Escaped(command.text, "") << '\n';
 }
 
+void WorkflowCommands::Add(const WorkflowCommand& command) {
+  const bool is_notice = command.name == "notice";
+  // One notice is left for the number of the others.
+  const std::size_t most = is_notice ? 9 : 10;
+  if (++shown_[command.name] <= most) return Write(out_, command);
+  ++left_;
+  out_ << ForTerminal(fmt::format("{}:{}:{}: {}: {} [{}]", command.file, command.line,
+                                  command.column, is_notice ? "note" : command.name, command.text,
+                                  command.title))
+       << '\n';
+}
+
+void WorkflowCommands::End() {
+  if (left_ == 0) return;
+  out_ << "::notice title=" << title_ << "::" << left_ << " more " << (left_ == 1 ? "is" : "are")
+       << " in the log of this step\n";
+}
+
 }  // namespace Zelk::Tool

@@ -1,0 +1,144 @@
+#include "analysis/diff/configuration.h"
+#include "check/output.h"
+#include "diff/report.h"
+#include "host/named_place.h"
+#include "host/settings_file.h"
+
+namespace Zelk::Tool::Diff {
+namespace {
+
+boost::optional<std::string> OrNull(const std::string& text) {
+  return text.empty() ? boost::none : boost::optional<std::string>(text);
+}
+
+void WriteNumber(JsonWriter& json, const char* key, std::size_t number) {
+  json.Key(key);
+  json.Number(number);
+}
+
+void WritePlace(JsonWriter& json, const char* key, const Side& side,
+                const std::optional<Analysis::Place>& place) {
+  json.Key(key);
+  if (!place) return json.Null();
+  const NamedPlace named = NamedPlaceOf(*side.workspace, *place);
+  json.StartObject();
+  json.Member("file", named.file);
+  WriteNumber(json, "line", named.position.line);
+  WriteNumber(json, "column", named.position.column);
+  json.Member("pointer",
+              named.pointer ? boost::optional<std::string>(*named.pointer) : boost::none);
+  json.EndObject();
+}
+
+void WriteAudiences(JsonWriter& json, const Change& change, Analysis::Diff::AudienceSet audiences) {
+  json.Key("audiences");
+  json.StartObject();
+  for (const Audience audience : kAudiences) {
+    const Class verdict = change.verdicts.at(static_cast<std::size_t>(audience));
+    if ((audiences & SetOf(audience)) == 0 || verdict == Class::kNotConcerned) continue;
+    json.Member(Word(audience), Word(verdict));
+  }
+  json.EndObject();
+}
+
+void WriteAccepted(JsonWriter& json, const Analysis::Accepted* accepted) {
+  json.Key("accepted");
+  if (accepted == nullptr) return json.Null();
+  json.StartObject();
+  json.Member("reason", OrNull(accepted->reason));
+  json.Member("until", OrNull(accepted->until));
+  json.EndObject();
+}
+
+void WriteEntry(JsonWriter& json, const Report& report, const Entry& entry) {
+  const Change& change = *entry.change;
+  json.StartObject();
+  json.Member("id", change.kind->id);
+  json.Member("class", Word(entry.worst));
+  WriteAudiences(json, change, report.audiences);
+  json.Member("element", change.element);
+  json.Member("direction", OrNull(Word(change.details.direction)));
+  json.Member("message", change.details.message);
+  json.Member("old", OrNull(change.details.old_value));
+  json.Member("new", OrNull(change.details.new_value));
+  WritePlace(json, "old_place", report.old_version, change.old_place);
+  WritePlace(json, "new_place", report.new_version, change.new_place);
+  json.Member("assumption", OrNull(change.details.assumption));
+  json.Member("witness", OrNull(change.details.witness));
+  json.Member("hint", OrNull(change.details.hint));
+  json.Member("fingerprint", FingerprintText(change.fingerprint));
+  WriteAccepted(json, entry.accepted);
+  json.EndObject();
+}
+
+void WriteSummary(JsonWriter& json, const Report& report) {
+  const Summary summary = Summarize(report);
+  json.StartObject();
+  WriteNumber(json, "old_files", report.old_version.workspace->Files().size());
+  WriteNumber(json, "new_files", report.new_version.workspace->Files().size());
+  WriteNumber(json, "failed", summary.failed);
+  for (const Class worst : kShownClasses) WriteNumber(json, Word(worst), summary.Of(worst));
+  WriteNumber(json, "unlisted", summary.unlisted);
+  WriteNumber(json, "accepted", summary.accepted);
+  json.Key("fingerprints_differ");
+  json.Bool(report.result.fingerprints_differ);
+  json.Member("bump", Bump(report));
+  json.EndObject();
+}
+
+}  // namespace
+
+void WriteAccepted(std::ostream& out, const Report& report) {
+  JsonWriter json;
+  json.StartObject();
+  WriteNumber(json, "version", 1);
+  json.Key(kAcceptedForm.list);
+  json.StartArray();
+  for (const Entry& entry : report.entries) {
+    json.StartObject();
+    json.Member(kAcceptedForm.id, entry.change->kind->id);
+    json.Member("fingerprint", FingerprintText(entry.change->fingerprint));
+    json.Member("element", entry.change->element);
+    if (entry.accepted != nullptr && !entry.accepted->reason.empty()) {
+      json.Member("reason", entry.accepted->reason);
+    }
+    if (entry.accepted != nullptr && !entry.accepted->until.empty()) {
+      json.Member("until", entry.accepted->until);
+    }
+    json.EndObject();
+  }
+  json.EndArray();
+  json.EndObject();
+  json.WriteTo(out, true);
+}
+
+void WriteJson(JsonWriter& json, const Report& report) {
+  json.Key("changes");
+  json.StartArray();
+  for (const Entry& entry : report.entries) WriteEntry(json, report, entry);
+  json.EndArray();
+  json.Key("files");
+  json.StartArray();
+  for (const Side* side : {&report.old_version, &report.new_version}) {
+    for (const LoadReport& file : side->failed) Check::WriteCheckedJson(json, file);
+  }
+  json.EndArray();
+  json.Key("left_out");
+  json.StartArray();
+  for (const Side* side : {&report.old_version, &report.new_version}) {
+    for (const std::string& file : side->left_out) json.String(file);
+  }
+  json.EndArray();
+  json.Key("assumptions");
+  json.StartObject();
+  for (const auto& choice : Analysis::Diff::Choices()) {
+    json.Member(choice.key, choice.WordOf(report.assumptions));
+  }
+  json.EndObject();
+  json.Key("unused");
+  json.StringArray(report.unused);
+  json.Key("summary");
+  WriteSummary(json, report);
+}
+
+}  // namespace Zelk::Tool::Diff

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "analysis/diff/kind.h"
+#include "render/json_writer.h"
+#include "render/page.h"
+
+namespace Zelk::Tool::Diff {
+
+/// What `explain` shows of a kind of change.
+void WritePage(Page& page, const Analysis::Diff::Kind& kind);
+
+/// An object.
+void WriteJson(JsonWriter& json, const Analysis::Diff::Kind& kind);
+
+}  // namespace Zelk::Tool::Diff

@@ -1,0 +1,114 @@
+#include <algorithm>
+#include <fmt/format.h>
+#include <ostream>
+#include <string_view>
+
+#include "diff/report.h"
+#include "diff/words.h"
+#include "render/utf8.h"
+
+namespace Zelk::Tool::Diff {
+namespace {
+
+const char* AudienceHeading(Audience audience) {
+  switch (audience) {
+    case Audience::kWire:
+      return "Programs that call, or are called";
+    case Audience::kSource:
+      return "Source code that uses generated bindings";
+    case Audience::kCli:
+      return "Command lines and scripts";
+    case Audience::kAuth:
+      return "Who may call";
+    case Audience::kMetadata:
+      break;
+  }
+  return "Programs that read the metadata";
+}
+
+/// The text as it is, whatever characters of Markdown or HTML are in it.
+std::string Plain(const std::string& text) {
+  std::string plain;
+  for (const char byte : ForTerminal(text)) {
+    if (std::string_view(R"(\`*_{}[]<>#|&~)").find(byte) != std::string_view::npos) plain += '\\';
+    plain += byte;
+  }
+  return plain;
+}
+
+/// As code, in more backquotes than it has in a row.
+std::string Code(const std::string& text) {
+  std::size_t longest = 0;
+  std::size_t row = 0;
+  for (const char byte : text) {
+    row = byte == '`' ? row + 1 : 0;
+    longest = std::max(longest, row);
+  }
+  const std::string fence(longest + 1, '`');
+  const char* const blank = longest == 0 ? "" : " ";
+  return fmt::format("{}{}{}{}{}", fence, blank, ForTerminal(text), blank, fence);
+}
+
+class MarkdownWriter {
+ public:
+  MarkdownWriter(std::ostream& out, const Report& report) : out_(out), report_(report) {}
+
+  void Write() {
+    out_ << "# Changes\n\nFrom " << Code(report_.old_version.name) << " to "
+         << Code(report_.new_version.name) << ".\n";
+    for (const Audience audience : kAudiences) {
+      if ((report_.audiences & SetOf(audience)) != 0) WriteAudience(audience);
+    }
+    out_ << '\n';
+    for (const Side* side : {&report_.old_version, &report_.new_version}) {
+      for (const LoadReport& file : side->failed) {
+        out_ << "- " << Code(file.file) << " does not load.\n";
+      }
+      for (const std::string& file : side->left_out) {
+        out_ << "- " << Code(file) << " is not compared.\n";
+      }
+    }
+    for (const std::string& line : SummaryLines(report_)) out_ << "- " << Plain(line) << '\n';
+  }
+
+ private:
+  void WriteAudience(Audience audience) {
+    bool has_heading = false;
+    for (const Class worst : kShownClasses) {
+      bool has_class = false;
+      for (const Entry& entry : report_.entries) {
+        if (entry.change->verdicts.at(static_cast<std::size_t>(audience)) != worst) continue;
+        if (!has_heading) out_ << "\n## " << AudienceHeading(audience) << '\n';
+        if (!has_class) out_ << "\n### " << HeadingOf(worst) << "\n\n";
+        has_heading = has_class = true;
+        WriteEntry(entry);
+      }
+    }
+  }
+
+  void WriteEntry(const Entry& entry) {
+    const Change& change = *entry.change;
+    out_ << "- " << Plain(change.details.message) << " (" << Code(change.kind->id) << ')';
+    if (entry.accepted != nullptr) out_ << ", accepted" << Plain(ReasonText(*entry.accepted));
+    out_ << '\n';
+    WriteFact("Old", change.details.old_value);
+    WriteFact("New", change.details.new_value);
+    WriteFact("Proof", change.details.witness);
+    if (!change.details.hint.empty()) out_ << "  - " << Plain(change.details.hint) << '\n';
+  }
+
+  void WriteFact(const char* name, const std::string& text) {
+    if (!text.empty()) out_ << "  - " << name << ": " << Code(Analysis::Shortened(text)) << '\n';
+  }
+
+  std::ostream& out_;
+  const Report& report_;
+};
+
+}  // namespace
+
+void WriteMarkdown(std::ostream& out, const Report& report) {
+  MarkdownWriter(out, report).Write();
+}
+
+}  // namespace Zelk::Tool::Diff

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <iosfwd>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "analysis/accepted.h"
+#include "analysis/diff/compare.h"
+#include "host/load.h"
+#include "render/json_writer.h"
+#include "render/terminal.h"
+
+namespace Zelk::Tool::Diff {
+
+using Analysis::Diff::Audience;
+using Analysis::Diff::Change;
+using Analysis::Diff::Class;
+
+inline constexpr std::array<Audience, Analysis::Diff::kAudiences> kAudiences{
+    Audience::kWire, Audience::kSource, Audience::kCli, Audience::kAuth, Audience::kMetadata};
+
+inline constexpr Analysis::AcceptedForm kAcceptedForm{
+    "changes", "id", "this is not a list of accepted changes: it has no 'changes'"};
+
+/// One of the two versions.
+struct Side {
+  /// As the user gave it.
+  std::string name;
+  std::unique_ptr<const Analysis::Workspace> workspace;
+
+  /// The files that do not load.
+  std::vector<LoadReport> failed;
+
+  /// How many more files could not be read.
+  std::size_t unreadable = 0;
+
+  /// The files that are not compared, since they do not load in the other version.
+  std::vector<std::string> left_out;
+
+  std::size_t Failed() const { return failed.size() + unreadable; }
+};
+
+inline constexpr std::size_t kClasses = 5;
+
+/// A change that concerns the user.
+struct Entry {
+  const Change* change;
+  Class worst;
+
+  /// Why it fails no run; or null.
+  const Analysis::Accepted* accepted;
+};
+
+/// What a run found.
+struct Report {
+  Side old_version;
+  Side new_version;
+  Analysis::Diff::Assumptions assumptions;
+  Analysis::Diff::AudienceSet audiences = 0;
+  Analysis::Diff::Result result;
+  std::vector<Entry> entries;
+
+  /// The file with what is accepted, and its entries; or empty.
+  std::string accepted_file;
+  std::vector<Analysis::Accepted> accepted;
+
+  /// What is wrong with entries that accept nothing.
+  std::vector<std::string> unused;
+
+  /// The least class that fails the run; empty if none does.
+  std::optional<Class> fail_on;
+};
+
+/// Compares the versions of the report and fills the rest of it.
+void Compare(Report& report);
+
+/// The numbers at the end of a report.
+struct Summary {
+  /// By class, without those that are accepted.
+  std::array<std::size_t, kClasses> changes{};
+
+  /// How many of these are not listed, since there are too many.
+  std::size_t unlisted = 0;
+  std::size_t accepted = 0;
+
+  /// How many files do not load or cannot be read.
+  std::size_t failed = 0;
+
+  /// Whether something at or above the class that fails a run was found.
+  bool is_failed = false;
+
+  std::size_t Of(Class worst) const { return changes.at(static_cast<std::size_t>(worst)); }
+};
+
+Summary Summarize(const Report& report);
+
+/// "major", "minor" or "patch". What is accepted counts, too: callers notice it all the same.
+const char* Bump(const Report& report);
+
+/// Whether somebody who could not call before may call now. Such changes are shown first.
+bool IsOpening(const Change& change);
+
+/// In the order in which they are shown.
+inline constexpr std::array<Class, 4> kShownClasses{Class::kBreaking, Class::kDangerous,
+                                                    Class::kCompatible, Class::kDocumentation};
+
+// The outputs. That of JSON is written into the document of the command.
+void WriteJson(JsonWriter& json, const Report& report);
+/// What --accept reads.
+void WriteAccepted(std::ostream& out, const Report& report);
+/// In the terminal's width.
+void WriteText(std::ostream& out, const Report& report, const Terminal& terminal);
+/// For release notes.
+void WriteMarkdown(std::ostream& out, const Report& report);
+void WriteGithub(std::ostream& out, const Report& report);
+
+}  // namespace Zelk::Tool::Diff

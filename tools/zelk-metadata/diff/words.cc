@@ -1,0 +1,121 @@
+#include "diff/words.h"
+
+#include <algorithm>
+#include <array>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include "analysis/diff/configuration.h"
+#include "host/named_place.h"
+
+namespace Zelk::Tool::Diff {
+
+namespace {
+
+/// Whether a change concerns anybody, chosen or not.
+bool HasChangedAnswer(const Report& report) {
+  const auto& changes = report.result.changes;
+  return !report.result.unlisted.empty() ||
+         std::any_of(changes.begin(), changes.end(),
+                     [](const Change& change) { return ClassOf(change) != Class::kNotConcerned; });
+}
+
+std::string FoundText(const Report& report, const Summary& summary) {
+  if (report.new_version.workspace->Files().empty()) return "nothing was compared";
+  std::vector<std::string> parts;
+  std::size_t all = 0;
+  for (const Class worst : kShownClasses) {
+    const std::size_t count = summary.Of(worst);
+    if (count > 0) parts.push_back(fmt::format("{} {}", count, Word(worst)));
+    all += count;
+  }
+  if (all == 0) return summary.accepted > 0 ? "no other changes" : "no changes";
+  return fmt::format("{}: {}", Counted(all, "change"), fmt::join(parts, ", "));
+}
+
+/// "FILE:LINE:COLUMN".
+std::string PlaceText(const Side& side, const Analysis::Place& place) {
+  const NamedPlace named = NamedPlaceOf(*side.workspace, place);
+  return fmt::format("{}:{}:{}", named.file, named.position.line, named.position.column);
+}
+
+}  // namespace
+
+std::string Counted(std::size_t count, const std::string& word) {
+  return fmt::format("{} {}{}", count, word, count == 1 ? "" : "s");
+}
+
+std::vector<std::string> AssumptionTexts(const Analysis::Diff::Assumptions& assumptions) {
+  std::vector<std::string> texts;
+  for (const auto& choice : Analysis::Diff::Choices()) {
+    texts.push_back(fmt::format("{}: {}", choice.key, choice.WordOf(assumptions)));
+  }
+  return texts;
+}
+
+const char* HeadingOf(Class worst) {
+  constexpr std::array<const char*, kClasses> kHeadings{"", "Documentation", "Compatible",
+                                                        "Dangerous", "Breaking"};
+  return kHeadings.at(static_cast<std::size_t>(worst));
+}
+
+const char* GroupOf(const Entry& entry) {
+  return IsOpening(*entry.change) ? "Access is opened" : HeadingOf(entry.worst);
+}
+
+std::string ConcernedText(const Entry& entry, Analysis::Diff::AudienceSet audiences) {
+  std::vector<std::string> texts;
+  for (const Audience audience : kAudiences) {
+    const Class verdict = entry.change->verdicts.at(static_cast<std::size_t>(audience));
+    const bool is_shown = (audiences & SetOf(audience)) != 0 && verdict != Class::kNotConcerned;
+    if (!is_shown) continue;
+    const bool is_worst = verdict == entry.worst;
+    texts.push_back(is_worst ? Word(audience)
+                             : fmt::format("{} ({})", Word(audience), Word(verdict)));
+  }
+  return fmt::format("{}", fmt::join(texts, ", "));
+}
+
+std::string ValueText(const std::string& value, const Side& side,
+                      const std::optional<Analysis::Place>& place) {
+  std::string text = Analysis::Shortened(value);
+  if (!place) return text;
+  const std::string where = PlaceText(side, *place);
+  return text.empty() ? where : fmt::format("{} ({})", text, where);
+}
+
+std::string ReasonText(const Analysis::Accepted& accepted) {
+  std::vector<std::string> parts;
+  if (!accepted.reason.empty()) parts.push_back(accepted.reason);
+  if (!accepted.until.empty()) parts.push_back("until " + accepted.until);
+  return parts.empty() ? "" : fmt::format(" ({})", fmt::join(parts, ", "));
+}
+
+std::vector<std::string> SummaryLines(const Report& report) {
+  const Summary summary = Summarize(report);
+  std::vector<std::string> lines{FoundText(report, summary)};
+  if (summary.unlisted > 0) {
+    lines.push_back(fmt::format("{} of them not listed", summary.unlisted));
+  }
+  if (summary.accepted > 0) {
+    lines.push_back(fmt::format("{} accepted by {}", summary.accepted, report.accepted_file));
+  }
+  if (report.result.fingerprints_differ && !HasChangedAnswer(report)) {
+    lines.emplace_back("The fingerprint changes; no answer does.");
+  }
+  if (summary.failed > 0) {
+    lines.push_back(summary.failed == 1
+                        ? "failed: a file does not load"
+                        : fmt::format("failed: {} files do not load", summary.failed));
+  } else if (summary.is_failed) {
+    lines.push_back(
+        report.fail_on == Class::kDocumentation
+            ? "failed: found a change"
+            : fmt::format("failed: found a change at or above '{}'", Word(*report.fail_on)));
+  } else {
+    lines.emplace_back("passed");
+  }
+  return lines;
+}
+
+}  // namespace Zelk::Tool::Diff

@@ -1,0 +1,163 @@
+#include "host/git_input.h"
+
+#include <filesystem>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "host/git_objects.h"
+
+namespace Zelk::Tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kScheme = "git:";
+
+// A small repository can have folders that are listed in each other more often than anybody counts.
+constexpr std::size_t kMostEntries = 100'000;
+constexpr std::size_t kMostBytesOfPath = 4096;
+
+struct Entry {
+  bool is_folder;
+  bool is_file;
+  std::string name;
+  std::string id;
+};
+
+std::string Hex(std::string_view bytes) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  std::string digits;
+  for (const char byte : bytes) {
+    const auto value = static_cast<unsigned char>(byte);
+    digits += kDigits[value / 16U];
+    digits += kDigits[value % 16U];
+  }
+  return digits;
+}
+
+/// The entries of a tree: "MODE NAME", a zero byte, and the bytes of an id.
+std::vector<Entry> EntriesOf(const GitObject& tree) {
+  std::vector<Entry> entries;
+  const std::size_t id_size = tree.id.size() / 2;
+  std::string_view left = tree.content;
+  for (;;) {
+    const std::size_t blank = left.find(' ');
+    const std::size_t end = left.find('\0');
+    if (end == std::string_view::npos || blank > end || left.size() - end <= id_size) break;
+    const std::string_view mode = left.substr(0, blank);
+    std::string id = Hex(left.substr(end + 1, id_size));
+    entries.push_back({mode == "40000", mode.substr(0, 3) == "100",
+                       std::string(left.substr(blank + 1, end - blank - 1)), std::move(id)});
+    left.remove_prefix(end + 1 + id_size);
+  }
+  return entries;
+}
+
+class RevisionReader {
+ public:
+  RevisionReader(std::string text, const DomainTable& domains)
+      : text_(std::move(text)), reader_(domains) {}
+
+  Input Read() {
+    const std::string name = text_.substr(kScheme.size());
+    if (name.find(':') == std::string::npos) {
+      Fail(text_, "a revision is given as git:REV:PATH");
+      return reader_.Take();
+    }
+    // Each line is the name of an object.
+    const bool is_line = name.find('\n') == std::string::npos;
+    const auto object = is_line ? objects_.Get(name) : std::nullopt;
+    if (!object) {
+      Fail(text_, objects_.Failure().empty() ? WhyMissing(name) : objects_.Failure());
+    } else if (object->type == "tree") {
+      ReadFolder(object->id);
+    } else {
+      AddFile(kOnlyFileId, text_, *object);
+    }
+    return reader_.Take();
+  }
+
+ private:
+  struct Folder {
+    /// From the folder that was asked for, with a slash at its end unless it is that one.
+    std::string path;
+    std::string id;
+  };
+
+  void Fail(const std::string& file, const std::string& reason) { reader_.Fail({file, reason}); }
+
+  std::string WhyMissing(const std::string& name) {
+    const std::string revision = name.substr(0, name.find(':'));
+    const bool is_known = name.find('\n') == std::string::npos && objects_.Get(revision);
+    return is_known ? "this revision has no such path" : "this revision is not known";
+  }
+
+  void AddFile(const std::string& id, const std::string& name, GitObject object) {
+    if (object.type != "blob") return Fail(name, "it is not a file or a folder");
+    reader_.Add({id, name}, std::move(object.content));
+    has_files_ = true;
+  }
+
+  void ReadFolder(const std::string& id) {
+    folders_.push_back({"", id});
+    while (!folders_.empty()) {
+      const Folder folder = std::move(folders_.back());
+      folders_.pop_back();
+      const auto tree = objects_.Get(folder.id);
+      if (!tree) return FailAsUnreadable(folder.path);
+      for (const Entry& entry : EntriesOf(*tree)) {
+        if (++entries_ > kMostEntries) return Fail(text_, "this folder has too many entries");
+        if (!Take(folder, entry)) return FailAsUnreadable(folder.path + entry.name);
+      }
+    }
+    if (!has_files_) Fail(text_, "this folder has no *.json file");
+  }
+
+  void FailAsUnreadable(const std::string& path) {
+    Fail(NameOf(path), objects_.Failure().empty() ? "the repository lacks it" : objects_.Failure());
+  }
+
+  /// False for an object that cannot be read.
+  bool Take(const Folder& folder, const Entry& entry) {
+    std::string path = folder.path + entry.name;
+    if (entry.name.empty() || entry.name.front() == '.') return true;
+    if (entry.is_folder && path.size() < kMostBytesOfPath)
+      folders_.push_back({path + '/', entry.id});
+    if (!entry.is_file || fs::path(path).extension() != ".json") return true;
+    const auto object = objects_.Get(entry.id);
+    if (object) AddFile(fs::path(path).replace_extension().string(), NameOf(path), *object);
+    return object.has_value();
+  }
+
+  /// What the user may give for the file.
+  std::string NameOf(const std::string& path) const {
+    const bool has_slash = text_.back() == '/' || text_.back() == ':';
+    return text_ + (has_slash || path.empty() ? "" : "/") + path;
+  }
+
+  const std::string text_;
+  GitObjects objects_;
+  InputReader reader_;
+  std::vector<Folder> folders_;
+  std::size_t entries_ = 0;
+  bool has_files_ = false;
+};
+
+}  // namespace
+
+bool IsRevision(const std::string& text) {
+  return text.compare(0, kScheme.size(), kScheme) == 0;
+}
+
+std::string PathOfRevision(const std::string& text) {
+  if (!IsRevision(text)) return text;
+  const std::size_t colon = text.find(':', kScheme.size());
+  return colon == std::string::npos ? text : text.substr(colon + 1);
+}
+
+Input ReadRevision(const std::string& text, const DomainTable& domains) {
+  return RevisionReader(text, domains).Read();
+}
+
+}  // namespace Zelk::Tool

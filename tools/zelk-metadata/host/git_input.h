@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "host/input.h"
+
+namespace Zelk::Tool {
+
+/// The id of a file that is a version by itself.
+constexpr char kOnlyFileId[] = "file";
+
+/// Whether the text begins as "git:REV:PATH" does.
+bool IsRevision(const std::string& text);
+
+/// The PATH of "git:REV:PATH", or any other text as it is.
+std::string PathOfRevision(const std::string& text);
+
+/// Reads "git:REV:PATH": the file, or every "*.json" in the folder and below it, as the revision of
+/// the repository has it. The ids are those of files on the disk,
+/// and kOnlyFileId for a file by itself. Links are not followed.
+Input ReadRevision(const std::string& text, const DomainTable& domains);
+
+}  // namespace Zelk::Tool

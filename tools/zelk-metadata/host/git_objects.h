@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <sys/types.h>
+
+namespace Zelk::Tool {
+
+/// An object of a git repository.
+struct GitObject {
+  /// In hexadecimal digits.
+  std::string id;
+
+  /// "blob" or "tree", or another word.
+  std::string type;
+
+  std::string content;
+};
+
+/// Reads objects of the repository that the working folder is in, by one `git` that runs as long as
+/// this object lives. Names are never words of its command line, so they cannot become options, and
+/// nothing is written to the repository.
+class GitObjects {
+ public:
+  GitObjects();
+  GitObjects(const GitObjects&) = delete;
+  GitObjects& operator=(const GitObjects&) = delete;
+  ~GitObjects();
+
+  /// The object; empty if there is none of that name, or if Failure() has a text then.
+  std::optional<GitObject> Get(const std::string& name);
+
+  /// Why git does not run; empty if it does.
+  const std::string& Failure() const { return failure_; }
+
+ private:
+  /// Why git cannot be started; empty if it was.
+  std::string Start();
+
+  /// What git wrote about its end.
+  std::string Complaint() const;
+
+  void Send(const std::string& text) const;
+  std::string ReadLine();
+
+  /// Empty if Failure() has a text then.
+  std::optional<std::string> ReadContent(std::uint64_t size);
+
+  /// Whether more was received.
+  bool Receive();
+
+  pid_t process_ = 0;
+  int socket_ = -1;
+  int complaints_ = -1;
+  std::string received_;
+  std::string failure_;
+};
+
+}  // namespace Zelk::Tool
