@@ -10,11 +10,17 @@
 namespace Zelk::Analysis::Diff {
 namespace {
 
-constexpr std::string_view kOpened = "authentication-list-removed";
+/// Whether callers without a scheme gain access.
+bool OpensAccess(const Change& change) {
+  const std::string_view id = change.kind->id;
+  if (id == "authentication-list-removed") return true;
+  return id == "authentication-component-removed" &&
+         ClassOf(change, SetOf(Audience::kAuth)) != Class::kNotConcerned;
+}
 
 auto Order(const Change& change) {
   const int worst = static_cast<int>(ClassOf(change));
-  return std::tuple(change.kind->id != kOpened, -worst, change.kind->area,
+  return std::tuple(!OpensAccess(change), -worst, change.kind->area,
                     std::string_view(change.element), std::string_view(change.kind->id));
 }
 

@@ -236,6 +236,13 @@ TEST(AuthenticationChanges, OpenedAccessComesFirst) {
                           testing::StartsWith("---Bc authentication-scheme-removed")));
 }
 
+TEST(AuthenticationChanges, ComponentThatOpensAccessComesFirst) {
+  const std::string spare = Component(kSchemes, R"(, "packages": {"acme.s": ["a"]})", "acme.spare");
+  EXPECT_THAT(Witnessed({Listing("\"a\", \"b\""), spare}, {Listing("\"a\"")}),
+              ElementsAre(testing::StartsWith("---DB authentication-component-removed"),
+                          testing::StartsWith("---Bc authentication-scheme-removed")));
+}
+
 TEST(AuthenticationChanges, LongListsAreShownInPart) {
   std::string schemes;
   std::string list;
