@@ -10,14 +10,6 @@
 namespace Zelk::Analysis::Diff {
 namespace {
 
-/// Whether callers without a scheme gain access.
-bool OpensAccess(const Change& change) {
-  const std::string_view id = change.kind->id;
-  if (id == "authentication-list-removed") return true;
-  return id == "authentication-component-removed" &&
-         ClassOf(change, SetOf(Audience::kAuth)) != Class::kNotConcerned;
-}
-
 auto Order(const Change& change) {
   const int worst = static_cast<int>(ClassOf(change));
   return std::tuple(!OpensAccess(change), -worst, change.kind->area,
@@ -37,6 +29,13 @@ Class ClassOf(const Verdicts& verdicts, AudienceSet audiences) {
     if ((audiences & SetOf(static_cast<Audience>(i))) != 0) worst = std::max(worst, verdicts.at(i));
   }
   return worst;
+}
+
+bool OpensAccess(const Change& change) {
+  const std::string_view id = change.kind->id;
+  if (id == "authentication-list-removed") return true;
+  return id == "authentication-component-removed" &&
+         ClassOf(change, SetOf(Audience::kAuth)) != Class::kNotConcerned;
 }
 
 bool Changes::WasDeprecated(ElementId id) {

@@ -59,6 +59,9 @@ inline Class ClassOf(const Change& change, AudienceSet audiences = kAllAudiences
   return ClassOf(change.verdicts, audiences);
 }
 
+/// Whether callers without a scheme gain access by it.
+bool OpensAccess(const Change& change);
+
 /// How many changes have the same verdicts.
 using VerdictCounts = std::map<Verdicts, std::size_t>;
 

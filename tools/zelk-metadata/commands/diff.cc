@@ -74,7 +74,7 @@ Analysis::Diff::AudienceSet Audiences(const Arguments& arguments) {
 
 std::optional<Class> FailOn(const Arguments& arguments) {
   const std::string& word = arguments.fail_on;
-  // Who asks for the number of the next version knows that there are changes.
+  // The caller asks for the number of the next version, so changes are expected.
   if (word == "never" || (word.empty() && arguments.bump)) return std::nullopt;
   if (word == "any") return Class::kDocumentation;
   return word == "dangerous" ? Class::kDangerous : Class::kBreaking;
@@ -215,9 +215,9 @@ Command DiffCommand() {
   command.summary = "Compare two versions: what changed, and whom it breaks";
   command.details =
       "Each version is a file, a folder, - for standard input, or git:REV:PATH for a file or a "
-      "folder as a revision of git has it. All files of a version are looked at together, as one "
-      "host that has loaded them, and what is compared is what the library answers. The exit "
-      "status is 5 if a change is at or above --fail-on.\n"
+      "folder as a revision of git has it. All files of a version are read together, as if one "
+      "host had loaded them, and what the library answers is compared. The exit status is 5 if a "
+      "change is at or above --fail-on.\n"
       "Audiences: wire (programs that call, or are called), source (code that uses generated "
       "bindings), cli (command lines and scripts), auth (who may call), metadata (programs that "
       "read the metadata).\n";

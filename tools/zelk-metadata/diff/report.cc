@@ -1,7 +1,6 @@
 #include "diff/report.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "host/settings_file.h"
 
@@ -19,17 +18,13 @@ void Compare(Report& report) {
   // The classes of all audiences may be others.
   std::stable_sort(report.entries.begin(), report.entries.end(),
                    [](const Entry& left, const Entry& right) {
-                     const bool left_opens = IsOpening(*left.change);
-                     const bool right_opens = IsOpening(*right.change);
+                     const bool left_opens = OpensAccess(*left.change);
+                     const bool right_opens = OpensAccess(*right.change);
                      return left_opens != right_opens ? left_opens : left.worst > right.worst;
                    });
   accepted.ForEachUnused([&](const Analysis::Accepted& entry, const char* problem) {
     report.unused.push_back("an entry for '" + entry.id + "' " + problem);
   });
-}
-
-bool IsOpening(const Change& change) {
-  return change.kind->id == std::string_view("authentication-list-removed");
 }
 
 Summary Summarize(const Report& report) {

@@ -101,9 +101,6 @@ Summary Summarize(const Report& report);
 /// "major", "minor" or "patch". What is accepted counts, too: callers notice it all the same.
 const char* Bump(const Report& report);
 
-/// Whether somebody who could not call before may call now. Such changes are shown first.
-bool IsOpening(const Change& change);
-
 /// In the order in which they are shown.
 inline constexpr std::array<Class, 4> kShownClasses{Class::kBreaking, Class::kDangerous,
                                                     Class::kCompatible, Class::kDocumentation};

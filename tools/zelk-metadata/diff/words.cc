@@ -60,7 +60,7 @@ const char* HeadingOf(Class worst) {
 }
 
 const char* GroupOf(const Entry& entry) {
-  return IsOpening(*entry.change) ? "Access is opened" : HeadingOf(entry.worst);
+  return OpensAccess(*entry.change) ? "Access is opened" : HeadingOf(entry.worst);
 }
 
 std::string ConcernedText(const Entry& entry, Analysis::Diff::AudienceSet audiences) {
