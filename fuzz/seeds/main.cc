@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
     MakeAuthenticationSeeds(corpus, sources);
     MakeCliSeeds(corpus, sources);
     MakeAnalysisSeeds(corpus);
+    MakeDiffSeeds(corpus);
     MakeJsonMemberSeeds(corpus);
     MakeStatefulSeeds(corpus);
     return 0;

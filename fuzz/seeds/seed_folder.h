@@ -93,6 +93,7 @@ void MakeAuthenticationSeeds(const std::filesystem::path& corpus,
                              const std::filesystem::path& sources);
 void MakeCliSeeds(const std::filesystem::path& corpus, const std::filesystem::path& sources);
 void MakeAnalysisSeeds(const std::filesystem::path& corpus);
+void MakeDiffSeeds(const std::filesystem::path& corpus);
 void MakeJsonMemberSeeds(const std::filesystem::path& corpus);
 void MakeStatefulSeeds(const std::filesystem::path& corpus);
 
