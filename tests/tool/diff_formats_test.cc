@@ -1,12 +1,13 @@
-#include <set>
+#include <filesystem>
+#include <fstream>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 
 #include "analysis/diff/kind.h"
 #include "analysis/lint/rule.h"
 #include "tool/diff_run.h"
-#include "tool/shell_run.h"
 
 // What other programs read, and what diff shows of itself.
 
@@ -20,8 +21,8 @@ using Zelk::Testing::kBefore;
 using Zelk::Testing::kMore;
 using Zelk::Testing::ParsedJson;
 using Zelk::Testing::RunLine;
-using Zelk::Testing::RunShell;
 using Zelk::Testing::RunTool;
+using Zelk::Testing::TempFolder;
 using Zelk::Testing::ToolRun;
 using Zelk::Testing::Versions;
 
@@ -118,6 +119,33 @@ TEST(DiffFormats, GithubShowsWhatIsGoneAtItsFile) {
       "'acme.power.switch.stop' was removed (possibly renamed to 'acme.power.switch.pause')\n"
       "::notice file=new.json,line=10,col=12,title=operation-added::the operation "
       "'acme.power.switch.pause' was added (possibly renamed from 'acme.power.switch.stop')\n");
+}
+
+TEST(DiffFormats, EveryOutputShowsEveryChange) {
+  for (const auto* kind : Zelk::Analysis::Diff::Kinds()) {
+    // Nobody is concerned by other formatting.
+    if (kind->id == std::string("formatting-only")) continue;
+    const TempFolder folder;
+    std::vector<std::string> words{"diff"};
+    for (const auto* version : {&kind->example.old_files, &kind->example.new_files}) {
+      const std::string path = folder.Path(words.size() == 1 ? "old" : "new");
+      std::filesystem::create_directory(path);
+      // Some versions have no file of their own.
+      std::ofstream(path + "/none.json") << R"({"cli": []})";
+      for (std::size_t i = 0; i < version->size(); ++i) {
+        if (version->at(i).empty()) continue;
+        std::ofstream(path + "/" + std::to_string(i) + ".json") << version->at(i);
+      }
+      words.push_back(path);
+    }
+    for (const char* output : {"text", "json", "markdown", "github"}) {
+      words.resize(3);
+      words.insert(words.end(), {"--output", output, "--fail-on", "never"});
+      const ToolRun run = RunTool(words);
+      EXPECT_EQ(run.status, 0) << kind->id << run.err;
+      EXPECT_THAT(run.out, HasSubstr(kind->id)) << output;
+    }
+  }
 }
 
 TEST(DiffFormats, ListOfChangesHasAllOfThem) {

@@ -50,6 +50,18 @@ TEST(DiffHostile, ManyChangesAreCounted) {
   EXPECT_NE(run.out.find(R"("breaking":5000,)"), std::string::npos);
 }
 
+TEST(DiffHostile, ChangesThatAreTooLongToListAreCounted) {
+  std::string all = Operation("start");
+  for (int i = 0; i < 36; ++i) {
+    all += "," + Operation(std::string(1'000'000, 'n') + std::to_string(i));
+  }
+  const Versions versions(WithOperations(all), kBefore);
+  const ToolRun run = versions.Run();
+  EXPECT_EQ(run.status, 5);
+  EXPECT_THAT(run.out, HasSubstr(" of them not listed\n"));
+  EXPECT_EQ(versions.Run({"--bump"}).out, "major\n");
+}
+
 TEST(DiffHostile, LongNamesAreShortened) {
   const std::string name(1'000'000, 'n');
   for (const char* output : {"text", "markdown", "github"}) {
