@@ -37,7 +37,7 @@ std::vector<Ids> IdsOfEach(const Ids& words, const std::vector<FoundKind>& kinds
   const FoundKind& kind = kinds.front();
   std::vector<Ids> things;
   for (std::size_t at = 0; at < words.size();) {
-    Ids one = IdsOfOne({words[at]}, kinds);
+    const Ids one = IdsOfOne({words[at]}, kinds);
     const bool has_next = at + 1 < words.size();
     const Ids two = has_next ? Ids{words[at], words[at + 1]} : Ids{};
     bool takes_two = false;
@@ -48,7 +48,7 @@ std::vector<Ids> IdsOfEach(const Ids& words, const std::vector<FoundKind>& kinds
       takes_two = has_next && !IsKnown(one, kinds) && IsKnown(two, kinds);
     }
     at += takes_two ? 2 : 1;
-    things.push_back(takes_two ? two : std::move(one));
+    things.push_back(takes_two ? two : one);
   }
   return things;
 }
