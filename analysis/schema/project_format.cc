@@ -77,7 +77,7 @@ constexpr const char* kClassTexts[] = {
     "Breaks programs.",
 };
 
-constexpr ValueForm WordOf(const Words& words) {
+constexpr ValueForm WordOf(const Words& words) {  // coverage: runs in the compiler
   return WithWords(Text(Style::kWord), words);
 }
 

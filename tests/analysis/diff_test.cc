@@ -85,12 +85,12 @@ TEST(ChangeKinds, HaveWords) {
 }
 
 TEST(ChangeKinds, MayHaveOtherVerdictsOnTheWireForEachDirection) {
-  const auto always =
+  constexpr auto always =
       Zelk::Analysis::Diff::Always(Class::kBreaking, Class::kDangerous, Class::kCompatible,
                                    Class::kNotConcerned, Class::kDocumentation);
   EXPECT_EQ(Letters(always.input), "BDc-t");
   EXPECT_EQ(always.output, always.input);
-  const auto directed =
+  constexpr auto directed =
       Zelk::Analysis::Diff::Directed(Class::kBreaking, Class::kCompatible, Class::kDangerous,
                                      Class::kNotConcerned, Class::kDocumentation);
   EXPECT_EQ(Letters(directed.input), "BD--t");

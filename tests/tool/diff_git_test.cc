@@ -72,6 +72,15 @@ TEST(DiffGit, WhatIsNotThereIsNamed) {
   EXPECT_THAT(run.out, testing::EndsWith("nothing was compared\nfailed: a file does not load\n"));
 }
 
+TEST(DiffGit, AnnotationsNameTheFilesOfTheRepository) {
+  const ToolRun run = InRepository(
+      "echo '{\"cli\": []}' > files/below/b.json; git commit -q -a -m two\n"
+      "$tool diff git:HEAD~:files files --output github\n"
+      "$tool diff git:HEAD:files git:HEAD~:files --output github");
+  EXPECT_THAT(run.out, HasSubstr(" file=files/below/b.json,title=namespace-removed::"));
+  EXPECT_THAT(run.out, HasSubstr(" file=files/below/b.json,line=1,col="));
+}
+
 TEST(DiffGit, CommitInAFolderIsNotAFile) {
   EXPECT_EQ(InRepository("git update-index --add --cacheinfo 160000,$(git rev-parse HEAD),other\n"
                          "git commit -q -m two; $tool diff git:HEAD:other files")

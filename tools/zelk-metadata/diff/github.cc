@@ -27,7 +27,7 @@ WorkflowCommand CommandOf(const Report& report, const Entry& entry) {
   WorkflowCommand command{CommandFor(entry.worst), report.new_version.name};
   if (change.new_place) {
     const NamedPlace place = NamedPlaceOf(*report.new_version.workspace, *change.new_place);
-    command.file = place.file;
+    command.file = PathOfRevision(place.file);
     command.line = place.position.line;
     command.column = place.position.column;
   } else if (change.old_place) {
