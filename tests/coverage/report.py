@@ -34,7 +34,7 @@ MARK = re.compile(r"^(.*?)\s*// coverage: (\S.*)$")
 
 
 def read_marks(source):
-    """The excused lines: {line: line of its mark}. A block ends at the indentation it began with."""
+    """The excused lines: {line: line of its mark}. A block ends where its indentation does."""
     marks = {}
     for number, text in enumerate(source, 1):
         match = MARK.match(text)
@@ -42,11 +42,12 @@ def read_marks(source):
             continue
         marks[number] = number
         if match[1].endswith("{"):
-            indent = len(text) - len(text.lstrip())
+            first = source[number] if number < len(source) else ""
+            indent = len(first) - len(first.lstrip())
             for inner in range(number + 1, len(source) + 1):
                 line = source[inner - 1]
                 marks[inner] = number
-                if line.strip() and len(line) - len(line.lstrip()) <= indent:
+                if line.strip() and len(line) - len(line.lstrip()) < indent:
                     break
     return marks
 
