@@ -85,16 +85,16 @@ TEST(ChangeKinds, HaveWords) {
 }
 
 TEST(ChangeKinds, MayHaveOtherVerdictsOnTheWireForEachDirection) {
-  constexpr auto always =
+  constexpr auto kAlways =
       Zelk::Analysis::Diff::Always(Class::kBreaking, Class::kDangerous, Class::kCompatible,
                                    Class::kNotConcerned, Class::kDocumentation);
-  EXPECT_EQ(Letters(always.input), "BDc-t");
-  EXPECT_EQ(always.output, always.input);
-  constexpr auto directed =
+  EXPECT_EQ(Letters(kAlways.input), "BDc-t");
+  EXPECT_EQ(kAlways.output, kAlways.input);
+  constexpr auto kDirected =
       Zelk::Analysis::Diff::Directed(Class::kBreaking, Class::kCompatible, Class::kDangerous,
                                      Class::kNotConcerned, Class::kDocumentation);
-  EXPECT_EQ(Letters(directed.input), "BD--t");
-  EXPECT_EQ(Letters(directed.output), "cD--t");
+  EXPECT_EQ(Letters(kDirected.input), "BD--t");
+  EXPECT_EQ(Letters(kDirected.output), "cD--t");
 }
 
 TEST(ChangeClass, IsTheWorstForTheAudiences) {
