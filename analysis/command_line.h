@@ -71,7 +71,7 @@ class CommandForm {
   bool IsKnown() const { return is_known_; }
 
   /// The shortest words after the name that are accepted and begin with `times` times the option
-  /// that is typed so. Nothing if there are none, or only long ones.
+  /// that is typed so. Empty if all such words are long, or none exist.
   std::optional<CommandWords> Shortest(const std::string& option, std::size_t times) const;
 
  private:

@@ -78,7 +78,7 @@ class Model {
   /// library takes them. The root namespace is in its own.
   ElementIds Children(ElementId owner) const;
 
-  /// The element of the kind that a lookup of the name returns; kNoElement if there is none.
+  /// The element of the kind that a lookup of the name returns, or kNoElement.
   /// For kinds with a name of their own: components, packages, services, structures, enumerations,
   /// the lists of Authentication, and with their path namespaces and commands.
   ElementId Find(ElementKind kind, std::string_view name, std::string_view path = {}) const;

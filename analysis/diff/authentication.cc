@@ -70,7 +70,7 @@ class AuthenticationComparer {
     return pair;
   }
 
-  /// The first list with schemes in what is added or removed; kNoElement if there is none.
+  /// The first list with schemes in what is added or removed, or kNoElement.
   ElementId FirstList(Pair pair) const {
     const Model& model = models_.Of(pair);
     std::vector<ElementId> open{pair.Id()};

@@ -47,7 +47,7 @@ bool Has(const Model& model, const Element& element) {
 
 using Counts = std::map<ElementKind, std::size_t>;
 
-/// " with 1 service and 12 operations"; empty if there are none.
+/// " with 1 service and 12 operations", or an empty text.
 std::string CountsText(const Counts& counts) {
   constexpr std::array<ElementKind, 10> kCounted{
       ElementKind::kPackage,       ElementKind::kPackageList, ElementKind::kService,

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kScheme = "git:";
 
-// A small repository can have folders that list each other, which makes a huge number of paths.
+// A small repository can list the same folders many times, which makes a huge number of paths.
 constexpr std::size_t kMostEntries = 100'000;
 constexpr std::size_t kMostBytesOfPath = 4096;
 

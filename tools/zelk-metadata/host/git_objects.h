@@ -28,7 +28,7 @@ class GitObjects {
   GitObjects& operator=(const GitObjects&) = delete;
   ~GitObjects();
 
-  /// The object; empty if there is none of that name, or if Failure() has a text then.
+  /// The object of that name. Empty if it does not exist, or if Failure() has a text then.
   std::optional<GitObject> Get(const std::string& name);
 
   /// Why git does not run; empty if it does.
