@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "analysis/diff/compare.h"
+#include "analysis/mirrored.h"
 #include "fuzz/support/check.h"
 
 // The input is two versions with a vertical tab between them. Each is one file, or several with
@@ -38,27 +39,12 @@ std::vector<File> FilesIn(std::string_view version) {
   return files;
 }
 
-Action OppositeOf(Action action) {
-  switch (action) {
-    case Action::kAdded:
-      return Action::kRemoved;
-    case Action::kRemoved:
-      return Action::kAdded;
-    case Action::kLoosened:
-      return Action::kTightened;
-    case Action::kTightened:
-      return Action::kLoosened;
-    case Action::kChanged:
-      break;
-  }
-  return Action::kChanged;
-}
-
 /// What is changed and how, in the opposite direction if `is_reversed`, one change a line.
 std::string TextOf(const Result& result, bool is_reversed) {
   std::vector<std::string> lines;
   for (const Change& change : result.changes) {
-    const Action action = is_reversed ? OppositeOf(change.kind->action) : change.kind->action;
+    const Action action =
+        is_reversed ? Testing::Opposite(change.kind->action) : change.kind->action;
     lines.push_back(std::string(Word(action)) + ' ' + change.kind->about + '\n');
   }
   std::sort(lines.begin(), lines.end());
