@@ -1,5 +1,6 @@
 #include <map>
 #include <string_view>
+#include <unordered_map>
 
 #include "analysis/fates.h"
 #include "analysis/format.h"
@@ -8,6 +9,7 @@ namespace Zelk::Analysis {
 namespace {
 
 using ByName = std::map<std::string_view, ElementId>;
+using Kept = std::unordered_map<std::string_view, ElementId>;
 
 void SetFate(Element& element, Fate fate, ElementId by) {
   element.fate = fate;
@@ -37,14 +39,14 @@ class ComponentLists {
   }
 
   void SetTargets() {
-    const ByName schemes = KeepLast(ElementKind::kScheme);
+    const Kept schemes = KeepLast(ElementKind::kScheme);
     Each(ElementKind::kEntry,
          [&](ElementId id) { elements_[id].target = schemes.at(elements_[id].name); });
   }
 
   /// The elements of the kind that are kept.
-  ByName KeepLast(ElementKind kind) {
-    ByName kept;
+  Kept KeepLast(ElementKind kind) {
+    Kept kept;
     Each(kind, [&](ElementId id) { kept[elements_[id].name] = id; });
     Each(kind, [&](ElementId id) {
       const ElementId last = kept.at(elements_[id].name);
@@ -65,7 +67,7 @@ class ComponentLists {
       if (OwnerOf(service).empty()) break;
       services_.emplace(service, Imply(ElementKind::kServiceList, service, operation));
     }
-    ByName operations;
+    Kept operations;
     Each(ElementKind::kOperationList, [&](ElementId id) {
       const auto service = services_.find(OwnerOf(elements_[id].name));
       if (service == services_.end()) {
@@ -77,14 +79,15 @@ class ComponentLists {
     });
   }
 
-  void KeepFirst(ByName& kept, ElementId id) {
+  template <typename Names>
+  void KeepFirst(Names& kept, ElementId id) {
     const ElementId first = kept.emplace(elements_[id].name, id).first->second;
     if (first != id) SetFate(elements_[id], Fate::kDropped, first);
   }
 
   void JoinServices() {
     // The first of a name takes the services, but the last one is kept.
-    ByName packages;
+    Kept packages;
     Each(ElementKind::kPackageList,
          [&](ElementId id) { packages.emplace(elements_[id].name, id); });
     KeepLast(ElementKind::kPackageList);

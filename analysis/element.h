@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string_view>
+#include <tuple>
 
 #include "analysis/document.h"
 
@@ -100,6 +101,13 @@ struct Element {
 /// Whether the library answers the element, or keeps it where another one is answered first.
 inline bool IsKept(const Element& element) {
   return element.fate == Fate::kFound || element.fate == Fate::kShadowed;
+}
+
+/// What lookups find an element by.
+using LookupKey = std::tuple<ElementKind, std::string_view, std::string_view>;
+
+inline LookupKey KeyOf(const Element& element) {
+  return {element.kind, element.path, element.name};
 }
 
 /// What people call the kind, in one word.

@@ -34,18 +34,28 @@ Model::Model(Domain domain, std::vector<Source> sources)
     loads_.push_back(reading.loads);
     if (!reading.loads) continue;
     const ElementId begin = Size();
-    for (Element element : reading.elements) {
-      element.source = source;
-      element.parent = Moved(element.parent, begin);
-      element.owner = Moved(element.owner, begin);
-      elements_.push_back(element);
-    }
+    Append(source, std::move(reading.elements));
     kDecide.at(static_cast<std::size_t>(domain))({elements_, begin, order});
   }
   LoseParts(elements_);
-  DecideShadows(elements_);
+  found_ = DecideShadows(elements_);
   IndexChildren(order);
-  IndexNames();
+}
+
+void Model::Append(std::uint32_t source, std::vector<Element> elements) {
+  const ElementId begin = Size();
+  if (begin == 0) {
+    // Most domains have one file, which may be large.
+    elements_ = std::move(elements);
+  } else {
+    elements_.insert(elements_.end(), elements.begin(), elements.end());
+  }
+  for (ElementId id = begin; id < Size(); ++id) {
+    Element& element = elements_[id];
+    element.source = source;
+    element.parent = Moved(element.parent, begin);
+    element.owner = Moved(element.owner, begin);
+  }
 }
 
 void Model::IndexChildren(const std::vector<ElementId>& order) {
@@ -62,26 +72,27 @@ void Model::IndexChildren(const std::vector<ElementId>& order) {
   }
 }
 
-void Model::IndexNames() {
-  for (ElementId id = 0; id < Size(); ++id) {
-    if (elements_[id].fate == Fate::kFound && HasLookup(elements_[id].kind)) found_.push_back(id);
-  }
-  std::sort(found_.begin(), found_.end(), [&](ElementId left, ElementId right) {
-    return KeyOf(elements_[left]) < KeyOf(elements_[right]);
-  });
-}
-
 ElementIds Model::Children(ElementId owner) const {
   const ElementId* const all = children_.data();
   return {all + child_begin_[owner], all + child_begin_[owner + 1]};
 }
 
 ElementId Model::Find(ElementKind kind, std::string_view name, std::string_view path) const {
-  const Key key{kind, path, name};
+  const LookupKey key{kind, path, name};
   const auto found = std::lower_bound(
       found_.begin(), found_.end(), key,
-      [&](ElementId id, const Key& wanted) { return KeyOf(elements_[id]) < wanted; });
+      [&](ElementId id, const LookupKey& wanted) { return KeyOf(elements_[id]) < wanted; });
   return found != found_.end() && KeyOf(elements_[*found]) == key ? *found : kNoElement;
+}
+
+ElementIds Model::Found(ElementKind kind) const {
+  const auto is_before = [&](ElementId id, ElementKind wanted) {
+    return elements_[id].kind < wanted;
+  };
+  const auto next = static_cast<ElementKind>(static_cast<std::uint8_t>(kind) + 1);
+  const auto begin = std::lower_bound(found_.begin(), found_.end(), kind, is_before);
+  const auto end = std::lower_bound(begin, found_.end(), next, is_before);
+  return {found_.data() + (begin - found_.begin()), found_.data() + (end - found_.begin())};
 }
 
 std::vector<ElementId> Model::Around(ElementId id) const {

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -83,6 +82,9 @@ class Model {
   /// the lists of Authentication, and with their path namespaces and commands.
   ElementId Find(ElementKind kind, std::string_view name, std::string_view path = {}) const;
 
+  /// The elements of the kind that lookups return, in the order of their paths and names.
+  ElementIds Found(ElementKind kind) const;
+
   /// The name with all that it lies in, with full stops between.
   std::string FullName(ElementId id) const;
 
@@ -94,12 +96,9 @@ class Model {
   std::string Path(ElementId id) const;
 
  private:
-  using Key = std::tuple<ElementKind, std::string_view, std::string_view>;
-
-  static Key KeyOf(const Element& element) { return {element.kind, element.path, element.name}; }
-
+  /// Appends the elements of a source. Those that they refer to are counted from the first of them.
+  void Append(std::uint32_t source, std::vector<Element> elements);
   void IndexChildren(const std::vector<ElementId>& order);
-  void IndexNames();
   /// The element, what it is in, and so on outwards.
   std::vector<ElementId> Around(ElementId id) const;
 

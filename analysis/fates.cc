@@ -38,10 +38,9 @@ Names NamesAround(const std::vector<Element>& elements, ElementId id) {
 bool IsBefore(const std::vector<Element>& elements, ElementId left, ElementId right) {
   const Element& a = elements[left];
   const Element& b = elements[right];
-  const auto key = [](const Element& element) {
-    return std::tie(element.kind, element.path, element.name);
-  };
-  if (key(a) != key(b)) return key(a) < key(b);
+  if (a.kind != b.kind) return a.kind < b.kind;
+  if (const int order = a.path.compare(b.path)) return order < 0;
+  if (const int order = a.name.compare(b.name)) return order < 0;
   const int a_level = LevelOf(elements, a);
   const int b_level = LevelOf(elements, b);
   if (a_level != b_level) return a_level < b_level;
@@ -93,22 +92,21 @@ void LoseParts(std::vector<Element>& elements) {
   }
 }
 
-void DecideShadows(std::vector<Element>& elements) {
+std::vector<ElementId> DecideShadows(std::vector<Element>& elements) {
   std::vector<ElementId> kept;
   for (ElementId id = 0; id < elements.size(); ++id) {
     if (IsKept(elements[id]) && HasLookup(elements[id].kind)) kept.push_back(id);
   }
   std::sort(kept.begin(), kept.end(),
             [&](ElementId left, ElementId right) { return IsBefore(elements, left, right); });
-  ElementId winner = kNoElement;
+  std::vector<ElementId> found;
   for (const ElementId id : kept) {
     Element& element = elements[id];
-    if (winner == kNoElement || elements[winner].kind != element.kind ||
-        elements[winner].name != element.name || elements[winner].path != element.path) {
-      winner = id;
+    if (found.empty() || KeyOf(elements[found.back()]) != KeyOf(element)) {
+      found.push_back(id);
     } else {
       element.fate = Fate::kShadowed;
-      element.by = winner;
+      element.by = found.back();
     }
   }
   for (ElementId id = 0; id < elements.size(); ++id) {
@@ -120,6 +118,7 @@ void DecideShadows(std::vector<Element>& elements) {
     element.fate = Fate::kShadowed;
     element.by = elements[around].by;
   }
+  return found;
 }
 
 }  // namespace Zelk::Analysis

@@ -26,8 +26,9 @@ void DecideCli(const SourceElements& source);
 /// Marks all that is in elements that are not kept.
 void LoseParts(std::vector<Element>& elements);
 
-/// Decides which of the elements that are kept lookups of their names return.
-void DecideShadows(std::vector<Element>& elements);
+/// Decides which of the elements that are kept lookups of their names return. Returns these in the
+/// order of their kinds, paths and names.
+std::vector<ElementId> DecideShadows(std::vector<Element>& elements);
 
 /// Whether the library has lookups for elements of the kind by their own names.
 bool HasLookup(ElementKind kind);

@@ -237,16 +237,11 @@ const Model& Models::Of(Domain domain) const {
 }
 
 References::References(const Models& models, const Definitions& definitions)
-    : all_(ReferenceFinder(models, definitions).Find()),
-      by_target_(all_.size()),
-      by_name_(all_.size()) {
+    : all_(ReferenceFinder(models, definitions).Find()), by_target_(all_.size()) {
   std::iota(by_target_.begin(), by_target_.end(), 0);
   std::stable_sort(by_target_.begin(), by_target_.end(), [&](std::uint32_t a, std::uint32_t b) {
     return KeyOf(all_[a].target) < KeyOf(all_[b].target);
   });
-  std::iota(by_name_.begin(), by_name_.end(), 0);
-  std::stable_sort(by_name_.begin(), by_name_.end(),
-                   [&](std::uint32_t a, std::uint32_t b) { return all_[a].name < all_[b].name; });
 }
 
 ReferenceRange References::From(const DomainElement& from) const {
@@ -266,15 +261,6 @@ std::vector<const Reference*> References::To(const DomainElement& target) const 
                              });
   std::vector<const Reference*> found;
   for (; at != by_target_.end() && all_[*at].target == target; ++at) found.push_back(&all_[*at]);
-  return found;
-}
-
-std::vector<const Reference*> References::Named(std::string_view name) const {
-  auto at = std::lower_bound(
-      by_name_.begin(), by_name_.end(), name,
-      [&](std::uint32_t id, std::string_view wanted) { return all_[id].name < wanted; });
-  std::vector<const Reference*> found;
-  for (; at != by_name_.end() && all_[*at].name == name; ++at) found.push_back(&all_[*at]);
   return found;
 }
 

@@ -95,14 +95,10 @@ class References {
   /// Those to the element, in the same order.
   std::vector<const Reference*> To(const DomainElement& target) const;
 
-  /// Those with that name, resolved or not, in the same order.
-  std::vector<const Reference*> Named(std::string_view name) const;
-
  private:
   std::vector<Reference> all_;
-  /// Positions in all_, by targets and by names.
+  /// Positions in all_, by targets.
   std::vector<std::uint32_t> by_target_;
-  std::vector<std::uint32_t> by_name_;
 };
 
 }  // namespace Zelk::Analysis

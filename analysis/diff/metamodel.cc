@@ -24,7 +24,7 @@ void AddDefinition(Metamodel& metamodel, ElementKind kind, Pair pair) {
   if (IsType(kind)) {
     details.direction = metamodel.reach.Of(pair);
     const std::string_view name = metamodel.models.Of(pair)[pair.Id()].name;
-    if (pair.IsRemoved() && Reach::IsMissed(metamodel.changes.New(), name)) {
+    if (pair.IsRemoved() && metamodel.reach.IsMissed(name)) {
       details.verdicts = Verdicts{kB, kB, kN, kN, kB};
       details.message = ", but is still named";
     }

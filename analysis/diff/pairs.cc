@@ -3,29 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <tuple>
 
 #include "analysis/fates.h"
 
 namespace Zelk::Analysis::Diff {
 namespace {
-
-using Key = std::tuple<std::string_view, std::string_view>;
-
-Key KeyOf(const Element& element) {
-  return {element.path, element.name};
-}
-
-std::vector<ElementId> Answered(const Model& model, ElementKind kind) {
-  std::vector<ElementId> ids;
-  for (ElementId id = 0; id < model.Size(); ++id) {
-    if (model[id].kind == kind && model[id].fate == Fate::kFound) ids.push_back(id);
-  }
-  std::sort(ids.begin(), ids.end(), [&](ElementId left, ElementId right) {
-    return KeyOf(model[left]) < KeyOf(model[right]);
-  });
-  return ids;
-}
 
 std::vector<ElementId> Parts(const Model& model, ElementId owner, ElementKind kind) {
   std::vector<ElementId> ids;
@@ -72,12 +54,12 @@ std::string CountsText(const Counts& counts) {
 }  // namespace
 
 std::vector<Pair> LookupPairs(const ModelPair& models, ElementKind kind) {
-  const std::vector<ElementId> old_ids = Answered(models.old_model, kind);
-  const std::vector<ElementId> new_ids = Answered(models.new_model, kind);
+  const ElementIds old_ids = models.old_model.Found(kind);
+  const ElementIds new_ids = models.new_model.Found(kind);
   std::vector<Pair> pairs;
   auto next = new_ids.begin();
   for (const ElementId id : old_ids) {
-    const Key key = KeyOf(models.old_model[id]);
+    const LookupKey key = KeyOf(models.old_model[id]);
     for (; next != new_ids.end() && KeyOf(models.new_model[*next]) < key; ++next) {
       pairs.push_back({kNoElement, *next});
     }

@@ -1,7 +1,5 @@
 #include "analysis/diff/reach.h"
 
-#include <algorithm>
-
 namespace Zelk::Analysis::Diff {
 namespace {
 
@@ -61,7 +59,12 @@ class Reached {
 }  // namespace
 
 Reach::Reach(const Workspace& old_version, const Workspace& new_version)
-    : old_directions_(Reached(old_version).Find()), new_directions_(Reached(new_version).Find()) {}
+    : old_directions_(Reached(old_version).Find()), new_directions_(Reached(new_version).Find()) {
+  for (const Reference& reference : new_version.GetReferences().All()) {
+    if (IsOfType(reference) && reference.target.element == kNoElement)
+      missed_.insert(reference.name);
+  }
+}
 
 Direction Reach::Of(Pair definition) const {
   unsigned directions = 0;
@@ -70,13 +73,6 @@ Direction Reach::Of(Pair definition) const {
   if (directions == (kIn | kOut)) return Direction::kBoth;
   if (directions == 0) return Direction::kUnreached;
   return directions == kIn ? Direction::kInput : Direction::kOutput;
-}
-
-bool Reach::IsMissed(const Workspace& version, std::string_view name) {
-  const auto references = version.GetReferences().Named(name);
-  return std::any_of(references.begin(), references.end(), [](const Reference* reference) {
-    return IsOfType(*reference) && reference->target.element == kNoElement;
-  });
 }
 
 }  // namespace Zelk::Analysis::Diff

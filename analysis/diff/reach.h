@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
+#include <string_view>
 #include <vector>
 
 #include "analysis/diff/kind.h"
@@ -17,8 +19,8 @@ class Reach {
   /// Of a structure or an enumeration, in both versions together.
   Direction Of(Pair definition) const;
 
-  /// Whether a type or an error of the version names something that is not in it.
-  static bool IsMissed(const Workspace& version, std::string_view name);
+  /// Whether a type or an error of the new version has a name that nothing in it has.
+  bool IsMissed(std::string_view name) const { return missed_.count(name) != 0; }
 
  private:
   /// By elements: 1 for input, 2 for output.
@@ -26,6 +28,7 @@ class Reach {
 
   Directions old_directions_;
   Directions new_directions_;
+  std::set<std::string_view> missed_;
 };
 
 }  // namespace Zelk::Analysis::Diff

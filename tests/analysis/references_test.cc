@@ -192,7 +192,7 @@ TEST(References, OperationOfAKnownServiceMayBeUnknown) {
   EXPECT_EQ(loaded.AllLines(), (Lines{"command:x: c.p.s -> service:c.p.s", "command:x: put -> ?"}));
 }
 
-TEST(References, CanBeAskedForByElementByTargetAndByName) {
+TEST(References, CanBeAskedForByElementAndByTarget) {
   const Loaded loaded(
       {MetamodelFile({Structure("c.p.a", Field("f", Named("Structure", "c.p.a"))), "",
                       Operation("get", Field("i", Named("Structure", "d.a")),
@@ -207,15 +207,12 @@ TEST(References, CanBeAskedForByElementByTargetAndByName) {
   EXPECT_EQ(
       lines(loaded.All().To({Domain::kMetamodel, a})),
       (Lines{"field:f: c.p.a -> structure:c.p.a", "result:result: c.p.a -> structure:c.p.a"}));
-  EXPECT_EQ(lines(loaded.All().Named("d.a")),
-            (Lines{"parameter:i: d.a -> ?", "error:d.a: d.a -> ?"}));
   Lines from;
   for (const Reference& reference : loaded.All().From({Domain::kMetamodel, a + 1})) {
     from.push_back(loaded.Line(reference));
   }
   EXPECT_EQ(from, (Lines{"field:f: c.p.a -> structure:c.p.a"}));
   EXPECT_TRUE(loaded.All().To({Domain::kCli, a}).empty());
-  EXPECT_TRUE(loaded.All().Named("d").empty());
 }
 
 TEST(References, TypesMayNestToAnyDepth) {

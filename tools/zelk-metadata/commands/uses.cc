@@ -189,11 +189,10 @@ std::vector<const Reference*> ReferencesTo(const Workspace& workspace, const Use
     if (operation == kNoElement) return {};
     return references.To({Domain::kMetamodel, operation});
   }
-  std::vector<const Reference*> named = references.Named(id);
-  named.erase(std::remove_if(
-                  named.begin(), named.end(),
-                  [&](const Reference* reference) { return !Means(workspace, *reference, kind); }),
-              named.end());
+  std::vector<const Reference*> named;
+  for (const Reference& reference : references.All()) {
+    if (reference.name == id && Means(workspace, reference, kind)) named.push_back(&reference);
+  }
   return named;
 }
 
