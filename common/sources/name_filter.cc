@@ -2,6 +2,8 @@
 
 #include <functional>
 
+#include "common/sources/wide_hash.h"
+
 namespace Zelk::Provider::Metadata {
 namespace {
 
@@ -10,11 +12,8 @@ constexpr std::size_t kNamesInBlock = 4;
 /// More bits would raise the false-positive rate of full blocks, fewer bits that of the others.
 constexpr int kBitsInWord = 4;
 
-/// 2^64 divided by the golden ratio: an odd number without a pattern in its bits.
-constexpr std::uint64_t kSpread = 0x9e3779b97f4a7c15;
-
 std::uint64_t Hash(std::string_view text) {
-  return std::hash<std::string_view>()(text);
+  return WideHash(std::hash<std::string_view>()(text));
 }
 
 }  // namespace
