@@ -1,9 +1,7 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <tuple>
-#include <vector>
 
 #include "analysis/element_model.h"
 
@@ -30,15 +28,6 @@ struct Scheme {
 
 /// The scheme that an element defines.
 Scheme SchemeOf(const Model& model, ElementId scheme);
-
-/// What the list of a package, a service or an operation names, in its order.
-struct SchemeList {
-  /// The entries and, in the same order, their schemes.
-  std::vector<ElementId> entries;
-  std::vector<Scheme> schemes;
-};
-
-SchemeList SchemesOf(const Model& model, ElementId list);
 
 /// Packages, services and operations of Authentication files.
 bool IsSchemeList(ElementKind kind);

@@ -16,6 +16,7 @@ struct Assumptions {
   enum class Enumerations : std::uint8_t { kClosed, kOpen };
   enum class EnumerationForm : std::uint8_t { kOrdinal, kText };
   enum class Schemes : std::uint8_t { kAny, kAll };
+  enum class Inheritance : std::uint8_t { kNone, kNearest };
 
   /// How parameters and fields are told apart on the wire.
   Parameters parameters = Parameters::kNamed;
@@ -24,9 +25,11 @@ struct Assumptions {
   Enumerations enumerations = Enumerations::kClosed;
   /// Whether values are sent as their positions, as generated enumerations count them.
   EnumerationForm enumeration_form = EnumerationForm::kOrdinal;
-  /// How many of the schemes of a list a caller needs. Nothing is inherited: each list counts for
-  /// its element alone.
+  /// How many of the schemes of a list a caller needs.
   Schemes schemes = Schemes::kAny;
+  /// Whether an operation without schemes of its own has those of its service, and a service those
+  /// of its package.
+  Inheritance inheritance = Inheritance::kNone;
   /// Annotations that say that an element will be removed.
   std::set<std::string, std::less<>> deprecated = {"Deprecated"};
   /// What a change of an annotation means for programs that ask the metadata services, by its name.

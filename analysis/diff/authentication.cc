@@ -16,8 +16,9 @@ class AuthenticationComparer {
   explicit AuthenticationComparer(Changes& changes)
       : changes_(changes),
         models_(changes.Models(Domain::kAuthentication)),
-        needed_(changes.GetAssumptions().schemes),
-        lists_(changes) {}
+        table_(models_),
+        access_(changes, table_),
+        lists_(changes, table_, access_) {}
 
   void Compare() {
     for (const ElementKind kind : {ElementKind::kComponent, ElementKind::kPackageList,
@@ -70,49 +71,90 @@ class AuthenticationComparer {
     return pair;
   }
 
-  /// The first list with schemes in what is added or removed, or kNoElement.
-  ElementId FirstList(Pair pair) const {
-    const Model& model = models_.Of(pair);
-    std::vector<ElementId> open{pair.Id()};
-    for (std::size_t next = 0; next < open.size(); ++next) {
-      const ElementId id = open[next];
-      if (IsSchemeList(model[id].kind) && !SchemesOf(model, id).schemes.empty()) return id;
-      const std::vector<ElementId> inner = ListsIn(pair, id);
-      open.insert(open.end(), inner.begin(), inner.end());
+  /// All lists in what is added or removed, itself included.
+  std::vector<ElementId> AllLists(Pair pair) const {
+    std::vector<ElementId> lists{pair.Id()};
+    for (std::size_t next = 0; next < lists.size(); ++next) {
+      const std::vector<ElementId> inner = ListsIn(pair, lists[next]);
+      lists.insert(lists.end(), inner.begin(), inner.end());
     }
-    return kNoElement;
+    if (!IsSchemeList(models_.Of(pair)[pair.Id()].kind)) lists.erase(lists.begin());
+    return lists;
+  }
+
+  /// What lists mean for callers, together.
+  struct Sum {
+    Effect worst;
+    /// The lists for which somebody is turned away or let in, and the worst of these.
+    std::size_t concerned = 0;
+    ElementId worst_list = kNoElement;
+    /// The lists with schemes, and the first of these.
+    std::size_t filled = 0;
+    ElementId first_filled = kNoElement;
+  };
+
+  Sum SumOf(const Model& model, const std::vector<ElementId>& lists) {
+    Sum sum;
+    for (const ElementId id : lists) {
+      if (!table_.SetOf(model, id).schemes.empty() && sum.filled++ == 0) sum.first_filled = id;
+      Effect effect = access_.EffectOf(model[id]);
+      Effect& worst = sum.worst;
+      worst.identity += effect.identity + ' ';
+      worst.opens_access |= effect.opens_access;
+      worst.is_new_or_gone |= effect.is_new_or_gone;
+      if (effect.access == kN) continue;
+      ++sum.concerned;
+      if (effect.access <= worst.access) continue;
+      worst.access = effect.access;
+      worst.witness = std::move(effect.witness);
+      sum.worst_list = id;
+    }
+    return sum;
+  }
+
+  static const char* WhatBecame(Pair pair, bool has_schemes) {
+    if (has_schemes) return pair.IsAdded() ? " has schemes now" : " has no schemes any more";
+    return pair.IsAdded() ? " has an empty list now" : " has no list any more";
+  }
+
+  /// The first list with schemes, and how many more there are.
+  std::string ValueOf(const Model& model, const Sum& sum) const {
+    if (sum.filled == 0) return "";
+    return TextOf(table_, table_.ListOf(model, sum.first_filled)) + MoreLists(sum.filled);
+  }
+
+  std::string IdOf(Pair pair, bool has_schemes) const {
+    const bool is_component = models_.Of(pair)[pair.Id()].kind == ElementKind::kComponent;
+    const std::string about = is_component  ? "authentication-component"
+                              : has_schemes ? "authentication-list"
+                                            : "authentication-entry";
+    return about + (pair.IsAdded() ? "-added" : "-removed");
   }
 
   void AddWhole(Pair pair) {
     const Model& model = models_.Of(pair);
-    const ElementId id = pair.Id();
-    const ElementId list = FirstList(pair);
-    const bool is_component = model[id].kind == ElementKind::kComponent;
-    const std::string about = is_component         ? "authentication-component"
-                              : list == kNoElement ? "authentication-entry"
-                                                   : "authentication-list";
-    Details details{Called(model, id) + ContentsOf(models_, pair) +
-                    (pair.IsAdded() ? " is listed now" : " is not listed any more")};
-    Class access = kN;
-    if (list != kNoElement) {
-      access = pair.IsAdded() && !is_component ? kB : kD;
-      const SchemeList schemes = SchemesOf(model, list);
-      const Schemes set = SetOf(schemes);
-      const Schemes none;
-      (pair.IsAdded() ? details.new_value : details.old_value) = TextOf(schemes);
-      details.witness = pair.IsAdded() ? Callers(none, set, needed_).TurnedAway({})
-                                       : Callers(set, none, needed_).LetIn({});
+    Sum sum = SumOf(model, AllLists(pair));
+    const bool has_schemes = sum.filled > 0;
+    Details details{Called(model, pair.Id()) + ContentsOf(models_, pair) +
+                    WhatBecame(pair, has_schemes)};
+    (pair.IsAdded() ? details.new_value : details.old_value) = ValueOf(model, sum);
+    details.identity = std::move(sum.worst.identity);
+    details.opens_access = sum.worst.opens_access;
+    if (sum.concerned > 0) {
+      details.assumption = access_.Assumed();
+      details.witness = ForLists(sum.worst.witness, Called(model, sum.worst_list), sum.concerned);
+    } else if (sum.worst.is_new_or_gone) {
+      details.hint = kConcernsNoCaller;
     }
-    details.verdicts = Verdicts{kN, kN, kN, access, pair.IsAdded() ? kC : kB};
-    changes_.Add(about + (pair.IsAdded() ? "-added" : "-removed"), Domain::kAuthentication, pair,
-                 std::move(details));
+    details.verdicts = Verdicts{kN, kN, kN, sum.worst.access, pair.IsAdded() ? kC : kD};
+    changes_.Add(IdOf(pair, has_schemes), Domain::kAuthentication, pair, std::move(details));
   }
 
   void CompareOwners(Pair pair) {
     const auto component = [](const Model& model, ElementId id) {
       return std::string(model[model[id].owner].name);
     };
-    Details details{Called(models_.old_model, pair.old_id) + " is listed in another component"};
+    Details details{Called(models_.old_model, pair.old_id) + " was moved to another component"};
     details.old_value = component(models_.old_model, pair.old_id);
     details.new_value = component(models_.new_model, pair.new_id);
     if (details.old_value == details.new_value) return;
@@ -121,7 +163,8 @@ class AuthenticationComparer {
 
   Changes& changes_;
   ModelPair models_;
-  Assumptions::Schemes needed_;
+  SchemeTable table_;
+  Access access_;
   ListsComparer lists_;
 };
 

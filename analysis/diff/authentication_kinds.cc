@@ -7,9 +7,18 @@ namespace {
 // clang-format off
 // NOLINTBEGIN(cppcoreguidelines-macro-usage): only macros join literals
 
+#define ZELK_SLOT(slot, name, schemes, packages) \
+  "\"" slot R"(": {"name": ")" name "\", \"schemes\": {\n  " schemes "},\n  \"packages\": {" packages "}}"
+
+#define ZELK_FILE(slots) "{\"authentication\": {" slots "}}"
+
 #define ZELK_COMPONENT(name, schemes, packages) \
-  R"({"authentication": {"component": {"name": ")" name "\", \"schemes\": {\n  " schemes \
-  "},\n  \"packages\": {" packages "}}}}"
+  ZELK_FILE(ZELK_SLOT("component", name, schemes, packages))
+
+/// Two components in one file, so that one of them can come or go.
+#define ZELK_TWO(packages, spare_packages) \
+  ZELK_FILE(ZELK_SLOT("component", "acme", ZELK_LOGIN, packages) ",\n " \
+            ZELK_SLOT("product", "acme.spare", ZELK_LOGIN, spare_packages))
 
 #define ZELK_SESSIONLESS(name, id) \
   "\"" name R"(": {"authenticationScheme": ")" id R"(", "type": "SESSIONLESS"})"
@@ -40,11 +49,10 @@ constexpr char kCard[] = ZELK_LISTS(R"("card")");
 constexpr char kLoginAndCard[] = ZELK_LISTS(R"("login", "card")");
 constexpr char kCardAndLogin[] = ZELK_LISTS(R"("card", "login")");
 constexpr char kNoList[] = ZELK_COMPONENT("acme", ZELK_SCHEMES, "");
-constexpr char kOtherComponent[] =
-    ZELK_COMPONENT("acme.spare", ZELK_LOGIN, R"("acme.spare.parts": ["login"])");
-constexpr char kSpareWithout[] = ZELK_COMPONENT("acme.spare", ZELK_LOGIN, "");
-constexpr char kSpareWithPower[] =
-    ZELK_COMPONENT("acme.spare", ZELK_LOGIN, R"("acme.power": ["login"])");
+constexpr char kOne[] = ZELK_COMPONENT("acme", ZELK_LOGIN, R"("acme.power": ["login"])");
+constexpr char kTwo[] = ZELK_TWO(R"("acme.power": ["login"])", R"("acme.spare.parts": ["login"])");
+constexpr char kPowerInFirst[] = ZELK_TWO(R"("acme.power": ["login"])", "");
+constexpr char kPowerInSecond[] = ZELK_TWO("", R"("acme.power": ["login"])");
 constexpr char kCardOfSession[] = ZELK_LISTED(ZELK_SESSION_AWARE("card", "acme.card", "acme.a"));
 
 constexpr Kind kRows[] = {
@@ -54,9 +62,11 @@ constexpr Kind kRows[] = {
      Action::kRemoved,
      Always(kN, kN, kN, kD, kC),
      "A list of schemes is gone or empty",
-     "Callers without a scheme may get access, since nothing says any more what they need. These "
-     "changes are always shown first.",
-     "List a scheme that everybody has, such as one for anonymous calls, if access is to be open.",
+     "Callers without a scheme get access if the element inherits no schemes; such changes are "
+     "always shown first. No caller is turned away, so it is dangerous, not breaking. It is "
+     "breaking if the element inherits schemes that callers do not have. If the list is gone, not "
+     "empty, programs that ask for it get an error, as for anything without a list.",
+     "If access is to be open, list a scheme that everybody has, such as one for anonymous calls.",
      {{kLogin}, {kEmptyList}, kPackage}},
     {"authentication-list-added",
      Area::kAuthentication,
@@ -64,7 +74,8 @@ constexpr Kind kRows[] = {
      Action::kAdded,
      Always(kN, kN, kN, kB, kC),
      "A list of schemes is new or no longer empty",
-     "Callers without one of the schemes are turned away.",
+     "Callers without one of the schemes are turned away, unless the element inherited the same "
+     "schemes. It concerns no caller if what the list is for is new in the Metamodel files, too.",
      "List a scheme for anonymous calls as well until all callers have one of the others.",
      {{kEmptyList}, {kLogin}, kPackage}},
     {"authentication-scheme-removed",
@@ -72,7 +83,7 @@ constexpr Kind kRows[] = {
      "authentication scheme",
      Action::kRemoved,
      Always(kN, kN, kN, kB, kC),
-     "A list has a scheme less",
+     "A scheme was removed from a list",
      "Callers with this scheme alone are turned away. If callers need all schemes of a list, it is "
      "dangerous instead: callers without this one get access.",
      "Remove it when no caller uses it any more.",
@@ -82,7 +93,7 @@ constexpr Kind kRows[] = {
      "authentication scheme",
      Action::kAdded,
      Always(kN, kN, kN, kD, kC),
-     "A list has one more scheme",
+     "A scheme was added to a list",
      "Callers with this scheme get access. If callers need all schemes of a list, it is breaking "
      "instead: callers without this one are turned away.",
      "Check that callers with this scheme are meant to have access.",
@@ -92,8 +103,8 @@ constexpr Kind kRows[] = {
      "authentication schemes",
      Action::kChanged,
      Always(kN, kN, kN, kB, kC),
-     "A list has other schemes",
-     "Not one of the schemes is left, so all callers are turned away.",
+     "All schemes of a list were replaced",
+     "No scheme of the list is left, so callers that have only the old schemes are turned away.",
      "List the old and the new schemes together until all callers have a new one.",
      {{kLogin}, {kCard}, kPackage}},
     {"authentication-scheme-order-changed",
@@ -140,10 +151,10 @@ constexpr Kind kRows[] = {
      Area::kAuthentication,
      "authentication entry",
      Action::kRemoved,
-     Always(kN, kN, kN, kN, kB),
-     "An empty list is gone",
-     "Who may call does not change. Programs that ask for the schemes get an error in place of an "
-     "empty list.",
+     Always(kN, kN, kN, kN, kD),
+     "An empty list was removed",
+     "Who may call does not change, unless what the element is in has schemes: some hosts inherit "
+     "these only now. Programs that ask for the schemes get an error in place of an empty list.",
      "Keep the empty list.",
      {{kEmptyList}, {kNoList}, kPackage}},
     {"authentication-entry-added",
@@ -151,41 +162,43 @@ constexpr Kind kRows[] = {
      "authentication entry",
      Action::kAdded,
      Always(kN, kN, kN, kN, kC),
-     "An empty list is new",
-     "Who may call does not change. Programs that ask for the schemes get an empty list in place "
-     "of an error.",
-     "Say what you mean with a scheme.",
+     "An empty list was added",
+     "Who may call does not change, unless what the element is in has schemes: some hosts let "
+     "everybody in where a list is empty. Then the change is dangerous and is shown first. "
+     "Programs that ask for the schemes get an empty list in place of an error.",
+     "List the schemes that callers need, or no list.",
      {{kNoList}, {kEmptyList}, kPackage}},
     {"authentication-component-removed",
      Area::kAuthentication,
      "authentication component",
      Action::kRemoved,
-     Always(kN, kN, kN, kD, kB),
-     "A component has no lists any more",
-     "Callers without a scheme may get access, since nothing says any more what they need. "
-     "Programs that ask for the component get an error.",
-     "Keep the file as long as the component can be called.",
-     {{kLogin, kOtherComponent}, {kLogin}, "authentication/component:acme.spare"}},
+     Always(kN, kN, kN, kD, kD),
+     "A component with lists was removed",
+     "Callers without a scheme get access to what it listed. Such changes are always shown first. "
+     "No caller is turned away, so it is dangerous, not breaking. Programs that ask for the "
+     "component get an error, as for anything without a list.",
+     "Keep the lists as long as the component can be called.",
+     {{kTwo}, {kOne}, "authentication/component:acme.spare"}},
     {"authentication-component-added",
      Area::kAuthentication,
      "authentication component",
      Action::kAdded,
-     Always(kN, kN, kN, kD, kC),
-     "A component has lists now",
-     "Callers that knew nothing of schemes may be turned away, if the component could be called "
-     "before.",
-     "Add the lists when the component is new.",
-     {{kLogin}, {kLogin, kOtherComponent}, "authentication/component:acme.spare"}},
+     Always(kN, kN, kN, kB, kC),
+     "A component with lists was added",
+     "Callers without one of the schemes are turned away, as for any list that is added. It "
+     "concerns no caller if the component is new in the Metamodel files, too.",
+     "Add the lists together with the component.",
+     {{kOne}, {kTwo}, "authentication/component:acme.spare"}},
     {"authentication-package-moved",
      Area::kAuthentication,
      "authentication package",
      Action::kChanged,
      Always(kN, kN, kN, kN, kD),
-     "A package is listed in another component",
+     "A package was moved to another component",
      "Who may call does not change. Programs that go from components to packages do not find it "
      "where it was.",
-     "Nothing, if it has moved in the Metamodel file, too.",
-     {{kLogin, kSpareWithout}, {kNoList, kSpareWithPower}, kPackage}},
+     "No action is needed if it was moved in the Metamodel file, too.",
+     {{kPowerInFirst}, {kPowerInSecond}, kPackage}},
 };
 
 }  // namespace

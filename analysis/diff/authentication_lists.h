@@ -1,25 +1,33 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <string_view>
 #include <tuple>
 #include <vector>
 
+#include "analysis/diff/access.h"
 #include "analysis/diff/callers.h"
 #include "analysis/diff/change.h"
+#include "analysis/diff/scheme_table.h"
 
 namespace Zelk::Analysis::Diff {
 
-/// The schemes in their order, as text.
-std::string TextOf(const SchemeList& list);
+/// The schemes in their order, as text. Long lists are shown in part.
+std::string TextOf(const SchemeTable& table, const SchemeList& list);
 
-Schemes SetOf(const SchemeList& list);
+/// "; and 2 more lists", or an empty text if there is only the first one.
+std::string MoreLists(std::size_t count);
+
+/// The proof for the first one of several lists, with the number of the others.
+std::string ForLists(const std::string& witness, const std::string& first, std::size_t count);
 
 /// Compares what packages, services and operations list in both versions.
 class ListsComparer {
  public:
-  explicit ListsComparer(Changes& changes);
+  /// All three must outlive it.
+  ListsComparer(Changes& changes, SchemeTable& table, Access& access);
 
   /// The element is in both versions.
   void Compare(Pair pair);
@@ -38,7 +46,7 @@ class ListsComparer {
   };
 
   /// The component, and the schemes before and after.
-  using ReplacedScheme = std::tuple<std::string_view, Scheme, Scheme>;
+  using ReplacedScheme = std::tuple<ElementId, SchemeNumber, SchemeNumber>;
 
   struct Replacement {
     /// The elements that define the schemes.
@@ -49,6 +57,8 @@ class ListsComparer {
     std::string witness;
   };
 
+  /// One of the lists is empty.
+  void CompareEmpty(const Lists& lists);
   void CompareOrder(const Lists& lists);
   void CompareSchemes(const Lists& lists);
   /// Takes out of both those that are the same scheme with another definition. Returns whether
@@ -60,15 +70,20 @@ class ListsComparer {
   void AddAdded(const Lists& lists, std::size_t position);
 
   void Add(std::string_view id, const Lists& lists, Class access, Details details);
+  std::string ListOf(const Lists& lists) const;
   std::string Assumed() const;
   /// A caller that has this scheme, and the others if all of the old ones were needed.
-  Schemes CallerWith(const Scheme& scheme, const Lists& lists) const;
+  Schemes CallerWith(SchemeNumber scheme, const Lists& lists) const;
 
-  Callers CallersOf(const Lists& lists) const { return {lists.old_set, lists.new_set, needed_}; }
+  Callers CallersOf(const Lists& lists) const {
+    return {table_, lists.old_set, lists.new_set, needed_};
+  }
 
   Changes& changes_;
   ModelPair models_;
   Assumptions::Schemes needed_;
+  SchemeTable& table_;
+  Access& access_;
   /// All schemes that any list of the version names.
   Schemes old_listed_;
   Schemes new_listed_;

@@ -31,13 +31,6 @@ Class ClassOf(const Verdicts& verdicts, AudienceSet audiences) {
   return worst;
 }
 
-bool OpensAccess(const Change& change) {
-  const std::string_view id = change.kind->id;
-  if (id == "authentication-list-removed") return true;
-  return id == "authentication-component-removed" &&
-         ClassOf(change, SetOf(Audience::kAuth)) != Class::kNotConcerned;
-}
-
 bool Changes::WasDeprecated(ElementId id) {
   const Model& model = old_version_.ModelOf(Domain::kMetamodel);
   for (; id != kNoElement; id = model[id].owner) {
@@ -71,9 +64,11 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
   std::string path = details.element;
   if (path.empty()) path = models.Of(pair).Path(pair.Id());
   std::string identity = kind.id;
-  for (const std::string* part : {&path, &details.old_value, &details.new_value}) {
+  for (const std::string* part :
+       {&path, &details.old_value, &details.new_value, &details.identity}) {
     (identity += '\0') += *part;
   }
+  details.identity.clear();
   details.old_value = Shortened(details.old_value, 1000);
   details.new_value = Shortened(details.new_value, 1000);
   const std::size_t size =

@@ -37,6 +37,10 @@ struct Details {
   NodeId new_node = kNoNode;
   /// The path of what is not an element, such as "metamodel/resource:c.id"; or empty.
   std::string element = {};
+  /// What else tells the change from others of the same element; not shown.
+  std::string identity = {};
+  /// Whether callers without a scheme may gain access by it.
+  bool opens_access = false;
 };
 
 struct Change {
@@ -48,7 +52,8 @@ struct Change {
   std::optional<Place> old_place;
   std::optional<Place> new_place;
   Details details;
-  /// Of the kind, the element and both values: the same for the same change in other files.
+  /// Of the kind, the element, both values and the identity: the same for the same change in other
+  /// files.
   std::uint64_t fingerprint;
 };
 
@@ -59,8 +64,10 @@ inline Class ClassOf(const Change& change, AudienceSet audiences = kAllAudiences
   return ClassOf(change.verdicts, audiences);
 }
 
-/// Whether callers without a scheme gain access by it.
-bool OpensAccess(const Change& change);
+/// Such changes are shown first.
+inline bool OpensAccess(const Change& change) {
+  return change.details.opens_access;
+}
 
 /// How many changes have the same verdicts.
 using VerdictCounts = std::map<Verdicts, std::size_t>;

@@ -42,6 +42,7 @@ const std::vector<Choice>& Choices() {
       ChoiceOf<&All::enumeration_form, All::EnumerationForm::kText>("enumeration_form", "ordinal",
                                                                     "text"),
       ChoiceOf<&All::schemes, All::Schemes::kAll>("schemes", "any", "all"),
+      ChoiceOf<&All::inheritance, All::Inheritance::kNearest>("inheritance", "none", "nearest"),
   };
   return choices;
 }

@@ -68,6 +68,11 @@ constexpr const char* kAnyTexts[] = {
     "Callers need one of the schemes of a list.",
     "Callers need all schemes of a list.",
 };
+constexpr const char* kNoneWords[] = {"none", "nearest", nullptr};
+constexpr const char* kNoneTexts[] = {
+    "Callers of what has no schemes of its own need none.",
+    "Operations without schemes have those of the service, and services those of the package.",
+};
 constexpr const char* kClassNames[] = {"documentation", "compatible", "dangerous", "breaking",
                                        nullptr};
 constexpr const char* kClassTexts[] = {
@@ -86,6 +91,7 @@ constexpr Words kIgnored{kIgnoredWords, nullptr, nullptr, kIgnoredTexts};
 constexpr Words kClosed{kClosedWords, nullptr, nullptr, kClosedTexts};
 constexpr Words kOrdinal{kOrdinalWords, nullptr, nullptr, kOrdinalTexts};
 constexpr Words kAny{kAnyWords, nullptr, nullptr, kAnyTexts};
+constexpr Words kNone{kNoneWords, nullptr, nullptr, kNoneTexts};
 constexpr Words kClasses{kClassNames, nullptr, nullptr, kClassTexts};
 constexpr ValueForm kClass = WordOf(kClasses);
 
@@ -95,6 +101,7 @@ constexpr KeyForm kDiffKeys[] = {
     Optional("enumerations", WordOf(kClosed), "What receivers do with unknown values."),
     Optional("enumeration_form", WordOf(kOrdinal), "How values of enumerations are sent."),
     Optional("schemes", WordOf(kAny), "How many schemes of a list callers need."),
+    Optional("inheritance", WordOf(kNone), "Which schemes count where a list has no schemes."),
     Optional("deprecated", ListOf(kName),
              "Annotations that say that an element will be removed: `Deprecated` if absent."),
     Optional("annotations", MembersOf(kClass),

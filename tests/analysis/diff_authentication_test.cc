@@ -136,13 +136,14 @@ TEST(AuthenticationChanges, ChangedSchemeIsOneChangeForAllItsLists) {
                   "'acme.q', the service 'acme.p.s', the service 'acme.p.t', the operation "
                   "'acme.p.s.o' and 2 more"));
   EXPECT_THAT(Witnessed({one}, {aware}),
-              ElementsAre("---Bc authentication-scheme-type-changed: callers with acme.a "
-                          "(SESSIONLESS) could call; now they need acme.a (SESSION_AWARE, session "
-                          "manager acme.s)"));
+              ElementsAre("---Bc authentication-scheme-type-changed: the list of the package "
+                          "'acme.p': callers with acme.a (SESSIONLESS) could call; now they need "
+                          "acme.a (SESSION_AWARE, session manager acme.s); and 6 more lists"));
   EXPECT_THAT(Witnessed({aware}, {moved}),
-              ElementsAre("---Bc authentication-session-manager-changed: callers with acme.a "
-                          "(SESSION_AWARE, session manager acme.s) could call; now they need "
-                          "acme.a (SESSION_AWARE, session manager acme.t)"));
+              ElementsAre("---Bc authentication-session-manager-changed: the list of the package "
+                          "'acme.p': callers with acme.a (SESSION_AWARE, session manager acme.s) "
+                          "could call; now they need acme.a (SESSION_AWARE, session manager "
+                          "acme.t); and 6 more lists"));
 }
 
 TEST(AuthenticationChanges, SchemeThatIsStillListedElsewhereWasNotChanged) {
@@ -154,8 +155,8 @@ TEST(AuthenticationChanges, SchemeThatIsStillListedElsewhereWasNotChanged) {
                      std::string(R"(, "packages": {"acme.p": ["a"], "acme.q": )") + list + "}");
   };
   EXPECT_THAT(Changed({with(R"(["a"])")}, {with(R"(["x"])")}),
-              ElementsAre("---Bc authentication-schemes-replaced package:acme.q: the list of the "
-                          "package 'acme.q' has other schemes"));
+              ElementsAre("---Bc authentication-schemes-replaced package:acme.q: all schemes of "
+                          "the list of the package 'acme.q' were replaced"));
 }
 
 TEST(AuthenticationChanges, RenamedAndRedefinedSchemeIsFoundByItsId) {
@@ -180,13 +181,14 @@ TEST(AuthenticationChanges, WholeListsAreRolledUp) {
       "operations": {"acme.p.s.o": ["a"], "acme.p.s.x": ["a"], "acme.p.t.o": ["b"]})");
   EXPECT_THAT(Changed({none}, {all}),
               ElementsAre("---Bc authentication-list-added package:acme.p: the package 'acme.p' "
-                          "with 2 services and 3 operations is listed now"));
+                          "with 2 services and 3 operations has schemes now"));
   EXPECT_THAT(Changed({all}, {none}),
-              ElementsAre("---DB authentication-list-removed package:acme.p: the package 'acme.p' "
-                          "with 2 services and 3 operations is not listed any more"));
+              ElementsAre("---DD authentication-list-removed package:acme.p: the package 'acme.p' "
+                          "with 2 services and 3 operations has no schemes any more"));
   EXPECT_THAT(Witnessed({all}, {none}),
-              ElementsAre("---DB authentication-list-removed: callers without a scheme needed "
-                          "acme.a (SESSIONLESS); now they can call"));
+              ElementsAre("---DD authentication-list-removed: the list of the service 'acme.p.s': "
+                          "callers without a scheme needed acme.a (SESSIONLESS); now they can "
+                          "call; and 3 more lists"));
 }
 
 TEST(AuthenticationChanges, ListsThatAreMadeAreReportedForSeveral) {
@@ -194,12 +196,12 @@ TEST(AuthenticationChanges, ListsThatAreMadeAreReportedForSeveral) {
   const std::string one = Component(kSchemes, R"(, "operations": {"acme.p.s.o": ["a"]})");
   EXPECT_THAT(Changed({none}, {one}),
               ElementsAre("---Bc authentication-list-added operation:acme.p.s.o: the operation "
-                          "'acme.p.s.o' is listed now"));
+                          "'acme.p.s.o' has schemes now"));
   const std::string two =
       Component(kSchemes, R"(, "operations": {"acme.p.s.o": ["a"], "acme.p.s.x": ["a"]})");
   EXPECT_THAT(Changed({none}, {two}),
               ElementsAre("---Bc authentication-list-added service:acme.p.s: the service "
-                          "'acme.p.s' with 2 operations is listed now"));
+                          "'acme.p.s' with 2 operations has schemes now"));
 }
 
 TEST(AuthenticationChanges, ListsOfOneServiceMayBeInSeveralComponents) {
@@ -208,10 +210,10 @@ TEST(AuthenticationChanges, ListsOfOneServiceMayBeInSeveralComponents) {
       Component(kSchemes, R"(, "operations": {"acme.p.s.o": ["a"]})", "acme.b");
   EXPECT_THAT(Changed({first, second},
                       {Component(kSchemes, "", "acme.a"), Component(kSchemes, "", "acme.b")}),
-              ElementsAre("---DB authentication-list-removed operation:acme.p.s.o: the operation "
-                          "'acme.p.s.o' is not listed any more",
-                          "----B authentication-entry-removed service:acme.p.s: the service "
-                          "'acme.p.s' is not listed any more"));
+              ElementsAre("---DD authentication-list-removed operation:acme.p.s.o: the operation "
+                          "'acme.p.s.o' has no schemes any more",
+                          "----D authentication-entry-removed service:acme.p.s: the service "
+                          "'acme.p.s' has no list any more"));
 }
 
 TEST(AuthenticationChanges, ComponentsWithoutSchemesConcernNoCaller) {
@@ -219,10 +221,10 @@ TEST(AuthenticationChanges, ComponentsWithoutSchemesConcernNoCaller) {
   const std::string other = Component(kSchemes, R"(, "packages": {"acme.o": []})", "acme.other");
   EXPECT_THAT(Changed({file}, {file, other}),
               ElementsAre("----c authentication-component-added component:acme.other: the "
-                          "component 'acme.other' with 1 package is listed now"));
+                          "component 'acme.other' with 1 package has an empty list now"));
   EXPECT_THAT(
       Witnessed({file, Component(kSchemes, R"(, "packages": {"acme.o": ["a"]})", "other")}, {file}),
-      ElementsAre("---DB authentication-component-removed: callers without a scheme needed "
+      ElementsAre("---DD authentication-component-removed: callers without a scheme needed "
                   "acme.a (SESSIONLESS); now they can call"));
 }
 
@@ -239,7 +241,7 @@ TEST(AuthenticationChanges, OpenedAccessComesFirst) {
 TEST(AuthenticationChanges, ComponentThatOpensAccessComesFirst) {
   const std::string spare = Component(kSchemes, R"(, "packages": {"acme.s": ["a"]})", "acme.spare");
   EXPECT_THAT(Witnessed({Listing("\"a\", \"b\""), spare}, {Listing("\"a\"")}),
-              ElementsAre(testing::StartsWith("---DB authentication-component-removed"),
+              ElementsAre(testing::StartsWith("---DD authentication-component-removed"),
                           testing::StartsWith("---Bc authentication-scheme-removed")));
 }
 

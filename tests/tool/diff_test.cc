@@ -42,7 +42,7 @@ TEST(Diff, TextHasClassesElementsPlacesAndASummary) {
             "old: old.json (1 file)\n"
             "new: new.json (1 file)\n"
             "assumed: parameters: named, unknown_fields: ignored, enumerations: closed, "
-            "enumeration_form: ordinal, schemes: any\n"
+            "enumeration_form: ordinal, schemes: any, inheritance: none\n"
             "\nBreaking\n" +
                 service +
                 "stop\n"
@@ -205,12 +205,13 @@ TEST(Diff, AssumptionsAreThoseOfTheProject) {
   const Versions versions(kBefore, kAfter);
   const std::string config = versions.Write("config.json", R"({"diff": {
     "parameters": "positional", "unknown_fields": "refused", "enumerations": "open",
-    "enumeration_form": "text", "schemes": "all",
+    "enumeration_form": "text", "schemes": "all", "inheritance": "nearest",
     "deprecated": ["Old"], "annotations": {"Since": "documentation", "Must": "breaking"}}})");
   const ToolRun run = versions.Run({"--config", config});
   EXPECT_EQ(run.err, "");
   EXPECT_THAT(run.out, HasSubstr("assumed: parameters: positional, unknown_fields: refused, "
-                                 "enumerations: open, enumeration_form: text, schemes: all\n"));
+                                 "enumerations: open, enumeration_form: text, schemes: all, "
+                                 "inheritance: nearest\n"));
   EXPECT_THAT(versions.Run({"--config", versions.Write("other.json", "{}")}).out,
               HasSubstr("assumed: parameters: named, "));
 }
