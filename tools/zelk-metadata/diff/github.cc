@@ -35,7 +35,8 @@ WorkflowCommand CommandOf(const Report& report, const Entry& entry) {
         PathOfRevision(NamedPlaceOf(*report.old_version.workspace, *change.old_place).file);
   }
   command.title = change.kind->id;
-  command.text = Analysis::Shortened(change.details.message, 1000);
+  command.text = OpensAccess(change) ? "access is opened: " : "";
+  command.text += Analysis::Shortened(change.details.message, 1000);
   for (const std::string& more : {change.details.witness, change.details.hint}) {
     if (!more.empty()) command.text += " (" + more + ")";
   }

@@ -56,6 +56,7 @@ class MarkdownWriter {
   void Write() {
     out_ << "# Changes\n\nFrom " << Code(report_.old_version.name) << " to "
          << Code(report_.new_version.name) << ".\n";
+    WriteOpened();
     for (const Audience audience : kAudiences) {
       if ((report_.audiences & SetOf(audience)) != 0) WriteAudience(audience);
     }
@@ -72,12 +73,29 @@ class MarkdownWriter {
   }
 
  private:
+  /// These are not repeated among those of who may call.
+  static bool IsOpened(const Entry& entry, Audience audience) {
+    return audience == Audience::kAuth && OpensAccess(*entry.change);
+  }
+
+  void WriteOpened() {
+    if ((report_.audiences & SetOf(Audience::kAuth)) == 0) return;
+    bool has_heading = false;
+    for (const Entry& entry : report_.entries) {
+      if (!IsOpened(entry, Audience::kAuth)) continue;
+      if (!has_heading) out_ << "\n## " << GroupOf(entry) << "\n\n";
+      has_heading = true;
+      WriteEntry(entry);
+    }
+  }
+
   void WriteAudience(Audience audience) {
     bool has_heading = false;
     for (const Class worst : kShownClasses) {
       bool has_class = false;
       for (const Entry& entry : report_.entries) {
-        if (entry.change->verdicts.at(static_cast<std::size_t>(audience)) != worst) continue;
+        const Class verdict = entry.change->verdicts.at(static_cast<std::size_t>(audience));
+        if (verdict != worst || IsOpened(entry, audience)) continue;
         if (!has_heading) out_ << "\n## " << AudienceHeading(audience) << '\n';
         if (!has_class) out_ << "\n### " << HeadingOf(worst) << "\n\n";
         has_heading = has_class = true;

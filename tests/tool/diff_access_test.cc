@@ -1,0 +1,71 @@
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include "tool/diff_run.h"
+
+// Access that is opened, which is shown first.
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+using Zelk::Testing::ParsedJson;
+using Zelk::Testing::ToolRun;
+using Zelk::Testing::Versions;
+
+namespace {
+
+std::string Listing(const std::string& first, const std::string& second) {
+  return R"({"authentication": {"component": {"name": "acme", "schemes": {
+    "a": {"authenticationScheme": "x.a", "type": "SESSIONLESS"},
+    "b": {"authenticationScheme": "x.b", "type": "SESSIONLESS"}},
+    "packages": {"acme.one": [)" +
+         first + R"(], "acme.two": [)" + second + "]}}}}";
+}
+
+/// The first package has a scheme less, and the second one has no schemes any more.
+ToolRun Compared(const std::string& output, const std::string& audience = "auth") {
+  return Versions(Listing(R"("a", "b")", R"("a")"), Listing(R"("a")", ""))
+      .Run({"--output", output, "--for", audience});
+}
+
+}  // namespace
+
+TEST(OpenedAccess, IsFirstInText) {
+  const std::string text = Compared("text").out;
+  const auto opened = text.find("\nAccess is opened\n");
+  EXPECT_LT(opened, text.find("the list of the package 'acme.two' is empty now"));
+  EXPECT_LT(opened, text.find("\nBreaking\n"));
+  EXPECT_LT(text.find("\nBreaking\n"), text.find("was removed from the list of"));
+  EXPECT_THAT(text, HasSubstr("assumed: inheritance: none, schemes: any\n"));
+}
+
+TEST(OpenedAccess, IsFirstInJson) {
+  const std::string text = Compared("json").out;
+  const auto changes = ParsedJson(text, "changes");
+  ASSERT_EQ(changes.Size(), 2U);
+  EXPECT_STREQ(changes[0]["id"].GetString(), "authentication-list-removed");
+  EXPECT_STREQ(changes[0]["class"].GetString(), "dangerous");
+  EXPECT_STREQ(changes[1]["class"].GetString(), "breaking");
+  EXPECT_THAT(text, HasSubstr("\"inheritance\":\"none\""));
+}
+
+TEST(OpenedAccess, IsFirstInMarkdown) {
+  const std::string text = Compared("markdown").out;
+  EXPECT_THAT(text, HasSubstr("\n## Access is opened\n\n"
+                              "- the list of the package 'acme.two' is empty now "
+                              "(`authentication-list-removed`)\n"));
+  EXPECT_LT(text.find("## Access is opened"), text.find("## Who may call\n\n### Breaking\n"));
+  EXPECT_THAT(text, Not(HasSubstr("### Dangerous")));
+}
+
+TEST(OpenedAccess, HasNoHeadingForOtherReaders) {
+  EXPECT_THAT(Compared("markdown", "metadata").out, Not(HasSubstr("## Access is opened")));
+}
+
+TEST(OpenedAccess, IsFirstInAnnotations) {
+  const std::string text = Compared("github").out;
+  EXPECT_THAT(text, StartsWith("::warning file=new.json,line=4,col="));
+  EXPECT_THAT(text, HasSubstr("title=authentication-list-removed::access is opened: the list of"));
+  EXPECT_LT(text.find("access is opened"), text.find("::error"));
+}
