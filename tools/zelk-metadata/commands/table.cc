@@ -21,6 +21,7 @@
   ROW(Fingerprint)              \
   ROW(Usage)                    \
   ROW(Schema)                   \
+  ROW(Docs)                     \
   ROW(Shell)                    \
   ROW(Completion)               \
   ROW(Man)                      \

@@ -41,6 +41,9 @@ struct Arguments {
   bool accepts = false;
   std::string draft;
 
+  /// Of `docs`.
+  std::string output_file;
+
   /// Of `search` and `get`.
   std::vector<std::string> kinds;
   bool is_regex = false;

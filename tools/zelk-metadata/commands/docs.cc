@@ -1,0 +1,90 @@
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+#include "docs/page.h"
+#include "language/invocation.h"
+#include "lint/input.h"
+
+namespace Zelk::Tool {
+namespace {
+
+using Analysis::Domain;
+using Analysis::ElementKind;
+using Analysis::Lint::Workspace;
+
+/// The name of the component if there is one.
+std::string TitleOf(const Workspace& workspace) {
+  std::string title;
+  const Analysis::Model& model = workspace.ModelOf(Domain::kMetamodel);
+  for (Analysis::ElementId id = 0; id < model.Size(); ++id) {
+    if (model[id].kind != ElementKind::kComponent) continue;
+    if (!title.empty() && title != model[id].name) return "Interfaces";
+    title = model[id].name;
+  }
+  return title.empty() ? "Interfaces" : title;
+}
+
+/// Where --output-file leads, or what is in its place.
+ExitStatus WritePage(const Invocation& call, const Docs::Subject& subject) {
+  const std::string& path = call.Args().output_file;
+  if (path.empty()) {
+    Docs::WritePage(call.Out(), subject);
+    return ExitStatus::kOk;
+  }
+  std::ofstream file(path, std::ios::binary);
+  Docs::WritePage(file, subject);
+  if (file.flush()) return ExitStatus::kOk;
+  return call.Fail(ExitStatus::kOutputLost, path + ": the page could not be written");
+}
+
+/// All files on one page.
+ExitStatus RunDocs(Invocation& call) {
+  const std::vector<std::string> words = call.Sources();
+  if (words.empty()) {
+    return call.Fail(ExitStatus::kUsage, "a --source is missing; try docs --help");
+  }
+  std::vector<SourceArgument> sources;
+  std::transform(words.begin(), words.end(), std::back_inserter(sources), ParseSourceArgument);
+  Lint::Input input = Lint::ReadInput(sources, call.GetStreams().in);
+  for (const Unreadable& file : input.unreadable) call.Complain(file.file + ": " + file.reason);
+  for (const LoadReport& report : input.failed) {
+    call.Complain(ProblemLine(report.file, report.problems.back()));
+  }
+  const Workspace workspace(std::move(input.files));
+  const std::string& title = call.Args().text;
+  const ExitStatus status =
+      WritePage(call, {workspace, input.failed, title.empty() ? TitleOf(workspace) : title});
+  const bool has_failed = !input.unreadable.empty() || !input.failed.empty();
+  return has_failed && status == ExitStatus::kOk ? ExitStatus::kSourceFailed : status;
+}
+
+}  // namespace
+
+Command DocsCommand() {
+  Command command;
+  command.name = "docs";
+  command.summary = "Write all that the files describe as one HTML page";
+  command.details =
+      "The page can be opened from disk. It needs no server and no network, and makes no request: "
+      "its content security policy forbids that. It has a search, links in both directions, the "
+      "schemes that are listed for each operation, the commands that call it, and where in which "
+      "file everything is. docs/explorer.md describes it.\n"
+      "Files that do not load are listed on the page with their messages, and the exit status is "
+      "1.\n";
+  command.options = {
+      {"output-file", "FILE", Word::kPath, "Write the page to the file, not to standard output",
+       &Arguments::output_file},
+      {"title", "TEXT", Word::kText, "The title; unless given, the name of the component",
+       &Arguments::text},
+  };
+  command.outputs = {"html"};
+  command.example = "docs --source metadata --output-file /tmp/zelk-metadata.html";
+  command.scope = Scope::kProgram;
+  command.is_paged = false;
+  command.run = RunDocs;
+  return command;
+}
+
+}  // namespace Zelk::Tool

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "analysis/lint/workspace.h"
+
+namespace Zelk::Tool::Docs {
+
+/// What browsers show in which scripts are switched off: components, packages and services,
+/// schemes, namespaces, commands and sources as lists.
+std::string ContentsHtml(const Analysis::Lint::Workspace& workspace);
+
+}  // namespace Zelk::Tool::Docs

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "analysis/lint/workspace.h"
+#include "host/load.h"
+
+namespace Zelk::Tool::Docs {
+
+/// What a page is about.
+struct Subject {
+  const Analysis::Lint::Workspace& workspace;
+  /// Files that do not load; the page lists them with their messages.
+  const std::vector<LoadReport>& failed;
+  std::string title;
+};
+
+/// All elements with their places, fates and references, as JSON in columns: the value at a
+/// position of each column belongs to one element. page/model.js reads it and describes it.
+std::string StructureJson(const Subject& subject);
+
+/// The documentation of every element, in the same order; 0 for one without.
+std::string DocumentationJson(const Analysis::Lint::Workspace& workspace);
+
+}  // namespace Zelk::Tool::Docs

@@ -1,0 +1,37 @@
+// Types as texts and links. A type is a row of links, outermost first: even for words, odd for
+// definitions. In front of a name that is not loaded is an empty word.
+
+/** How many types each generic type is made of. */
+const PARTS = { LIST: 1, SET: 1, OPTIONAL: 1, MAP: 2 };
+
+/** More is not shown: types may nest to any depth. */
+const LONGEST = 400;
+
+/** The pieces of a type: texts, and definitions with their `id`, which is -1 if it is not loaded. */
+export function typePieces(model, row) {
+  const pieces = [];
+  const open = []; // how many types each generic type still needs
+  for (let i = 0; i < row.length; ++i) {
+    if (pieces.length > LONGEST) return [...pieces, { text: '…' }];
+    let word = row[i] % 2 ? '' : model.strings[row[i] >> 1];
+    if (row[i] % 2) pieces.push({ id: row[i] >> 1, text: model.simpleName(row[i] >> 1) });
+    else if (word === '') pieces.push({ id: -1, text: model.strings[row[++i] >> 1] });
+    else if (PARTS[word]) {
+      pieces.push({ text: word + '<' });
+      open.push(PARTS[word]);
+      continue;
+    } else pieces.push({ text: word });
+    while (open.length && --open[open.length - 1] === 0) {
+      open.pop();
+      pieces.push({ text: '>' });
+    }
+    if (open.length) pieces.push({ text: ', ' });
+  }
+  return pieces;
+}
+
+export function typeText(model, row) {
+  return typePieces(model, row)
+    .map((piece) => piece.text)
+    .join('');
+}
