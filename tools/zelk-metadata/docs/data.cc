@@ -44,6 +44,15 @@ std::string Finished(const JsonWriter& json) {
   return text.str();
 }
 
+/// What it is in; of a command the namespace of its path, in whichever file that is.
+ElementId OwnerOf(const Model& model, ElementId id) {
+  if (model[id].kind != ElementKind::kCommand) return model[id].owner;
+  const std::string_view path = model[id].path;
+  const std::size_t dot = path.rfind('.');
+  if (dot == std::string_view::npos) return model.Find(ElementKind::kNamespace, path);
+  return model.Find(ElementKind::kNamespace, path.substr(dot + 1), path.substr(0, dot));
+}
+
 class StructureWriter {
  public:
   explicit StructureWriter(const Subject& subject)
@@ -139,7 +148,7 @@ class StructureWriter {
       return has_path ? texts_.Add(model.FullName(id)) : texts_.Add(model[id].name);
     });
     WriteColumn("owner", [&](const Model& model, ElementId id) {
-      return numbers_.OrZero(model.GetDomain(), model[id].owner);
+      return numbers_.OrZero(model.GetDomain(), OwnerOf(model, id));
     });
     // Twice the fate, and one more for what the library made.
     WriteColumn("fate", [](const Model& model, ElementId id) {

@@ -22,86 +22,74 @@
 //
 // A link is odd for an element, and even for the name of something that is not loaded.
 
-const FULL_NAMES = new Set([
-  'component',
-  'package',
-  'service',
-  'structure',
-  'enumeration',
-  'namespace',
-  'command',
-  'package-list',
-  'service-list',
-  'operation-list',
-]);
+const COLUMNS = [
+  'kind',
+  'fate',
+  'name',
+  'owner',
+  'by',
+  'source',
+  'line',
+  'detail',
+  'referenceKind',
+  'referenceFrom',
+  'referenceTo',
+];
 
-/** Counts into rows: which positions have which value, in ascending order. */
+const FULL_NAMES = /^(component|package|service|structure|enumeration|namespace|command|.*-list)$/;
+
+/** Which positions have which value, in ascending order. */
 function group(values, size) {
   const begin = new Uint32Array(size + 2);
-  for (let i = 0; i < values.length; ++i) if (values[i] >= 0) ++begin[values[i] + 2];
+  for (const value of values) if (value >= 0) ++begin[value + 2];
   for (let i = 2; i < begin.length; ++i) begin[i] += begin[i - 1];
   const rows = new Uint32Array(begin[size + 1]);
-  for (let i = 0; i < values.length; ++i) if (values[i] >= 0) rows[begin[values[i] + 1]++] = i;
-  return { begin, rows };
+  values.forEach((value, i) => value >= 0 && (rows[begin[value + 1]++] = i));
+  return (value) => rows.subarray(begin[value], begin[value + 1]);
 }
 
 export class Model {
+  /** The documentation of each element or 0; null until it is read. */
+  texts = null;
+
   constructor(data) {
-    Object.assign(this, {
-      title: data.title,
-      kinds: data.kinds,
-      fates: data.fates,
-      referenceKinds: data.references,
-      sources: data.sources,
-      failed: data.failed,
-      strings: data.strings,
-      details: data.details,
-      size: data.kind.length,
-      kind: Uint8Array.from(data.kind),
-      fate: Uint8Array.from(data.fate),
-      nameOf: Uint32Array.from(data.name),
-      by: Int32Array.from(data.by, (one) => one - 1),
-      source: Uint32Array.from(data.source),
-      line: Uint32Array.from(data.line),
-      detail: Uint32Array.from(data.detail),
-      referenceKind: Uint8Array.from(data.referenceKind),
-      referenceFrom: Uint32Array.from(data.referenceFrom),
-      referenceTo: Uint32Array.from(data.referenceTo),
-    });
-    /** The documentation of each element or 0; null until it is read. */
-    this.texts = null;
-    this.owner = Int32Array.from(data.owner, (one) => one - 1);
+    Object.assign(this, data);
+    for (const column of COLUMNS) this[column] = Int32Array.from(data[column]);
+    this.size = this.kind.length;
+    this.fullKinds = this.kinds.map((kind) => FULL_NAMES.test(kind));
+    for (const column of ['owner', 'by']) this[column].forEach((id, i, all) => (all[i] = id - 1));
     this.findHomes();
-    this.childRows = group(this.owner, this.size);
-    const targets = Int32Array.from(this.referenceTo, (link) => (link % 2 ? link >> 1 : -1));
-    this.usedBy = group(targets, this.size);
-    this.uses = group(this.referenceFrom, this.size);
+    this.inOwner = group(this.owner, this.size);
+    this.fromElement = group(this.referenceFrom, this.size);
+    this.toElement = group(
+      this.referenceTo.map((link) => (link % 2 ? link >> 1 : -1)),
+      this.size,
+    );
     this.resources = this.readResources(data.resources);
   }
 
   /** What is answered although its owner is not is in what is answered in its owner's place. */
   findHomes() {
-    for (let id = 0; id < this.size; ++id) {
-      const owner = this.owner[id];
+    this.owner.forEach((owner, id, owners) => {
       if (owner === id)
-        this.owner[id] = -1; // the root namespace
+        owners[id] = -1; // the root namespace
       else if (owner >= 0 && this.isFound(id) && !this.isFound(owner) && this.by[owner] >= 0) {
-        this.owner[id] = this.by[owner];
+        owners[id] = this.by[owner];
       }
-    }
+    });
   }
 
-  /** By name, in the order of names: where it is named, and its models. */
+  /** By name, in the order of names: what names it, and its models. */
   readResources(triples) {
     const resources = new Map();
     for (let i = 0; i < triples.length; i += 3) {
       const name = this.strings[triples[i]];
+      const [annotation, model] = [triples[i + 1], triples[i + 2] - 1];
       if (!resources.has(name)) resources.set(name, { name, users: [], models: [], last: 0 });
       const resource = resources.get(name);
-      const annotation = triples[i + 1];
       resource.last = Math.max(resource.last, this.source[annotation]);
-      if (triples[i + 2]) resource.models.push(triples[i + 2] - 1);
-      else resource.users.push(this.owner[annotation]);
+      if (model < 0) resource.users.push(this.owner[annotation]);
+      else resource.models.push(model);
     }
     return new Map([...resources].sort(([a], [b]) => (a < b ? -1 : 1)));
   }
@@ -123,75 +111,74 @@ export class Model {
     return this.fate[id] % 2 === 1;
   }
 
-  domainOf(id) {
-    return this.sources[this.source[id]].domain;
+  sourceOf(id) {
+    return this.sources[this.source[id]];
   }
 
-  name(id) {
-    return this.strings[this.nameOf[id]];
+  nameOf(id) {
+    return this.strings[this.name[id]];
   }
 
   hasFullName(id) {
-    return FULL_NAMES.has(this.kindOf(id));
+    return this.fullKinds[this.kind[id]];
   }
 
   simpleName(id) {
-    const name = this.name(id);
-    if (!this.hasFullName(id)) return name;
-    return name.slice(name.lastIndexOf('.') + 1) || '.';
+    const name = this.nameOf(id);
+    return this.hasFullName(id) ? name.slice(name.lastIndexOf('.') + 1) || '.' : name;
   }
 
   /** The name with those of all that it is in. */
   fullName(id) {
-    const names = [];
-    for (let step = id; step >= 0; step = this.owner[step]) {
-      names.unshift(this.name(step));
-      if (this.hasFullName(step)) break;
+    let name = this.nameOf(id);
+    while (!this.hasFullName(id) && this.owner[id] >= 0) {
+      id = this.owner[id];
+      name = `${this.nameOf(id)}.${name}`;
     }
-    return names.join('.') || '.';
+    return name || '.';
   }
 
-  /** What is in it, whatever its fate; with a kind, what of that kind is answered. */
-  children(id, kind) {
-    const { begin, rows } = this.childRows;
-    const all = Array.from(rows.subarray(begin[id], begin[id + 1]));
-    if (!kind) return all;
-    const code = this.kinds.indexOf(kind);
-    // Parts of what is not answered are not answered either, but they are shown on its page.
+  /** What is in it: of these kinds if some are given, and answered if it is itself. */
+  children(id, ...kinds) {
+    const all = Array.from(this.inOwner(id));
+    if (!kinds.length) return all;
     const isWanted = (child) => this.isFound(child) || !this.isFound(id);
-    return all.filter((child) => this.kind[child] === code && isWanted(child));
+    return kinds.flatMap((kind) =>
+      all.filter((child) => this.kindOf(child) === kind && isWanted(child)),
+    );
   }
 
-  /** In the order of their names. */
-  sorted(ids) {
-    const keys = new Map(ids.map((id) => [id, this.simpleName(id).toLowerCase()]));
-    return ids.sort((a, b) =>
-      keys.get(a) < keys.get(b) ? -1 : keys.get(a) > keys.get(b) ? 1 : a - b,
-    );
+  /** The same, in the order of their names. */
+  sorted(id, kind) {
+    const keyed = this.children(id, kind).map((child) => [this.nameOf(child).toLowerCase(), child]);
+    keyed.sort(([a, first], [b, second]) => (a < b ? -1 : a > b ? 1 : first - second));
+    return keyed.map(([, child]) => child);
   }
 
   /** All elements of the kind with that name, the one that is answered first. */
   find(kind, name, domain) {
     const text = this.strings.indexOf(name);
-    const code = this.kinds.indexOf(kind);
     const ids = [];
     if (text < 0) return ids;
-    for (let id = this.nameOf.indexOf(text); id >= 0; id = this.nameOf.indexOf(text, id + 1)) {
-      if (this.kind[id] !== code || (domain && this.domainOf(id) !== domain)) continue;
+    for (let id = this.name.indexOf(text); id >= 0; id = this.name.indexOf(text, id + 1)) {
+      if (this.kindOf(id) !== kind || (domain && this.sourceOf(id).domain !== domain)) continue;
       if (this.isFound(id)) ids.unshift(id);
       else ids.push(id);
     }
     return ids;
   }
 
+  /** All elements for which `isWanted(id)` is true. */
+  all(isWanted) {
+    const ids = [];
+    for (let id = 0; id < this.size; ++id) if (isWanted(id)) ids.push(id);
+    return ids;
+  }
+
   /** All elements of a kind that are answered. */
   ofKind(kind) {
     const code = this.kinds.indexOf(kind);
-    const ids = [];
-    for (let id = 0; id < this.size; ++id) {
-      if (this.kind[id] === code && this.isFound(id)) ids.push(id);
-    }
-    return ids;
+    return this.all((id) => this.kind[id] === code && this.isFound(id));
   }
 
   /** The numbers of its detail. */
@@ -205,41 +192,32 @@ export class Model {
   }
 
   documentation(id) {
-    return (this.texts && this.texts[id]) || '';
+    return this.texts?.[id] || '';
   }
 
-  reference(position) {
-    const link = this.referenceTo[position];
-    return {
-      kind: this.referenceKinds[this.referenceKind[position]],
-      from: this.referenceFrom[position],
-      ...this.link(link),
-    };
-  }
-
-  /** What a link leads to: an element, or -1 and only a name. */
-  link(link) {
-    const id = link % 2 ? link >> 1 : -1;
-    return { id, name: id < 0 ? this.strings[link >> 1] : this.fullName(id) };
-  }
-
-  /** What the element names. */
+  /** What the element names: of each its kind, and the element or -1 and only a name. */
   referencesFrom(id, kind) {
-    return this.referencesIn(this.uses, id, kind);
+    return this.listReferences(this.fromElement(id), kind);
   }
 
   /** What names the element. */
   referencesTo(id, kind) {
-    return this.referencesIn(this.usedBy, id, kind);
+    return this.listReferences(this.toElement(id), kind);
   }
 
-  referencesIn({ begin, rows }, id, kind) {
-    const code = this.referenceKinds.indexOf(kind);
-    const found = [];
-    for (let i = begin[id]; i < begin[id + 1]; ++i) {
-      if (!kind || this.referenceKind[rows[i]] === code) found.push(this.reference(rows[i]));
-    }
-    return found;
+  listReferences(positions, kind) {
+    const all = Array.from(positions, (at) => {
+      const link = this.referenceTo[at];
+      const id = link % 2 ? link >> 1 : -1;
+      const name = id < 0 ? this.strings[link >> 1] : this.fullName(id);
+      return {
+        kind: this.references[this.referenceKind[at]],
+        from: this.referenceFrom[at],
+        id,
+        name,
+      };
+    });
+    return kind ? all.filter((reference) => reference.kind === kind) : all;
   }
 
   /** The members of an annotation: names with their texts. */
@@ -247,11 +225,10 @@ export class Model {
     const row = this.row(id);
     const members = [];
     for (let i = 0; i < row.length;) {
-      const name = this.strings[row[i]];
-      const count = Math.max(row[i + 1] - 1, row[i + 1] ? 0 : 1);
-      i += 2;
-      members.push({ name, texts: row.slice(i, i + count).map((text) => this.strings[text]) });
-      i += count;
+      const end = i + 2 + (row[i + 1] ? row[i + 1] - 1 : 1);
+      const texts = row.slice(i + 2, end).map((text) => this.strings[text]);
+      members.push({ name: this.strings[row[i]], texts });
+      i = end;
     }
     return members;
   }

@@ -1,92 +1,101 @@
 // What pages are made of: links, types, places, tables, notes.
 
-import { brief, counted, h, inSteps, longText, name, number, shown } from './dom.js';
-import { href, pageOf, path } from './routes.js';
+import { action, counted, h, inSteps, longText, name, number, quiet, shown } from './dom.js';
+import { href, pageOf, partId, path } from './routes.js';
 import { typePieces } from './types.js';
 
-/** What people call the kinds. */
-const KIND_TEXTS = {
-  'output-field': 'output field',
-  'package-list': 'package',
-  'service-list': 'service',
-  'operation-list': 'operation',
-};
-
 export function kindText(model, id) {
-  const kind = model.kindOf(id);
-  return KIND_TEXTS[kind] ?? kind;
+  return model.kindOf(id).replace('-list', '').replace('-', ' ');
 }
 
-/** A letter in a colour, beside which the word is there for those who do not see it. */
+/** A letter in a colour; the word is there for those who do not see it. */
 export function glyph(kind) {
-  return h(
-    'span',
-    { class: `glyph ${kind}`, title: kind },
-    h('span', { 'aria-hidden': 'true' }, kind.slice(0, 1).toUpperCase()),
-    h('span', { class: 'sr' }, `${kind} `),
-  );
+  const letter = h('span', { 'aria-hidden': 'true' }, kind[0].toUpperCase());
+  return h(`span.glyph.${kind}`, { title: kind }, letter, h('span.sr', `${kind} `));
 }
 
-export function link(model, id, text) {
-  return h('a', { href: href(model, id), class: 'name' }, name(text ?? model.simpleName(id)));
+export function link(model, id, text = model.simpleName(id)) {
+  return h('a', { href: href(model, id) }, name(text));
 }
 
-/** The link with the kind in front, and with the full name if that says more. */
+/** The link with the full name and the kind in front. */
 export function fullLink(model, id) {
-  return [glyph(kindText(model, id)), ' ', link(model, id, model.fullName(id))];
+  return [glyph(kindText(model, id)), ' ', link(model, id, model.fullName(id)), mark(model, id)];
 }
 
-export function typeOf(model, row) {
-  return h(
-    'code',
-    { class: 'type' },
-    typePieces(model, row).map((piece) => {
-      if (piece.id === undefined) return shown(piece.text);
-      if (piece.id >= 0) return link(model, piece.id, piece.text);
-      return h('span', { class: 'missing', title: 'not in these files' }, name(piece.text));
-    }),
-  );
+export function resourceLink(text) {
+  return h('a', { href: path('resource', text) }, name(text));
 }
 
-/** An element that is named: a link, or the name of something that is not loaded. */
-export function target(model, { id, name: text }, label) {
-  if (id >= 0) return link(model, id, label ?? text);
-  return h('span', { class: 'missing' }, name(text), ' ', h('small', null, '(not in these files)'));
+export function sourceLink(source, text = source.file) {
+  return h('a', { href: path('source', source.domain, source.id) }, name(text));
 }
 
-/** Where its documentation is put once that is read. */
-export function documentation(model, id, isBrief = false) {
-  const place = h(isBrief ? 'span' : 'div', { class: 'doc', dir: 'auto' });
-  place.fill = () => {
-    const text = model.documentation(id);
-    if (isBrief) place.textContent = brief(text.split(/(?<=[.!?])\s|\n/, 1)[0], 300);
-    else
-      place.replaceChildren(
-        ...text
-          .split(/\n\s*\n/)
-          .filter((part) => part.trim())
-          .map((part) => h('p', null, longText(part))),
-      );
-  };
-  if (model.texts) place.fill();
-  else place.setAttribute('data-unread', '');
-  return place;
+export function typeOf(model, id) {
+  const pieces = typePieces(model, model.row(id)).map((piece) => {
+    if (piece.id >= 0) return link(model, piece.id, piece.text);
+    return piece.id ? quiet(name(piece.text)) : shown(piece.text);
+  });
+  return h('code', pieces);
+}
+
+/** What is named: a link, or the name of something that is not loaded. */
+export function target(model, { id, name: text }, label = text) {
+  return id >= 0 ? link(model, id, label) : quiet(name(text), ' (not in these files)');
+}
+
+/** Fills in the element once the documentation is read. */
+function later(model, element, fill) {
+  element.fill = fill;
+  if (model.texts) fill();
+  else element.dataset.unread = '';
+  return element;
 }
 
 /** Fills in what pages have shown before the documentation was read. */
 export function fillDocumentation(root) {
-  for (const place of root.querySelectorAll('[data-unread]')) {
-    place.removeAttribute('data-unread');
-    place.fill();
-  }
+  for (const element of root.querySelectorAll('[data-unread]')) element.fill();
+}
+
+export function documentation(model, id) {
+  const element = h('div.doc', { dir: 'auto' });
+  return later(model, element, () => {
+    const parts = model
+      .documentation(id)
+      .split(/\n\s*\n/)
+      .filter(Boolean);
+    element.replaceChildren(...parts.map((part) => h('p', longText(part))));
+  });
+}
+
+/** Its first sentence. */
+function summary(model, id) {
+  const element = h('span.doc', { dir: 'auto' });
+  return later(model, element, () => {
+    element.textContent = shown(model.documentation(id).split(/(?<=[.!?])\s|\n/, 1)[0], 300);
+  });
+}
+
+/** The share of elements with documentation in the element. */
+export function documentedShare(model, root) {
+  const element = h('span.doc');
+  return later(model, element, () => {
+    const all = [root];
+    for (const id of all) {
+      all.push(...model.children(id).filter((child) => model.kindOf(child) !== 'annotation'));
+    }
+    const documented = all.filter((id) => model.documentation(id)).length;
+    const percent = Math.floor((100 * documented) / all.length);
+    element.textContent = `${percent} % of ${counted(all.length, 'element')} documented`;
+  });
 }
 
 const FATE_TEXTS = {
   dropped: 'Not answered: an earlier one of the same name is kept.',
   overridden: 'Not answered: a later one of the same name is kept.',
-  shadowed: 'Shadowed: lookups of the name return another one.',
+  shadowed: 'Lookups of the name return another one.',
   ignored: 'Not answered: the library leaves this part of the file out.',
-  lost: 'Not answered: what it is in is not.',
+  lost: 'Not answered, since what it is in is not.',
 };
 
 /**
@@ -94,229 +103,135 @@ const FATE_TEXTS = {
  * belong here, too.
  */
 export function notes(model, id) {
-  const list = [];
   const fate = model.fateOf(id);
-  if (fate !== 'found') {
-    const by = model.by[id];
-    const other =
-      by < 0 || by === id
-        ? null
-        : [' ', link(model, by, `${model.sources[model.source[by]].file}:${model.line[by]}`)];
-    list.push(h('p', { class: 'note' }, h('strong', null, fate), ' ', FATE_TEXTS[fate], other));
-  }
-  if (model.isImplied(id)) {
-    list.push(
-      h(
-        'p',
-        { class: 'note' },
-        h('strong', null, 'implied'),
-        ' No file describes it; the library makes it for what is in it.',
-      ),
-    );
-  }
-  return list;
+  const by = model.by[id];
+  const text =
+    FATE_TEXTS[fate] ?? (model.isImplied(id) && 'Made by the library for what is in it.');
+  const place = () => `${model.sourceOf(by).file}:${model.line[by]}`;
+  return text && h('p.note', text, by >= 0 && by !== id && [' ', link(model, by, place())]);
 }
 
 /** The same in one word, for rows. */
 export function mark(model, id) {
   const fate = model.fateOf(id);
-  return fate === 'found'
-    ? null
-    : [' ', h('span', { class: 'mark', title: FATE_TEXTS[fate] }, fate)];
+  return fate !== 'found' && [' ', h('span.mark', { title: FATE_TEXTS[fate] }, fate)];
 }
 
 export function place(model, id) {
-  const source = model.sources[model.source[id]];
-  return h(
-    'a',
-    { href: path('source', source.domain, source.id), class: 'place' },
-    name(`${source.file}:${model.line[id]}`),
-  );
+  const source = model.sourceOf(id);
+  return sourceLink(source, `${source.file}:${model.line[id]}`);
 }
 
 /** What it is in, from the outside. */
 function breadcrumb(model, id) {
   const around = [];
   for (let step = model.owner[id]; step >= 0; step = model.owner[step]) {
-    if (pageOf(model, step) === step) around.unshift(step);
+    if (pageOf(model, step) === step && model.nameOf(step))
+      around.unshift(h('li', link(model, step)));
   }
-  if (!around.length) return null;
-  return h(
-    'nav',
-    { 'aria-label': 'Breadcrumb', class: 'breadcrumb' },
-    h(
-      'ol',
-      null,
-      around.map((step) => h('li', null, link(model, step))),
-    ),
-  );
+  return around.length > 0 && h('nav.breadcrumb', { 'aria-label': 'Breadcrumb' }, h('ol', around));
+}
+
+/** The first heading of every page. */
+export function title(kind, text) {
+  return h('h1', { tabindex: '-1' }, h('span.kind', kind), ' ', name(text));
 }
 
 /** The top of every element's page. */
-export function heading(model, id, text) {
+export function heading(model, id, text = model.simpleName(id)) {
   const full = model.fullName(id);
-  const copy = h('button', { type: 'button', class: 'action copy' }, 'Copy name');
-  copy.addEventListener('click', async () => {
-    try {
-      await navigator.clipboard.writeText(full);
-      copy.textContent = 'Copied';
-    } catch {
-      copy.textContent = 'Not allowed here';
-    }
-  });
+  const copy = async ({ target: button }) => {
+    await navigator.clipboard.writeText(full);
+    button.textContent = 'Copied';
+  };
   return [
     breadcrumb(model, id),
-    h(
-      'h1',
-      { tabindex: '-1' },
-      h('span', { class: `kind ${model.kindOf(id)}` }, kindText(model, id)),
-      ' ',
-      name(text ?? model.simpleName(id)),
-    ),
-    h(
-      'p',
-      { class: 'about' },
-      h('code', { class: 'full' }, name(full)),
-      copy,
-      h('span', { class: 'at' }, place(model, id)),
-    ),
+    title(kindText(model, id), text),
+    h('p.about', h('code', name(full)), action('Copy name', copy), place(model, id)),
     notes(model, id),
     documentation(model, id),
   ];
 }
 
-export function section(title, ...content) {
-  return h('section', null, h('h2', null, title), content);
+export function section(heading, ...content) {
+  return h('section', h('h2', heading), content);
 }
 
-/** A table with rows in steps; null without rows. `cells(item)` returns the cells of a row. */
-export function table(title, headings, items, cells, { id: idOf } = {}) {
-  if (!items.length) return null;
-  const body = h('tbody');
+function tally(items) {
+  return items.length > 1 && h('small', ' ', number(items.length));
+}
+
+/** A table with rows in steps, or false without rows. `cells(item)` returns the cells of a row. */
+export function table(heading, columns, items, cells, idOf = () => false) {
   const row = (item) => {
     const [first, ...others] = cells(item);
+    const id = idOf(item);
     return h(
       'tr',
-      { id: idOf?.(item), tabindex: idOf ? '-1' : null },
+      { id, tabindex: id && '-1' },
       h('th', { scope: 'row' }, first),
-      others.map((cell, i) => h('td', { 'data-label': headings[i + 1] }, cell)),
+      others.map((cell) => h('td', cell)),
     );
   };
-  inSteps(body, items, row, {
-    more: (button) => h('tr', null, h('td', { colspan: headings.length }, button)),
-  });
-  return h(
-    'section',
-    null,
+  const wrap = (button) => h('tr', h('td', { colspan: columns.length }, button));
+  const head = h(
+    'thead',
     h(
-      'h2',
-      null,
-      title,
+      'tr',
+      columns.map((column) => h('th', { scope: 'col' }, column)),
+    ),
+  );
+  return (
+    items.length > 0 &&
+    section(
+      [heading, tally(items)],
+      h('table', h('caption.sr', heading), head, inSteps(h('tbody'), items, row, wrap)),
+    )
+  );
+}
+
+/** Elements with pages of their own: name and first sentence. */
+export function overview(model, heading, ids, text = (id) => model.simpleName(id), more = []) {
+  const [column, cell] = more;
+  const columns = ['Name', column, 'Meaning'].filter(Boolean);
+  return table(heading, columns, ids, (id) =>
+    [[link(model, id, text(id)), mark(model, id)], cell?.(id), summary(model, id)].filter(Boolean),
+  );
+}
+
+/** Parts of a page: name, type and documentation. */
+export function partsTable(model, heading, ids, type) {
+  const columns = ['Name', ...(type ? ['Type'] : []), 'Meaning'];
+  const cells = (id) => [
+    [h('code', name(model.nameOf(id))), mark(model, id)],
+    ...(type ? [type(model, id)] : []),
+    [documentation(model, id), annotationTexts(model, id)],
+  ];
+  return table(heading, columns, ids, cells, (id) => partId(model, id));
+}
+
+function annotationTexts(model, id) {
+  return model.children(id, 'annotation').map((annotation) => {
+    const isResource = model.nameOf(annotation) === 'Resource';
+    const textOf = (text) => [
       ' ',
-      items.length > 1 ? h('small', { class: 'tally' }, number(items.length)) : null,
-    ),
-    h(
-      'table',
-      null,
-      h('caption', { class: 'sr' }, title),
-      h(
-        'thead',
-        null,
-        h(
-          'tr',
-          null,
-          headings.map((text) => h('th', { scope: 'col' }, text)),
-        ),
-      ),
-      body,
-    ),
-  );
-}
-
-/** The id of the row that shows a part of the page. */
-export function partId(model, id) {
-  return `${model.kindOf(id)}=${model.name(id)}`;
-}
-
-/** A table of parts: name, type, documentation. */
-export function partsTable(model, title, ids, typeHeading = 'Type') {
-  const withType = ids.some((id) => model.row(id).length);
-  const headings = withType ? ['Name', typeHeading, 'Meaning'] : ['Name', 'Meaning'];
-  return table(
-    title,
-    headings,
-    ids,
-    (id) => {
-      const about = [documentation(model, id), annotationsInline(model, id)];
-      const named = [name(model.name(id), 'code'), mark(model, id)];
-      return withType ? [named, typeOf(model, model.row(id)), about] : [named, about];
-    },
-    { id: (id) => partId(model, id) },
-  );
-}
-
-/** The texts of an annotation's member; resources are links. */
-function memberTexts(model, annotation, member) {
-  const isResource = model.name(annotation) === 'Resource' && member.name === 'value';
-  return member.texts.map((text, i) => [
-    i ? ', ' : '',
-    isResource && model.resources.has(text)
-      ? h('a', { href: path('resource', text) }, name(text))
-      : name(text),
-  ]);
-}
-
-export function annotationsInline(model, id) {
-  return model.children(id, 'annotation').map((annotation) =>
-    h(
-      'div',
-      { class: 'annotation' },
-      h('span', null, '@', name(model.name(annotation))),
-      model
-        .members(annotation)
-        .map((member) => [' ', name(member.name), '=', memberTexts(model, annotation, member)]),
-    ),
-  );
+      isResource && model.resources.has(text) ? resourceLink(text) : name(text),
+    ];
+    const members = model
+      .members(annotation)
+      .map((member) => [' ', name(member.name), ':', member.texts.map(textOf)]);
+    return h('div.annotation', '@', name(model.nameOf(annotation)), members);
+  });
 }
 
 export function annotations(model, id) {
-  const list = annotationsInline(model, id);
-  return list.length ? section('Annotations', list) : null;
+  const texts = annotationTexts(model, id);
+  return texts.length > 0 && section('Annotations', texts);
 }
 
-/** Names that all must be shown: a list in steps; null without items. */
-export function list(title, items, make) {
-  if (!items.length) return null;
-  const element = h('ul', { class: 'plain' });
-  inSteps(element, items, (item) => h('li', null, make(item)), {
-    more: (button) => h('li', null, button),
-  });
-  return h(
-    'section',
-    null,
-    h('h2', null, title, ' ', h('small', { class: 'tally' }, number(items.length))),
-    element,
-  );
-}
-
-/** The share of elements with documentation below the element, once that is read. */
-export function documentedShare(model, root) {
-  const place = h('span', { class: 'doc' });
-  place.fill = () => {
-    let all = 0;
-    let documented = 0;
-    const work = [root];
-    while (work.length) {
-      const id = work.pop();
-      const kind = model.kindOf(id);
-      if (kind === 'annotation') continue;
-      ++all;
-      if (model.documentation(id)) ++documented;
-      for (const child of model.children(id)) work.push(child);
-    }
-    place.textContent = `${Math.floor((100 * documented) / all)} % of ${counted(all, 'element')} documented`;
-  };
-  if (model.texts) place.fill();
-  else place.setAttribute('data-unread', '');
-  return place;
+/** A list in steps, or false without items. */
+export function list(heading, items, make) {
+  const wrap = (button) => h('li', button);
+  const content = () => inSteps(h('ul.list'), items, (item) => h('li', make(item)), wrap);
+  return items.length > 0 && section([heading, tally(items)], content());
 }

@@ -1,25 +1,9 @@
 // Search in names. All names are one text in lower case, a line for each, so that a query is a few
 // passes over one string. Nothing computes distances between names unless nothing else is found.
 
+import { KINDS } from './search_query.js';
 import { typeText } from './types.js';
 
-/** What can be found, pages before parts of pages. */
-const KINDS = [
-  'component',
-  'package',
-  'service',
-  'operation',
-  'structure',
-  'enumeration',
-  'scheme',
-  'namespace',
-  'command',
-  'parameter',
-  'field',
-  'value',
-  'constant',
-  'option',
-];
 const FIRST_PART = KINDS.indexOf('parameter');
 
 /** How well a name matches; each has a bucket for pages and one for parts. */
@@ -28,242 +12,193 @@ const PREFIX = 1;
 const WORD = 2;
 const WITHIN = 3;
 const AROUND = 4;
-const BUCKETS = 10;
 
 /** Of each bucket no more are shown. */
 const BUCKET_SIZE = 200;
 
 /** The first letters of the words of a name. */
-export function initials(name) {
-  return name
-    .split(/[^\p{L}\p{N}]+|(?<=\p{Ll})(?=\p{Lu})/u)
+function initials(name) {
+  const words = name.split(/[^\p{L}\p{N}]+|(?<=\p{Ll})(?=\p{Lu})/u);
+  return words
     .map((word) => word.slice(0, 1))
     .join('')
     .toLowerCase();
 }
 
+/** Texts as lines of one text: where each begins, and where the last one ends. */
+class Lines {
+  starts = [1];
+  texts = [];
+
+  add(text) {
+    this.texts.push(text);
+    this.starts.push(this.starts.at(-1) + text.length + 1);
+  }
+
+  finish() {
+    this.text = `\n${this.texts.join('\n')}\n`;
+    this.starts = Uint32Array.from(this.starts);
+    this.texts = null;
+  }
+}
+
 export class SearchIndex {
+  names = new Lines();
+  letters = new Lines();
+
   constructor(model) {
     this.model = model;
-    const codes = new Map(KINDS.map((kind, position) => [model.kinds.indexOf(kind), position]));
-    const ids = [];
-    const names = [];
-    const starts = [];
-    const simple = [];
-    const letters = [];
-    const letterStarts = [];
-    let length = 0;
-    let letterLength = 0;
+    const ranks = model.kinds.map((kind) => KINDS.indexOf(kind));
+    const isKept = (id) => model.isFound(id) || model.fateOf(id) === 'shadowed';
+    this.ids = model.all((id) => ranks[model.kind[id]] >= 0 && isKept(id));
+    this.isPart = this.ids.map((id) => (ranks[model.kind[id]] >= FIRST_PART ? 1 : 0));
     // A name is prepared once, however many elements have it.
     const prepared = new Map();
-    for (let id = 0; id < model.size; ++id) {
-      const isKept = model.isFound(id) || model.fateOf(id) === 'shadowed';
-      if (!isKept || !codes.has(model.kind[id])) continue;
+    const simple = [];
+    for (const id of this.ids) {
       const isFull = model.hasFullName(id);
-      const key = model.nameOf[id] * 2 + (isFull ? 1 : 0);
-      let entry = prepared.get(key);
-      if (!entry) {
-        const name = model.name(id).slice(0, 1000).replaceAll('\n', ' ');
+      const key = isFull ? model.name[id] : -model.name[id];
+      if (!prepared.has(key)) {
+        const name = model.nameOf(id).slice(0, 1000).replaceAll('\n', ' ');
         const lower = name.toLowerCase();
         const dot = isFull ? lower.lastIndexOf('.') + 1 : 0;
-        entry = {
-          lower,
-          dot,
-          letters: initials(name.slice(isFull ? name.lastIndexOf('.') + 1 : 0)),
-        };
-        prepared.set(key, entry);
+        prepared.set(key, [lower, dot, initials(name.slice(dot))]);
       }
-      ids.push(id);
-      names.push(entry.lower);
-      starts.push(length);
-      simple.push(length + entry.dot);
-      length += entry.lower.length + 1;
-      letters.push(entry.letters);
-      letterStarts.push(letterLength);
-      letterLength += entry.letters.length + 1;
+      const [lower, dot, letters] = prepared.get(key);
+      simple.push(this.names.starts.at(-1) + dot);
+      this.names.add(lower);
+      this.letters.add(letters);
     }
-    this.ids = Uint32Array.from(ids);
-    this.isPart = Uint8Array.from(ids, (id) => (codes.get(model.kind[id]) >= FIRST_PART ? 1 : 0));
-    this.names = names.join('\n') + '\n';
-    this.starts = Uint32Array.from([...starts, length]);
     this.simple = Uint32Array.from(simple);
-    this.letters = letters.join('\n') + '\n';
-    this.letterStarts = Uint32Array.from([...letterStarts, letterLength]);
-    this.resourceNames = [...model.resources.keys()];
+    this.names.finish();
+    this.letters.finish();
   }
 
   /** The best hits of a query, and how many there are: `{ hits: [{ id } or { resource }], total }`. */
   find(query) {
-    const found = { buckets: Array.from({ length: BUCKETS }, () => []), total: 0, seen: new Set() };
-    if (query.takes.length || query.returns.length) this.findByTypes(query, found);
-    else if (query.terms.length) this.findByTerms(query, found);
-    else if (query.kinds) this.findByKinds(query, found);
-    this.findResources(query, found);
-    return { hits: found.buckets.flat(), total: found.total };
+    this.buckets = Array.from({ length: 2 * AROUND + 2 }, () => []);
+    this.total = 0;
+    if (query.isEmpty) return { hits: [], total: 0 };
+    if (query.isOfTypes) this.findByTypes(query);
+    else if (query.terms.length) this.findByTerms(query);
+    else
+      this.ids.forEach(
+        (id, entry) => this.isOf(query, id) && this.keep(this.isPart[entry], { id }),
+      );
+    if (!query.isOfTypes) this.findResources(query);
+    return { hits: this.buckets.flat(), total: this.total };
   }
 
-  wanted(query) {
-    if (!query.kinds) return null;
-    return new Set(query.kinds.map((kind) => this.model.kinds.indexOf(kind)));
+  isOf(query, id) {
+    return !query.kind || this.model.kindOf(id) === query.kind;
   }
 
-  keep(found, bucket, hit) {
-    ++found.total;
-    if (found.buckets[bucket].length < BUCKET_SIZE) found.buckets[bucket].push(hit);
+  keep(bucket, hit) {
+    ++this.total;
+    if (this.buckets[bucket].length < BUCKET_SIZE) this.buckets[bucket].push(hit);
   }
 
-  findByTerms(query, found) {
-    const kinds = this.wanted(query);
+  findByTerms(query) {
     const { terms } = query;
+    const seen = new Set();
     for (const term of terms) {
-      const others = terms.filter((other) => other !== term);
       const take = (entry, score) => {
         const id = this.ids[entry];
-        if (kinds && !kinds.has(this.model.kind[id])) return;
+        if (!this.isOf(query, id)) return;
         if (terms.length > 1) {
-          if (found.seen.has(id)) return;
-          const full = this.model.fullName(id).toLowerCase();
-          if (!others.every((other) => full.includes(other))) return;
-          found.seen.add(id);
-          if (full.endsWith(terms.join('.'))) score = EXACT;
+          if (seen.has(id)) return;
+          score = this.scoreOfAll(id, terms, score);
+          if (score > AROUND) return;
+          seen.add(id);
         }
-        this.keep(found, score * 2 + this.isPart[entry], { id });
+        this.keep(score * 2 + this.isPart[entry], { id });
       };
       this.scanNames(term, take);
       if (terms.length === 1) this.scanInitials(term, take);
     }
   }
 
+  /** Best if the last two names have all the terms; above AROUND if one is missing. */
+  scoreOfAll(id, terms, score) {
+    const full = this.model.fullName(id).toLowerCase();
+    if (full.endsWith(terms.join('.'))) return EXACT;
+    if (!terms.every((term) => full.includes(term))) return AROUND + 1;
+    const last = full
+      .split('.')
+      .slice(-2)
+      .map((name) => '.' + name.replaceAll(/[^a-z0-9]/g, '.'));
+    const isNear = terms.every((term) => last.some((name) => name.includes('.' + term)));
+    return isNear ? score : AROUND;
+  }
+
   /** Calls `take(entry, score)` once for every name that the term is in. */
   scanNames(term, take) {
-    const { names, starts, simple } = this;
+    const { text, starts } = this.names;
+    let best = AROUND + 1;
     let entry = 0;
-    let best = -1;
-    for (let at = names.indexOf(term); at >= 0; at = names.indexOf(term, at + 1)) {
+    for (let at = text.indexOf(term); at >= 0; at = text.indexOf(term, at + 1)) {
       if (at >= starts[entry + 1]) {
-        if (best >= 0) take(entry, best);
-        best = -1;
-        entry = this.entryAt(at, entry + 1);
+        if (best <= AROUND) take(entry, best);
+        best = AROUND + 1;
+        while (starts[entry + 1] <= at) ++entry;
       }
-      const score = this.scoreAt(at, term.length, simple[entry], starts[entry + 1] - 1);
-      if (best < 0 || score < best) best = score;
+      best = Math.min(best, this.scoreAt(at, term.length, entry));
       // Nothing better follows in this name.
       if (best <= PREFIX) at = starts[entry + 1] - 2;
     }
-    if (best >= 0) take(entry, best);
+    if (best <= AROUND) take(entry, best);
   }
 
-  /** The entry that the position is in, `from` or a later one. */
-  entryAt(at, from) {
-    const { starts } = this;
-    let low = from;
-    let step = 1;
-    while (low + step < starts.length - 1 && starts[low + step] <= at) {
-      low += step;
-      step *= 2;
-    }
-    for (; step >= 1; step /= 2) {
-      if (low + step < starts.length - 1 && starts[low + step] <= at) low += step;
-    }
-    return low;
+  scoreAt(at, length, entry) {
+    const begin = this.simple[entry];
+    if (at < begin) return AROUND;
+    if (at === begin) return at + length === this.names.starts[entry + 1] - 1 ? EXACT : PREFIX;
+    return /[\p{L}\p{N}]/u.test(this.names.text[at - 1]) ? WITHIN : WORD;
   }
 
-  scoreAt(at, length, simple, end) {
-    if (at === simple) return length === end - simple ? EXACT : PREFIX;
-    if (at < simple) return AROUND;
-    const before = this.names.charCodeAt(at - 1);
-    const isLetter =
-      (before >= 97 && before <= 122) || (before >= 48 && before <= 57) || before > 127;
-    return isLetter ? WITHIN : WORD;
-  }
-
-  /** Names of two words or more whose initials begin with the term. */
+  /** Names of which only the initials begin with the term. */
   scanInitials(term, take) {
-    if (term.length < 2 || this.letters.length === 0) return;
-    const { letters, letterStarts, names, starts, simple } = this;
+    const { text, starts } = this.letters;
+    if (term.length < 2) return;
     let entry = 0;
-    const start = letters.startsWith(term) ? 0 : letters.indexOf('\n' + term);
-    for (let at = start; at >= 0; at = letters.indexOf('\n' + term, at + 1)) {
-      const begin = letters.charCodeAt(at) === 10 ? at + 1 : at;
-      while (letterStarts[entry] < begin) ++entry;
-      const isNamed =
-        names.startsWith(term, simple[entry]) ||
-        names.slice(starts[entry], starts[entry + 1]).includes(term);
-      if (isNamed) continue;
-      const isWhole = letterStarts[entry + 1] - 1 - begin === term.length;
-      take(entry, isWhole ? PREFIX : WORD);
-    }
-  }
-
-  findByKinds(query, found) {
-    const kinds = this.wanted(query);
-    for (let entry = 0; entry < this.ids.length; ++entry) {
-      const id = this.ids[entry];
-      if (kinds.has(this.model.kind[id])) this.keep(found, this.isPart[entry], { id });
+    const line = '\n' + term;
+    for (let at = text.indexOf(line); at >= 0; at = text.indexOf(line, at + 1)) {
+      while (starts[entry] <= at) ++entry;
+      const name = this.names.text.slice(this.names.starts[entry], this.names.starts[entry + 1]);
+      const isWhole = starts[entry + 1] - starts[entry] === term.length + 1;
+      if (!name.includes(term)) take(entry, isWhole ? PREFIX : WORD);
     }
   }
 
   /** Operations by the types of their parameters and results. */
-  findByTypes(query, found) {
+  findByTypes(query) {
     const { model } = this;
-    const having = (kind, word) => {
+    const owners = (kind) => (word) => {
       const matches = new Map();
       const isMatch = (detail) => {
-        if (!matches.has(detail))
-          matches.set(detail, typeText(model, model.details[detail]).toLowerCase().includes(word));
+        const text = () => typeText(model, model.details[detail]).toLowerCase();
+        if (!matches.has(detail)) matches.set(detail, text().includes(word));
         return matches.get(detail);
       };
-      const code = model.kinds.indexOf(kind);
-      const owners = new Set();
-      for (let id = 0; id < model.size; ++id) {
-        if (model.kind[id] === code && model.isFound(id) && isMatch(model.detail[id]))
-          owners.add(model.owner[id]);
-      }
-      return owners;
+      const ids = model.ofKind(kind).filter((id) => isMatch(model.detail[id]));
+      return new Set(ids.map((id) => model.owner[id]));
     };
-    const sets = [
-      ...query.takes.map((word) => having('parameter', word)),
-      ...query.returns.map((word) => having('result', word)),
-    ];
+    const sets = [...query.takes.map(owners('parameter')), ...query.returns.map(owners('result'))];
     for (const id of sets[0]) {
-      if (!sets.every((set) => set.has(id))) continue;
-      const full = query.terms.length ? model.fullName(id).toLowerCase() : '';
-      if (query.terms.every((term) => full.includes(term))) this.keep(found, 0, { id });
+      const full = model.fullName(id).toLowerCase();
+      const isHit =
+        sets.every((set) => set.has(id)) && query.terms.every((term) => full.includes(term));
+      if (isHit) this.keep(0, { id });
     }
   }
 
   /** Resources are only names. */
-  findResources(query, found) {
-    const isWanted = !query.kinds || query.kinds.includes('resource');
-    if (!isWanted || query.takes.length || query.returns.length) return;
-    for (const resource of this.resourceNames) {
+  findResources({ kind, terms }) {
+    if (kind && kind !== 'resource') return;
+    for (const resource of this.model.resources.keys()) {
       const lower = resource.toLowerCase();
-      if (!query.terms.every((term) => lower.includes(term))) continue;
-      const simple = lower.slice(lower.lastIndexOf('.') + 1);
-      const isExact = query.terms.length === 1 && simple === query.terms[0];
-      this.keep(found, isExact ? 1 : WITHIN * 2, { resource });
+      if (!terms.every((term) => lower.includes(term))) continue;
+      this.keep((lower.endsWith('.' + terms.join('.')) ? PREFIX : WITHIN) * 2, { resource });
     }
   }
-}
-
-/** How many letters must be changed, up to `limit`; more than that otherwise. */
-export function distance(a, b, limit) {
-  if (Math.abs(a.length - b.length) > limit) return limit + 1;
-  let before = null;
-  let row = Array.from({ length: b.length + 1 }, (_, i) => i);
-  for (let i = 1; i <= a.length; ++i) {
-    const next = [i];
-    let least = i;
-    for (let j = 1; j <= b.length; ++j) {
-      const same = a[i - 1] === b[j - 1];
-      next[j] = Math.min(row[j] + 1, next[j - 1] + 1, row[j - 1] + (same ? 0 : 1));
-      const isSwap = i > 1 && j > 1 && a[i - 1] === b[j - 2] && a[i - 2] === b[j - 1];
-      if (isSwap) next[j] = Math.min(next[j], before[j - 2] + 1);
-      least = Math.min(least, next[j]);
-    }
-    if (least > limit) return limit + 1;
-    before = row;
-    row = next;
-  }
-  return row[b.length];
 }

@@ -1,40 +1,32 @@
 // Searches that take longer than a key stroke may: in documentation, and for names that are nearly
-// the same. They run in slices, so that the page answers meanwhile.
-
-import { distance } from './search_index.js';
+// the same. They run in slices, so that the page responds meanwhile.
 
 const SLICE_MILLISECONDS = 8;
 
-/** Lets the page do something else. */
-function pause() {
-  return new Promise((resolve) => setTimeout(resolve));
-}
-
-/** Calls `look(i)` for every number below the size, until it returns true or the search is over. */
-async function inSlices(size, isOver, look) {
+/** Calls `look(id)` for every element that may be meant until it returns true or all is over. */
+async function inSlices(model, query, isOver, look) {
   let end = performance.now() + SLICE_MILLISECONDS;
-  for (let i = 0; i < size; ++i) {
-    if (i % 64 === 0 && performance.now() > end) {
-      await pause();
+  for (let id = 0; id < model.size; ++id) {
+    if (id % 64 === 0 && performance.now() > end) {
+      await new Promise((resolve) => setTimeout(resolve));
       if (isOver()) return;
       end = performance.now() + SLICE_MILLISECONDS;
     }
-    if (look(i)) return;
+    const isWanted = model.isFound(id) && (!query.kind || model.kindOf(id) === query.kind);
+    if (isWanted && look(id)) return;
   }
 }
 
 /** Elements whose documentation has all the terms, at most `limit`. */
 export async function findInTexts(model, query, limit, isOver) {
   const hits = [];
-  if (!model.texts || !query.terms.length || query.takes.length || query.returns.length)
-    return hits;
-  const codes = query.kinds && new Set(query.kinds.map((kind) => model.kinds.indexOf(kind)));
+  if (!model.texts || !query.terms.length || query.isOfTypes) return hits;
   const escaped = query.terms.map((term) => term.replace(/[.*+?^${}()|[\]\\]/g, '\\$&'));
   const patterns = escaped.map((term) => new RegExp(term, 'iu'));
-  await inSlices(model.size, isOver, (id) => {
+  await inSlices(model, query, isOver, (id) => {
     const text = model.texts[id];
-    if (!text || (codes && !codes.has(model.kind[id])) || !model.isFound(id)) return false;
-    if (patterns.every((pattern) => pattern.test(text))) hits.push({ id, pattern: patterns[0] });
+    if (text && patterns.every((pattern) => pattern.test(text)))
+      hits.push({ id, pattern: patterns[0] });
     return hits.length >= limit;
   });
   return hits;
@@ -44,18 +36,36 @@ export async function findInTexts(model, query, limit, isOver) {
 export async function findNearNames(model, query, limit, isOver) {
   const term = query.terms.at(-1) ?? '';
   const most = Math.min(3, Math.floor(term.length / 3));
-  if (!most) return [];
   const near = [];
   const distances = new Map();
-  await inSlices(model.size, isOver, (id) => {
-    if (!model.isFound(id)) return false;
-    const kind = model.kindOf(id);
-    if (query.kinds ? !query.kinds.includes(kind) : !model.hasFullName(id) && kind !== 'operation')
-      return false;
+  if (!most) return near;
+  await inSlices(model, query, isOver, (id) => {
+    if (!query.kind && !model.hasFullName(id) && model.kindOf(id) !== 'operation') return;
     const name = model.simpleName(id).toLowerCase();
     if (!distances.has(name)) distances.set(name, distance(name, term, most));
     if (distances.get(name) <= most) near.push({ id, distance: distances.get(name) });
-    return false;
   });
   return near.sort((a, b) => a.distance - b.distance).slice(0, limit);
+}
+
+/** How many letters must be changed, or more than `limit`. */
+function distance(a, b, limit) {
+  if (Math.abs(a.length - b.length) > limit) return limit + 1;
+  let before = [];
+  let row = Array.from({ length: b.length + 1 }, (_, i) => i);
+  for (let i = 1; i <= a.length && Math.min(...row) <= limit; ++i) {
+    const next = [i];
+    for (let j = 1; j <= b.length; ++j) {
+      const changed = row[j - 1] + (a[i - 1] === b[j - 1] ? 0 : 1);
+      const isSwap = j > 1 && a[i - 1] === b[j - 2] && a[i - 2] === b[j - 1];
+      next[j] = Math.min(
+        row[j] + 1,
+        next[j - 1] + 1,
+        changed,
+        isSwap ? before[j - 2] + 1 : changed,
+      );
+    }
+    [before, row] = [row, next];
+  }
+  return row[b.length];
 }

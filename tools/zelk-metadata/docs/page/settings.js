@@ -1,13 +1,14 @@
-// The theme, the help, and keys that are single letters, which can be switched off. What is chosen
-// is kept if the browser allows it.
+// The theme and keys that are single letters, which can be switched off. What is chosen is kept if
+// the browser allows it.
 
-const THEMES = { auto: ['◐', 'as the system'], light: ['☀', 'light'], dark: ['☾', 'dark'] };
+const THEMES = ['auto', 'light', 'dark'];
+const SIGNS = { auto: '◐', light: '☀', dark: '☾' };
 
-function stored(key, unless) {
+function stored(key) {
   try {
-    return localStorage.getItem(`zelk-metadata.${key}`) ?? unless;
+    return localStorage.getItem(`zelk-metadata.${key}`);
   } catch {
-    return unless;
+    return null;
   }
 }
 
@@ -20,31 +21,29 @@ function store(key, value) {
 }
 
 export function setUpTheme(button) {
-  const names = Object.keys(THEMES);
+  const { dataset } = document.documentElement;
   const apply = (theme) => {
-    document.documentElement.dataset.theme = theme;
-    const [sign, text] = THEMES[theme];
-    button.textContent = sign;
-    button.setAttribute('aria-label', `Theme: ${text}`);
-    button.title = `Theme: ${text}`;
+    dataset.theme = theme;
+    button.textContent = SIGNS[theme];
+    button.title = `Theme: ${theme}`;
+    button.setAttribute('aria-label', button.title);
   };
   button.addEventListener('click', () => {
-    const next = names[(names.indexOf(document.documentElement.dataset.theme) + 1) % names.length];
-    store('theme', next);
-    apply(next);
+    apply(THEMES[(THEMES.indexOf(dataset.theme) + 1) % THEMES.length]);
+    store('theme', dataset.theme);
   });
-  const theme = stored('theme', 'auto');
-  apply(Object.hasOwn(THEMES, theme) ? theme : 'auto');
+  const theme = stored('theme');
+  apply(THEMES.includes(theme) ? theme : 'auto');
 }
 
 /** `actions` has a function for each key. */
 export function setUpKeys(checkbox, actions) {
-  checkbox.checked = stored('shortcuts', 'on') === 'on';
-  checkbox.addEventListener('change', () => store('shortcuts', checkbox.checked ? 'on' : 'off'));
+  checkbox.checked = stored('keys') !== 'off';
+  checkbox.addEventListener('change', () => store('keys', checkbox.checked ? 'on' : 'off'));
   document.addEventListener('keydown', (event) => {
-    const isTyping = event.target.closest('input, textarea, select, dialog');
-    if (!checkbox.checked || isTyping || event.ctrlKey || event.metaKey || event.altKey) return;
-    if (!Object.hasOwn(actions, event.key)) return;
+    const isTyping =
+      event.target.closest('input, dialog') || event.ctrlKey || event.metaKey || event.altKey;
+    if (isTyping || !checkbox.checked || !Object.hasOwn(actions, event.key)) return;
     event.preventDefault();
     actions[event.key]();
   });

@@ -11,23 +11,24 @@ const LONGEST = 400;
 export function typePieces(model, row) {
   const pieces = [];
   const open = []; // how many types each generic type still needs
-  for (let i = 0; i < row.length; ++i) {
-    if (pieces.length > LONGEST) return [...pieces, { text: '…' }];
-    let word = row[i] % 2 ? '' : model.strings[row[i] >> 1];
-    if (row[i] % 2) pieces.push({ id: row[i] >> 1, text: model.simpleName(row[i] >> 1) });
+  for (let i = 0; i < row.length && pieces.length < LONGEST; ++i) {
+    const link = row[i];
+    const word = model.strings[link >> 1];
+    if (link % 2) pieces.push({ id: link >> 1, text: model.simpleName(link >> 1) });
     else if (word === '') pieces.push({ id: -1, text: model.strings[row[++i] >> 1] });
-    else if (PARTS[word]) {
-      pieces.push({ text: word + '<' });
+    else pieces.push({ text: word });
+    if (PARTS[word] && !(link % 2)) {
       open.push(PARTS[word]);
+      pieces.push({ text: '<' });
       continue;
-    } else pieces.push({ text: word });
+    }
     while (open.length && --open[open.length - 1] === 0) {
       open.pop();
       pieces.push({ text: '>' });
     }
     if (open.length) pieces.push({ text: ', ' });
   }
-  return pieces;
+  return open.length ? [...pieces, { text: '…' }] : pieces;
 }
 
 export function typeText(model, row) {

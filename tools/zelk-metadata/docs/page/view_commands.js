@@ -1,91 +1,28 @@
 // Pages of what CLI files describe.
 
-import { h, name } from './dom.js';
-import {
-  documentation,
-  heading,
-  link,
-  list,
-  mark,
-  partId,
-  section,
-  table,
-  target,
-} from './parts.js';
-import { schemesOf } from './view_schemes.js';
-
-export function viewNamespace(model, id) {
-  return [
-    heading(model, id, words(model, id) || 'All commands'),
-    table(
-      'Namespaces',
-      ['Name', 'Meaning'],
-      model.sorted(model.children(id, 'namespace')),
-      (one) => [
-        [link(model, one, words(model, one)), mark(model, one)],
-        documentation(model, one, true),
-      ],
-    ),
-    table('Commands', ['Command', 'Meaning'], model.sorted(commandsIn(model, id)), (one) => [
-      [link(model, one, words(model, one)), mark(model, one)],
-      documentation(model, one, true),
-    ]),
-  ];
-}
-
-/** Commands belong to the namespace of their path, in whichever file it is. */
-export function commandsIn(model, id) {
-  return model.children(id, 'command');
-}
+import { h, name, quiet } from './dom.js';
+import { documentation, heading, overview, section, table, target } from './parts.js';
+import { partId } from './routes.js';
+import { around } from './view_interfaces.js';
+import { schemesAt } from './view_schemes.js';
 
 /** A full name as people type it. */
-export function words(model, id) {
-  return model.name(id).replaceAll('.', ' ');
+function words(model, id) {
+  return model.nameOf(id).replaceAll('.', ' ') || 'All commands';
 }
 
-/** "--name TYPE" as help texts have it. */
-function optionUsage(model, id) {
-  const type = model.text(id, 2);
-  const arity = model.text(id, 3).toLowerCase();
-  const value = type.slice(type.lastIndexOf('.') + 1).toUpperCase();
-  const text = `--${model.name(id)} ${value}${arity.includes('list') ? ' …' : ''}`;
-  return arity.startsWith('optional') ? `[${text}]` : text;
-}
-
-export function viewCommand(model, id) {
-  const options = model.children(id, 'option');
-  const [service] = model.referencesFrom(id, 'service');
-  const [operation] = model.referencesFrom(id, 'operation');
-  const usage = h(
-    'code',
-    { class: 'signature' },
-    h('b', null, name(words(model, id))),
-    options
-      .slice(0, 40)
-      .map((one) => [' ', h('span', { class: 'usage' }, name(optionUsage(model, one)))]),
-    options.length > 40 ? ' …' : null,
-  );
+export function viewNamespace(model, id) {
+  const text = (one) => words(model, one);
   return [
     heading(model, id, words(model, id)),
-    usage,
-    section(
-      'Calls',
-      h(
-        'dl',
-        { class: 'facts' },
-        h('dt', null, 'Operation'),
-        h('dd', null, operation ? target(model, operation) : name(model.text(id, 1))),
-        h('dt', null, 'Service'),
-        h('dd', null, service ? target(model, service) : name(model.text(id, 0))),
-        model.text(id, 2)
-          ? [h('dt', null, 'Shown as'), h('dd', null, name(model.text(id, 2)))]
-          : null,
-      ),
-    ),
-    optionsTable(model, options),
-    model.children(id, 'output').map((one) => output(model, one)),
-    operation && operation.id >= 0 ? schemesOf(model, operation.id) : null,
+    overview(model, 'Namespaces', model.sorted(id, 'namespace'), text),
+    overview(model, 'Commands', model.sorted(id, 'command'), text),
   ];
+}
+
+/** Commands that no namespace leads to. */
+export function looseCommands(model) {
+  return model.ofKind('command').filter((id) => model.owner[id] < 0);
 }
 
 const ARITIES = {
@@ -97,71 +34,98 @@ const ARITIES = {
   list_optional: 'a list with gaps',
 };
 
+function arityOf(model, option) {
+  return model.text(option, 3).toLowerCase();
+}
+
+function lastName(text) {
+  return text.slice(text.lastIndexOf('.') + 1);
+}
+
+/** "--name TYPE" as help texts have it. */
+function usage(model, option) {
+  const arity = arityOf(model, option);
+  const value =
+    lastName(model.text(option, 2)).toUpperCase() + (arity.includes('list') ? ' …' : '');
+  const text = `--${model.nameOf(option)} ${value}`;
+  return [' ', h('span.usage', name(arity.startsWith('optional') ? `[${text}]` : text))];
+}
+
+export function viewCommand(model, id) {
+  const options = model.children(id, 'option');
+  const [operation] = model.referencesFrom(id, 'operation');
+  const [service] = model.referencesFrom(id, 'service');
+  const called = operation ? target(model, operation) : name(model.text(id, 1));
+  return [
+    heading(model, id, words(model, id)),
+    h(
+      'p.signature',
+      h('b', name(words(model, id))),
+      options.slice(0, 40).map((one) => usage(model, one)),
+      options.length > 40 && ' …',
+    ),
+    section(
+      'Calls',
+      h('p', called, ' of ', service && target(model, service)),
+      model.text(id, 2) && h('p', 'The result is shown as ', name(model.text(id, 2))),
+    ),
+    optionsTable(model, options),
+    model.children(id, 'output').map((one) => output(model, one)),
+    operation?.id >= 0 && schemesAt(model, [...around(model, operation.id), operation.id]),
+  ];
+}
+
+/** The parameter and the fields in it that the option fills. */
+function filled(model, option) {
+  const parts = model.referencesFrom(option, 'fills');
+  const nameOf = (part) => (part.id < 0 ? part.name : model.nameOf(part.id));
+  const links = parts.map((part, i) => [i > 0 && '.', target(model, part, nameOf(part))]);
+  return h('code', parts.length ? links : name(model.text(option, 1)));
+}
+
 function optionsTable(model, options) {
-  return table(
-    'Options',
-    ['Option', 'Value', 'Fills', 'Meaning'],
-    options,
-    (one) => {
-      const short = model.text(one, 0);
-      const type = model.referencesFrom(one, 'type')[0];
-      const fills = model.referencesFrom(one, 'fills');
-      const arity = model.text(one, 3);
-      return [
-        h('code', null, '--', name(model.name(one)), short ? [', -', name(short)] : null),
-        [
-          type
-            ? target(model, type, type.name.slice(type.name.lastIndexOf('.') + 1))
-            : h('code', null, name(model.text(one, 2).toUpperCase())),
-          h('small', { class: 'quiet' }, ' ', ARITIES[arity.toLowerCase()] ?? name(arity)),
-        ],
-        fills.length
-          ? fills.map((part, i) => [
-              i ? '.' : '',
-              target(model, part, part.id < 0 ? part.name : model.name(part.id)),
-            ])
-          : name(model.text(one, 1), 'code'),
-        documentation(model, one),
-      ];
-    },
-    { id: (one) => partId(model, one) },
+  const type = (one) => {
+    const [named] = model.referencesFrom(one, 'type');
+    return named
+      ? target(model, named, lastName(named.name))
+      : name(model.text(one, 2).toUpperCase());
+  };
+  const cells = (one) => [
+    h(
+      'code',
+      '--',
+      name(model.nameOf(one)),
+      model.text(one, 0) && [', -', name(model.text(one, 0))],
+    ),
+    [h('code', type(one)), ' ', quiet(ARITIES[arityOf(model, one)] ?? name(arityOf(model, one)))],
+    filled(model, one),
+    documentation(model, one),
+  ];
+  return table('Options', ['Option', 'Value', 'Fills', 'Meaning'], options, cells, (one) =>
+    partId(model, one),
   );
 }
 
 function output(model, id) {
   const [structure] = model.referencesFrom(id, 'output');
   const fields = model.children(id, 'output-field');
-  const title = `Output of ${model.name(id).slice(model.name(id).lastIndexOf('.') + 1)}`.slice(
-    0,
-    200,
-  );
-  const about = h(
-    'p',
-    { id: partId(model, id), tabindex: '-1' },
-    'Structure: ',
-    target(model, structure ?? { id: -1, name: model.name(id) }),
-  );
-  const rows = table(title, ['Title', 'Field'], fields, (one) => {
+  const rows = table('Output', ['Title', 'Field'], fields, (one) => {
     const [field] = model.referencesFrom(one, 'output-field');
     return [
       name(model.text(one, 0)),
-      field
-        ? target(model, field, field.id < 0 ? undefined : model.name(field.id))
-        : name(model.name(one)),
+      field ? target(model, field, model.nameOf(one)) : name(model.nameOf(one)),
     ];
   });
-  if (!rows) return section(title, about, h('p', { class: 'quiet' }, 'No field is shown.'));
-  rows.querySelector('h2').after(about);
-  return rows;
-}
-
-/** What no namespace leads to. */
-export function commandsAlone(model) {
-  return model.ofKind('command').filter((id) => model.owner[id] < 0);
-}
-
-export function viewLooseCommands(model) {
-  return list('Commands in no namespace', commandsAlone(model), (id) =>
-    link(model, id, words(model, id)),
-  );
+  const shown = rows || section('Output', quiet('No field is shown.'));
+  shown
+    .querySelector('h2')
+    .after(
+      h(
+        'p',
+        { id: partId(model, id), tabindex: '-1' },
+        'Of ',
+        structure && target(model, structure),
+      ),
+    );
+  return shown;
 }

@@ -1,8 +1,6 @@
 // Pages of what Metamodel files describe.
 
-import { counted, h, name } from './dom.js';
-import { path } from './routes.js';
-import { schemesAt, schemesOf } from './view_schemes.js';
+import { counted, h, name, quiet } from './dom.js';
 import {
   annotations,
   documentation,
@@ -13,32 +11,17 @@ import {
   link,
   list,
   mark,
-  partId,
+  overview,
   partsTable,
+  resourceLink,
   section,
   table,
   target,
+  title,
   typeOf,
 } from './parts.js';
-
-export function viewComponent(model, id) {
-  const packages = model.sorted(model.children(id, 'package'));
-  const schemes = model.referencesTo(id, 'listed');
-  return [
-    heading(model, id, model.name(id)),
-    table('Packages', ['Name', 'Contents', 'Meaning'], packages, (one) => [
-      link(model, one, model.name(one)),
-      contents(model, one),
-      documentation(model, one, true),
-    ]),
-    list('Schemes', schemes, ({ from }) => [
-      link(model, from, model.name(from)),
-      ' ',
-      counted(model.children(from, 'scheme').length, 'scheme'),
-    ]),
-    annotations(model, id),
-  ];
-}
+import { partId } from './routes.js';
+import { schemesAt } from './view_schemes.js';
 
 /** "3 services, 4 structures". */
 function contents(model, id) {
@@ -50,58 +33,42 @@ function contents(model, id) {
     .join(', ');
 }
 
-function definitions(model, id) {
+export function packages(model, id) {
+  const full = (one) => model.nameOf(one);
+  const column = ['Contents', (one) => h('span', contents(model, one))];
+  return overview(model, 'Packages', model.sorted(id, 'package'), full, column);
+}
+
+export function viewComponent(model, id) {
+  const schemes = model.referencesTo(id, 'listed');
   return [
-    table(
-      'Structures',
-      ['Name', 'Meaning'],
-      model.sorted(model.children(id, 'structure')),
-      (one) => [[link(model, one), mark(model, one)], documentation(model, one, true)],
-    ),
-    table(
-      'Enumerations',
-      ['Name', 'Meaning'],
-      model.sorted(model.children(id, 'enumeration')),
-      (one) => [[link(model, one), mark(model, one)], documentation(model, one, true)],
-    ),
-    constants(model, id),
+    heading(model, id, model.nameOf(id)),
+    packages(model, id),
+    list('Schemes', schemes, ({ from }) => fullLink(model, from)),
+    annotations(model, id),
   ];
 }
 
-function constants(model, id) {
-  const all = model.children(id, 'constant');
-  return table(
-    'Constants',
-    ['Name', 'Type', 'Value', 'Meaning'],
-    all,
-    (one) => {
-      const [category, type] = [model.text(one, 0), model.text(one, 1)].map((word) =>
-        word.toUpperCase(),
-      );
-      const value =
-        model.row(one).length > 2
-          ? h('code', null, name(model.text(one, 2)))
-          : h('span', { class: 'quiet' }, 'not kept');
-      return [
-        name(model.name(one), 'code'),
-        h('code', null, category === 'LIST' ? `LIST<${type}>` : type),
-        value,
-        documentation(model, one),
-      ];
-    },
-    { id: (one) => partId(model, one) },
-  );
+function definitions(model, id) {
+  return [
+    overview(model, 'Structures', model.sorted(id, 'structure')),
+    overview(model, 'Enumerations', model.sorted(id, 'enumeration')),
+    partsTable(model, 'Constants', model.children(id, 'constant'), constantType),
+  ];
+}
+
+function constantType(model, id) {
+  const [category, type] = [0, 1].map((position) => model.text(id, position).toUpperCase());
+  const value =
+    model.row(id)[2] === undefined ? quiet(', value not kept') : [' ', name(model.text(id, 2))];
+  return h('code', category === 'LIST' ? `LIST<${type}>` : type, value);
 }
 
 export function viewPackage(model, id) {
-  const services = model.sorted(model.children(id, 'service'));
+  const column = ['Contents', (one) => h('span', contents(model, one))];
   return [
-    heading(model, id, model.name(id)),
-    table('Services', ['Name', 'Contents', 'Meaning'], services, (one) => [
-      link(model, one),
-      contents(model, one),
-      documentation(model, one, true),
-    ]),
+    heading(model, id, model.nameOf(id)),
+    overview(model, 'Services', model.sorted(id, 'service'), undefined, column),
     definitions(model, id),
     schemesAt(model, [id]),
     annotations(model, id),
@@ -109,14 +76,10 @@ export function viewPackage(model, id) {
 }
 
 export function viewService(model, id) {
-  const operations = model.sorted(model.children(id, 'operation'));
+  const column = ['Takes and returns', (one) => signature(model, one, 8)];
   return [
-    heading(model, id, model.name(id)),
-    table('Operations', ['Name', 'Takes and returns', 'Meaning'], operations, (one) => [
-      [link(model, one), mark(model, one)],
-      signature(model, one, true),
-      documentation(model, one, true),
-    ]),
+    heading(model, id, model.nameOf(id)),
+    overview(model, 'Operations', model.sorted(id, 'operation'), undefined, column),
     definitions(model, id),
     schemesAt(model, [model.owner[id], id]),
     list('Commands that call it', model.referencesTo(id, 'service'), ({ from }) =>
@@ -126,78 +89,72 @@ export function viewService(model, id) {
   ];
 }
 
-/** The names of the parameters with their types, and that of the result. */
-function signature(model, id, isBrief = false) {
+/** The parameters, by their types only where `most` is small, and the result. */
+function signature(model, id, most) {
   const parameters = model.children(id, 'parameter');
-  const shownOnes = parameters.slice(0, isBrief ? 8 : 100);
-  const pieces = shownOnes.map((one, i) => [
-    i ? ', ' : '',
-    isBrief ? null : [name(model.name(one)), ': '],
-    typeOf(model, model.row(one)),
-  ]);
-  const [result] = model.children(id, 'result');
-  return h(
-    'code',
-    { class: isBrief ? 'signature brief' : 'signature' },
-    isBrief ? null : name(model.name(id), 'b'),
-    '(',
-    pieces,
-    parameters.length > shownOnes.length ? ', …' : null,
-    ') → ',
-    result === undefined ? '?' : typeOf(model, model.row(result)),
-  );
+  const pieces = parameters
+    .slice(0, most)
+    .map((one, i) => [
+      i > 0 && ', ',
+      most > 9 && [name(model.nameOf(one)), ': '],
+      typeOf(model, one),
+    ]);
+  const results = model.children(id, 'result').map((one) => typeOf(model, one));
+  return h('code', '(', pieces, parameters.length > most && ', …', ') → ', results);
 }
 
 export function viewOperation(model, id) {
-  const [result] = model.children(id, 'result');
-  const commands = model.referencesTo(id, 'operation');
+  const commands = model.referencesTo(id, 'operation').map(({ from }) => from);
+  const errors = model.children(id, 'error');
+  const errorOf = (one) =>
+    target(model, model.referencesFrom(one, 'error')[0] ?? { id: -1, name: model.nameOf(one) });
   return [
     heading(model, id),
-    signature(model, id),
-    partsTable(model, 'Parameters', model.children(id, 'parameter')),
-    result === undefined ? null : partsResult(model, result),
+    h('p.signature', h('b', name(model.nameOf(id))), signature(model, id, 100)),
+    partsTable(model, 'Parameters', model.children(id, 'parameter'), typeOf),
+    model
+      .children(id, 'result')
+      .map((one) =>
+        section(
+          'Result',
+          h('p', { id: partId(model, one), tabindex: '-1' }, typeOf(model, one)),
+          documentation(model, one),
+        ),
+      ),
     table(
       'Errors',
       ['Error', 'When'],
-      model.children(id, 'error'),
-      (one) => [
-        target(model, model.referencesFrom(one, 'error')[0] ?? { id: -1, name: model.name(one) }),
-        documentation(model, one),
-      ],
-      { id: (one) => partId(model, one) },
+      errors,
+      (one) => [errorOf(one), documentation(model, one)],
+      (one) => partId(model, one),
     ),
-    schemesOf(model, id),
-    table('Commands that call it', ['Command', 'Meaning'], commands, ({ from }) => [
-      [link(model, from, model.fullName(from).replaceAll('.', ' ')), mark(model, from)],
-      documentation(model, from, true),
-    ]),
-    resourcesOf(model, id),
+    schemesAt(model, [...around(model, id), id]),
+    overview(model, 'Commands that call it', commands, (one) =>
+      model.nameOf(one).replaceAll('.', ' '),
+    ),
+    list('Resources it uses', resourcesOf(model, id), resourceLink),
     annotations(model, id),
   ];
 }
 
-function partsResult(model, result) {
-  return section(
-    'Result',
-    h('p', { id: partId(model, result), tabindex: '-1' }, typeOf(model, model.row(result))),
-    documentation(model, result),
-  );
+/** The package and the service of an operation. */
+export function around(model, operation) {
+  const service = model.owner[operation];
+  return [model.owner[service], service];
 }
 
 /** The resources that the operation and its parts name. */
 function resourcesOf(model, id) {
-  const names = new Set();
-  for (const part of [id, ...model.children(id)]) {
-    for (const annotation of model.children(part, 'annotation')) {
-      if (model.name(annotation) !== 'Resource') continue;
-      for (const member of model.members(annotation)) {
-        if (member.name === 'value') member.texts.forEach((text) => names.add(text));
-      }
-    }
-  }
-  return list('Resources it uses', [...names], (text) =>
-    h('a', { href: path('resource', text) }, name(text)),
-  );
+  const parts = [id, ...model.children(id)];
+  const all = parts.flatMap((part) => model.children(part, 'annotation'));
+  const members = all
+    .filter((one) => model.nameOf(one) === 'Resource')
+    .flatMap((one) => model.members(one));
+  return [
+    ...new Set(
+      members.filter((member) => member.name === 'value').flatMap((member) => member.texts),
+    ),
+  ];
 }
 
 export function viewStructure(model, id) {
@@ -205,20 +162,9 @@ export function viewStructure(model, id) {
   const models = [...model.resources.values()].filter((resource) => resource.models.includes(id));
   return [
     heading(model, id),
-    isError ? h('p', { class: 'quiet' }, 'An error that operations may end with.') : null,
-    models.length
-      ? h(
-          'p',
-          null,
-          'A model of ',
-          models.map((resource, i) => [
-            i ? ', ' : '',
-            h('a', { href: path('resource', resource.name) }, name(resource.name)),
-          ]),
-          '.',
-        )
-      : null,
-    partsTable(model, 'Fields', model.children(id, 'field')),
+    isError && h('p', quiet('An error that operations may end with.')),
+    models.map((resource) => h('p', 'A model of ', resourceLink(resource.name))),
+    partsTable(model, 'Fields', model.children(id, 'field'), typeOf),
     definitions(model, id),
     usedBy(model, id),
     annotations(model, id),
@@ -234,84 +180,42 @@ export function viewEnumeration(model, id) {
   ];
 }
 
-const USE_TITLES = {
-  parameter: 'Parameters',
-  result: 'Results',
-  field: 'Fields',
-  error: 'Errors of operations',
-  output: 'Outputs of commands',
-  option: 'Options of commands',
-};
-
-/** Everything that has the type, by what has it. */
+/** Everything that has the type. */
 function usedBy(model, id) {
-  const groups = new Map();
-  const seen = new Set();
-  for (const { kind, from } of model.referencesTo(id)) {
-    if (kind === 'resource' || seen.has(from)) continue;
-    seen.add(from);
-    const user = model.kindOf(from);
-    groups.set(user, [...(groups.get(user) ?? []), from]);
-  }
-  if (!groups.size)
-    return section('Used by', h('p', { class: 'quiet' }, 'Nothing in these files refers to it.'));
-  return h(
-    'section',
-    { class: 'uses' },
-    h('h2', null, 'Used by'),
-    Object.entries(USE_TITLES).map(([kind, title]) => {
-      const element = groups.has(kind)
-        ? list(title, groups.get(kind), (from) => useLink(model, from))
-        : null;
-      element
-        ?.querySelector('h2')
-        .replaceWith(
-          h(
-            'h3',
-            null,
-            title,
-            ' ',
-            h('small', { class: 'tally' }, String(groups.get(kind).length)),
-          ),
-        );
-      return element;
-    }),
+  const users = model.referencesTo(id).filter((reference) => reference.kind !== 'resource');
+  const ids = [...new Set(users.map(({ from }) => from))];
+  return (
+    list('Used by', ids, (from) => useLink(model, from)) ||
+    section('Used by', quiet('Nothing in these files refers to it.'))
   );
 }
 
-/** Of a result, error or output its owner; of other parts both names. */
+/** What has it, and as what. */
 function useLink(model, id) {
   const owner = model.owner[id];
-  const isNamed = ['parameter', 'field', 'option'].includes(model.kindOf(id));
+  const kind = kindText(model, id);
+  const isNamed = /parameter|field|option/.test(kind);
   return [
     glyph(kindText(model, owner)),
     ' ',
     link(model, isNamed ? id : owner, model.fullName(isNamed ? id : owner)),
+    ' ',
+    quiet(kind),
     mark(model, id),
   ];
 }
 
 export function viewResource(model, resource) {
-  const answered = (id) =>
-    model.source[id] === resource.last
-      ? null
-      : h('small', null, ' not answered: a later source names the resource');
+  const unanswered = (id) =>
+    model.source[id] !== resource.last && quiet(' not answered: a later source names the resource');
   return [
-    h(
-      'h1',
-      { tabindex: '-1' },
-      h('span', { class: 'kind resource' }, 'resource'),
-      ' ',
-      name(resource.name),
-    ),
-    list('Models', [...new Set(resource.models)], (id) => [fullLink(model, id), answered(id)]),
+    title('resource', resource.name),
+    list('Models', [...new Set(resource.models)], (id) => [fullLink(model, id), unanswered(id)]),
     list('Identifiers that stand for it', [...new Set(resource.users)], (id) =>
       fullLink(model, id),
     ),
-    list(
-      'Interface that it is named after',
-      model.find('service', resource.name).slice(0, 1),
-      (id) => fullLink(model, id),
+    list('Service of that name', model.find('service', resource.name).slice(0, 1), (id) =>
+      fullLink(model, id),
     ),
   ];
 }

@@ -3,7 +3,7 @@
 import { h, name } from './dom.js';
 import { elementsAt } from './routes.js';
 import { viewCommand, viewNamespace } from './view_commands.js';
-import { viewHome, viewSearch, viewSource } from './view_home.js';
+import { viewHome, viewSource } from './view_home.js';
 import {
   viewComponent,
   viewEnumeration,
@@ -14,6 +14,7 @@ import {
   viewStructure,
 } from './view_interfaces.js';
 import { viewAuthentication, viewScheme } from './view_schemes.js';
+import { viewSearch } from './view_search.js';
 
 const VIEWS = {
   component: viewComponent,
@@ -29,39 +30,24 @@ const VIEWS = {
 };
 
 /** The page of an address: its title, its nodes, and its element or -1. */
-export function viewAt(model, index, address) {
-  const { kind, names, ordinal } = address;
-  if (!kind) return { title: '', nodes: viewHome(model), element: -1 };
-  if (kind === 'search')
-    return { title: 'Search', nodes: viewSearch(model, index(), names.join('/')), element: -1 };
-  if (kind === 'resource') {
-    const resource = model.resources.get(names[0]);
-    if (resource)
-      return { title: resource.name, nodes: viewResource(model, resource), element: -1 };
+export function viewAt(model, index, { kind, names, ordinal }) {
+  const page = (title, nodes, element = -1) => ({ title, nodes, element });
+  const [first, second] = names;
+  if (!kind) return page('', viewHome(model));
+  if (kind === 'search') return page('Search', viewSearch(model, index(), first));
+  if (kind === 'resource' && model.resources.has(first)) {
+    return page(first, viewResource(model, model.resources.get(first)));
   }
-  if (kind === 'source') {
-    const position = model.sources.findIndex(
-      (source) => source.domain === names[0] && source.id === names[1],
-    );
-    if (position >= 0) return { title: names[1], nodes: viewSource(model, position), element: -1 };
-  }
+  const isMeant = (source) => source.domain === first && source.id === second;
+  const source = kind === 'source' ? model.sources.findIndex(isMeant) : -1;
+  if (source >= 0) return page(second, viewSource(model, source));
   const elements = Object.hasOwn(VIEWS, kind) ? elementsAt(model, kind, names) : [];
   const element = elements[ordinal - 1] ?? elements[0];
-  if (element === undefined) return missing(model, index, address);
-  return { title: model.fullName(element), nodes: VIEWS[kind](model, element), element };
-}
-
-/** Nothing has the address: what may be meant. */
-function missing(model, index, { names }) {
-  const last = names.at(-1) ?? '';
-  const text = last.slice(last.lastIndexOf('.') + 1);
-  return {
-    title: 'Not found',
-    nodes: [
-      h('h1', { tabindex: '-1' }, 'Not found: ', name(names.join(' '))),
-      h('p', null, 'Nothing in these files has that name.'),
-      viewSearch(model, index(), text).slice(1),
-    ],
-    element: -1,
-  };
+  if (element >= 0) return page(model.fullName(element), VIEWS[kind](model, element), element);
+  // Nothing has the address: what may be meant.
+  const text = names.at(-1)?.split('.').at(-1) ?? '';
+  return page('Not found', [
+    h('h1', { tabindex: '-1' }, 'Not found: ', name(names.join(' '))),
+    viewSearch(model, index(), text).slice(1),
+  ]);
 }

@@ -1,0 +1,52 @@
+// Results of searches, and the page with all of them.
+
+import { counted, h, name, number, quiet, shown } from './dom.js';
+import { glyph, kindText, list } from './parts.js';
+import { href, path } from './routes.js';
+import { parseQuery } from './search_query.js';
+import { findInTexts, findNearNames } from './search_texts.js';
+
+/** What is shown of a hit: its kind, its name, what it is in or where its text matches. */
+export function describe(model, { id, resource, pattern }) {
+  const full = resource ?? model.fullName(id);
+  const text = resource?.split('.').at(-1) ?? model.simpleName(id);
+  const isElement = resource === undefined;
+  return {
+    kind: isElement ? kindText(model, id) : 'resource',
+    text,
+    around: pattern ? excerpt(model, id, pattern) : full.slice(0, -text.length - 1),
+    address: isElement ? href(model, id) : path('resource', resource),
+  };
+}
+
+/** What is around the first place of the pattern. */
+function excerpt(model, id, pattern) {
+  const text = model.documentation(id);
+  const begin = Math.max(0, text.search(pattern) - 60);
+  return (begin ? '…' : '') + text.slice(begin, begin + 160);
+}
+
+/** Slower searches are filled in when they are done. */
+export function viewSearch(model, index, text) {
+  const query = parseQuery(text);
+  const { hits, total } = index.find(query);
+  const item = (hit) => {
+    const { kind, text: found, around, address } = describe(model, hit);
+    return [glyph(kind), ' ', h('a', { href: address }, name(found)), ' ', quiet(name(around))];
+  };
+  const rest = h('div');
+  const isOver = () => !rest.isConnected;
+  setTimeout(async () => {
+    const texts = await findInTexts(model, query, 100, isOver);
+    rest.append(list('In documentation', texts, item) || '');
+    if (hits.length + texts.length) return;
+    rest.append(list('Did you mean', await findNearNames(model, query, 20, isOver), item) || '');
+  });
+  const best = hits.length < total && `, of which the best ${number(hits.length)} are shown`;
+  return [
+    h('h1', { tabindex: '-1' }, 'Search: ', name(text)),
+    h('p.quiet', { role: 'status' }, counted(total, 'result'), best),
+    list('In names', hits, item),
+    rest,
+  ];
+}
