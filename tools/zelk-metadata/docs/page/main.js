@@ -65,7 +65,10 @@ function goBeside(step) {
 }
 
 const showHelp = () => byId('help-dialog').showModal();
-const search = () => input.focus();
+const search = () => {
+  input.focus();
+  input.select();
+};
 setUpKeys(byId('keys'), {
   '/': search,
   s: search,

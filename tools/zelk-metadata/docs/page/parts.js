@@ -147,7 +147,12 @@ export function heading(model, id, text = model.simpleName(id)) {
   return [
     breadcrumb(model, id),
     title(kindText(model, id), text),
-    h('p.about', h('code', name(full)), action('Copy name', copy), place(model, id)),
+    h(
+      'p.about',
+      full !== text && h('code.name', longText(full)),
+      action('Copy name', copy),
+      place(model, id),
+    ),
     notes(model, id),
     documentation(model, id),
   ];

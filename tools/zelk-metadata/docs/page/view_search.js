@@ -1,6 +1,6 @@
 // Results of searches, and the page with all of them.
 
-import { counted, h, name, number, quiet, shown } from './dom.js';
+import { counted, h, name, number, quiet } from './dom.js';
 import { glyph, kindText, list } from './parts.js';
 import { href, path } from './routes.js';
 import { parseQuery } from './search_query.js';

@@ -1,0 +1,369 @@
+// What people see of the page, in both browsers.
+
+import assert from 'node:assert/strict';
+import { createServer } from 'node:http';
+import { after, before, describe, test } from 'node:test';
+
+import { COPIES, HOSTILE_TEXTS, hostileSources, shadowedSources } from './fixtures.js';
+import {
+  BROWSERS,
+  follow,
+  heading,
+  launch,
+  load,
+  makePage,
+  openTab,
+  ready,
+  screenshot,
+  settle,
+  violations,
+} from './support.js';
+
+const SOURCE = 'com.orvane.zelk.metadata.metamodel.source';
+const KINDS = {
+  home: '#/',
+  component: '#/component/com.orvane.zelk.metadata',
+  package: '#/package/com.orvane.zelk.metadata.metamodel',
+  service: `#/service/${SOURCE}`,
+  operation: `#/operation/${SOURCE}/delete`,
+  structure: '#/structure/com.orvane.zelk.metadata.metamodel.field_info',
+  enumeration: '#/enumeration/com.orvane.zelk.metadata.source_type',
+  authentication: '#/authentication/com.orvane.zelk.metadata',
+  scheme: '#/scheme/com.orvane.zelk.metadata/session',
+  namespace: '#/namespace/metadata.metamodel',
+  command: '#/command/metadata.metamodel.source.create',
+  resource: `#/resource/${SOURCE}`,
+  source: '#/source/cli/cli%2Fzelk-metadata',
+  search: '#/search/fingerprint',
+  missing: '#/service/no.such.servic',
+};
+
+const own = makePage('own', ['metadata']);
+const shadowed = makePage('shadowed', shadowedSources(), 1);
+const hostile = makePage('hostile', hostileSources());
+
+for (const name of Object.keys(BROWSERS)) {
+  describe(name, () => {
+    let browser;
+    let tab;
+    const text = (selector) => tab.$eval(selector, (element) => element.textContent);
+    const texts = (selector) => tab.$$eval(selector, (all) => all.map((one) => one.textContent));
+    const focused = () => tab.evaluate(() => document.activeElement.tagName);
+    const hash = () => tab.evaluate(() => location.hash);
+
+    const search = async (query) => {
+      await tab.$eval('#query', (input) => (input.value = ''));
+      await tab.type('#query', query);
+    };
+
+    before(async () => {
+      browser = await launch(name);
+      tab = await openTab(browser);
+      await tab.setViewport({ width: 1280, height: 860 });
+    });
+
+    after(async () => {
+      assert.deepEqual(tab.faults, []);
+      await browser.close();
+    });
+
+    test('every kind of page is accessible in both themes and on a narrow screen', async () => {
+      await load(tab, own);
+      const themes = await tab.$('#theme');
+      for (const theme of ['light', 'dark']) {
+        while ((await tab.evaluate(() => document.documentElement.dataset.theme)) !== theme) {
+          await themes.click();
+        }
+        for (const [kind, address] of Object.entries(KINDS)) {
+          await follow(tab, address);
+          assert.deepEqual(await violations(tab), [], `${kind}, ${theme}`);
+          await screenshot(tab, `${name}-${kind}-${theme}`);
+        }
+      }
+      await tab.setViewport({ width: 320, height: 720 });
+      for (const [kind, address] of Object.entries(KINDS)) {
+        await follow(tab, address);
+        const width = await tab.evaluate(() => document.scrollingElement.scrollWidth);
+        assert.ok(width <= 320, `${kind} is ${width} wide`);
+        await screenshot(tab, `${name}-${kind}-narrow`);
+      }
+      assert.deepEqual(await violations(tab), []);
+      await tab.setViewport({ width: 1280, height: 860 });
+    });
+
+    test('an operation has its types, schemes at each level, commands and place', async () => {
+      await load(tab, own + KINDS.operation);
+      assert.equal(await heading(tab), 'delete');
+      assert.equal(await tab.title(), `${SOURCE}.delete · com.orvane.zelk.metadata`);
+      assert.equal(await text('.signature'), 'delete(source_id: ID) → VOID');
+      assert.match(await text('.about'), /metadata\/metamodel\/zelk-metadata\.json:\d+$/);
+      const levels = await tab.$$eval('table', (tables) =>
+        tables
+          .find((table) => table.caption.textContent === 'Schemes listed')
+          .innerText.split('\n')
+          .join(' '),
+      );
+      assert.match(
+        levels,
+        /package metamodel.*session.*service source.*operation delete.*administrator/,
+      );
+      assert.match(await text('main'), /nothing is inherited/);
+      const links = await tab.$$eval('main a', (all) =>
+        all.map((link) => link.getAttribute('href')),
+      );
+      for (const link of ['#/command/metadata.metamodel.source.delete', `#/resource/${SOURCE}`]) {
+        assert.ok(links.includes(link), link);
+      }
+    });
+
+    test('links lead both ways', async () => {
+      await load(tab, own + '#/command/metadata.metamodel.source.delete');
+      await tab.click(`main a[href="${KINDS.operation}"]`);
+      await settle(tab);
+      assert.equal(await heading(tab), 'delete');
+      await tab.click('main a[href="#/command/metadata.metamodel.source.delete"]');
+      await settle(tab);
+      assert.equal(await heading(tab), 'metadata metamodel source delete');
+      await follow(tab, KINDS.structure);
+      const users = await texts('main section:last-of-type li');
+      assert.ok(
+        users.some((user) => user.includes('operation_info.params field')),
+        users.join(),
+      );
+      assert.ok(users.some((user) => user.includes('metadata.metamodel.structure.get output')));
+      await follow(tab, KINDS.scheme);
+      assert.ok((await texts('main li')).some((user) => user.includes(SOURCE)));
+    });
+
+    test('back, forward and links to parts of pages work', async () => {
+      await load(tab, own + KINDS.service);
+      await follow(tab, KINDS.structure + '?field=type');
+      assert.equal(await text('.chosen th'), 'type');
+      assert.equal(await focused(), 'TR');
+      await follow(tab, KINDS.command);
+      assert.equal(await focused(), 'H1');
+      await tab.evaluate(() => history.go(-2));
+      await tab.waitForFunction(() =>
+        document.title.startsWith('com.orvane.zelk.metadata.metamodel.source '),
+      );
+      assert.equal(await heading(tab), SOURCE);
+      await tab.evaluate(() => history.forward());
+      await tab.waitForFunction(() => document.title.includes('field_info'));
+      assert.equal(await heading(tab), 'field_info');
+      assert.equal(await text('[aria-current="page"] .name'), 'field_info');
+    });
+
+    test('search finds names, parts, initials, kinds, types and documentation', async () => {
+      await load(tab, own);
+      const first = async (query) => {
+        await search(query);
+        return texts('#hits [role="option"]');
+      };
+      assert.match((await first('sou del'))[0], /delete.*source/);
+      assert.match((await first('source.delete'))[0], /delete.*source/);
+      assert.match((await first('ofi'))[0], /output_field_info|option_field/);
+      const commands = await first('cmd:get');
+      assert.ok(commands.length > 3 && commands.every((one) => one.startsWith('Ccommand')));
+      const taking = await first('takes:create_spec');
+      assert.ok(
+        taking.length === 3 && taking.every((one) => one.includes('create')),
+        taking.join(),
+      );
+      assert.match((await first('returns:field_info'))[0] ?? '', /^$/);
+      assert.ok((await first('returns:operation_info')).length > 0);
+      await search('hex digits');
+      await tab.waitForSelector('[aria-label="In documentation"]');
+      assert.match(await text('[aria-label="In documentation"]'), /fingerprint/);
+      await search('strukture_inof');
+      await tab.waitForSelector('[aria-label="Did you mean"]');
+      assert.match(await text('[aria-label="Did you mean"]'), /structure_info/);
+      await search('qqqqqqqq');
+      await tab.waitForFunction(
+        () => document.querySelector('#count').textContent === 'Nothing found',
+      );
+      assert.deepEqual(await violations(tab), []);
+      await search('source');
+      assert.deepEqual(await violations(tab), []);
+      assert.match(await text('#count'), /^\d+ results$/);
+      await screenshot(tab, `${name}-searching`);
+    });
+
+    test('everything can be done with the keyboard', async () => {
+      await load(tab, own);
+      await tab.keyboard.press('/');
+      await tab.keyboard.type('sou del');
+      await tab.keyboard.press('ArrowDown');
+      assert.equal(
+        await tab.$eval('#query', (input) => input.getAttribute('aria-activedescendant')),
+        'hit-0',
+      );
+      await tab.keyboard.press('ArrowDown');
+      await tab.keyboard.press('ArrowUp');
+      await tab.keyboard.press('Enter');
+      await tab.waitForFunction(() => location.hash.includes('/delete'));
+      await settle(tab);
+      assert.equal(await heading(tab), 'delete');
+      assert.equal(await focused(), 'H1');
+      const before = await hash();
+      await tab.keyboard.press(']');
+      await tab.waitForFunction((old) => location.hash !== old, {}, before);
+      await settle(tab);
+      assert.equal(await heading(tab), 'fingerprint');
+      await tab.keyboard.press('[');
+      await tab.waitForFunction((old) => location.hash === old, {}, before);
+      await settle(tab);
+      await tab.keyboard.press('s');
+      await tab.keyboard.type('fingerprint');
+      await tab.keyboard.press('Enter');
+      await tab.waitForFunction(() => location.hash === '#/search/fingerprint');
+      await settle(tab);
+      assert.match(await text('main'), /In names/);
+      await tab.keyboard.press('?');
+      assert.ok(await tab.$eval('dialog', (dialog) => dialog.open));
+      assert.deepEqual(await violations(tab), []);
+      await tab.keyboard.press('Escape');
+      assert.ok(!(await tab.$eval('dialog', (dialog) => dialog.open)));
+      await tab.focus('#tab-0');
+      await tab.keyboard.press('ArrowRight');
+      assert.equal(await text('[role="tab"][aria-selected="true"]'), 'Commands');
+    });
+
+    test('keys that are single letters can be switched off', async () => {
+      await load(tab, own);
+      await tab.click('#help');
+      await tab.click('#keys');
+      await tab.keyboard.press('Escape');
+      await tab.reload();
+      await ready(tab);
+      await tab.keyboard.press('/');
+      assert.notEqual(await focused(), 'INPUT');
+      await tab.click('#help');
+      await tab.click('#keys');
+      await tab.keyboard.press('Escape');
+      await tab.evaluate(() => document.activeElement.blur());
+      await tab.keyboard.press('/');
+      assert.equal(await focused(), 'INPUT');
+    });
+
+    test('the lists at the side open step by step', async () => {
+      await load(tab, own);
+      const rows = async () => (await texts('.tree a')).length;
+      assert.equal(await rows(), 5);
+      await tab.click('.tree ul ul .opener');
+      assert.equal(
+        await tab.$eval('.tree ul ul .opener', (one) => one.getAttribute('aria-expanded')),
+        'true',
+      );
+      assert.ok((await rows()) > 5);
+      await tab.click('.tree ul ul .opener');
+      assert.equal(await rows(), 5);
+      await tab.setViewport({ width: 320, height: 720 });
+      assert.ok(await tab.$eval('#sidebar', (one) => getComputedStyle(one).display === 'none'));
+      await tab.click('#menu');
+      assert.ok(await tab.$eval('#sidebar', (one) => getComputedStyle(one).display !== 'none'));
+      assert.deepEqual(await violations(tab), []);
+      await screenshot(tab, `${name}-menu-narrow`);
+      await tab.keyboard.press('Escape');
+      assert.ok(await tab.$eval('#sidebar', (one) => getComputedStyle(one).display === 'none'));
+      await tab.setViewport({ width: 1280, height: 860 });
+    });
+
+    test('what is shadowed, dropped or does not load is shown', async () => {
+      await load(tab, shadowed);
+      assert.match(await text('main'), /Files that do not load.*broken\.json/s);
+      await follow(tab, '#/service/a.b.svc');
+      assert.equal((await texts('.note')).length, 0);
+      await follow(tab, '#/service/a.b.svc@2');
+      assert.match(await text('.note'), /Lookups of the name return another one.*first\.json:1/);
+      assert.deepEqual(await violations(tab), []);
+      await screenshot(tab, `${name}-shadowed`);
+      await follow(tab, '#/source/metamodel/second');
+      assert.match(await text('main'), /Not answered or shadowed.*second\.json:1/s);
+      await follow(tab, '#/source/metamodel/first');
+      assert.match(await text('main'), /Shadows.*second\.json:1/s);
+    });
+
+    test('long lists are shown in steps', async () => {
+      await load(tab, shadowed + '#/structure/a.b.many');
+      const rows = async () => (await texts('main tbody tr')).length;
+      assert.equal(await rows(), 201);
+      await tab.click('main tbody button');
+      assert.equal(await rows(), COPIES);
+    });
+
+    test('hostile texts are shown and run nothing', async () => {
+      await load(tab, hostile);
+      const names = await tab.$$eval('.tree a', (links) =>
+        links.map((link) => link.getAttribute('href')),
+      );
+      for (const address of ['#/', ...names, '#/search/script', '#/search/%3Cscript']) {
+        await follow(tab, address);
+        const { attacked, elements } = await tab.evaluate(() => ({
+          attacked: 'attacked' in window,
+          elements: document.querySelectorAll('main img, main script, main b i').length,
+        }));
+        assert.equal(attacked, false);
+        assert.equal(elements, 0);
+      }
+      await follow(tab, names[0]);
+      assert.ok((await text('main')).includes(HOSTILE_TEXTS[0].slice(0, 20)));
+      await screenshot(tab, `${name}-hostile`);
+      const width = await tab.evaluate(() => document.scrollingElement.scrollWidth);
+      assert.ok(width <= 1280, String(width));
+    });
+
+    test('the browser refuses every request, even one that a script of the page tries', async () => {
+      let requests = 0;
+      const server = createServer((request, response) => {
+        ++requests;
+        response.end();
+      });
+      await new Promise((resolve) => server.listen(0, '127.0.0.1', resolve));
+      const probe = await browser.newPage();
+      await load(probe, own);
+      const address = `http://127.0.0.1:${server.address().port}/`;
+      const isRefused = await probe.evaluate(
+        (url) =>
+          fetch(url, { mode: 'no-cors' }).then(
+            () => false,
+            () => true,
+          ),
+        address,
+      );
+      await probe.evaluate((url) => {
+        const image = document.createElement('img');
+        image.src = url;
+        document.body.append(image);
+        return new Promise((resolve) => (image.onerror = resolve));
+      }, address);
+      await probe.close();
+      server.close();
+      assert.ok(isRefused);
+      assert.equal(requests, 0);
+    });
+
+    if (name === 'chromium') {
+      test('print shows the page without the frame', async () => {
+        await load(tab, own + KINDS.operation);
+        await tab.emulateMediaType('print');
+        const display = (selector) => tab.$eval(selector, (one) => getComputedStyle(one).display);
+        assert.deepEqual([await display('.bar'), await display('.sidebar')], ['none', 'none']);
+        assert.notEqual(await display('main'), 'none');
+        await screenshot(tab, `${name}-print`);
+        await tab.emulateMediaType(null);
+      });
+
+      test('without scripts there is a table of contents', async () => {
+        const still = await browser.newPage();
+        await still.setJavaScriptEnabled(false);
+        await still.goto(own);
+        const visible = await still.evaluate(() => document.body.innerText);
+        assert.match(visible, /needs JavaScript/);
+        assert.match(visible, new RegExp(`service ${SOURCE.replaceAll('.', '\\.')}`));
+        assert.doesNotMatch(visible, /Reading the page/);
+        await screenshot(still, `${name}-no-script`);
+        await still.close();
+      });
+    }
+  });
+}
