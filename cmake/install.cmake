@@ -28,7 +28,7 @@ install(DIRECTORY metadata DESTINATION ${CMAKE_INSTALL_DATADIR}/zelk-metadata
 # The documents, with everything that they link to.
 install(FILES README.md ARCHITECTURE.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs examples metadata DESTINATION ${CMAKE_INSTALL_DOCDIR}
-  FILES_MATCHING PATTERN "*.md" PATTERN "*.cc" PATTERN "*.json")
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.cc" PATTERN "*.json" PATTERN "*.png")
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zelk-metadata-services)
 install(EXPORT zelk-metadata-services-targets NAMESPACE Zelk:: DESTINATION ${package_dir})

@@ -42,7 +42,7 @@ forbid tools '(common|metamodel|authentication|cli)/' 'the host goes round the p
 
 # The folders of the tool, from the top. None includes one before it.
 above=
-for folder in commands shell complete lint diff check language domains host explain render; do
+for folder in commands shell complete lint diff docs check language domains host explain render; do
   [ -d "tools/zelk-metadata/$folder" ] || { echo "the tool has no $folder/"; status=1; }
   [ -z "$above" ] || forbid "tools/zelk-metadata/$folder" "($above)/" "$folder/ knows a layer above it"
   above=${above:+$above|}$folder

@@ -77,7 +77,8 @@ for (const name of Object.keys(BROWSERS)) {
         for (const [kind, address] of Object.entries(KINDS)) {
           await follow(tab, address);
           assert.deepEqual(await violations(tab), [], `${kind}, ${theme}`);
-          await screenshot(tab, `${name}-${kind}-${theme}`);
+          if (name === 'chromium' || theme === 'dark')
+            await screenshot(tab, `${name}-${kind}-${theme}`);
         }
       }
       await tab.setViewport({ width: 320, height: 720 });
