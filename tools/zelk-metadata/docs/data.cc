@@ -15,11 +15,8 @@ namespace Zelk::Tool::Docs {
 namespace {
 
 using Analysis::Domain;
-using Analysis::DomainElement;
-using Analysis::Element;
 using Analysis::ElementId;
 using Analysis::ElementKind;
-using Analysis::kNoElement;
 using Analysis::Model;
 using Analysis::NodeId;
 using Analysis::Lint::Workspace;
