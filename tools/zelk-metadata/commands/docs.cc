@@ -50,7 +50,9 @@ ExitStatus RunDocs(Invocation& call) {
   Lint::Input input = Lint::ReadInput(sources, call.GetStreams().in);
   for (const Unreadable& file : input.unreadable) call.Complain(file.file + ": " + file.reason);
   for (const LoadReport& report : input.failed) {
-    call.Complain(ProblemLine(report.file, report.problems.back()));
+    for (const Problem& problem : report.problems) {
+      call.Complain(ProblemLine(report.file, problem));
+    }
   }
   const Workspace workspace(std::move(input.files));
   const std::string& title = call.Args().text;

@@ -30,6 +30,7 @@ file(READ ${page}/page.css style)
 without_comments(style)
 string(REPLACE ": " ":" style "${style}")
 string(REPLACE " {" "{" style "${style}")
+string(REGEX REPLACE "([{,;])\n" "\\1" style "${style}")
 file(READ ${page}/page.html frame)
 file(WRITE ${OUTPUT}.new "#include \"docs/texts.h\"
 
