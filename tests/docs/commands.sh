@@ -31,7 +31,7 @@ while IFS= read -r line; do
     [[ $line == '```console' ]] && in_block=1
   elif [ "$in_block" = 1 ] && [[ $line == '$ '* ]]; then
     finish
-    [[ $line =~ zelk-metadata\ (check|lint|diff|explain|tree|list|get|search|which|uses|fingerprint|usage|schema|completion|help|man|--) ]] && command=${line#'$ '}
+    [[ $line =~ zelk-metadata\ (check|lint|diff|explain|tree|list|get|search|which|uses|fingerprint|usage|schema|docs|completion|help|man|--) ]] && command=${line#'$ '}
     # A session without a script needs a person who types.
     [[ $line =~ \|\ zelk-metadata\ shell ]] && command=${line#'$ '}
   elif [ -n "$command" ]; then

@@ -52,8 +52,15 @@ for (const name of Object.keys(BROWSERS)) {
     const hash = () => tab.evaluate(() => location.hash);
 
     const search = async (query) => {
-      await tab.$eval('#query', (input) => (input.value = ''));
-      await tab.type('#query', query);
+      await tab.focus('#query');
+      await tab.$eval(
+        '#query',
+        (input, value) => {
+          input.value = value;
+          input.dispatchEvent(new Event('input'));
+        },
+        query,
+      );
     };
 
     before(async () => {
@@ -227,6 +234,33 @@ for (const name of Object.keys(BROWSERS)) {
       await tab.focus('#tab-0');
       await tab.keyboard.press('ArrowRight');
       assert.equal(await text('[role="tab"][aria-selected="true"]'), 'Commands');
+    });
+
+    test('a name can be copied, and results opened in new tabs', async () => {
+      await load(tab, own + KINDS.operation);
+      await tab.evaluate(() => {
+        window.copied = '';
+        navigator.clipboard.writeText = async (copied) => (window.copied = copied);
+        window.open = (address) => (window.opened = address);
+      });
+      await tab.click('.about button');
+      await tab.waitForFunction(
+        () => document.querySelector('.about button').textContent === 'Copied',
+      );
+      assert.equal(await tab.evaluate(() => window.copied), `${SOURCE}.delete`);
+      await search('field_info');
+      await tab.keyboard.down('Control');
+      await tab.keyboard.press('Enter');
+      await tab.keyboard.up('Control');
+      assert.equal(await tab.evaluate(() => window.opened), '#/search/field_info');
+      await tab.evaluate(() => {
+        navigator.clipboard.writeText = () => Promise.reject(new Error('denied'));
+      });
+      await tab.click('h1');
+      await tab.click('.about button');
+      await tab.waitForFunction(() =>
+        document.querySelector('.about button').textContent.startsWith('Not allowed'),
+      );
     });
 
     test('keys that are single letters can be switched off', async () => {

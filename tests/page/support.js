@@ -95,7 +95,10 @@ export function heading(tab) {
 export async function violations(tab) {
   if (!(await tab.evaluate(() => 'axe' in window))) await tab.evaluate(axe);
   return tab.evaluate(async () => {
-    const { violations: found } = await window.axe.run();
+    const { violations: found } = await window.axe.run({
+      resultTypes: ['violations'],
+      rules: { 'target-size': { enabled: true } },
+    });
     return found.flatMap(({ id, nodes }) =>
       nodes.map((node) => `${id}: ${node.html.slice(0, 200)}`),
     );

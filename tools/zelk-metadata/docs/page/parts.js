@@ -82,7 +82,9 @@ export function documentedShare(model, root) {
   return later(model, element, () => {
     const all = [root];
     for (const id of all) {
-      all.push(...model.children(id).filter((child) => model.kindOf(child) !== 'annotation'));
+      for (const child of model.children(id)) {
+        if (model.kindOf(child) !== 'annotation') all.push(child);
+      }
     }
     const documented = all.filter((id) => model.documentation(id)).length;
     const percent = Math.floor((100 * documented) / all.length);
@@ -141,8 +143,12 @@ export function title(kind, text) {
 export function heading(model, id, text = model.simpleName(id)) {
   const full = model.fullName(id);
   const copy = async ({ target: button }) => {
-    await navigator.clipboard.writeText(full);
-    button.textContent = 'Copied';
+    try {
+      await navigator.clipboard.writeText(full);
+      button.textContent = 'Copied';
+    } catch {
+      button.textContent = 'Not allowed';
+    }
   };
   return [
     breadcrumb(model, id),

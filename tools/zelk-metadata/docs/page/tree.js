@@ -195,7 +195,7 @@ export class Tree {
   /** The address beside the current one: of those that are in the same thing. */
   sibling(id, step) {
     const owner = this.model.owner[id] ?? -1;
-    const rows = owner < 0 ? this.rows[this.tab] : rowOf(this.model, owner).children();
+    const rows = owner < 0 ? this.rows[this.tab] : (rowOf(this.model, owner).children?.() ?? []);
     const at = rows.findIndex((row) => row.address === this.current);
     return at < 0 ? undefined : rows[at + step]?.address;
   }
