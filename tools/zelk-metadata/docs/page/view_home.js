@@ -89,7 +89,7 @@ export function viewSource(model, position) {
   const facts = [
     ['Describes', DOMAINS[source.domain]],
     ['Id', name(source.id)],
-    ['Fingerprint', h('code', source.fingerprint)],
+    ['MD5 of the file', h('code', source.fingerprint)],
     ['Size', `${number(source.bytes)} bytes`],
   ];
   return [

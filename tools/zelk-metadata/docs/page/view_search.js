@@ -8,9 +8,10 @@ import { findInTexts, findNearNames } from './search_texts.js';
 
 /** What is shown of a hit: its kind, its name, what it is in or where its text matches. */
 export function describe(model, { id, resource, pattern }) {
-  const full = resource ?? model.fullName(id);
-  const text = resource?.split('.').at(-1) ?? model.simpleName(id);
   const isElement = resource === undefined;
+  const full = isElement ? model.fullName(id) : resource;
+  const last = (count) => full.split('.').slice(-count).join('.');
+  const text = isElement && !pattern ? model.simpleName(id) : last(pattern ? 2 : 1);
   return {
     kind: isElement ? kindText(model, id) : 'resource',
     text,
