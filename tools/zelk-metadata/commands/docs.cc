@@ -4,15 +4,16 @@
 #include <utility>
 
 #include "docs/page.h"
+#include "domains/table.h"
+#include "host/input.h"
 #include "language/invocation.h"
-#include "lint/input.h"
 
 namespace Zelk::Tool {
 namespace {
 
 using Analysis::Domain;
 using Analysis::ElementKind;
-using Analysis::Lint::Workspace;
+using Analysis::Workspace;
 
 /// The name of the component if there is one.
 std::string TitleOf(const Workspace& workspace) {
@@ -47,7 +48,7 @@ ExitStatus RunDocs(Invocation& call) {
   }
   std::vector<SourceArgument> sources;
   std::transform(words.begin(), words.end(), std::back_inserter(sources), ParseSourceArgument);
-  Lint::Input input = Lint::ReadInput(sources, call.GetStreams().in);
+  Input input = ReadInput(sources, call.GetStreams().in, Domains());
   for (const Unreadable& file : input.unreadable) call.Complain(file.file + ": " + file.reason);
   for (const LoadReport& report : input.failed) {
     for (const Problem& problem : report.problems) {

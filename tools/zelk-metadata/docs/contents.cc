@@ -32,7 +32,7 @@ void AddList(std::string& html, const char* title, const Model& model,
 
 }  // namespace
 
-std::string ContentsHtml(const Analysis::Lint::Workspace& workspace) {
+std::string ContentsHtml(const Analysis::Workspace& workspace) {
   std::string html;
   AddList(html, "Interfaces", workspace.ModelOf(Domain::kMetamodel),
           {ElementKind::kComponent, ElementKind::kPackage, ElementKind::kService});

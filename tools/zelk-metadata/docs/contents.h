@@ -2,12 +2,12 @@
 
 #include <string>
 
-#include "analysis/lint/workspace.h"
+#include "analysis/workspace.h"
 
 namespace Zelk::Tool::Docs {
 
 /// What browsers show in which scripts are switched off: components, packages and services,
 /// schemes, namespaces, commands and sources as lists.
-std::string ContentsHtml(const Analysis::Lint::Workspace& workspace);
+std::string ContentsHtml(const Analysis::Workspace& workspace);
 
 }  // namespace Zelk::Tool::Docs

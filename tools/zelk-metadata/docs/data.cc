@@ -1,6 +1,5 @@
 #include "docs/data.h"
 
-#include <array>
 #include <sstream>
 #include <string_view>
 
@@ -17,11 +16,10 @@ namespace {
 using Analysis::Domain;
 using Analysis::ElementId;
 using Analysis::ElementKind;
+using Analysis::kDomains;
 using Analysis::Model;
 using Analysis::NodeId;
-using Analysis::Lint::Workspace;
-
-constexpr std::array<Domain, 3> kDomains{Domain::kMetamodel, Domain::kAuthentication, Domain::kCli};
+using Analysis::Workspace;
 
 // In the order of ElementKind, Fate and ReferenceKind; each word is used once.
 constexpr const char* kKindWords[] = {

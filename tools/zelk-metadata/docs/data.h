@@ -3,14 +3,14 @@
 #include <string>
 #include <vector>
 
-#include "analysis/lint/workspace.h"
+#include "analysis/workspace.h"
 #include "host/load.h"
 
 namespace Zelk::Tool::Docs {
 
 /// What a page is about.
 struct Subject {
-  const Analysis::Lint::Workspace& workspace;
+  const Analysis::Workspace& workspace;
   /// Files that do not load; the page lists them with their messages.
   const std::vector<LoadReport>& failed;
   std::string title;
@@ -21,6 +21,6 @@ struct Subject {
 std::string StructureJson(const Subject& subject);
 
 /// The documentation of every element, in the same order; 0 for one without.
-std::string DocumentationJson(const Analysis::Lint::Workspace& workspace);
+std::string DocumentationJson(const Analysis::Workspace& workspace);
 
 }  // namespace Zelk::Tool::Docs

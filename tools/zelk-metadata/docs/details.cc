@@ -139,7 +139,7 @@ class DetailReader {
 
 }  // namespace
 
-Numbers::Numbers(const Analysis::Lint::Workspace& workspace) {
+Numbers::Numbers(const Analysis::Workspace& workspace) {
   for (std::size_t domain = 1; domain < elements_.size(); ++domain) {
     const Model& before = workspace.ModelOf(static_cast<Domain>(domain - 1));
     elements_.at(domain) = elements_.at(domain - 1) + before.Size();

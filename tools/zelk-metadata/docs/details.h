@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "analysis/lint/workspace.h"
+#include "analysis/workspace.h"
 #include "render/json_writer.h"
 
 namespace Zelk::Tool::Docs {
@@ -17,7 +17,7 @@ namespace Zelk::Tool::Docs {
 /// Counts the elements and the sources of all domains in one row.
 class Numbers {
  public:
-  explicit Numbers(const Analysis::Lint::Workspace& workspace);
+  explicit Numbers(const Analysis::Workspace& workspace);
 
   std::uint64_t Of(Analysis::Domain domain, Analysis::ElementId id) const {
     return elements_.at(static_cast<std::size_t>(domain)) + id;
@@ -71,7 +71,7 @@ std::uint64_t LinkTo(const Numbers& numbers, Texts& texts, const Analysis::Domai
 
 /// What details refer to.
 struct DetailContext {
-  const Analysis::Lint::Workspace& workspace;
+  const Analysis::Workspace& workspace;
   const Numbers& numbers;
   Texts& texts;
 };
