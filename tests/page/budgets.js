@@ -2,12 +2,11 @@
 // usage: node budgets.js [MEGABYTES…]      1, 10 and 80 unless given
 
 import { mkdirSync, mkdtempSync, readFileSync, statSync, writeFileSync } from 'node:fs';
-import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { gzipSync } from 'node:zlib';
 
-import { launch, makePage, ready } from './support.js';
+import { folder, launch, makePage, ready } from './support.js';
 
 const top = fileURLToPath(new URL('../..', import.meta.url));
 const DOMAINS = ['metamodel', 'authentication', 'cli'];
@@ -19,19 +18,19 @@ const copySize = texts.reduce((sum, text) => sum + text.length, 0);
 
 /** A folder with that many copies, each with names of its own. */
 function copies(count) {
-  const folder = mkdtempSync(join(tmpdir(), 'zelk-copies-'));
+  const copied = mkdtempSync(join(folder, 'copies-'));
   DOMAINS.forEach((domain, i) => {
-    mkdirSync(join(folder, domain));
+    mkdirSync(join(copied, domain));
     for (let copy = 0; copy < count; ++copy) {
       const text = texts[i]
         .replaceAll('com.orvane.zelk.metadata', `com.orvane.zelk${copy}.metadata`)
         .replaceAll('"metadata.', `"metadata${copy}.`)
         .replaceAll('"path":"metadata"', `"path":"metadata${copy}"`)
         .replaceAll('"path":"","name":"metadata"', `"path":"","name":"metadata${copy}"`);
-      writeFileSync(join(folder, domain, `${copy}.json`), text);
+      writeFileSync(join(copied, domain, `${copy}.json`), text);
     }
   });
-  return folder;
+  return copied;
 }
 
 /** The code and the style of a page. */

@@ -2,7 +2,7 @@
 // ZELK_METADATA is the program; screenshots go to the folder ZELK_SCREENSHOTS.
 
 import { execFileSync } from 'node:child_process';
-import { mkdirSync, mkdtempSync, readFileSync, writeFileSync } from 'node:fs';
+import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { createRequire } from 'node:module';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
@@ -13,10 +13,11 @@ import puppeteer from 'puppeteer-core';
 const top = new URL('../..', import.meta.url).pathname;
 const program = process.env.ZELK_METADATA ?? join(top, 'build/release/bin/zelk-metadata');
 const screenshots = process.env.ZELK_SCREENSHOTS ?? join(top, 'build/page');
-const folder = mkdtempSync(join(tmpdir(), 'zelk-page-'));
+export const folder = mkdtempSync(join(tmpdir(), 'zelk-page-'));
 const axe = readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8');
 
 mkdirSync(screenshots, { recursive: true });
+process.on('exit', () => rmSync(folder, { recursive: true }));
 
 /** The address of the page of the sources; `status` is what the program returns. */
 export function makePage(name, sources, status = 0) {
