@@ -1,4 +1,8 @@
 #include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
 #include <tuple>
 #include <utility>
 
@@ -94,16 +98,35 @@ std::string Remembered(std::string_view name) {
 
 /// One name of a kind in what it is looked up in: everything, a path or an owner.
 struct NamedElement {
-  ElementKind kind;
-  ElementId owner;
-  std::string_view path;
-  std::string remembered;
-  std::string_view name;
   ElementId id;
+  /// kNoElement unless names are only told apart within their owners, as those of parts.
+  ElementId owner;
+  /// Of the name as people may remember it. Files may have very many names, so it is not kept.
+  std::size_t hash;
 };
 
-auto Scope(const NamedElement& named) {
-  return std::tie(named.kind, named.owner, named.path, named.remembered);
+auto Scope(const Model& model, const NamedElement& named) {
+  const Element& element = model[named.id];
+  return std::tuple(element.kind, named.owner, element.path, named.hash);
+}
+
+/// In one scope, those that are remembered alike are together, in the order of their names.
+bool IsBefore(const Model& model, const NamedElement& left, const NamedElement& right) {
+  const auto left_scope = Scope(model, left);
+  const auto right_scope = Scope(model, right);
+  if (left_scope != right_scope) return left_scope < right_scope;
+  const std::string_view left_name = model[left.id].name;
+  const std::string_view right_name = model[right.id].name;
+  if (left_name == right_name) return left.id < right.id;
+  const int order = Remembered(left_name).compare(Remembered(right_name));
+  return order != 0 ? order < 0 : left_name < right_name;
+}
+
+bool AreConfused(const Model& model, const NamedElement& left, const NamedElement& right) {
+  const std::string_view left_name = model[left.id].name;
+  const std::string_view right_name = model[right.id].name;
+  return Scope(model, left) == Scope(model, right) && left_name != right_name &&
+         Remembered(left_name) == Remembered(right_name);
 }
 
 std::vector<NamedElement> NamesOf(const Model& model) {
@@ -111,13 +134,11 @@ std::vector<NamedElement> NamesOf(const Model& model) {
   for (ElementId id = 0; id < model.Size(); ++id) {
     const Element& element = model[id];
     if (!IsKept(element) || element.is_implied || element.kind == ElementKind::kEntry) continue;
-    // Names of parts are only told apart within their owners.
-    names.push_back({element.kind, HasLookup(element.kind) ? kNoElement : element.owner,
-                     element.path, Remembered(element.name), element.name, id});
+    names.push_back({id, HasLookup(element.kind) ? kNoElement : element.owner,
+                     std::hash<std::string>()(Remembered(element.name))});
   }
-  std::sort(names.begin(), names.end(), [](const NamedElement& left, const NamedElement& right) {
-    return std::tuple_cat(Scope(left), std::tie(left.name, left.id)) <
-           std::tuple_cat(Scope(right), std::tie(right.name, right.id));
+  std::sort(names.begin(), names.end(), [&](const NamedElement& left, const NamedElement& right) {
+    return IsBefore(model, left, right);
   });
   return names;
 }
@@ -127,12 +148,11 @@ void NamesDifferByCase(const Workspace& workspace, Findings& findings) {
     const Model& model = workspace.ModelOf(domain);
     const std::vector<NamedElement> names = NamesOf(model);
     for (std::size_t i = 1; i < names.size(); ++i) {
-      const NamedElement& before = names[i - 1];
-      if (Scope(before) != Scope(names[i]) || before.name == names[i].name) continue;
-      findings.Add(PlaceOf(model, names[i].id),
-                   {Called(model, names[i].id) + " has nearly the same name as '" +
-                        std::string(before.name) + "'",
-                    std::string(before.name)});
+      if (!AreConfused(model, names[i - 1], names[i])) continue;
+      const std::string before(model[names[i - 1].id].name);
+      findings.Add(
+          PlaceOf(model, names[i].id),
+          {Called(model, names[i].id) + " has nearly the same name as '" + before + "'", before});
     }
   }
 }
