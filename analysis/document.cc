@@ -125,6 +125,8 @@ Document::Document(std::string text) : text_(std::move(text)), lines_{0} {
       reader.Parse<rapidjson::kParseIterativeFlag>(stream, builder).IsError()) {
     nodes_.clear();
   }
+  nodes_.shrink_to_fit();
+  lines_.shrink_to_fit();
 }
 
 std::string_view Document::Decoded(std::uint32_t begin, std::uint32_t end, bool is_escaped) const {

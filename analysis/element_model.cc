@@ -47,6 +47,7 @@ void Model::Append(std::uint32_t source, std::vector<Element> elements) {
   if (begin == 0) {
     // Most domains have one file, which may be large.
     elements_ = std::move(elements);
+    elements_.shrink_to_fit();
   } else {
     elements_.insert(elements_.end(), elements.begin(), elements.end());
   }
