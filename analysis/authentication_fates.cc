@@ -1,6 +1,5 @@
 #include <map>
 #include <string_view>
-#include <unordered_map>
 
 #include "analysis/fates.h"
 #include "analysis/format.h"
@@ -9,7 +8,6 @@ namespace Zelk::Analysis {
 namespace {
 
 using ByName = std::map<std::string_view, ElementId>;
-using Kept = std::unordered_map<std::string_view, ElementId>;
 
 void SetFate(Element& element, Fate fate, ElementId by) {
   element.fate = fate;
@@ -39,14 +37,14 @@ class ComponentLists {
   }
 
   void SetTargets() {
-    const Kept schemes = KeepLast(ElementKind::kScheme);
+    const ByName schemes = KeepLast(ElementKind::kScheme);
     Each(ElementKind::kEntry,
          [&](ElementId id) { elements_[id].target = schemes.at(elements_[id].name); });
   }
 
   /// The elements of the kind that are kept.
-  Kept KeepLast(ElementKind kind) {
-    Kept kept;
+  ByName KeepLast(ElementKind kind) {
+    ByName kept;
     Each(kind, [&](ElementId id) { kept[elements_[id].name] = id; });
     Each(kind, [&](ElementId id) {
       const ElementId last = kept.at(elements_[id].name);
@@ -67,7 +65,7 @@ class ComponentLists {
       if (OwnerOf(service).empty()) break;
       services_.emplace(service, Imply(ElementKind::kServiceList, service, operation));
     }
-    Kept operations;
+    ByName operations;
     Each(ElementKind::kOperationList, [&](ElementId id) {
       const auto service = services_.find(OwnerOf(elements_[id].name));
       if (service == services_.end()) {
@@ -79,15 +77,14 @@ class ComponentLists {
     });
   }
 
-  template <typename Names>
-  void KeepFirst(Names& kept, ElementId id) {
+  void KeepFirst(ByName& kept, ElementId id) {
     const ElementId first = kept.emplace(elements_[id].name, id).first->second;
     if (first != id) SetFate(elements_[id], Fate::kDropped, first);
   }
 
   void JoinServices() {
     // The first of a name takes the services, but the last one is kept.
-    Kept packages;
+    ByName packages;
     Each(ElementKind::kPackageList,
          [&](ElementId id) { packages.emplace(elements_[id].name, id); });
     KeepLast(ElementKind::kPackageList);
