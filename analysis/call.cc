@@ -1,6 +1,8 @@
 #include "analysis/call.h"
 
+#include "analysis/format.h"
 #include "analysis/place.h"
+#include "analysis/text.h"
 
 namespace Zelk::Analysis {
 
@@ -31,6 +33,20 @@ std::vector<Filling> FillingsOf(const Workspace& workspace, const Call& call) {
     fillings.push_back({option, std::move(path)});
   }
   return fillings;
+}
+
+std::string OptionTypeOf(const Workspace& workspace, ElementId part) {
+  const Content& content = workspace.GetDefinitions().ContentOf(part);
+  if (content.shape.arity == Arity::kOther) return "";
+  const Document& document = workspace.ModelOf(Domain::kMetamodel).DocumentOf(part);
+  const TypeLevel level = ReadType(document, content.shape.inner);
+  const bool is_builtin = level.form == TypeForm::kBuiltin;
+  return std::string(is_builtin ? level.word : document.String(level.name));
+}
+
+bool IsOptionType(const std::string& written, const std::string& type) {
+  const char* const builtin = kBuiltinTypes.Find(written);
+  return builtin != nullptr ? type == builtin : LowerCase(written) == LowerCase(type);
 }
 
 bool IsOptional(const Workspace& workspace, ElementId part) {

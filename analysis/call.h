@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "analysis/workspace.h"
@@ -23,6 +24,12 @@ struct Filling {
 };
 
 std::vector<Filling> FillingsOf(const Workspace& workspace, const Call& call);
+
+/// The type of options that can fill the parameter or field; empty if none can.
+std::string OptionTypeOf(const Workspace& workspace, ElementId part);
+
+/// Whether the type that is written for an option is that one.
+bool IsOptionType(const std::string& written, const std::string& type);
 
 /// Whether nothing at all is a value of the parameter or field, too.
 bool IsOptional(const Workspace& workspace, ElementId part);

@@ -6,7 +6,6 @@
 #include "analysis/format.h"
 #include "analysis/lint/cli_rules.h"
 #include "analysis/options.h"
-#include "analysis/text.h"
 
 // Whether options are as what they fill.
 
@@ -38,21 +37,6 @@ Place PlaceOfMember(const Model& model, ElementId option, const char* key) {
   return PlaceOf(model, option, model.DocumentOf(option).Find(model[option].node, key));
 }
 
-/// As options write the type within the generics; empty for a type that no option can have.
-std::string TypeText(const Workspace& workspace, ElementId field) {
-  const Content& content = workspace.GetDefinitions().ContentOf(field);
-  if (content.shape.arity == Arity::kOther) return "";
-  const Document& document = workspace.ModelOf(Domain::kMetamodel).DocumentOf(field);
-  const TypeLevel level = ReadType(document, content.shape.inner);
-  const bool is_builtin = level.form == TypeForm::kBuiltin;
-  return std::string(is_builtin ? level.word : document.String(level.name));
-}
-
-bool IsSameType(const std::string& written, const std::string& type) {
-  const char* const builtin = kBuiltinTypes.Find(written);
-  return builtin != nullptr ? type == builtin : LowerCase(written) == LowerCase(type);
-}
-
 /// What is wrong if an option that takes `option` fills `called`, which takes `field`. The message
 /// is empty if nothing is.
 Remark Compare(const Takes& option, const Takes& field, bool is_within_optional,
@@ -82,9 +66,9 @@ void OptionTypeMismatch(const Workspace& workspace, Findings& findings) {
   ForEachOption(
       workspace,
       [&](const Filled& filled) {
-        const std::string type = TypeText(workspace, filled.field);
+        const std::string type = OptionTypeOf(workspace, filled.field);
         const std::string written(TextOf(model, filled.option, "type"));
-        if (type.empty() || IsSameType(written, type)) return;
+        if (type.empty() || IsOptionType(written, type)) return;
         findings.Add(PlaceOfMember(model, filled.option, "type"),
                      {"the option is of type '" + written + "', but " +
                           Called(metamodel, filled.field) + " is of type '" + type + "'",
