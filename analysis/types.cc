@@ -40,7 +40,8 @@ TypeLevel ReadType(const Document& document, NodeId type) {
   } else if (category == "USER_DEFINED") {
     level.form = TypeForm::kUserDefined;
     level.name = document.Find(type, "user_defined_type_name");
-    level.wanted = KindOf(text("user_defined_type"));
+    level.kind = document.Find(type, "user_defined_type");
+    level.wanted = KindOf(document.String(level.kind));
   } else {
     level.form = TypeForm::kGeneric;
     level.word = kGenericTypes.Find(text("generic_type"));

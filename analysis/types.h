@@ -16,8 +16,9 @@ struct TypeLevel {
   TypeForm form;
   /// The built-in type or the generic type, as the library's enumerators are spelt.
   std::string_view word;
-  /// The name of a user-defined type.
+  /// The name of a user-defined type, and the text that says what the name is to be.
   NodeId name = kNoNode;
+  NodeId kind = kNoNode;
   /// What the name is to be: a structure or an enumeration; kNone if the file says something else.
   ElementKind wanted = ElementKind::kNone;
   /// What a generic type is made of: the elements, or the values of a map.

@@ -1,27 +1,18 @@
 #include "analysis/diff/shapes.h"
 
-#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
 
+#include "analysis/diff/mixed.h"
 #include "analysis/diff/texts.h"
+#include "analysis/diff/types.h"
 #include "analysis/format.h"
 #include "analysis/place.h"
 #include "analysis/types.h"
 
 namespace Zelk::Analysis::Diff {
 namespace {
-
-std::uint64_t Mixed(std::uint64_t left, std::uint64_t right) {
-  constexpr std::uint64_t kFactor = 0x9e3779b97f4a7c15;
-  left = (left ^ right) * kFactor;
-  return left ^ left >> 32U;
-}
-
-std::uint64_t Mixed(std::uint64_t left, std::string_view text) {
-  return Mixed(left, std::hash<std::string_view>()(text));
-}
 
 /// Whether the library keeps elements of the kind in the order in which they are written.
 bool IsOrdered(ElementKind kind) {
@@ -43,8 +34,8 @@ std::uint64_t Shapes::OwnOf(ElementId id) const {
     case ElementKind::kResult:
       ForEachLevel(document, type, [&](const TypeLevel& level) {
         shape = Mixed(shape + level.depth, level.word);
-        shape = Mixed(shape + static_cast<std::uint64_t>(level.wanted),
-                      level.name == kNoNode ? "" : document.String(level.name));
+        if (level.form != TypeForm::kUserDefined) return;
+        shape = Mixed(Mixed(shape, KindText(document, level)), document.String(level.name));
       });
       return shape;
     case ElementKind::kConstant:

@@ -1,7 +1,6 @@
 #include "analysis/diff/texts.h"
 
 #include <map>
-#include <string_view>
 
 #include "analysis/format.h"
 
@@ -9,15 +8,27 @@ namespace Zelk::Analysis::Diff {
 namespace {
 
 std::string ValueText(const Document& document, NodeId value) {
-  if (document[value].kind == NodeKind::kString) return std::string(document.String(value));
+  if (document[value].kind == NodeKind::kString) return Unambiguous(document.String(value));
   std::string text = "[";
   for (NodeId each = document[value].first_child; each != kNoNode; each = document[each].next) {
-    text += (text.size() == 1 ? "" : ", ") + std::string(document.String(each));
+    text += (text.size() == 1 ? "" : ", ") + Unambiguous(document.String(each));
   }
   return text + "]";
 }
 
 }  // namespace
+
+std::string Unambiguous(std::string_view text) {
+  if (!text.empty() && text.find_first_of("\"\\,=[]") == std::string_view::npos) {
+    return std::string(text);
+  }
+  std::string quoted = "\"";
+  for (const char character : text) {
+    if (character == '"' || character == '\\') quoted += '\\';
+    quoted += character;
+  }
+  return quoted + "\"";
+}
 
 std::string AnnotationText(const Model& model, ElementId annotation) {
   const Document& document = model.DocumentOf(annotation);
@@ -28,7 +39,7 @@ std::string AnnotationText(const Model& model, ElementId annotation) {
   }
   std::string text;
   for (const auto& [name, value] : values) {
-    text.append(text.empty() ? "" : ", ").append(name).append("=");
+    text.append(text.empty() ? "" : ", ").append(Unambiguous(name)).append("=");
     text += ValueText(document, value);
   }
   return text;

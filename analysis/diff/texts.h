@@ -1,12 +1,16 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "analysis/element_model.h"
 
 // What the library answers of parts of Metamodel files, as texts that can be compared.
 
 namespace Zelk::Analysis::Diff {
+
+/// The text, in quotes if it could be taken for something else.
+std::string Unambiguous(std::string_view text);
 
 /// The members by their names, such as "max=9, names=[a, b]". Of equal names the last one is kept.
 std::string AnnotationText(const Model& model, ElementId annotation);

@@ -42,6 +42,7 @@ const TypeVerdict& VerdictOf(std::string_view old_word, std::string_view new_wor
 /// What the level is in the table.
 std::string_view WordOf(const TypeLevel& level) {
   if (level.form != TypeForm::kUserDefined) return level.word;
+  if (level.wanted == ElementKind::kNone) return "other";
   return level.wanted == ElementKind::kEnumeration ? "enumeration" : "structure";
 }
 
@@ -100,6 +101,9 @@ class TypeComparison {
   void CompareNames(const Step& step, const TypeLevel& old_level, const TypeLevel& new_level) {
     const std::string_view old_name = old_.document.String(old_level.name);
     const std::string_view new_name = new_.document.String(new_level.name);
+    const bool is_same_kind =
+        KindText(old_.document, old_level) == KindText(new_.document, new_level);
+    if (!is_same_kind) return Note(step, TypeChange::kOther, kB, kB);
     if (old_name == new_name) return;
     const ElementId old_id = old_.definitions.Definition(old_level.wanted, old_name);
     const ElementId new_id = new_.definitions.Definition(new_level.wanted, new_name);
@@ -134,7 +138,12 @@ TypeChange CompareTypes(const TypeOf& old_type, const TypeOf& new_type) {
   return TypeComparison(old_type, new_type).Compare();
 }
 
-std::string TypeText(const Document& document, NodeId type) {
+std::string_view KindText(const Document& document, const TypeLevel& level) {
+  const std::string_view word = WordOf(level);
+  return word == "other" ? document.String(level.kind) : word;
+}
+
+std::string TypeText(const Document& document, NodeId type, Names names) {
   struct Part {
     NodeId type;
     const char* text;
@@ -150,7 +159,11 @@ std::string TypeText(const Document& document, NodeId type) {
       continue;
     }
     const TypeLevel level = ReadType(document, part.type);
-    text += level.form == TypeForm::kUserDefined ? document.String(level.name) : level.word;
+    const bool is_named = level.form == TypeForm::kUserDefined;
+    if (is_named && names == Names::kWithKinds) {
+      text.append(KindText(document, level)).append(" ");
+    }
+    text += is_named ? document.String(level.name) : level.word;
     if (level.form != TypeForm::kGeneric) continue;
     text += '<';
     open.push_back({kNoNode, ">"});

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "analysis/definitions.h"
 #include "analysis/diff/kind.h"
@@ -12,7 +14,7 @@ namespace Zelk::Analysis::Diff {
 class Shapes;
 
 /// What a change of one level of a type into another means on the wire. The words are those of
-/// built-in and generic types, or "structure", "enumeration" or "anything".
+/// built-in and generic types, or "structure", "enumeration", "other" or "anything".
 struct TypeVerdict {
   const char* old_type;
   const char* new_type;
@@ -50,7 +52,12 @@ struct TypeChange {
 
 TypeChange CompareTypes(const TypeOf& old_type, const TypeOf& new_type);
 
-/// Such as "MAP<STRING, LIST<c.p.spec>>".
-std::string TypeText(const Document& document, NodeId type);
+/// What a user-defined type says that its name is: "structure", "enumeration", or as it is written.
+std::string_view KindText(const Document& document, const TypeLevel& level);
+
+enum class Names : std::uint8_t { kAlone, kWithKinds };
+
+/// Such as "MAP<STRING, LIST<c.p.spec>>", or with kinds "MAP<STRING, LIST<structure c.p.spec>>".
+std::string TypeText(const Document& document, NodeId type, Names names = Names::kAlone);
 
 }  // namespace Zelk::Analysis::Diff

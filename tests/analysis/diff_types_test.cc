@@ -94,6 +94,22 @@ TEST(TypeChanges, ShowBothTypes) {
                   "(possibly renamed, since both have the same parts)"));
 }
 
+TEST(TypeChanges, ShowWhatANameIsToBeIfOnlyThatIsAnother) {
+  const auto changed = [](const std::string& old_kind, const std::string& new_kind) {
+    return Changed({File(Operation("a", Field("x", Named(old_kind, "c.p.x"))))},
+                   {File(Operation("a", Field("x", Named(new_kind, "c.p.x"))))});
+  };
+  EXPECT_THAT(changed("Structure", "acme.machine"),
+              ElementsAre("BBD-c parameter-type-changed parameter:x: the type of the parameter "
+                          "'c.p.s.a.x' changed from structure c.p.x to acme.machine c.p.x"));
+  EXPECT_THAT(changed("acme.machine", "acme.engine"),
+              ElementsAre(HasSubstr("from acme.machine c.p.x to acme.engine c.p.x")));
+  EXPECT_THAT(changed("Structure", "Enumeration"),
+              ElementsAre(HasSubstr("from structure c.p.x to enumeration c.p.x")));
+  EXPECT_THAT(changed("Structure", "com.orvane.zelk.structure"),
+              ElementsAre(StartsWith("----- formatting-only")));
+}
+
 TEST(TypeChanges, OfOptionalResultsAreOnesOfTypes) {
   EXPECT_THAT(
       Changed({File(Operation("a", "", kText))}, {File(Operation("a", "", Of("OPTIONAL", kText)))}),
