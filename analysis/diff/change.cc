@@ -50,6 +50,8 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
   const Kind& kind = *FindKind(id);
   const ModelPair models = Models(domain);
   Verdicts verdicts = details.verdicts.value_or(ByDirection(kind.verdicts, details.direction));
+  if (!details.breaks.empty())
+    verdicts[static_cast<std::size_t>(Audience::kCli)] = Class::kBreaking;
   // The other formats have no annotations.
   const bool may_be_deprecated = domain == Domain::kMetamodel && kind.action == Action::kRemoved &&
                                  ClassOf(verdicts, kAllAudiences) == Class::kBreaking;
@@ -57,6 +59,7 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
     for (Class& verdict : verdicts) verdict = std::min(verdict, Class::kDangerous);
     details.message += ", which was deprecated";
   }
+  if (!details.breaks.empty()) details.message += "; this breaks " + details.breaks;
   if (IsFull()) {
     ++unlisted_[verdicts];
     return;

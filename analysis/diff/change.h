@@ -30,6 +30,8 @@ struct Details {
   std::string assumption = {};
   /// What worked in the old version and does not in the new one; or empty.
   std::string witness = {};
+  /// Commands that are the same and fail now, such as "the command 'acme.start'"; or empty.
+  std::string breaks = {};
   /// What may help, such as "possibly renamed to 'c.p.stop'"; or empty.
   std::string hint = {};
   /// What is to be looked at, unless it is where the element has its name.

@@ -16,11 +16,6 @@ std::string_view MetadataText(const Model& model, ElementId command, const char*
   return document.String(document.Find(metadata, key));
 }
 
-std::string CallOf(const Model& model, ElementId command) {
-  return std::string(MetadataText(model, command, "operation_id")) + " of " +
-         std::string(MetadataText(model, command, "service_id"));
-}
-
 void CompareCalls(CommandPair& command) {
   const ModelPair models = command.Models();
   const Pair pair = command.Command();
@@ -55,6 +50,11 @@ void AddCommand(Changes& changes, Pair pair) {
 
 Verdicts CliVerdicts(Class verdict) {
   return {kN, kN, verdict, kN, verdict == kT ? kN : kC};
+}
+
+std::string CallOf(const Model& model, ElementId command) {
+  return std::string(MetadataText(model, command, "operation_id")) + " of " +
+         std::string(MetadataText(model, command, "service_id"));
 }
 
 NodeId MemberOf(const Model& model, ElementId id, const char* key) {

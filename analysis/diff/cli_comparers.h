@@ -56,6 +56,9 @@ bool IsReordered(const std::vector<Pair>& parts);
 // cli_namespaces.cc
 void CompareNamespaces(Changes& changes);
 
+/// What a command calls, such as "start of c.p.s".
+std::string CallOf(const Model& model, ElementId command);
+
 /// The value under a key of the element's node, or kNoNode.
 NodeId MemberOf(const Model& model, ElementId id, const char* key);
 

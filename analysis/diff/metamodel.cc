@@ -78,6 +78,8 @@ std::string Metamodel::CalledIn(Pair pair) const {
 void Metamodel::AddWhole(const std::string& kind, Pair pair, Details details) {
   const std::string action = pair.IsAdded() ? "added" : "removed";
   details.message = CalledIn(pair) + ContentsOf(models, pair) + " was " + action + details.message;
+  const bool may_break = pair.IsRemoved() && details.breaks.empty();
+  if (may_break) details.breaks = commands.Text(commands.UsingGone(pair));
   if (!changes.IsFull()) details.hint = renames.HintOf(pair);
   Add(kind + "-" + action, pair, std::move(details));
 }

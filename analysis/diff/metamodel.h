@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/diff/change.h"
+#include "analysis/diff/command_reach.h"
 #include "analysis/diff/reach.h"
 #include "analysis/diff/renames.h"
 #include "analysis/diff/shapes.h"
@@ -22,6 +23,7 @@ struct Metamodel {
       : changes(its_changes),
         models(changes.Models(Domain::kMetamodel)),
         reach(changes.Old(), changes.New()),
+        commands(changes.Old(), changes.New()),
         old_shapes(models.old_model, Shapes::Extent::kParts),
         new_shapes(models.new_model, Shapes::Extent::kParts),
         renames(models, old_shapes, new_shapes) {}
@@ -43,6 +45,7 @@ struct Metamodel {
   Changes& changes;
   ModelPair models;
   Reach reach;
+  CommandReach commands;
   Shapes old_shapes;
   Shapes new_shapes;
   Renames renames;

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <string>
 
+#include "analysis/call.h"
 #include "analysis/diff/metamodel.h"
 #include "analysis/diff/texts.h"
 #include "analysis/diff/verdicts.h"
@@ -27,33 +28,24 @@ bool IsReceived(Direction direction) {
   return direction != Direction::kInput;
 }
 
-/// Whether an option or an output of a command names the field.
-bool IsUsedByCommands(const Workspace& version, ElementId field) {
-  const auto references = version.GetReferences().To({Domain::kMetamodel, field});
-  return std::any_of(references.begin(), references.end(), [](const Reference* reference) {
-    return reference->from.domain == Domain::kCli;
-  });
-}
-
-bool IsOptionalIn(const Model& model, ElementId id) {
-  const Document& document = model.DocumentOf(id);
-  return ReadType(document, document.Find(model[id].node, "type")).word == "OPTIONAL";
-}
-
-void AddField(Metamodel& metamodel, const std::vector<Pair>& all, Pair pair, Direction direction) {
+void AddField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all, Pair pair) {
   const Assumptions& assumptions = metamodel.changes.GetAssumptions();
+  const Direction direction = metamodel.reach.Of(structure);
   Details details;
   details.direction = direction;
   if (pair.IsRemoved()) {
     details.verdicts = FindKind("field-removed")->verdicts.input;
-    const bool is_used = IsUsedByCommands(metamodel.changes.Old(), pair.old_id);
-    (*details.verdicts)[kCli] = is_used ? kB : kN;
+    // Unless a command uses it.
+    (*details.verdicts)[kCli] = kN;
     return metamodel.AddWhole("field", pair, std::move(details));
   }
-  const bool is_optional = IsOptionalIn(metamodel.models.new_model, pair.new_id);
+  const bool is_optional = IsOptional(metamodel.changes.New(), pair.new_id);
   const char* const id = is_optional ? "field-added-optional" : "field-added-required";
   details.message = metamodel.CalledIn(pair) + " was added";
   details.hint = metamodel.renames.HintOf(pair);
+  if (!is_optional) {
+    details.breaks = metamodel.commands.Text(metamodel.commands.Lacking(structure, pair.new_id));
+  }
   const bool is_refused = assumptions.unknown_fields == Assumptions::UnknownFields::kRefused;
   const bool is_positional = assumptions.parameters == Assumptions::Parameters::kPositional;
   if (is_refused && IsReceived(direction)) {
@@ -74,7 +66,7 @@ void CompareFields(Metamodel& metamodel, Pair structure) {
   metamodel.renames.Look(fields);
   for (const Pair& field : fields) {
     if (!field.IsMatched()) {
-      AddField(metamodel, fields, field, direction);
+      AddField(metamodel, structure, fields, field);
     } else if (!IsSameText(metamodel.models, field)) {
       CompareTexts(metamodel, field);
       CompareTypesOf(metamodel, "field", field, direction);
@@ -103,7 +95,9 @@ bool IsOrdinal(const Metamodel& metamodel) {
          Assumptions::EnumerationForm::kOrdinal;
 }
 
-void AddValue(Metamodel& metamodel, const std::vector<Pair>& all, Pair pair, Direction direction) {
+/// `breaks` are the commands with options of the enumeration, if a value was removed.
+void AddValue(Metamodel& metamodel, const std::vector<Pair>& all, Pair pair, Direction direction,
+              const std::string& breaks) {
   const bool is_last = IsLast(all, pair);
   const bool moves_others = IsOrdinal(metamodel) && !is_last;
   Details details;
@@ -114,6 +108,7 @@ void AddValue(Metamodel& metamodel, const std::vector<Pair>& all, Pair pair, Dir
   if (pair.IsRemoved()) {
     const Class wire = moves_others || IsSent(direction) ? kB : kC;
     details.verdicts = WithWire("enumeration-value-removed", direction, wire);
+    details.breaks = breaks;
     return metamodel.AddWhole("enumeration-value", pair, std::move(details));
   }
   const char* const id = is_last ? "enumeration-value-appended" : "enumeration-value-inserted";
@@ -149,9 +144,13 @@ void CompareEnumeration(Metamodel& metamodel, Pair enumeration) {
   const Direction direction = metamodel.reach.Of(enumeration);
   const auto values = PartPairs(metamodel.models, enumeration, ElementKind::kValue);
   metamodel.renames.Look(values);
+  const bool is_shorter = std::any_of(values.begin(), values.end(),
+                                      [](const Pair& value) { return value.IsRemoved(); });
+  std::string breaks;
+  if (is_shorter) breaks = metamodel.commands.Text(metamodel.commands.Naming(enumeration.old_id));
   for (const Pair& value : values) {
     if (!value.IsMatched()) {
-      AddValue(metamodel, values, value, direction);
+      AddValue(metamodel, values, value, direction, breaks);
     } else if (!IsSameText(metamodel.models, value)) {
       CompareTexts(metamodel, value);
     }

@@ -22,7 +22,7 @@ std::string ParametersText(const Metamodel& metamodel) {
   return IsPositional(metamodel) ? "parameters: positional" : "parameters: named";
 }
 
-void AddParameter(Metamodel& metamodel, const std::vector<Pair>& all, Pair pair) {
+void AddParameter(Metamodel& metamodel, Pair operation, const std::vector<Pair>& all, Pair pair) {
   const Model& model = metamodel.models.Of(pair);
   const bool is_optional = OuterWord(model, pair.Id()) == "OPTIONAL";
   const Assumptions& assumptions = metamodel.changes.GetAssumptions();
@@ -38,6 +38,8 @@ void AddParameter(Metamodel& metamodel, const std::vector<Pair>& all, Pair pair)
         details.verdicts = FindKind(id)->verdicts.input;
         (*details.verdicts)[kWire] = kB;
       }
+    } else {
+      details.breaks = metamodel.commands.Text(metamodel.commands.Lacking(operation, pair.new_id));
     }
     return metamodel.Add(id, pair, std::move(details));
   }
@@ -57,7 +59,7 @@ void CompareParameters(Metamodel& metamodel, Pair operation) {
   metamodel.renames.Look(parameters);
   for (const Pair& parameter : parameters) {
     if (!parameter.IsMatched()) {
-      AddParameter(metamodel, parameters, parameter);
+      AddParameter(metamodel, operation, parameters, parameter);
     } else if (!IsSameText(metamodel.models, parameter)) {
       CompareTexts(metamodel, parameter);
       CompareTypesOf(metamodel, "parameter", parameter, Direction::kInput);
@@ -84,10 +86,17 @@ void CompareResult(Metamodel& metamodel, Pair result) {
     return TypeText(document, document.Find(model[id].node, "type"));
   };
   const bool is_void = new_word == "VOID";
+  const Pair operation{metamodel.models.old_model[result.old_id].owner,
+                       metamodel.models.new_model[result.new_id].owner};
+  Details details{
+      metamodel.CalledIn(operation) + (is_void ? " returns nothing now" : " returns something now"),
+      text(metamodel.models.old_model, result.old_id),
+      text(metamodel.models.new_model, result.new_id), Direction::kOutput};
+  if (is_void) {
+    details.breaks = metamodel.commands.Text(metamodel.commands.Naming(operation.old_id));
+  }
   metamodel.Add(is_void ? "result-became-void" : "result-no-longer-void", result,
-                {metamodel.CalledIn(result) + (is_void ? " is nothing now" : " was nothing"),
-                 text(metamodel.models.old_model, result.old_id),
-                 text(metamodel.models.new_model, result.new_id), Direction::kOutput});
+                std::move(details));
 }
 
 }  // namespace
@@ -97,13 +106,19 @@ void CompareOperation(Metamodel& metamodel, Pair operation) {
   for (const Pair& result : PartPairs(metamodel.models, operation, ElementKind::kResult)) {
     if (!IsSameText(metamodel.models, result)) CompareResult(metamodel, result);
   }
-  for (const Pair& error : PartPairs(metamodel.models, operation, ElementKind::kError)) {
+  const auto errors = PartPairs(metamodel.models, operation, ElementKind::kError);
+  for (const Pair& error : errors) {
     if (error.IsMatched()) {
       CompareTexts(metamodel, error);
     } else {
       metamodel.AddWhole("error", error);
     }
   }
+  PartOrder order = OrderOf(metamodel.models, errors);
+  if (!order.is_changed) return;
+  metamodel.Add("error-order-changed", operation,
+                {"the errors of " + metamodel.CalledIn(operation) + " are in another order",
+                 std::move(order.old_names), std::move(order.new_names)});
 }
 
 }  // namespace Zelk::Analysis::Diff

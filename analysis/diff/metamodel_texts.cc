@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <string>
 
+#include "analysis/call.h"
 #include "analysis/diff/metamodel.h"
 #include "analysis/diff/texts.h"
 #include "analysis/diff/verdicts.h"
@@ -49,7 +50,7 @@ std::string ResourceText(const Model& model, ElementId annotation) {
   if (document[value].kind == NodeKind::kString) return std::string(document.String(value));
   std::string text;
   for (NodeId name = document[value].first_child; name != kNoNode; name = document[name].next) {
-    text.append(text.empty() ? "" : ", ").append(document.String(name));
+    text.append(text.empty() ? "" : ", ").append(Unambiguous(document.String(name)));
   }
   return text;
 }
@@ -69,14 +70,6 @@ bool IsOfChangedModel(const Metamodel& metamodel, Pair pair, std::string_view na
   if (!is_model && !is_key) return false;
   const Element& structure = is_model ? element : model[element.owner];
   return metamodel.changed_models.count(structure.name) != 0;
-}
-
-/// Whether an option of a command fills the field.
-bool IsFilled(const Workspace& version, ElementId field) {
-  const auto references = version.GetReferences().To({Domain::kMetamodel, field});
-  return std::any_of(references.begin(), references.end(), [](const Reference* reference) {
-    return reference->kind == ReferenceKind::kField;
-  });
 }
 
 /// Whether the resource of an id is another one.
@@ -120,6 +113,22 @@ void CompareAnnotation(Metamodel& metamodel, Pair pair, Pair annotation) {
   metamodel.Add("annotation-" + action, annotation, std::move(details));
 }
 
+/// The commands that the change of the type of a parameter, a field or a result breaks.
+CommandReach::Commands BrokenByType(Metamodel& metamodel, Pair pair) {
+  const Element& element = metamodel.models.old_model[pair.old_id];
+  if (element.kind == ElementKind::kResult) {
+    return metamodel.commands.Showing(pair.old_id, pair.new_id);
+  }
+  CommandReach::Commands commands = metamodel.commands.Misfitting(pair.old_id);
+  const bool is_newly_required = IsOptional(metamodel.changes.Old(), pair.old_id) &&
+                                 !IsOptional(metamodel.changes.New(), pair.new_id);
+  if (is_newly_required) {
+    const Pair owner{element.owner, metamodel.models.new_model[pair.new_id].owner};
+    commands.Add(metamodel.commands.Lacking(owner, pair.new_id));
+  }
+  return commands;
+}
+
 }  // namespace
 
 void CompareTexts(Metamodel& metamodel, Pair pair) {
@@ -139,12 +148,21 @@ void CompareTypesOf(Metamodel& metamodel, const std::string& kind, Pair pair, Di
                         metamodel.changes.New().GetDefinitions(), metamodel.new_shapes};
   const TypeChange change = CompareTypes(old_type, new_type);
   if (change.form == TypeChange::kNone) return;
-  Details details{"", TypeText(old_type.document, old_type.node),
-                  TypeText(new_type.document, new_type.node), direction};
+  const auto show = [&](Details& details, Names names) {
+    details.old_value = TypeText(old_type.document, old_type.node, names);
+    details.new_value = TypeText(new_type.document, new_type.node, names);
+  };
+  Details details{"", "", "", direction};
+  show(details, Names::kAlone);
+  if (details.old_value == details.new_value) show(details, Names::kWithKinds);
   details.old_node = old_type.node;
   details.new_node = new_type.node;
   details.message = "the type of " + metamodel.CalledIn(pair) + " changed from " +
                     Shortened(details.old_value) + " to " + Shortened(details.new_value);
+  // The removal of the old name breaks commands, too.
+  if (!change.is_renamed) {
+    details.breaks = metamodel.commands.Text(BrokenByType(metamodel, pair));
+  }
   const bool has_own_kinds = kind != "result" && change.form != TypeChange::kOther;
   if (!has_own_kinds) {
     const Verdicts input{change.input, kB, kD, kN, change.is_renamed ? kB : kC};
@@ -155,8 +173,8 @@ void CompareTypesOf(Metamodel& metamodel, const std::string& kind, Pair pair, Di
   }
   const bool is_required = change.form == TypeChange::kBecameRequired;
   const std::string id = kind + (is_required ? "-became-required" : "-became-optional");
-  // Clients ask for the options of parameters, and of fields only if there are any.
-  if (kind == "field" && is_required && !IsFilled(metamodel.changes.Old(), pair.old_id)) {
+  // Clients ask for what fills parameters, but for that of fields only if a command says so.
+  if (kind == "field" && is_required) {
     details.verdicts = ByDirection(FindKind(id)->verdicts, direction);
     (*details.verdicts)[static_cast<std::size_t>(Audience::kCli)] = kN;
   }

@@ -105,10 +105,10 @@ bool IsWithinChange(const ModelPair& models, Pair pair) {
          !Has(models.WithoutIt(pair), model[owner]);
 }
 
-std::string ContentsOf(const ModelPair& models, Pair pair) {
+std::vector<ElementId> PartsWith(const ModelPair& models, Pair pair) {
   const Model& model = models.Of(pair);
   const Model& other = models.WithoutIt(pair);
-  Counts counts;
+  std::vector<ElementId> parts;
   std::vector<ElementId> open{pair.Id()};
   while (!open.empty()) {
     const ElementId owner = open.back();
@@ -117,10 +117,17 @@ std::string ContentsOf(const ModelPair& models, Pair pair) {
       const Element& element = model[id];
       if (id == owner || !IsKept(element) || (HasLookup(element.kind) && Has(other, element)))
         continue;
-      ++counts[element.kind];
+      parts.push_back(id);
       open.push_back(id);
     }
   }
+  return parts;
+}
+
+std::string ContentsOf(const ModelPair& models, Pair pair) {
+  const Model& model = models.Of(pair);
+  Counts counts;
+  for (const ElementId id : PartsWith(models, pair)) ++counts[model[id].kind];
   return CountsText(counts);
 }
 

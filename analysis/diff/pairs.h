@@ -53,8 +53,10 @@ bool IsSameText(const ModelPair& models, Pair pair);
 /// of what it is in.
 bool IsWithinChange(const ModelPair& models, Pair pair);
 
-/// "", " with 1 service", " with 2 services and 12 operations": what comes or goes with an element
-/// that one version has.
+/// What comes or goes with an element that one version has.
+std::vector<ElementId> PartsWith(const ModelPair& models, Pair pair);
+
+/// "", " with 1 service", " with 2 services and 12 operations": its PartsWith().
 std::string ContentsOf(const ModelPair& models, Pair pair);
 
 }  // namespace Zelk::Analysis::Diff

@@ -270,7 +270,7 @@ TEST(FieldChanges, ConcernCommandsThatUseTheField) {
            options + R"(], "output_field_list": [)" + outputs + "]}}]}";
   };
   const std::string option = R"({"long_option": "x", "field_name": "x.f", "description": "",
-      "type": "STRING", "generic": "NONE"})";
+      "type": "STRING", "generic": "OPTIONAL"})";
   const std::string output = R"({"structure_id": "c.p.spec", "output_fields":
       [{"field_name": "f", "display_name": "F"}]})";
   const std::string field = Field("f", kText);
@@ -343,6 +343,27 @@ TEST(AnnotationChanges, CompareTheLastOfEachName) {
   EXPECT_THAT(Changed({with(R"("A": {"v": "1"}, "A": {"v": "2", "w": ["a", "b"]})")},
                       {with(R"("A": {"w": ["x"], "w": ["a", "b"], "v": "2"})")}),
               ElementsAre(kNothing));
+}
+
+TEST(AnnotationChanges, TellTextsAndListsApart) {
+  const std::vector<std::string> values{R"("x, y")",     R"(["x, y"])", R"(["x", "y"])",
+                                        R"("[x, y]")",   R"("")",       "[]",
+                                        R"("\"x, y\"")", R"("\\\"x\"")"};
+  for (const char* name : {"A", "Resource"}) {
+    const auto with = [&](const std::string& value) {
+      return Takes(Field("x", kText, std::string("\"") + name + R"(": {"value": )" + value + "}"));
+    };
+    for (const std::string& before : values) {
+      for (const std::string& after : values) {
+        const std::vector<std::string> changes = Changed({with(before)}, {with(after)});
+        const bool is_found = !changes.empty() && changes[0] != kNothing;
+        EXPECT_EQ(is_found, before != after) << name << ": " << before << " -> " << after;
+      }
+    }
+  }
+  EXPECT_THAT(Changed({Takes(Field("x", kText, R"("A": {"v": "1", "w": "a=b"})"))},
+                      {Takes(Field("x", kText, R"("A": {"v": "1, w=\"a=b\""})"))}),
+              ElementsAre(StartsWith("----D annotation-changed")));
 }
 
 TEST(AnnotationChanges, OfResourcesAreOnesOfIds) {

@@ -29,7 +29,7 @@ to change metadata without breaking callers.
 
 An empty field means that the audience is not concerned. Of two words, the first one is for what
 callers send and the second one for what they receive. Some changes have other classes, such as by
-the types that they are about; the report shows them.
+the types that they are about, or because commands fail that did not change. The report shows them.
 ")
 set(before "")
 foreach(index RANGE ${last})
