@@ -9,10 +9,16 @@
 namespace Zelk::Analysis::Diff {
 namespace {
 
+/// Those of a component that is left out may have unknown types, for example.
+bool IsOfAnsweredComponent(const Element& element) {
+  return element.fate != Fate::kIgnored && element.fate != Fate::kLost;
+}
+
 template <typename Take>
 void ForEachScheme(const Model& model, const Take& take) {
   for (ElementId id = 0; id < model.Size(); ++id) {
-    if (model[id].kind == ElementKind::kScheme) take(id, SchemeOf(model, id));
+    const bool is_scheme = model[id].kind == ElementKind::kScheme;
+    if (is_scheme && IsOfAnsweredComponent(model[id])) take(id, SchemeOf(model, id));
   }
 }
 
