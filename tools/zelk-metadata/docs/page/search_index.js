@@ -1,6 +1,7 @@
 // Search in names. All names are one text in lower case, a line for each, so that a query is a few
 // passes over one string. Nothing computes distances between names unless nothing else is found.
 
+import { path } from './routes.js';
 import { KINDS } from './search_query.js';
 import { typeText } from './types.js';
 
@@ -72,9 +73,23 @@ export class SearchIndex {
     this.simple = Uint32Array.from(simple);
     this.names.finish();
     this.letters.finish();
+    this.named = [
+      ...Array.from(model.resources.keys(), (name) => ({
+        kind: 'resource',
+        name,
+        text: name.slice(name.lastIndexOf('.') + 1) || name,
+        address: path('resource', name),
+      })),
+      ...model.sources.map(({ domain, id, file: name }) => ({
+        kind: 'source',
+        name,
+        text: name,
+        address: path('source', domain, id),
+      })),
+    ];
   }
 
-  /** The best hits of a query, and how many there are: `{ hits: [{ id } or { resource }], total }`. */
+  /** The best hits of a query, and how many there are: `{ hits: [{ id } or { named }], total }`. */
   find(query) {
     this.buckets = Array.from({ length: 2 * AROUND + 2 }, () => []);
     this.total = 0;
@@ -85,7 +100,7 @@ export class SearchIndex {
       this.ids.forEach(
         (id, entry) => this.isOf(query, id) && this.keep(this.isPart[entry], { id }),
       );
-    if (!query.isOfTypes) this.findResources(query);
+    if (!query.isOfTypes) this.findNamed(query);
     return { hits: this.buckets.flat(), total: this.total };
   }
 
@@ -192,13 +207,12 @@ export class SearchIndex {
     }
   }
 
-  /** Resources are only names. */
-  findResources({ kind, terms }) {
-    if (kind && kind !== 'resource') return;
-    for (const resource of this.model.resources.keys()) {
-      const lower = resource.toLowerCase();
-      if (!terms.every((term) => lower.includes(term))) continue;
-      this.keep((lower.endsWith('.' + terms.join('.')) ? PREFIX : WITHIN) * 2, { resource });
+  /** Resources and sources, which are not elements. */
+  findNamed({ kind, terms }) {
+    for (const named of this.named) {
+      const lower = named.name.toLowerCase();
+      if ((kind && kind !== named.kind) || !terms.every((term) => lower.includes(term))) continue;
+      this.keep((lower.endsWith('.' + terms.join('.')) ? PREFIX : WITHIN) * 2, { named });
     }
   }
 }

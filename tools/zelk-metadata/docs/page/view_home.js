@@ -15,6 +15,7 @@ import {
   table,
   title,
 } from './parts.js';
+import { KINDS } from './search_query.js';
 import { looseCommands } from './view_commands.js';
 import { packages } from './view_interfaces.js';
 
@@ -55,19 +56,12 @@ export function viewHome(model) {
   ];
 }
 
-const COUNTED = [
-  'package',
-  'service',
-  'operation',
-  'structure',
-  'enumeration',
-  'scheme',
-  'command',
-];
-
 /** How many there are of each kind. */
 function counts(model) {
-  const all = COUNTED.map((kind) => [model.ofKind(kind).length, kind]);
+  const all = KINDS.slice(1, KINDS.indexOf('namespace')).map((kind) => [
+    model.ofKind(kind).length,
+    kind,
+  ]);
   all.push([model.resources.size, 'resource']);
   const item = ([count, kind]) =>
     h('li', h('b', number(count)), counted(count, kind).slice(number(count).length));

@@ -2,22 +2,17 @@
 
 import { counted, h, name, number, quiet } from './dom.js';
 import { glyph, kindText, list } from './parts.js';
-import { href, path } from './routes.js';
+import { href } from './routes.js';
 import { parseQuery } from './search_query.js';
 import { findInTexts, findNearNames } from './search_texts.js';
 
 /** What is shown of a hit: its kind, its name, what it is in or where its text matches. */
-export function describe(model, { id, resource, pattern }) {
-  const isElement = resource === undefined;
-  const full = isElement ? model.fullName(id) : resource;
-  const last = (count) => full.split('.').slice(-count).join('.');
-  const text = isElement && !pattern ? model.simpleName(id) : last(pattern ? 2 : 1);
-  return {
-    kind: isElement ? kindText(model, id) : 'resource',
-    text,
-    around: pattern ? excerpt(model, id, pattern) : full.slice(0, -text.length - 1),
-    address: isElement ? href(model, id) : path('resource', resource),
-  };
+export function describe(model, { id, named, pattern }) {
+  if (named) return { ...named, around: named.name.slice(0, -named.text.length - 1) };
+  const full = model.fullName(id);
+  const text = pattern ? full.split('.').slice(-2).join('.') : model.simpleName(id);
+  const around = pattern ? excerpt(model, id, pattern) : full.slice(0, -text.length - 1);
+  return { kind: kindText(model, id), text, around, address: href(model, id) };
 }
 
 /** What is around the first place of the pattern. */
