@@ -143,6 +143,8 @@ function testIn(name) {
         users.join(),
       );
       assert.ok(users.some((user) => user.includes('metadata.metamodel.structure.get output')));
+      await follow(tab, KINDS.package);
+      assert.ok((await texts('main tbody th')).includes('service.operation'));
       await follow(tab, KINDS.scheme);
       assert.ok((await texts('main li')).some((user) => user.includes(SOURCE)));
     });
@@ -175,11 +177,16 @@ function testIn(name) {
       assert.match((await first('source.delete'))[0], /delete.*source/);
       assert.match((await first('ofi'))[0], /output_field_info|option_field/);
       const commands = await first('cmd:get');
-      assert.ok(commands.length > 3 && commands.every((one) => one.startsWith('Ccommand')));
+      assert.ok(commands.length > 3 && commands.every((one) => one.startsWith('Cmcommand')));
       const taking = await first('takes:create_spec');
       assert.ok(
         taking.length === 3 && taking.every((one) => one.includes('create')),
         taking.join(),
+      );
+      assert.match((await first('source:cli'))[0], /^Sosource metadata\/cli\/zelk-metadata\.json$/);
+      assert.match(
+        (await first('res:cli.source'))[0],
+        /^Reresource sourcecom\.orvane\.zelk\.metadata\.cli$/,
       );
       assert.match((await first('returns:field_info'))[0] ?? '', /^$/);
       assert.ok((await first('returns:operation_info')).length > 0);

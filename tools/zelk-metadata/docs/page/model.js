@@ -128,6 +128,13 @@ export class Model {
     return this.hasFullName(id) ? name.slice(name.lastIndexOf('.') + 1) || '.' : name;
   }
 
+  /** What comes after the name of the owner. */
+  relativeName(id) {
+    const around = `${this.nameOf(this.owner[id]) ?? ''}.`;
+    const full = this.nameOf(id);
+    return (full.startsWith(around) && full.slice(around.length)) || this.simpleName(id);
+  }
+
   /** The name with those of all that it is in. */
   fullName(id) {
     let name = this.nameOf(id);

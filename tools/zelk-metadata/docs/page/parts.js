@@ -8,10 +8,18 @@ export function kindText(model, id) {
   return model.kindOf(id).replace('-list', '').replace('-', ' ');
 }
 
-/** A letter in a colour; the word is there for those who do not see it. */
+/** Of kinds that begin as others do. */
+const LETTERS = { command: 'Cm', constant: 'Cn', option: 'On', parameter: 'Pr', result: 'Rs' };
+
+/** Two letters in a colour; the word is there for those who do not see them. */
 export function glyph(kind) {
-  const letter = h('span', { 'aria-hidden': 'true' }, kind[0].toUpperCase());
-  return h(`span.glyph.${kind}`, { title: kind }, letter, h('span.sr', `${kind} `));
+  const letters = LETTERS[kind] ?? kind[0].toUpperCase() + kind[1];
+  return h(
+    `span.glyph.${kind}`,
+    { title: kind },
+    h('span', { 'aria-hidden': 'true' }, letters),
+    h('span.sr', `${kind} `),
+  );
 }
 
 export function link(model, id, text = model.simpleName(id)) {
@@ -155,7 +163,7 @@ export function heading(model, id, text = model.simpleName(id)) {
     title(kindText(model, id), text),
     h(
       'p.about',
-      full !== text && h('code.name', longText(full)),
+      full !== text && h('code.name', full.length > 200 ? longText(full) : name(full)),
       action('Copy name', copy),
       place(model, id),
     ),
@@ -202,7 +210,7 @@ export function table(heading, columns, items, cells, idOf = () => false) {
 }
 
 /** Elements with pages of their own: name and first sentence. */
-export function overview(model, heading, ids, text = (id) => model.simpleName(id), more = []) {
+export function overview(model, heading, ids, text = (id) => model.relativeName(id), more = []) {
   const [column, cell] = more;
   const columns = ['Name', column, 'Meaning'].filter(Boolean);
   return table(heading, columns, ids, (id) =>

@@ -21,7 +21,7 @@ function rowOf(model, id) {
   const kinds = CHILD_KINDS[kind] ?? [];
   const hasChildren = kinds.length > 0 && model.children(id, ...kinds).length > 0;
   return {
-    label: labelOf(model, id, kind),
+    label: kind === 'component' ? model.nameOf(id) : model.relativeName(id),
     address: href(model, id),
     kind: kindText(model, id),
     children: hasChildren ? () => childrenOf(model, id, kinds) : null,
@@ -30,14 +30,6 @@ function rowOf(model, id) {
 
 function childrenOf(model, id, kinds) {
   return kinds.flatMap((kind) => model.sorted(id, kind)).map((child) => rowOf(model, child));
-}
-
-/** What comes after the name of the owner. */
-function labelOf(model, id, kind) {
-  if (kind === 'component') return model.nameOf(id);
-  const around = model.owner[id] < 0 ? '.' : model.nameOf(model.owner[id]) + '.';
-  const full = model.nameOf(id);
-  return full.startsWith(around) ? full.slice(around.length) : model.simpleName(id);
 }
 
 function components(model, domain) {
