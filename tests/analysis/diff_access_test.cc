@@ -209,6 +209,21 @@ TEST(ListOfSomethingNew, ConcernsNoCaller) {
       ElementsAre("---Bc authentication-list-added", "---Bc authentication-list-added"));
 }
 
+TEST(AuthenticationChanges, IgnoreSchemesOfWhatIsLeftOut) {
+  const auto with = [](const std::string& list) {
+    const std::string good = Package(list);
+    const std::string broken =
+        R"("component": {"name": "d", "schemes": {"a": {"authenticationScheme": "x", "type": "?"}}}, )";
+    const std::string slot = "\"component\"";
+    std::string text = good;
+    return text.replace(good.find(slot), slot.size(), broken + "\"product\"");
+  };
+  EXPECT_THAT(
+      Effects({with(R"(["a"])")}, {with("[]")}, {}),
+      ElementsAre("opens: ---Dc authentication-list-removed: callers without a scheme needed "
+                  "x.a (SESSIONLESS); now they can call"));
+}
+
 TEST(AuthenticationFingerprints, DifferByWhatChanged) {
   const auto expect_different = [](const std::string& before,
                                    const std::vector<std::string>& after) {
