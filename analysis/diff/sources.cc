@@ -122,7 +122,7 @@ constexpr Kind kRows[] = {
      Always(kN, kN, kN, kN, kN),
      "The files differ, but no answer does",
      "Programs that compare fingerprints load the metadata again.",
-     "Nothing is to be done.",
+     "No action is needed.",
      {{ZELK_EXAMPLE_COMPONENT("", "")}, {ZELK_EXAMPLE_COMPONENT("", "") "\n"}, "metamodel"}},
 };
 

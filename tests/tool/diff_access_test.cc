@@ -23,7 +23,7 @@ std::string Listing(const std::string& first, const std::string& second) {
          first + R"(], "acme.two": [)" + second + "]}}}}";
 }
 
-/// The first package has a scheme less, and the second one has no schemes any more.
+/// A scheme is removed from the first list, and the second list is emptied.
 ToolRun Compared(const std::string& output, const std::string& audience = "auth") {
   return Versions(Listing(R"("a", "b")", R"("a")"), Listing(R"("a")", ""))
       .Run({"--output", output, "--for", audience});
