@@ -218,6 +218,16 @@ TEST(DocsCommand, ListsFilesThatDoNotLoadOnThePage) {
   EXPECT_THAT(failed[0]["problems"][0].GetString(), HasSubstr("[zelk.metadata."));
 }
 
+TEST(DocsCommand, FailsWithTheStatusOfTheSourceUnlessThePageIsLost) {
+  const TempFolder folder;
+  for (const std::string& source :
+       {folder.Write("broken.json", R"({"cli": 1})"), folder.Path("missing")}) {
+    const std::string line = "docs --source " + source;
+    EXPECT_EQ(RunOnThree(line).status, 1) << source;
+    EXPECT_EQ(RunOnThree(line + " --output-file /dev/full").status, 4) << source;
+  }
+}
+
 TEST(DocsCommand, ReadsStandardInput) {
   const ToolRun run = RunTool({"docs", "--source", "-"},
                               FieldOf(R"({"category": "BUILTIN", "primitive_type": "ID"})"));
