@@ -1,5 +1,3 @@
-#include <cstddef>
-#include <cstring>
 #include <list>
 #include <map>
 #include <memory>
@@ -17,10 +15,13 @@
 #include <com/orvane/zelk/metadata/metamodel/services.h>
 #include <com/orvane/zelk/metadata/source_type.h>
 
+#include "support/slot.h"
+
 namespace {
 
 using namespace Com::Orvane::Zelk::Metadata;  // NOLINT(google-build-using-namespace): a test file
 using testing::ElementsAre;
+using Zelk::Testing::Slot;
 
 // The texts up to the terminating null.
 template <typename E>
@@ -164,38 +165,28 @@ TYPED_TEST(MetamodelInterfaces, AreAbstractWithVirtualDestructors) {
   EXPECT_TRUE(std::has_virtual_destructor<TypeParam>::value);
 }
 
-// The place of a virtual operation among those of its class. A pointer to such a member holds one
-// plus the offset of its slot in the table of virtual functions, in the first of its two words.
-template <typename Operation>
-std::ptrdiff_t Slot(Operation operation) {
-  std::ptrdiff_t words[2] = {};
-  static_assert(sizeof operation == sizeof words, "a pointer to member is two words");
-  std::memcpy(words, &operation, sizeof words);
-  return (words[0] - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
-}
-
 TEST(QueryInterfaceSlots, KeepTheirOrder) {
   using Components = Metamodel::ComponentSvc::AsyncServiceInterface;
   using Operations = Metamodel::Service::OperationSvc::AsyncServiceInterface;
-  EXPECT_EQ(Slot(&Components::List), 0);
-  EXPECT_EQ(Slot(&Components::Get), 1);
-  EXPECT_EQ(Slot(&Components::Fingerprint), 2);
-  EXPECT_EQ(Slot(&Metamodel::EnumerationSvc::AsyncServiceInterface::Get), 1);
-  EXPECT_EQ(Slot(&Metamodel::PackageSvc::AsyncServiceInterface::Get), 1);
-  EXPECT_EQ(Slot(&Metamodel::ServiceSvc::AsyncServiceInterface::Get), 1);
-  EXPECT_EQ(Slot(&Metamodel::StructureSvc::AsyncServiceInterface::Get), 1);
-  EXPECT_EQ(Slot(&Operations::List), 0);
-  EXPECT_EQ(Slot(&Operations::Get), 1);
+  EXPECT_EQ(Slot(&Components::List), 0U);
+  EXPECT_EQ(Slot(&Components::Get), 1U);
+  EXPECT_EQ(Slot(&Components::Fingerprint), 2U);
+  EXPECT_EQ(Slot(&Metamodel::EnumerationSvc::AsyncServiceInterface::Get), 1U);
+  EXPECT_EQ(Slot(&Metamodel::PackageSvc::AsyncServiceInterface::Get), 1U);
+  EXPECT_EQ(Slot(&Metamodel::ServiceSvc::AsyncServiceInterface::Get), 1U);
+  EXPECT_EQ(Slot(&Metamodel::StructureSvc::AsyncServiceInterface::Get), 1U);
+  EXPECT_EQ(Slot(&Operations::List), 0U);
+  EXPECT_EQ(Slot(&Operations::Get), 1U);
 }
 
 TEST(SourceInterfaceSlots, KeepTheirOrder) {
   using Sources = Metamodel::SourceSvc::AsyncServiceInterface;
-  EXPECT_EQ(Slot(&Sources::Create), 0);
-  EXPECT_EQ(Slot(&Sources::Delete), 1);
-  EXPECT_EQ(Slot(&Sources::Get), 2);
-  EXPECT_EQ(Slot(&Sources::List), 3);
-  EXPECT_EQ(Slot(&Sources::Reload), 4);
-  EXPECT_EQ(Slot(&Sources::Fingerprint), 5);
+  EXPECT_EQ(Slot(&Sources::Create), 0U);
+  EXPECT_EQ(Slot(&Sources::Delete), 1U);
+  EXPECT_EQ(Slot(&Sources::Get), 2U);
+  EXPECT_EQ(Slot(&Sources::List), 3U);
+  EXPECT_EQ(Slot(&Sources::Reload), 4U);
+  EXPECT_EQ(Slot(&Sources::Fingerprint), 5U);
 }
 
 }  // namespace

@@ -1,25 +1,17 @@
 #pragma once
 
 #include <cstddef>
-#include <cstring>
 #include <memory>
 #include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "support/slot.h"
+
 // Programs call virtual operations by their slot, so the order of the operations never changes.
 
 namespace Zelk::Testing {
-
-/// A pointer to a virtual member holds one plus the offset of its slot, in the Itanium ABI.
-template <typename Member>
-std::size_t Slot(Member member) {
-  std::size_t offset = 0;
-  static_assert(sizeof member >= sizeof offset);
-  std::memcpy(&offset, &member, sizeof offset);
-  return (offset - 1) / sizeof(void*);
-}
 
 /// The members are the operations in the slots 0, 1, 2 and so on.
 template <typename... Members>
