@@ -26,7 +26,9 @@ function(zelk_target_defaults target)
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     ${sanitizer_warnings}
     $<$<BOOL:${ZELK_WARNINGS_AS_ERRORS}>:-Werror>)
-  target_compile_definitions(${target} PRIVATE _GLIBCXX_ASSERTIONS)
+  target_compile_definitions(${target} PRIVATE _GLIBCXX_ASSERTIONS
+    # Otherwise files of 2 GiB, or with an inode number of more than 32 bits, cannot be opened.
+    $<$<EQUAL:${CMAKE_SIZEOF_VOID_P},4>:_FILE_OFFSET_BITS=64>)
   target_link_options(${target} PRIVATE
     -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 endfunction()

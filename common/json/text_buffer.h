@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <memory>
 #include <string_view>
@@ -9,8 +11,12 @@
 
 namespace Zelk::Provider::Metadata {
 
-/// The maximal size of a text: what RapidJSON can count.
-inline constexpr std::size_t kMaxTextSize = std::numeric_limits<rapidjson::SizeType>::max();
+/// The last offset that RapidJSON can count.
+inline constexpr rapidjson::SizeType kLastOffset = std::numeric_limits<rapidjson::SizeType>::max();
+
+/// The maximal size of a text. Where addresses have 32 bits, the text and its room must fit into
+/// them.
+inline constexpr std::size_t kMaxTextSize = std::min<std::size_t>(kLastOffset, SIZE_MAX / 4);
 
 /// The text of a source's file, in memory that a parse may overwrite, with room after it for the
 /// values of its document. A zero byte follows the text.

@@ -48,7 +48,9 @@ class NameFilter {
   }
 
  private:
-  std::size_t IndexOf(const NameMark& name) const { return name.position_ * blocks_.size() >> 32; }
+  std::size_t IndexOf(const NameMark& name) const {
+    return static_cast<std::size_t>(name.position_ * blocks_.size() >> 32);
+  }
 
   std::vector<NameMark::Block> blocks_;
 };

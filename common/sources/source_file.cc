@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -42,11 +43,11 @@ std::size_t ReadSome(int descriptor, char* buffer, std::size_t size) {
   return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 
-boost::optional<TextBuffer> ReadToEnd(int descriptor, std::size_t expected_size,
+boost::optional<TextBuffer> ReadToEnd(int descriptor, std::uintmax_t expected_size,
                                       bool& is_too_large) {
   is_too_large = expected_size > kMaxTextSize;
   if (is_too_large) return boost::none;
-  TextBuffer text(expected_size);
+  TextBuffer text(static_cast<std::size_t>(expected_size));
   std::size_t filled = 0;
   // Asks for one byte more than expected, in the place of the zero byte, so that a file of the
   // expected size needs two reads only.
@@ -79,7 +80,7 @@ boost::optional<TextBuffer> ReadSourceFile(const std::string& path, bool& is_too
   if (S_ISDIR(status.st_mode)) return TextBuffer(0);
   // Intended(special-file-not-read): reading a pipe, a device or a socket might block or never end.
   if (!S_ISREG(status.st_mode)) return boost::none;
-  return ReadToEnd(file.Get(), static_cast<std::size_t>(status.st_size), is_too_large);
+  return ReadToEnd(file.Get(), static_cast<std::uintmax_t>(status.st_size), is_too_large);
 }
 
 }  // namespace Zelk::Provider::Metadata

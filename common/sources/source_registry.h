@@ -52,7 +52,7 @@ std::shared_ptr<const typename Domain::SourceData> LoadSource(
     // Intended(too-large-file): the error of a file that the parser stopped reading at the last
     // offset that it can count.
     error = is_too_large ? MakeError<StdErrors::InvalidArgument>(
-                               Domain::kParseError, rapidjson::kParseErrorTermination, kMaxTextSize)
+                               Domain::kParseError, rapidjson::kParseErrorTermination, kLastOffset)
                          : MakeError<StdErrors::NotFound>(Domain::kFileNotFound, path);
     return nullptr;
   }

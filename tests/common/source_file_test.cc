@@ -77,8 +77,9 @@ TEST(ReadSourceFile, ReadsTwoHundredMegabytes) {
 TEST(ReadSourceFile, RefusesAFileTooLargeForTheParserUnread) {
   const TempFolder folder;
   const std::string path = folder.Write("foo", "{}");
-  constexpr std::size_t kExbibyte = std::size_t{1} << 60U;
-  for (const std::size_t size : {kMaxTextSize + 1, 16 * (kMaxTextSize + 1), kExbibyte}) {
+  constexpr std::uintmax_t kTooLarge = std::uintmax_t{kMaxTextSize} + 1;
+  constexpr std::uintmax_t kExbibyte = std::uintmax_t{1} << 60U;
+  for (const std::uintmax_t size : {kTooLarge, 16 * kTooLarge, kExbibyte}) {
     std::error_code too_large_for_the_file_system;
     std::filesystem::resize_file(path, size, too_large_for_the_file_system);
     if (too_large_for_the_file_system) break;
