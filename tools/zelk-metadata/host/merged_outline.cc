@@ -80,8 +80,9 @@ class Merger {
 
     std::size_t operator()(std::size_t node) const {
       const Subject& subject = nodes[node].entry->subject;
-      const std::size_t hash = std::hash<std::string>()(subject.ids.back());
-      return hash ^ (nodes[node].parent * 0x9e3779b97f4a7c15);
+      // Where std::size_t has 32 bits, the lower half of the factor spreads as well.
+      constexpr auto kSpread = static_cast<std::size_t>(0x9e3779b97f4a7c15);
+      return std::hash<std::string>()(subject.ids.back()) ^ (nodes[node].parent * kSpread);
     }
   };
 
