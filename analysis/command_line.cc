@@ -74,6 +74,11 @@ const TypeFacts* FactsOf(std::string_view type) {
   return found == kTypes.end() ? nullptr : found;
 }
 
+/// Stands for a value of such a type.
+std::string Placeholder(const std::string& type) {
+  return "<" + type + ">";
+}
+
 /// What an operation gets: ids are texts.
 std::string BoundType(const std::string& type) {
   return type == "ID" ? "STRING" : type;
@@ -152,29 +157,37 @@ const CommandOption* CommandForm::Find(const std::string& word) const {
   return found == by_word_.end() ? nullptr : &options_[found->second];
 }
 
-CommandLine CommandForm::Read(const CommandWords& words) const {
-  const auto refused = [](const std::string& word, const std::string& why) {
-    return CommandLine{"'" + Shortened(word) + "' " + why, {}};
-  };
+CommandLine CommandForm::Read(const CommandWords& words, const std::string& about) const {
   CommandLine line;
+  const auto refuse = [&](const std::string& option, const std::string& word, const char* why) {
+    const bool counts = about.empty() || option == about;
+    if (counts && line.problem.empty()) line.problem = "'" + Shortened(word) + "' " + why;
+  };
   std::unordered_set<const CommandOption*> given;
-  for (std::size_t i = 0; i < words.size(); i += 2) {
+  for (std::size_t i = 0; i < words.size() && line.problem.empty(); i += 2) {
     const std::string& word = words[i];
     const CommandOption* const option = Find(word);
-    if (option == nullptr) return refused(word, "is not an option");
-    if (i + 1 == words.size()) return refused(word, "needs a value");
+    line.values.emplace_back();
+    if (option == nullptr) {
+      refuse(word, word, "is not an option");
+      continue;
+    }
+    if (i + 1 == words.size()) {
+      refuse(word, word, "needs a value");
+      continue;
+    }
     const bool is_first = given.insert(option).second;
     const bool is_list = option->takes != nullptr && option->takes->is_list;
-    if (!is_first && !is_list) return refused(word, "takes one value");
+    if (!is_first && !is_list) refuse(word, word, "takes one value");
     const std::string& value = words[i + 1];
     if (!Accepts(*option, value)) {
-      return refused(value, "is not of type " + Shortened(option->type));
+      refuse(word, value, ("is not of type " + Shortened(option->type)).c_str());
     }
-    line.values.push_back({option->field, BoundType(option->type), value});
+    line.values.back() = {option->field, BoundType(option->type), value};
   }
   for (const std::size_t position : required_) {
     const CommandOption& option = options_[position];
-    if (given.count(&option) == 0) return refused(option.AnyWord(), "is required");
+    if (given.count(&option) == 0) refuse(option.AnyWord(), option.AnyWord(), "is required");
   }
   return line;
 }
@@ -186,8 +199,7 @@ bool CommandForm::Accepts(const CommandOption& option, const std::string& value)
                        [&](ElementId id) { return metamodel_[id].name == value; });
   }
   const TypeFacts* const facts = FactsOf(option.type);
-  // The name of any other type stands for a value of it.
-  return facts == nullptr ? value == option.type : facts->accepts(value);
+  return facts == nullptr ? value == Placeholder(option.type) : facts->accepts(value);
 }
 
 std::string CommandForm::ExampleOf(const CommandOption& option) const {
@@ -195,7 +207,7 @@ std::string CommandForm::ExampleOf(const CommandOption& option) const {
     return std::string(metamodel_[FirstValue(metamodel_, option.enumeration)].name);
   }
   const TypeFacts* const facts = FactsOf(option.type);
-  return facts == nullptr ? option.type : facts->example;
+  return facts == nullptr ? Placeholder(option.type) : facts->example;
 }
 
 std::optional<CommandWords> CommandForm::Shortest(const std::string& option,

@@ -63,8 +63,8 @@ class CommandForm {
   /// The option that is typed so, or null.
   const CommandOption* Find(const std::string& word) const;
 
-  /// Reads the words after the name.
-  CommandLine Read(const CommandWords& words) const;
+  /// Reads the words after the name. If an option is given, typed so, only problems with it count.
+  CommandLine Read(const CommandWords& words, const std::string& about = {}) const;
 
   /// Whether Read() is right about all words: the name can be typed, and it is known how many
   /// values each option takes.

@@ -31,7 +31,9 @@ std::string Shortened(std::string_view text, std::size_t most) {
 
 std::string Called(const Model& model, ElementId id) {
   const Element& element = model[id];
-  return std::string("the ") + Word(element.kind) + " '" + Shortened(model.FullName(id)) + "'";
+  const std::string name = model.FullName(id);
+  if (element.kind == ElementKind::kNamespace && name.empty()) return "the root namespace";
+  return std::string("the ") + Word(element.kind) + " '" + Shortened(name) + "'";
 }
 
 std::string PathOf(const Workspace& workspace, const Place& place) {

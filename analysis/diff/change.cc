@@ -4,6 +4,7 @@
 #include <tuple>
 #include <utility>
 
+#include "analysis/diff/texts.h"
 #include "analysis/fingerprint.h"
 #include "analysis/resources.h"
 
@@ -14,6 +15,18 @@ auto Order(const Change& change) {
   const int worst = static_cast<int>(ClassOf(change));
   return std::tuple(!OpensAccess(change), -worst, change.kind->area,
                     std::string_view(change.element), std::string_view(change.kind->id));
+}
+
+/// What came or went with an element. Documentation does not matter, nor does the order of parts.
+std::string IdentityOf(const ModelPair& models, Pair pair) {
+  const Model& model = models.Of(pair);
+  std::vector<ElementId> parts = PartsWith(models, pair);
+  parts.push_back(pair.Id());
+  std::uint64_t sum = 0;
+  for (const ElementId id : parts) {
+    sum += FingerprintOf(model.Path(id) + '\0' + OwnText(model, id));
+  }
+  return std::to_string(sum);
 }
 
 std::optional<Place> PlaceIn(const Model& model, ElementId id, NodeId node) {
@@ -72,6 +85,8 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
     (identity += '\0') += *part;
   }
   details.identity.clear();
+  const bool is_whole = !pair.IsMatched() && details.element.empty();
+  if (is_whole && domain != Domain::kAuthentication) identity += IdentityOf(models, pair);
   details.old_value = Shortened(details.old_value, 1000);
   details.new_value = Shortened(details.new_value, 1000);
   const std::size_t size =

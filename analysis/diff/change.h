@@ -54,8 +54,8 @@ struct Change {
   std::optional<Place> old_place;
   std::optional<Place> new_place;
   Details details;
-  /// Of the kind, the element, both values and the identity: the same for the same change in other
-  /// files.
+  /// Of the kind, the element, both values, what came or went, and the identity: the same for the
+  /// same change in other files.
   std::uint64_t fingerprint;
 };
 

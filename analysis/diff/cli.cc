@@ -42,7 +42,7 @@ void AddCommand(Changes& changes, Pair pair) {
                        {Called(models.new_model, pair.new_id) + " was added"});
   }
   Details details{Called(models.old_model, pair.old_id) + " was removed"};
-  details.witness = CommandLines(changes.Old(), changes.New(), pair.old_id).Witness("", 0);
+  details.witness = CommandLines(changes.Old(), changes.New(), pair.old_id).Witness("", 0, "");
   changes.Add("command-removed", Domain::kCli, pair, std::move(details));
 }
 
@@ -82,11 +82,12 @@ void CommandPair::CompareDescriptions(std::string_view id, Pair pair) {
                TextOf(models.new_model, pair.new_id, "description"));
 }
 
-std::string CommandPair::Witness(const std::string& option, std::size_t times) {
+std::string CommandPair::Witness(const std::string& option, std::size_t times,
+                                 const std::string& about) {
   if (!lines_) {
     lines_ = std::make_unique<CommandLines>(changes_.Old(), changes_.New(), command_.old_id);
   }
-  return lines_->Witness(option, times);
+  return lines_->Witness(option, times, about.empty() ? option : about);
 }
 
 void CompareCli(Changes& changes) {

@@ -29,7 +29,7 @@ class CommandPair {
   void CompareDescriptions(std::string_view id, Pair pair);
 
   /// See CommandLines. They are made when the first one is wanted.
-  std::string Witness(const std::string& option, std::size_t times);
+  std::string Witness(const std::string& option, std::size_t times, const std::string& about = {});
 
  private:
   Changes& changes_;
@@ -49,9 +49,6 @@ void CompareOptions(CommandPair& command);
 
 // cli_outputs.cc
 void CompareOutputs(CommandPair& command);
-
-/// Whether parts that both versions have are in another order.
-bool IsReordered(const std::vector<Pair>& parts);
 
 // cli_namespaces.cc
 void CompareNamespaces(Changes& changes);

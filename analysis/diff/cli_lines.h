@@ -14,8 +14,9 @@ class CommandLines {
   CommandLines(const Workspace& old_version, const Workspace& new_version, ElementId command);
 
   /// The shortest line that has the option, typed so, `times` times, and what the new version makes
-  /// of it. Empty if that is the same as before, or if it is not certain.
-  std::string Witness(const std::string& option, std::size_t times) const;
+  /// of the option `about`, or if that is empty, of the name. Empty if that is the same as before,
+  /// or if it is not certain.
+  std::string Witness(const std::string& option, std::size_t times, const std::string& about) const;
 
  private:
   CommandForm old_;

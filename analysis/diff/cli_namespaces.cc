@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "analysis/diff/cli_comparers.h"
+#include "analysis/diff/texts.h"
 #include "analysis/diff/verdicts.h"
 
 // Namespaces: what trees of commands and their help are made of.
@@ -36,18 +37,31 @@ std::vector<Identity> Unique(std::vector<Identity> identities) {
   return identities;
 }
 
+std::string ListText(const std::vector<Identity>& listed) {
+  std::string text;
+  for (const auto& [path, name] : listed) {
+    text += text.empty() ? "" : ", ";
+    text +=
+        Unambiguous(path.empty() ? std::string(name) : std::string(path).append(".").append(name));
+  }
+  return text;
+}
+
 void CompareLists(Changes& changes, Pair pair) {
   const ModelPair models = changes.Models(Domain::kCli);
   std::vector<Identity> before = ListedBy(models.old_model, pair.old_id, models.new_model);
   std::vector<Identity> after = ListedBy(models.new_model, pair.new_id, models.old_model);
   if (before == after) return;
+  Details details;
+  details.old_value = ListText(before);
+  details.new_value = ListText(after);
   before = Unique(std::move(before));
   after = Unique(std::move(after));
   const std::string called = Called(models.old_model, pair.old_id);
-  Details details{called + " lists its namespaces in another order"};
+  details.message = called + " lists its namespaces in another order";
   details.verdicts = CliVerdicts(kT);
   if (before != after) {
-    details.message = called + " lists other ones of its namespaces";
+    details.message = called + " lists other namespaces than before";
     details.verdicts = CliVerdicts(kD);
   }
   changes.Add("namespace-list-changed", Domain::kCli, pair, std::move(details));

@@ -77,7 +77,8 @@ class OptionsComparer {
   explicit OptionsComparer(CommandPair& command) : command_(command), models_(command.Models()) {}
 
   void Compare() {
-    for (const Pair& pair : PartPairs(models_, command_.Command(), ElementKind::kOption)) {
+    const auto parts = PartPairs(models_, command_.Command(), ElementKind::kOption);
+    for (const Pair& pair : parts) {
       pairs_.emplace_back(OptionOf(models_.old_model, pair.old_id),
                           OptionOf(models_.new_model, pair.new_id));
     }
@@ -95,7 +96,7 @@ class OptionsComparer {
       }
     }
     CompareOwnersOfLetters();
-    CompareOrder();
+    CompareOrder(parts);
   }
 
  private:
@@ -156,7 +157,7 @@ class OptionsComparer {
     const bool is_known = option.takes != nullptr;
     Details details{called + " was added and is required"};
     if (!is_known) details.message = called + " was added, and may be required";
-    if (is_known) details.witness = command_.Witness("", 0);
+    if (is_known) details.witness = command_.Witness("", 0, LongWord(option));
     Add("option-added-required", {}, option, is_known ? Class::kBreaking : Class::kDangerous,
         std::move(details));
   }
@@ -210,8 +211,8 @@ class OptionsComparer {
     const Class verdict = ClassOfGeneric(before.takes, after.takes);
     if (verdict == Class::kBreaking) {
       const bool became_required = before.takes->may_be_absent && !after.takes->may_be_absent;
-      details.witness =
-          became_required ? command_.Witness("", 0) : command_.Witness(LongWord(before), 2);
+      details.witness = became_required ? command_.Witness("", 0, LongWord(before))
+                                        : command_.Witness(LongWord(before), 2);
     }
     Add("option-generic-changed", before, after, verdict, std::move(details));
   }
@@ -230,8 +231,9 @@ class OptionsComparer {
   }
 
   void LostLetter(const Option& before, const Option& after, bool is_own) {
-    Details details = ChangeOf(before, after, "short_option", " has no short form any more");
-    if (!after.letter.empty()) details.message += " as before";
+    Details details =
+        ChangeOf(before, after, "short_option",
+                 " no longer has the short form '" + Shortened(ShortWord(before.letter)) + "'");
     details.old_value = before.letter;
     if (is_own) details.witness = command_.Witness(ShortWord(before.letter), 1);
     // The letter of an earlier option never meant this one.
@@ -240,7 +242,9 @@ class OptionsComparer {
   }
 
   void GotLetter(const Option& before, const Option& after) {
-    Details details = ChangeOf(before, after, "short_option", " has a new short form");
+    Details details =
+        ChangeOf(before, after, "short_option",
+                 " has the new short form '" + Shortened(ShortWord(after.letter)) + "'");
     details.new_value = after.letter;
     Add("option-short-added", before, after, Class::kCompatible, std::move(details));
   }
@@ -281,22 +285,19 @@ class OptionsComparer {
         models_.old_model.Path(command_.Command().old_id) + "/short-option:" + std::string(letter);
     const bool is_same = IsUnnoticed(owners);
     if (!is_same) details.witness = command_.Witness(word, 1);
+    const bool may_lack = !is_same && details.witness.empty();
+    if (may_lack) details.witness = command_.Witness(word, 1, LongWord(before));
     command_.Add("option-short-reassigned", command_.Command(),
                  is_same ? Class::kCompatible : Class::kBreaking, std::move(details));
   }
 
-  void CompareOrder() {
-    ElementId last = 0;
-    for (const auto& [before, after] : pairs_) {
-      if (before.id == kNoElement || after.id == kNoElement) continue;
-      if (after.id < last) {
-        return command_.Add(
-            "option-order-changed", command_.Command(), Class::kDocumentation,
-            {"the options of " + Called(models_.old_model, command_.Command().old_id) +
-             " are in another order"});
-      }
-      last = after.id;
-    }
+  void CompareOrder(const std::vector<Pair>& parts) {
+    PartOrder order = OrderOf(models_, parts);
+    if (!order.is_changed) return;
+    command_.Add("option-order-changed", command_.Command(), Class::kDocumentation,
+                 {"the options of " + Called(models_.old_model, command_.Command().old_id) +
+                      " are in another order",
+                  std::move(order.old_names), std::move(order.new_names)});
   }
 
   CommandPair& command_;

@@ -65,11 +65,19 @@ class OutputsComparer {
   void Compare() {
     CompareFormatters();
     const std::vector<Pair> outputs = PartPairs(models_, command_.Command(), ElementKind::kOutput);
+    // Without outputs clients show all fields.
+    const bool shows_all = std::all_of(outputs.begin(), outputs.end(),
+                                       [](const Pair& pair) { return pair.IsAdded(); });
+    const Class added = shows_all ? std::max(reading_.field_added, kD) : reading_.field_added;
     for (const Pair& pair : outputs) {
       if (pair.IsMatched()) {
         CompareFields(pair);
+      } else if (pair.IsAdded()) {
+        command_.Add("output-structure-added", pair, added,
+                     {Command(pair) + " lists the fields of " + Structure(pair)});
       } else {
-        AddPart("output-structure", pair);
+        command_.Add("output-structure-removed", pair, kB,
+                     {Command(pair) + " no longer lists the fields of " + Structure(pair)});
       }
     }
     // Each structure is looked up by its name, in any order.
@@ -92,12 +100,25 @@ class OutputsComparer {
     command_.Add(id, pair, kB, std::move(details));
   }
 
-  void AddPart(const std::string& id, Pair pair) {
-    const std::string called = Called(models_.Of(pair), pair.Id());
-    if (pair.IsAdded()) {
-      command_.Add(id + "-added", pair, reading_.field_added, {called + " was added"});
+  /// What is called so in the version that has the part.
+  std::string Command(Pair part) const {
+    const ElementId command =
+        part.IsAdded() ? command_.Command().new_id : command_.Command().old_id;
+    return Called(models_.Of(part), command);
+  }
+
+  std::string Structure(Pair output) const {
+    return "'" + Shortened(models_.Of(output)[output.Id()].name) + "'";
+  }
+
+  void AddField(Pair output, Pair field) {
+    const std::string name = "'" + Shortened(models_.Of(field)[field.Id()].name) + "'";
+    const std::string shown = "shows the field " + name + " of " + Structure(output);
+    if (field.IsAdded()) {
+      command_.Add("output-field-added", field, reading_.field_added,
+                   {Command(field) + " now " + shown});
     } else {
-      command_.Add(id + "-removed", pair, kB, {called + " was removed"});
+      command_.Add("output-field-removed", field, kB, {Command(field) + " no longer " + shown});
     }
   }
 
@@ -108,7 +129,7 @@ class OutputsComparer {
       if (pair.IsMatched()) {
         CompareHeadings(pair);
       } else {
-        AddPart("output-field", pair);
+        AddField(output, pair);
       }
     }
     CompareOrder(fields, output, reading_.order, "output-field-order-changed", "the fields");
@@ -126,10 +147,12 @@ class OutputsComparer {
 
   void CompareOrder(const std::vector<Pair>& parts, Pair owner, Class verdict, const char* id,
                     const std::string& called) {
-    if (!IsReordered(parts)) return;
+    PartOrder order = OrderOf(models_, parts);
+    if (!order.is_changed) return;
     command_.Add(
         id, owner, verdict,
-        {called + " of " + Called(models_.old_model, owner.old_id) + " are in another order"});
+        {called + " of " + Called(models_.old_model, owner.old_id) + " are in another order",
+         std::move(order.old_names), std::move(order.new_names)});
   }
 
   CommandPair& command_;
@@ -140,16 +163,6 @@ class OutputsComparer {
 };
 
 }  // namespace
-
-bool IsReordered(const std::vector<Pair>& parts) {
-  ElementId last = 0;
-  for (const Pair& pair : parts) {
-    if (!pair.IsMatched()) continue;
-    if (pair.new_id < last) return true;
-    last = pair.new_id;
-  }
-  return false;
-}
 
 void CompareOutputs(CommandPair& command) {
   OutputsComparer(command).Compare();

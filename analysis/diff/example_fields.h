@@ -14,5 +14,10 @@
 #define ZELK_VOLTS_OPTIONAL ZELK_EXAMPLE_FIELD("volts", "", ZELK_OPTIONAL(ZELK_EXAMPLE_LONG))
 #define ZELK_AMPERES ZELK_EXAMPLE_FIELD("amperes", "", ZELK_EXAMPLE_LONG)
 
+/// Another component, with packages.
+#define ZELK_OTHER(packages) \
+  R"({"metamodel": {"component": {"name": "other", "documentation": "Others.",)" \
+  "\n  \"metadata\": {}, \"packages\": [" packages "]}}}"
+
 // NOLINTEND(cppcoreguidelines-macro-usage)
 // clang-format on

@@ -77,13 +77,16 @@ inline constexpr std::uint8_t kAreas = 5;
 /// one is loosened and the other one tightened, or both have the same kind.
 enum class Action : std::uint8_t { kAdded, kRemoved, kChanged, kLoosened, kTightened };
 
-/// Files of two versions between which there is this change. Unused ones are empty.
+/// Unused ones are empty.
+using ExampleFiles = std::array<std::string_view, 3>;
+
+/// Files of two versions between which there is this change.
 struct Example {
-  std::array<std::string_view, 2> old_files;
-  std::array<std::string_view, 2> new_files;
+  ExampleFiles old_files;
+  ExampleFiles new_files;
   /// The path of the element.
   const char* element;
-  /// The id of another change that it has as a consequence; or null.
+  /// The id of another change that always comes with it; or null.
   const char* also = nullptr;
 };
 

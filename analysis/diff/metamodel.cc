@@ -84,27 +84,6 @@ void Metamodel::AddWhole(const std::string& kind, Pair pair, Details details) {
   Add(kind + "-" + action, pair, std::move(details));
 }
 
-PartOrder OrderOf(const ModelPair& models, const std::vector<Pair>& parts) {
-  std::vector<Pair> matched;
-  std::copy_if(parts.begin(), parts.end(), std::back_inserter(matched),
-               [](const Pair& pair) { return pair.IsMatched(); });
-  const auto is_before = [](const Pair& left, const Pair& right) {
-    return left.new_id < right.new_id;
-  };
-  if (std::is_sorted(matched.begin(), matched.end(), is_before)) return {false, "", ""};
-  const auto names = [&] {
-    std::string text;
-    for (const Pair& pair : matched) {
-      text.append(text.empty() ? "" : ", ").append(models.old_model[pair.old_id].name);
-    }
-    return text;
-  };
-  PartOrder order{true, names(), ""};
-  std::sort(matched.begin(), matched.end(), is_before);
-  order.new_names = names();
-  return order;
-}
-
 bool IsLast(const std::vector<Pair>& parts, Pair pair) {
   return std::all_of(parts.begin(), parts.end(), [&](const Pair& other) {
     if (!other.IsMatched()) return true;

@@ -69,15 +69,6 @@ void CompareConstants(Metamodel& metamodel, Pair owner);
 
 void CompareResources(Metamodel& metamodel);
 
-/// In which order both versions have the parts that both have.
-struct PartOrder {
-  bool is_changed;
-  std::string old_names;
-  std::string new_names;
-};
-
-PartOrder OrderOf(const ModelPair& models, const std::vector<Pair>& parts);
-
 /// Whether a part of one version comes after all parts that both versions have.
 bool IsLast(const std::vector<Pair>& parts, Pair pair);
 

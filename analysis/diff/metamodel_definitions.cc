@@ -1,5 +1,8 @@
 #include <algorithm>
+#include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "analysis/call.h"
 #include "analysis/diff/metamodel.h"
@@ -95,30 +98,85 @@ bool IsOrdinal(const Metamodel& metamodel) {
          Assumptions::EnumerationForm::kOrdinal;
 }
 
+/// The values of an enumeration in both versions.
+class Values {
+ public:
+  explicit Values(std::vector<Pair> all) : all_(std::move(all)) {
+    std::vector<Pair> before;
+    std::vector<Pair> after;
+    for (const Pair& pair : all_) {
+      if (!pair.IsAdded()) before.push_back(pair);
+      if (!pair.IsRemoved()) after.push_back(pair);
+    }
+    std::sort(after.begin(), after.end(),
+              [](const Pair& left, const Pair& right) { return left.new_id < right.new_id; });
+    for (std::size_t i = 0; i < std::min(before.size(), after.size()); ++i) {
+      if (!before[i].IsRemoved() || !after[i].IsAdded()) continue;
+      old_replaced_.insert(before[i].old_id);
+      new_replaced_.insert(after[i].new_id);
+    }
+    for (const Pair& pair : before) {
+      if (pair.IsMatched()) old_kept_.push_back(pair.old_id);
+    }
+    for (const Pair& pair : after) {
+      if (pair.IsMatched()) new_kept_.push_back(pair.new_id);
+    }
+  }
+
+  const std::vector<Pair>& All() const { return all_; }
+
+  /// Whether it was removed where another one was added, or the other way round.
+  bool IsReplaced(Pair pair) const {
+    return old_replaced_.count(pair.old_id) != 0 || new_replaced_.count(pair.new_id) != 0;
+  }
+
+  /// The first value after this one that both versions have, or kNoElement.
+  ElementId NextOf(Pair pair) const {
+    const std::vector<ElementId>& kept = pair.IsAdded() ? new_kept_ : old_kept_;
+    const auto next = std::upper_bound(kept.begin(), kept.end(), pair.Id());
+    return next == kept.end() ? kNoElement : *next;
+  }
+
+ private:
+  std::vector<Pair> all_;
+  std::set<ElementId> old_replaced_;
+  std::set<ElementId> new_replaced_;
+  std::vector<ElementId> old_kept_;
+  std::vector<ElementId> new_kept_;
+};
+
 /// `breaks` are the commands with options of the enumeration, if a value was removed.
-void AddValue(Metamodel& metamodel, const std::vector<Pair>& all, Pair pair, Direction direction,
+void AddValue(Metamodel& metamodel, const Values& values, Pair pair, Direction direction,
               const std::string& breaks) {
-  const bool is_last = IsLast(all, pair);
-  const bool moves_others = IsOrdinal(metamodel) && !is_last;
+  const ElementId next = values.NextOf(pair);
+  const bool is_last = next == kNoElement;
+  const bool is_replaced = values.IsReplaced(pair);
+  const bool may_move = !is_last || is_replaced;
+  const bool moves_others = IsOrdinal(metamodel) && may_move;
   Details details;
   details.direction = direction;
-  details.assumption = !is_last && !IsOrdinal(metamodel) ? "enumerations: text"
-                       : moves_others                    ? "enumerations: ordinal"
-                                                         : "enumerations: closed";
+  details.assumption = moves_others ? "enumerations: ordinal"
+                       : may_move   ? "enumerations: text"
+                                    : "enumerations: closed";
+  if (!is_last) details.identity = metamodel.models.Of(pair)[next].name;
   if (pair.IsRemoved()) {
     const Class wire = moves_others || IsSent(direction) ? kB : kC;
     details.verdicts = WithWire("enumeration-value-removed", direction, wire);
     details.breaks = breaks;
+    if (is_replaced) details.message = ", and another value has its position";
     return metamodel.AddWhole("enumeration-value", pair, std::move(details));
   }
   const char* const id = is_last ? "enumeration-value-appended" : "enumeration-value-inserted";
   const Class unknown = UnknownValue(metamodel, direction);
   details.verdicts = WithWire(id, direction, moves_others ? kB : unknown);
-  if (!moves_others) {
-    (*details.verdicts)[static_cast<std::size_t>(Audience::kSource)] = kD;
-    if (IsReceived(direction) && unknown == kC) details.assumption = "enumerations: open";
+  (*details.verdicts)[static_cast<std::size_t>(Audience::kSource)] = moves_others ? kB : kD;
+  if (!moves_others && IsReceived(direction) && unknown == kC) {
+    details.assumption = "enumerations: open";
   }
-  details.message = metamodel.CalledIn(pair) + " was added" + (is_last ? "" : " between others");
+  details.message = metamodel.CalledIn(pair) + " was added" +
+                    (is_replaced ? " at the position of a removed one"
+                     : is_last   ? ""
+                                 : " between others");
   details.hint = metamodel.renames.HintOf(pair);
   metamodel.Add(id, pair, std::move(details));
 }
@@ -142,20 +200,20 @@ void CompareStructure(Metamodel& metamodel, Pair structure) {
 
 void CompareEnumeration(Metamodel& metamodel, Pair enumeration) {
   const Direction direction = metamodel.reach.Of(enumeration);
-  const auto values = PartPairs(metamodel.models, enumeration, ElementKind::kValue);
-  metamodel.renames.Look(values);
-  const bool is_shorter = std::any_of(values.begin(), values.end(),
+  const Values values(PartPairs(metamodel.models, enumeration, ElementKind::kValue));
+  metamodel.renames.Look(values.All());
+  const bool is_shorter = std::any_of(values.All().begin(), values.All().end(),
                                       [](const Pair& value) { return value.IsRemoved(); });
   std::string breaks;
   if (is_shorter) breaks = metamodel.commands.Text(metamodel.commands.Naming(enumeration.old_id));
-  for (const Pair& value : values) {
+  for (const Pair& value : values.All()) {
     if (!value.IsMatched()) {
       AddValue(metamodel, values, value, direction, breaks);
     } else if (!IsSameText(metamodel.models, value)) {
       CompareTexts(metamodel, value);
     }
   }
-  PartOrder order = OrderOf(metamodel.models, values);
+  PartOrder order = OrderOf(metamodel.models, values.All());
   if (!order.is_changed) return;
   Details details{"the values of " + metamodel.CalledIn(enumeration) + " are in another order",
                   std::move(order.old_names), std::move(order.new_names), direction};

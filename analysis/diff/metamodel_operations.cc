@@ -89,7 +89,8 @@ void CompareResult(Metamodel& metamodel, Pair result) {
   const Pair operation{metamodel.models.old_model[result.old_id].owner,
                        metamodel.models.new_model[result.new_id].owner};
   Details details{
-      metamodel.CalledIn(operation) + (is_void ? " returns nothing now" : " returns something now"),
+      metamodel.CalledIn(operation) +
+          (is_void ? " no longer returns anything" : " returned nothing and returns something"),
       text(metamodel.models.old_model, result.old_id),
       text(metamodel.models.new_model, result.new_id), Direction::kOutput};
   if (is_void) {

@@ -66,7 +66,7 @@ class ResourceComparer {
  private:
   void AddResource(const char* id, std::string_view name, Pair use) {
     Details details{"the resource '" + Shortened(name) +
-                    (use.IsAdded() ? "' is named for the first time" : "' is not named any more")};
+                    (use.IsAdded() ? "' is named for the first time" : "' is no longer named")};
     details.element = "metamodel/resource:" + std::string(name);
     metamodel_.Add(id, use, std::move(details));
   }
@@ -99,12 +99,12 @@ class ResourceComparer {
     if (metamodel_.changes.IsFull()) return metamodel_.Add(id, structure, {});
     const std::string of = "the resource '" + Shortened(resource) + "'";
     const std::string called = metamodel_.CalledIn(structure);
-    Details details{called + " is a model of " + of + " now"};
+    Details details{called + " became a model of " + of};
     if (!old_key.empty() || !new_key.empty()) {
       details.message = "the key of " + called + " as a model of " + of + " changed from '" +
                         Shortened(old_key) + "' to '" + Shortened(new_key) + "'";
     } else if (id == std::string_view("model-removed")) {
-      details.message = called + " is not a model of " + of + " any more";
+      details.message = called + " is no longer a model of " + of;
     }
     details.old_value = std::move(old_key);
     details.new_value = std::move(new_key);

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <map>
 
+#include "analysis/diff/texts.h"
 #include "analysis/fates.h"
 
 namespace Zelk::Analysis::Diff {
@@ -90,6 +92,27 @@ std::vector<Pair> PartPairs(const ModelPair& models, Pair owners, ElementKind ki
   std::sort(added.begin(), added.end());
   for (const std::size_t index : added) pairs.push_back({kNoElement, new_ids[index]});
   return pairs;
+}
+
+PartOrder OrderOf(const ModelPair& models, const std::vector<Pair>& parts) {
+  std::vector<Pair> matched;
+  std::copy_if(parts.begin(), parts.end(), std::back_inserter(matched),
+               [](const Pair& pair) { return pair.IsMatched(); });
+  const auto is_before = [](const Pair& left, const Pair& right) {
+    return left.new_id < right.new_id;
+  };
+  if (std::is_sorted(matched.begin(), matched.end(), is_before)) return {false, "", ""};
+  const auto names = [&] {
+    std::string text;
+    for (const Pair& pair : matched) {
+      text += (text.empty() ? "" : ", ") + Unambiguous(models.old_model[pair.old_id].name);
+    }
+    return text;
+  };
+  PartOrder order{true, names(), ""};
+  std::sort(matched.begin(), matched.end(), is_before);
+  order.new_names = names();
+  return order;
 }
 
 bool IsSameText(const ModelPair& models, Pair pair) {

@@ -45,6 +45,15 @@ std::vector<Pair> LookupPairs(const ModelPair& models, ElementKind kind);
 /// one is matched with the first one, and so on. In the old order; those that were added come last.
 std::vector<Pair> PartPairs(const ModelPair& models, Pair owners, ElementKind kind);
 
+/// In which order both versions have the parts that both have.
+struct PartOrder {
+  bool is_changed;
+  std::string old_names;
+  std::string new_names;
+};
+
+PartOrder OrderOf(const ModelPair& models, const std::vector<Pair>& parts);
+
 /// Whether the text of an element that both versions have is the same byte for byte. Then all parts
 /// of it that have no lookups of their own are the same, too.
 bool IsSameText(const ModelPair& models, Pair pair);

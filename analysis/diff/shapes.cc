@@ -1,15 +1,10 @@
 #include "analysis/diff/shapes.h"
 
-#include <initializer_list>
-#include <string>
 #include <string_view>
 
 #include "analysis/diff/mixed.h"
 #include "analysis/diff/texts.h"
-#include "analysis/diff/types.h"
-#include "analysis/format.h"
 #include "analysis/place.h"
-#include "analysis/types.h"
 
 namespace Zelk::Analysis::Diff {
 namespace {
@@ -23,30 +18,9 @@ bool IsOrdered(ElementKind kind) {
 }  // namespace
 
 std::uint64_t Shapes::OwnOf(ElementId id) const {
-  const Element& element = model_[id];
-  const Document& document = model_.DocumentOf(id);
-  auto shape = static_cast<std::uint64_t>(element.kind);
+  auto shape = static_cast<std::uint64_t>(model_[id].kind);
   if (extent_ == Extent::kAll) shape = Mixed(shape, Analysis::TextOf(model_, id, "documentation"));
-  const NodeId type = document.Find(element.node, "type");
-  switch (element.kind) {
-    case ElementKind::kParameter:
-    case ElementKind::kField:
-    case ElementKind::kResult:
-      ForEachLevel(document, type, [&](const TypeLevel& level) {
-        shape = Mixed(shape + level.depth, level.word);
-        if (level.form != TypeForm::kUserDefined) return;
-        shape = Mixed(Mixed(shape, KindText(document, level)), document.String(level.name));
-      });
-      return shape;
-    case ElementKind::kConstant:
-      return Mixed(Mixed(shape, ConstantType(model_, id)), ConstantValue(model_, id));
-    case ElementKind::kStructure:
-      return Mixed(shape, kStructureTypes.Find(document.String(type)));
-    case ElementKind::kAnnotation:
-      return Mixed(shape, AnnotationText(model_, id));
-    default:
-      return shape;
-  }
+  return Mixed(shape, OwnText(model_, id));
 }
 
 void Shapes::Read() const {

@@ -4,9 +4,9 @@
 #include <tuple>
 
 #include "analysis/diff/comparers.h"
+#include "analysis/diff/example_fields.h"
 #include "analysis/diff/shapes.h"
 #include "analysis/diff/verdicts.h"
-#include "analysis/example.h"
 #include "analysis/fates.h"
 
 namespace Zelk::Analysis::Diff {
@@ -69,7 +69,7 @@ class SourceComparer {
     if (!is_other || IsInAnswered(pair) || !IsSame(pair)) return;
     changes_.Add("answering-source-changed", domain_, pair,
                  {"the source '" + Shortened(new_source) + "' answers for " +
-                      Called(models_.new_model, pair.new_id) + " now, and not '" +
+                      Called(models_.new_model, pair.new_id) + " instead of '" +
                       Shortened(old_source) + "', with the same data",
                   std::string(old_source), std::string(new_source)});
   }
@@ -106,15 +106,12 @@ constexpr Kind kRows[] = {
      Action::kChanged,
      Always(kN, kN, kN, kN, kC),
      "Another source answers",
-     "Two sources have the same definition, and another one of them comes first now. The answer is "
+     "Two sources have the same definition, and another one of them comes first. The answer is "
      "the same.",
      "Keep one of them.",
-     {{ZELK_EXAMPLE_COMPONENT("", ""), ZELK_EXAMPLE_COMPONENT("", "")},
-      {R"({"metamodel": {"component": {"name": "other", "documentation": "Others.",
-  "metadata": {}, "packages": []}}})",
-       ZELK_EXAMPLE_COMPONENT("", "")},
-      "metamodel/component:acme",
-      "component-added"}},
+     {{ZELK_EXAMPLE_COMPONENT("", ""), ZELK_EXAMPLE_COMPONENT("", ""), ZELK_OTHER("")},
+      {ZELK_OTHER(""), ZELK_EXAMPLE_COMPONENT("", "")},
+      "metamodel/component:acme"}},
     {"formatting-only",
      Area::kSources,
      "formatting",
@@ -123,7 +120,10 @@ constexpr Kind kRows[] = {
      "The files differ, but no answer does",
      "Programs that compare fingerprints load the metadata again.",
      "No action is needed.",
-     {{ZELK_EXAMPLE_COMPONENT("", "")}, {ZELK_EXAMPLE_COMPONENT("", "") "\n"}, "metamodel"}},
+     {{ZELK_EXAMPLE_COMPONENT("", "")},
+      {R"({"metamodel": {"component": {"metadata": {}, "packages": [],
+  "documentation": "Controls machines.", "name": "acme"}}})"},
+      "metamodel"}},
 };
 
 }  // namespace

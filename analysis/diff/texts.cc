@@ -2,7 +2,11 @@
 
 #include <map>
 
+#include "analysis/diff/cli_comparers.h"
+#include "analysis/diff/types.h"
 #include "analysis/format.h"
+#include "analysis/options.h"
+#include "analysis/place.h"
 
 namespace Zelk::Analysis::Diff {
 namespace {
@@ -58,6 +62,32 @@ std::string ConstantValue(const Model& model, ElementId constant) {
   if (ConstantType(model, constant) != "PRIMITIVE STRING") return "";
   const Document& document = model.DocumentOf(constant);
   return std::string(document.String(document.Find(model[constant].node, "value")));
+}
+
+std::string OwnText(const Model& model, ElementId id) {
+  const auto text = [&](const char* key) { return std::string(TextOf(model, id, key)); };
+  switch (model[id].kind) {
+    case ElementKind::kParameter:
+    case ElementKind::kField:
+    case ElementKind::kResult:
+      return TypeText(model.DocumentOf(id), model.DocumentOf(id).Find(model[id].node, "type"),
+                      Names::kWithKinds);
+    case ElementKind::kConstant:
+      return ConstantType(model, id) + " " + ConstantValue(model, id);
+    case ElementKind::kStructure:
+      return kStructureTypes.Find(text("type"));
+    case ElementKind::kAnnotation:
+      return AnnotationText(model, id);
+    case ElementKind::kCommand:
+      return CallOf(model, id);
+    case ElementKind::kOption:
+      return text("field_name") + " " + TypeOfOption(text("type")) + " " +
+             ToUpper(text("generic")) + " " + text("short_option");
+    case ElementKind::kOutputField:
+      return text("display_name");
+    default:
+      return "";
+  }
 }
 
 }  // namespace Zelk::Analysis::Diff

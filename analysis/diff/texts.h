@@ -18,6 +18,9 @@ std::string AnnotationText(const Model& model, ElementId annotation);
 /// Such as "PRIMITIVE STRING".
 std::string ConstantType(const Model& model, ElementId constant);
 
+/// What the element says besides its name, its documentation and its parts; of Metamodel and CLI.
+std::string OwnText(const Model& model, ElementId id);
+
 /// Only string constants have a value in the library.
 std::string ConstantValue(const Model& model, ElementId constant);
 

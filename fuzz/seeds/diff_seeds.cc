@@ -1,5 +1,5 @@
-#include <array>
-#include <string_view>
+#include <cstddef>
+#include <string>
 
 #include "analysis/diff/kind.h"
 #include "fuzz/seeds/seed_folder.h"
@@ -7,9 +7,9 @@
 namespace Zelk::Fuzzing {
 namespace {
 
-std::string Joined(const std::array<std::string_view, 2>& files) {
+std::string Joined(const Analysis::Diff::ExampleFiles& files) {
   std::string joined(files[0]);
-  if (!files[1].empty()) (joined += '\f') += files[1];
+  for (std::size_t i = 1; i < files.size() && !files[i].empty(); ++i) (joined += '\f') += files[i];
   return joined;
 }
 

@@ -66,8 +66,8 @@ TEST(CommandLine, TypesDecideWhichValuesAreAccepted) {
                                          {"STRING", {"", "x", "--x"}, {}},
                                          {"SECRET", {"x"}, {}},
                                          {"ID", {"x"}, {}},
-                                         {"DATE_TIME", {"DATE_TIME"}, {"x"}},
-                                         {"acme.Mode", {"acme.mode"}, {"x"}}}) {
+                                         {"DATE_TIME", {"<DATE_TIME>"}, {"x"}},
+                                         {"acme.Mode", {"<acme.mode>"}, {"x"}}}) {
     const std::vector<OptionText> options{{"a", "a", row.type}};
     for (const std::string& value : row.accepted) {
       EXPECT_THAT(ReadBy(options, {"--a", value}), testing::StartsWith("a=" + value)) << row.type;
@@ -102,10 +102,12 @@ TEST(CommandLine, ValuesOfEnumerationsAreThoseThatAreDefined) {
                                            {"struct", "s", "c.p.Struct"}}})}));
   const CommandForm form(workspace, CommandOf(workspace, "start"));
   EXPECT_THAT(form.Shortest("--mode", 1),
-              Optional(ElementsAre("--mode", "on", "--many", "c.p.many", "--none", "c.p.none",
-                                   "--struct", "c.p.struct")));
+              Optional(ElementsAre("--mode", "on", "--many", "<c.p.many>", "--none", "<c.p.none>",
+                                   "--struct", "<c.p.struct>")));
   EXPECT_EQ(form.Read({"--mode", "c.p.mode"}).problem, "'c.p.mode' is not of type c.p.mode");
   EXPECT_EQ(form.Read({"--mode", "off"}).problem, "'--many' is required");
+  EXPECT_EQ(form.Read({"--mode", "c.p.mode"}, "--none").problem, "'--none' is required");
+  EXPECT_EQ(form.Read({"--mode", "off"}, "--mode").problem, "");
 }
 
 TEST(CommandLine, ShortestHasWhatIsRequiredAndWhatIsAskedFor) {

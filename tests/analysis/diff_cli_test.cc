@@ -144,7 +144,7 @@ TEST(CliChanges, TypesDecideWhatValuesMean) {
             "B option-type-changed: acme start --a 1 (now '--a' is of type "
             "DOUBLE)"},
            {"c.p.mode", "STRING",
-            "B option-type-changed: acme start --a c.p.mode (now '--a' is of type STRING)"},
+            "B option-type-changed: acme start --a '<c.p.mode>' (now '--a' is of type STRING)"},
            {"ID", "STRING", "c option-type-changed"},
            {"STRING", "id", "c option-type-changed"},
            {"long", "LONG", "c option-type-changed"},
@@ -280,6 +280,45 @@ TEST(CliChanges, FormattersDecideWhatReadersOfOutputNotice) {
               ElementsAre("B formatter-changed"));
 }
 
+TEST(CliChanges, WitnessesAreAboutWhatChanged) {
+  const OptionText a{"a", "a"};
+  const OptionText b{"b", "b"};
+  EXPECT_THAT(
+      Witnessed({}, {a, b}),
+      UnorderedElementsAre("B option-added-required: acme start (now refused: '--a' is required)",
+                           "B option-added-required: acme start (now refused: '--b' is required)"));
+  EXPECT_THAT(Witnessed({a, b}, {{"a", "a", "DATE_TIME"}}),
+              UnorderedElementsAre("B option-type-changed: acme start --a 1 --b 1 (now refused: "
+                                   "'1' is not of type DATE_TIME)",
+                                   "B option-removed: acme start --b 1 --a 1 (now refused: '--b' "
+                                   "is not an option)"));
+  EXPECT_THAT(
+      Witnessed({a, b}, {{"a", "x"}, {"b", "y"}}),
+      UnorderedElementsAre("B option-field-changed: acme start --a 1 --b 1 (now '--a' fills x)",
+                           "B option-field-changed: acme start --b 1 --a 1 (now '--b' fills y)"));
+}
+
+TEST(CliChanges, FirstListedStructureHidesOtherFields) {
+  const auto file = [](const std::string& outputs) {
+    return OneCommand(
+        CommandText{"",
+                    "start",
+                    {},
+                    "start",
+                    R"(, "formatter": "JSON", "output_field_list": [)" + outputs + "]"});
+  };
+  const std::string one = R"({"structure_id": "c.p.T", "output_fields": []})";
+  const std::string other = R"({"structure_id": "c.p.U", "output_fields": []})";
+  EXPECT_THAT(Changed({file("")}, {file(one)}),
+              ElementsAre("--D-c output-structure-added output:c.p.T: the command 'start' lists "
+                          "the fields of 'c.p.T'"));
+  EXPECT_THAT(Changed({file(one)}, {file(one + "," + other)}),
+              ElementsAre(StartsWith("--c-c output-structure-added output:c.p.U")));
+  EXPECT_THAT(Changed({file(one)}, {file("")}),
+              ElementsAre("--B-c output-structure-removed output:c.p.T: the command 'start' no "
+                          "longer lists the fields of 'c.p.T'"));
+}
+
 TEST(CliChanges, NamespacesAreRolledUpAndCommandsAreNot) {
   const std::string all = CliFile({NamespaceText("", "a"), NamespaceText("a", "b"),
                                    NamespaceText("a.b", "c"), Text(CommandText{"a.b", "start"})});
@@ -288,9 +327,10 @@ TEST(CliChanges, NamespacesAreRolledUpAndCommandsAreNot) {
                           "removed",
                           "--D-D namespace-removed namespace:a.b: the namespace 'a.b' with 1 "
                           "namespace was removed"));
-  EXPECT_THAT(Changed({CliFile({})}, {CliFile({NamespaceText("", "a")})}),
-              ElementsAre("--c-c namespace-added namespace:: the namespace '' with 1 namespace was "
-                          "added"));
+  EXPECT_THAT(
+      Changed({CliFile({})}, {CliFile({NamespaceText("", "a")})}),
+      ElementsAre("--c-c namespace-added namespace:: the root namespace with 1 namespace was "
+                  "added"));
 }
 
 TEST(CliChanges, NamespacesThatAreMadeHaveDescriptions) {
@@ -298,8 +338,8 @@ TEST(CliChanges, NamespacesThatAreMadeHaveDescriptions) {
                       {CliFile({NamespaceText("", ""), NamespaceText("", "a", "a namespace"),
                                 NamespaceText("a", "b")})}),
               ElementsAre("--t-- namespace-description-changed namespace:: the description of the "
-                          "namespace '' was changed",
-                          "--t-- namespace-list-changed namespace:: the namespace '' lists its "
+                          "root namespace was changed",
+                          "--t-- namespace-list-changed namespace:: the root namespace lists its "
                           "namespaces in another order"));
 }
 
@@ -307,10 +347,10 @@ TEST(CliChanges, ListsOfNamespacesFollowTheirOrderInTheFile) {
   const std::string root = NamespaceText("", "");
   EXPECT_THAT(Changed({CliFile({root, NamespaceText("", "a"), NamespaceText("", "b")})},
                       {CliFile({root, NamespaceText("", "b"), NamespaceText("", "a")})}),
-              ElementsAre("--t-- namespace-list-changed namespace:: the namespace '' lists its "
+              ElementsAre("--t-- namespace-list-changed namespace:: the root namespace lists its "
                           "namespaces in another order"));
   EXPECT_THAT(Changed({CliFile({NamespaceText("", "a"), NamespaceText("a", "b"), root})},
                       {CliFile({NamespaceText("a", "b"), NamespaceText("", "a", ""), root})}),
               ElementsAre("--D-c namespace-list-changed namespace:a: the namespace 'a' lists other "
-                          "ones of its namespaces"));
+                          "namespaces than before"));
 }

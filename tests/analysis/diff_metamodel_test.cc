@@ -10,6 +10,7 @@ using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): short w
 namespace {
 
 using testing::_;
+using testing::AllOf;
 using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
@@ -326,6 +327,28 @@ TEST(EnumerationChanges, DependOnWhatIsAssumed) {
               ElementsAre(StartsWith("ccc-c enumeration-order-changed")));
 }
 
+TEST(EnumerationChanges, MayGiveThePositionOfARemovedValueToAnother) {
+  const std::string on = Value("ON");
+  const std::string before = on + "," + Value("OFF");
+  const std::string after = on + "," + Value("IDLE");
+  for (const std::string& used : {kStateSent, kStateReceived}) {
+    EXPECT_THAT(
+        Changed({State(before, used)}, {State(after, used)}),
+        UnorderedElementsAre(AllOf(StartsWith("BBB-c enumeration-value-removed value:OFF"),
+                                   HasSubstr("was removed, and another value has its position")),
+                             AllOf(StartsWith("BBc-c enumeration-value-appended value:IDLE"),
+                                   HasSubstr("was added at the position of a removed one"))));
+  }
+  Assumptions text;
+  text.enumeration_form = Assumptions::EnumerationForm::kText;
+  EXPECT_THAT(Changed({State(before, kStateReceived)}, {State(after, kStateReceived)}, text),
+              UnorderedElementsAre(StartsWith("cBB-c enumeration-value-removed"),
+                                   StartsWith("DDc-c enumeration-value-appended")));
+  // Each keeps its own position.
+  EXPECT_THAT(Changed({State(before, kStateReceived)}, {State(on, kStateReceived)}),
+              ElementsAre(StartsWith("cBB-c enumeration-value-removed")));
+}
+
 TEST(AnnotationChanges, HaveTheClassOfTheProject) {
   const std::string plain = Takes(Field("x", kText));
   const std::string deprecated = Takes(Field("x", kText, R"("Deprecated": {})"));
@@ -430,7 +453,7 @@ TEST(SourceChanges, AreThoseOfAnswersThatStayTheSame) {
   EXPECT_THAT(
       Changed({file, file + "\n"}, {other, file}),
       UnorderedElementsAre("----c answering-source-changed component:c: the source 'b' answers for "
-                           "the component 'c' now, and not 'a', with the same data",
+                           "the component 'c' instead of 'a', with the same data",
                            StartsWith("cc--c component-added component:o")));
   EXPECT_THAT(Changed({file, " " + Takes(" " + Field("x", kText))}, {other, file}),
               Contains(StartsWith("----c answering-source-changed component:c")));

@@ -72,7 +72,7 @@ std::vector<std::string> IdsOf(const std::vector<std::string>& old_texts,
   return ids;
 }
 
-std::vector<std::string> TextsOf(const std::array<std::string_view, 2>& files) {
+std::vector<std::string> TextsOf(const Zelk::Analysis::Diff::ExampleFiles& files) {
   std::vector<std::string> texts;
   for (const std::string_view text : files) {
     if (!text.empty()) texts.emplace_back(text);

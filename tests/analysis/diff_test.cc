@@ -9,6 +9,7 @@
 
 #include "analysis/diff/verdicts.h"
 #include "analysis/diffed.h"
+#include "analysis/small_cli.h"
 #include "analysis/small_model.h"
 
 using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): short ways to compare
@@ -27,7 +28,7 @@ using Zelk::Analysis::Diff::Kinds;
 using Zelk::Analysis::Diff::Result;
 using Zelk::Analysis::Diff::SetOf;
 
-std::vector<std::string> TextsOf(const std::array<std::string_view, 2>& files) {
+std::vector<std::string> TextsOf(const Zelk::Analysis::Diff::ExampleFiles& files) {
   std::vector<std::string> texts;
   for (const std::string_view text : files) {
     if (!text.empty()) texts.emplace_back(text);
@@ -62,6 +63,22 @@ TEST(ChangeKinds, EachExampleHasItsChange) {
       changed.erase(rest, changed.end());
     }
     EXPECT_EQ(changed, expected) << kind->id;
+  }
+}
+
+TEST(ChangeKinds, FewHaveExamplesWithAnotherChange) {
+  std::set<std::string_view> ids;
+  for (const Kind* kind : Kinds()) {
+    if (kind->example.also != nullptr) ids.insert(kind->id);
+  }
+  // Only annotations name resources, and what has the annotation has changed, too.
+  EXPECT_EQ(ids, (std::set<std::string_view>{"resource-added", "resource-removed"}));
+}
+
+TEST(ChangeKinds, ExamplesHaveDomainsInCommon) {
+  for (const Kind* kind : Kinds()) {
+    EXPECT_FALSE(TextsOf(kind->example.old_files).empty()) << kind->id;
+    EXPECT_FALSE(TextsOf(kind->example.new_files).empty()) << kind->id;
   }
 }
 
@@ -120,6 +137,80 @@ TEST(Changes, HaveFingerprintsThatStayTheSame) {
   EXPECT_EQ(fingerprints.size(), 1U);
   LookAtChanges(TextsOf(kind.example.new_files), old_texts, take);
   EXPECT_EQ(fingerprints.size(), 2U);
+}
+
+TEST(Changes, HaveFingerprintsOfWhatChanged) {
+  const std::string text = Builtin("STRING");
+  const std::string a = Field("a", text);
+  const std::string b = Field("b", text);
+  const auto operations = [](const std::string& operation) {
+    return MetamodelFile({"", "", operation});
+  };
+  const auto takes = [&](const std::string& parameters) {
+    return operations(Operation("o", parameters));
+  };
+  const auto values = [](const std::vector<std::string>& names) {
+    std::vector<std::string> texts;
+    for (const std::string& name : names) texts.push_back(EnumerationValue(name));
+    return MetamodelFile({"", Enumeration("c.p.e", Listed(texts)), ""});
+  };
+  const auto command = [](const std::vector<OptionText>& options, const std::string& fields = "") {
+    return OneCommand(CommandText{"", "go", options, "start",
+                                  R"(, "output_field_list": [{"structure_id": "c.p.s",
+                                  "output_fields": [)" +
+                                      fields + "]}]"});
+  };
+  const auto shown = [](const std::string& name, const std::string& heading = "") {
+    return R"({"field_name": ")" + name + R"(", "display_name": ")" + heading + R"("})";
+  };
+  const auto shows = [&](const std::vector<std::string>& names) {
+    std::vector<std::string> fields;
+    for (const std::string& name : names) fields.push_back(shown(name));
+    return command({}, Listed(fields));
+  };
+  const OptionText x{"x", "x"};
+  const OptionText y{"y", "y"};
+  const OptionText z{"z", "z"};
+  const std::string root = NamespaceText("", "");
+  const std::string outer = NamespaceText("", "n");
+  const std::string inner = NamespaceText("n", "p");
+  const std::string other = NamespaceText("n", "q");
+
+  struct Row {
+    const char* id;
+    std::string before;
+    std::string after;
+    std::string other_after;
+  };
+
+  for (const Row& row : std::vector<Row>{
+           {"operation-added", operations(""), takes(a), takes(b)},
+           {"parameter-added-required", takes(""), takes(a), takes(Field("a", Builtin("LONG")))},
+           {"enumeration-value-inserted", values({"A", "B"}), values({"X", "A", "B"}),
+            values({"A", "X", "B"})},
+           {"option-order-changed", command({x, y, z}), command({y, x, z}), command({z, x, y})},
+           {"option-added-required", command({}), command({x}), command({{"x", "y"}})},
+           {"output-field-order-changed", shows({"a", "b", "c"}), shows({"b", "a", "c"}),
+            shows({"c", "a", "b"})},
+           {"output-field-added", shows({}), command({}, shown("a", "A")), shows({"a"})},
+           {"output-structure-added", CliFile({Text(CommandText{"", "go"})}), shows({"a"}),
+            shows({"b"})},
+           {"namespace-list-changed", CliFile({root, outer, inner, other}),
+            CliFile({root, inner, outer, other}), CliFile({root, inner, other, outer})}}) {
+    std::set<std::uint64_t> fingerprints;
+    const auto take = [&](const Result& result) {
+      for (const Change& change : result.changes) {
+        if (change.kind->id == std::string(row.id)) fingerprints.insert(change.fingerprint);
+      }
+    };
+    LookAtChanges({row.before}, {row.after}, take);
+    const std::size_t count = fingerprints.size();
+    EXPECT_GT(count, 0U) << row.id;
+    LookAtChanges({row.before}, {row.after + " "}, take);
+    EXPECT_EQ(fingerprints.size(), count) << row.id;
+    LookAtChanges({row.before}, {row.other_after}, take);
+    EXPECT_GT(fingerprints.size(), count) << row.id;
+  }
 }
 
 TEST(Changes, HaveThePlacesInBothVersions) {

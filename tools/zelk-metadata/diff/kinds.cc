@@ -12,7 +12,7 @@ namespace {
 
 using Analysis::Diff::Kind;
 using Analysis::Diff::Verdicts;
-using Files = std::array<std::string_view, 2>;
+using Files = Analysis::Diff::ExampleFiles;
 
 std::vector<std::string> Given(const Files& files) {
   std::vector<std::string> given;
@@ -76,6 +76,9 @@ void WritePage(Page& page, const Kind& kind) {
   const std::string old_version = WriteFiles(page, "OLD", kind.example.old_files);
   const std::string new_version = WriteFiles(page, "NEW", kind.example.new_files);
   page.Line(1, fmt::format("{} diff {} {}", kProgramName, old_version, new_version));
+  if (kind.example.also != nullptr) {
+    page.Line(1, fmt::format("This is always reported together with {}.", kind.example.also));
+  }
   page.Section("Advice:", kind.advice);
 }
 
