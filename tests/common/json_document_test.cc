@@ -206,8 +206,8 @@ TEST(JsonHeap, KeepsTheContentOfABlockThatGrows) {
 
 TEST(JsonHeap, ThrowsBadAlloc) {
   void* block = JsonHeap::Malloc(8);
-  EXPECT_THROW(JsonHeap::Malloc(SIZE_MAX / 2), std::bad_alloc);
-  EXPECT_THROW(JsonHeap::Realloc(block, 8, SIZE_MAX / 2), std::bad_alloc);
+  EXPECT_THROW(JsonHeap::Malloc(SIZE_MAX / 2 + 1), std::bad_alloc);
+  EXPECT_THROW(JsonHeap::Realloc(block, 8, SIZE_MAX / 2 + 1), std::bad_alloc);
   JsonHeap::Free(block);
 }
 
