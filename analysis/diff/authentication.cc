@@ -146,7 +146,7 @@ class AuthenticationComparer {
     } else if (sum.worst.is_new_or_gone) {
       details.hint = kConcernsNoCaller;
     }
-    details.verdicts = Verdicts{kN, kN, kN, sum.worst.access, pair.IsAdded() ? kC : kD};
+    details.verdicts = Verdicts{kN, kN, kN, sum.worst.access, pair.IsAdded() ? kC : kB};
     changes_.Add(IdOf(pair, has_schemes), Domain::kAuthentication, pair, std::move(details));
   }
 

@@ -64,8 +64,8 @@ constexpr Kind kRows[] = {
      "A list of schemes is gone or empty",
      "Callers without a scheme get access if the element inherits no schemes; such changes are "
      "always shown first. No caller is turned away, so it is dangerous, not breaking. It is "
-     "breaking if the element inherits schemes that callers do not have. If the list is gone, not "
-     "empty, programs that ask for it get an error, as for anything without a list.",
+     "breaking if the element inherits schemes that callers do not have, or if the list is gone, "
+     "not empty: programs that ask for it get an error then.",
      "If access is to be open, list a scheme that everybody has, such as one for anonymous calls.",
      {{kLogin}, {kEmptyList}, kPackage}},
     {"authentication-list-added",
@@ -151,7 +151,7 @@ constexpr Kind kRows[] = {
      Area::kAuthentication,
      "authentication entry",
      Action::kRemoved,
-     Always(kN, kN, kN, kN, kD),
+     Always(kN, kN, kN, kN, kB),
      "An empty list was removed",
      "Who may call does not change, unless what the element is in has schemes: some hosts inherit "
      "these only now. Programs that ask for the schemes get an error in place of an empty list.",
@@ -172,11 +172,10 @@ constexpr Kind kRows[] = {
      Area::kAuthentication,
      "authentication component",
      Action::kRemoved,
-     Always(kN, kN, kN, kD, kD),
+     Always(kN, kN, kN, kD, kB),
      "A component with lists was removed",
      "Callers without a scheme get access to what it listed. Such changes are always shown first. "
-     "No caller is turned away, so it is dangerous, not breaking. Programs that ask for the "
-     "component get an error, as for anything without a list.",
+     "Programs that ask for the schemes get an error.",
      "Keep the lists as long as the component can be called.",
      {{kTwo}, {kOne}, "authentication/component:acme.spare"}},
     {"authentication-component-added",

@@ -88,18 +88,18 @@ TEST(Inheritance, DecidesWhatAListThatComesOrGoesMeans) {
   const std::string without = Package(R"(["a"])");
   for (const Row& row : std::vector<Row>{
            {Package(R"(["a"])", Operations(R"(["a"])")), without,
-            "opens: ---DD authentication-list-removed: callers without a scheme needed x.a "
+            "opens: ---DB authentication-list-removed: callers without a scheme needed x.a "
             "(SESSIONLESS); now they can call",
-            "----D authentication-list-removed"},
+            "----B authentication-list-removed"},
            {Package(R"(["a"])", Operations(R"(["b"])")), without,
-            "opens: ---DD authentication-list-removed: callers without a scheme needed x.b "
+            "opens: ---DB authentication-list-removed: callers without a scheme needed x.b "
             "(SESSIONLESS); now they can call",
-            "---BD authentication-list-removed: callers with x.b (SESSIONLESS) could call; now "
+            "---BB authentication-list-removed: callers with x.b (SESSIONLESS) could call; now "
             "they need x.a (SESSIONLESS)"},
            {Package(R"(["a", "b"])", Operations(R"(["b"])")), Package(R"(["a", "b"])"),
-            "opens: ---DD authentication-list-removed: callers without a scheme needed x.b "
+            "opens: ---DB authentication-list-removed: callers without a scheme needed x.b "
             "(SESSIONLESS); now they can call",
-            "---DD authentication-list-removed: callers with x.a (SESSIONLESS) needed x.b "
+            "---DB authentication-list-removed: callers with x.a (SESSIONLESS) needed x.b "
             "(SESSIONLESS); now they can call"},
            {without, Package(R"(["a"])", Services(R"(["a"])")),
             "---Bc authentication-list-added: callers without a scheme could call; now they need "
@@ -133,7 +133,7 @@ TEST(EmptyList, MayOpenAccessUnderSchemes) {
                 ElementsAre("opens: ---Dc authentication-entry-added"));
     // The reverse may turn somebody away.
     EXPECT_THAT(Effects({empty_service}, {without}, assumptions),
-                ElementsAre("---DD authentication-entry-removed"));
+                ElementsAre("---DB authentication-entry-removed"));
   }
   EXPECT_THAT(Effects({filled}, {empty_operation}, Nearest()),
               ElementsAre("opens: ---Dc authentication-list-removed"));
@@ -194,7 +194,7 @@ TEST(ListOfSomethingNew, ConcernsNoCaller) {
   EXPECT_THAT(OfLists({small, unlisted}, {large, listed}),
               ElementsAre("----c authentication-list-added" + because));
   EXPECT_THAT(OfLists({large, listed}, {small, unlisted}),
-              ElementsAre("----D authentication-list-removed" + because));
+              ElementsAre("----B authentication-list-removed" + because));
   EXPECT_THAT(OfLists({large, listed}, {small, emptied}),
               ElementsAre("----c authentication-list-removed" + because));
   // What both versions have, and what no Metamodel file describes, may be called.

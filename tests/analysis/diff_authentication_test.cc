@@ -183,10 +183,10 @@ TEST(AuthenticationChanges, WholeListsAreRolledUp) {
               ElementsAre("---Bc authentication-list-added package:acme.p: the package 'acme.p' "
                           "with 2 services and 3 operations has schemes now"));
   EXPECT_THAT(Changed({all}, {none}),
-              ElementsAre("---DD authentication-list-removed package:acme.p: the package 'acme.p' "
+              ElementsAre("---DB authentication-list-removed package:acme.p: the package 'acme.p' "
                           "with 2 services and 3 operations has no schemes any more"));
   EXPECT_THAT(Witnessed({all}, {none}),
-              ElementsAre("---DD authentication-list-removed: the list of the service 'acme.p.s': "
+              ElementsAre("---DB authentication-list-removed: the list of the service 'acme.p.s': "
                           "callers without a scheme needed acme.a (SESSIONLESS); now they can "
                           "call; and 3 more lists"));
 }
@@ -210,9 +210,9 @@ TEST(AuthenticationChanges, ListsOfOneServiceMayBeInSeveralComponents) {
       Component(kSchemes, R"(, "operations": {"acme.p.s.o": ["a"]})", "acme.b");
   EXPECT_THAT(Changed({first, second},
                       {Component(kSchemes, "", "acme.a"), Component(kSchemes, "", "acme.b")}),
-              ElementsAre("---DD authentication-list-removed operation:acme.p.s.o: the operation "
+              ElementsAre("---DB authentication-list-removed operation:acme.p.s.o: the operation "
                           "'acme.p.s.o' has no schemes any more",
-                          "----D authentication-entry-removed service:acme.p.s: the service "
+                          "----B authentication-entry-removed service:acme.p.s: the service "
                           "'acme.p.s' has no list any more"));
 }
 
@@ -224,7 +224,7 @@ TEST(AuthenticationChanges, ComponentsWithoutSchemesConcernNoCaller) {
                           "component 'acme.other' with 1 package has an empty list now"));
   EXPECT_THAT(
       Witnessed({file, Component(kSchemes, R"(, "packages": {"acme.o": ["a"]})", "other")}, {file}),
-      ElementsAre("---DD authentication-component-removed: callers without a scheme needed "
+      ElementsAre("---DB authentication-component-removed: callers without a scheme needed "
                   "acme.a (SESSIONLESS); now they can call"));
 }
 
@@ -241,7 +241,7 @@ TEST(AuthenticationChanges, OpenedAccessComesFirst) {
 TEST(AuthenticationChanges, ComponentThatOpensAccessComesFirst) {
   const std::string spare = Component(kSchemes, R"(, "packages": {"acme.s": ["a"]})", "acme.spare");
   EXPECT_THAT(Witnessed({Listing("\"a\", \"b\""), spare}, {Listing("\"a\"")}),
-              ElementsAre(testing::StartsWith("---DD authentication-component-removed"),
+              ElementsAre(testing::StartsWith("---DB authentication-component-removed"),
                           testing::StartsWith("---Bc authentication-scheme-removed")));
 }
 
