@@ -53,12 +53,12 @@ void AddField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all
   const bool is_positional = assumptions.parameters == Assumptions::Parameters::kPositional;
   if (is_refused && IsReceived(direction)) {
     details.verdicts = WithWire(id, direction, kB);
-    details.assumption = "unknown-fields: refused";
+    details.assumption = "unknown_fields: refused";
   } else if (is_positional && !IsLast(all, pair)) {
     details.verdicts = WithWire(id, direction, kB);
     details.assumption = "parameters: positional";
   } else {
-    details.assumption = "unknown-fields: ignored";
+    details.assumption = "unknown_fields: ignored";
   }
   metamodel.Add(id, pair, std::move(details));
 }
@@ -86,16 +86,26 @@ void CompareFields(Metamodel& metamodel, Pair structure) {
   metamodel.Add("field-order-changed", structure, std::move(details));
 }
 
+bool IsOpen(const Metamodel& metamodel) {
+  return metamodel.changes.GetAssumptions().enumerations == Assumptions::Enumerations::kOpen;
+}
+
 /// What a value means that callers do not know.
 Class UnknownValue(const Metamodel& metamodel, Direction direction) {
-  const bool is_open =
-      metamodel.changes.GetAssumptions().enumerations == Assumptions::Enumerations::kOpen;
-  return is_open || !IsReceived(direction) ? kC : kD;
+  return IsOpen(metamodel) || !IsReceived(direction) ? kC : kD;
 }
 
 bool IsOrdinal(const Metamodel& metamodel) {
   return metamodel.changes.GetAssumptions().enumeration_form ==
          Assumptions::EnumerationForm::kOrdinal;
+}
+
+/// What the class of a change of a value depends on.
+const char* AssumedOfValues(const Metamodel& metamodel, bool may_move) {
+  if (may_move) {
+    return IsOrdinal(metamodel) ? "enumeration_form: ordinal" : "enumeration_form: text";
+  }
+  return IsOpen(metamodel) ? "enumerations: open" : "enumerations: closed";
 }
 
 /// The values of an enumeration in both versions.
@@ -155,9 +165,7 @@ void AddValue(Metamodel& metamodel, const Values& values, Pair pair, Direction d
   const bool moves_others = IsOrdinal(metamodel) && may_move;
   Details details;
   details.direction = direction;
-  details.assumption = moves_others ? "enumerations: ordinal"
-                       : may_move   ? "enumerations: text"
-                                    : "enumerations: closed";
+  details.assumption = AssumedOfValues(metamodel, may_move);
   if (!is_last) details.identity = metamodel.models.Of(pair)[next].name;
   if (pair.IsRemoved()) {
     const Class wire = moves_others || IsSent(direction) ? kB : kC;
@@ -170,9 +178,6 @@ void AddValue(Metamodel& metamodel, const Values& values, Pair pair, Direction d
   const Class unknown = UnknownValue(metamodel, direction);
   details.verdicts = WithWire(id, direction, moves_others ? kB : unknown);
   (*details.verdicts)[static_cast<std::size_t>(Audience::kSource)] = moves_others ? kB : kD;
-  if (!moves_others && IsReceived(direction) && unknown == kC) {
-    details.assumption = "enumerations: open";
-  }
   details.message = metamodel.CalledIn(pair) + " was added" +
                     (is_replaced ? " at the position of a removed one"
                      : is_last   ? ""
@@ -217,7 +222,8 @@ void CompareEnumeration(Metamodel& metamodel, Pair enumeration) {
   if (!order.is_changed) return;
   Details details{"the values of " + metamodel.CalledIn(enumeration) + " are in another order",
                   std::move(order.old_names), std::move(order.new_names), direction};
-  details.assumption = IsOrdinal(metamodel) ? "enumerations: ordinal" : "enumerations: text";
+  details.assumption =
+      IsOrdinal(metamodel) ? "enumeration_form: ordinal" : "enumeration_form: text";
   if (!IsOrdinal(metamodel)) details.verdicts = Verdicts{kC, kC, kC, kN, kC};
   metamodel.Add("enumeration-order-changed", enumeration, std::move(details));
 }

@@ -45,7 +45,7 @@ void AddParameter(Metamodel& metamodel, Pair operation, const std::vector<Pair>&
   }
   if (is_optional) {
     const bool is_ignored = assumptions.unknown_fields == Assumptions::UnknownFields::kIgnored;
-    details.assumption = is_ignored ? "unknown-fields: ignored" : "unknown-fields: refused";
+    details.assumption = is_ignored ? "unknown_fields: ignored" : "unknown_fields: refused";
     if (is_ignored && !IsPositional(metamodel)) {
       details.verdicts = FindKind("parameter-removed")->verdicts.input;
       (*details.verdicts)[kWire] = kD;
