@@ -5,6 +5,7 @@
 // Versions that are in a repository of git.
 
 using testing::AllOf;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 using Zelk::Testing::RunShell;
@@ -31,7 +32,7 @@ ToolRun InRepository(const std::string& commands) {
 
 TEST(DiffGit, FolderOfARevisionIsComparedWithTheDisk) {
   const ToolRun run = InRepository("$tool diff git:HEAD:files files; echo $?");
-  EXPECT_THAT(run.out, HasSubstr("old: git:HEAD:files (2 files)\n"));
+  EXPECT_THAT(run.out, HasSubstr("old: git:HEAD:files (3 files)\n"));
   EXPECT_THAT(run.out, HasSubstr("no changes\n"));
   EXPECT_EQ(run.err, "");
 }
@@ -43,8 +44,8 @@ TEST(DiffGit, AnyPathOfARevisionCanBeNamed) {
   EXPECT_THAT(
       run.out,
       AllOf(HasSubstr("old: git:HEAD:files/a.json (1 file)\n"),
-            HasSubstr("old: git:HEAD:./a.json (1 file)\n"), HasSubstr("old: git:main: (2 files)\n"),
-            HasSubstr("old: git:HEAD:files/ (2 files)\n"),
+            HasSubstr("old: git:HEAD:./a.json (1 file)\n"), HasSubstr("old: git:main: (3 files)\n"),
+            HasSubstr("old: git:HEAD:files/ (3 files)\n"),
             HasSubstr("old: git::files/a.json (1 file)\n"), Not(HasSubstr("1\n"))));
   EXPECT_EQ(run.err, "");
 }
@@ -54,7 +55,10 @@ TEST(DiffGit, FilesOfARevisionHaveTheirNamesInMessages) {
       "echo '{' > files/below/b.json; git commit -q -a -m two\n"
       "$tool diff git:HEAD~:files git:HEAD:files; echo $?");
   EXPECT_THAT(run.out, HasSubstr("git:HEAD:files/below/b.json:2:1: error: "));
-  EXPECT_THAT(run.out, HasSubstr("\nnot compared: git:HEAD~:files/below/b.json\n"));
+  EXPECT_THAT(
+      run.out,
+      HasSubstr("  source:below/b\n    the file 'git:HEAD:files/below/b.json' does not load any "
+                "more [source-lost]\n"));
   EXPECT_THAT(run.out, HasSubstr("\nfailed: a file does not load\n1\n"));
 }
 
@@ -65,11 +69,11 @@ TEST(DiffGit, WhatIsNotThereIsNamed) {
   EXPECT_EQ(run.err,
             "zelk-metadata: git:nope:files: this revision is not known\n"
             "zelk-metadata: git:--help:files: this revision is not known\n"
-            "zelk-metadata: git:HEAD\\x0aHEAD:files: this revision is not known\n"
+            "zelk-metadata: git:HEAD\\x0aHEAD:files: a name with a line end cannot be read\n"
             "zelk-metadata: git:HEAD:nope: this revision has no such path\n"
             "zelk-metadata: git:HEAD:texts: this folder has no *.json file\n"
             "zelk-metadata: git:HEAD: a revision is given as git:REV:PATH\n");
-  EXPECT_THAT(run.out, testing::EndsWith("nothing was compared\nfailed: a file does not load\n"));
+  EXPECT_THAT(run.out, EndsWith("nothing was compared\nfailed: OLD cannot be read\n"));
 }
 
 TEST(DiffGit, AnnotationsNameTheFilesOfTheRepository) {
@@ -81,11 +85,74 @@ TEST(DiffGit, AnnotationsNameTheFilesOfTheRepository) {
   EXPECT_THAT(run.out, HasSubstr(" file=files/below/b.json,line=1,col="));
 }
 
-TEST(DiffGit, CommitInAFolderIsNotAFile) {
-  EXPECT_EQ(InRepository("git update-index --add --cacheinfo 160000,$(git rev-parse HEAD),other\n"
-                         "git commit -q -m two; $tool diff git:HEAD:other files")
-                .err,
-            "zelk-metadata: git:HEAD:other: it is not a file or a folder\n");
+TEST(DiffGit, PathAfterADateWithColonsIsFound) {
+  const ToolRun run = InRepository(
+      "rev='HEAD@{2999-01-02 10:00:00}'; echo '{\"cli\": []}' > files/below/b.json\n"
+      "$tool diff \"git:$rev:files\" files --output github\n"
+      "$tool diff \"git:$rev\" files; $tool diff \"git:$rev:nope\" files; echo '[]' >files/a.json\n"
+      "git add .; $tool diff git::0:files/a.json git::0:files/b.json --output github; echo $?");
+  EXPECT_THAT(run.out, HasSubstr(" file=files/below/b.json,title=namespace-removed::"));
+  EXPECT_THAT(run.out, HasSubstr(" file=files/a.json,line=1,col=1::Not a metadata file"));
+  EXPECT_THAT(
+      run.err,
+      AllOf(HasSubstr("git:HEAD@{2999-01-02 10:00:00}: a revision is given as git:REV:PATH"),
+            HasSubstr("10:00:00}:nope: this revision has no such path\n"),
+            HasSubstr("git::0:files/b.json: this revision has no such path\n")));
+}
+
+TEST(DiffGit, LinksAreFollowedAsOnTheDisk) {
+  const ToolRun run = InRepository(
+      "cp files/below/b.json texts/t.json; ln -s ../../texts/t.json files/below/out.json\n"
+      "ln -s ../texts files/texts; ln -s ../texts files/texts.json; ln -s files linked\n"
+      "git add .; git commit -q -m two\n"
+      "$tool diff git:HEAD:files files; $tool diff git:HEAD:linked linked\n"
+      "$tool diff git:HEAD:linked/below/out.json files/below/b.json");
+  EXPECT_EQ(run.err, "");
+  EXPECT_THAT(run.out, HasSubstr("old: git:HEAD:files (4 files)\nnew: files (4 files)\n"));
+  EXPECT_THAT(run.out, HasSubstr("old: git:HEAD:linked (4 files)\nnew: linked (4 files)\n"));
+  EXPECT_THAT(run.out, HasSubstr("old: git:HEAD:linked/below/out.json (1 file)\n"));
+  EXPECT_THAT(run.out, Not(HasSubstr("change:")));
+}
+
+TEST(DiffGit, LinksThatLeadNowhereAreReported) {
+  const ToolRun run = InRepository(
+      "cd files; ln -s /etc/a.json abs.json; ln -s nope.json gone.json; ln -s loop.json loop.json\n"
+      "ln -s a.json/b.json in.json; ln -s a.json $'line\n.json'\n"
+      "git add .; git commit -q -m two; rm [a-z][a-z]*.json\n"
+      "$tool diff git:HEAD:files .; echo $?");
+  EXPECT_EQ(run.err,
+            "zelk-metadata: git:HEAD:files/abs.json: it is a link to '/etc/a.json', outside of the "
+            "repository\n"
+            "zelk-metadata: git:HEAD:files/gone.json: it is a link to what does not exist\n"
+            "zelk-metadata: git:HEAD:files/in.json: it is a link to what does not exist\n"
+            "zelk-metadata: git:HEAD:files/line\\x0a.json: a name with a line end cannot be read\n"
+            "zelk-metadata: git:HEAD:files/loop.json: it is a link in a loop of links\n");
+  EXPECT_THAT(run.out, EndsWith("\n1\n"));
+}
+
+TEST(DiffGit, SubmodulesAreReported) {
+  const ToolRun run = InRepository(
+      "git update-index --add --cacheinfo 160000,$(git rev-parse HEAD),files/other\n"
+      "git commit -q -m two\n"
+      "$tool diff git:HEAD:files files; echo $?; $tool diff git:HEAD:files/other files; echo $?");
+  const std::string reason = ": it is a submodule, whose files are in another repository\n";
+  EXPECT_EQ(run.err, "zelk-metadata: git:HEAD:files/other" + reason +
+                         "zelk-metadata: git:HEAD:files/other" + reason);
+  EXPECT_THAT(run.out, AllOf(HasSubstr("\n1\nold: "), EndsWith("\n1\n")));
+}
+
+TEST(DiffGit, TagIsNotAFile) {
+  EXPECT_EQ(InRepository("$tool diff 'git::/one' files").err,
+            "zelk-metadata: git::/one: it is not a file or a folder\n");
+}
+
+TEST(DiffGit, PathThatIsTooLongIsReported) {
+  const ToolRun run = InRepository(
+      "name=$(printf 'n%.0s' {1..200}); tree=$(git rev-parse HEAD:files)\n"
+      "for n in {1..21}; do tree=$(printf '040000 tree %s\\t%s\\n' $tree $name | git mktree); "
+      "done\n"
+      "$tool diff git:$tree: files");
+  EXPECT_THAT(run.err, HasSubstr(": this path is too long\n"));
 }
 
 TEST(DiffGit, RepositoryThatLacksSomethingIsNamed) {

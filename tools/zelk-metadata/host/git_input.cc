@@ -1,5 +1,6 @@
 #include "host/git_input.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <string_view>
 #include <utility>
@@ -19,11 +20,31 @@ constexpr std::size_t kMostEntries = 100'000;
 constexpr std::size_t kMostBytesOfPath = 4096;
 
 struct Entry {
-  bool is_folder;
-  bool is_file;
+  /// What it is, in octal digits.
+  std::string mode;
   std::string name;
   std::string id;
 };
+
+constexpr char kFolder[] = "40000";
+constexpr char kLink[] = "120000";
+constexpr char kSubmodule[] = "160000";
+constexpr char kSubmoduleText[] = "it is a submodule, whose files are in another repository";
+
+/// The position of the colon between the revision and the path of "REV:PATH". A date in braces has
+/// colons of its own, and so has ":N:PATH".
+std::size_t ColonOf(std::string_view name) {
+  const bool has_stage =
+      name.size() > 2 && name[0] == ':' && name[2] == ':' && name[1] >= '0' && name[1] <= '3';
+  if (has_stage) return 2;
+  int braces = 0;
+  for (std::size_t at = 0; at < name.size(); ++at) {
+    if (name[at] == '{') ++braces;
+    if (name[at] == '}') --braces;
+    if (name[at] == ':' && braces == 0) return at;
+  }
+  return std::string_view::npos;
+}
 
 std::string Hex(std::string_view bytes) {
   constexpr std::string_view kDigits = "0123456789abcdef";
@@ -45,10 +66,9 @@ std::vector<Entry> EntriesOf(const GitObject& tree) {
     const std::size_t blank = left.find(' ');
     const std::size_t end = left.find('\0');
     if (end == std::string_view::npos || blank > end || left.size() - end <= id_size) break;
-    const std::string_view mode = left.substr(0, blank);
-    std::string id = Hex(left.substr(end + 1, id_size));
-    entries.push_back({mode == "40000", mode.substr(0, 3) == "100",
-                       std::string(left.substr(blank + 1, end - blank - 1)), std::move(id)});
+    entries.push_back({std::string(left.substr(0, blank)),
+                       std::string(left.substr(blank + 1, end - blank - 1)),
+                       Hex(left.substr(end + 1, id_size))});
     left.remove_prefix(end + 1 + id_size);
   }
   return entries;
@@ -61,13 +81,11 @@ class RevisionReader {
 
   Input Read() {
     const std::string name = text_.substr(kScheme.size());
-    if (name.find(':') == std::string::npos) {
+    if (ColonOf(name) == std::string_view::npos) {
       Fail(text_, "a revision is given as git:REV:PATH");
       return reader_.Take();
     }
-    // Each line is the name of an object.
-    const bool is_line = name.find('\n') == std::string::npos;
-    const auto object = is_line ? objects_.Get(name) : std::nullopt;
+    const auto object = objects_.Get(name);
     if (!object) {
       Fail(text_, objects_.Failure().empty() ? WhyMissing(name) : objects_.Failure());
     } else if (object->type == "tree") {
@@ -88,9 +106,18 @@ class RevisionReader {
   void Fail(const std::string& file, const std::string& reason) { reader_.Fail({file, reason}); }
 
   std::string WhyMissing(const std::string& name) {
-    const std::string revision = name.substr(0, name.find(':'));
-    const bool is_known = name.find('\n') == std::string::npos && objects_.Get(revision);
-    return is_known ? "this revision has no such path" : "this revision is not known";
+    const std::size_t colon = ColonOf(name);
+    // The index is always there.
+    if (name[0] != ':' && !objects_.Get(name.substr(0, colon))) {
+      return "this revision is not known";
+    }
+    const std::size_t begin = std::max(name.rfind('/') + 1, colon + 1);
+    const auto folder = objects_.Get(name.substr(0, begin));
+    const auto entries = folder ? EntriesOf(*folder) : std::vector<Entry>();
+    const bool is_submodule = std::any_of(entries.begin(), entries.end(), [&](const Entry& entry) {
+      return entry.name == name.substr(begin) && entry.mode == kSubmodule;
+    });
+    return is_submodule ? kSubmoduleText : "this revision has no such path";
   }
 
   void AddFile(const std::string& id, const std::string& name, GitObject object) {
@@ -122,12 +149,24 @@ class RevisionReader {
   bool Take(const Folder& folder, const Entry& entry) {
     std::string path = folder.path + entry.name;
     if (entry.name.empty() || entry.name.front() == '.') return true;
-    if (entry.is_folder && path.size() < kMostBytesOfPath)
-      folders_.push_back({path + '/', entry.id});
-    if (!entry.is_file || fs::path(path).extension() != ".json") return true;
-    const auto object = objects_.Get(entry.id);
-    if (object) AddFile(fs::path(path).replace_extension().string(), NameOf(path), *object);
-    return object.has_value();
+    if (entry.mode == kSubmodule) Fail(NameOf(path), kSubmoduleText);
+    if (entry.mode == kFolder) TakeFolder(path, entry.id);
+    const bool is_link = entry.mode == kLink;
+    const bool is_file = entry.mode.substr(0, 3) == "100";
+    if ((!is_file && !is_link) || fs::path(path).extension() != ".json") return true;
+    const auto object = objects_.Get(is_link ? NameOf(path).substr(kScheme.size()) : entry.id);
+    // On the disk, links to folders are not followed, either.
+    const bool is_other_folder = object && is_link && object->type == "tree";
+    if (object && !is_other_folder) {
+      AddFile(fs::path(path).replace_extension().string(), NameOf(path), *object);
+    }
+    if (!object && is_link) FailAsUnreadable(path);
+    return object || is_link;
+  }
+
+  void TakeFolder(const std::string& path, const std::string& id) {
+    if (path.size() >= kMostBytesOfPath) return Fail(NameOf(path), "this path is too long");
+    folders_.push_back({path + '/', id});
   }
 
   /// What the user may give for the file.
@@ -152,8 +191,9 @@ bool IsRevision(const std::string& text) {
 
 std::string PathOfRevision(const std::string& text) {
   if (!IsRevision(text)) return text;
-  const std::size_t colon = text.find(':', kScheme.size());
-  return colon == std::string::npos ? text : text.substr(colon + 1);
+  const std::string name = text.substr(kScheme.size());
+  const std::size_t colon = ColonOf(name);
+  return colon == std::string::npos ? text : name.substr(colon + 1);
 }
 
 Input ReadRevision(const std::string& text, const DomainTable& domains) {

@@ -16,8 +16,9 @@ bool IsRevision(const std::string& text);
 std::string PathOfRevision(const std::string& text);
 
 /// Reads "git:REV:PATH": the file, or every "*.json" in the folder and below it, as the revision of
-/// the repository has it. The ids are those of files on the disk,
-/// and kOnlyFileId for a file by itself. Links are not followed.
+/// the repository has it. The ids are those of files on the disk, and kOnlyFileId for a file by
+/// itself. As on the disk, links in folders are followed to files only, those in the name to
+/// anything.
 Input ReadRevision(const std::string& text, const DomainTable& domains);
 
 }  // namespace Zelk::Tool

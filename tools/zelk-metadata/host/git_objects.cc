@@ -58,7 +58,9 @@ std::string GitObjects::Start() {
   std::string program = "git";
   std::string command = "cat-file";
   std::string batch = "--batch";
-  const std::array<char*, 4> words{program.data(), command.data(), batch.data(), nullptr};
+  std::string follow = "--follow-symlinks";
+  const std::array<char*, 5> words{program.data(), command.data(), batch.data(), follow.data(),
+                                   nullptr};
   const int error =
       posix_spawnp(&process_, program.c_str(), &actions, nullptr, words.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
@@ -70,18 +72,32 @@ std::string GitObjects::Start() {
 
 std::optional<GitObject> GitObjects::Get(const std::string& name) {
   if (!failure_.empty()) return std::nullopt;
+  // Each line is a name.
+  if (name.find('\n') != std::string::npos) {
+    name_failure_ = "a name with a line end cannot be read";
+    return std::nullopt;
+  }
   Send(name + '\n');
   const std::string line = ReadLine();
   const std::vector<std::string> words = WordsOf(line);
-  // Otherwise the line is the name and what is wrong with it.
   const auto size = words.size() == 3 ? ParseNumber(words[2]) : std::nullopt;
-  if (!size) {
-    if (line.empty()) failure_ = Complaint();
-    return std::nullopt;
-  }
+  name_failure_ = size ? "" : ReadNameFailure(line);
+  if (!size) return std::nullopt;
   auto content = ReadContent(*size);
   if (!content) return std::nullopt;
   return GitObject{words[0], words[1], std::move(*content)};
+}
+
+std::string GitObjects::ReadNameFailure(const std::string& line) {
+  if (line.empty()) failure_ = Complaint();
+  // For other failures, the line is the name and a word.
+  const std::vector<std::string> words = WordsOf(line);
+  const auto size = words.size() == 2 ? ParseNumber(words[1]) : std::nullopt;
+  const auto content = size ? ReadContent(*size) : std::nullopt;
+  if (!content) return "";
+  if (words[0] == "symlink") return "it is a link to '" + *content + "', outside of the repository";
+  if (words[0] == "loop") return "it is a link in a loop of links";
+  return "it is a link to what does not exist";
 }
 
 std::string GitObjects::Complaint() const {

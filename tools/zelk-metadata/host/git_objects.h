@@ -28,15 +28,19 @@ class GitObjects {
   GitObjects& operator=(const GitObjects&) = delete;
   ~GitObjects();
 
-  /// The object of that name. Empty if it does not exist, or if Failure() has a text then.
+  /// The object of that name. Links on the path of "REV:PATH", and at its end, are followed. Empty
+  /// if it does not exist, or if Failure() has a text then.
   std::optional<GitObject> Get(const std::string& name);
 
-  /// Why git does not run; empty if it does.
-  const std::string& Failure() const { return failure_; }
+  /// Why git does not run, or what is wrong with the last name or with a link in it; or empty.
+  const std::string& Failure() const { return failure_.empty() ? name_failure_ : failure_; }
 
  private:
   /// Why git cannot be started; empty if it was.
   std::string Start();
+
+  /// Why the object could not be found, as the answer of git says.
+  std::string ReadNameFailure(const std::string& line);
 
   /// What git wrote about its end.
   std::string Complaint() const;
@@ -55,6 +59,7 @@ class GitObjects {
   int complaints_ = -1;
   std::string received_;
   std::string failure_;
+  std::string name_failure_;
 };
 
 }  // namespace Zelk::Tool
