@@ -1,28 +1,42 @@
 #include "analysis/accepted.h"
 
 #include <charconv>
+#include <optional>
 #include <utility>
 
 namespace Zelk::Analysis {
+namespace {
+
+/// The entry of the list; empty if its fingerprint is not one.
+std::optional<Accepted> ReadEntry(SettingsReader& reader, NodeId entry, const AcceptedForm& form) {
+  constexpr int kHex = 16;
+  constexpr std::size_t kDigits = 16;
+  reader.ExpectKeys(entry, {form.id, "fingerprint", "element", "reason", "until"});
+  Accepted accepted{reader.Text(entry, form.id), 0, reader.Text(entry, "reason"),
+                    reader.Date(entry, "until")};
+  const std::string digits = reader.Text(entry, "fingerprint");
+  const char* const end = digits.data() + digits.size();
+  const auto parsed = std::from_chars(digits.data(), end, accepted.fingerprint, kHex);
+  if (digits.size() == kDigits && parsed.ec == std::errc() && parsed.ptr == end) return accepted;
+  reader.Complain(entry, "the fingerprint must be 16 hexadecimal digits");
+  return std::nullopt;
+}
+
+}  // namespace
 
 std::vector<Accepted> ReadAccepted(const Document& document, const AcceptedForm& form,
                                    SettingsProblems& problems) {
-  constexpr int kHex = 16;
   std::vector<Accepted> all;
   SettingsReader reader(document, problems);
-  if (document.Find(kRootNode, form.list) == kNoNode) reader.Complain(kRootNode, form.complaint);
+  if (document.Find(kRootNode, form.list) == kNoNode) {
+    reader.Complain(kRootNode, form.complaint);
+    return all;
+  }
+  reader.ExpectKeys(kRootNode, {"version", form.list});
+  reader.ExpectVersion(kRootNode);
   reader.EachChild(reader.Member(kRootNode, form.list, NodeKind::kArray), [&](NodeId entry) {
     if (!reader.IsObject(entry)) return;
-    Accepted accepted{reader.Text(entry, form.id), 0, reader.Text(entry, "reason"),
-                      reader.Date(entry, "until")};
-    const std::string digits = reader.Text(entry, "fingerprint");
-    const char* const end = digits.data() + digits.size();
-    const auto parsed = std::from_chars(digits.data(), end, accepted.fingerprint, kHex);
-    if (digits.empty() || parsed.ec != std::errc() || parsed.ptr != end) {
-      reader.Complain(entry, "the fingerprint must be 16 hexadecimal digits");
-    } else {
-      all.push_back(std::move(accepted));
-    }
+    if (auto accepted = ReadEntry(reader, entry, form)) all.push_back(std::move(*accepted));
   });
   return all;
 }

@@ -19,14 +19,16 @@ struct Accepted {
   std::string reason;
   /// The last day on which it holds, as YYYY-MM-DD; empty for ever.
   std::string until;
+  /// The file that lists it, as the user knows it, if there may be several.
+  std::string file = {};
 };
 
-/// How a file lists them: {LIST: [{ID: ..., "fingerprint": ...}...]}, each with an optional
-/// "reason" and "until".
+/// How a file lists them: {"version": 1, LIST: [{ID: ..., "fingerprint": ...}...]}, each with an
+/// optional "element", "reason" and "until".
 struct AcceptedForm {
   const char* list;
   const char* id;
-  /// What is said of a file without the list.
+  /// The complaint about a file without the list.
   const char* complaint;
 };
 
@@ -49,12 +51,11 @@ class AcceptedUse {
   /// The entry that accepts what has the fingerprint; null if none does.
   const Accepted* Use(std::uint64_t fingerprint);
 
-  /// Calls `visit(entry, problem)` with each entry that accepted nothing.
+  /// Calls `visit(entry, has_ended)` with each entry that accepted nothing.
   template <typename Visit>
   void ForEachUnused(const Visit& visit) const {
     for (std::size_t i = 0; i < is_used_.size(); ++i) {
-      if (is_used_[i]) continue;
-      visit(entries_[i], HasEnded(entries_[i].until, today_) ? "has ended" : "hides nothing");
+      if (!is_used_[i]) visit(entries_[i], HasEnded(entries_[i].until, today_));
     }
   }
 

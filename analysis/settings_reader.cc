@@ -7,11 +7,32 @@
 
 namespace Zelk::Analysis {
 
+namespace {
+
+/// Of digits.
+int NumberOf(std::string_view digits) {
+  int number = 0;
+  for (const char digit : digits) number = number * 10 + (digit - '0');
+  return number;
+}
+
+int DaysOf(int year, int month) {
+  constexpr std::array<int, 13> kDays{0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const bool is_leap_year = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+  return month == 2 && is_leap_year ? 29 : kDays.at(static_cast<std::size_t>(month));
+}
+
+}  // namespace
+
 bool IsDate(std::string_view text) {
   constexpr std::string_view kForm = "0000-00-00";
-  return std::equal(text.begin(), text.end(), kForm.begin(), kForm.end(), [](char byte, char form) {
-    return form == '0' ? byte >= '0' && byte <= '9' : byte == form;
-  });
+  const bool has_form = std::equal(
+      text.begin(), text.end(), kForm.begin(), kForm.end(),
+      [](char byte, char form) { return form == '0' ? byte >= '0' && byte <= '9' : byte == form; });
+  if (!has_form) return false;
+  const int month = NumberOf(text.substr(5, 2));
+  const int day = NumberOf(text.substr(8, 2));
+  return month >= 1 && month <= 12 && day >= 1 && day <= DaysOf(NumberOf(text.substr(0, 4)), month);
 }
 
 NodeId SettingsReader::Member(NodeId object, const char* key, NodeKind kind) {
@@ -67,6 +88,14 @@ std::string SettingsReader::Choice(NodeId object, const char* key,
   if (word == words[0] || word == words[1]) return word;
   Complain(member, std::string("'") + key + "' is " + words[0] + " or " + words[1]);
   return words[0];
+}
+
+void SettingsReader::ExpectVersion(NodeId object) {
+  const NodeId member = document_.Find(object, "version");
+  if (member == kNoNode) return;
+  const Node& node = document_[member];
+  if (document_.Text().substr(node.begin, node.end - node.begin) == "1") return;
+  Complain(member, "'version' must be 1");
 }
 
 void SettingsReader::ExpectKeys(NodeId object, const std::vector<std::string>& known) {

@@ -17,7 +17,7 @@ struct SettingsProblem {
 
 using SettingsProblems = std::vector<SettingsProblem>;
 
-/// Whether the text has the form YYYY-MM-DD.
+/// Whether the text is a day of the calendar, as YYYY-MM-DD.
 bool IsDate(std::string_view text);
 
 /// Reads such a file and notes what is wrong with it.
@@ -51,6 +51,9 @@ class SettingsReader {
 
   /// One of the two words, the first one if the object has none.
   std::string Choice(NodeId object, const char* key, const std::array<std::string, 2>& words);
+
+  /// A member "version" must be 1, so that later forms of a file are not misread.
+  void ExpectVersion(NodeId object);
 
   /// Other keys of the object are problems, but for those that begin with '$'.
   void ExpectKeys(NodeId object, const std::vector<std::string>& known);

@@ -9,6 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "analysis/accepted.h"
 #include "analysis/lint/rule.h"
 #include "analysis/lint/workspace.h"
 #include "analysis/place.h"
@@ -49,6 +50,8 @@ struct Finding {
   /// Stays the same if files are re-indented, reordered, moved or split.
   std::uint64_t fingerprint = 0;
   SuppressedBy suppressed_by = SuppressedBy::kNothing;
+  /// The entry of the baseline that suppresses it; or null.
+  const Accepted* accepted = nullptr;
 };
 
 /// Takes what rules find.

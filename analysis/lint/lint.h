@@ -26,7 +26,8 @@ struct Result {
   std::vector<Unused> unused;
 };
 
-/// Runs the rules. A file that does not load is passed over.
+/// Runs the rules. A file that does not load is passed over. The suppressions must outlive the
+/// result.
 Result Lint(const Workspace& workspace, const std::vector<const Rule*>& rules,
             const Suppressions& suppressions = {});
 

@@ -264,16 +264,17 @@ std::vector<Unused> SuppressElsewhere(const Workspace& workspace, const Suppress
   AcceptedUse baseline(suppressions.baseline, suppressions.today);
   for (Finding& finding : findings) {
     if (finding.suppressed_by == SuppressedBy::kNothing) configuration.Suppress(finding);
-    if (finding.suppressed_by == SuppressedBy::kNothing && baseline.Use(finding.fingerprint)) {
-      finding.suppressed_by = SuppressedBy::kBaseline;
-    }
+    if (finding.suppressed_by != SuppressedBy::kNothing) continue;
+    finding.accepted = baseline.Use(finding.fingerprint);
+    if (finding.accepted != nullptr) finding.suppressed_by = SuppressedBy::kBaseline;
   }
   const RuleIds ran = IdsOf(rules);
   std::vector<Unused> unused;
   configuration.AddUnused(ran, unused);
-  baseline.ForEachUnused([&](const Accepted& accepted, const char* problem) {
+  baseline.ForEachUnused([&](const Accepted& accepted, bool has_ended) {
     if (ran.count(accepted.id) == 0) return;
-    unused.push_back({SuppressedBy::kBaseline, "an entry for '" + accepted.id + "' " + problem});
+    unused.push_back({SuppressedBy::kBaseline, "an entry for '" + accepted.id + "' " +
+                                                   (has_ended ? "has ended" : "hides nothing")});
   });
   return unused;
 }

@@ -11,6 +11,7 @@
 #include "support/temp_folder.h"
 #include "tool/tool_run.h"
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 using Zelk::Testing::FileText;
@@ -227,7 +228,13 @@ TEST_F(Lint, ABaselineHidesWhatItLists) {
   EXPECT_EQ(fixed.status, 0);
   EXPECT_THAT(fixed.out, HasSubstr("warning: an entry for 'unknown-key' hides nothing"));
   EXPECT_EQ(Run(kThree, {"--write-baseline", folder_.Path("no/such/folder")}).status, 4);
-  EXPECT_EQ(Run("{", {"--write-baseline", baseline}).status, 1);
+  const std::string text = FileText(baseline);
+  const ToolRun broken = Run("{", {"--write-baseline", baseline});
+  EXPECT_EQ(broken.status, 1);
+  EXPECT_THAT(broken.err, AllOf(HasSubstr("a.json:1:2: "),
+                                HasSubstr("baseline.json: not written, since not all files could "
+                                          "be read\n")));
+  EXPECT_EQ(FileText(baseline), text);
 }
 
 TEST_F(Lint, AnEntryOfABaselineHasNoPlace) {
@@ -268,6 +275,12 @@ TEST_F(Lint, ABaselineThatIsWrittenAnewKeepsWhatIsStillFound) {
   EXPECT_EQ(Run(kThree, {"--baseline", baseline, "--write-baseline", baseline}).status, 0);
   EXPECT_EQ(FileText(baseline), text);
   EXPECT_THAT(text, HasSubstr("unknown-enumerator"));
+  std::string kept = text;
+  const std::string end = ",\n      \"reason\": \"agreed\",\n      \"until\": \"2999-12-31\"";
+  kept.insert(kept.find("\n    }"), end);
+  Write("baseline.json", kept);
+  EXPECT_EQ(Run(kThree, {"--baseline", baseline, "--write-baseline", baseline}).status, 0);
+  EXPECT_EQ(FileText(baseline), kept);
 }
 
 TEST_F(Lint, NothingIsPassedIfNoRuleIsLeft) {

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <fmt/format.h>
-#include <fstream>
 #include <iterator>
 #include <set>
 
@@ -121,9 +120,12 @@ void Show(const Invocation& call, const Lint::Report& report) {
 /// Accepts all that the report has.
 ExitStatus WriteBaseline(const Invocation& call, const Lint::Report& report) {
   const std::string& path = call.Args().new_baseline;
-  std::ofstream file(path, std::ios::binary);
-  Lint::WriteBaseline(file, report);
-  if (file.flush()) return ExitStatus::kOk;
+  if (report.unreadable > 0 || !report.failed.empty()) {
+    for (const LoadReport& file : report.failed) call.ComplainOf(file);
+    return call.Fail(ExitStatus::kSourceFailed,
+                     path + ": not written, since not all files could be read");
+  }
+  if (Lint::WriteBaseline(path, report)) return ExitStatus::kOk;
   return call.Fail(ExitStatus::kOutputLost, path + ": the baseline could not be written");
 }
 
@@ -135,7 +137,7 @@ ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& input
   Lint::Report report;
   report.workspace = std::make_unique<const Analysis::Lint::Workspace>(std::move(input.files),
                                                                        std::move(choices.settings));
-  report.failed = std::move(input.failed);
+  for (FailedFile& file : input.failed) report.failed.push_back(std::move(file.report));
   report.configuration_file = choices.configuration_file;
   report.baseline_file = arguments.baseline;
   report.fail_on = FailOn(arguments.fail_on);
@@ -143,13 +145,9 @@ ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& input
       arguments.show_suppressed || arguments.output == "sarif" || !arguments.new_baseline.empty();
   report.result = Analysis::Lint::Lint(*report.workspace, rules, choices.suppressions);
   report.unreadable = input.unreadable.size();
-  const bool has_failed = report.unreadable > 0 || !report.failed.empty();
-  if (!arguments.new_baseline.empty()) {
-    const ExitStatus status = WriteBaseline(call, report);
-    return has_failed && status == ExitStatus::kOk ? ExitStatus::kSourceFailed : status;
-  }
+  if (!arguments.new_baseline.empty()) return WriteBaseline(call, report);
   Show(call, report);
-  if (has_failed) return ExitStatus::kSourceFailed;
+  if (report.unreadable > 0 || !report.failed.empty()) return ExitStatus::kSourceFailed;
   const bool has_looked = std::any_of(rules.begin(), rules.end(), [&](const Rule* rule) {
     return LooksAt(*rule, report.workspace->Loaded());
   });
@@ -202,14 +200,14 @@ Command LintCommand() {
       {"except", "ID", Word::kChoice, "Do not run the rule; may be given several times",
        &Arguments::except, RuleNames()},
       {"fail-on", "SEVERITY", Word::kChoice,
-       "The least severity that fails: error (unless given), warning, note or never",
-       &Arguments::fail_on, SeverityNames()},
+       "The lowest severity that fails the run: error (the default), warning, note or never", &Arguments::fail_on,
+       SeverityNames()},
       {"baseline", "FILE", Word::kPath, "Hide the findings that the file lists",
        &Arguments::baseline},
       {"write-baseline", "FILE", Word::kPath,
-       "Write the findings to the file in place of showing them", &Arguments::new_baseline},
+       "Write the findings to the file instead of showing them", &Arguments::new_baseline},
       {"config", "FILE", Word::kPath,
-       "What the project chose, in place of the nearest .zelk-metadata.json", &Arguments::config},
+       "What the project chose, instead of the nearest .zelk-metadata.json", &Arguments::config},
       {"show-suppressed", "", Word::kNone, "Show what is suppressed, too",
        &Arguments::show_suppressed},
       {"list-rules", "", Word::kNone, "List the rules, and do nothing else",

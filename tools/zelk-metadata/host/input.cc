@@ -1,8 +1,10 @@
 #include "host/input.h"
 
+#include "analysis/fingerprint.h"
 #include "analysis/format.h"
 #include "analysis/reader.h"
 #include "host/input_file.h"
+#include "host/settings_file.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -33,16 +35,16 @@ bool InputReader::Accept(const SourceArgument& source,
   return true;
 }
 
-void InputReader::Refuse(const SourceArgument& source) {
-  input_.failed.push_back(LoadAlone(source, domains_));
-  input_.failed_ids.insert(source.id);
+void InputReader::Refuse(const SourceArgument& source, std::string_view text) {
+  input_.failed.push_back({source.id, FingerprintText(Analysis::FingerprintOf(std::string(text))),
+                           LoadAlone(source, domains_)});
 }
 
 void InputReader::Read(const SourceArgument& source) {
   if (!paths_.insert(source.path).second) return;
-  auto text = TextOf(source.path);
-  if (text && Accept(source, std::make_shared<const Analysis::Document>(std::move(*text)))) return;
-  Refuse(source);
+  const auto document =
+      std::make_shared<const Analysis::Document>(TextOf(source.path).value_or(""));
+  if (!Accept(source, document)) Refuse(source, document->Text());
 }
 
 void InputReader::Add(SourceArgument source, std::string text) {
@@ -56,7 +58,7 @@ void InputReader::Add(SourceArgument source, std::string text) {
   source.copied_from = source.path;
   source.path = copied.file->Path();
   source.input = copied.file;
-  Refuse(source);
+  Refuse(source, document->Text());
 }
 
 Input ReadInput(const std::vector<SourceArgument>& arguments, std::istream& in,

@@ -4,6 +4,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -13,13 +14,22 @@
 
 namespace Zelk::Tool {
 
+/// A file that does not load.
+struct FailedFile {
+  /// What its source would have.
+  std::string id;
+
+  /// Of the text.
+  std::string fingerprint;
+  LoadReport report;
+};
+
 /// The files that are looked at together.
 struct Input {
   std::vector<Analysis::File> files;
 
-  /// Those that do not load, and their ids. They are not looked at.
-  std::vector<LoadReport> failed;
-  std::set<std::string> failed_ids;
+  /// Those that do not load. They are not looked at.
+  std::vector<FailedFile> failed;
 
   std::vector<Unreadable> unreadable;
 };
@@ -44,7 +54,7 @@ class InputReader {
   bool Accept(const SourceArgument& source, std::shared_ptr<const Analysis::Document> document);
 
   /// Takes the messages about a file that does not load.
-  void Refuse(const SourceArgument& source);
+  void Refuse(const SourceArgument& source, std::string_view text);
 
   const DomainTable& domains_;
   Input input_;

@@ -160,6 +160,10 @@ void Invocation::Complain(const std::string& text) const {
   streams_.Complain(text);
 }
 
+void Invocation::ComplainOf(const LoadReport& file) const {
+  for (const Problem& problem : file.problems) Complain(ProblemLine(file.file, problem));
+}
+
 ExitStatus Invocation::Fail(ExitStatus status, const std::string& complaint) const {
   Complain(complaint);
   return status;

@@ -176,7 +176,10 @@ class Invocation {
   /// Prints one line on standard error.
   void Complain(const std::string& text) const;
 
-  /// The same, and returns the status.
+  /// Prints each problem of the file in a line.
+  void ComplainOf(const LoadReport& file) const;
+
+  /// Prints one line on standard error, and returns the status.
   ExitStatus Fail(ExitStatus status, const std::string& complaint) const;
 
   /// Prints what the service says about the ids in one line, with names that may be meant.

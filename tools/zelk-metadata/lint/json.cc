@@ -1,3 +1,4 @@
+#include "host/accepted_file.h"
 #include "lint/report.h"
 
 namespace Zelk::Tool::Lint {
@@ -64,25 +65,15 @@ void WriteSummary(JsonWriter& json, const Summary& summary) {
 
 }  // namespace
 
-void WriteBaseline(std::ostream& out, const Report& report) {
-  JsonWriter json;
-  json.StartObject();
-  WriteNumber(json, "version", 1);
-  json.Key("findings");
-  json.StartArray();
+bool WriteBaseline(const std::string& path, const Report& report) {
+  AcceptedWriter writer(Analysis::kBaselineForm);
   report.ForEach([&](const Entry& entry) {
     const bool is_accepted = entry.suppressed_by == SuppressedBy::kNothing ||
                              entry.suppressed_by == SuppressedBy::kBaseline;
     if (entry.fingerprint.empty() || !is_accepted) return;
-    json.StartObject();
-    json.Member("rule", entry.rule);
-    json.Member("fingerprint", entry.fingerprint);
-    json.Member("element", entry.element);
-    json.EndObject();
+    writer.Add(entry.rule, entry.fingerprint, entry.element, entry.accepted);
   });
-  json.EndArray();
-  json.EndObject();
-  json.WriteTo(out, true);
+  return writer.WriteTo(path);
 }
 
 void WriteJson(JsonWriter& json, const Report& report) {

@@ -39,6 +39,7 @@ Entry EntryOf(const Analysis::Lint::Workspace& workspace, const Analysis::Lint::
   entry.element = PathOf(workspace, finding.place);
   entry.fingerprint = FingerprintText(finding.fingerprint);
   entry.suppressed_by = finding.suppressed_by;
+  entry.accepted = finding.accepted;
   entry.text = &document;
   entry.offset = finding.place.offset;
   return entry;

@@ -37,6 +37,8 @@ struct Entry {
   std::string fingerprint;
 
   SuppressedBy suppressed_by = SuppressedBy::kNothing;
+  /// The entry of the baseline; or null.
+  const Analysis::Accepted* accepted = nullptr;
 
   /// Whether the run fails because of it.
   bool fails = false;
@@ -59,7 +61,7 @@ struct Report {
   std::string configuration_file;
   std::string baseline_file;
 
-  /// The least severity that fails the run; empty if none does.
+  /// The lowest severity that fails the run; empty if none does.
   std::optional<Severity> fail_on;
   bool shows_suppressed = false;
 
@@ -97,9 +99,9 @@ Summary Summarize(const Report& report);
 
 // The outputs. That of JSON is written into the document of the command.
 void WriteJson(JsonWriter& json, const Report& report);
-/// What --baseline reads: all that nothing but a baseline suppresses, which needs
-/// `shows_suppressed`.
-void WriteBaseline(std::ostream& out, const Report& report);
+/// Writes what --baseline reads: all that nothing but a baseline suppresses, which needs
+/// `shows_suppressed`. False if the file could not be written.
+bool WriteBaseline(const std::string& path, const Report& report);
 /// In the terminal's width.
 void WriteText(std::ostream& out, const Report& report, const Terminal& terminal);
 void WriteGithub(std::ostream& out, const Report& report);
