@@ -17,6 +17,24 @@ std::vector<std::string_view> TextsOf(const Model& model) {
   return texts;
 }
 
+/// What is in the file cannot be compared, so whoever accepts this accepts these texts only.
+void AddLost(Changes& changes, const LostFile& file) {
+  Details details;
+  const bool is_gone = file.new_fingerprint.empty();
+  details.message = "the file '" + Shortened(file.name) + "' does not load" +
+                    (file.loads_in_old ? " any more"
+                     : is_gone         ? " and was removed"
+                                       : ", so the repaired file cannot be compared");
+  details.old_value = "text " + file.old_fingerprint;
+  if (!is_gone) details.new_value = "text " + file.new_fingerprint;
+  if (!file.loads_in_old && !is_gone) {
+    details.hint = "compare the file with the last version that loads, then accept this change";
+  }
+  details.element = PathOf(file);
+  changes.Add(file.loads_in_old ? "source-lost" : "source-repaired", Domain::kMetamodel,
+              {kNoElement, kNoElement}, std::move(details));
+}
+
 struct Comparer {
   Domain domain;
   void (*compare)(Changes&);
@@ -28,10 +46,15 @@ constexpr Comparer kComparers[] = {{Domain::kMetamodel, &CompareMetamodel},
 
 }  // namespace
 
+std::string PathOf(const LostFile& file) {
+  return "source:" + file.id;
+}
+
 Result Compare(const Workspace& old_version, const Workspace& new_version,
-               const Assumptions& assumptions) {
+               const Assumptions& assumptions, const std::vector<LostFile>& lost) {
   Result result;
   Changes changes(old_version, new_version, assumptions);
+  for (const LostFile& file : lost) AddLost(changes, file);
   for (const auto& [domain, compare] : kComparers) {
     const ModelPair models = changes.Models(domain);
     std::vector<std::string_view> old_texts = TextsOf(models.old_model);

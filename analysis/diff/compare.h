@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "analysis/diff/change.h"
@@ -18,8 +19,23 @@ struct Result {
   bool fingerprints_differ = false;
 };
 
-/// Files that do not load are passed over.
+/// A file that does not load in one of the versions, and is left out of both.
+struct LostFile {
+  /// That of the source.
+  std::string id;
+  /// As the user knows the one that does not load.
+  std::string name;
+  bool loads_in_old;
+  /// Of the texts; empty for a version without the file.
+  std::string old_fingerprint;
+  std::string new_fingerprint;
+};
+
+/// The path that a change of such a file has in place of an element's.
+std::string PathOf(const LostFile& file);
+
+/// Files of the workspaces that do not load are passed over.
 Result Compare(const Workspace& old_version, const Workspace& new_version,
-               const Assumptions& assumptions = {});
+               const Assumptions& assumptions = {}, const std::vector<LostFile>& lost = {});
 
 }  // namespace Zelk::Analysis::Diff

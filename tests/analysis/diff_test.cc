@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "analysis/diff/configuration.h"
 #include "analysis/diff/verdicts.h"
 #include "analysis/diffed.h"
 #include "analysis/small_cli.h"
@@ -36,16 +37,39 @@ std::vector<std::string> TextsOf(const Zelk::Analysis::Diff::ExampleFiles& files
   return texts;
 }
 
+/// Calls `look(result)` with what changed in the example.
+template <typename Look>
+void LookAtExample(const Kind& kind, const Look& look, const Assumptions& assumptions = {}) {
+  // One of its files does not load, so it cannot be in a workspace.
+  if (std::string_view(kind.about) == "source") {
+    const bool is_lost = kind.action == Action::kRemoved;
+    const Zelk::Analysis::Workspace nothing({});
+    look(Zelk::Analysis::Diff::Compare(nothing, nothing, assumptions,
+                                       {{"file", "NEW", is_lost, "12", "34"}}));
+  } else {
+    LookAtChanges(TextsOf(kind.example.old_files), TextsOf(kind.example.new_files), look,
+                  assumptions);
+  }
+}
+
 /// Each change as "ID PATH".
 std::vector<std::string> ChangedIn(const Kind& kind) {
   std::vector<std::string> changed;
-  LookAtChanges(TextsOf(kind.example.old_files), TextsOf(kind.example.new_files),
-                [&](const Result& result) {
-                  for (const Change& change : result.changes) {
-                    changed.push_back(change.kind->id + (" " + change.element));
-                  }
-                });
+  LookAtExample(kind, [&](const Result& result) {
+    for (const Change& change : result.changes) {
+      changed.push_back(change.kind->id + (" " + change.element));
+    }
+  });
   return changed;
+}
+
+/// The assumptions as reports show them, and as changes name them.
+std::set<std::string> TextsOf(const Assumptions& assumptions) {
+  std::set<std::string> texts;
+  for (const auto& choice : Zelk::Analysis::Diff::Choices()) {
+    texts.insert(choice.key + (": " + choice.WordOf(assumptions)));
+  }
+  return texts;
 }
 
 }  // namespace
@@ -112,6 +136,59 @@ TEST(ChangeKinds, MayHaveOtherVerdictsOnTheWireForEachDirection) {
                                      Class::kNotConcerned, Class::kDocumentation);
   EXPECT_EQ(Letters(kDirected.input), "BD--t");
   EXPECT_EQ(Letters(kDirected.output), "cD--t");
+}
+
+TEST(Changes, NameAssumptionsAsTheConfigurationDoes) {
+  Assumptions others;
+  for (const auto& choice : Zelk::Analysis::Diff::Choices()) choice.set_second(others);
+  for (const Assumptions& assumptions : {Assumptions{}, others}) {
+    const std::set<std::string> known = TextsOf(assumptions);
+    for (const Kind* kind : Kinds()) {
+      const auto look = [&](const Result& result) {
+        for (const Change& change : result.changes) {
+          const std::string& all = change.details.assumption;
+          if (all.rfind("annotations: ", 0) == 0) continue;
+          for (std::size_t begin = 0; begin < all.size();) {
+            const std::size_t end = std::min(all.find(", ", begin), all.size());
+            EXPECT_EQ(known.count(all.substr(begin, end - begin)), 1U) << all;
+            begin = end + 2;
+          }
+        }
+      };
+      LookAtExample(*kind, look, assumptions);
+    }
+  }
+}
+
+TEST(ChangeKinds, ConcernAudiencesByTheirDomains) {
+  using Zelk::Analysis::Domain;
+  const auto domains = [](Audience audience) {
+    return Zelk::Analysis::Diff::DomainsFor(SetOf(audience));
+  };
+  EXPECT_EQ(domains(Audience::kAuth), SetOf(Domain::kAuthentication));
+  EXPECT_EQ(domains(Audience::kWire) & SetOf(Domain::kCli), 0);
+  EXPECT_NE(domains(Audience::kCli) & SetOf(Domain::kCli), 0);
+  EXPECT_EQ(domains(Audience::kMetadata),
+            SetOf(Domain::kMetamodel) | SetOf(Domain::kAuthentication) | SetOf(Domain::kCli));
+}
+
+TEST(Changes, OfLostFilesDependOnTheirTexts) {
+  const Zelk::Analysis::Workspace nothing({});
+  std::set<std::uint64_t> fingerprints;
+  const auto message = [&](const Zelk::Analysis::Diff::LostFile& file) {
+    const Result result = Zelk::Analysis::Diff::Compare(nothing, nothing, {}, {file});
+    fingerprints.insert(result.changes.at(0).fingerprint);
+    return result.changes.at(0).details.message;
+  };
+  EXPECT_EQ(message({"a", "b/a.json", true, "12", "34"}),
+            "the file 'b/a.json' does not load any more");
+  EXPECT_EQ(message({"a", "b/a.json", false, "12", "34"}),
+            "the file 'b/a.json' does not load, so the repaired file cannot be compared");
+  EXPECT_EQ(message({"a", "b/a.json", false, "12", ""}),
+            "the file 'b/a.json' does not load and was removed");
+  message({"a", "b/a.json", false, "12", "35"});
+  message({"a", "b/a.json", false, "13", "34"});
+  EXPECT_EQ(fingerprints.size(), 5U);
 }
 
 TEST(ChangeClass, IsTheWorstForTheAudiences) {

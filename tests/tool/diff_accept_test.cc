@@ -1,7 +1,13 @@
+#include <filesystem>
+#include <iterator>
+#include <string>
+#include <vector>
+
 #include <gmock/gmock.h>
 
 #include "support/file_text.h"
 #include "tool/diff_run.h"
+#include "tool/shell_run.h"
 
 // Changes that a project accepts.
 
@@ -13,6 +19,8 @@ using Zelk::Testing::FileText;
 using Zelk::Testing::kAfter;
 using Zelk::Testing::kBefore;
 using Zelk::Testing::kMore;
+using Zelk::Testing::RunShell;
+using Zelk::Testing::RunTool;
 using Zelk::Testing::ToolRun;
 using Zelk::Testing::Versions;
 
@@ -64,10 +72,32 @@ TEST(DiffAccept, WritingAgainKeepsReasons) {
 
 TEST(DiffAccept, EntryThatHasEndedAcceptsNothing) {
   const Versions versions(kBefore, kAfter);
-  const ToolRun run = versions.Run({"--accept", Accepted(versions, R"("until": "2001-01-01", )")});
-  EXPECT_EQ(run.status, 5);
-  EXPECT_THAT(run.out, HasSubstr("accepted.json: warning: an entry for 'operation-removed' has "
-                                 "ended\n"));
+  const std::string path = Accepted(versions, R"("until": "2001-01-01", )");
+  const auto shown = [&](const std::string& output) {
+    const ToolRun run = versions.Run({"--accept", path, "--output", output});
+    EXPECT_EQ(run.status, 5) << output;
+    return run.out;
+  };
+  const std::string text = "an entry for 'operation-removed' has ended";
+  EXPECT_THAT(shown("text"), HasSubstr("accepted.json: warning: " + text + "\n"));
+  EXPECT_THAT(shown("markdown"), HasSubstr("\n- `accepted.json`: warning: " + text + "\n"));
+  EXPECT_THAT(shown("github"),
+              HasSubstr("::warning file=accepted.json,title=unused-entry::" + text + "\n"));
+  EXPECT_THAT(shown("json"), HasSubstr("\"accepted.json: " + text + "\""));
+}
+
+TEST(DiffAccept, SeveralFilesAreRead) {
+  const Versions versions(kBefore, kAfter);
+  const std::string all = FileText(Accepted(versions, ""));
+  const std::size_t second = all.find("    },");
+  const std::string end = all.substr(all.rfind("  ]"));
+  const std::string first = versions.Write("first.json", all.substr(0, second) + "    }\n" + end);
+  const std::string rest =
+      versions.Write("rest.json", all.substr(0, all.find("    {")) + all.substr(second + 7));
+  EXPECT_EQ(versions.Run({"--accept", rest}).status, 5);
+  const ToolRun run = versions.Run({"--accept", first, "--accept", rest, "--fail-on", "any"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.out, HasSubstr("\n2 accepted by first.json, rest.json\npassed\n"));
 }
 
 TEST(DiffAccept, EntryWithoutAChangeIsAWarning) {
@@ -77,9 +107,9 @@ TEST(DiffAccept, EntryWithoutAChangeIsAWarning) {
   const ToolRun more = both.Run({"--accept", accepted});
   EXPECT_EQ(more.status, 0);
   EXPECT_THAT(more.out,
-              AllOf(HasSubstr("warning: an entry for 'operation-removed' hides nothing\n"),
+              AllOf(HasSubstr("warning: an entry for 'operation-removed' accepts nothing\n"),
                     HasSubstr("\n1 accepted by accepted.json\npassed\n"),
-                    Not(HasSubstr("'operation-added' hides"))));
+                    Not(HasSubstr("'operation-added' accepts"))));
 }
 
 TEST(DiffAccept, FileOfAnotherKindIsWrongUsage) {
@@ -94,8 +124,27 @@ TEST(DiffAccept, FileOfAnotherKindIsWrongUsage) {
             "'changes'\n");
   EXPECT_EQ(complaint(R"({"changes": [{"id": "a", "fingerprint": "xyz"}]})"),
             "zelk-metadata: accepted.json:1:14: the fingerprint must be 16 hexadecimal digits\n");
-  EXPECT_EQ(complaint(R"({"changes": [{"id": "a", "fingerprint": "0", "reason": 1}]})"),
-            "zelk-metadata: accepted.json:1:56: 'reason' must be a string\n");
+  const std::string fingerprint = R"("fingerprint": "0123456789abcdef")";
+  const auto entry = [&](const std::string& more) {
+    return complaint("{\"changes\": [\n{" + fingerprint + ", " + more + "}]}");
+  };
+  EXPECT_EQ(entry(R"("reason": 1)"),
+            "zelk-metadata: accepted.json:2:47: 'reason' must be a string\n");
+  EXPECT_EQ(entry(R"("reasons": "")"),
+            "zelk-metadata: accepted.json:2:48: unknown key 'reasons'; did you mean reason?\n");
+  EXPECT_EQ(complaint(R"({"changes": [], "version": 2, "owner": "me"})"),
+            "zelk-metadata: accepted.json:1:40: unknown key 'owner'\n"
+            "zelk-metadata: accepted.json:1:28: 'version' must be 1\n");
+  for (const char* day : {"2026-02-30", "2026-13-01", "2026-00-10", "2026-01-00", "2023-02-29",
+                          "1900-02-29", "9999-99-99", "2026-1-1"}) {
+    EXPECT_EQ(entry(std::string(R"("until": ")") + day + "\""),
+              "zelk-metadata: accepted.json:2:46: 'until' must be a date such as 2030-01-31\n")
+        << day;
+  }
+  for (const char* day : {"2024-02-29", "2000-02-29", "2026-12-31"}) {
+    const std::string text = R"({"changes": [{)" + fingerprint + R"(, "until": ")" + day + "\"}]}";
+    EXPECT_EQ(versions.Run({"--accept", versions.Write("accepted.json", text)}).err, "") << day;
+  }
   EXPECT_EQ(complaint("[]"), "zelk-metadata: accepted.json: the file is not a JSON object\n");
 }
 
@@ -105,7 +154,101 @@ TEST(DiffAccept, FileThatCannotBeWrittenIsAFailure) {
   EXPECT_EQ(run.err, "zelk-metadata: /dev/full: the file could not be written\n");
 }
 
-TEST(DiffAccept, FileThatDoesNotLoadFailsAllTheSame) {
-  const Versions versions(kBefore, "{");
-  EXPECT_EQ(versions.Run({"--write-accept", versions.Path("accepted.json")}).status, 1);
+TEST(DiffAccept, FileIsOnlyWrittenIfAllWasCompared) {
+  const Versions broken(kBefore, "{");
+  const std::string path = broken.Write("accepted.json", "old");
+  const ToolRun run = broken.Run({"--write-accept", path});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("zelk-metadata: new.json:1:2: "));
+  EXPECT_THAT(run.err, EndsWith("accepted.json: not written, since not all could be compared\n"));
+  EXPECT_EQ(FileText(path), "old");
+  const Versions other(kBefore, R"({"cli": []})");
+  const std::string other_path = other.Write("accepted.json", "old");
+  EXPECT_EQ(other.Run({"--write-accept", other_path}).status, 2);
+  EXPECT_EQ(FileText(other_path), "old");
+}
+
+TEST(DiffAccept, FileThatIsReplacedKeepsItsPermissionsLinksAndNames) {
+  const Versions versions(kBefore, kAfter);
+  const std::string path = versions.Write("accepted.json", "old");
+  std::filesystem::permissions(path, std::filesystem::perms(0640));
+  std::filesystem::create_symlink("accepted.json", versions.Path("link"));
+  EXPECT_EQ(versions.Run({"--write-accept", versions.Path("link")}).status, 0);
+  EXPECT_TRUE(std::filesystem::is_symlink(versions.Path("link")));
+  EXPECT_THAT(FileText(path), HasSubstr("operation-removed"));
+  EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0640));
+  const std::string other = versions.Write("other.json", "old");
+  std::filesystem::create_hard_link(other, versions.Path("name.json"));
+  EXPECT_EQ(versions.Run({"--write-accept", other}).status, 0);
+  EXPECT_EQ(FileText(versions.Path("name.json")), FileText(path));
+}
+
+TEST(DiffAccept, FileKeepsItsTextIfTheNewOneCannotBeWritten) {
+  const Versions versions(kBefore, kAfter);
+  const std::string path = versions.Write("accepted.json", "old");
+  const std::string command = "$tool diff " + versions.Path("old.json") + " " +
+                              versions.Path("new.json") + " --write-accept ";
+  EXPECT_EQ(RunShell("trap '' XFSZ; ulimit -f 0; " + command + path).status, 4);
+  EXPECT_EQ(FileText(path), "old");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(versions.Path("")), {}), 3);
+  // There is no room for another name beside it.
+  const std::string long_name(250, 'n');
+  const std::string long_path = versions.Write(long_name, "old");
+  EXPECT_EQ(versions.Run({"--write-accept", long_path}).status, 4);
+  EXPECT_EQ(FileText(long_path), "old");
+}
+
+TEST(DiffAccept, RepairOfAFileIsAcceptedForTheseTextsOnly) {
+  const Versions versions(kBefore, kAfter);
+  const std::string old_folder = versions.Folder("old", {{"a.json", kBefore}, {"b.json", "{"}});
+  const auto diff = [&](const std::vector<std::string>& more) {
+    std::vector<std::string> words{"diff", old_folder, versions.Path("new")};
+    words.insert(words.end(), more.begin(), more.end());
+    return RunTool(words);
+  };
+  versions.Folder("new", {{"a.json", kBefore}, {"b.json", R"({"cli": []})"}});
+  const ToolRun run = diff({});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.out,
+              AllOf(HasSubstr("/old/b.json' does not load, so the repaired file "
+                              "cannot be compared [source-repaired]\n"),
+                    HasSubstr("  source:b\n"), EndsWith("failed: a file does not load\n")));
+  EXPECT_EQ(diff({"--bump"}).out, "");
+  const std::string path = versions.Path("accepted.json");
+  EXPECT_EQ(diff({"--write-accept", path}).status, 0);
+  const ToolRun accepted = diff({"--accept", path});
+  EXPECT_EQ(accepted.status, 0);
+  EXPECT_THAT(accepted.out, AllOf(HasSubstr("\nAccepted\n  dangerous: the file '"),
+                                  Not(HasSubstr("error: ")), EndsWith("\npassed\n")));
+  EXPECT_EQ(diff({"--accept", path, "--bump"}).out, "minor\n");
+  // A break elsewhere is found all the same, and so is another text.
+  versions.Folder("new", {{"a.json", kAfter}, {"b.json", R"({"cli": []})"}});
+  EXPECT_EQ(diff({"--accept", path}).status, 5);
+  versions.Folder("new", {{"a.json", kBefore}, {"b.json", R"({"cli": [ ]})"}});
+  EXPECT_EQ(diff({"--accept", path}).status, 1);
+}
+
+TEST(DiffAccept, RepairOfTheOnlyFileCanBeAccepted) {
+  const Versions versions("{", kBefore);
+  const std::string path = versions.Path("accepted.json");
+  EXPECT_EQ(versions.Run().status, 1);
+  EXPECT_EQ(versions.Run({"--write-accept", path}).status, 0);
+  const ToolRun run = versions.Run({"--accept", path});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out, EndsWith("\nno other changes\n1 accepted by accepted.json\npassed\n"));
+}
+
+TEST(DiffAccept, LossOfAFileCannotBeAccepted) {
+  const Versions versions(kBefore, kAfter);
+  const std::string path = Accepted(versions, "");
+  versions.Write("new.json", "{");
+  const std::string json = versions.Run({"--json"}).out;
+  const std::size_t at = json.find("\"fingerprint\"");
+  versions.Write("accepted.json", R"({"changes": [{)" + json.substr(at, 32) + "}]}");
+  const ToolRun run = versions.Run({"--accept", path});
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.out, AllOf(HasSubstr("breaking: the file 'new.json' does not load any more "
+                                       "[source-lost]\n"),
+                             EndsWith("failed: a file does not load\n")));
 }

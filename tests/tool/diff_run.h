@@ -1,6 +1,8 @@
 #pragma once
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -55,6 +57,16 @@ class Versions {
   }
 
   std::string Path(const std::string& name) const { return folder_.Path(name); }
+
+  /// Writes the files, each a name and a text, into the folder of that name. Returns its path.
+  std::string Folder(const std::string& name,
+                     const std::vector<std::pair<std::string, std::string>>& files) const {
+    std::filesystem::create_directory(Path(name));
+    for (const auto& [file, text] : files) {
+      std::ofstream(Path(name) + "/" + file, std::ios::binary) << text;
+    }
+    return Path(name);
+  }
 
   std::string Write(const std::string& name, const std::string& text) const {
     return folder_.Write(name, text);

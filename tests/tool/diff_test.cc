@@ -1,4 +1,7 @@
+#include <filesystem>
 #include <sstream>
+#include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -100,7 +103,7 @@ TEST(Diff, FailOnDecidesTheStatus) {
 TEST(Diff, OnlyWhatConcernsTheAudiencesIsShown) {
   const Versions versions(kBefore, kAfter);
   const ToolRun none = versions.Run({"--for", "cli", "--for", "auth"});
-  EXPECT_EQ(none.status, 0);
+  EXPECT_EQ(none.status, 0) << none.err;
   EXPECT_THAT(none.out, EndsWith("no changes\npassed\n"));
   EXPECT_THAT(versions.Run({"--for", "cli", "--for", "source"}).out,
               AllOf(HasSubstr("      for: source\n"), Not(HasSubstr("wire"))));
@@ -146,13 +149,14 @@ TEST(Diff, FileThatDoesNotLoadIsLeftOutOnBothSides) {
   const std::string new_path = new_folder.Path("");
   const ToolRun lost = RunTool({"diff", old_path, new_path, "--for", "wire"});
   EXPECT_EQ(lost.status, 1);
-  EXPECT_THAT(lost.out, AllOf(HasSubstr("b.json:1:9: error: "), HasSubstr("not compared: "),
-                              HasSubstr("2 changes: 1 breaking, 1 compatible\n"),
+  EXPECT_THAT(lost.out, AllOf(HasSubstr("b.json:1:9: error: "),
+                              HasSubstr("b.json' does not load any more [source-lost]\n"),
+                              HasSubstr("3 changes: 2 breaking, 1 compatible\n"),
                               EndsWith("failed: a file does not load\n")));
   const ToolRun found = RunTool({"diff", new_path, old_path, "--output", "markdown"});
   EXPECT_EQ(found.status, 1);
-  EXPECT_THAT(found.out, AllOf(HasSubstr("b.json` does not load.\n"),
-                               HasSubstr("b.json` is not compared.\n")));
+  EXPECT_THAT(found.out,
+              AllOf(HasSubstr("b.json` does not load.\n"), HasSubstr("(`source-repaired`)\n")));
   EXPECT_THAT(RunTool({"diff", new_path, old_path, "--output", "github"}).out,
               HasSubstr("b.json,line=1,col=9,title="));
 }
@@ -165,13 +169,47 @@ TEST(Diff, NothingComparedIsAFailure) {
   const ToolRun missing = RunTool({"diff", folder.Path("no"), folder.Write("a.json", kBefore)});
   EXPECT_EQ(missing.status, 1);
   EXPECT_THAT(missing.err, HasSubstr("no: No such file or directory\n"));
-  const ToolRun other =
-      Versions(R"({"cli": []})", R"({"authentication": {"component": {"name": "a", "schemes": {},
+  EXPECT_THAT(missing.out, EndsWith("nothing was compared\nfailed: OLD cannot be read\n"));
+  EXPECT_THAT(RunTool({"diff", folder.Path("a.json"), folder.Path("no")}).out,
+              EndsWith("nothing was compared\nfailed: NEW cannot be read\n"));
+  const Versions other(R"({"cli": []})",
+                       R"({"authentication": {"component": {"name": "a", "schemes": {},
                                       "authentication": {"packages": {}, "services": {},
-                                      "operations": {}}}}})")
-          .Run({"--for", "wire"});
-  EXPECT_EQ(other.status, 2);
-  EXPECT_EQ(other.err, "zelk-metadata: OLD and NEW have no domain in common\n");
+                                      "operations": {}}}}})");
+  for (const char* option : {"--json", "--bump", "--no-pager"}) {
+    const ToolRun run = other.Run({option});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "zelk-metadata: OLD and NEW have no domain in common\n");
+  }
+  const ToolRun run = Versions(kBefore, kAfter).Run({"--for", "auth"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "zelk-metadata: OLD and NEW have no file that concerns auth\n");
+}
+
+TEST(Diff, FilesThatCannotBeReadAreCounted) {
+  const TempFolder old_folder;
+  const TempFolder new_folder;
+  for (const TempFolder* folder : {&old_folder, &new_folder}) folder->Write("a.json", kBefore);
+  std::filesystem::create_symlink("no", new_folder.Path("b.json"));
+  const std::vector<std::string> words{"diff", old_folder.Path(""), new_folder.Path("")};
+  EXPECT_THAT(RunTool(words).out, EndsWith("no changes\nfailed: a file cannot be read\n"));
+  std::filesystem::create_symlink("no", new_folder.Path("c.json"));
+  new_folder.Write("d.json", "{");
+  EXPECT_THAT(RunTool(words).out,
+              EndsWith("\nfailed: a file does not load, 2 files cannot be read\n"));
+}
+
+TEST(Diff, NextVersionIsNotKnownIfAFileDoesNotLoad) {
+  const Versions versions(kBefore, "{");
+  const ToolRun run = versions.Run({"--bump"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_THAT(run.err, AllOf(HasSubstr("new.json:1:2: "),
+                             EndsWith("the next version is not known, since not all could be "
+                                      "compared\n")));
+  EXPECT_THAT(versions.Run({"--json"}).out, HasSubstr("\"bump\":null"));
 }
 
 TEST(Diff, WrongWordsAreWrongUsage) {
@@ -186,6 +224,7 @@ TEST(Diff, WrongWordsAreWrongUsage) {
   EXPECT_EQ(complaint("a b --for wires"),
             "zelk-metadata: unknown audience 'wires'; did you mean wire?\n");
   EXPECT_EQ(complaint("a b --fail-on compatible"), "zelk-metadata: unknown class 'compatible'\n");
+  EXPECT_THAT(complaint("a b --fail-on never --fail-on any"), HasSubstr("--fail-on: "));
   EXPECT_EQ(complaint("a b --bump --json"),
             "zelk-metadata: --bump prints one word, whatever --output is\n");
   EXPECT_EQ(complaint("a b --source c"),

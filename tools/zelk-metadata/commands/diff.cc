@@ -1,13 +1,14 @@
 #include <algorithm>
 #include <fmt/format.h>
-#include <fstream>
-#include <iterator>
 #include <memory>
-#include <set>
+#include <optional>
+#include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "analysis/diff/configuration.h"
+#include "analysis/fingerprint.h"
 #include "diff/kinds.h"
 #include "diff/report.h"
 #include "domains/table.h"
@@ -105,10 +106,13 @@ bool ReadChoices(const Invocation& call, Report& report) {
       report.assumptions = Analysis::Diff::ReadAssumptions(document, problems);
     });
   }
-  report.accepted_file = arguments.accept;
-  if (!arguments.accept.empty()) {
-    ReadSettings(arguments.accept, complaints, [&](const auto& document, auto& problems) {
-      report.accepted = Analysis::ReadAccepted(document, Diff::kAcceptedForm, problems);
+  report.accepted_files = arguments.accept;
+  for (const std::string& file : arguments.accept) {
+    ReadSettings(file, complaints, [&](const auto& document, auto& problems) {
+      for (auto& entry : Analysis::ReadAccepted(document, Diff::kAcceptedForm, problems)) {
+        entry.file = file;
+        report.accepted.push_back(std::move(entry));
+      }
     });
   }
   for (const std::string& complaint : complaints) call.Complain(complaint);
@@ -121,15 +125,45 @@ Input ReadVersion(const Invocation& call, const std::string& text) {
   return ReadInput({{kOnlyFileId, text}}, call.GetStreams().in, Domains());
 }
 
-/// Leaves out the files that do not load in the other version: all that is in them would seem to be
-/// added or removed.
-void LeaveOut(const std::set<std::string>& failed_ids, Input& input, Side& side) {
-  const auto left_out = std::stable_partition(
-      input.files.begin(), input.files.end(),
-      [&](const auto& file) { return failed_ids.count(file.source.id) == 0; });
-  std::transform(left_out, input.files.end(), std::back_inserter(side.left_out),
-                 [](const Analysis::File& file) { return file.name; });
-  input.files.erase(left_out, input.files.end());
+/// Whether nothing of a version could be read.
+bool IsUnreadable(const Input& input) {
+  return input.files.empty() && input.failed.empty() && !input.unreadable.empty();
+}
+
+/// Takes the file with the id out of the files, if it is one of them.
+std::optional<Analysis::File> TakeOut(std::vector<Analysis::File>& files, const std::string& id) {
+  const auto found = std::find_if(files.begin(), files.end(),
+                                  [&](const auto& file) { return file.source.id == id; });
+  if (found == files.end()) return std::nullopt;
+  Analysis::File file = std::move(*found);
+  files.erase(found);
+  return file;
+}
+
+bool Has(const std::vector<FailedFile>& files, const std::string& id) {
+  return std::any_of(files.begin(), files.end(),
+                     [&](const FailedFile& file) { return file.id == id; });
+}
+
+/// Leaves out what loads in the other version only: all that is in it would seem to be added or
+/// removed.
+void LeaveOut(Report& report, const Input& failing, Input& other, Side& other_side) {
+  const bool is_lost = &other_side == &report.old_version;
+  for (const FailedFile& failed : failing.failed) {
+    // It loads in neither version.
+    if (Has(other.failed, failed.id)) continue;
+    const auto file = TakeOut(other.files, failed.id);
+    // A new file is no part of what is compared.
+    if (is_lost && !file) continue;
+    Analysis::Diff::LostFile lost{failed.id, failed.report.file, is_lost, failed.fingerprint, ""};
+    if (file) {
+      const std::string text(file->source.document->Text());
+      lost.new_fingerprint = FingerprintText(Analysis::FingerprintOf(text));
+      other_side.left_out.push_back(file->name);
+    }
+    if (is_lost) std::swap(lost.old_fingerprint, lost.new_fingerprint);
+    report.lost.push_back(std::move(lost));
+  }
 }
 
 void Fill(const Invocation& call, Side& side, Input input) {
@@ -139,18 +173,49 @@ void Fill(const Invocation& call, Side& side, Input input) {
   side.workspace = std::make_unique<const Analysis::Workspace>(std::move(input.files));
 }
 
+void ReadVersions(const Invocation& call, Report& report) {
+  Side& old_side = report.old_version;
+  Side& new_side = report.new_version;
+  old_side.name = ShownName({"", call.Args().old_version});
+  new_side.name = ShownName({"", call.Args().new_version});
+  Input old_input = ReadVersion(call, call.Args().old_version);
+  Input new_input = ReadVersion(call, call.Args().new_version);
+  old_side.is_unreadable = IsUnreadable(old_input);
+  new_side.is_unreadable = IsUnreadable(new_input);
+  LeaveOut(report, new_input, old_input, old_side);
+  LeaveOut(report, old_input, new_input, new_side);
+  if (old_side.is_unreadable || new_side.is_unreadable) {
+    old_input.files.clear();
+    new_input.files.clear();
+  }
+  Fill(call, old_side, std::move(old_input));
+  Fill(call, new_side, std::move(new_input));
+}
+
 ExitStatus WriteAccepted(const Invocation& call, const Report& report) {
   const std::string& path = call.Args().new_accept;
-  std::ofstream file(path, std::ios::binary);
-  Diff::WriteAccepted(file, report);
-  if (file.flush()) return ExitStatus::kOk;
+  if (!IsComplete(report)) {
+    return call.Fail(ExitStatus::kSourceFailed,
+                     path + ": not written, since not all could be compared");
+  }
+  if (Diff::WriteAccepted(path, report)) return ExitStatus::kOk;
   return call.Fail(ExitStatus::kOutputLost, path + ": the file could not be written");
+}
+
+/// Prints one word, and nothing if that is not known.
+void ShowBump(const Invocation& call, const Report& report) {
+  const std::string word = Bump(report);
+  if (!word.empty()) {
+    call.Out() << word << '\n';
+  } else {
+    call.Complain("the next version is not known, since not all could be compared");
+  }
 }
 
 void Show(const Invocation& call, const Report& report) {
   const std::string& output = call.Args().output;
   if (call.Args().bump) {
-    call.Out() << Bump(report) << '\n';
+    ShowBump(call, report);
   } else if (call.WantsJson()) {
     call.ShowJson([&](JsonWriter& json) { WriteJson(json, report); });
   } else if (output == "markdown") {
@@ -163,21 +228,17 @@ void Show(const Invocation& call, const Report& report) {
 }
 
 ExitStatus Finish(const Invocation& call, const Report& report) {
-  ExitStatus status = ExitStatus::kOk;
-  if (call.Args().new_accept.empty()) {
-    Show(call, report);
-  } else {
-    status = WriteAccepted(call, report);
+  const bool writes = !call.Args().new_accept.empty();
+  if (writes || call.Args().bump) {
+    for (const Side* side : {&report.old_version, &report.new_version}) {
+      for (const FailedFile& file : side->failed) call.ComplainOf(file.report);
+    }
   }
+  if (writes) return WriteAccepted(call, report);
+  Show(call, report);
   const Diff::Summary summary = Summarize(report);
-  if (status != ExitStatus::kOk) return status;
   if (summary.failed > 0) return ExitStatus::kSourceFailed;
-  if (!call.Args().new_accept.empty()) return ExitStatus::kOk;
-  if (summary.is_failed) return ExitStatus::kFound;
-  const auto common =
-      report.old_version.workspace->Loaded() & report.new_version.workspace->Loaded();
-  if (common != 0) return ExitStatus::kOk;
-  return call.Fail(ExitStatus::kUsage, "OLD and NEW have no domain in common");
+  return summary.is_failed ? ExitStatus::kFound : ExitStatus::kOk;
 }
 
 ExitStatus RunDiff(Invocation& call) {
@@ -191,18 +252,10 @@ ExitStatus RunDiff(Invocation& call) {
   if (!ReadChoices(call, report)) return ExitStatus::kUsage;
   report.audiences = Audiences(arguments);
   report.fail_on = FailOn(arguments);
-  report.old_version.name = ShownName({"", arguments.old_version});
-  report.new_version.name = ShownName({"", arguments.new_version});
-  Input old_input = ReadVersion(call, arguments.old_version);
-  Input new_input = ReadVersion(call, arguments.new_version);
-  LeaveOut(new_input.failed_ids, old_input, report.old_version);
-  LeaveOut(old_input.failed_ids, new_input, report.new_version);
-  if (old_input.files.empty() || new_input.files.empty()) {
-    old_input.files.clear();
-    new_input.files.clear();
-  }
-  Fill(call, report.old_version, std::move(old_input));
-  Fill(call, report.new_version, std::move(new_input));
+  ReadVersions(call, report);
+  const bool has_failed = report.old_version.Failed() + report.new_version.Failed() > 0;
+  const std::string reason = has_failed ? "" : WhyNotComparable(report);
+  if (!reason.empty()) return call.Fail(ExitStatus::kUsage, reason);
   Compare(report);
   return Finish(call, report);
 }
@@ -215,7 +268,8 @@ Command DiffCommand() {
   command.summary = "Compare two versions: what changed, and whom it breaks";
   command.details =
       "Each version is a file, a folder, - for standard input, or git:REV:PATH for a file or a "
-      "folder as a revision of git has it. All files of a version are read together, as if one "
+      "folder of a revision of git, as in diff git:origin/main:metadata metadata. All files of a "
+      "version are read together, as if one "
       "host had loaded them, and what the library answers is compared. The exit status is 5 if a "
       "change is at or above --fail-on.\n"
       "Audiences: wire (programs that call, or are called), source (code that uses generated "
@@ -226,19 +280,20 @@ Command DiffCommand() {
       {"NEW", Word::kPath, false, "The same", &Arguments::new_version}};
   command.options = {
       {"for", "AUDIENCE", Word::kChoice,
-       "Look at what concerns the audience; may be given several times", &Arguments::audiences,
+       "Report only changes for the audience; may be given several times", &Arguments::audiences,
        AudienceNames()},
       {"fail-on", "CLASS", Word::kChoice,
-       "The least class that fails: breaking (unless given), dangerous, any or never",
+       "The lowest class that fails the run: breaking (the default), dangerous, any or never",
        &Arguments::fail_on, FailOnNames()},
-      {"accept", "FILE", Word::kPath, "Do not fail because of the changes that the file lists",
+      {"accept", "FILE", Word::kPath,
+       "Do not fail because of the changes that the file lists; may be given several times",
        &Arguments::accept},
-      {"write-accept", "FILE", Word::kPath,
-       "Write the changes to the file in place of showing them", &Arguments::new_accept},
+      {"write-accept", "FILE", Word::kPath, "Write the changes to the file instead of showing them",
+       &Arguments::new_accept},
       {"bump", "", Word::kNone, "Print only major, minor or patch: what the next version needs",
        &Arguments::bump},
       {"config", "FILE", Word::kPath,
-       "What the project assumes, in place of the nearest .zelk-metadata.json", &Arguments::config},
+       "What the project assumes, instead of the nearest .zelk-metadata.json", &Arguments::config},
       {"list-changes", "", Word::kNone, "List the kinds of changes, and do nothing else",
        &Arguments::list_kinds},
   };

@@ -50,16 +50,13 @@ ExitStatus RunDocs(Invocation& call) {
   std::transform(words.begin(), words.end(), std::back_inserter(sources), ParseSourceArgument);
   Input input = ReadInput(sources, call.GetStreams().in, Domains());
   for (const Unreadable& file : input.unreadable) call.Complain(file.file + ": " + file.reason);
-  for (const LoadReport& report : input.failed) {
-    for (const Problem& problem : report.problems) {
-      call.Complain(ProblemLine(report.file, problem));
-    }
-  }
+  const std::vector<LoadReport> failed = ReportsOf(std::move(input.failed));
+  for (const LoadReport& report : failed) call.ComplainOf(report);
   const Workspace workspace(std::move(input.files));
   const std::string& title = call.Args().text;
   const ExitStatus status =
-      WritePage(call, {workspace, input.failed, title.empty() ? TitleOf(workspace) : title});
-  const bool has_failed = !input.unreadable.empty() || !input.failed.empty();
+      WritePage(call, {workspace, failed, title.empty() ? TitleOf(workspace) : title});
+  const bool has_failed = !input.unreadable.empty() || !failed.empty();
   return has_failed && status == ExitStatus::kOk ? ExitStatus::kSourceFailed : status;
 }
 

@@ -137,7 +137,7 @@ ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& input
   Lint::Report report;
   report.workspace = std::make_unique<const Analysis::Lint::Workspace>(std::move(input.files),
                                                                        std::move(choices.settings));
-  for (FailedFile& file : input.failed) report.failed.push_back(std::move(file.report));
+  report.failed = ReportsOf(std::move(input.failed));
   report.configuration_file = choices.configuration_file;
   report.baseline_file = arguments.baseline;
   report.fail_on = FailOn(arguments.fail_on);
@@ -200,8 +200,8 @@ Command LintCommand() {
       {"except", "ID", Word::kChoice, "Do not run the rule; may be given several times",
        &Arguments::except, RuleNames()},
       {"fail-on", "SEVERITY", Word::kChoice,
-       "The lowest severity that fails the run: error (the default), warning, note or never", &Arguments::fail_on,
-       SeverityNames()},
+       "The lowest severity that fails the run: error (the default), warning, note or never",
+       &Arguments::fail_on, SeverityNames()},
       {"baseline", "FILE", Word::kPath, "Hide the findings that the file lists",
        &Arguments::baseline},
       {"write-baseline", "FILE", Word::kPath,

@@ -24,7 +24,7 @@ const char* CommandFor(Class worst) {
 /// at its file.
 WorkflowCommand CommandOf(const Report& report, const Entry& entry) {
   const Change& change = *entry.change;
-  WorkflowCommand command{CommandFor(entry.worst), report.new_version.name};
+  WorkflowCommand command{CommandFor(entry.worst), PathOfRevision(report.new_version.name)};
   if (change.new_place) {
     const NamedPlace place = NamedPlaceOf(*report.new_version.workspace, *change.new_place);
     command.file = PathOfRevision(place.file);
@@ -47,11 +47,18 @@ WorkflowCommand CommandOf(const Report& report, const Entry& entry) {
 
 void WriteGithub(std::ostream& out, const Report& report) {
   for (const Side* side : {&report.old_version, &report.new_version}) {
-    for (const LoadReport& file : side->failed) Check::WriteCheckedCommands(out, file);
+    for (const FailedFile& file : side->failed) {
+      LoadReport report_of = file.report;
+      report_of.file = PathOfRevision(report_of.file);
+      Check::WriteCheckedCommands(out, report_of);
+    }
   }
   WorkflowCommands commands(out, "diff");
   for (const Entry& entry : report.entries) {
     if (entry.accepted == nullptr) commands.Add(CommandOf(report, entry));
+  }
+  for (const Unused& entry : report.unused) {
+    commands.Add({"warning", entry.file, 0, 0, "unused-entry", entry.problem});
   }
   commands.End();
 }

@@ -1,6 +1,7 @@
 #include "analysis/diff/configuration.h"
 #include "check/output.h"
 #include "diff/report.h"
+#include "host/accepted_file.h"
 #include "host/named_place.h"
 #include "host/settings_file.h"
 
@@ -82,34 +83,20 @@ void WriteSummary(JsonWriter& json, const Report& report) {
   WriteNumber(json, "accepted", summary.accepted);
   json.Key("fingerprints_differ");
   json.Bool(report.result.fingerprints_differ);
-  json.Member("bump", Bump(report));
+  json.Member("bump", OrNull(Bump(report)));
   json.EndObject();
 }
 
 }  // namespace
 
-void WriteAccepted(std::ostream& out, const Report& report) {
-  JsonWriter json;
-  json.StartObject();
-  WriteNumber(json, "version", 1);
-  json.Key(kAcceptedForm.list);
-  json.StartArray();
+bool WriteAccepted(const std::string& path, const Report& report) {
+  AcceptedWriter writer(kAcceptedForm);
   for (const Entry& entry : report.entries) {
-    json.StartObject();
-    json.Member(kAcceptedForm.id, entry.change->kind->id);
-    json.Member("fingerprint", FingerprintText(entry.change->fingerprint));
-    json.Member("element", entry.change->element);
-    if (entry.accepted != nullptr && !entry.accepted->reason.empty()) {
-      json.Member("reason", entry.accepted->reason);
-    }
-    if (entry.accepted != nullptr && !entry.accepted->until.empty()) {
-      json.Member("until", entry.accepted->until);
-    }
-    json.EndObject();
+    const Change& change = *entry.change;
+    writer.Add(change.kind->id, FingerprintText(change.fingerprint), change.element,
+               entry.accepted);
   }
-  json.EndArray();
-  json.EndObject();
-  json.WriteTo(out, true);
+  return writer.WriteTo(path);
 }
 
 void WriteJson(JsonWriter& json, const Report& report) {
@@ -120,7 +107,7 @@ void WriteJson(JsonWriter& json, const Report& report) {
   json.Key("files");
   json.StartArray();
   for (const Side* side : {&report.old_version, &report.new_version}) {
-    for (const LoadReport& file : side->failed) Check::WriteCheckedJson(json, file);
+    for (const FailedFile& file : side->failed) Check::WriteCheckedJson(json, file.report);
   }
   json.EndArray();
   json.Key("left_out");
@@ -136,7 +123,9 @@ void WriteJson(JsonWriter& json, const Report& report) {
   }
   json.EndObject();
   json.Key("unused");
-  json.StringArray(report.unused);
+  json.StartArray();
+  for (const Unused& entry : report.unused) json.String(entry.file + ": " + entry.problem);
+  json.EndArray();
   json.Key("summary");
   WriteSummary(json, report);
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <ostream>
 #include <string_view>
 
@@ -36,6 +37,12 @@ std::string Plain(const std::string& text) {
   return plain;
 }
 
+/// A word that names somebody, or something with a number, notifies or links it wherever reports
+/// are shown, however its characters are written. In code it does not.
+bool IsMention(std::string_view word) {
+  return word.find_first_of("@#") != std::string_view::npos;
+}
+
 /// As code, in more backquotes than it has in a row.
 std::string Code(const std::string& text) {
   std::size_t longest = 0;
@@ -49,27 +56,42 @@ std::string Code(const std::string& text) {
   return fmt::format("{}{}{}{}{}", fence, blank, ForTerminal(text), blank, fence);
 }
 
+/// Plain text, with mentions as code.
+std::string Sentence(const std::string& text) {
+  std::string sentence;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find(' ', begin), text.size());
+    const std::string word = text.substr(begin, end - begin);
+    sentence += IsMention(word) ? Code(word) : Plain(word);
+    if (end < text.size()) sentence += ' ';
+    begin = end + 1;
+  }
+  return sentence;
+}
+
 class MarkdownWriter {
  public:
   MarkdownWriter(std::ostream& out, const Report& report) : out_(out), report_(report) {}
 
   void Write() {
     out_ << "# Changes\n\nFrom " << Code(report_.old_version.name) << " to "
-         << Code(report_.new_version.name) << ".\n";
+         << Code(report_.new_version.name) << ".\n\nAssumed: "
+         << Plain(fmt::format("{}", fmt::join(AssumptionTexts(report_.assumptions), ", ")))
+         << ".\n";
     WriteOpened();
     for (const Audience audience : kAudiences) {
       if ((report_.audiences & SetOf(audience)) != 0) WriteAudience(audience);
     }
     out_ << '\n';
     for (const Side* side : {&report_.old_version, &report_.new_version}) {
-      for (const LoadReport& file : side->failed) {
-        out_ << "- " << Code(file.file) << " does not load.\n";
-      }
-      for (const std::string& file : side->left_out) {
-        out_ << "- " << Code(file) << " is not compared.\n";
+      for (const FailedFile& file : side->failed) {
+        out_ << "- " << Code(file.report.file) << " does not load.\n";
       }
     }
-    for (const std::string& line : SummaryLines(report_)) out_ << "- " << Plain(line) << '\n';
+    for (const Unused& entry : report_.unused) {
+      out_ << "- " << Code(entry.file) << ": warning: " << Sentence(entry.problem) << '\n';
+    }
+    for (const std::string& line : SummaryLines(report_)) out_ << "- " << Sentence(line) << '\n';
   }
 
  private:
@@ -106,13 +128,14 @@ class MarkdownWriter {
 
   void WriteEntry(const Entry& entry) {
     const Change& change = *entry.change;
-    out_ << "- " << Plain(change.details.message) << " (" << Code(change.kind->id) << ')';
-    if (entry.accepted != nullptr) out_ << ", accepted" << Plain(ReasonText(*entry.accepted));
+    out_ << "- " << Sentence(change.details.message) << " (" << Code(change.kind->id) << ')';
+    if (entry.accepted != nullptr) out_ << ", accepted" << Sentence(ReasonText(*entry.accepted));
     out_ << '\n';
     WriteFact("Old", change.details.old_value);
     WriteFact("New", change.details.new_value);
+    WriteFact("Assumed", change.details.assumption);
     WriteFact("Proof", change.details.witness);
-    if (!change.details.hint.empty()) out_ << "  - " << Plain(change.details.hint) << '\n';
+    if (!change.details.hint.empty()) out_ << "  - " << Sentence(change.details.hint) << '\n';
   }
 
   void WriteFact(const char* name, const std::string& text) {

@@ -5,10 +5,24 @@
 #include "host/settings_file.h"
 
 namespace Zelk::Tool::Diff {
+namespace {
+
+/// If the change is a file that does not load in the old version: nobody can repair that any more.
+void ForgetFailure(Report& report, const Change& change) {
+  auto& failed = report.old_version.failed;
+  for (const Analysis::Diff::LostFile& file : report.lost) {
+    if (file.loads_in_old || PathOf(file) != change.element) continue;
+    const auto is_it = [&](const FailedFile& other) { return other.id == file.id; };
+    failed.erase(std::remove_if(failed.begin(), failed.end(), is_it), failed.end());
+  }
+}
+
+}  // namespace
 
 void Compare(Report& report) {
-  report.result = Analysis::Diff::Compare(*report.old_version.workspace,
-                                          *report.new_version.workspace, report.assumptions);
+  report.result =
+      Analysis::Diff::Compare(*report.old_version.workspace, *report.new_version.workspace,
+                              report.assumptions, report.lost);
   Analysis::AcceptedUse accepted(report.accepted, Today());
   for (const Change& change : report.result.changes) {
     const Class worst = ClassOf(change, report.audiences);
@@ -22,9 +36,34 @@ void Compare(Report& report) {
                      const bool right_opens = OpensAccess(*right.change);
                      return left_opens != right_opens ? left_opens : left.worst > right.worst;
                    });
-  accepted.ForEachUnused([&](const Analysis::Accepted& entry, const char* problem) {
-    report.unused.push_back("an entry for '" + entry.id + "' " + problem);
+  for (const Entry& entry : report.entries) {
+    if (entry.accepted != nullptr) ForgetFailure(report, *entry.change);
+  }
+  accepted.ForEachUnused([&](const Analysis::Accepted& entry, bool has_ended) {
+    report.unused.push_back({entry.file, "an entry for '" + entry.id + "' " +
+                                             (has_ended ? "has ended" : "accepts nothing")});
   });
+}
+
+std::string WhyNotComparable(const Report& report) {
+  const Analysis::DomainSet old_domains = report.old_version.workspace->Loaded();
+  const Analysis::DomainSet new_domains = report.new_version.workspace->Loaded();
+  if ((old_domains & new_domains) == 0) return "OLD and NEW have no domain in common";
+  const Analysis::DomainSet needed = Analysis::Diff::DomainsFor(report.audiences);
+  if (((old_domains | new_domains) & needed) != 0) return "";
+  std::string audiences;
+  for (const Audience audience : kAudiences) {
+    if ((report.audiences & SetOf(audience)) == 0) continue;
+    audiences += (audiences.empty() ? "" : ", ") + std::string(Word(audience));
+  }
+  return "OLD and NEW have no file that concerns " + audiences;
+}
+
+bool IsComplete(const Report& report) {
+  const bool has_repairs_only =
+      std::none_of(report.lost.begin(), report.lost.end(),
+                   [](const Analysis::Diff::LostFile& file) { return file.loads_in_old; });
+  return report.old_version.unreadable == 0 && report.new_version.Failed() == 0 && has_repairs_only;
 }
 
 Summary Summarize(const Report& report) {
@@ -49,7 +88,8 @@ Summary Summarize(const Report& report) {
   return summary;
 }
 
-const char* Bump(const Report& report) {
+std::string Bump(const Report& report) {
+  if (report.old_version.Failed() + report.new_version.Failed() > 0) return "";
   Class worst = Class::kNotConcerned;
   for (const Entry& entry : report.entries) worst = std::max(worst, entry.worst);
   for (const auto& [verdicts, count] : report.result.unlisted) {

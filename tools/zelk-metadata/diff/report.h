@@ -10,7 +10,7 @@
 
 #include "analysis/accepted.h"
 #include "analysis/diff/compare.h"
-#include "host/load.h"
+#include "host/input.h"
 #include "render/json_writer.h"
 #include "render/terminal.h"
 
@@ -32,14 +32,17 @@ struct Side {
   std::string name;
   std::unique_ptr<const Analysis::Workspace> workspace;
 
-  /// The files that do not load.
-  std::vector<LoadReport> failed;
+  /// The files that do not load, without those whose repair is accepted.
+  std::vector<FailedFile> failed;
 
   /// How many more files could not be read.
   std::size_t unreadable = 0;
 
   /// The files that are not compared, since they do not load in the other version.
   std::vector<std::string> left_out;
+
+  /// Whether nothing of it could be read.
+  bool is_unreadable = false;
 
   std::size_t Failed() const { return failed.size() + unreadable; }
 };
@@ -55,6 +58,12 @@ struct Entry {
   const Analysis::Accepted* accepted;
 };
 
+/// An entry of a list of accepted changes that accepts nothing.
+struct Unused {
+  std::string file;
+  std::string problem;
+};
+
 /// What a run found.
 struct Report {
   Side old_version;
@@ -64,19 +73,29 @@ struct Report {
   Analysis::Diff::Result result;
   std::vector<Entry> entries;
 
-  /// The file with what is accepted, and its entries; or empty.
-  std::string accepted_file;
+  /// What is accepted, and the files that list it.
+  std::vector<std::string> accepted_files;
   std::vector<Analysis::Accepted> accepted;
 
-  /// What is wrong with entries that accept nothing.
-  std::vector<std::string> unused;
+  /// The entries that accept nothing.
+  std::vector<Unused> unused;
 
-  /// The least class that fails the run; empty if none does.
+  /// The files that load in one version only.
+  std::vector<Analysis::Diff::LostFile> lost;
+
+  /// The lowest class that fails the run; empty if none does.
   std::optional<Class> fail_on;
 };
 
-/// Compares the versions of the report and fills the rest of it.
+/// Compares the versions of the report and fills the rest of it. Files that do not load in the old
+/// version are not failures any more if that is accepted.
 void Compare(Report& report);
+
+/// Why the versions cannot be compared for the audiences; empty if they can.
+std::string WhyNotComparable(const Report& report);
+
+/// Whether all files were compared, but for repaired ones.
+bool IsComplete(const Report& report);
 
 /// The numbers at the end of a report.
 struct Summary {
@@ -98,8 +117,9 @@ struct Summary {
 
 Summary Summarize(const Report& report);
 
-/// "major", "minor" or "patch". What is accepted counts, too: callers notice it all the same.
-const char* Bump(const Report& report);
+/// "major", "minor" or "patch"; empty if not all could be compared. What is accepted counts, too:
+/// callers notice it all the same.
+std::string Bump(const Report& report);
 
 /// In the order in which they are shown.
 inline constexpr std::array<Class, 4> kShownClasses{Class::kBreaking, Class::kDangerous,
@@ -107,8 +127,8 @@ inline constexpr std::array<Class, 4> kShownClasses{Class::kBreaking, Class::kDa
 
 // The outputs. That of JSON is written into the document of the command.
 void WriteJson(JsonWriter& json, const Report& report);
-/// What --accept reads.
-void WriteAccepted(std::ostream& out, const Report& report);
+/// Writes what --accept reads. False if the file could not be written.
+bool WriteAccepted(const std::string& path, const Report& report);
 /// In the terminal's width.
 void WriteText(std::ostream& out, const Report& report, const Terminal& terminal);
 /// For release notes.

@@ -30,8 +30,9 @@ class TextWriter {
   void Write() {
     WriteHead();
     for (const Side* side : {&report_.old_version, &report_.new_version}) {
-      for (const LoadReport& file : side->failed) Check::WriteCheckedText(out_, file, terminal_);
-      for (const std::string& file : side->left_out) WriteLines(0, "not compared: " + file);
+      for (const FailedFile& file : side->failed) {
+        Check::WriteCheckedText(out_, file.report, terminal_);
+      }
     }
     for (const Entry& entry : report_.entries) {
       if (entry.accepted == nullptr) WriteEntry(entry);
@@ -89,8 +90,8 @@ class TextWriter {
       WriteLines(2, fmt::format("{}: {} [{}]{}", Word(entry.worst), entry.change->details.message,
                                 entry.change->kind->id, ReasonText(*entry.accepted)));
     }
-    for (const std::string& problem : report_.unused) {
-      WriteLines(0, fmt::format("{}: warning: {}", report_.accepted_file, problem));
+    for (const Unused& entry : report_.unused) {
+      WriteLines(0, fmt::format("{}: warning: {}", entry.file, entry.problem));
     }
   }
 

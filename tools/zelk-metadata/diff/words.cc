@@ -21,7 +21,9 @@ bool HasChangedAnswer(const Report& report) {
 }
 
 std::string FoundText(const Report& report, const Summary& summary) {
-  if (report.new_version.workspace->Files().empty()) return "nothing was compared";
+  const bool has_files = !report.old_version.workspace->Files().empty() ||
+                         !report.new_version.workspace->Files().empty();
+  if (!has_files && summary.accepted == 0) return "nothing was compared";
   std::vector<std::string> parts;
   std::size_t all = 0;
   for (const Class worst : kShownClasses) {
@@ -31,6 +33,29 @@ std::string FoundText(const Report& report, const Summary& summary) {
   }
   if (all == 0) return summary.accepted > 0 ? "no other changes" : "no changes";
   return fmt::format("{}: {}", Counted(all, "change"), fmt::join(parts, ", "));
+}
+
+/// "a file does not load", "2 files do not load"; added to the parts unless there are none.
+void AddCount(std::vector<std::string>& parts, std::size_t count, const char* one,
+              const char* many) {
+  if (count > 0) parts.push_back(count == 1 ? one : fmt::format("{} {}", count, many));
+}
+
+std::string FailedText(const Report& report) {
+  std::vector<std::string> parts;
+  std::size_t failed = 0;
+  std::size_t unreadable = 0;
+  for (const Side* side : {&report.old_version, &report.new_version}) {
+    failed += side->failed.size();
+    if (side->is_unreadable) {
+      parts.emplace_back(side == &report.old_version ? "OLD cannot be read" : "NEW cannot be read");
+    } else {
+      unreadable += side->unreadable;
+    }
+  }
+  AddCount(parts, failed, "a file does not load", "files do not load");
+  AddCount(parts, unreadable, "a file cannot be read", "files cannot be read");
+  return fmt::format("failed: {}", fmt::join(parts, ", "));
 }
 
 /// "FILE:LINE:COLUMN".
@@ -98,15 +123,14 @@ std::vector<std::string> SummaryLines(const Report& report) {
     lines.push_back(fmt::format("{} of them not listed", summary.unlisted));
   }
   if (summary.accepted > 0) {
-    lines.push_back(fmt::format("{} accepted by {}", summary.accepted, report.accepted_file));
+    lines.push_back(
+        fmt::format("{} accepted by {}", summary.accepted, fmt::join(report.accepted_files, ", ")));
   }
   if (report.result.fingerprints_differ && !HasChangedAnswer(report)) {
     lines.emplace_back("The fingerprint changes; no answer does.");
   }
   if (summary.failed > 0) {
-    lines.push_back(summary.failed == 1
-                        ? "failed: a file does not load"
-                        : fmt::format("failed: {} files do not load", summary.failed));
+    lines.push_back(FailedText(report));
   } else if (summary.is_failed) {
     lines.push_back(
         report.fail_on == Class::kDocumentation

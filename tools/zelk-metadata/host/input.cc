@@ -24,6 +24,13 @@ const Analysis::Format* FormatOf(const Analysis::Document& document) {
 
 }  // namespace
 
+std::vector<LoadReport> ReportsOf(std::vector<FailedFile> files) {
+  std::vector<LoadReport> reports;
+  reports.reserve(files.size());
+  for (FailedFile& file : files) reports.push_back(std::move(file.report));
+  return reports;
+}
+
 bool InputReader::Accept(const SourceArgument& source,
                          std::shared_ptr<const Analysis::Document> document) {
   const Analysis::Format* const format = FormatOf(*document);

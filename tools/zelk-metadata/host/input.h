@@ -24,6 +24,9 @@ struct FailedFile {
   LoadReport report;
 };
 
+/// What the library says about them.
+std::vector<LoadReport> ReportsOf(std::vector<FailedFile> files);
+
 /// The files that are looked at together.
 struct Input {
   std::vector<Analysis::File> files;

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstdint>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <map>
@@ -57,7 +58,11 @@ std::string (*CheckOf(Word word))(const std::string&) {
   return word == Word::kSource ? SourceComplaint : nullptr;
 }
 
-void Declare(CLI::App& app, const OptionDescription& option, Arguments& arguments) {
+/// What becomes of an option with one value that is given again.
+enum class Repeated : std::uint8_t { kLastCounts, kRefused };
+
+void Declare(CLI::App& app, const OptionDescription& option, Repeated repeated,
+             Arguments& arguments) {
   std::visit(
       [&](auto member) {
         auto& target = arguments.*member;
@@ -67,7 +72,9 @@ void Declare(CLI::App& app, const OptionDescription& option, Arguments& argument
         } else {
           CLI::Option* const added = app.add_option(name, target, option.summary);
           added->allow_extra_args(false)->type_name(option.value_name);
-          if constexpr (std::is_same_v<decltype(target), std::string&>) added->take_last();
+          if constexpr (std::is_same_v<decltype(target), std::string&>) {
+            if (repeated == Repeated::kLastCounts) added->take_last();
+          }
           if (const auto check = CheckOf(option.word)) added->check(check);
         }
       },
@@ -91,11 +98,16 @@ void Declare(CLI::App& app, const Command& command, Arguments& arguments) {
   CLI::App* const subcommand = app.add_subcommand(command.name, command.summary);
   subcommand->fallthrough();
   for (const auto& operand : command.operands) Declare(*subcommand, operand, arguments);
-  for (const auto& option : command.options) Declare(*subcommand, option, arguments);
+  for (const auto& option : command.options) {
+    Declare(*subcommand, option, Repeated::kRefused, arguments);
+  }
 }
 
 void Declare(CLI::App& app, const Language& language, Arguments& arguments) {
-  for (const auto& option : language.options) Declare(app, option, arguments);
+  // An alias of a shell may have such an option already.
+  for (const auto& option : language.options) {
+    Declare(app, option, Repeated::kLastCounts, arguments);
+  }
   // Unknown words are left over, so that we print the error. At most one command, so that an id may
   // have the name of another command.
   app.allow_extras();

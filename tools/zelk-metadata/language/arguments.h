@@ -65,7 +65,7 @@ struct Arguments {
   std::string old_version;
   std::string new_version;
   std::vector<std::string> audiences;
-  std::string accept;
+  std::vector<std::string> accept;
   std::string new_accept;
   bool bump = false;
   bool list_kinds = false;

@@ -41,9 +41,10 @@ void WorkflowCommands::Add(const WorkflowCommand& command) {
   const std::size_t most = is_notice ? 9 : 10;
   if (++shown_[command.name] <= most) return Write(out_, command);
   ++left_;
-  out_ << ForTerminal(fmt::format("{}:{}:{}: {}: {} [{}]", command.file, command.line,
-                                  command.column, is_notice ? "note" : command.name, command.text,
-                                  command.title))
+  const std::string place =
+      command.line == 0 ? "" : fmt::format(":{}:{}", command.line, command.column);
+  out_ << ForTerminal(fmt::format("{}{}: {}: {} [{}]", command.file, place,
+                                  is_notice ? "note" : command.name, command.text, command.title))
        << '\n';
 }
 
