@@ -11,8 +11,7 @@ constexpr std::uint64_t kSpread = 0x9e3779b97f4a7c15;
 /// std::size_t, which is 32 bits on some machines.
 template <typename Hash>
 constexpr std::uint64_t WideHash(Hash hash) {
-  if constexpr (sizeof(Hash) < sizeof(std::uint64_t)) return hash * kSpread;
-  return hash;
+  return sizeof(Hash) < sizeof(std::uint64_t) ? hash * kSpread : std::uint64_t{hash};
 }
 
 }  // namespace Zelk::Provider::Metadata
