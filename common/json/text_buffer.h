@@ -16,7 +16,7 @@ inline constexpr rapidjson::SizeType kLastOffset = std::numeric_limits<rapidjson
 
 /// The maximal size of a text. Where addresses have 32 bits, the text and its room must fit into
 /// them.
-inline constexpr std::size_t kMaxTextSize = std::min<std::size_t>(kLastOffset, SIZE_MAX / 4);
+inline constexpr std::size_t kMaxTextSize = std::min<std::size_t>(kLastOffset, SIZE_MAX / 8);
 
 /// The text of a source's file, in memory that a parse may overwrite, with room after it for the
 /// values of its document. A zero byte follows the text.
