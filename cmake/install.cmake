@@ -7,9 +7,11 @@ install(DIRECTORY platform/core/include/ platform/std-bindings/include/ include/
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
   FILES_MATCHING PATTERN "*.h")
 
-# The program finds the libraries of its own prefix even if the prefix is moved.
-file(RELATIVE_PATH bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-set_target_properties(zelk-metadata PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
+if(ZELK_RELOCATABLE)
+  # The program finds the libraries of its own prefix even if the prefix is moved.
+  file(RELATIVE_PATH bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+  set_target_properties(zelk-metadata PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
+endif()
 install(TARGETS zelk-metadata RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 set(printed_dir ${PROJECT_BINARY_DIR}/tools/zelk-metadata)
 install(FILES ${printed_dir}/zelk-metadata.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
@@ -17,8 +19,9 @@ install(FILES ${printed_dir}/zelk-metadata.bash RENAME zelk-metadata
   DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 install(FILES ${printed_dir}/zelk-metadata.fish
   DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
-install(FILES ${printed_dir}/_zelk-metadata
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+set(ZELK_ZSH_DIR ${CMAKE_INSTALL_DATADIR}/zsh/site-functions CACHE STRING
+  "Folder for the completion of zsh; packages of Debian use share/zsh/vendor-completions")
+install(FILES ${printed_dir}/_zelk-metadata DESTINATION ${ZELK_ZSH_DIR})
 install(DIRECTORY ${printed_dir}/schemas DESTINATION ${CMAKE_INSTALL_DATADIR}/zelk-metadata
   FILES_MATCHING PATTERN "*.json")
 

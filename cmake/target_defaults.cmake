@@ -48,13 +48,14 @@ function(zelk_shared_library target)
     EXPORT_NAME ${short_name}
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR}
-    INSTALL_RPATH "$ORIGIN"
-    # Our libraries are in one folder in the build tree, too. So the files that are tested are those
-    # that are installed, and they contain no path of the machine that built them.
-    BUILD_WITH_INSTALL_RPATH ON
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON
     LINK_DEPENDS ${arg_SYMBOLS})
+  if(ZELK_RELOCATABLE)
+    # Our libraries are in one folder in the build tree, too. So the files that are tested are those
+    # that are installed, and they contain no path of the machine that built them.
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN" BUILD_WITH_INSTALL_RPATH ON)
+  endif()
   target_link_options(${target} PRIVATE
     -Wl,--enable-new-dtags -Wl,--version-script=${arg_SYMBOLS})
   # The runtimes of sanitizers and of libFuzzer are linked into the program only.
