@@ -130,8 +130,8 @@ constexpr Kind kRows[] = {
      "A file that does not load was repaired or removed",
      "The old version answers nothing from the file, so what is in it now is not compared. The run "
      "fails until this is accepted, for exactly these two texts.",
-     "Compare the file with the last version that loads, and accept this change if that breaks "
-     "nobody.",
+     "Compare the file with the last version that loads, and accept this change if it breaks no "
+     "caller.",
      {{R"({"cli": 1})"}, {ZELK_EXAMPLE_CLI("")}, "source:file"}},
     {"formatting-only",
      Area::kSources,

@@ -191,7 +191,7 @@ TEST(DiffAccept, FileKeepsItsTextIfTheNewOneCannotBeWritten) {
   EXPECT_EQ(RunShell("trap '' XFSZ; ulimit -f 0; " + command + path).status, 4);
   EXPECT_EQ(FileText(path), "old");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(versions.Path("")), {}), 3);
-  // There is no room for another name beside it.
+  // A longer name beside it is not possible.
   const std::string long_name(250, 'n');
   const std::string long_path = versions.Write(long_name, "old");
   EXPECT_EQ(versions.Run({"--write-accept", long_path}).status, 4);

@@ -153,7 +153,7 @@ void LeaveOut(Report& report, const Input& failing, Input& other, Side& other_si
     // It loads in neither version.
     if (Has(other.failed, failed.id)) continue;
     const auto file = TakeOut(other.files, failed.id);
-    // A new file is no part of what is compared.
+    // A new file is not compared.
     if (is_lost && !file) continue;
     Analysis::Diff::LostFile lost{failed.id, failed.report.file, is_lost, failed.fingerprint, ""};
     if (file) {

@@ -7,7 +7,7 @@
 namespace Zelk::Tool::Diff {
 namespace {
 
-/// If the change is a file that does not load in the old version: nobody can repair that any more.
+/// If the change is a file that does not load in the old version, which cannot be changed any more.
 void ForgetFailure(Report& report, const Change& change) {
   auto& failed = report.old_version.failed;
   for (const Analysis::Diff::LostFile& file : report.lost) {

@@ -35,7 +35,7 @@ std::string FoundText(const Report& report, const Summary& summary) {
   return fmt::format("{}: {}", Counted(all, "change"), fmt::join(parts, ", "));
 }
 
-/// "a file does not load", "2 files do not load"; added to the parts unless there are none.
+/// "a file does not load", "2 files do not load"; added to the parts if there are any.
 void AddCount(std::vector<std::string>& parts, std::size_t count, const char* one,
               const char* many) {
   if (count > 0) parts.push_back(count == 1 ? one : fmt::format("{} {}", count, many));
