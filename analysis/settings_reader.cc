@@ -72,11 +72,11 @@ std::vector<std::string> SettingsReader::Texts(NodeId object, const char* key) {
 }
 
 std::string SettingsReader::Date(NodeId object, const char* key) {
-  std::string text = Text(object, key);
-  if (!text.empty() && !IsDate(text)) {
-    Complain(document_.Find(object, key),
-             std::string("'") + key + "' must be a date such as 2030-01-31");
-  }
+  const NodeId member = Member(object, key, NodeKind::kString);
+  if (member == kNoNode) return "";
+  std::string text(document_.String(member));
+  if (!IsDate(text))
+    Complain(member, std::string("'") + key + "' must be a date such as 2030-01-31");
   return text;
 }
 

@@ -26,6 +26,9 @@ using Zelk::Testing::Versions;
 
 namespace {
 
+/// A list without entries.
+constexpr char kOld[] = R"({"changes": []})";
+
 /// The file that --write-accept writes, with `more` in front of each fingerprint.
 std::string Accepted(const Versions& versions, const std::string& more) {
   const std::string path = versions.Path("accepted.json");
@@ -68,6 +71,46 @@ TEST(DiffAccept, WritingAgainKeepsReasons) {
       FileText(again),
       AllOf(HasSubstr("\"version\": 1"), HasSubstr(R"("reason": "agreed")"),
             HasSubstr(R"("until": "2999-12-31")"), HasSubstr(R"("id": "operation-removed")")));
+}
+
+TEST(DiffAccept, WritingOverAListKeepsReasonsAndOtherAudiences) {
+  const Versions versions(kBefore, kAfter);
+  const std::string path = Accepted(versions, R"("reason": "agreed", "until": "2999-12-31", )");
+  EXPECT_EQ(versions.Run({"--write-accept", path}).err,
+            "zelk-metadata: accepted.json: 2 entries written\n");
+  const std::string all = FileText(path);
+  EXPECT_THAT(all, AllOf(HasSubstr(R"("reason": "agreed")"), HasSubstr("2999-12-31")));
+  const ToolRun run = versions.Run({"--for", "cli", "--write-accept", path});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(FileText(path), all);
+  versions.Write("new.json", kMore);
+  EXPECT_EQ(versions.Run({"--write-accept", path}).err,
+            "zelk-metadata: accepted.json: 1 entry written\n");
+  EXPECT_THAT(FileText(path), AllOf(HasSubstr("operation-added"), HasSubstr("agreed"),
+                                    Not(HasSubstr("operation-removed"))));
+}
+
+TEST(DiffAccept, OnlyAListIsReplaced) {
+  const Versions versions(kBefore, kAfter);
+  const std::string expected =
+      ":1:1: this is not a list of accepted changes: it has no 'changes'\n";
+  for (const std::string name : {"old.json", "new.json", "other.json"}) {
+    versions.Write("other.json", R"({"findings": []})");
+    const std::string text = FileText(versions.Path(name));
+    const ToolRun run = versions.Run({"--write-accept", versions.Path(name)});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "zelk-metadata: " + name + expected);
+    EXPECT_EQ(FileText(versions.Path(name)), text);
+  }
+}
+
+TEST(DiffAccept, ListIsNeverStandardInputOrOutput) {
+  const Versions versions(kBefore, kAfter);
+  for (const char* option : {"--accept", "--write-accept"}) {
+    const ToolRun run = versions.Run({option, "-"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "zelk-metadata: --accept and --write-accept need a file, not -\n");
+  }
 }
 
 TEST(DiffAccept, EntryThatHasEndedAcceptsNothing) {
@@ -136,7 +179,7 @@ TEST(DiffAccept, FileOfAnotherKindIsWrongUsage) {
             "zelk-metadata: accepted.json:1:40: unknown key 'owner'\n"
             "zelk-metadata: accepted.json:1:28: 'version' must be 1\n");
   for (const char* day : {"2026-02-30", "2026-13-01", "2026-00-10", "2026-01-00", "2023-02-29",
-                          "1900-02-29", "9999-99-99", "2026-1-1"}) {
+                          "1900-02-29", "9999-99-99", "2026-1-1", ""}) {
     EXPECT_EQ(entry(std::string(R"("until": ")") + day + "\""),
               "zelk-metadata: accepted.json:2:46: 'until' must be a date such as 2030-01-31\n")
         << day;
@@ -156,28 +199,28 @@ TEST(DiffAccept, FileThatCannotBeWrittenIsAFailure) {
 
 TEST(DiffAccept, FileIsOnlyWrittenIfAllWasCompared) {
   const Versions broken(kBefore, "{");
-  const std::string path = broken.Write("accepted.json", "old");
+  const std::string path = broken.Write("accepted.json", kOld);
   const ToolRun run = broken.Run({"--write-accept", path});
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, HasSubstr("zelk-metadata: new.json:1:2: "));
   EXPECT_THAT(run.err, EndsWith("accepted.json: not written, since not all could be compared\n"));
-  EXPECT_EQ(FileText(path), "old");
+  EXPECT_EQ(FileText(path), kOld);
   const Versions other(kBefore, R"({"cli": []})");
-  const std::string other_path = other.Write("accepted.json", "old");
+  const std::string other_path = other.Write("accepted.json", kOld);
   EXPECT_EQ(other.Run({"--write-accept", other_path}).status, 2);
-  EXPECT_EQ(FileText(other_path), "old");
+  EXPECT_EQ(FileText(other_path), kOld);
 }
 
 TEST(DiffAccept, FileThatIsReplacedKeepsItsPermissionsLinksAndNames) {
   const Versions versions(kBefore, kAfter);
-  const std::string path = versions.Write("accepted.json", "old");
+  const std::string path = versions.Write("accepted.json", kOld);
   std::filesystem::permissions(path, std::filesystem::perms(0640));
   std::filesystem::create_symlink("accepted.json", versions.Path("link"));
   EXPECT_EQ(versions.Run({"--write-accept", versions.Path("link")}).status, 0);
   EXPECT_TRUE(std::filesystem::is_symlink(versions.Path("link")));
   EXPECT_THAT(FileText(path), HasSubstr("operation-removed"));
   EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0640));
-  const std::string other = versions.Write("other.json", "old");
+  const std::string other = versions.Write("other.json", kOld);
   std::filesystem::create_hard_link(other, versions.Path("name.json"));
   EXPECT_EQ(versions.Run({"--write-accept", other}).status, 0);
   EXPECT_EQ(FileText(versions.Path("name.json")), FileText(path));
@@ -185,17 +228,17 @@ TEST(DiffAccept, FileThatIsReplacedKeepsItsPermissionsLinksAndNames) {
 
 TEST(DiffAccept, FileKeepsItsTextIfTheNewOneCannotBeWritten) {
   const Versions versions(kBefore, kAfter);
-  const std::string path = versions.Write("accepted.json", "old");
+  const std::string path = versions.Write("accepted.json", kOld);
   const std::string command = "$tool diff " + versions.Path("old.json") + " " +
                               versions.Path("new.json") + " --write-accept ";
   EXPECT_EQ(RunShell("trap '' XFSZ; ulimit -f 0; " + command + path).status, 4);
-  EXPECT_EQ(FileText(path), "old");
+  EXPECT_EQ(FileText(path), kOld);
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(versions.Path("")), {}), 3);
   // A longer name beside it is not possible.
   const std::string long_name(250, 'n');
-  const std::string long_path = versions.Write(long_name, "old");
+  const std::string long_path = versions.Write(long_name, kOld);
   EXPECT_EQ(versions.Run({"--write-accept", long_path}).status, 4);
-  EXPECT_EQ(FileText(long_path), "old");
+  EXPECT_EQ(FileText(long_path), kOld);
 }
 
 TEST(DiffAccept, RepairOfAFileIsAcceptedForTheseTextsOnly) {

@@ -283,6 +283,29 @@ TEST_F(Lint, ABaselineThatIsWrittenAnewKeepsWhatIsStillFound) {
   EXPECT_EQ(FileText(baseline), kept);
 }
 
+TEST_F(Lint, ABaselineThatIsReplacedKeepsReasons) {
+  const std::string baseline = folder_.Path("baseline.json");
+  EXPECT_THAT(Run(kThree, {"--write-baseline", baseline}).err,
+              HasSubstr("baseline.json: 3 entries written\n"));
+  std::string kept = FileText(baseline);
+  kept.insert(kept.find("\n    }"), ",\n      \"reason\": \"agreed\"");
+  Write("baseline.json", kept);
+  EXPECT_EQ(Run(kThree, {"--write-baseline", baseline}).status, 0);
+  EXPECT_EQ(FileText(baseline), kept);
+}
+
+TEST_F(Lint, OnlyABaselineIsReplaced) {
+  const ToolRun run = Run(kThree, {"--write-baseline", folder_.Path("a.json")});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("a.json:1:1: this is not a baseline: it has no 'findings'\n"));
+  EXPECT_EQ(FileText(folder_.Path("a.json")), kThree);
+  for (const char* option : {"--baseline", "--write-baseline"}) {
+    const ToolRun input = Run(kThree, {option, "-"});
+    EXPECT_EQ(input.status, 2);
+    EXPECT_EQ(input.err, "zelk-metadata: --baseline and --write-baseline need a file, not -\n");
+  }
+}
+
 TEST_F(Lint, NothingIsPassedIfNoRuleIsLeft) {
   const ToolRun run = Run(kThree, {"--rule", "unknown-key", "--except", "unknown-key"});
   EXPECT_EQ(run.status, 2);

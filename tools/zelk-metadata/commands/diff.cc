@@ -12,6 +12,7 @@
 #include "diff/kinds.h"
 #include "diff/report.h"
 #include "domains/table.h"
+#include "host/accepted_file.h"
 #include "host/git_input.h"
 #include "host/project_file.h"
 #include "host/settings_file.h"
@@ -51,6 +52,11 @@ std::string ProblemOf(const Arguments& arguments) {
   const bool is_text = arguments.output.empty() || arguments.output == "text";
   if (arguments.bump && (arguments.json || !is_text)) {
     return "--bump prints one word, whatever --output is";
+  }
+  const auto& accept = arguments.accept;
+  const bool is_accepted_input = std::find(accept.begin(), accept.end(), kInput) != accept.end();
+  if (is_accepted_input || arguments.new_accept == kInput) {
+    return "--accept and --write-accept need a file, not -";
   }
   if (arguments.list_kinds) return "";
   if (!arguments.sources.empty()) return "diff takes OLD and NEW as operands, not as --source";
@@ -107,7 +113,7 @@ bool ReadChoices(const Invocation& call, Report& report) {
     });
   }
   report.accepted_files = arguments.accept;
-  for (const std::string& file : arguments.accept) {
+  for (const std::string& file : WithReplaced(arguments.accept, arguments.new_accept)) {
     ReadSettings(file, complaints, [&](const auto& document, auto& problems) {
       for (auto& entry : Analysis::ReadAccepted(document, Diff::kAcceptedForm, problems)) {
         entry.file = file;
@@ -198,8 +204,10 @@ ExitStatus WriteAccepted(const Invocation& call, const Report& report) {
     return call.Fail(ExitStatus::kSourceFailed,
                      path + ": not written, since not all could be compared");
   }
-  if (Diff::WriteAccepted(path, report)) return ExitStatus::kOk;
-  return call.Fail(ExitStatus::kOutputLost, path + ": the file could not be written");
+  const auto entries = Diff::WriteAccepted(path, report);
+  if (!entries) return call.Fail(ExitStatus::kOutputLost, path + ": the file could not be written");
+  call.Complain(WrittenText(path, *entries));
+  return ExitStatus::kOk;
 }
 
 /// Prints one word, and nothing if that is not known.

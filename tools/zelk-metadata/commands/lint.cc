@@ -4,6 +4,7 @@
 #include <set>
 
 #include "domains/table.h"
+#include "host/accepted_file.h"
 #include "host/input.h"
 #include "host/project_file.h"
 #include "language/invocation.h"
@@ -47,6 +48,9 @@ std::string ProblemOf(const Arguments& arguments) {
                                      UnknownChoice("rule", arguments.rules, RuleNames()),
                                      UnknownChoice("rule", arguments.except, RuleNames())}) {
     if (!problem.empty()) return problem;
+  }
+  if (arguments.baseline == "-" || arguments.new_baseline == "-") {
+    return "--baseline and --write-baseline need a file, not -";
   }
   if (arguments.fail_on.empty()) return "";
   return UnknownChoice("severity", {arguments.fail_on}, SeverityNames());
@@ -125,8 +129,12 @@ ExitStatus WriteBaseline(const Invocation& call, const Lint::Report& report) {
     return call.Fail(ExitStatus::kSourceFailed,
                      path + ": not written, since not all files could be read");
   }
-  if (Lint::WriteBaseline(path, report)) return ExitStatus::kOk;
-  return call.Fail(ExitStatus::kOutputLost, path + ": the baseline could not be written");
+  const auto entries = Lint::WriteBaseline(path, report);
+  if (!entries) {
+    return call.Fail(ExitStatus::kOutputLost, path + ": the baseline could not be written");
+  }
+  call.Complain(WrittenText(path, *entries));
+  return ExitStatus::kOk;
 }
 
 ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& inputs,
@@ -172,7 +180,10 @@ ExitStatus RunLint(Invocation& call) {
   if (reads_input && !call.MayReadInput()) return ExitStatus::kUsage;
   const std::string config =
       arguments.config.empty() ? FindProjectFile().value_or("") : arguments.config;
-  Lint::Choices choices = Lint::ReadChoices(config, arguments.baseline);
+  std::vector<std::string> baselines;
+  if (!arguments.baseline.empty()) baselines.push_back(arguments.baseline);
+  Lint::Choices choices =
+      Lint::ReadChoices(config, WithReplaced(std::move(baselines), arguments.new_baseline));
   for (const std::string& complaint : choices.complaints) call.Complain(complaint);
   if (!choices.complaints.empty()) return ExitStatus::kUsage;
   const Rules rules = ChosenRules(arguments, choices.off);

@@ -89,12 +89,14 @@ void WriteSummary(JsonWriter& json, const Report& report) {
 
 }  // namespace
 
-bool WriteAccepted(const std::string& path, const Report& report) {
+std::optional<std::size_t> WriteAccepted(const std::string& path, const Report& report) {
   AcceptedWriter writer(kAcceptedForm);
-  for (const Entry& entry : report.entries) {
-    const Change& change = *entry.change;
-    writer.Add(change.kind->id, FingerprintText(change.fingerprint), change.element,
-               entry.accepted);
+  for (const auto* entries : {&report.entries, &report.others}) {
+    for (const Entry& entry : *entries) {
+      const Change& change = *entry.change;
+      writer.Add(change.kind->id, FingerprintText(change.fingerprint), change.element,
+                 entry.accepted);
+    }
   }
   return writer.WriteTo(path);
 }

@@ -27,7 +27,9 @@ void Compare(Report& report) {
   for (const Change& change : report.result.changes) {
     const Class worst = ClassOf(change, report.audiences);
     const Analysis::Accepted* const reason = accepted.Use(change.fingerprint);
-    if (worst != Class::kNotConcerned) report.entries.push_back({&change, worst, reason});
+    const bool is_shown = worst != Class::kNotConcerned;
+    if (!is_shown && reason == nullptr) continue;
+    (is_shown ? report.entries : report.others).push_back({&change, worst, reason});
   }
   // The classes of all audiences may be others.
   std::stable_sort(report.entries.begin(), report.entries.end(),

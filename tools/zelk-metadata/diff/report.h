@@ -77,6 +77,9 @@ struct Report {
   std::vector<std::string> accepted_files;
   std::vector<Analysis::Accepted> accepted;
 
+  /// The accepted changes that concern other audiences only.
+  std::vector<Entry> others;
+
   /// The entries that accept nothing.
   std::vector<Unused> unused;
 
@@ -127,8 +130,9 @@ inline constexpr std::array<Class, 4> kShownClasses{Class::kBreaking, Class::kDa
 
 // The outputs. That of JSON is written into the document of the command.
 void WriteJson(JsonWriter& json, const Report& report);
-/// Writes what --accept reads. False if the file could not be written.
-bool WriteAccepted(const std::string& path, const Report& report);
+/// Writes what --accept reads. Returns how many entries that are; empty if the file could not be
+/// written.
+std::optional<std::size_t> WriteAccepted(const std::string& path, const Report& report);
 /// In the terminal's width.
 void WriteText(std::ostream& out, const Report& report, const Terminal& terminal);
 /// For release notes.

@@ -1,5 +1,6 @@
 #include "host/accepted_file.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -31,6 +32,7 @@ AcceptedWriter::AcceptedWriter(const Analysis::AcceptedForm& form) : form_(form)
 
 void AcceptedWriter::Add(const std::string& id, const std::string& fingerprint,
                          const std::string& element, const Analysis::Accepted* earlier) {
+  ++count_;
   json_.StartObject();
   json_.Member(form_.id, id);
   json_.Member("fingerprint", fingerprint);
@@ -40,12 +42,25 @@ void AcceptedWriter::Add(const std::string& id, const std::string& fingerprint,
   json_.EndObject();
 }
 
-bool AcceptedWriter::WriteTo(const std::string& path) {
+std::optional<std::size_t> AcceptedWriter::WriteTo(const std::string& path) {
   json_.EndArray();
   json_.EndObject();
   std::ostringstream text;
   json_.WriteTo(text, true);
-  return ReplaceFile(path, text.str());
+  if (!ReplaceFile(path, text.str())) return std::nullopt;
+  return count_;
+}
+
+std::vector<std::string> WithReplaced(std::vector<std::string> lists, const std::string& written) {
+  std::error_code error;
+  const bool is_read = std::find(lists.begin(), lists.end(), written) != lists.end();
+  if (!is_read && std::filesystem::is_regular_file(written, error)) lists.push_back(written);
+  return lists;
+}
+
+std::string WrittenText(const std::string& path, std::size_t entries) {
+  return path + ": " + std::to_string(entries) + (entries == 1 ? " entry" : " entries") +
+         " written";
 }
 
 bool ReplaceFile(const std::string& path, std::string_view text) {

@@ -1,5 +1,7 @@
 #include "lint/choices.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "analysis/lint/configuration.h"
@@ -7,7 +9,7 @@
 
 namespace Zelk::Tool::Lint {
 
-Choices ReadChoices(const std::string& configuration, const std::string& baseline) {
+Choices ReadChoices(const std::string& configuration, const std::vector<std::string>& baselines) {
   Choices choices;
   choices.suppressions.today = Today();
   choices.configuration_file = configuration;
@@ -22,11 +24,12 @@ Choices ReadChoices(const std::string& configuration, const std::string& baselin
                    problems = std::move(read.problems);
                  });
   }
-  if (!baseline.empty()) {
+  auto& accepted = choices.suppressions.baseline;
+  for (const std::string& baseline : baselines) {
     ReadSettings(baseline, choices.complaints,
                  [&](const Analysis::Document& document, auto& problems) {
-                   choices.suppressions.baseline =
-                       Analysis::ReadAccepted(document, Analysis::kBaselineForm, problems);
+                   auto read = Analysis::ReadAccepted(document, Analysis::kBaselineForm, problems);
+                   std::move(read.begin(), read.end(), std::back_inserter(accepted));
                  });
   }
   return choices;

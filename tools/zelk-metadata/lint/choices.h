@@ -24,7 +24,7 @@ struct Choices {
   std::vector<std::string> complaints;
 };
 
-/// Reads both files; an empty path stands for none.
-Choices ReadChoices(const std::string& configuration, const std::string& baseline);
+/// Reads the files. An empty path of a configuration stands for no file.
+Choices ReadChoices(const std::string& configuration, const std::vector<std::string>& baselines);
 
 }  // namespace Zelk::Tool::Lint
