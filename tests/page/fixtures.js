@@ -145,3 +145,33 @@ export function hostileSources() {
     writeSource('hostile-cli.json', { cli: [...namespaces, ...commands] }),
   ];
 }
+
+/** Each is shown as its code in names. */
+export const UNSEEN = [0x200b, 0x200f, 0x061c, 0x00ad, 0xe0041, 0x2028, 0x202e];
+
+/** Two sources that describe the schemes of one component, and names that cannot be seen. */
+export function oddSources() {
+  const names = [' ', `a${String.fromCodePoint(...UNSEEN)}b`, '\u0645\u06cc\u200c\u062e'];
+  const content = {
+    name: 'sh.p',
+    documentation: '',
+    metadata: {},
+    enumerations: [],
+    structures: names.map((name) => structure(name, [])),
+    services: [],
+  };
+  const schemes = (name) => ({
+    authentication: {
+      component: {
+        name: 'sh',
+        schemes: { a: { authenticationScheme: name, type: 'SESSIONLESS' } },
+        packages: { 'sh.p': ['a'] },
+      },
+    },
+  });
+  return [
+    writeSource('odd.json', component('sh', [content])),
+    writeSource('c0.json', schemes('x.a')),
+    writeSource('c1.json', schemes('y.a')),
+  ];
+}

@@ -1,10 +1,19 @@
 // What people see of the page, in both browsers.
 
 import assert from 'node:assert/strict';
+import { readFileSync } from 'node:fs';
 import { createServer } from 'node:http';
 import { after, before, describe, test } from 'node:test';
+import { fileURLToPath, pathToFileURL } from 'node:url';
 
-import { COPIES, HOSTILE_TEXTS, hostileSources, shadowedSources } from './fixtures.js';
+import {
+  COPIES,
+  HOSTILE_TEXTS,
+  hostileSources,
+  oddSources,
+  shadowedSources,
+  UNSEEN,
+} from './fixtures.js';
 import {
   BROWSERS,
   follow,
@@ -17,6 +26,7 @@ import {
   screenshot,
   settle,
   violations,
+  writeSource,
 } from './support.js';
 
 const SOURCE = 'com.orvane.zelk.metadata.metamodel.source';
@@ -41,6 +51,7 @@ const KINDS = {
 const own = makePage('own', ['metadata']);
 const shadowed = makePage('shadowed', shadowedSources(), 1);
 const hostile = makePage('hostile', hostileSources());
+const odd = makePage('odd', oddSources());
 
 function testIn(name) {
   describe(name, { concurrency: 1 }, () => {
@@ -167,6 +178,89 @@ function testIn(name) {
       assert.equal(await text('[aria-current="page"] .name'), 'field_info');
     });
 
+    test('back leads to the same place of the page as it was', async () => {
+      await load(tab, shadowed + '#/structure/a.b.many');
+      await tab.click('main tbody button');
+      await tab.evaluate(() => scrollTo(0, 3000));
+      await follow(tab, '#/package/a.b');
+      assert.equal(await tab.evaluate(() => scrollY), 0);
+      await tab.evaluate(() => history.back());
+      await tab.waitForFunction(() => document.title.includes('many'));
+      assert.equal((await texts('main tbody tr')).length, COPIES);
+      assert.equal(await tab.evaluate(() => scrollY), 3000);
+      await tab.evaluate(() => history.forward());
+      await tab.waitForFunction(() => !document.title.includes('many'));
+      assert.equal(await tab.evaluate(() => scrollY), 0);
+    });
+
+    test('an address of nothing leads to similar names', async () => {
+      await load(tab, own);
+      for (const address of [
+        '#/constructor/x',
+        '#/toString',
+        '#/search',
+        '#/search/constructor:x',
+      ]) {
+        await follow(tab, address);
+        assert.ok(await text('h1'), address);
+      }
+      await follow(tab, '#/constructor/source');
+      assert.match(await text('main'), /not found source.*In names/s);
+    });
+
+    test('a page that cannot be read says so', async () => {
+      const html = readFileSync(fileURLToPath(own), 'utf8');
+      for (const block of ['structure', 'documentation']) {
+        const damaged = html.replace(new RegExp(`(id="${block}">.{50})....`), '$1AAAA');
+        assert.notEqual(damaged, html);
+        const probe = await browser.newPage();
+        const file = writeSource(`${name}-${block}.html`, damaged);
+        await probe.goto(pathToFileURL(file).href);
+        await probe.waitForSelector('[role="alert"]');
+        const visible = await probe.$eval('main', (main) => main.innerText);
+        assert.match(visible, /^This page is damaged/);
+        assert.doesNotMatch(visible, /Reading the page/);
+        assert.equal(/operation/.test(visible), block === 'documentation');
+        await probe.close();
+      }
+      const old = await browser.newPage();
+      await old.evaluateOnNewDocument(() => delete window.DecompressionStream);
+      await old.goto(own);
+      await old.waitForSelector('[role="alert"]');
+      await old.close();
+    });
+
+    test('names that cannot be seen are shown as codes or as blank', async () => {
+      await load(tab, odd + '#/package/sh.p');
+      const names = await texts('main tbody th');
+      const code = (one) => `⟨U+${one.toString(16).toUpperCase().padStart(4, '0')}⟩`;
+      const coded = `a${UNSEEN.map(code).join('')}b`;
+      assert.ok(names.includes('(blank)'), names.join());
+      assert.ok(names.includes(coded), names.join());
+      assert.ok(names.includes('\u0645\u06cc\u200c\u062e'), names.join());
+      await assertAccessible();
+      await tab.click('main tbody th:first-child a');
+      await settle(tab);
+      assert.equal(await heading(tab), '(blank)');
+      await tab.keyboard.press(']');
+      await tab.waitForFunction(() => document.title.includes('b ·'));
+      assert.ok((await tab.title()).includes(coded));
+    });
+
+    test('schemes of one name lead to their own pages', async () => {
+      await load(tab, odd + '#/package/sh.p');
+      for (const scheme of ['x.a', 'y.a']) {
+        await follow(tab, '#/package/sh.p');
+        const link = await tab.$$eval(
+          'main td .list a',
+          (links, wanted) => links.find((one) => one.textContent === wanted).getAttribute('href'),
+          scheme,
+        );
+        await follow(tab, link);
+        assert.match(await text('main'), new RegExp(`Definition${scheme.replace('.', '\\.')}`));
+      }
+    });
+
     test('search finds names, parts, initials, kinds, types and documentation', async () => {
       await load(tab, own);
       const first = async (query) => {
@@ -203,7 +297,19 @@ function testIn(name) {
       await assertAccessible();
       await search('source');
       await assertAccessible();
-      assert.match(await text('#count'), /^\d+ results$/);
+      await tab.waitForFunction(() =>
+        /^\d+ names; In documentation, the first: 40$/.test(
+          document.querySelector('#count').textContent,
+        ),
+      );
+      assert.deepEqual(await texts('#hits .group'), [
+        'Names, the best 40',
+        'In documentation, the first 40',
+      ]);
+      await load(tab, own + '#/search/hex%20digits');
+      assert.equal(await tab.$eval('#query', (input) => input.value), 'hex digits');
+      await tab.waitForFunction(() => document.querySelector('main h2'));
+      assert.match(await text('main'), /0 names.*In documentation/);
       await screenshot(tab, `${name}-searching`);
     });
 
@@ -303,6 +409,13 @@ function testIn(name) {
       assert.ok((await rows()) > 5);
       await tab.click('.tree ul ul .opener');
       assert.equal(await rows(), 5);
+      await tab.click('.tree ul ul .opener');
+      const before = await rows();
+      for (const [kind, address] of Object.entries(KINDS))
+        if (/^op|^st/.test(kind)) await follow(tab, address);
+      assert.ok((await rows()) > before);
+      await follow(tab, KINDS.component);
+      assert.equal(await rows(), before);
       await tab.setViewport({ width: 320, height: 720 });
       assert.ok(await tab.$eval('#sidebar', (one) => getComputedStyle(one).display === 'none'));
       await tab.click('#menu');
@@ -353,6 +466,11 @@ function testIn(name) {
       }
       await follow(tab, names[0]);
       assert.ok((await text('main')).includes(HOSTILE_TEXTS[0].slice(0, 20)));
+      await follow(
+        tab,
+        names.find((one) => one.includes(encodeURIComponent('\u202eevil'))),
+      );
+      assert.match(await tab.title(), /^⟨U\+202E⟩evil⟨U\+2066⟩⟨U\+0000⟩/);
       await screenshot(tab, `${name}-hostile`);
       const width = await tab.evaluate(() => document.scrollingElement.scrollWidth);
       assert.ok(width <= 1280, String(width));
@@ -396,6 +514,11 @@ function testIn(name) {
         assert.deepEqual([await display('.bar'), await display('.sidebar')], ['none', 'none']);
         assert.notEqual(await display('main'), 'none');
         await screenshot(tab, `${name}-print`);
+        await load(tab, shadowed + '#/structure/a.b.many');
+        assert.equal(
+          await tab.$eval('main tbody tr:last-child', (row) => row.innerText.trim()),
+          '150 more',
+        );
         await tab.emulateMediaType(null);
       });
 

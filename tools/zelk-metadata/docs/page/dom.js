@@ -1,11 +1,17 @@
 // Making elements. Every text becomes a text node, so none of it can be taken for HTML.
 
-/** Control characters, and those that change the direction of what follows. */
-// eslint-disable-next-line no-control-regex
-const UNSEEN = /[\u0000-\u0008\u000b-\u001f\u007f-\u009f\u202a-\u202e\u2066-\u2069\ufeff]/g;
+/**
+ * Characters that cannot be seen or that change the direction of text. Joiners of other scripts and
+ * of emoji have an effect; browsers show halves of characters themselves.
+ */
+const UNSEEN =
+  /(?![\t\n\p{Cs}]|(?<=[^ -~\p{C}\p{sc=Latn}])[\u200c\u200d])[\p{C}\p{Zl}\p{Zp}\u034f\u115f\u1160\u2800\u3164\uffa0]/gu;
 
 /** Longer texts are shown in part, and whole on demand. */
 const LONG = 4000;
+
+/** How many rows longer lists show at once. */
+export const STEP = 200;
 
 /**
  * An element: "tag.class.class", then children, arrays of them, and objects with attributes. Event
@@ -33,13 +39,18 @@ function setAttributes(element, attributes) {
 export function shown(text, length = Infinity) {
   return (text.length > length ? text.slice(0, length) + '…' : text).replace(
     UNSEEN,
-    (unseen) => `⟨U+${unseen.charCodeAt(0).toString(16).toUpperCase().padStart(4, '0')}⟩`,
+    (unseen) => `⟨U+${unseen.codePointAt(0).toString(16).toUpperCase().padStart(4, '0')}⟩`,
   );
+}
+
+/** The text of a name, which is never blank. */
+export function shownName(text) {
+  return shown(text, 200).trim() || '(blank)';
 }
 
 /** A name, which keeps its direction to itself. Lines may end after its dots and underscores. */
 export function name(text) {
-  const parts = shown(text, 200).split(/(?<=[._])/);
+  const parts = shownName(text).split(/(?<=[._])/);
   return h(
     'bdi.name',
     parts.map((part, i) => [i > 0 && h('wbr'), part]),
@@ -78,21 +89,18 @@ export function counted(count, what) {
 }
 
 /**
- * Appends what `make(item)` returns to the parent, in steps: the first ones now, others on demand.
- * `wrap(button)` returns what the button for that is in.
+ * Appends what `make(item)` returns to the parent, in steps: those after the first ones on demand.
+ * `wrap(rest)` returns what the number of the others, which is also printed, and a button are in.
  */
-export function inSteps(parent, items, make, wrap, step = 200, first = 0) {
-  const more = h('button.action', {
-    type: 'button',
-    onclick: () => show()?.querySelector('a')?.focus(),
-  });
-  const row = wrap(more);
+export function inSteps(parent, items, make, wrap = (rest) => h('li', rest), first = 0) {
+  const count = h('span');
+  const row = wrap([count, action('Show more', () => show().querySelector('a')?.focus())]);
   const show = () => {
-    const nodes = items.slice(first, first + step).map(make);
-    first += step;
+    const nodes = items.slice(first, first + STEP).map(make);
+    first += STEP;
     row.remove();
     parent.append(...nodes);
-    more.textContent = `Show more (${number(items.length - first)})`;
+    count.textContent = `${number(items.length - first)} more `;
     if (first < items.length) parent.append(row);
     return nodes[0];
   };

@@ -1,7 +1,7 @@
 // Reads the data, then shows the page of the address and those that follow.
 
+import { h, name } from './dom.js';
 import { Model } from './model.js';
-import { fillDocumentation } from './parts.js';
 import { parseAddress } from './routes.js';
 import { SearchBox } from './search_box.js';
 import { SearchIndex } from './search_index.js';
@@ -12,8 +12,13 @@ import { viewAt } from './views.js';
 const byId = (id) => document.getElementById(id);
 const main = byId('main');
 
+/** What entries of the history show, by their states. */
+const pages = new Map();
+const MOST_PAGES = 30;
+let page = null;
+
 /** The JSON of a compressed block, which is taken out of the document. */
-async function readBlock(id) {
+async function unpacked(id) {
   const block = byId(id);
   const binary = atob(block.textContent);
   block.remove();
@@ -21,6 +26,16 @@ async function readBlock(id) {
   for (let i = 0; i < binary.length; ++i) bytes[i] = binary.charCodeAt(i);
   const stream = new Blob([bytes]).stream().pipeThrough(new DecompressionStream('deflate'));
   return new Response(stream).json();
+}
+
+async function readBlock(id) {
+  try {
+    return await unpacked(id);
+  } catch (error) {
+    const text = 'This page is damaged, or the browser is too old to read it.';
+    main.replaceChildren(h('p.note', { role: 'alert' }, text), ...(page?.nodes ?? []));
+    throw error;
+  }
 }
 
 /** Waits until the page has been shown and nothing else is to be done. */
@@ -31,11 +46,11 @@ function idle() {
 
 setUpTheme(byId('theme'));
 const model = new Model(await readBlock('structure'));
+document.querySelector('.brand').replaceChildren(name(model.title));
 let made = null;
 const index = () => (made ??= new SearchIndex(model));
 const tree = new Tree(model, byId('tabs'), byId('tree'));
 const input = byId('query');
-let element = -1;
 new SearchBox(model, index, { input, hits: byId('hits'), count: byId('count') });
 
 function openSidebar(isOpen) {
@@ -43,24 +58,37 @@ function openSidebar(isOpen) {
   byId('menu').setAttribute('aria-expanded', isOpen);
 }
 
+/** The page of the address, which is kept for the way back. */
+function makePage(address) {
+  const view = viewAt(model, index, address);
+  if (!history.state) history.replaceState(Math.random(), '');
+  pages.set(history.state, view);
+  if (pages.size > MOST_PAGES) pages.delete(pages.keys().next().value);
+  return view;
+}
+
 /** Shows the page of the address. Focus moves only when one page follows another. */
 function show(isNext) {
   const address = parseAddress(location.hash);
-  const view = viewAt(model, index, address);
-  element = view.element;
-  document.title = [view.title.slice(0, 200), model.title].filter(Boolean).join(' · ');
-  main.replaceChildren(...view.nodes.flat(Infinity).filter(Boolean));
+  if (page) page.scrolled = scrollY;
+  page = pages.get(history.state) ?? makePage(address);
+  document.title = page.title;
+  main.replaceChildren(...page.nodes);
+  if (address.kind === 'search') input.value = address.names[0] ?? '';
   openSidebar(false);
-  tree.reveal(element, location.hash);
-  const part = byId(address.part);
+  tree.reveal(page.element, location.hash);
+  goTo(byId(address.part), isNext);
+}
+
+function goTo(part, isNext) {
   part?.classList.add('chosen');
-  if (part) part.scrollIntoView({ block: 'center' });
-  else if (isNext) window.scrollTo(0, 0);
+  if (part && !page.scrolled) part.scrollIntoView({ block: 'center' });
+  else if (isNext) scrollTo(0, page.scrolled);
   if (part || isNext) (part || main.querySelector('h1')).focus({ preventScroll: true });
 }
 
 function goBeside(step) {
-  const address = tree.sibling(element, step);
+  const address = tree.sibling(page.element, step);
   if (address) location.hash = address;
 }
 
@@ -83,12 +111,14 @@ byId('skip').addEventListener('click', (event) => {
   event.preventDefault();
   main.querySelector('h1').focus();
 });
-window.addEventListener('hashchange', () => show(true));
+addEventListener('hashchange', () => show(true));
+// The page before has its place until the one that follows is shown.
+history.scrollRestoration = 'manual';
 show(false);
 
 await idle();
 model.texts = await readBlock('documentation');
-fillDocumentation(main);
+model.waiting.forEach((fill) => fill());
 await idle();
 index();
 document.documentElement.dataset.state = 'ready';

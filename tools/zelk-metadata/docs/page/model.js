@@ -52,6 +52,9 @@ export class Model {
   /** The documentation of each element or 0; null until it is read. */
   texts = null;
 
+  /** What to call then. */
+  waiting = [];
+
   constructor(data) {
     Object.assign(this, data);
     for (const column of COLUMNS) this[column] = Int32Array.from(data[column]);
@@ -71,8 +74,8 @@ export class Model {
   /** What is answered although its owner is not is in what is answered in its owner's place. */
   findHomes() {
     this.owner.forEach((owner, id, owners) => {
-      if (owner === id)
-        owners[id] = -1; // the root namespace
+      // The root namespace.
+      if (owner === id) owners[id] = -1;
       else if (owner >= 0 && this.isFound(id) && !this.isFound(owner) && this.by[owner] >= 0) {
         owners[id] = this.by[owner];
       }
@@ -158,7 +161,7 @@ export class Model {
   /** The same, in the order of their names. */
   sorted(id, kind) {
     const keyed = this.children(id, kind).map((child) => [this.nameOf(child).toLowerCase(), child]);
-    keyed.sort(([a, first], [b, second]) => (a < b ? -1 : a > b ? 1 : first - second));
+    keyed.sort(([a], [b]) => (a < b ? -1 : Number(a > b)));
     return keyed.map(([, child]) => child);
   }
 
@@ -186,6 +189,16 @@ export class Model {
   ofKind(kind) {
     const code = this.kinds.indexOf(kind);
     return this.all((id) => this.kind[id] === code && this.isFound(id));
+  }
+
+  /** The answered components of a domain. */
+  components(domain) {
+    return this.ofKind('component').filter((id) => this.sourceOf(id).domain === domain);
+  }
+
+  /** The answered elements of a kind that are in nothing. */
+  roots(kind) {
+    return this.ofKind(kind).filter((id) => this.owner[id] < 0);
   }
 
   /** The numbers of its detail. */

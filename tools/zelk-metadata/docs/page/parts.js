@@ -8,6 +8,11 @@ export function kindText(model, id) {
   return model.kindOf(id).replace('-list', '').replace('-', ' ');
 }
 
+/** The full name of a command or a namespace as people type it. */
+export function words(model, id) {
+  return model.nameOf(id).replaceAll('.', ' ') || 'All commands';
+}
+
 /** Of kinds that begin as others do. */
 const LETTERS = { command: 'Cm', constant: 'Cn', option: 'On', parameter: 'Pr', result: 'Rs' };
 
@@ -53,16 +58,10 @@ export function target(model, { id, name: text }, label = text) {
 }
 
 /** Fills in the element once the documentation is read. */
-function later(model, element, fill) {
-  element.fill = fill;
+export function later(model, element, fill) {
   if (model.texts) fill();
-  else element.dataset.unread = '';
+  else model.waiting.push(fill);
   return element;
-}
-
-/** Fills in what pages have shown before the documentation was read. */
-export function fillDocumentation(root) {
-  for (const element of root.querySelectorAll('[data-unread]')) element.fill();
 }
 
 export function documentation(model, id) {
@@ -176,7 +175,7 @@ export function section(heading, ...content) {
   return h('section', h('h2', heading), content);
 }
 
-function tally(items) {
+export function tally(items) {
   return items.length > 1 && h('small', ' ', number(items.length));
 }
 
@@ -192,7 +191,7 @@ export function table(heading, columns, items, cells, idOf = () => false) {
       others.map((cell) => h('td', cell)),
     );
   };
-  const wrap = (button) => h('tr', h('td', { colspan: columns.length }, button));
+  const wrap = (rest) => h('tr', h('td', { colspan: columns.length }, rest));
   const head = h(
     'thead',
     h(
@@ -250,7 +249,6 @@ export function annotations(model, id) {
 
 /** A list in steps, or false without items. */
 export function list(heading, items, make) {
-  const wrap = (button) => h('li', button);
-  const content = () => inSteps(h('ul.list'), items, (item) => h('li', make(item)), wrap);
+  const content = () => inSteps(h('ul.list'), items, (item) => h('li', make(item)));
   return items.length > 0 && section([heading, tally(items)], content());
 }

@@ -36,11 +36,29 @@ export function href(model, id) {
     return href(model, page) + (isAnnotation ? '' : '?' + partId(model, id));
   }
   const owner = /^(operation|scheme)$/.test(kind) ? [model.nameOf(model.owner[id])] : [];
-  const names = [...owner, model.nameOf(id) || '.'];
+  const names = [...owner, model.nameOf(id)];
   const domain = model.sourceOf(id).domain;
   const pageKind = kind === 'component' && domain === 'authentication' ? domain : kind;
-  const position = model.isFound(id) ? 0 : elementsAt(model, pageKind, names).indexOf(id);
+  const isFirst = kind !== 'scheme' && model.isFound(id);
+  const position = isFirst ? 0 : elementsAt(model, pageKind, names).indexOf(id);
   return path(pageKind, ...names) + (position > 0 ? `@${position + 1}` : '');
+}
+
+/** The pages of what is not an element: resources and sources. */
+export function namedPages(model) {
+  const resources = Array.from(model.resources.keys(), (name) => ({
+    kind: 'resource',
+    name,
+    text: name.slice(name.lastIndexOf('.') + 1) || name,
+    address: path('resource', name),
+  }));
+  const sources = model.sources.map(({ domain, id, file: name }) => ({
+    kind: 'source',
+    name,
+    text: name,
+    address: path('source', domain, id),
+  }));
+  return [...resources, ...sources];
 }
 
 /** What the address and the document call a part of a page. */

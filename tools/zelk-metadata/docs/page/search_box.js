@@ -1,11 +1,11 @@
 // The search in the header: a combobox whose list shows results while one types.
 
-import { counted, h, shown } from './dom.js';
-import { glyph } from './parts.js';
+import { counted, h, shown, shownName } from './dom.js';
+import { glyph, tally } from './parts.js';
 import { path } from './routes.js';
 import { parseQuery } from './search_query.js';
 import { findInTexts, findNearNames } from './search_texts.js';
-import { describe } from './view_search.js';
+import { describe, textsHeading } from './view_search.js';
 
 const SHOWN = 40;
 const PAUSE_MILLISECONDS = 150;
@@ -33,11 +33,12 @@ export class SearchBox {
     const { hits, total } = this.index().find(query);
     this.options = [];
     this.hits.replaceChildren();
-    this.addGroup('Names', hits.slice(0, SHOWN), query.terms);
+    const best = hits.slice(0, SHOWN);
+    this.addGroup(best.length < total ? 'Names, the best' : 'Names', best, query.terms);
     this.hits.hidden = false;
     this.hits.scrollTop = 0;
     this.input.setAttribute('aria-expanded', 'true');
-    this.count.textContent = counted(total, 'result');
+    this.count.textContent = counted(total, 'name');
     this.timer = setTimeout(() => this.searchFurther(query, run, hits.length), PAUSE_MILLISECONDS);
   }
 
@@ -45,16 +46,16 @@ export class SearchBox {
     const isOver = () => run !== this.run;
     const texts = await findInTexts(this.model, query, SHOWN, isOver);
     if (isOver()) return;
-    this.addGroup('In documentation', texts, query.terms);
+    const heading = textsHeading(texts, SHOWN);
+    this.addGroup(heading, texts, query.terms);
+    this.count.textContent += `; ${heading}: ${texts.length}`;
     if (found + texts.length) return;
     const near = await findNearNames(this.model, query, 10, isOver);
     if (isOver()) return;
     this.addGroup('Did you mean', near, []);
-    this.count.textContent = near.length
-      ? `Nothing found; ${counted(near.length, 'similar name')}`
-      : 'Nothing found';
-    if (!near.length)
-      this.hits.append(h('div', { role: 'option', 'aria-disabled': 'true' }, 'Nothing found'));
+    this.count.textContent = 'Nothing found';
+    if (near.length) this.count.textContent += `; ${counted(near.length, 'similar name')}`;
+    else this.hits.append(h('div', { role: 'option', 'aria-disabled': 'true' }, 'Nothing found'));
   }
 
   addGroup(title, hits, words) {
@@ -65,7 +66,7 @@ export class SearchBox {
       h(
         'div',
         { role: 'group', 'aria-label': title },
-        h('div.group', { 'aria-hidden': 'true' }, title),
+        h('div.group', { 'aria-hidden': 'true' }, title, tally(hits)),
         options,
       ),
     );
@@ -82,7 +83,7 @@ export class SearchBox {
         onclick: (event) => this.go(address, event.ctrlKey || event.metaKey),
       },
       glyph(kind),
-      h('bdi.name', marked(shown(text, 200), words)),
+      h('bdi.name', marked(shownName(text), words)),
       h('bdi.around', shown(around, 200)),
     );
     option.address = address;

@@ -1,7 +1,7 @@
 // Search in names. All names are one text in lower case, a line for each, so that a query is a few
 // passes over one string. Nothing computes distances between names unless nothing else is found.
 
-import { path } from './routes.js';
+import { namedPages } from './routes.js';
 import { KINDS } from './search_query.js';
 import { typeText } from './types.js';
 
@@ -73,20 +73,7 @@ export class SearchIndex {
     this.simple = Uint32Array.from(simple);
     this.names.finish();
     this.letters.finish();
-    this.named = [
-      ...Array.from(model.resources.keys(), (name) => ({
-        kind: 'resource',
-        name,
-        text: name.slice(name.lastIndexOf('.') + 1) || name,
-        address: path('resource', name),
-      })),
-      ...model.sources.map(({ domain, id, file: name }) => ({
-        kind: 'source',
-        name,
-        text: name,
-        address: path('source', domain, id),
-      })),
-    ];
+    this.named = namedPages(model);
   }
 
   /** The best hits of a query, and how many there are: `{ hits: [{ id } or { named }], total }`. */

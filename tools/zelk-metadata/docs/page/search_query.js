@@ -21,7 +21,7 @@ export const KINDS = [
 ];
 
 /** Short words for kinds that do not begin with them. */
-const SHORT = { cmd: 'command', ns: 'namespace', svc: 'service' };
+const SHORT = { __proto__: null, cmd: 'command', ns: 'namespace', svc: 'service' };
 
 /** `kind` is empty for all; `terms` are in lower case. */
 export function parseQuery(text) {

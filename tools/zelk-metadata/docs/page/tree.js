@@ -1,11 +1,8 @@
 // The lists at the side. Only what is open is in the document, in steps of a few hundred rows.
 
-import { action, h, inSteps, name } from './dom.js';
+import { action, h, inSteps, name, STEP } from './dom.js';
 import { glyph, kindText } from './parts.js';
-import { href, path } from './routes.js';
-import { looseCommands } from './view_commands.js';
-
-const STEP = 200;
+import { href, namedPages } from './routes.js';
 
 const CHILD_KINDS = {
   component: ['package', 'scheme'],
@@ -15,13 +12,13 @@ const CHILD_KINDS = {
   namespace: ['namespace', 'command'],
 };
 
-/** A row: `label`, `address`, `kind`, and `children()`, which is null for a leaf. */
+/** A row: `name`, `address`, `kind`, and `children()`, which is null for a leaf. */
 function rowOf(model, id) {
   const kind = model.kindOf(id);
   const kinds = CHILD_KINDS[kind] ?? [];
   const hasChildren = kinds.length > 0 && model.children(id, ...kinds).length > 0;
   return {
-    label: kind === 'component' ? model.nameOf(id) : model.relativeName(id),
+    name: kind === 'component' ? model.nameOf(id) : model.relativeName(id),
     address: href(model, id),
     kind: kindText(model, id),
     children: hasChildren ? () => childrenOf(model, id, kinds) : null,
@@ -29,49 +26,40 @@ function rowOf(model, id) {
 }
 
 function childrenOf(model, id, kinds) {
-  return kinds.flatMap((kind) => model.sorted(id, kind)).map((child) => rowOf(model, child));
+  const ids = kinds.flatMap((kind) => model.sorted(id, kind));
+  return rowsOf(model, ids);
 }
 
-function components(model, domain) {
-  const ids = model.ofKind('component').filter((id) => model.sourceOf(id).domain === domain);
+function rowsOf(model, ids) {
   return ids.map((id) => rowOf(model, id));
 }
 
 /** What the root has in it, namespaces without a root, and commands without a namespace. */
 function commands(model) {
-  const roots = model.ofKind('namespace').filter((id) => model.owner[id] < 0);
-  const rows = roots.map((id) => rowOf(model, id));
+  const roots = model.roots('namespace');
+  const rows = rowsOf(model, roots);
   const top = rows.flatMap((row, i) => (model.nameOf(roots[i]) ? [row] : (row.children?.() ?? [])));
-  return [...top, ...looseCommands(model).map((id) => rowOf(model, id))];
+  return [...top, ...rowsOf(model, model.roots('command'))];
 }
 
-function resources(model) {
-  return [...model.resources.keys()].map((text) => ({
-    kind: 'resource',
-    label: text,
-    address: path('resource', text),
-  }));
-}
-
-function sources(model) {
-  return model.sources.map(({ domain, id, file }) => ({
-    kind: 'source',
-    label: file,
-    address: path('source', domain, id),
-  }));
+function named(model, kind) {
+  return namedPages(model).filter((page) => page.kind === kind);
 }
 
 const TABS = [
-  ['Interfaces', (model) => components(model, 'metamodel')],
+  ['Interfaces', (model) => rowsOf(model, model.components('metamodel'))],
   ['Commands', commands],
-  ['Schemes', (model) => components(model, 'authentication')],
-  ['Resources', resources],
-  ['Sources', sources],
+  ['Schemes', (model) => rowsOf(model, model.components('authentication'))],
+  ['Resources', (model) => named(model, 'resource')],
+  ['Sources', (model) => named(model, 'source')],
 ];
 
 export class Tree {
   rows = [];
+  /** What people have opened. */
   opened = new Set();
+  /** What is open only because the current page is in it. */
+  around = new Set();
   current = '';
 
   constructor(model, tabs, panel) {
@@ -120,36 +108,23 @@ export class Tree {
   /** Begins with the step that has the current row, if one has. */
   list(rows) {
     const at = rows.findIndex(
-      ({ address }) => address === this.current || this.opened.has(address),
+      ({ address }) => address === this.current || this.around.has(address),
     );
     const first = Math.max(0, at - (at % STEP));
-    const list = h('ul');
-    const all = () =>
-      list.replaceWith(
-        h(
-          'ul',
-          rows.map((row) => this.item(row)),
-        ),
-      );
-    if (first) list.append(h('li', action(`Show the ${first} before`, all)));
-    return inSteps(
-      list,
-      rows,
-      (row) => this.item(row),
-      (button) => h('li', button),
-      STEP,
-      first,
-    );
+    const item = (row) => this.item(row);
+    const showAll = () => before.replaceWith(...rows.slice(0, first).map(item));
+    const before = h('li', action(`Show the ${first} before`, showAll));
+    return inSteps(h('ul', first > 0 && before), rows, item, undefined, first);
   }
 
   item(row) {
-    const isOpen = row.children && this.opened.has(row.address);
+    const isOpen = row.children && (this.opened.has(row.address) || this.around.has(row.address));
     const isCurrent = row.address === this.current && 'page';
     const label = h(
       'a',
       { href: row.address, 'aria-current': isCurrent },
       glyph(row.kind),
-      name(row.label),
+      name(row.name),
     );
     const opener = row.children ? this.opener(row, isOpen) : h('span.opener');
     return h('li', h('div.row', opener, label), isOpen && this.list(row.children()));
@@ -158,16 +133,17 @@ export class Tree {
   opener(row, isOpen) {
     const button = h(
       'button.opener',
-      { type: 'button', 'aria-expanded': String(Boolean(isOpen)) },
-      h('span.sr', 'Contents of ', name(row.label)),
+      { type: 'button', 'aria-expanded': String(isOpen) },
+      h('span.sr', 'Contents of ', name(row.name)),
     );
     button.addEventListener('click', () => {
-      const isNowOpen = !this.opened.delete(row.address);
-      button.setAttribute('aria-expanded', isNowOpen);
       const item = button.closest('li');
-      if (!isNowOpen) return item.querySelector('ul').remove();
-      this.opened.add(row.address);
-      return item.append(this.list(row.children()));
+      const list = item.querySelector('ul');
+      button.setAttribute('aria-expanded', !list);
+      this.around.delete(row.address);
+      this.opened[list ? 'delete' : 'add'](row.address);
+      if (list) list.remove();
+      else item.append(this.list(row.children()));
     });
     return button;
   }
@@ -175,10 +151,18 @@ export class Tree {
   /** Opens what is around the element, marks it and brings it into view. */
   reveal(id, address) {
     this.current = address.split('?')[0];
+    this.around.clear();
     for (let step = this.model.owner[id] ?? -1; step >= 0; step = this.model.owner[step]) {
-      this.opened.add(href(this.model, step));
+      this.around.add(href(this.model, step));
     }
-    const tabs = { metamodel: 0, cli: 1, authentication: 2, resource: 3, source: 4 };
+    const tabs = {
+      __proto__: null,
+      metamodel: 0,
+      cli: 1,
+      authentication: 2,
+      resource: 3,
+      source: 4,
+    };
     const kind = id < 0 ? address.split('/')[1] : this.model.sourceOf(id).domain;
     this.show(tabs[kind] ?? this.tab ?? 0);
     this.panel.querySelector('[aria-current]')?.scrollIntoView({ block: 'nearest' });

@@ -2,7 +2,7 @@
 // definitions. In front of a name that is not loaded is an empty word.
 
 /** How many types each generic type is made of. */
-const PARTS = { LIST: 1, SET: 1, OPTIONAL: 1, MAP: 2 };
+const PARTS = { __proto__: null, LIST: 1, SET: 1, OPTIONAL: 1, MAP: 2 };
 
 /** More is not shown: types may nest to any depth. */
 const LONGEST = 400;
@@ -10,7 +10,8 @@ const LONGEST = 400;
 /** The pieces of a type: texts, and definitions with their `id`, which is -1 if it is not loaded. */
 export function typePieces(model, row) {
   const pieces = [];
-  const open = []; // how many types each generic type still needs
+  // How many types each generic type still needs.
+  const open = [];
   for (let i = 0; i < row.length && pieces.length < LONGEST; ++i) {
     const link = row[i];
     const word = model.strings[link >> 1];

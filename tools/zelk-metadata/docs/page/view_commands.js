@@ -1,15 +1,10 @@
 // Pages of what CLI files describe.
 
 import { h, name, quiet } from './dom.js';
-import { documentation, heading, overview, section, table, target } from './parts.js';
+import { documentation, heading, overview, section, table, target, words } from './parts.js';
 import { partId } from './routes.js';
 import { around } from './view_interfaces.js';
 import { schemesAt } from './view_schemes.js';
-
-/** A full name as people type it. */
-function words(model, id) {
-  return model.nameOf(id).replaceAll('.', ' ') || 'All commands';
-}
 
 export function viewNamespace(model, id) {
   const text = (one) => words(model, one);
@@ -20,12 +15,8 @@ export function viewNamespace(model, id) {
   ];
 }
 
-/** Commands that no namespace leads to. */
-export function looseCommands(model) {
-  return model.ofKind('command').filter((id) => model.owner[id] < 0);
-}
-
 const ARITIES = {
+  __proto__: null,
   none: 'one value',
   '': 'one value',
   optional: 'one value or none',

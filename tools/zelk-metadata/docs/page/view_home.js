@@ -14,19 +14,17 @@ import {
   sourceLink,
   table,
   title,
+  words,
 } from './parts.js';
 import { KINDS } from './search_query.js';
-import { looseCommands } from './view_commands.js';
 import { packages } from './view_interfaces.js';
 
 const DOMAINS = { metamodel: 'Interfaces', authentication: 'Schemes', cli: 'Commands' };
 
 export function viewHome(model) {
-  const components = model
-    .ofKind('component')
-    .filter((id) => model.sourceOf(id).domain === 'metamodel');
-  const roots = model.ofKind('namespace').filter((id) => model.owner[id] < 0);
-  const top = roots.flatMap((id) => (model.nameOf(id) ? [id] : model.sorted(id, 'namespace')));
+  const top = model
+    .roots('namespace')
+    .flatMap((id) => (model.nameOf(id) ? [id] : model.sorted(id, 'namespace')));
   const card = (id) =>
     h(
       'section.card',
@@ -45,9 +43,9 @@ export function viewHome(model) {
     h('h1', { tabindex: '-1' }, name(model.title)),
     counts(model),
     model.failed.length > 0 && section('Files that do not load', model.failed.map(failure)),
-    components.map(card),
-    overview(model, 'Commands', top, (id) => model.nameOf(id).replaceAll('.', ' ')),
-    overview(model, 'Commands in no namespace', looseCommands(model)),
+    model.components('metamodel').map(card),
+    overview(model, 'Commands', top, (id) => words(model, id)),
+    overview(model, 'Commands in no namespace', model.roots('command')),
     table('Sources', ['File', 'Describes', 'Size'], model.sources, (source) => [
       sourceLink(source),
       DOMAINS[source.domain],

@@ -19,24 +19,25 @@ import {
   target,
   title,
   typeOf,
+  words,
 } from './parts.js';
 import { partId } from './routes.js';
 import { schemesAt } from './view_schemes.js';
 
-/** "3 services, 4 structures". */
-function contents(model, id) {
+/** A column with "3 services, 4 structures". */
+function contents(model) {
   const kinds = ['service', 'operation', 'structure', 'enumeration'];
-  const counts = kinds.map((kind) => [model.children(id, kind).length, kind]);
-  return counts
-    .filter(([count]) => count)
-    .map(([count, kind]) => counted(count, kind))
-    .join(', ');
+  const cell = (id) => {
+    const counts = kinds.map((kind) => [model.children(id, kind).length, kind]);
+    const texts = counts.map(([count, kind]) => count && counted(count, kind));
+    return h('span', texts.filter(Boolean).join(', '));
+  };
+  return ['Contents', cell];
 }
 
 export function packages(model, id) {
   const full = (one) => model.nameOf(one);
-  const column = ['Contents', (one) => h('span', contents(model, one))];
-  return overview(model, 'Packages', model.sorted(id, 'package'), full, column);
+  return overview(model, 'Packages', model.sorted(id, 'package'), full, contents(model));
 }
 
 export function viewComponent(model, id) {
@@ -65,10 +66,9 @@ function constantType(model, id) {
 }
 
 export function viewPackage(model, id) {
-  const column = ['Contents', (one) => h('span', contents(model, one))];
   return [
     heading(model, id, model.nameOf(id)),
-    overview(model, 'Services', model.sorted(id, 'service'), undefined, column),
+    overview(model, 'Services', model.sorted(id, 'service'), undefined, contents(model)),
     definitions(model, id),
     schemesAt(model, [id]),
     annotations(model, id),
@@ -129,9 +129,7 @@ export function viewOperation(model, id) {
       (one) => partId(model, one),
     ),
     schemesAt(model, [...around(model, id), id]),
-    overview(model, 'Commands that call it', commands, (one) =>
-      model.nameOf(one).replaceAll('.', ' '),
-    ),
+    overview(model, 'Commands that call it', commands, (one) => words(model, one)),
     list('Resources it uses', resourcesOf(model, id), resourceLink),
     annotations(model, id),
   ];
@@ -194,11 +192,11 @@ function usedBy(model, id) {
 function useLink(model, id) {
   const owner = model.owner[id];
   const kind = kindText(model, id);
-  const isNamed = /parameter|field|option/.test(kind);
+  const user = /parameter|field|option/.test(kind) ? id : owner;
   return [
     glyph(kindText(model, owner)),
     ' ',
-    link(model, isNamed ? id : owner, model.fullName(isNamed ? id : owner)),
+    link(model, user, model.fullName(user)),
     ' ',
     quiet(kind),
     mark(model, id),
@@ -206,16 +204,13 @@ function useLink(model, id) {
 }
 
 export function viewResource(model, resource) {
+  const full = (id) => fullLink(model, id);
   const unanswered = (id) =>
     model.source[id] !== resource.last && quiet(' not answered: a later source names the resource');
   return [
     title('resource', resource.name),
-    list('Models', [...new Set(resource.models)], (id) => [fullLink(model, id), unanswered(id)]),
-    list('Identifiers that stand for it', [...new Set(resource.users)], (id) =>
-      fullLink(model, id),
-    ),
-    list('Service of that name', model.find('service', resource.name).slice(0, 1), (id) =>
-      fullLink(model, id),
-    ),
+    list('Models', [...new Set(resource.models)], (id) => [full(id), unanswered(id)]),
+    list('Identifiers that stand for it', [...new Set(resource.users)], full),
+    list('Service of that name', model.find('service', resource.name).slice(0, 1), full),
   ];
 }

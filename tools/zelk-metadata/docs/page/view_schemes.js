@@ -1,6 +1,6 @@
 // Pages of what Authentication files describe, and the schemes of what others describe.
 
-import { h, name, quiet } from './dom.js';
+import { h, inSteps, name, quiet } from './dom.js';
 import { fullLink, heading, link, list, mark, section, table, target } from './parts.js';
 
 /** "SESSION_AWARE, session manager …". */
@@ -15,8 +15,7 @@ function entries(model, id) {
   const all = model.children(id, 'entry').flatMap((entry) => model.referencesFrom(entry, 'scheme'));
   const line = (scheme) =>
     h('li', link(model, scheme.id, model.text(scheme.id, 0)), ' ', schemeType(model, scheme.id));
-  const rest = all.length > 100 && h('li', `and ${all.length - 100} more`);
-  return all.length ? h('ul.list', all.slice(0, 100).map(line), rest) : quiet('an empty list');
+  return all.length ? inSteps(h('ul.list'), all, line) : quiet('an empty list');
 }
 
 /** What is listed for each of the elements, each as it is listed. */

@@ -1,7 +1,7 @@
 // Results of searches, and the page with all of them.
 
 import { counted, h, name, number, quiet } from './dom.js';
-import { glyph, kindText, list } from './parts.js';
+import { glyph, kindText, later, list, title } from './parts.js';
 import { href } from './routes.js';
 import { parseQuery } from './search_query.js';
 import { findInTexts, findNearNames } from './search_texts.js';
@@ -15,6 +15,11 @@ export function describe(model, { id, named, pattern }) {
   return { kind: kindText(model, id), text, around, address: href(model, id) };
 }
 
+/** The number of the hits comes after it. */
+export function textsHeading(hits, limit) {
+  return 'In documentation' + (hits.length < limit ? '' : ', the first');
+}
+
 /** What is around the first place of the pattern. */
 function excerpt(model, id, pattern) {
   const text = model.documentation(id);
@@ -23,25 +28,31 @@ function excerpt(model, id, pattern) {
 }
 
 /** Slower searches are filled in when they are done. */
-export function viewSearch(model, index, text) {
+export function viewSearch(model, index, text = '') {
   const query = parseQuery(text);
   const { hits, total } = index.find(query);
   const item = (hit) => {
     const { kind, text: found, around, address } = describe(model, hit);
-    return [glyph(kind), ' ', h('a', { href: address }, name(found)), ' ', quiet(name(around))];
+    return [
+      glyph(kind),
+      ' ',
+      h('a', { href: address }, name(found)),
+      ' ',
+      around && quiet(name(around)),
+    ];
   };
   const rest = h('div');
-  const isOver = () => !rest.isConnected;
-  setTimeout(async () => {
+  const isOver = () => false;
+  later(model, rest, async () => {
     const texts = await findInTexts(model, query, 100, isOver);
-    rest.append(list('In documentation', texts, item) || '');
+    rest.append(list(textsHeading(texts, 100), texts, item) || '');
     if (hits.length + texts.length) return;
     rest.append(list('Did you mean', await findNearNames(model, query, 20, isOver), item) || '');
   });
   const best = hits.length < total && `, of which the best ${number(hits.length)} are shown`;
   return [
-    h('h1', { tabindex: '-1' }, 'Search: ', name(text)),
-    h('p.quiet', { role: 'status' }, counted(total, 'result'), best),
+    title('search', text),
+    h('p.quiet', { role: 'status' }, counted(total, 'name'), best),
     list('In names', hits, item),
     rest,
   ];

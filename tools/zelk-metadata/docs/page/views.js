@@ -1,6 +1,7 @@
 // From an address to the content of the page.
 
-import { h, name } from './dom.js';
+import { shown } from './dom.js';
+import { title } from './parts.js';
 import { elementsAt } from './routes.js';
 import { viewCommand, viewNamespace } from './view_commands.js';
 import { viewHome, viewSource } from './view_home.js';
@@ -29,9 +30,14 @@ const VIEWS = {
   command: viewCommand,
 };
 
-/** The page of an address: its title, its nodes, and its element or -1. */
+/** The page of an address: its title, its nodes, its element or -1, and its place. */
 export function viewAt(model, index, { kind, names, ordinal }) {
-  const page = (title, nodes, element = -1) => ({ title, nodes, element });
+  const page = (subject, nodes, element = -1) => ({
+    title: shown([subject, model.title].filter(Boolean).join(' · '), 400),
+    nodes: nodes.flat(Infinity).filter(Boolean),
+    element,
+    scrolled: 0,
+  });
   const [first, second] = names;
   if (!kind) return page('', viewHome(model));
   if (kind === 'search') return page('Search', viewSearch(model, index(), first));
@@ -47,7 +53,7 @@ export function viewAt(model, index, { kind, names, ordinal }) {
   // Nothing has the address: what may be meant.
   const text = names.at(-1)?.split('.').at(-1) ?? '';
   return page('Not found', [
-    h('h1', { tabindex: '-1' }, 'Not found: ', name(names.join(' '))),
+    title('not found', names.join(' ')),
     viewSearch(model, index(), text).slice(1),
   ]);
 }
