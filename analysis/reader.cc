@@ -263,7 +263,8 @@ class FormatReader {
     ElementId part = kNoElement;
     for (auto open = open_.rbegin(); open != open_.rend(); ++open) {
       if (ReadsSeparateKey(*open)) {
-        failed_parts_.emplace_back(open->object->keys[open->next_key - 1].name);
+        reading_.left_out_part = open->object->keys[open->next_key - 1].name;
+        failed_parts_.push_back(reading_.left_out_part);
         if (part != kNoElement) reading_.elements[part].fate = Fate::kIgnored;
         has_part_failed_ = true;
         return;

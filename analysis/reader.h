@@ -53,6 +53,8 @@ enum class Extent : std::uint8_t {
 /// What the library makes of a document as a file of one domain.
 struct Reading {
   bool loads = false;
+  /// The key of the last part that is left out; or empty.
+  std::string_view left_out_part = {};
   /// The messages of the library, in its order. It gives them if the file does not load. Further
   /// problems are where they were found.
   std::vector<Problem> problems;

@@ -6,6 +6,7 @@
 
 // Access that is opened, which is shown first.
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -21,6 +22,17 @@ std::string Listing(const std::string& first, const std::string& second) {
     "b": {"authenticationScheme": "x.b", "type": "SESSIONLESS"}},
     "packages": {"acme.one": [)" +
          first + R"(], "acme.two": [)" + second + "]}}}}";
+}
+
+/// A file with both parts, each with the scheme of its only package.
+std::string Parts(const std::string& component, const std::string& product) {
+  const auto part = [](const std::string& name, const std::string& scheme) {
+    return R"({"name": ")" + name + R"(", "schemes": {
+        "a": {"authenticationScheme": "x.a", "type": "SESSIONLESS"}}, "packages": {")" +
+           name + R"(.p": [")" + scheme + "\"]}}";
+  };
+  return R"({"authentication": {"component": )" + part("acme", component) + R"(, "product": )" +
+         part("prod", product) + "}}";
 }
 
 /// A scheme is removed from the first list, and the second list is emptied.
@@ -68,4 +80,35 @@ TEST(OpenedAccess, IsFirstInAnnotations) {
   EXPECT_THAT(text, StartsWith("::warning file=new.json,line=4,col="));
   EXPECT_THAT(text, HasSubstr("title=authentication-list-removed::access is opened: the list of"));
   EXPECT_LT(text.find("access is opened"), text.find("::error"));
+}
+
+TEST(PartOfAFile, FailsTheRunIfItDoesNotLoadAnyMore) {
+  const std::string whole = Parts("a", "a");
+  for (const std::string& broken : {Parts("a", "no"), Parts("no", "a")}) {
+    const Versions versions(whole, broken);
+    const ToolRun run = versions.Run({"--for", "auth"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.out, HasSubstr(": warning: Authentication unknown schema name: id"));
+    EXPECT_THAT(run.out, EndsWith("failed: a part of a file does not load\n"));
+    const ToolRun json = versions.Run({"--json", "--for", "auth"});
+    EXPECT_EQ(json.status, 1);
+    const auto files = ParsedJson(json.out, "files");
+    ASSERT_EQ(files.Size(), 1U);
+    EXPECT_STREQ(files[0]["state"].GetString(), "warning");
+    EXPECT_THAT(json.out, HasSubstr("\"failed\":1"));
+    const ToolRun writes = versions.Run({"--for", "auth", "--write-accept", versions.Path("a")});
+    EXPECT_EQ(writes.status, 1);
+  }
+  EXPECT_EQ(Versions(Parts("no", "a"), Parts("a", "no")).Run({"--for", "auth"}).status, 1);
+}
+
+TEST(PartOfAFile, FailsNoRunIfItNeverLoaded) {
+  const std::string broken = Parts("a", "no");
+  EXPECT_EQ(Versions(broken, broken + "\n").Run({"--for", "auth"}).status, 0);
+}
+
+TEST(PartOfAFile, IsComparedOnceItLoads) {
+  const ToolRun run = Versions(Parts("a", "no"), Parts("a", "a")).Run({"--for", "auth"});
+  EXPECT_EQ(run.status, 5);
+  EXPECT_THAT(run.out, HasSubstr("the component 'prod' with 1 package has schemes now"));
 }

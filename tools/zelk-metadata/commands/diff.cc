@@ -172,6 +172,18 @@ void LeaveOut(Report& report, const Input& failing, Input& other, Side& other_si
   }
 }
 
+/// A part that does not load in the new version only is a failure. The rest of the file is
+/// compared.
+void AddLostParts(const Input& old_input, Input& new_input) {
+  for (FailedFile& file : new_input.partial) {
+    const auto& others = old_input.partial;
+    const bool is_in_both = std::any_of(others.begin(), others.end(), [&](const auto& other) {
+      return other.id == file.id && other.part == file.part;
+    });
+    if (!is_in_both) new_input.failed.push_back(std::move(file));
+  }
+}
+
 void Fill(const Invocation& call, Side& side, Input input) {
   for (const Unreadable& file : input.unreadable) call.Complain(file.file + ": " + file.reason);
   side.unreadable = input.unreadable.size();
@@ -190,6 +202,7 @@ void ReadVersions(const Invocation& call, Report& report) {
   new_side.is_unreadable = IsUnreadable(new_input);
   LeaveOut(report, new_input, old_input, old_side);
   LeaveOut(report, old_input, new_input, new_side);
+  AddLostParts(old_input, new_input);
   if (old_side.is_unreadable || new_side.is_unreadable) {
     old_input.files.clear();
     new_input.files.clear();

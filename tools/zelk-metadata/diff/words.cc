@@ -44,9 +44,10 @@ void AddCount(std::vector<std::string>& parts, std::size_t count, const char* on
 std::string FailedText(const Report& report) {
   std::vector<std::string> parts;
   std::size_t failed = 0;
+  std::size_t partial = 0;
   std::size_t unreadable = 0;
   for (const Side* side : {&report.old_version, &report.new_version}) {
-    failed += side->failed.size();
+    for (const FailedFile& file : side->failed) ++(file.part.empty() ? failed : partial);
     if (side->is_unreadable) {
       parts.emplace_back(side == &report.old_version ? "OLD cannot be read" : "NEW cannot be read");
     } else {
@@ -54,6 +55,7 @@ std::string FailedText(const Report& report) {
     }
   }
   AddCount(parts, failed, "a file does not load", "files do not load");
+  AddCount(parts, partial, "a part of a file does not load", "parts of files do not load");
   AddCount(parts, unreadable, "a file cannot be read", "files cannot be read");
   return fmt::format("failed: {}", fmt::join(parts, ", "));
 }

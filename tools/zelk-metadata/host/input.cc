@@ -31,32 +31,38 @@ std::vector<LoadReport> ReportsOf(std::vector<FailedFile> files) {
   return reports;
 }
 
-bool InputReader::Accept(const SourceArgument& source,
-                         std::shared_ptr<const Analysis::Document> document) {
+std::optional<std::string> InputReader::Accept(const SourceArgument& source,
+                                               std::shared_ptr<const Analysis::Document> document) {
   const Analysis::Format* const format = FormatOf(*document);
-  if (format == nullptr || !Analysis::Read(*document, *format).loads) return false;
+  if (format == nullptr) return "";
+  const Analysis::Reading reading = Analysis::Read(*document, *format);
+  if (!reading.loads) return "";
   const bool is_free = ids_.emplace(format->domain, source.id).second;
   input_.files.push_back({ShownName(source),
                           format->domain,
                           {is_free ? source.id : source.path, std::move(document)}});
-  return true;
+  if (reading.left_out_part.empty()) return std::nullopt;
+  return std::string(reading.left_out_part);
 }
 
-void InputReader::Refuse(const SourceArgument& source, std::string_view text) {
-  input_.failed.push_back({source.id, FingerprintText(Analysis::FingerprintOf(std::string(text))),
-                           LoadAlone(source, domains_)});
+void InputReader::Refuse(const SourceArgument& source, std::string_view text,
+                         const std::string& part) {
+  (part.empty() ? input_.failed : input_.partial)
+      .push_back({source.id, part, FingerprintText(Analysis::FingerprintOf(std::string(text))),
+                  LoadAlone(source, domains_)});
 }
 
 void InputReader::Read(const SourceArgument& source) {
   if (!paths_.insert(source.path).second) return;
   const auto document =
       std::make_shared<const Analysis::Document>(TextOf(source.path).value_or(""));
-  if (!Accept(source, document)) Refuse(source, document->Text());
+  if (const auto part = Accept(source, document)) Refuse(source, document->Text(), *part);
 }
 
 void InputReader::Add(SourceArgument source, std::string text) {
   const auto document = std::make_shared<const Analysis::Document>(std::move(text));
-  if (Accept(source, document)) return;
+  const auto part = Accept(source, document);
+  if (!part) return;
   // The library reports why. It loads from paths.
   const CopiedInput copied = InputFile::Holding(document->Text());
   if (!copied.file) {  // coverage: a test would have to open all files
@@ -65,7 +71,7 @@ void InputReader::Add(SourceArgument source, std::string text) {
   source.copied_from = source.path;
   source.path = copied.file->Path();
   source.input = copied.file;
-  Refuse(source, document->Text());
+  Refuse(source, document->Text(), *part);
 }
 
 Input ReadInput(const std::vector<SourceArgument>& arguments, std::istream& in,

@@ -2,6 +2,7 @@
 
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -14,10 +15,13 @@
 
 namespace Zelk::Tool {
 
-/// A file that does not load.
+/// A file that does not load, or not as a whole.
 struct FailedFile {
   /// What its source would have.
   std::string id;
+
+  /// What does not load, such as "product"; empty for all of it.
+  std::string part;
 
   /// Of the text.
   std::string fingerprint;
@@ -33,6 +37,9 @@ struct Input {
 
   /// Those that do not load. They are not looked at.
   std::vector<FailedFile> failed;
+
+  /// Those of which a part does not load. The rest is looked at.
+  std::vector<FailedFile> partial;
 
   std::vector<Unreadable> unreadable;
 };
@@ -53,11 +60,13 @@ class InputReader {
   Input Take() { return std::move(input_); }
 
  private:
-  /// Whether the document loads. If so, it is taken.
-  bool Accept(const SourceArgument& source, std::shared_ptr<const Analysis::Document> document);
+  /// Takes the document if it loads. Returns what of it does not, as FailedFile has it, if
+  /// anything.
+  std::optional<std::string> Accept(const SourceArgument& source,
+                                    std::shared_ptr<const Analysis::Document> document);
 
-  /// Takes the messages about a file that does not load.
-  void Refuse(const SourceArgument& source, std::string_view text);
+  /// Takes the messages about a file of which the part does not load.
+  void Refuse(const SourceArgument& source, std::string_view text, const std::string& part);
 
   const DomainTable& domains_;
   Input input_;
