@@ -34,6 +34,18 @@ std::optional<Place> PlaceIn(const Model& model, ElementId id, NodeId node) {
   return node == kNoNode ? PlaceOf(model, id) : PlaceOf(model, id, node);
 }
 
+/// Makes the verdicts dangerous at most, but for some audiences. Returns whether one changed.
+bool Excuse(Verdicts& verdicts, AudienceSet except) {
+  bool is_changed = false;
+  for (std::size_t i = 0; i < kAudiences; ++i) {
+    const bool is_excused = (except & SetOf(static_cast<Audience>(i))) == 0;
+    if (!is_excused || verdicts.at(i) != Class::kBreaking) continue;
+    verdicts.at(i) = Class::kDangerous;
+    is_changed = true;
+  }
+  return is_changed;
+}
+
 }  // namespace
 
 Class ClassOf(const Verdicts& verdicts, AudienceSet audiences) {
@@ -63,16 +75,16 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
   const Kind& kind = *FindKind(id);
   const ModelPair models = Models(domain);
   Verdicts verdicts = details.verdicts.value_or(ByDirection(kind.verdicts, details.direction));
-  if (!details.breaks.empty())
-    verdicts[static_cast<std::size_t>(Audience::kCli)] = Class::kBreaking;
   // The other formats have no annotations.
   const bool may_be_deprecated = domain == Domain::kMetamodel && kind.action == Action::kRemoved &&
                                  ClassOf(verdicts, kAllAudiences) == Class::kBreaking;
-  if (may_be_deprecated && WasDeprecated(pair.old_id)) {
-    for (Class& verdict : verdicts) verdict = std::min(verdict, Class::kDangerous);
+  if (may_be_deprecated && WasDeprecated(pair.old_id) && Excuse(verdicts, details.others_broken)) {
     details.message += ", which was deprecated";
   }
-  if (!details.breaks.empty()) details.message += "; this breaks " + details.breaks;
+  if (!details.breaks.empty()) {
+    verdicts[static_cast<std::size_t>(Audience::kCli)] = Class::kBreaking;
+    details.message += "; this breaks " + details.breaks;
+  }
   if (IsFull()) {
     ++unlisted_[verdicts];
     return;

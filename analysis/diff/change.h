@@ -30,6 +30,9 @@ struct Details {
   std::string assumption = {};
   /// What worked in the old version and does not in the new one; or empty.
   std::string witness = {};
+  /// The audiences that it breaks although they do not use what is removed, so that it does not
+  /// help them that it was deprecated.
+  AudienceSet others_broken = 0;
   /// Commands that are the same and fail now, such as "the command 'acme.start'"; or empty.
   std::string breaks = {};
   /// What may help, such as "possibly renamed to 'c.p.stop'"; or empty.
@@ -92,7 +95,7 @@ class Changes {
   }
 
   /// `id` is that of a kind. `pair` has no elements if the change is about a domain as a whole. A
-  /// removal of what was deprecated is at most dangerous.
+  /// removal of what was deprecated is at most dangerous for those who use it.
   void Add(std::string_view id, Domain domain, Pair pair, Details details);
 
   /// Whether further changes are only counted, so that their texts are not needed.

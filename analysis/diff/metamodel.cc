@@ -26,6 +26,7 @@ void AddDefinition(Metamodel& metamodel, ElementKind kind, Pair pair) {
     const std::string_view name = metamodel.models.Of(pair)[pair.Id()].name;
     if (pair.IsRemoved() && metamodel.reach.IsMissed(name)) {
       details.verdicts = Verdicts{kB, kB, kN, kN, kB};
+      details.others_broken = kAllAudiences;
       details.message = ", but is still named";
     }
   }

@@ -170,6 +170,7 @@ void AddValue(Metamodel& metamodel, const Values& values, Pair pair, Direction d
   if (pair.IsRemoved()) {
     const Class wire = moves_others || IsSent(direction) ? kB : kC;
     details.verdicts = WithWire("enumeration-value-removed", direction, wire);
+    if (moves_others) details.others_broken = SetOf(Audience::kWire);
     details.breaks = breaks;
     if (is_replaced) details.message = ", and another value has its position";
     return metamodel.AddWhole("enumeration-value", pair, std::move(details));

@@ -99,13 +99,13 @@ TEST(SameCommand, IsNamedWithFewOthers) {
               ElementsAre("B component-removed: the commands 'a', 'b' and others"));
 }
 
-TEST(SameCommand, IsAtMostInDangerIfWhatItCallsWasDeprecated) {
+TEST(SameCommand, BreaksEvenIfWhatItCallsWasDeprecated) {
   std::string deprecated = Takes("");
   const std::string plain = R"("metadata": {}, "params")";
   deprecated.replace(deprecated.find(plain), plain.size(),
                      R"("metadata": {"Deprecated": {}}, "params")");
   EXPECT_THAT(Changed({deprecated, Command({})}, {MetamodelFile({"", "", ""}), Command({})}),
-              ElementsAre("DDD-D operation-removed operation:start: the operation 'c.p.s.start' "
+              ElementsAre("DDB-D operation-removed operation:start: the operation 'c.p.s.start' "
                           "was removed, which was deprecated; this breaks the command 'acme.go'"));
 }
 

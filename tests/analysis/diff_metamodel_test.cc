@@ -136,6 +136,29 @@ TEST(Removals, OfWhatWasDeprecatedAreDangerous) {
               ElementsAre(StartsWith("BB--B operation-removed")));
 }
 
+TEST(Removals, OfWhatWasDeprecatedBreakThoseWhoUseTheRest) {
+  const std::string old_value = Deprecated(Value("A"));
+  EXPECT_THAT(Changed({State(old_value + "," + Value("B"), kStateReceived)},
+                      {State(Value("B"), kStateReceived)}),
+              ElementsAre(StartsWith("BDD-c enumeration-value-removed value:A: the value "
+                                     "'c.p.state.A' was removed, which was deprecated")));
+  EXPECT_THAT(Changed({State(Value("A") + "," + Deprecated(Value("B")), kStateSent)},
+                      {State(Value("A"), kStateSent)}),
+              ElementsAre(StartsWith("DDD-c enumeration-value-removed")));
+  EXPECT_THAT(Changed({MetamodelFile({"", Deprecated(Enumeration("c.p.state")), kStateSent})},
+                      {MetamodelFile({"", "", kStateSent})}),
+              ElementsAre("BB--B enumeration-removed enumeration:c.p.state: the enumeration "
+                          "'c.p.state' was removed, but is still named"));
+  const std::string x = Field("x", kText, R"("Deprecated": {})");
+  const std::string y = Field("y", kText);
+  Assumptions positional;
+  positional.parameters = Assumptions::Parameters::kPositional;
+  EXPECT_THAT(Changed({Takes(x + "," + y)}, {Takes(y)}),
+              ElementsAre(StartsWith("DD--c parameter-removed")));
+  EXPECT_THAT(Changed({Takes(x + "," + y)}, {Takes(y)}, positional),
+              ElementsAre(StartsWith("BB--c parameter-removed")));
+}
+
 TEST(Removals, OfOptionalParametersDependOnTheWire) {
   const std::string old_text = Takes(Field("x", Optional(kText)));
   EXPECT_THAT(Changed({old_text}, {Takes("")}), ElementsAre(StartsWith("DB--c parameter-removed")));
