@@ -96,6 +96,8 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
        {&path, &details.old_value, &details.new_value, &details.identity}) {
     (identity += '\0') += *part;
   }
+  (identity += '\0') += details.breaks;
+  for (const Class verdict : verdicts) identity += static_cast<char>(verdict);
   details.identity.clear();
   const bool is_whole = !pair.IsMatched() && details.element.empty();
   if (is_whole && domain != Domain::kAuthentication) identity += IdentityOf(models, pair);

@@ -57,8 +57,8 @@ struct Change {
   std::optional<Place> old_place;
   std::optional<Place> new_place;
   Details details;
-  /// Of the kind, the element, both values, what came or went, and the identity: the same for the
-  /// same change in other files.
+  /// Of the kind, the element, both values, what came or went, the verdicts, the broken commands
+  /// and the identity: the same for the same change in other files, but another one if it is worse.
   std::uint64_t fingerprint;
 };
 

@@ -1,3 +1,5 @@
+#include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -107,6 +109,32 @@ TEST(SameCommand, BreaksEvenIfWhatItCallsWasDeprecated) {
   EXPECT_THAT(Changed({deprecated, Command({})}, {MetamodelFile({"", "", ""}), Command({})}),
               ElementsAre("DDB-D operation-removed operation:start: the operation 'c.p.s.start' "
                           "was removed, which was deprecated; this breaks the command 'acme.go'"));
+}
+
+TEST(SameCommand, MakesAnotherFingerprint) {
+  const auto command = [](const std::string& name) {
+    return Text(CommandText{"", name, {}, "start"});
+  };
+  std::string deprecated = Takes("");
+  const std::string plain = R"("metadata": {}, "params")";
+  deprecated.replace(deprecated.find(plain), plain.size(),
+                     R"("metadata": {"Deprecated": {}}, "params")");
+  const std::string none = MetamodelFile({"", "", ""});
+  Assumptions other;
+  other.deprecated = {"Old"};
+  std::set<std::uint64_t> fingerprints;
+  for (const std::string& commands :
+       {CliFile({}), CliFile({command("a")}), CliFile({command("a"), command("b")})}) {
+    for (const Assumptions& assumptions : {Assumptions{}, other}) {
+      LookAtChanges(
+          {deprecated, commands}, {none, commands},
+          [&](const Result& result) {
+            for (const Change& change : result.changes) fingerprints.insert(change.fingerprint);
+          },
+          assumptions);
+    }
+  }
+  EXPECT_EQ(fingerprints.size(), 6U);
 }
 
 TEST(SameCommand, BreaksWithoutAParameterThatItFills) {
