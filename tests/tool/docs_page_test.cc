@@ -1,7 +1,10 @@
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
+#include <iterator>
 #include <openssl/evp.h>
 #include <string>
+#include <utility>
 #include <vector>
 #include <zlib.h>
 
@@ -13,7 +16,7 @@
 #include "support/repeat.h"
 #include "support/small_stack.h"
 #include "support/temp_folder.h"
-#include "tool/tool_run.h"
+#include "tool/shell_run.h"
 
 // What `docs` writes into the page. tests/page looks at what browsers make of it.
 
@@ -26,6 +29,7 @@ using Zelk::Testing::Repeat;
 using Zelk::Testing::RunLine;
 using Zelk::Testing::RunOnSmallStack;
 using Zelk::Testing::RunOnThree;
+using Zelk::Testing::RunShell;
 using Zelk::Testing::RunTool;
 using Zelk::Testing::TempFolder;
 using Zelk::Testing::ToolRun;
@@ -195,12 +199,47 @@ TEST(DocsCommand, IsWrongUsageWithoutASource) {
   EXPECT_EQ(run.err, "zelk-metadata: a --source is missing; try docs --help\n");
 }
 
-TEST(DocsCommand, ReportsThatThePageCouldNotBeWritten) {
-  for (const char* path : {"/dev/full", "/nowhere/page.html"}) {
-    const ToolRun run = RunOnThree(std::string("docs --output-file ") + path);
+TEST(DocsCommand, WritesThePageToStandardOutputForADash) {
+  const ToolRun run = RunOnThree("docs --output-file -");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, RunOnThree("docs").out);
+}
+
+TEST(DocsCommand, ReportsWhyThePageCouldNotBeWritten) {
+  const TempFolder folder;
+  const std::vector<std::pair<std::string, std::string>> reasons{
+      {"/dev/full", "No space left on device"},
+      {"/nowhere/page.html", "No such file or directory"},
+      {folder.Path(""), "Is a directory"}};
+  for (const auto& [path, reason] : reasons) {
+    const ToolRun run = RunOnThree("docs --output-file " + path);
     EXPECT_EQ(run.status, 4) << path;
-    EXPECT_EQ(run.err, "zelk-metadata: " + std::string(path) + ": the page could not be written\n");
+    EXPECT_EQ(run.err, "zelk-metadata: " + path + ": could not be written: " + reason + "\n");
   }
+}
+
+TEST(DocsCommand, KeepsTheOldPageUnlessTheNewOneIsComplete) {
+  const TempFolder folder;
+  const std::string path = folder.Write("page.html", "old");
+  const std::string command =
+      "$tool docs --source " + kDataFolder + "/commands.json --output-file " + path;
+  const ToolRun run = RunShell("ulimit -f 0; " + command);
+  EXPECT_EQ(run.status, 4);
+  EXPECT_EQ(FileText(path), "old");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path("")), {}), 1);
+  std::filesystem::permissions(path, std::filesystem::perms(0640));
+  std::filesystem::create_symlink("page.html", folder.Path("link"));
+  EXPECT_EQ(RunOnThree("docs --output-file " + folder.Path("link")).status, 0);
+  EXPECT_THAT(FileText(path), EndsWith("</html>\n"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link")));
+  EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0640));
+}
+
+TEST(DocsCommand, WritesThePageToAPipe) {
+  const ToolRun run = RunShell("$tool docs --source " + kDataFolder +
+                               "/commands.json --output-file /dev/stdout | tail -c 8");
+  EXPECT_EQ(run.out, "</html>\n");
+  EXPECT_EQ(run.err, "");
 }
 
 TEST(DocsCommand, ListsFilesThatDoNotLoadOnThePage) {

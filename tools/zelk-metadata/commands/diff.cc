@@ -217,10 +217,8 @@ ExitStatus WriteAccepted(const Invocation& call, const Report& report) {
     return call.Fail(ExitStatus::kSourceFailed,
                      path + ": not written, since not all could be compared");
   }
-  const auto entries = Diff::WriteAccepted(path, report);
-  if (!entries) return call.Fail(ExitStatus::kOutputLost, path + ": the file could not be written");
-  call.Complain(WrittenText(path, *entries));
-  return ExitStatus::kOk;
+  const WrittenList written = Diff::WriteAccepted(path, report);
+  return call.Fail(written.is_written ? ExitStatus::kOk : ExitStatus::kOutputLost, written.message);
 }
 
 /// Prints one word, and nothing if that is not known.

@@ -1,11 +1,12 @@
 #include <algorithm>
-#include <fstream>
 #include <iterator>
+#include <sstream>
 #include <utility>
 
 #include "docs/page.h"
 #include "domains/table.h"
 #include "host/input.h"
+#include "host/replace_file.h"
 #include "language/invocation.h"
 
 namespace Zelk::Tool {
@@ -30,14 +31,14 @@ std::string TitleOf(const Workspace& workspace) {
 /// Where --output-file leads, or what is in its place.
 ExitStatus WritePage(const Invocation& call, const Docs::Subject& subject) {
   const std::string& path = call.Args().output_file;
-  if (path.empty()) {
+  if (path.empty() || path == "-") {
     Docs::WritePage(call.Out(), subject);
     return ExitStatus::kOk;
   }
-  std::ofstream file(path, std::ios::binary);
-  Docs::WritePage(file, subject);
-  if (file.flush()) return ExitStatus::kOk;
-  return call.Fail(ExitStatus::kOutputLost, path + ": the page could not be written");
+  std::ostringstream page;
+  Docs::WritePage(page, subject);
+  const std::string complaint = ReplaceFile(path, page.str());
+  return complaint.empty() ? ExitStatus::kOk : call.Fail(ExitStatus::kOutputLost, complaint);
 }
 
 /// All files on one page.
@@ -74,7 +75,8 @@ Command DocsCommand() {
       "Files that do not load are listed on the page with their messages, and the exit status is "
       "1.\n";
   command.options = {
-      {"output-file", "FILE", Word::kPath, "Write the page to the file, not to standard output",
+      {"output-file", "FILE", Word::kPath,
+       "Write the page to the file; without this, or with -, it goes to standard output",
        &Arguments::output_file},
       {"title", "TEXT", Word::kText, "The title; unless given, the name of the component",
        &Arguments::text},

@@ -129,12 +129,8 @@ ExitStatus WriteBaseline(const Invocation& call, const Lint::Report& report) {
     return call.Fail(ExitStatus::kSourceFailed,
                      path + ": not written, since not all files could be read");
   }
-  const auto entries = Lint::WriteBaseline(path, report);
-  if (!entries) {
-    return call.Fail(ExitStatus::kOutputLost, path + ": the baseline could not be written");
-  }
-  call.Complain(WrittenText(path, *entries));
-  return ExitStatus::kOk;
+  const WrittenList written = Lint::WriteBaseline(path, report);
+  return call.Fail(written.is_written ? ExitStatus::kOk : ExitStatus::kOutputLost, written.message);
 }
 
 ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& inputs,

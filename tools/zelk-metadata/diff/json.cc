@@ -89,7 +89,7 @@ void WriteSummary(JsonWriter& json, const Report& report) {
 
 }  // namespace
 
-std::optional<std::size_t> WriteAccepted(const std::string& path, const Report& report) {
+WrittenList WriteAccepted(const std::string& path, const Report& report) {
   AcceptedWriter writer(kAcceptedForm);
   for (const auto* entries : {&report.entries, &report.others}) {
     for (const Entry& entry : *entries) {

@@ -10,6 +10,7 @@
 
 #include "analysis/accepted.h"
 #include "analysis/diff/compare.h"
+#include "host/accepted_file.h"
 #include "host/input.h"
 #include "render/json_writer.h"
 #include "render/terminal.h"
@@ -130,9 +131,8 @@ inline constexpr std::array<Class, 4> kShownClasses{Class::kBreaking, Class::kDa
 
 // The outputs. That of JSON is written into the document of the command.
 void WriteJson(JsonWriter& json, const Report& report);
-/// Writes what --accept reads. Returns how many entries that are; empty if the file could not be
-/// written.
-std::optional<std::size_t> WriteAccepted(const std::string& path, const Report& report);
+/// Writes what --accept reads.
+WrittenList WriteAccepted(const std::string& path, const Report& report);
 /// In the terminal's width.
 void WriteText(std::ostream& out, const Report& report, const Terminal& terminal);
 /// For release notes.

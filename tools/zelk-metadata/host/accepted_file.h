@@ -1,15 +1,21 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "analysis/accepted.h"
 #include "render/json_writer.h"
 
 namespace Zelk::Tool {
+
+/// Whether a list could be written.
+struct WrittenList {
+  bool is_written;
+
+  /// "PATH: 2 entries written", or why it could not be written.
+  std::string message;
+};
 
 /// Writes a list of what a project accepts, as Analysis::ReadAccepted() reads it.
 class AcceptedWriter {
@@ -20,9 +26,8 @@ class AcceptedWriter {
   void Add(const std::string& id, const std::string& fingerprint, const std::string& element,
            const Analysis::Accepted* earlier);
 
-  /// Ends the list and replaces the file by it. Returns how many entries it has; empty if it could
-  /// not be written.
-  std::optional<std::size_t> WriteTo(const std::string& path);
+  /// Ends the list and replaces the file by it.
+  WrittenList WriteTo(const std::string& path);
 
  private:
   const Analysis::AcceptedForm form_;
@@ -33,12 +38,5 @@ class AcceptedWriter {
 /// The lists to read if one is written, too: a list that will be replaced is read as well. Its
 /// reasons are kept then, and a file that is no such list is refused.
 std::vector<std::string> WithReplaced(std::vector<std::string> lists, const std::string& written);
-
-/// "PATH: 2 entries written".
-std::string WrittenText(const std::string& path, std::size_t entries);
-
-/// Writes the text to the file. A file that is there keeps its old text unless all of the new one
-/// is written, and its permissions; a link still leads to it. False if that fails.
-bool ReplaceFile(const std::string& path, std::string_view text);
 
 }  // namespace Zelk::Tool

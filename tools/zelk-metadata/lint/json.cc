@@ -65,7 +65,7 @@ void WriteSummary(JsonWriter& json, const Summary& summary) {
 
 }  // namespace
 
-std::optional<std::size_t> WriteBaseline(const std::string& path, const Report& report) {
+WrittenList WriteBaseline(const std::string& path, const Report& report) {
   AcceptedWriter writer(Analysis::kBaselineForm);
   report.ForEach([&](const Entry& entry) {
     const bool is_accepted = entry.suppressed_by == SuppressedBy::kNothing ||

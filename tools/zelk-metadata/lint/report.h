@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "analysis/lint/lint.h"
+#include "host/accepted_file.h"
 #include "host/load.h"
 #include "render/json_writer.h"
 #include "render/terminal.h"
@@ -100,8 +101,8 @@ Summary Summarize(const Report& report);
 // The outputs. That of JSON is written into the document of the command.
 void WriteJson(JsonWriter& json, const Report& report);
 /// Writes what --baseline reads: all that nothing but a baseline suppresses, which needs
-/// `shows_suppressed`. Returns how many entries that are; empty if the file could not be written.
-std::optional<std::size_t> WriteBaseline(const std::string& path, const Report& report);
+/// `shows_suppressed`.
+WrittenList WriteBaseline(const std::string& path, const Report& report);
 /// In the terminal's width.
 void WriteText(std::ostream& out, const Report& report, const Terminal& terminal);
 void WriteGithub(std::ostream& out, const Report& report);
