@@ -26,7 +26,7 @@ Query<Record> TitledQuery(const std::string& kind, Service& service,
   return MakeQuery<Record>(service, operation, [kind](const Ids& ids, const auto& record) {
     const std::string title = fmt::format("{} {}", kind, fmt::join(ids, "."));
     return Record{[title, record](Page& page) { WritePage(page, title, *record); },
-                  [record](JsonWriter& json) { WriteJson(json, *record); }};
+                  [record](JsonWriter& json) { WriteRecord(json, *record); }};
   });
 }
 

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include "domains/enum_text.h"
-#include "domains/json_records.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -44,46 +43,35 @@ void WriteParts(Page& page, std::size_t level,
 
 }  // namespace
 
-static void WriteJson(JsonWriter& json,
-                      const Bindings::Authentication::AuthenticationInfo& scheme) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json,
+                         const Bindings::Authentication::AuthenticationInfo& scheme) {
   json.Member("scheme_type", EnumText(scheme.scheme_type));
   json.Member("session_manager", scheme.session_manager);
   json.Member("scheme", scheme.scheme);
-  json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Authentication::ComponentInfo& component) {
-  json.StartObject();
-  WriteMap(json, "packages", component.packages);
-  json.EndObject();
+static void WriteMembers(RecordWriter& json,
+                         const Bindings::Authentication::ComponentInfo& component) {
+  json.Member("packages", component.packages);
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Authentication::OperationInfo& operation) {
-  json.StartObject();
-  WriteList(json, "schemes", operation.schemes);
-  json.EndObject();
+void WriteMembers(RecordWriter& json, const Bindings::Authentication::OperationInfo& operation) {
+  json.Member("schemes", operation.schemes);
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Authentication::ServiceInfo& service) {
-  json.StartObject();
-  WriteList(json, "schemes", service.schemes);
-  WriteMap(json, "operations", service.operations);
-  json.EndObject();
+void WriteMembers(RecordWriter& json, const Bindings::Authentication::ServiceInfo& service) {
+  json.Member("schemes", service.schemes);
+  json.Member("operations", service.operations);
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Authentication::PackageInfo& package) {
-  json.StartObject();
-  WriteList(json, "schemes", package.schemes);
-  WriteMap(json, "services", package.services);
-  json.EndObject();
+void WriteMembers(RecordWriter& json, const Bindings::Authentication::PackageInfo& package) {
+  json.Member("schemes", package.schemes);
+  json.Member("services", package.services);
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Authentication::ComponentData& component) {
-  json.StartObject();
-  WriteOne(json, "info", component.info);
+void WriteMembers(RecordWriter& json, const Bindings::Authentication::ComponentData& component) {
+  json.Member("info", component.info);
   json.Member("fingerprint", component.fingerprint);
-  json.EndObject();
 }
 
 void WritePage(Page& page, const std::string& title,

@@ -10,16 +10,15 @@
 
 #include "domains/bindings.h"
 #include "domains/outline.h"
-#include "render/json_writer.h"
+#include "domains/record_writer.h"
 #include "render/page.h"
 
 namespace Zelk::Tool {
 
-// Each writes the record whole, with its members under their own names and in their own order.
-void WriteJson(JsonWriter& json, const Bindings::Authentication::ComponentData& component);
-void WriteJson(JsonWriter& json, const Bindings::Authentication::PackageInfo& package);
-void WriteJson(JsonWriter& json, const Bindings::Authentication::ServiceInfo& service);
-void WriteJson(JsonWriter& json, const Bindings::Authentication::OperationInfo& operation);
+void WriteMembers(RecordWriter& json, const Bindings::Authentication::ComponentData& component);
+void WriteMembers(RecordWriter& json, const Bindings::Authentication::PackageInfo& package);
+void WriteMembers(RecordWriter& json, const Bindings::Authentication::ServiceInfo& service);
+void WriteMembers(RecordWriter& json, const Bindings::Authentication::OperationInfo& operation);
 
 // Each shows, under the title, the schemes listed for every level from the record down. What counts
 // where a level has none is for the clients of the services to decide, so nothing is filled in.

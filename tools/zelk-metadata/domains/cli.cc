@@ -58,7 +58,7 @@ Query<Record> NodeQuery(Service& service, void (Service::*operation)(Parameters.
             if (!outcome.answer) return {std::nullopt, std::move(outcome.error)};
             const auto info = *outcome.answer;
             return {Record{[info](Page& page) { WritePage(page, *info); },
-                           [info](JsonWriter& json) { WriteJson(json, *info); }},
+                           [info](JsonWriter& json) { WriteRecord(json, *info); }},
                     std::nullopt};
           }};
 }

@@ -233,7 +233,7 @@ Outcome<UsagePage> UsageOf(const CliNodes& nodes, const Names& words) {
     const auto info = command->second;
     const std::string title = "Usage: " + WordsOf(name) + " [OPTIONS]";
     return {UsagePage{{[info, title](Page& page) { WriteUsagePage(page, title, *info); },
-                       [info](JsonWriter& json) { WriteJson(json, *info); }},
+                       [info](JsonWriter& json) { WriteRecord(json, *info); }},
                       Subject{"operation", {info->service_id, info->operation_id}}},
             std::nullopt};
   }

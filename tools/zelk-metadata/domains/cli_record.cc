@@ -3,61 +3,49 @@
 #include <fmt/format.h>
 
 #include "domains/enum_text.h"
-#include "domains/json_records.h"
 
 namespace Zelk::Tool {
 
-static void WriteJson(JsonWriter& json, const Bindings::Cli::TreeIdentity& identity) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json, const Bindings::Cli::TreeIdentity& identity) {
   json.Member("path", identity.path);
   json.Member("name", identity.name);
-  json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Cli::CommandSvc::OptionInfo& option) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json, const Bindings::Cli::CommandSvc::OptionInfo& option) {
   json.Member("long_option", option.long_option);
   json.Member("short_option", option.short_option);
   json.Member("field_name", option.field_name);
   json.Member("description", option.description);
   json.Member("type", option.type);
   json.Member("generic", EnumText(option.generic));
-  json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Cli::CommandSvc::OutputFieldInfo& field) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json,
+                         const Bindings::Cli::CommandSvc::OutputFieldInfo& field) {
   json.Member("field_name", field.field_name);
   json.Member("display_name", field.display_name);
-  json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Cli::CommandSvc::OutputInfo& output) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json, const Bindings::Cli::CommandSvc::OutputInfo& output) {
   json.Member("structure_id", output.structure_id);
-  WriteList(json, "output_fields", output.output_fields);
-  json.EndObject();
+  json.Member("output_fields", output.output_fields);
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Cli::NamespaceSvc::Info& info) {
-  json.StartObject();
-  WriteOne(json, "identity", info.identity);
+void WriteMembers(RecordWriter& json, const Bindings::Cli::NamespaceSvc::Info& info) {
+  json.Member("identity", info.identity);
   json.Member("description", info.description);
-  WriteList(json, "children", info.children);
-  json.EndObject();
+  json.Member("children", info.children);
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Cli::CommandSvc::Info& info) {
-  json.StartObject();
-  WriteOne(json, "identity", info.identity);
+void WriteMembers(RecordWriter& json, const Bindings::Cli::CommandSvc::Info& info) {
+  json.Member("identity", info.identity);
   json.Member("description", info.description);
   json.Member("service_id", info.service_id);
   json.Member("operation_id", info.operation_id);
-  WriteList(json, "options", info.options);
+  json.Member("options", info.options);
   json.Member("formatter", info.formatter ? boost::make_optional(EnumText(*info.formatter))
                                           : boost::optional<std::string>());
-  WriteList(json, "output_field_list", info.output_field_list);
-  json.EndObject();
+  json.Member("output_field_list", info.output_field_list);
 }
 
 std::string FullName(const Bindings::Cli::TreeIdentity& identity) {

@@ -5,7 +5,7 @@
 #include <com/orvane/zelk/metadata/cli/records.h>
 
 #include "domains/bindings.h"
-#include "render/json_writer.h"
+#include "domains/record_writer.h"
 #include "render/page.h"
 
 namespace Zelk::Tool {
@@ -13,9 +13,8 @@ namespace Zelk::Tool {
 /// Path and name as one dotted text; "." for the root namespace.
 std::string FullName(const Bindings::Cli::TreeIdentity& identity);
 
-// Each writes the record whole, with its members under their own names and in their own order.
-void WriteJson(JsonWriter& json, const Bindings::Cli::NamespaceSvc::Info& info);
-void WriteJson(JsonWriter& json, const Bindings::Cli::CommandSvc::Info& info);
+void WriteMembers(RecordWriter& json, const Bindings::Cli::NamespaceSvc::Info& info);
+void WriteMembers(RecordWriter& json, const Bindings::Cli::CommandSvc::Info& info);
 
 void WritePage(Page& page, const Bindings::Cli::NamespaceSvc::Info& info);
 void WritePage(Page& page, const Bindings::Cli::CommandSvc::Info& info);

@@ -36,6 +36,14 @@ constexpr Precedence kLastSource{
     "own."};
 constexpr Precedence kTogether{Rule::kAll, "All sources answer together, each name once."};
 
+template <typename Service, typename... Parameters>
+Query<Record> GetQuery(Service& service, void (Service::*operation)(Parameters...)) {
+  return MakeQuery<Record>(service, operation, [](const Ids& /*ids*/, const auto& record) {
+    return Record{[record](Page& page) { WritePage(page, *record); },
+                  [record](JsonWriter& json) { WriteRecord(json, *record); }};
+  });
+}
+
 /// The services of the domain over one container.
 class Metamodel final : public SourceDomain<SourceSvc, Bindings::Metamodel::SourceSvc::CreateSpec> {
  public:

@@ -1,172 +1,119 @@
 #include "domains/enum_text.h"
-#include "domains/json_records.h"
 #include "domains/metamodel_shapes.h"
 
 namespace Zelk::Tool {
 
-// Static rather than in the unnamed namespace, where the templates below would not find them.
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ComponentInfo& component);
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ConstantInfo& constant);
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ConstantValue& value);
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ElementMap& annotation);
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ElementValue& element);
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::EnumerationValueInfo& value);
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ErrorInfo& error);
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::FieldInfo& field);
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::OperationResultInfo& result);
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::PrimitiveValue& value);
-
 namespace {
-
-void WriteStrings(JsonWriter& json, const char* name,
-                  const boost::optional<std::list<std::string>>& strings) {
-  json.Key(name);
-  if (strings) {
-    json.StringArray(*strings);
-  } else {
-    json.Null();
-  }
-}
 
 /// The two members that end most records.
 template <typename Described>
-void WriteDescription(JsonWriter& json, const Described& record) {
-  WriteMap(json, "metadata", record.metadata);
+void WriteDescription(RecordWriter& json, const Described& record) {
+  json.Member("metadata", record.metadata);
   json.Member("documentation", record.documentation);
 }
 
 }  // namespace
 
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ElementValue& element) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json, const Bindings::Metamodel::ElementValue& element) {
   json.Member("type", EnumText(element.type));
   json.Member("string_value", element.string_value);
-  WriteStrings(json, "list_value", element.list_value);
+  json.Member("list_value", element.list_value);
   json.Member("structure_id", element.structure_id);
-  WriteStrings(json, "structure_ids", element.structure_ids);
-  json.EndObject();
+  json.Member("structure_ids", element.structure_ids);
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ElementMap& annotation) {
-  json.StartObject();
-  WriteMap(json, "elements", annotation.elements);
-  json.EndObject();
+static void WriteMembers(RecordWriter& json, const Bindings::Metamodel::ElementMap& annotation) {
+  json.Member("elements", annotation.elements);
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::FieldInfo& field) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json, const Bindings::Metamodel::FieldInfo& field) {
   json.Member("name", field.name);
-  WriteOne(json, "type", field.type);
+  json.Member("type", field.type);
   WriteDescription(json, field);
-  json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::PrimitiveValue& value) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json, const Bindings::Metamodel::PrimitiveValue& value) {
   json.Member("type", EnumText(value.type));
   json.Member("string_value", value.string_value);
-  json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ConstantValue& value) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json, const Bindings::Metamodel::ConstantValue& value) {
   json.Member("category", EnumText(value.category));
-  WriteOne(json, "primitive_value", value.primitive_value);
-  json.EndObject();
+  json.Member("primitive_value", value.primitive_value);
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ConstantInfo& constant) {
-  json.StartObject();
-  WriteOne(json, "type", constant.type);
-  WriteOne(json, "value", constant.value);
+static void WriteMembers(RecordWriter& json, const Bindings::Metamodel::ConstantInfo& constant) {
+  json.Member("type", constant.type);
+  json.Member("value", constant.value);
   json.Member("documentation", constant.documentation);
-  json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::EnumerationValueInfo& value) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json,
+                         const Bindings::Metamodel::EnumerationValueInfo& value) {
   json.Member("value", value.value);
   WriteDescription(json, value);
-  json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ErrorInfo& error) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json, const Bindings::Metamodel::ErrorInfo& error) {
   json.Member("structure_name", error.structure_name);
   json.Member("documentation", error.documentation);
-  json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::OperationResultInfo& result) {
-  json.StartObject();
-  WriteOne(json, "type", result.type);
+static void WriteMembers(RecordWriter& json,
+                         const Bindings::Metamodel::OperationResultInfo& result) {
+  json.Member("type", result.type);
   WriteDescription(json, result);
-  json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::EnumerationInfo& enumeration) {
-  json.StartObject();
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::EnumerationInfo& enumeration) {
   json.Member("name", enumeration.name);
-  WriteList(json, "values", enumeration.values);
+  json.Member("values", enumeration.values);
   WriteDescription(json, enumeration);
-  json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::StructureInfo& structure) {
-  json.StartObject();
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::StructureInfo& structure) {
   json.Member("name", structure.name);
   json.Member("type", EnumText(structure.type));
-  WriteMap(json, "enumerations", structure.enumerations);
-  WriteMap(json, "constants", structure.constants);
-  WriteList(json, "fields", structure.fields);
+  json.Member("enumerations", structure.enumerations);
+  json.Member("constants", structure.constants);
+  json.Member("fields", structure.fields);
   WriteDescription(json, structure);
-  json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::OperationInfo& operation) {
-  json.StartObject();
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::OperationInfo& operation) {
   json.Member("name", operation.name);
-  WriteList(json, "params", operation.params);
-  WriteOne(json, "output", operation.output);
-  WriteList(json, "errors", operation.errors);
+  json.Member("params", operation.params);
+  json.Member("output", operation.output);
+  json.Member("errors", operation.errors);
   WriteDescription(json, operation);
-  json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::ServiceInfo& service) {
-  json.StartObject();
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::ServiceInfo& service) {
   json.Member("name", service.name);
-  WriteMap(json, "operations", service.operations);
-  WriteMap(json, "structures", service.structures);
-  WriteMap(json, "enumerations", service.enumerations);
-  WriteMap(json, "constants", service.constants);
+  json.Member("operations", service.operations);
+  json.Member("structures", service.structures);
+  json.Member("enumerations", service.enumerations);
+  json.Member("constants", service.constants);
   WriteDescription(json, service);
-  json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::PackageInfo& package) {
-  json.StartObject();
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::PackageInfo& package) {
   json.Member("name", package.name);
-  WriteMap(json, "structures", package.structures);
-  WriteMap(json, "enumerations", package.enumerations);
-  WriteMap(json, "services", package.services);
+  json.Member("structures", package.structures);
+  json.Member("enumerations", package.enumerations);
+  json.Member("services", package.services);
   WriteDescription(json, package);
-  json.EndObject();
 }
 
-static void WriteJson(JsonWriter& json, const Bindings::Metamodel::ComponentInfo& component) {
-  json.StartObject();
+static void WriteMembers(RecordWriter& json, const Bindings::Metamodel::ComponentInfo& component) {
   json.Member("name", component.name);
-  WriteMap(json, "packages", component.packages);
+  json.Member("packages", component.packages);
   WriteDescription(json, component);
-  json.EndObject();
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::ComponentData& component) {
-  json.StartObject();
-  WriteOne(json, "info", component.info);
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::ComponentData& component) {
+  json.Member("info", component.info);
   json.Member("fingerprint", component.fingerprint);
-  json.EndObject();
 }
 
 }  // namespace Zelk::Tool

@@ -6,7 +6,7 @@
 
 #include "domains/bindings.h"
 #include "domains/outline.h"
-#include "render/json_writer.h"
+#include "domains/record_writer.h"
 #include "render/page.h"
 
 // The ways to show the records of Metamodel.
@@ -18,17 +18,15 @@ namespace Zelk::Tool {
 /// The type in one line, such as "MAP<STRING, LIST<com.acme.disk>>".
 std::string TypeText(const Bindings::Metamodel::Type& type);
 
-/// The record whole, with all types that it is made of.
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::Type& type);
+/// With all types that it is made of.
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::Type& type);
 
-// Each writes the record whole, with its members under their own names and in their own order:
-// maps as objects, enumerators by name, and null for what is not set.
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::ComponentData& component);
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::PackageInfo& package);
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::ServiceInfo& service);
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::OperationInfo& operation);
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::StructureInfo& structure);
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::EnumerationInfo& enumeration);
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::ComponentData& component);
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::PackageInfo& package);
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::ServiceInfo& service);
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::OperationInfo& operation);
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::StructureInfo& structure);
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::EnumerationInfo& enumeration);
 
 // Each begins with a line that names the record, followed by its documentation and annotations;
 // then come its parts under headings, those that it has none of left out. What a part holds in

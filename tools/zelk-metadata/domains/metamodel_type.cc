@@ -25,8 +25,7 @@ void OpenText(const Bindings::Metamodel::GenericInstantiation& generic, std::str
   if (first) work.push_back({nullptr, first.get()});
 }
 
-/// A member of a generic instantiation to write, or, without a key, the end of the instantiation
-/// and of the type that it belongs to.
+/// A member of a generic instantiation to write, or, without a key, the end of an object.
 struct JsonStep {
   const char* key;
   const Bindings::Metamodel::Type* type;
@@ -53,19 +52,14 @@ void WriteUserDefinedType(JsonWriter& json, const Bindings::Metamodel::Type& typ
   json.EndObject();
 }
 
-/// Writes the type up to its first nested type and leaves the rest as work, the next step last.
+/// Writes the members up to the first nested type and leaves the rest as work, the next step last.
 void OpenJson(JsonWriter& json, const Bindings::Metamodel::Type& type,
               std::vector<JsonStep>& work) {
-  json.StartObject();
   json.Member("category", EnumText(type.category));
   WriteBuiltinType(json, type);
   WriteUserDefinedType(json, type);
   json.Key("generic_instantiation");
-  if (!type.generic_instantiation) {
-    json.Null();
-    json.EndObject();
-    return;
-  }
+  if (!type.generic_instantiation) return json.Null();
   const Bindings::Metamodel::GenericInstantiation& generic = *type.generic_instantiation;
   json.StartObject();
   json.Member("generic_type", EnumText(generic.generic_type));
@@ -76,17 +70,12 @@ void OpenJson(JsonWriter& json, const Bindings::Metamodel::Type& type,
 }
 
 void WriteStep(JsonWriter& json, const JsonStep& step, std::vector<JsonStep>& work) {
-  if (step.key == nullptr) {
-    json.EndObject();
-    json.EndObject();
-    return;
-  }
+  if (step.key == nullptr) return json.EndObject();
   json.Key(step.key);
-  if (step.type == nullptr) {
-    json.Null();
-  } else {
-    OpenJson(json, *step.type, work);
-  }
+  if (step.type == nullptr) return json.Null();
+  json.StartObject();
+  work.push_back({nullptr, nullptr});
+  OpenJson(json, *step.type, work);
 }
 
 }  // namespace
@@ -110,13 +99,13 @@ std::string TypeText(const Bindings::Metamodel::Type& type) {
   return text;
 }
 
-void WriteJson(JsonWriter& json, const Bindings::Metamodel::Type& type) {
+void WriteMembers(RecordWriter& json, const Bindings::Metamodel::Type& type) {
   std::vector<JsonStep> work;
-  OpenJson(json, type, work);
+  OpenJson(json.Json(), type, work);
   while (!work.empty()) {
     const JsonStep step = work.back();
     work.pop_back();
-    WriteStep(json, step, work);
+    WriteStep(json.Json(), step, work);
   }
 }
 

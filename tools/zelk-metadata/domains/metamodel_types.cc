@@ -145,25 +145,25 @@ class TypeList {
   /// Returns the names in it.
   Names WriteOne(const std::string& name, std::size_t depth) {
     if (const auto structure = lookups_.structure(name)) {
-      WriteRecord("structure", name, depth, *structure);
+      WriteEntry("structure", name, depth, *structure);
       return NamesBelow(*structure);
     }
     if (const auto enumeration = lookups_.enumeration(name)) {
-      WriteRecord("enumeration", name, depth, *enumeration);
+      WriteEntry("enumeration", name, depth, *enumeration);
     }
     return {};
   }
 
   template <typename Info>
-  void WriteRecord(const char* kind, const std::string& name, std::size_t depth,
-                   const Info& record) {
+  void WriteEntry(const char* kind, const std::string& name, std::size_t depth,
+                  const Info& record) {
     json_.StartObject();
     json_.Member("kind", std::string(kind));
     json_.Member("name", name);
     json_.Key("level");
     json_.Number(depth);
     json_.Key("record");
-    WriteJson(json_, record);
+    WriteRecord(json_, record);
     json_.EndObject();
   }
 

@@ -6,13 +6,11 @@ namespace Zelk::Tool {
 
 using Bindings::SourceDescription;
 
-void WriteJson(JsonWriter& json, const SourceDescription& source) {
-  json.StartObject();
+void WriteMembers(RecordWriter& json, const SourceDescription& source) {
   json.Member("description", source.description);
   json.Member("type", EnumText(source.type));
   json.Member("file_path", source.file_path);
   json.Member("address", source.address);
-  json.EndObject();
 }
 
 void WriteSourcePage(Page& page, const std::string& id, const SourceDescription& source) {

@@ -7,13 +7,14 @@
 #include <com/orvane/zelk/metadata/source_type.h>
 
 #include "domains/bindings.h"
+#include "domains/record_writer.h"
 #include "host/queries.h"
 
 // Sources, which all domains have in the same form.
 
 namespace Zelk::Tool {
 
-void WriteJson(JsonWriter& json, const Bindings::SourceDescription& source);
+void WriteMembers(RecordWriter& json, const Bindings::SourceDescription& source);
 
 /// A source's record does not say which one it is, so its page is given the id.
 void WriteSourcePage(Page& page, const std::string& id, const Bindings::SourceDescription& source);
@@ -24,7 +25,7 @@ Kind SourceKind(SourceSvc& service) {
   const auto describe = [](const Ids& ids, const auto& info) {
     const std::string& id = ids.front();
     return Record{[id, info](Page& page) { WriteSourcePage(page, id, *info); },
-                  [info](JsonWriter& json) { WriteJson(json, *info); }};
+                  [info](JsonWriter& json) { WriteRecord(json, *info); }};
   };
   return {"source",
           {"source"},

@@ -36,16 +36,6 @@ Query<Names> ListQuery(Service& service, void (Service::*operation)(Parameters..
   });
 }
 
-/// Of an operation that returns a record for which there are WritePage(Page&, ...) and
-/// WriteJson(JsonWriter&, ...).
-template <typename Service, typename... Parameters>
-Query<Record> GetQuery(Service& service, void (Service::*operation)(Parameters...)) {
-  return MakeQuery<Record>(service, operation, [](const Ids& /*ids*/, const auto& record) {
-    return Record{[record](Page& page) { WritePage(page, *record); },
-                  [record](JsonWriter& json) { WriteJson(json, *record); }};
-  });
-}
-
 template <typename Service, typename... Parameters>
 Query<std::string> FingerprintQuery(Service& service, void (Service::*operation)(Parameters...)) {
   return MakeQuery<std::string>(
