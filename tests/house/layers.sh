@@ -40,12 +40,22 @@ forbid analysis '(iostream|ostream|fstream|cstdio|fmt/|rapidjson/document)' \
   'the analysis prints, reads files, or takes the tree that recurses'
 forbid tools '(common|metamodel|authentication|cli)/' 'the host goes round the public headers'
 
-# The folders of the tool, from the top. None includes one before it.
+# The folders of the tool, from the top. None includes one before it. Each has a namespace of its
+# name, except commands/ and what all commands are made of.
 above=
 for folder in commands shell complete lint diff docs check language domains host explain render; do
   [ -d "tools/zelk-metadata/$folder" ] || { echo "the tool has no $folder/"; status=1; }
   [ -z "$above" ] || forbid "tools/zelk-metadata/$folder" "($above)/" "$folder/ knows a layer above it"
   above=${above:+$above|}$folder
+  case $folder in
+    commands|language|domains|host) namespace=Zelk::Tool ;;
+    *) namespace=Zelk::Tool::${folder^} ;;
+  esac
+  elsewhere=$(grep -LxF "namespace $namespace {" "tools/zelk-metadata/$folder"/*.{h,cc})
+  if [ -n "$elsewhere" ]; then
+    printf 'not in the namespace %s:\n%s\n' "$namespace" "$elsewhere"
+    status=1
+  fi
 done
 
 forbid tests/surface '(common|metamodel|authentication|cli)/' 'a surface test looks inside'

@@ -52,14 +52,14 @@ TEST(CheckExcerpt, LongLineIsCutToAWindowAroundThePlace) {
   EXPECT_THAT(excerpt.line, StartsWith("...aaaa"));
   EXPECT_THAT(excerpt.line, EndsWith("bbbb..."));
   EXPECT_EQ(excerpt.line.substr(excerpt.mark, 4), "HERE");
-  EXPECT_LT(Zelk::Tool::Columns(excerpt.line), 105U);
+  EXPECT_LT(Zelk::Tool::Render::Columns(excerpt.line), 105U);
 }
 
 TEST(CheckExcerpt, WindowIsNoWiderThanTheTerminal) {
   const std::string text = std::string(300, 'a') + "HERE" + std::string(300, 'b');
   for (const std::size_t columns : {20U, 33U, 40U, 80U, 200U}) {
     const Excerpt excerpt = ExcerptAt(Document(text), 300, columns);
-    EXPECT_LE(Zelk::Tool::Columns(excerpt.line), columns);
+    EXPECT_LE(Zelk::Tool::Render::Columns(excerpt.line), columns);
     EXPECT_EQ(excerpt.line.substr(excerpt.mark, 4), "HERE") << columns;
   }
 }

@@ -28,7 +28,7 @@ std::string OnTerminal(const std::vector<std::string>& words, std::size_t width,
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
-  const Zelk::Tool::Terminal terminal{true, width, colours};
+  const Zelk::Tool::Render::Terminal terminal{true, width, colours};
   Zelk::Tool::Run(words, {in, out, err, terminal});
   return out.str();
 }

@@ -9,16 +9,16 @@
 #include "render/table.h"
 
 using testing::ElementsAre;
-using Zelk::Tool::Columns;
-using Zelk::Tool::Cut;
-using Zelk::Tool::InColumns;
-using Zelk::Tool::Page;
-using Zelk::Tool::PrintError;
-using Zelk::Tool::Style;
-using Zelk::Tool::Styled;
-using Zelk::Tool::Table;
-using Zelk::Tool::Terminal;
-using Zelk::Tool::Wrapped;
+using Zelk::Tool::Render::Columns;
+using Zelk::Tool::Render::Cut;
+using Zelk::Tool::Render::InColumns;
+using Zelk::Tool::Render::Page;
+using Zelk::Tool::Render::PrintError;
+using Zelk::Tool::Render::Style;
+using Zelk::Tool::Render::Styled;
+using Zelk::Tool::Render::Table;
+using Zelk::Tool::Render::Terminal;
+using Zelk::Tool::Render::Wrapped;
 
 namespace {
 

@@ -78,7 +78,7 @@ TEST_F(Lint, TextFitsTheTerminal) {
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
-  Zelk::Tool::Terminal terminal;
+  Zelk::Tool::Render::Terminal terminal;
   for (const std::size_t width : {60U, 40U}) {
     out.str("");
     terminal.width = width;

@@ -24,8 +24,8 @@ std::string PageWith(const ElementValue& element) {
       "foo", Bindings::Metamodel::StructureInfoEnumerations::Type::STRUCTURE, {}, {}, {},
       {{"Foo", annotation}}, "");
   std::ostringstream out;
-  Zelk::Tool::Page page(out);
-  WritePage(page, structure);
+  Zelk::Tool::Render::Page page(out);
+  Zelk::Tool::WritePage(page, structure);
   return out.str();
 }
 

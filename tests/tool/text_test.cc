@@ -6,10 +6,10 @@
 #include "render/page.h"
 #include "render/utf8.h"
 
-using Zelk::Tool::ForTerminal;
 using Zelk::Tool::Message;
-using Zelk::Tool::Page;
-using Zelk::Tool::RepairedUtf8;
+using Zelk::Tool::Render::ForTerminal;
+using Zelk::Tool::Render::Page;
+using Zelk::Tool::Render::RepairedUtf8;
 
 namespace {
 

@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);
   std::ios::sync_with_stdio(false);
   const std::vector<std::string> args(argv + (argc > 0 ? 1 : 0), argv + argc);
-  return Zelk::Tool::Run(args,
-                         {std::cin, std::cout, std::cerr, Zelk::Tool::TerminalOf(STDOUT_FILENO),
-                          Zelk::Tool::TerminalOf(STDERR_FILENO), isatty(STDIN_FILENO) != 0});
+  return Zelk::Tool::Run(
+      args, {std::cin, std::cout, std::cerr, Zelk::Tool::Render::TerminalOf(STDOUT_FILENO),
+             Zelk::Tool::Render::TerminalOf(STDERR_FILENO), isatty(STDIN_FILENO) != 0});
 }

@@ -47,8 +47,9 @@ std::string Fitting(std::string_view bytes, std::size_t columns, const Take& tak
   std::string text;
   while (!bytes.empty()) {
     const std::string_view character = take(bytes);
-    const std::string shown = character == "\t" ? kTab : ForTerminal(std::string(character));
-    const std::size_t needed = Columns(shown);
+    const std::string shown =
+        character == "\t" ? kTab : Render::ForTerminal(std::string(character));
+    const std::size_t needed = Render::Columns(shown);
     if (needed > columns) return join(text, kCut);
     columns -= needed;
     text = join(text, shown);
@@ -81,7 +82,7 @@ Excerpt ExcerptAt(const Analysis::Document& document, std::size_t offset, std::s
   if (!rest.empty() && rest.back() == '\r') rest.remove_suffix(1);
   const std::string before =
       Before(text.substr(begin, offset - begin), room / 2 - std::strlen(kCut));
-  const std::size_t mark = Columns(before);
+  const std::size_t mark = Render::Columns(before);
   return {before + From(rest, room - mark), mark};
 }
 

@@ -12,6 +12,12 @@
 namespace Zelk::Tool::Check {
 namespace {
 
+using Render::JsonWriter;
+using Render::Style;
+using Render::Styled;
+using Render::Terminal;
+using Render::Wrapped;
+
 constexpr std::size_t kIndent = 4;
 
 const char* Word(Severity severity) {
@@ -54,7 +60,7 @@ std::string PointerText(const Problem& problem) {
 void WriteWrapped(std::ostream& out, const std::string& text, const Terminal& terminal,
                   const std::string& word, Style style) {
   bool is_styled = false;
-  for (std::string& line : Wrapped(ForTerminal(text), terminal.width, kIndent)) {
+  for (std::string& line : Wrapped(Render::ForTerminal(text), terminal.width, kIndent)) {
     const std::size_t at = is_styled ? std::string::npos : line.find(word);
     is_styled = is_styled || at != std::string::npos;
     if (at != std::string::npos) line.replace(at, word.size(), Styled(terminal, style, word));
@@ -75,13 +81,13 @@ void WriteProblem(std::ostream& out, const LoadReport& checked, const Problem& p
   }
   if (problem.hint.empty()) return;
   for (const std::string& line :
-       Wrapped(ForTerminal("  " + problem.hint), terminal.width, kIndent)) {
+       Wrapped(Render::ForTerminal("  " + problem.hint), terminal.width, kIndent)) {
     out << line << '\n';
   }
 }
 
-WorkflowCommand CommandOf(const LoadReport& checked, const Problem& problem) {
-  WorkflowCommand command{Command(problem.severity), checked.file};
+Render::WorkflowCommand CommandOf(const LoadReport& checked, const Problem& problem) {
+  Render::WorkflowCommand command{Command(problem.severity), checked.file};
   if (problem.place) {
     command.line = problem.place->position.line;
     command.column = problem.place->position.column;

@@ -11,7 +11,8 @@ namespace Zelk::Tool::Check {
 
 /// For people: each problem with its line of the file and a mark under the place, in the terminal's
 /// width. Nothing for a file without problems.
-void WriteCheckedText(std::ostream& out, const LoadReport& checked, const Terminal& terminal);
+void WriteCheckedText(std::ostream& out, const LoadReport& checked,
+                      const Render::Terminal& terminal);
 
 /// "ok", or how many warnings a file that was loaded has.
 std::string LoadedText(const LoadReport& checked);
@@ -20,6 +21,6 @@ std::string LoadedText(const LoadReport& checked);
 void WriteCheckedCommands(std::ostream& out, const LoadReport& checked);
 
 /// An object.
-void WriteCheckedJson(JsonWriter& json, const LoadReport& checked);
+void WriteCheckedJson(Render::JsonWriter& json, const LoadReport& checked);
 
 }  // namespace Zelk::Tool::Check

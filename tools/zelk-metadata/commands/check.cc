@@ -82,11 +82,11 @@ class Checking {
   }
 
   void WriteLine(const std::string& text) const {
-    Page(call_.Out(), call_.GetStreams().out_terminal).Line(0, text);
+    Render::Page(call_.Out(), call_.GetStreams().out_terminal).Line(0, text);
   }
 
   void WriteJson() const {
-    call_.ShowJson([this](JsonWriter& json) {
+    call_.ShowJson([this](Render::JsonWriter& json) {
       json.Key("files");
       json.StartArray();
       for (const LoadReport& report : reports_) Check::WriteCheckedJson(json, report);
@@ -101,7 +101,7 @@ class Checking {
     });
   }
 
-  static void WriteCount(JsonWriter& json, const char* key, std::size_t count) {
+  static void WriteCount(Render::JsonWriter& json, const char* key, std::size_t count) {
     json.Key(key);
     json.Number(count);
   }

@@ -65,8 +65,8 @@ ExitStatus RunComplete(Invocation& call) {
       Complete::CompleteWord(call.Args().ids, call.GetLanguage(), host_of);
   call.Out() << NameOf(completion.of) << '\n';
   for (const Complete::Choice& choice : completion.choices) {
-    if (ForTerminal(choice.word) != choice.word) continue;
-    call.Out() << choice.word << '\t' << ForTerminal(choice.summary) << '\n';
+    if (Render::ForTerminal(choice.word) != choice.word) continue;
+    call.Out() << choice.word << '\t' << Render::ForTerminal(choice.summary) << '\n';
   }
   return ExitStatus::kOk;
 }

@@ -90,11 +90,12 @@ std::optional<Class> FailOn(const Arguments& arguments) {
 ExitStatus ListKinds(const Invocation& call) {
   const auto& kinds = Analysis::Diff::Kinds();
   if (call.WantsJson()) {
-    call.ShowJsonArray("kinds", kinds,
-                       [](JsonWriter& json, const auto* kind) { Diff::WriteJson(json, *kind); });
+    call.ShowJsonArray("kinds", kinds, [](Render::JsonWriter& json, const auto* kind) {
+      Diff::WriteJson(json, *kind);
+    });
     return ExitStatus::kOk;
   }
-  Table table({"change", "area", "title"});
+  Render::Table table({"change", "area", "title"});
   for (const auto* kind : kinds)
     table.Add({kind->id, Analysis::Diff::Word(kind->area), kind->title});
   call.Show(table);
@@ -236,7 +237,7 @@ void Show(const Invocation& call, const Report& report) {
   if (call.Args().bump) {
     ShowBump(call, report);
   } else if (call.WantsJson()) {
-    call.ShowJson([&](JsonWriter& json) { WriteJson(json, report); });
+    call.ShowJson([&](Render::JsonWriter& json) { WriteJson(json, report); });
   } else if (output == "markdown") {
     WriteMarkdown(call.Out(), report);
   } else if (output == "github") {

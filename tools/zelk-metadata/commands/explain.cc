@@ -9,6 +9,9 @@
 namespace Zelk::Tool {
 namespace {
 
+using Render::JsonWriter;
+using Render::Page;
+
 void WriteExample(Page& page, const Explain::Example& example) {
   if (example.command.empty() && example.create_in.empty()) return;
   page.Heading("Example:");
@@ -20,7 +23,7 @@ void WriteExample(Page& page, const Explain::Example& example) {
     page.Line(1, fmt::format("SourceSvc.Create of {}, with a path that does not exist",
                              example.create_in));
   } else {
-    page.Line(1, fmt::format("{} {}", kProgramName, example.command));
+    page.Line(1, fmt::format("{} {}", Render::kProgramName, example.command));
   }
 }
 
@@ -55,7 +58,7 @@ ExitStatus List(const Invocation& call) {
     call.ShowJsonArray("messages", all, WriteJson);
     return ExitStatus::kOk;
   }
-  Table table({"ID", "TEXT"});
+  Render::Table table({"ID", "TEXT"});
   for (const Explain::Explanation& explanation : all) {
     table.Add({explanation.id, explanation.Summary()});
   }

@@ -9,7 +9,7 @@ namespace {
 
 using Fingerprint = Answer<std::string>;
 
-void WriteJson(JsonWriter& json, const Fingerprint& answer) {
+void WriteJson(Render::JsonWriter& json, const Fingerprint& answer) {
   json.StartObject();
   json.Member("domain", answer.row->name);
   json.Member("kind", answer.kind->name);
@@ -41,7 +41,7 @@ ExitStatus RunFingerprint(Invocation& call) {
   }
   if (status != ExitStatus::kOk) return status;
   const bool with_subjects = answers.size() > 1 || call.IsForPeople();
-  Table table(with_subjects ? Names{"FINGERPRINT", "OF"} : Names{"FINGERPRINT"});
+  Render::Table table(with_subjects ? Names{"FINGERPRINT", "OF"} : Names{"FINGERPRINT"});
   for (const Fingerprint& answer : answers) {
     table.Add(with_subjects ? Names{answer.value, SubjectText(answer)} : Names{answer.value});
   }

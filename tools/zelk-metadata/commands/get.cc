@@ -52,11 +52,11 @@ class Pages {
   }
 
   Invocation& call_;
-  Page page_;
+  Render::Page page_;
   bool is_first_ = true;
 };
 
-void WriteJson(JsonWriter& json, const Answer<Record>& answer, const Record& types) {
+void WriteJson(Render::JsonWriter& json, const Answer<Record>& answer, const Record& types) {
   json.StartObject();
   json.Member("domain", answer.row->name);
   json.Member("kind", answer.kind->name);
@@ -98,9 +98,10 @@ ExitStatus RunGet(Invocation& call) {
     all.insert(all.end(), answers.begin(), answers.end());
   }
   if (call.WantsJson()) {
-    call.ShowJsonArray("records", all, [&call](JsonWriter& json, const Answer<Record>& answer) {
-      WriteJson(json, answer, TypesIn(call, answer));
-    });
+    call.ShowJsonArray("records", all,
+                       [&call](Render::JsonWriter& json, const Answer<Record>& answer) {
+                         WriteJson(json, answer, TypesIn(call, answer));
+                       });
   }
   return status;
 }

@@ -15,9 +15,9 @@ ExitStatus RunHelp(Invocation& call) {
   if (!name.empty() && command == nullptr) {
     return call.Fail(ExitStatus::kNotFound, UnknownCommand(language, name));
   }
-  Terminal terminal = call.GetStreams().out_terminal;
+  Render::Terminal terminal = call.GetStreams().out_terminal;
   if (terminal.width == 0) terminal.width = kWidth;
-  Page page(call.Out(), terminal);
+  Render::Page page(call.Out(), terminal);
   if (command != nullptr) {
     WriteHelp(page, language, *command);
   } else if (language.IsOfSession()) {

@@ -80,11 +80,12 @@ std::optional<Severity> FailOn(const std::string& word) {
 
 ExitStatus ListRules(Invocation& call) {
   if (call.WantsJson()) {
-    call.ShowJsonArray("rules", Rules(Analysis::Lint::Rules()),
-                       [](JsonWriter& json, const Rule* rule) { Lint::WriteJson(json, *rule); });
+    call.ShowJsonArray(
+        "rules", Rules(Analysis::Lint::Rules()),
+        [](Render::JsonWriter& json, const Rule* rule) { Lint::WriteJson(json, *rule); });
     return ExitStatus::kOk;
   }
-  Table table({"rule", "group", "severity", "decided by", "checks"});
+  Render::Table table({"rule", "group", "severity", "decided by", "checks"});
   for (const Rule* rule : Analysis::Lint::Rules()) {
     table.Add({rule->id, Analysis::Lint::Word(rule->group),
                rule->is_off ? std::string("off") : Analysis::Lint::Word(rule->severity),
@@ -109,7 +110,7 @@ std::vector<SourceArgument> InputsOf(Invocation& call) {
 void Show(const Invocation& call, const Lint::Report& report) {
   const std::string& output = call.Args().output;
   if (call.WantsJson()) {
-    call.ShowJson([&](JsonWriter& json) { WriteJson(json, report); });
+    call.ShowJson([&](Render::JsonWriter& json) { WriteJson(json, report); });
   } else if (output == "github") {
     WriteGithub(call.Out(), report);
   } else if (output == "sarif") {

@@ -143,9 +143,9 @@ std::size_t CountWithNames(const Answers<Names>& answers) {
 }
 
 /// A column with domains is shown only to people, and if several have something.
-Table MakeTable(const Answers<Names>& answers, bool is_for_people) {
+Render::Table MakeTable(const Answers<Names>& answers, bool is_for_people) {
   const bool with_domains = is_for_people && CountWithNames(answers) > 1;
-  Table table(with_domains ? Names{"DOMAIN", "NAME"} : Names{"NAME"});
+  Render::Table table(with_domains ? Names{"DOMAIN", "NAME"} : Names{"NAME"});
   for (const auto& answer : answers) {
     for (const std::string& name : answer.value) {
       table.Add(with_domains ? Names{answer.row->name, name} : Names{name});
@@ -155,7 +155,7 @@ Table MakeTable(const Answers<Names>& answers, bool is_for_people) {
 }
 
 /// An object for each name.
-void WriteJson(JsonWriter& json, const Answer<Names>& answer) {
+void WriteJson(Render::JsonWriter& json, const Answer<Names>& answer) {
   for (const std::string& name : answer.value) {
     json.StartObject();
     json.Member("domain", answer.row->name);

@@ -66,7 +66,7 @@ std::string Summary(const std::vector<ReloadReport>& reports) {
                      counts.empty() ? "" : ": ", fmt::join(counts, ", "));
 }
 
-void WriteJson(JsonWriter& json, const ReloadReport& report) {
+void WriteJson(Render::JsonWriter& json, const ReloadReport& report) {
   json.StartObject();
   json.Member("domain", report.domain);
   json.Member("source", report.id);
@@ -83,7 +83,7 @@ void WriteJson(JsonWriter& json, const ReloadReport& report) {
 /// What changed, and how much did not.
 void Show(const Invocation& call, const std::vector<ReloadReport>& reports) {
   if (call.WantsJson()) return call.ShowJsonArray("sources", reports, WriteJson);
-  Table table({"STATE", "SOURCE"});
+  Render::Table table({"STATE", "SOURCE"});
   bool has_rows = false;
   for (const ReloadReport& report : reports) {
     if (report.state == State::kSame) continue;

@@ -82,7 +82,7 @@ std::string Excerpt(const std::string& documentation, const Wanted& wanted) {
   return first;
 }
 
-void AddRows(Table& table, const std::vector<Hit>& hits, const Wanted& wanted) {
+void AddRows(Render::Table& table, const std::vector<Hit>& hits, const Wanted& wanted) {
   for (const Hit& hit : hits) {
     table.Add({fmt::format("{}:{}", hit.row->name, hit.entry->subject.kind),
                fmt::format("{}", fmt::join(hit.entry->subject.ids, " ")),
@@ -90,7 +90,7 @@ void AddRows(Table& table, const std::vector<Hit>& hits, const Wanted& wanted) {
   }
 }
 
-void WriteHits(JsonWriter& json, const std::vector<Hit>& hits, const char* matched) {
+void WriteHits(Render::JsonWriter& json, const std::vector<Hit>& hits, const char* matched) {
   for (const Hit& hit : hits) {
     json.StartObject();
     json.Member("domain", hit.row->name);
@@ -105,7 +105,7 @@ void WriteHits(JsonWriter& json, const std::vector<Hit>& hits, const char* match
 
 void Show(const Invocation& call, const Hits& hits, std::size_t total, const Wanted& wanted) {
   if (call.WantsJson()) {
-    call.ShowJson([&](JsonWriter& json) {
+    call.ShowJson([&](Render::JsonWriter& json) {
       json.Key("matches");
       json.StartArray();
       WriteHits(json, hits.by_name, "name");
@@ -116,7 +116,7 @@ void Show(const Invocation& call, const Hits& hits, std::size_t total, const Wan
     });
     return;
   }
-  Table table({"KIND", "NAME", "TEXT"});
+  Render::Table table({"KIND", "NAME", "TEXT"});
   AddRows(table, hits.by_name, wanted);
   AddRows(table, hits.by_documentation, wanted);
   call.Show(table);

@@ -78,7 +78,8 @@ Language MakeLanguage(const std::string& program, Scope scope) {
 }  // namespace
 
 const Language& ProgramLanguage() {
-  static const Language language = MakeLanguage(std::string(kProgramName) + " ", Scope::kProgram);
+  static const Language language =
+      MakeLanguage(std::string(Render::kProgramName) + " ", Scope::kProgram);
   return language;
 }
 

@@ -9,6 +9,8 @@
 namespace Zelk::Tool {
 namespace {
 
+using Render::JsonWriter;
+
 /// The kinds that a tree shows.
 const Names& ShownKinds() {
   static const Names kinds = KindNames([](const Kind& kind) {
@@ -89,7 +91,7 @@ std::string CountsText(const Counts& counts) {
   return text.empty() ? text : text + ")";
 }
 
-void WritePage(Page& page, const DomainRow& row, const std::vector<Line>& lines,
+void WritePage(Render::Page& page, const DomainRow& row, const std::vector<Line>& lines,
                std::size_t depth) {
   for (const Line& line : lines) {
     if (line.depth > depth) continue;
@@ -167,7 +169,7 @@ void Show(Invocation& call, const std::vector<DomainOutline>& domains) {
     });
     return;
   }
-  Page page = call.MakePage();
+  Render::Page page = call.MakePage();
   for (const DomainOutline& domain : domains) {
     WritePage(page, *domain.row, Lines(domain.outline), depth);
   }

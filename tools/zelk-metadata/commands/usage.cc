@@ -9,8 +9,9 @@ namespace Zelk::Tool {
 namespace {
 
 void ShowJson(const Invocation& call, const std::vector<UsagePage>& pages) {
-  call.ShowJsonArray("usages", pages,
-                     [](JsonWriter& json, const UsagePage& page) { page.record.json(json); });
+  call.ShowJsonArray("usages", pages, [](Render::JsonWriter& json, const UsagePage& page) {
+    page.record.json(json);
+  });
 }
 
 /// The help that a command-line client would show.
@@ -32,7 +33,7 @@ ExitStatus RunUsage(Invocation& call) {
     ShowJson(call, {help});
     return ExitStatus::kOk;
   }
-  Page page = call.MakePage();
+  Render::Page page = call.MakePage();
   help.record.page(page);
   if (help.calls) {
     for (const Section& section : host.About(*usage->row, *help.calls)) section(page);

@@ -196,7 +196,7 @@ std::vector<const Reference*> ReferencesTo(const Workspace& workspace, const Use
   return named;
 }
 
-void WriteJson(JsonWriter& json, const Use& use) {
+void WriteJson(Render::JsonWriter& json, const Use& use) {
   const Element& user = (*use.model)[use.user];
   json.StartObject();
   json.Member("domain", Analysis::FormatOf(use.model->GetDomain()).root_key);
@@ -213,7 +213,7 @@ void WriteJson(JsonWriter& json, const Use& use) {
 
 void Show(const Invocation& call, const std::vector<Use>& uses) {
   if (call.WantsJson()) return call.ShowJsonArray("uses", uses, WriteJson);
-  Table table({"KIND", "ID", "WHAT", "PLACE"});
+  Render::Table table({"KIND", "ID", "WHAT", "PLACE"});
   for (const Use& use : uses) {
     const Model& model = *use.model;
     table.Add({fmt::format("{}:{}", Analysis::FormatOf(model.GetDomain()).root_key,

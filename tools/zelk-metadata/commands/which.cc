@@ -10,6 +10,9 @@
 namespace Zelk::Tool {
 namespace {
 
+using Render::JsonWriter;
+using Render::Page;
+
 /// The ids that name one thing, of the kinds that this can be asked for.
 std::optional<IdCount> IdsOfWhich(const Kind& kind) {
   if (kind.precedence.rule == Rule::kNone) return std::nullopt;

@@ -22,9 +22,9 @@ const char* CommandFor(Class worst) {
 
 /// In the new version, which the annotation is shown in. What is only in the old version is shown
 /// at its file.
-WorkflowCommand CommandOf(const Report& report, const Entry& entry) {
+Render::WorkflowCommand CommandOf(const Report& report, const Entry& entry) {
   const Change& change = *entry.change;
-  WorkflowCommand command{CommandFor(entry.worst), PathOfRevision(report.new_version.name)};
+  Render::WorkflowCommand command{CommandFor(entry.worst), PathOfRevision(report.new_version.name)};
   if (change.new_place) {
     const NamedPlace place = NamedPlaceOf(*report.new_version.workspace, *change.new_place);
     command.file = PathOfRevision(place.file);
@@ -53,7 +53,7 @@ void WriteGithub(std::ostream& out, const Report& report) {
       Check::WriteCheckedCommands(out, report_of);
     }
   }
-  WorkflowCommands commands(out, "diff");
+  Render::WorkflowCommands commands(out, "diff");
   for (const Entry& entry : report.entries) {
     if (entry.accepted == nullptr) commands.Add(CommandOf(report, entry));
   }

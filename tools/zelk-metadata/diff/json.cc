@@ -8,6 +8,8 @@
 namespace Zelk::Tool::Diff {
 namespace {
 
+using Render::JsonWriter;
+
 boost::optional<std::string> OrNull(const std::string& text) {
   return text.empty() ? boost::none : boost::optional<std::string>(text);
 }

@@ -35,7 +35,7 @@ std::string VerdictText(const Kind& kind, Audience audience) {
 }
 
 /// Shows the files, and returns the words for them on a command line.
-std::string WriteFiles(Page& page, const char* version, const Files& files) {
+std::string WriteFiles(Render::Page& page, const char* version, const Files& files) {
   const std::vector<std::string> given = Given(files);
   if (given.size() == 1) {
     page.Line(1, fmt::format("With this text in {}:", version));
@@ -49,7 +49,7 @@ std::string WriteFiles(Page& page, const char* version, const Files& files) {
   return version;
 }
 
-void WriteVerdicts(JsonWriter& json, const char* key, const Verdicts& verdicts) {
+void WriteVerdicts(Render::JsonWriter& json, const char* key, const Verdicts& verdicts) {
   json.Key(key);
   json.StartObject();
   for (const Audience audience : kAudiences) {
@@ -61,7 +61,7 @@ void WriteVerdicts(JsonWriter& json, const char* key, const Verdicts& verdicts) 
 
 }  // namespace
 
-void WritePage(Page& page, const Kind& kind) {
+void WritePage(Render::Page& page, const Kind& kind) {
   page.Line(0, kind.id);
   page.Line(1, std::string(kind.title) + ".");
   page.Section("Means:", kind.means);
@@ -75,14 +75,14 @@ void WritePage(Page& page, const Kind& kind) {
   page.Heading("Example:");
   const std::string old_version = WriteFiles(page, "OLD", kind.example.old_files);
   const std::string new_version = WriteFiles(page, "NEW", kind.example.new_files);
-  page.Line(1, fmt::format("{} diff {} {}", kProgramName, old_version, new_version));
+  page.Line(1, fmt::format("{} diff {} {}", Render::kProgramName, old_version, new_version));
   if (kind.example.also != nullptr) {
     page.Line(1, fmt::format("This is always reported together with {}.", kind.example.also));
   }
   page.Section("Advice:", kind.advice);
 }
 
-void WriteJson(JsonWriter& json, const Kind& kind) {
+void WriteJson(Render::JsonWriter& json, const Kind& kind) {
   json.StartObject();
   json.Member("id", kind.id);
   json.Member("area", Word(kind.area));

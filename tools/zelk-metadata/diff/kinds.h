@@ -7,9 +7,9 @@
 namespace Zelk::Tool::Diff {
 
 /// What `explain` shows of a kind of change.
-void WritePage(Page& page, const Analysis::Diff::Kind& kind);
+void WritePage(Render::Page& page, const Analysis::Diff::Kind& kind);
 
 /// An object.
-void WriteJson(JsonWriter& json, const Analysis::Diff::Kind& kind);
+void WriteJson(Render::JsonWriter& json, const Analysis::Diff::Kind& kind);
 
 }  // namespace Zelk::Tool::Diff

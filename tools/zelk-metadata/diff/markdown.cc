@@ -30,7 +30,7 @@ const char* AudienceHeading(Audience audience) {
 /// The text as it is, whatever characters of Markdown or HTML are in it.
 std::string Plain(const std::string& text) {
   std::string plain;
-  for (const char byte : ForTerminal(text)) {
+  for (const char byte : Render::ForTerminal(text)) {
     if (std::string_view(R"(\`*_{}[]<>#|&~)").find(byte) != std::string_view::npos) plain += '\\';
     plain += byte;
   }
@@ -53,7 +53,7 @@ std::string Code(const std::string& text) {
   }
   const std::string fence(longest + 1, '`');
   const char* const blank = longest == 0 ? "" : " ";
-  return fmt::format("{}{}{}{}{}", fence, blank, ForTerminal(text), blank, fence);
+  return fmt::format("{}{}{}{}{}", fence, blank, Render::ForTerminal(text), blank, fence);
 }
 
 /// Plain text, with mentions as code.

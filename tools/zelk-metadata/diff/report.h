@@ -130,11 +130,11 @@ inline constexpr std::array<Class, 4> kShownClasses{Class::kBreaking, Class::kDa
                                                     Class::kCompatible, Class::kDocumentation};
 
 // The outputs. That of JSON is written into the document of the command.
-void WriteJson(JsonWriter& json, const Report& report);
+void WriteJson(Render::JsonWriter& json, const Report& report);
 /// Writes what --accept reads.
 WrittenList WriteAccepted(const std::string& path, const Report& report);
 /// In the terminal's width.
-void WriteText(std::ostream& out, const Report& report, const Terminal& terminal);
+void WriteText(std::ostream& out, const Report& report, const Render::Terminal& terminal);
 /// For release notes.
 void WriteMarkdown(std::ostream& out, const Report& report);
 void WriteGithub(std::ostream& out, const Report& report);

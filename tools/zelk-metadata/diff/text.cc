@@ -11,6 +11,11 @@
 namespace Zelk::Tool::Diff {
 namespace {
 
+using Render::Style;
+using Render::Styled;
+using Render::Terminal;
+using Render::Wrapped;
+
 Style StyleOf(Class worst) {
   switch (worst) {
     case Class::kBreaking:
@@ -43,7 +48,7 @@ class TextWriter {
 
  private:
   void WriteLines(std::size_t indent, const std::string& text, std::size_t hanging = 2) {
-    const std::string line = std::string(indent, ' ') + ForTerminal(text);
+    const std::string line = std::string(indent, ' ') + Render::ForTerminal(text);
     for (const std::string& part : Wrapped(line, terminal_.width, hanging)) out_ << part << '\n';
   }
 

@@ -20,6 +20,7 @@ using Analysis::kDomains;
 using Analysis::Model;
 using Analysis::NodeId;
 using Analysis::Workspace;
+using Render::JsonWriter;
 
 // In the order of ElementKind, Fate and ReferenceKind; each word is used once.
 constexpr const char* kKindWords[] = {

@@ -155,7 +155,7 @@ std::uint64_t Texts::Add(std::string_view text) {
   return number;
 }
 
-void Texts::Write(JsonWriter& json) const {
+void Texts::Write(Render::JsonWriter& json) const {
   json.StringArray(texts_);
 }
 
@@ -163,7 +163,7 @@ std::uint64_t Details::Add(Detail detail) {
   return numbers_.emplace(std::move(detail), numbers_.size()).first->second;
 }
 
-void Details::WriteRows(JsonWriter& json) const {
+void Details::WriteRows(Render::JsonWriter& json) const {
   std::vector<const Detail*> rows(numbers_.size());
   for (const auto& [detail, number] : numbers_) rows[number] = &detail;
   json.StartArray();

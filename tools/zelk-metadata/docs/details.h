@@ -43,7 +43,7 @@ class Texts {
   std::uint64_t Add(std::string_view text);
 
   /// As an array, in the order of their numbers.
-  void Write(JsonWriter& json) const;
+  void Write(Render::JsonWriter& json) const;
 
  private:
   std::deque<std::string> texts_;
@@ -59,7 +59,7 @@ class Details {
   std::uint64_t Add(Detail detail);
 
   /// As an array of arrays, in the order of their numbers.
-  void WriteRows(JsonWriter& json) const;
+  void WriteRows(Render::JsonWriter& json) const;
 
  private:
   std::map<Detail, std::uint64_t> numbers_{{{}, 0}};

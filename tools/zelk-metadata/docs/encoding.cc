@@ -57,7 +57,7 @@ std::string PolicyHash(std::string_view text) {
 
 std::string Escaped(std::string_view text) {
   std::string html;
-  for (const char character : RepairedUtf8(std::string(text))) {
+  for (const char character : Render::RepairedUtf8(std::string(text))) {
     switch (character) {
       case '<':
         html += "&lt;";

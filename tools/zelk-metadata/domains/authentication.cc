@@ -25,8 +25,8 @@ Query<Record> TitledQuery(const std::string& kind, Service& service,
                           void (Service::*operation)(Parameters...)) {
   return MakeQuery<Record>(service, operation, [kind](const Ids& ids, const auto& record) {
     const std::string title = fmt::format("{} {}", kind, fmt::join(ids, "."));
-    return Record{[title, record](Page& page) { WritePage(page, title, *record); },
-                  [record](JsonWriter& json) { WriteRecord(json, *record); }};
+    return Record{[title, record](Render::Page& page) { WritePage(page, title, *record); },
+                  [record](Render::JsonWriter& json) { WriteRecord(json, *record); }};
   });
 }
 
@@ -122,7 +122,7 @@ std::vector<Section> Authentication::About(const std::vector<Subject>& levels) {
   for (const Subject& level : levels) {
     listed.push_back({level.kind + ' ' + level.ids.back(), SchemesOf(level)});
   }
-  return {[listed](Page& page) { WriteLevels(page, listed); }};
+  return {[listed](Render::Page& page) { WriteLevels(page, listed); }};
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 namespace Zelk::Tool {
 namespace {
 
+using Render::Page;
+
 void WriteSchemes(Page& page, std::size_t level, const SchemeList& schemes) {
   for (const auto& scheme : schemes) {
     const std::string manager =

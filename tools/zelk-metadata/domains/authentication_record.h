@@ -22,13 +22,13 @@ void WriteMembers(RecordWriter& json, const Bindings::Authentication::OperationI
 
 // Each shows, under the title, the schemes listed for every level from the record down. What counts
 // where a level has none is for the clients of the services to decide, so nothing is filled in.
-void WritePage(Page& page, const std::string& title,
+void WritePage(Render::Page& page, const std::string& title,
                const Bindings::Authentication::ComponentData& component);
-void WritePage(Page& page, const std::string& title,
+void WritePage(Render::Page& page, const std::string& title,
                const Bindings::Authentication::PackageInfo& package);
-void WritePage(Page& page, const std::string& title,
+void WritePage(Render::Page& page, const std::string& title,
                const Bindings::Authentication::ServiceInfo& service);
-void WritePage(Page& page, const std::string& title,
+void WritePage(Render::Page& page, const std::string& title,
                const Bindings::Authentication::OperationInfo& operation);
 
 using SchemeList = std::list<std::shared_ptr<const Bindings::Authentication::AuthenticationInfo>>;
@@ -41,7 +41,7 @@ struct LevelSchemes {
 
 /// A section of the page of something else: what the records list for it and what is around it. As
 /// above, nothing is filled in.
-void WriteLevels(Page& page, const std::vector<LevelSchemes>& levels);
+void WriteLevels(Render::Page& page, const std::vector<LevelSchemes>& levels);
 
 void WriteOutline(OutlineWriter& outline, const std::string& name,
                   const Bindings::Authentication::ComponentInfo& component);

@@ -9,6 +9,8 @@
 namespace Zelk::Tool {
 namespace {
 
+using Render::Page;
+
 namespace Provider = ::Zelk::Provider::Metadata::Cli;
 using Container = std::shared_ptr<Provider::MetadataContainer>;
 using CommandSvc = Provider::CommandSvc::AsyncServiceImpl;
@@ -58,7 +60,7 @@ Query<Record> NodeQuery(Service& service, void (Service::*operation)(Parameters.
             if (!outcome.answer) return {std::nullopt, std::move(outcome.error)};
             const auto info = *outcome.answer;
             return {Record{[info](Page& page) { WritePage(page, *info); },
-                           [info](JsonWriter& json) { WriteRecord(json, *info); }},
+                           [info](Render::JsonWriter& json) { WriteRecord(json, *info); }},
                     std::nullopt};
           }};
 }

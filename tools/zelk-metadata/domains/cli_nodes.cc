@@ -14,6 +14,10 @@
 namespace Zelk::Tool {
 namespace {
 
+using Render::FirstLine;
+using Render::JsonWriter;
+using Render::Page;
+
 using Identity = CliNodes::Identity;
 using Pairs = std::vector<std::pair<std::string, std::string>>;
 

@@ -6,6 +6,8 @@
 
 namespace Zelk::Tool {
 
+using Render::Page;
+
 static void WriteMembers(RecordWriter& json, const Bindings::Cli::TreeIdentity& identity) {
   json.Member("path", identity.path);
   json.Member("name", identity.name);

@@ -16,11 +16,11 @@ std::string FullName(const Bindings::Cli::TreeIdentity& identity);
 void WriteMembers(RecordWriter& json, const Bindings::Cli::NamespaceSvc::Info& info);
 void WriteMembers(RecordWriter& json, const Bindings::Cli::CommandSvc::Info& info);
 
-void WritePage(Page& page, const Bindings::Cli::NamespaceSvc::Info& info);
-void WritePage(Page& page, const Bindings::Cli::CommandSvc::Info& info);
+void WritePage(Render::Page& page, const Bindings::Cli::NamespaceSvc::Info& info);
+void WritePage(Render::Page& page, const Bindings::Cli::CommandSvc::Info& info);
 
 /// The same as a client's help.
-void WriteUsagePage(Page& page, const std::string& title,
+void WriteUsagePage(Render::Page& page, const std::string& title,
                     const Bindings::Cli::CommandSvc::Info& info);
 
 }  // namespace Zelk::Tool

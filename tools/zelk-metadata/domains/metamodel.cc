@@ -39,8 +39,8 @@ constexpr Precedence kTogether{Rule::kAll, "All sources answer together, each na
 template <typename Service, typename... Parameters>
 Query<Record> GetQuery(Service& service, void (Service::*operation)(Parameters...)) {
   return MakeQuery<Record>(service, operation, [](const Ids& /*ids*/, const auto& record) {
-    return Record{[record](Page& page) { WritePage(page, *record); },
-                  [record](JsonWriter& json) { WriteRecord(json, *record); }};
+    return Record{[record](Render::Page& page) { WritePage(page, *record); },
+                  [record](Render::JsonWriter& json) { WriteRecord(json, *record); }};
   });
 }
 
@@ -213,7 +213,7 @@ std::vector<Section> Metamodel::About(const std::vector<Subject>& levels) {
   const auto operation = Call(operation_, &OperationSvc::Get, subject.ids[0], subject.ids[1]);
   if (!operation.answer) return {};
   const auto info = *operation.answer;
-  return {[info](Page& page) {
+  return {[info](Render::Page& page) {
     page.Heading("Operation:");
     WriteSummary(page, *info);
   }};

@@ -7,6 +7,8 @@
 namespace Zelk::Tool {
 namespace {
 
+using Render::Page;
+
 std::string Quoted(const std::string& text) {
   std::string quoted = "\"";
   for (const char character : text) {
@@ -90,7 +92,7 @@ void WriteParts(Page& page, const char* heading, const Map& parts) {
   page.Heading(heading);
   for (const auto& [name, part] : parts) {
     page.Line(1, PartText(name, *part));
-    page.Paragraph(2, FirstLine(part->documentation));
+    page.Paragraph(2, Render::FirstLine(part->documentation));
   }
 }
 
@@ -149,7 +151,7 @@ void WritePage(Page& page, const Bindings::Metamodel::OperationInfo& operation) 
 
 void WriteSummary(Page& page, const Bindings::Metamodel::OperationInfo& operation) {
   page.Line(1, Signature(operation));
-  page.Paragraph(2, FirstLine(operation.documentation));
+  page.Paragraph(2, Render::FirstLine(operation.documentation));
 }
 
 void WritePage(Page& page, const Bindings::Metamodel::StructureInfo& structure) {

@@ -31,17 +31,17 @@ void WriteMembers(RecordWriter& json, const Bindings::Metamodel::EnumerationInfo
 // Each begins with a line that names the record, followed by its documentation and annotations;
 // then come its parts under headings, those that it has none of left out. What a part holds in
 // turn has a page of its own, so only its name and the first line of its documentation are shown.
-void WritePage(Page& page, const Bindings::Metamodel::ComponentData& component);
-void WritePage(Page& page, const Bindings::Metamodel::PackageInfo& package);
-void WritePage(Page& page, const Bindings::Metamodel::ServiceInfo& service);
-void WritePage(Page& page, const Bindings::Metamodel::StructureInfo& structure);
-void WritePage(Page& page, const Bindings::Metamodel::EnumerationInfo& enumeration);
+void WritePage(Render::Page& page, const Bindings::Metamodel::ComponentData& component);
+void WritePage(Render::Page& page, const Bindings::Metamodel::PackageInfo& package);
+void WritePage(Render::Page& page, const Bindings::Metamodel::ServiceInfo& service);
+void WritePage(Render::Page& page, const Bindings::Metamodel::StructureInfo& structure);
+void WritePage(Render::Page& page, const Bindings::Metamodel::EnumerationInfo& enumeration);
 
 /// The line that names the operation is its signature: "list(service_id: ID) -> LIST<ID>".
-void WritePage(Page& page, const Bindings::Metamodel::OperationInfo& operation);
+void WritePage(Render::Page& page, const Bindings::Metamodel::OperationInfo& operation);
 
 /// The signature and the first line of the documentation, for a page about something else.
-void WriteSummary(Page& page, const Bindings::Metamodel::OperationInfo& operation);
+void WriteSummary(Render::Page& page, const Bindings::Metamodel::OperationInfo& operation);
 
 /// The component with everything in it, each kind of thing in the order of its key.
 void WriteOutline(OutlineWriter& outline, const Bindings::Metamodel::ComponentInfo& component);

@@ -6,6 +6,8 @@
 namespace Zelk::Tool {
 namespace {
 
+using Render::JsonWriter;
+
 /// A text to append, or a type whose text is still to be worked out.
 struct TextStep {
   const char* text;

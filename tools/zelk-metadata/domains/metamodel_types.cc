@@ -14,6 +14,8 @@ using Bindings::Metamodel::EnumerationInfo;
 using Bindings::Metamodel::FieldInfo;
 using Bindings::Metamodel::StructureInfo;
 using Bindings::Metamodel::Type;
+using Render::JsonWriter;
+using Render::Page;
 
 /// Deeper pages could not be read, and their indents would take more room than their texts.
 constexpr std::size_t kMostLevels = 50;

@@ -16,13 +16,13 @@ class RecordWriter;
 /// Writes the record whole, with its members under their own names and in their own order: maps as
 /// objects, enumerators by name, and null for what is not set.
 template <typename Record>
-void WriteRecord(JsonWriter& json, const Record& record);
+void WriteRecord(Render::JsonWriter& json, const Record& record);
 
 /// Writes the members of one record. Those of a record in it are written by the
 /// WriteMembers(RecordWriter&, const Record&) that is declared for it.
 class RecordWriter {
  public:
-  explicit RecordWriter(JsonWriter& json) : json_(json) {}
+  explicit RecordWriter(Render::JsonWriter& json) : json_(json) {}
 
   void Member(const char* name, const std::string& text) { json_.Member(name, text); }
 
@@ -63,14 +63,14 @@ class RecordWriter {
   }
 
   /// For what has a form of its own.
-  JsonWriter& Json() { return json_; }
+  Render::JsonWriter& Json() { return json_; }
 
  private:
-  JsonWriter& json_;
+  Render::JsonWriter& json_;
 };
 
 template <typename Record>
-void WriteRecord(JsonWriter& json, const Record& record) {
+void WriteRecord(Render::JsonWriter& json, const Record& record) {
   json.StartObject();
   RecordWriter writer(json);
   WriteMembers(writer, record);

@@ -13,7 +13,7 @@ void WriteMembers(RecordWriter& json, const SourceDescription& source) {
   json.Member("address", source.address);
 }
 
-void WriteSourcePage(Page& page, const std::string& id, const SourceDescription& source) {
+void WriteSourcePage(Render::Page& page, const std::string& id, const SourceDescription& source) {
   page.Title("source " + id);
   page.Paragraph(1, source.description);
   page.Line(1, "Type: " + EnumText(source.type));

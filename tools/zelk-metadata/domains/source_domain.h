@@ -17,15 +17,16 @@ namespace Zelk::Tool {
 void WriteMembers(RecordWriter& json, const Bindings::SourceDescription& source);
 
 /// A source's record does not say which one it is, so its page is given the id.
-void WriteSourcePage(Page& page, const std::string& id, const Bindings::SourceDescription& source);
+void WriteSourcePage(Render::Page& page, const std::string& id,
+                     const Bindings::SourceDescription& source);
 
 /// The kind "source" of a domain.
 template <typename SourceSvc>
 Kind SourceKind(SourceSvc& service) {
   const auto describe = [](const Ids& ids, const auto& info) {
     const std::string& id = ids.front();
-    return Record{[id, info](Page& page) { WriteSourcePage(page, id, *info); },
-                  [info](JsonWriter& json) { WriteRecord(json, *info); }};
+    return Record{[id, info](Render::Page& page) { WriteSourcePage(page, id, *info); },
+                  [info](Render::JsonWriter& json) { WriteRecord(json, *info); }};
   };
   return {"source",
           {"source"},

@@ -31,7 +31,7 @@ class AcceptedWriter {
 
  private:
   const Analysis::AcceptedForm form_;
-  JsonWriter json_;
+  Render::JsonWriter json_;
   std::size_t count_ = 0;
 };
 

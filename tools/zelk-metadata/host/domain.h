@@ -31,8 +31,8 @@ inline std::string Dotted(const Ids& ids) {
 
 /// A record from a service, with the two ways to show it.
 struct Record {
-  std::function<void(Page&)> page;
-  std::function<void(JsonWriter&)> json;
+  std::function<void(Render::Page&)> page;
+  std::function<void(Render::JsonWriter&)> json;
 };
 
 /// How many ids a query takes; both numbers are included.
@@ -160,7 +160,7 @@ struct Entry {
 using Outline = std::vector<Entry>;
 
 /// Writes what a domain knows about a thing that another one describes.
-using Section = std::function<void(Page&)>;
+using Section = std::function<void(Render::Page&)>;
 
 /// What a command-line client shows as help, and the operation that would be called, if any.
 struct UsagePage {

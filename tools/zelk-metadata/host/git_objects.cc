@@ -80,7 +80,7 @@ std::optional<GitObject> GitObjects::Get(const std::string& name) {
   Send(name + '\n');
   const std::string line = ReadLine();
   const std::vector<std::string> words = WordsOf(line);
-  const auto size = words.size() == 3 ? ParseNumber(words[2]) : std::nullopt;
+  const auto size = words.size() == 3 ? Render::ParseNumber(words[2]) : std::nullopt;
   name_failure_ = size ? "" : ReadNameFailure(line);
   if (!size) return std::nullopt;
   auto content = ReadContent(*size);
@@ -92,7 +92,7 @@ std::string GitObjects::ReadNameFailure(const std::string& line) {
   if (line.empty()) failure_ = Complaint();
   // For other failures, the line is the name and a word.
   const std::vector<std::string> words = WordsOf(line);
-  const auto size = words.size() == 2 ? ParseNumber(words[1]) : std::nullopt;
+  const auto size = words.size() == 2 ? Render::ParseNumber(words[1]) : std::nullopt;
   const auto content = size ? ReadContent(*size) : std::nullopt;
   if (!content) return "";
   if (words[0] == "symlink") return "it is a link to '" + *content + "', outside of the repository";
@@ -104,7 +104,7 @@ std::string GitObjects::Complaint() const {
   std::array<char, 1000> text{};
   const ssize_t size = pread(complaints_, text.data(), text.size(), 0);
   const std::string complaint(text.data(), size > 0 ? static_cast<std::size_t>(size) : 0);
-  return complaint.empty() ? "git has ended without a message" : FirstLine(complaint);
+  return complaint.empty() ? "git has ended without a message" : Render::FirstLine(complaint);
 }
 
 void GitObjects::Send(const std::string& text) const {

@@ -31,7 +31,7 @@ bool IsKindCalled(const std::string& text, const std::string& domain, const std:
 std::string FoundKind::IdsText() const {
   std::string text;
   for (std::size_t i = 0; i < std::min(ids.max, IdKinds().size()); ++i) {
-    const std::string name = UpperCase(IdKinds()[i]);
+    const std::string name = Render::UpperCase(IdKinds()[i]);
     text += i < ids.min ? " " + name : " [" + name + "]";
   }
   return text;

@@ -32,8 +32,8 @@ struct SyntaxError {
 
 std::optional<SyntaxError> SyntaxErrorOf(const Message& message, const DomainRow& row) {
   if (message.id != row.parse_error_id || message.arguments.size() < 2) return std::nullopt;
-  const auto code = ParseNumber(message.arguments[0]);
-  const auto offset = ParseNumber(message.arguments[1]);
+  const auto code = Render::ParseNumber(message.arguments[0]);
+  const auto offset = Render::ParseNumber(message.arguments[1]);
   if (!code || !offset) return std::nullopt;
   return SyntaxError{*code, *offset};
 }

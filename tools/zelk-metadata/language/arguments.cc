@@ -256,7 +256,7 @@ ParsedArguments ParseArguments(const std::vector<std::string>& args, const Langu
     return parsed;
   }
   if (wants_version && args.size() == 1) {
-    parsed.version = std::string(kProgramName) + " " ZELK_METADATA_VERSION;
+    parsed.version = std::string(Render::kProgramName) + " " ZELK_METADATA_VERSION;
     return parsed;
   }
   parsed.error = wants_version ? "--version is given alone" : Complaint(app, language);

@@ -8,6 +8,8 @@
 namespace Zelk::Tool {
 namespace {
 
+using Render::Page;
+
 using Pairs = std::vector<std::pair<std::string, std::string>>;
 
 void Add(Pairs& pairs, const OptionDescription& option, const std::string& summary) {

@@ -8,12 +8,12 @@
 namespace Zelk::Tool {
 
 /// Of the program: its commands, options and examples, and what all commands have in common.
-void WriteHelp(Page& page, const Language& language);
+void WriteHelp(Render::Page& page, const Language& language);
 
 /// Of one command of the language.
-void WriteHelp(Page& page, const Language& language, const Command& command);
+void WriteHelp(Render::Page& page, const Language& language, const Command& command);
 
 /// Names and summaries of all commands.
-void WriteCommands(Page& page, std::size_t level, const Language& language);
+void WriteCommands(Render::Page& page, std::size_t level, const Language& language);
 
 }  // namespace Zelk::Tool

@@ -142,13 +142,13 @@ bool Invocation::IsForPeople() const {
                                    : arguments_.output == "table";
 }
 
-Page Invocation::MakePage() const {
-  Terminal plain;
+Render::Page Invocation::MakePage() const {
+  Render::Terminal plain;
   plain.colours = arguments_.color == "always";
-  return Page(streams_.out, IsForPeople() ? streams_.out_terminal : plain);
+  return Render::Page(streams_.out, IsForPeople() ? streams_.out_terminal : plain);
 }
 
-void Invocation::Show(const Table& table) const {
+void Invocation::Show(const Render::Table& table) const {
   if (IsForPeople()) {
     table.Write(streams_.out, streams_.out_terminal);
   } else {
@@ -225,10 +225,10 @@ ExitStatus Invocation::FailAsUsage(const std::string& kind) const {
 static ExitStatus RunOnTerminal(const ParsedArguments& parsed, const Language& language,
                                 const Streams& streams, SessionState* session) {
   const bool is_paged = parsed.command->is_paged && !parsed.arguments.no_pager;
-  if (!is_paged || !WantsPager(streams.out_terminal)) {
+  if (!is_paged || !Render::WantsPager(streams.out_terminal)) {
     return Invocation(language, *parsed.command, parsed.arguments, streams, session).Run();
   }
-  Pager pager(streams.out, streams.err, streams.out_terminal);
+  Render::Pager pager(streams.out, streams.err, streams.out_terminal);
   std::ostream out(&pager);
   return Invocation(language, *parsed.command, parsed.arguments, WithOutput(streams, out), session)
       .Run();

@@ -22,8 +22,8 @@ struct Streams {
   std::istream& in;
   std::ostream& out;
   std::ostream& err;
-  Terminal out_terminal = {};
-  Terminal err_terminal = {};
+  Render::Terminal out_terminal = {};
+  Render::Terminal err_terminal = {};
 
   /// Whether `in` is the terminal of the process.
   bool in_is_terminal = false;
@@ -33,7 +33,7 @@ struct Streams {
 
   /// Prints one line on standard error.
   void Complain(const std::string& text) const {
-    PrintError(err, script_line + text, err_terminal);
+    Render::PrintError(err, script_line + text, err_terminal);
   }
 };
 
@@ -143,15 +143,15 @@ class Invocation {
   bool IsForPeople() const;
 
   /// A page for people, or one without wrapping and colours.
-  Page MakePage() const;
+  Render::Page MakePage() const;
 
-  void Show(const Table& table) const;
+  void Show(const Render::Table& table) const;
 
   /// The document of the command: an object with the version of its shape and the members that
   /// `write_members(json)` writes. Indented on a terminal.
   template <typename WriteMembers>
   void ShowJson(const WriteMembers& write_members) const {
-    JsonWriter json;
+    Render::JsonWriter json;
     json.StartObject();
     json.Key("version");
     json.Number(kJsonVersion);
@@ -163,7 +163,7 @@ class Invocation {
   /// The same with one member: an array of what `write(json, element)` writes of each element.
   template <typename Elements, typename Write>
   void ShowJsonArray(const char* name, const Elements& elements, const Write& write) const {
-    ShowJson([&](JsonWriter& json) {
+    ShowJson([&](Render::JsonWriter& json) {
       json.Key(name);
       json.StartArray();
       for (const auto& element : elements) write(json, element);

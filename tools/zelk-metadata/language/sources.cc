@@ -46,7 +46,7 @@ class Progressing {
   }
 
  private:
-  Progress progress_;
+  Render::Progress progress_;
 };
 
 std::vector<SourceArgument> ExpandAll(Host& host, const std::vector<std::string>& texts,

@@ -4,9 +4,10 @@
 namespace Zelk::Tool::Lint {
 namespace {
 
-WorkflowCommand CommandOf(const Entry& entry) {
+Render::WorkflowCommand CommandOf(const Entry& entry) {
   const bool is_note = entry.severity == Severity::kNote;
-  WorkflowCommand command{is_note ? "notice" : Analysis::Lint::Word(entry.severity), entry.file};
+  Render::WorkflowCommand command{is_note ? "notice" : Analysis::Lint::Word(entry.severity),
+                                  entry.file};
   if (entry.position) {
     command.line = entry.position->line;
     command.column = entry.position->column;
@@ -19,7 +20,7 @@ WorkflowCommand CommandOf(const Entry& entry) {
 }  // namespace
 
 void WriteGithub(std::ostream& out, const Report& report) {
-  WorkflowCommands commands(out, "lint");
+  Render::WorkflowCommands commands(out, "lint");
   for (const Severity severity : {Severity::kError, Severity::kWarning, Severity::kNote}) {
     report.ForEach([&](const Entry& entry) {
       const bool is_suppressed = entry.suppressed_by != SuppressedBy::kNothing;

@@ -4,6 +4,8 @@
 namespace Zelk::Tool::Lint {
 namespace {
 
+using Render::JsonWriter;
+
 constexpr std::array<const char*, 4> kSuppressedBy{"", "$lint", "configuration", "baseline"};
 
 boost::optional<std::string> OrNull(const std::string& text) {

@@ -12,7 +12,7 @@ namespace {
 /// As an attribute or text of XML, which has no control characters but these.
 std::string Escaped(const std::string& text) {
   std::string escaped;
-  for (const char byte : ForTerminal(text)) {
+  for (const char byte : Render::ForTerminal(text)) {
     switch (byte) {
       case '&':
         escaped += "&amp;";

@@ -99,12 +99,12 @@ struct Summary {
 Summary Summarize(const Report& report);
 
 // The outputs. That of JSON is written into the document of the command.
-void WriteJson(JsonWriter& json, const Report& report);
+void WriteJson(Render::JsonWriter& json, const Report& report);
 /// Writes what --baseline reads: all that nothing but a baseline suppresses, which needs
 /// `shows_suppressed`.
 WrittenList WriteBaseline(const std::string& path, const Report& report);
 /// In the terminal's width.
-void WriteText(std::ostream& out, const Report& report, const Terminal& terminal);
+void WriteText(std::ostream& out, const Report& report, const Render::Terminal& terminal);
 void WriteGithub(std::ostream& out, const Report& report);
 void WriteSarif(std::ostream& out, const Report& report);
 void WriteJunit(std::ostream& out, const Report& report);

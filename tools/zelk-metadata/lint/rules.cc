@@ -23,7 +23,7 @@ std::vector<std::string> ExampleFiles(const Rule& rule) {
 
 }  // namespace
 
-void WritePage(Page& page, const Rule& rule) {
+void WritePage(Render::Page& page, const Rule& rule) {
   page.Line(0, rule.id);
   page.Line(1, std::string(rule.title) + ".");
   page.Line(1, fmt::format("Group {}, {}, decided by {}.", Analysis::Lint::Word(rule.group),
@@ -43,7 +43,7 @@ void WritePage(Page& page, const Rule& rule) {
   page.Section("Fix:", rule.fix);
 }
 
-void WriteJson(JsonWriter& json, const Rule& rule) {
+void WriteJson(Render::JsonWriter& json, const Rule& rule) {
   json.StartObject();
   json.Member("id", rule.id);
   json.Member("group", Analysis::Lint::Word(rule.group));

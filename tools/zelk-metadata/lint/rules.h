@@ -7,9 +7,9 @@
 namespace Zelk::Tool::Lint {
 
 /// What is known about a rule, for people.
-void WritePage(Page& page, const Analysis::Lint::Rule& rule);
+void WritePage(Render::Page& page, const Analysis::Lint::Rule& rule);
 
 /// The same as one object.
-void WriteJson(JsonWriter& json, const Analysis::Lint::Rule& rule);
+void WriteJson(Render::JsonWriter& json, const Analysis::Lint::Rule& rule);
 
 }  // namespace Zelk::Tool::Lint

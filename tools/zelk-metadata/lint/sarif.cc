@@ -8,6 +8,8 @@
 namespace Zelk::Tool::Lint {
 namespace {
 
+using Render::JsonWriter;
+
 void Text(JsonWriter& json, const char* key, const std::string& text) {
   json.Key(key);
   json.StartObject();

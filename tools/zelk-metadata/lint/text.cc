@@ -10,6 +10,8 @@
 namespace Zelk::Tool::Lint {
 namespace {
 
+using Render::Terminal;
+
 std::string Counted(std::size_t count, const std::string& word) {
   return fmt::format("{} {}{}", count, word, count == 1 ? "" : "s");
 }
@@ -45,7 +47,8 @@ std::string Verdict(const Report& report, const Summary& summary) {
 
 void WriteLines(std::ostream& out, const std::string& text, const Terminal& terminal) {
   constexpr std::size_t kIndent = 4;
-  for (const std::string& line : Wrapped(ForTerminal(text), terminal.width, kIndent)) {
+  for (const std::string& line :
+       Render::Wrapped(Render::ForTerminal(text), terminal.width, kIndent)) {
     out << line << '\n';
   }
 }

@@ -6,7 +6,7 @@
 
 #include "render/utf8.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 namespace {
 
 constexpr std::size_t kDeepestIndented = 100;
@@ -86,4 +86,4 @@ void JsonWriter::WriteTo(std::ostream& out, bool indented) const {
   out.put('\n');
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

@@ -12,7 +12,7 @@
 
 #include "analysis/json_heap.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 
 /// Builds one JSON text, in ASCII: other characters are written as \uXXXX, so that the
 /// text is harmless on a terminal, too. Bytes that are not part of well-formed UTF-8 become U+FFFD.
@@ -62,4 +62,4 @@ class JsonWriter {
   rapidjson::Writer<Buffer, Utf8, Ascii, Analysis::JsonHeap> writer_;
 };
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

@@ -8,7 +8,7 @@
 
 #include "render/utf8.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 namespace {
 
 using Range = std::pair<std::uint32_t, std::uint32_t>;
@@ -132,4 +132,4 @@ std::vector<std::string> InColumns(const std::vector<std::string>& words, std::s
   return lines;
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 
 /// How many columns of a terminal a text takes that has been made harmless (see ForTerminal).
 std::size_t Columns(const std::string& text);
@@ -24,4 +24,4 @@ std::vector<std::string> Wrapped(const std::string& text, std::size_t width,
 /// of at most `width` columns.
 std::vector<std::string> InColumns(const std::vector<std::string>& words, std::size_t width);
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

@@ -7,7 +7,7 @@
 #include "render/layout.h"
 #include "render/utf8.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 namespace {
 
 constexpr std::size_t kStep = 4;
@@ -106,4 +106,4 @@ void PrintError(std::ostream& err, const std::string& text, const Terminal& term
   }
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

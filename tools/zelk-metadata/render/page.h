@@ -8,7 +8,7 @@
 
 #include "render/terminal.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 
 /// A readable page, written line by line. Whatever is given to it is made harmless for the terminal
 /// (see ForTerminal) on its way out.
@@ -54,4 +54,4 @@ constexpr char kProgramName[] = "zelk-metadata";
 /// One line on standard error, in the form that all complaints of the program have.
 void PrintError(std::ostream& err, const std::string& text, const Terminal& terminal = {});
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

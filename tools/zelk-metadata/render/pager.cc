@@ -8,7 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 namespace {
 
 /// If the pager is not installed, cat shows everything.
@@ -113,4 +113,4 @@ void Pager::Send(const char* text, std::size_t size) const {
   }
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

@@ -10,7 +10,7 @@
 
 #include "render/terminal.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 
 /// Whether the terminal can show one screen after the other, and the user has a pager: that of the
 /// variable ZELK_METADATA_PAGER or PAGER, or less.
@@ -53,4 +53,4 @@ class Pager : public std::streambuf {
   void (*interrupt_before_)(int) = SIG_DFL;
 };
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

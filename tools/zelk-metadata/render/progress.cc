@@ -6,7 +6,7 @@
 #include "render/layout.h"
 #include "render/utf8.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 namespace {
 
 /// Back to the beginning of the line, which is emptied.
@@ -55,4 +55,4 @@ void Progress::Watch(std::chrono::milliseconds patience) {
   err_ << kWipe << std::flush;
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

@@ -10,7 +10,7 @@
 
 #include "render/terminal.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 
 /// Shows on a terminal what is being done, once it takes long, and removes it at the end. Nothing
 /// else may write to the stream meanwhile.
@@ -38,4 +38,4 @@ class Progress {
   std::thread watcher_;
 };
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

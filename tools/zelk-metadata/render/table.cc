@@ -6,7 +6,7 @@
 #include "render/layout.h"
 #include "render/utf8.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 namespace {
 
 constexpr std::size_t kGap = 2;
@@ -85,4 +85,4 @@ void Table::WritePlain(std::ostream& out) const {
   }
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

@@ -6,7 +6,7 @@
 
 #include "render/terminal.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 
 /// Rows of cells under a line of headings. What is given is made harmless for the terminal.
 class Table {
@@ -27,4 +27,4 @@ class Table {
   std::vector<std::vector<std::string>> rows_;
 };
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

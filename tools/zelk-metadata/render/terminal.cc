@@ -7,7 +7,7 @@
 
 #include "render/text.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 namespace {
 
 std::size_t WidthFromEnvironment() {
@@ -55,4 +55,4 @@ std::string Styled(const Terminal& terminal, Style style, const std::string& tex
   return terminal.colours ? Begin(style) + text + "\x1b[0m" : text;
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

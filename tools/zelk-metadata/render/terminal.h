@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 
 /// Where a stream ends. By default not a terminal: text is written unchanged.
 struct Terminal {
@@ -27,4 +27,4 @@ enum class Style { kBold, kError, kWarning, kNote };
 /// The text in that style where colours are used.
 std::string Styled(const Terminal& terminal, Style style, const std::string& text);
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

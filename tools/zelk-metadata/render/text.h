@@ -7,7 +7,7 @@
 
 #include "analysis/text.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 
 using Analysis::LowerCase;
 
@@ -32,4 +32,4 @@ inline std::optional<std::uint64_t> ParseNumber(const std::string& text) {
   return number;
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

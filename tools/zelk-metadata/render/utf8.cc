@@ -5,7 +5,7 @@
 #include <fmt/format.h>
 #include <string_view>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 namespace {
 
 struct Character {
@@ -102,4 +102,4 @@ void ForEachCharacter(std::string_view text,
   }
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 
 /// The text with U+FFFD in place of every byte that is not part of well-formed UTF-8.
 std::string RepairedUtf8(const std::string& text);
@@ -20,4 +20,4 @@ std::string ForTerminal(const std::string& text);
 void ForEachCharacter(std::string_view text,
                       const std::function<void(std::uint32_t, std::string_view)>& visit);
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

@@ -6,7 +6,7 @@
 
 #include "render/utf8.h"
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 namespace {
 
 /// With what would end a workflow command, or begin another, written as GitHub reads it; other
@@ -54,4 +54,4 @@ void WorkflowCommands::End() {
        << " in the log of this step\n";
 }
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-namespace Zelk::Tool {
+namespace Zelk::Tool::Render {
 
 /// A line of the log from which GitHub makes an annotation.
 struct WorkflowCommand {
@@ -42,4 +42,4 @@ class WorkflowCommands {
   std::size_t left_ = 0;
 };
 
-}  // namespace Zelk::Tool
+}  // namespace Zelk::Tool::Render

@@ -50,7 +50,7 @@ void RunDialogue(const Language& language, const std::vector<std::string>& sourc
   session.Load(sources);
   Prompt prompt(session);
   for (std::string line; !session.HasEnded() && prompt.Read(line);) {
-    session.Fit(TerminalOf(STDOUT_FILENO));
+    session.Fit(Render::TerminalOf(STDOUT_FILENO));
     const InterruptWatch watch;
     session.Run(line);
     if (IsInterrupted()) streams.out << '\n';

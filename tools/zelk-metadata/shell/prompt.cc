@@ -63,8 +63,9 @@ namespace {
 /// Below the line, each choice with its meaning, or the choices in columns if they have none.
 void Show(const std::vector<Complete::Choice>& choices) {
   std::size_t widest = 0;
-  for (const Complete::Choice& choice : choices) widest = std::max(widest, Columns(choice.word));
-  const std::size_t width = TerminalOf(STDOUT_FILENO).width;
+  for (const Complete::Choice& choice : choices)
+    widest = std::max(widest, Render::Columns(choice.word));
+  const std::size_t width = Render::TerminalOf(STDOUT_FILENO).width;
   const std::size_t count = std::min(choices.size(), kMostShown);
   std::vector<std::string> words;
   std::string text = "\n";
@@ -73,12 +74,12 @@ void Show(const std::vector<Complete::Choice>& choices) {
       std::any_of(choices.begin(), choices.end(),
                   [](const Complete::Choice& choice) { return !choice.summary.empty(); });
   for (std::size_t i = 0; has_summaries && i < count; ++i) {
-    words[i].append(widest - Columns(words[i]) + kGap, ' ');
+    words[i].append(widest - Render::Columns(words[i]) + kGap, ' ');
     const std::size_t room = width > widest + kGap ? width - widest - kGap : 0;
-    words[i] += Wrapped(ForTerminal(choices[i].summary), room).front();
+    words[i] += Render::Wrapped(Render::ForTerminal(choices[i].summary), room).front();
     words[i].erase(words[i].find_last_not_of(' ') + 1);
   }
-  for (const std::string& line : has_summaries ? words : InColumns(words, width)) {
+  for (const std::string& line : has_summaries ? words : Render::InColumns(words, width)) {
     text += line + '\n';
   }
   if (choices.size() > kMostShown) {
@@ -96,8 +97,8 @@ unsigned char Prompt::Editor::CompleteHere() const {
   if (!completion.text.empty()) {
     // Counted in characters by the editor, in bytes by everybody else.
     std::size_t characters = 0;
-    ForEachCharacter(typed.substr(typed.size() - completion.replaced),
-                     [&characters](std::uint32_t, std::string_view) { ++characters; });
+    Render::ForEachCharacter(typed.substr(typed.size() - completion.replaced),
+                             [&characters](std::uint32_t, std::string_view) { ++characters; });
     el_deletestr(line, static_cast<int>(characters));
     el_insertstr(line, completion.text.c_str());
   }
@@ -112,7 +113,7 @@ Prompt::Prompt(const Session& session) : editor_(std::make_unique<Editor>(sessio
   // The editor reads characters of the user's encoding, and drops those that it does not have.
   std::setlocale(LC_CTYPE, "");
   if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) std::setlocale(LC_CTYPE, "C.UTF-8");
-  editor.line = el_init(kProgramName, stdin, stdout, stderr);
+  editor.line = el_init(Render::kProgramName, stdin, stdout, stderr);
   editor.history = history_init();
   HistEvent event{};
   history(editor.history, &event, H_SETSIZE, static_cast<int>(kHistorySize));

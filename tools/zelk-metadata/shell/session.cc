@@ -89,7 +89,7 @@ LineCompletion Session::Complete(const std::string& line) const {
   std::vector<Complete::Choice> choices = ChoicesOf(completion, typed);
   choices.erase(std::remove_if(choices.begin(), choices.end(),
                                [](const Complete::Choice& choice) {
-                                 return ForTerminal(choice.word) != choice.word;
+                                 return Render::ForTerminal(choice.word) != choice.word;
                                }),
                 choices.end());
   if (choices.empty()) return {};

@@ -30,7 +30,7 @@ class Session {
   bool Load(const std::vector<std::string>& sources);
 
   /// The answers that follow are for a terminal of this size.
-  void Fit(const Terminal& terminal) {
+  void Fit(const Render::Terminal& terminal) {
     streams_.out_terminal.width = terminal.width;
     streams_.out_terminal.height = terminal.height;
   }
