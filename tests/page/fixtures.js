@@ -149,7 +149,10 @@ export function hostileSources() {
 /** Each is shown as its code in names. */
 export const UNSEEN = [0x200b, 0x200f, 0x061c, 0x00ad, 0xe0041, 0x2028, 0x202e];
 
-/** Two sources that describe the schemes of one component, and names that cannot be seen. */
+/**
+ * Two sources that describe the schemes of one component, names that cannot be seen, and a command
+ * that fills what is not there.
+ */
 export function oddSources() {
   const names = [' ', `a${String.fromCodePoint(...UNSEEN)}b`, '\u0645\u06cc\u200c\u062e'];
   const content = {
@@ -159,6 +162,46 @@ export function oddSources() {
     enumerations: [],
     structures: names.map((name) => structure(name, [])),
     services: [],
+  };
+  const called = {
+    ...content,
+    name: 'sh.q',
+    structures: [],
+    services: [
+      {
+        ...service('sh.q.svc'),
+        operations: [
+          {
+            name: 'run',
+            documentation: '',
+            metadata: {},
+            params: [{ name: 'spec', documentation: '', metadata: {}, type: text }],
+            result: { documentation: '', metadata: {}, type: text },
+            errors: [],
+          },
+        ],
+      },
+    ],
+  };
+  const command = {
+    type: 'command',
+    path: '',
+    name: 'run',
+    description: '',
+    node_metadata: {
+      service_id: 'sh.q.svc',
+      operation_id: 'run',
+      formatter: 'SIMPLE',
+      options: ['spec.more.q', 'nothing.q'].map((field) => ({
+        long_option: field,
+        short_option: '',
+        field_name: field,
+        description: '',
+        type: 'String',
+        generic: 'NONE',
+      })),
+      output_field_list: [],
+    },
   };
   const schemes = (name) => ({
     authentication: {
@@ -170,8 +213,9 @@ export function oddSources() {
     },
   });
   return [
-    writeSource('odd.json', component('sh', [content])),
+    writeSource('odd.json', component('sh', [content, called])),
     writeSource('c0.json', schemes('x.a')),
     writeSource('c1.json', schemes('y.a')),
+    writeSource('run.json', { cli: [command] }),
   ];
 }

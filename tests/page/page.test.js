@@ -49,7 +49,9 @@ const KINDS = {
 };
 
 const own = makePage('own', ['metadata']);
-const shadowed = makePage('shadowed', shadowedSources(), 1);
+const schemesOnly = makePage('schemes-only', ['metadata/authentication']);
+const commandsOnly = makePage('commands-only', ['metadata/cli']);
+const shadowed = makePage('shadowed', [...shadowedSources(), 'nowhere.json'], 1);
 const hostile = makePage('hostile', hostileSources());
 const odd = makePage('odd', oddSources());
 
@@ -61,6 +63,8 @@ function testIn(name) {
     const texts = (selector) => tab.$$eval(selector, (all) => all.map((one) => one.textContent));
     const focused = () => tab.evaluate(() => document.activeElement.tagName);
     const hash = () => tab.evaluate(() => location.hash);
+    const shownTab = async () => (await text('[role="tab"][aria-selected="true"]')).trim();
+    const width = () => tab.evaluate(() => document.scrollingElement.scrollWidth);
 
     const search = async (query) => {
       await tab.focus('#query');
@@ -106,8 +110,7 @@ function testIn(name) {
       await tab.setViewport({ width: 320, height: 720 });
       for (const [kind, address] of Object.entries(KINDS)) {
         await follow(tab, address);
-        const width = await tab.evaluate(() => document.scrollingElement.scrollWidth);
-        assert.ok(width <= 320, `${kind} is ${width} wide`);
+        assert.ok((await width()) <= 320, `${kind} is ${await width()} wide`);
         await screenshot(tab, `${name}-${kind}-narrow`);
       }
       await assertAccessible();
@@ -128,7 +131,11 @@ function testIn(name) {
       );
       assert.match(
         levels,
-        /package metamodel.*session.*service source.*operation delete.*administrator/,
+        /package metamodel.*session com\.orvane\.zelk\.authentication\.session SESSION_AWARE.*service source.*operation delete.*administrator/,
+      );
+      assert.match(
+        await text('main'),
+        /Commands that call it.*metadata metamodel source delete.*--source-id ID/,
       );
       assert.match(await text('main'), /nothing is inherited/);
       const links = await tab.$$eval('main a', (all) =>
@@ -158,6 +165,16 @@ function testIn(name) {
       assert.ok((await texts('main tbody th')).includes('service.operation'));
       await follow(tab, KINDS.scheme);
       assert.ok((await texts('main li')).some((user) => user.includes(SOURCE)));
+    });
+
+    test('what an option fills is shown whole, whatever of it is unknown', async () => {
+      await load(tab, odd + '#/command/run');
+      const rows = await tab.$$eval('main tbody tr', (all) => all.map((row) => row.innerText));
+      assert.match(rows[0], /\bspec\.more\.q \(not in these files\)/);
+      assert.match(rows[1], /\bnothing\.q \(not in these files\)/);
+      await tab.click('main tbody a');
+      await settle(tab);
+      assert.equal(await hash(), '#/operation/sh.q.svc/run?parameter=spec');
     });
 
     test('back, forward and links to parts of pages work', async () => {
@@ -252,8 +269,11 @@ function testIn(name) {
       for (const scheme of ['x.a', 'y.a']) {
         await follow(tab, '#/package/sh.p');
         const link = await tab.$$eval(
-          'main td .list a',
-          (links, wanted) => links.find((one) => one.textContent === wanted).getAttribute('href'),
+          'main td .list li',
+          (items, wanted) => {
+            const item = items.find((one) => one.textContent.startsWith(`a ${wanted} `));
+            return item.querySelector('a').getAttribute('href');
+          },
           scheme,
         );
         await follow(tab, link);
@@ -313,6 +333,91 @@ function testIn(name) {
       await screenshot(tab, `${name}-searching`);
     });
 
+    test('search finds errors, annotations and fingerprints', async () => {
+      await load(tab, own);
+      const find = async (query) => {
+        await search(query);
+        return tab.$$eval('#hits [role="option"]', (all) =>
+          all.map((one) => [one.textContent, one.getAttribute('href')]),
+        );
+      };
+      const errors = await find('error:delete not_found');
+      assert.equal(errors.length, 3);
+      assert.match(errors[0][0], /^Ererror not_foundcom\.orvane\..*\.source\.delete$/);
+      await follow(tab, errors[0][1]);
+      assert.match(await text('.chosen th'), /not_found/);
+      const annotations = await find('annotation:resource source.delete');
+      assert.match(annotations[0][0], /^Anannotation Resourcecom\..*\.source\.delete\.source_id$/);
+      await follow(tab, annotations[0][1]);
+      assert.match(await text('.chosen th'), /source_id/);
+      await follow(tab, '#/');
+      const [digest] = (await texts('main td .name')).filter((one) => /^[0-9a-f]{32}$/.test(one));
+      for (const query of [digest, digest.slice(0, 12)]) {
+        assert.deepEqual(
+          (await find(query)).map(([one]) => one),
+          ['Sosource metadata/metamodel/zelk-metadata.json'],
+        );
+      }
+    });
+
+    test('components of interfaces and of schemes do not look alike', async () => {
+      await load(tab, own);
+      await search('com.orvane.zelk.metadata');
+      const hits = await texts('#hits [role="option"]');
+      for (const kind of ['Cocomponent ', 'Auauthentication ']) {
+        assert.equal(hits.filter((one) => one.startsWith(kind)).length, 1, kind);
+      }
+      await follow(tab, KINDS.authentication);
+      assert.match(await text('.tree li'), /^(Contents of [^A]*)?Auauthentication /);
+      assert.match(await text('h1'), /^authentication /);
+    });
+
+    test('pages of schemes or of commands only begin with these', async () => {
+      await load(tab, schemesOnly);
+      assert.equal(await heading(tab), 'com.orvane.zelk.metadata');
+      assert.equal(await shownTab(), 'Schemes');
+      assert.match(await text('main'), /4 schemes.*password com\.orvane\S* SESSIONLESS/);
+      await assertAccessible();
+      await screenshot(tab, `${name}-schemes-only`);
+      await load(tab, commandsOnly);
+      assert.equal(await heading(tab), 'Commands');
+      assert.equal(await shownTab(), 'Commands');
+      assert.match(await text('main'), /49 commands.*metadata3 namespaces/);
+      await assertAccessible();
+      await screenshot(tab, `${name}-commands-only`);
+    });
+
+    test('results are links, of which no name is cut on a narrow screen', async () => {
+      await load(tab, own + KINDS.operation);
+      await tab.setViewport({ width: 320, height: 720 });
+      await search('create');
+      const hits = await tab.$$eval('#hits a[role="option"]', (all) =>
+        all.map((one) => ({
+          address: one.getAttribute('href'),
+          isWhole: [one, ...one.children].every((part) => part.scrollWidth <= one.clientWidth),
+        })),
+      );
+      assert.ok(hits.length > 5);
+      assert.deepEqual(
+        hits.filter(({ isWhole }) => !isWhole),
+        [],
+      );
+      assert.equal(hits[0].address, '#/operation/com.orvane.zelk.metadata.metamodel.source/create');
+      await screenshot(tab, `${name}-searching-narrow`);
+      await tab.setViewport({ width: 1280, height: 860 });
+      const pages = (await browser.pages()).length;
+      const opened = new Promise((resolve) => browser.once('targetcreated', resolve));
+      await tab.click('#hits a', { button: 'middle' });
+      await (await (await opened).page()).close();
+      assert.equal((await browser.pages()).length, pages);
+      assert.equal(await hash(), KINDS.operation);
+      assert.ok(!(await tab.$eval('#hits', (one) => one.hidden)));
+      await tab.click('#hits a');
+      await tab.waitForFunction((address) => location.hash === address, {}, hits[0].address);
+      assert.ok(await tab.$eval('#hits', (one) => one.hidden));
+      assert.equal(await heading(tab), 'create');
+    });
+
     test('everything can be done with the keyboard', async () => {
       await load(tab, own);
       await tab.keyboard.press('/');
@@ -348,9 +453,13 @@ function testIn(name) {
       await assertAccessible();
       await tab.keyboard.press('Escape');
       assert.ok(!(await tab.$eval('dialog', (dialog) => dialog.open)));
-      await tab.focus('#tab-0');
+      await tab.focus('#tab-metamodel');
       await tab.keyboard.press('ArrowRight');
-      assert.equal(await text('[role="tab"][aria-selected="true"]'), 'Commands');
+      assert.equal(await shownTab(), 'Commands');
+      await tab.keyboard.press('ArrowLeft');
+      await tab.keyboard.press('ArrowLeft');
+      assert.equal(await shownTab(), 'Sources');
+      assert.equal(await focused(), 'BUTTON');
     });
 
     test('a name can be copied, and results opened in new tabs', async () => {
@@ -429,7 +538,8 @@ function testIn(name) {
 
     test('what is shadowed, dropped or does not load is shown', async () => {
       await load(tab, shadowed);
-      assert.match(await text('main'), /Files that do not load.*broken\.json/s);
+      const home = await text('main');
+      assert.match(home, /Files that do not load.*nowhere\.json: No such file.*broken\.json/s);
       await follow(tab, '#/service/a.b.svc');
       assert.equal((await texts('.note')).length, 0);
       await follow(tab, '#/service/a.b.svc@2');
@@ -440,6 +550,16 @@ function testIn(name) {
       assert.match(await text('main'), /Not answered or shadowed.*second\.json:1/s);
       await follow(tab, '#/source/metamodel/first');
       assert.match(await text('main'), /Shadows.*second\.json:1/s);
+      await follow(tab, '#/search/service:a.b.svc');
+      const services = await texts('main .list li');
+      assert.equal(services.length, 2);
+      assert.match(services[1], /svc a\.b shadowed by \S*first\.json:1$/);
+      await assertAccessible();
+      await tab.click('main .list .mark a');
+      await settle(tab);
+      assert.equal(await hash(), '#/service/a.b.svc');
+      await search('service:a.b.svc');
+      assert.match((await texts('#hits [role="option"]'))[1], /shadowed$/);
     });
 
     test('long lists are shown in steps', async () => {
@@ -472,8 +592,7 @@ function testIn(name) {
       );
       assert.match(await tab.title(), /^⟨U\+202E⟩evil⟨U\+2066⟩⟨U\+0000⟩/);
       await screenshot(tab, `${name}-hostile`);
-      const width = await tab.evaluate(() => document.scrollingElement.scrollWidth);
-      assert.ok(width <= 1280, String(width));
+      assert.ok((await width()) <= 1280, String(await width()));
     });
 
     test('the browser refuses every request, even one that a script of the page tries', async () => {
@@ -528,9 +647,22 @@ function testIn(name) {
         await still.goto(own);
         const visible = await still.evaluate(() => document.body.innerText);
         assert.match(visible, /needs JavaScript/);
-        assert.match(visible, new RegExp(`service ${SOURCE.replaceAll('.', '\\.')}`));
+        assert.match(visible, /component com\.orvane\.zelk\.metadata\s+package.*service source/s);
         assert.doesNotMatch(visible, /Reading the page/);
         await screenshot(still, `${name}-no-script`);
+        await still.setViewport({ width: 320, height: 720 });
+        for (const page of [own, shadowed, hostile]) {
+          await still.goto(page);
+          const wide = await still.evaluate(() => document.scrollingElement.scrollWidth);
+          assert.ok(wide <= 320, `${page} is ${wide} wide`);
+        }
+        await screenshot(still, `${name}-no-script-narrow`);
+        const shown = await still.evaluate(() => document.title + document.body.innerText);
+        assert.match(shown, /⟨U\+202E⟩evil⟨U\+2066⟩⟨U\+0000⟩/);
+        assert.doesNotMatch(shown, /[\u202e\u2066\u2028]/);
+        await still.goto(shadowed);
+        const failed = await still.evaluate(() => document.body.innerText);
+        assert.match(failed, /Files that do not load.*nowhere\.json: No such file/s);
         await still.close();
       });
     }

@@ -1,5 +1,8 @@
 #include "docs/data.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
 #include <sstream>
 #include <string_view>
 
@@ -8,6 +11,7 @@
 #include "analysis/format.h"
 #include "analysis/resources.h"
 #include "docs/details.h"
+#include "docs/owner.h"
 #include "render/json_writer.h"
 
 namespace Zelk::Tool::Docs {
@@ -22,12 +26,13 @@ using Analysis::NodeId;
 using Analysis::Workspace;
 using Render::JsonWriter;
 
-// In the order of ElementKind, Fate and ReferenceKind; each word is used once.
+// In the order of ElementKind and one more, Fate and ReferenceKind; each word is used once.
 constexpr const char* kKindWords[] = {
-    "none",     "component",  "package",   "service",      "operation",    "parameter",
-    "result",   "error",      "structure", "field",        "enumeration",  "value",
-    "constant", "annotation", "scheme",    "package-list", "service-list", "operation-list",
-    "entry",    "namespace",  "command",   "option",       "output",       "output-field"};
+    "none",         "component",    "package",        "service",      "operation",
+    "parameter",    "result",       "error",          "structure",    "field",
+    "enumeration",  "value",        "constant",       "annotation",   "scheme",
+    "package-list", "service-list", "operation-list", "entry",        "namespace",
+    "command",      "option",       "output",         "output-field", "authentication"};
 constexpr const char* kFateWords[] = {"found",    "dropped", "overridden",
                                       "shadowed", "ignored", "lost"};
 constexpr const char* kReferenceWords[] = {"type",    "error",  "resource",    "listed",
@@ -40,13 +45,14 @@ std::string Finished(const JsonWriter& json) {
   return text.str();
 }
 
-/// What it is in; of a command the namespace of its path, in whichever file that is.
-ElementId OwnerOf(const Model& model, ElementId id) {
-  if (model[id].kind != ElementKind::kCommand) return model[id].owner;
-  const std::string_view path = model[id].path;
-  const std::size_t dot = path.rfind('.');
-  if (dot == std::string_view::npos) return model.Find(ElementKind::kNamespace, path);
-  return model.Find(ElementKind::kNamespace, path.substr(dot + 1), path.substr(0, dot));
+/// Components of Authentication have pages of their own, so they are of a kind of their own.
+constexpr std::uint64_t kAuthentication = std::size(kKindWords) - 1;
+
+std::uint64_t KindNumber(const Model& model, ElementId id) {
+  const ElementKind kind = model[id].kind;
+  const bool is_authentication =
+      kind == ElementKind::kComponent && model.GetDomain() == Domain::kAuthentication;
+  return is_authentication ? kAuthentication : static_cast<std::uint64_t>(kind);
 }
 
 class StructureWriter {
@@ -136,15 +142,13 @@ class StructureWriter {
   }
 
   void WriteElements() {
-    WriteColumn("kind", [](const Model& model, ElementId id) {
-      return static_cast<std::uint64_t>(model[id].kind);
-    });
+    WriteColumn("kind", KindNumber);
     WriteColumn("name", [&](const Model& model, ElementId id) {
       const bool has_path = !model[id].path.empty();
       return has_path ? texts_.Add(model.FullName(id)) : texts_.Add(model[id].name);
     });
     WriteColumn("owner", [&](const Model& model, ElementId id) {
-      return numbers_.OrZero(model.GetDomain(), OwnerOf(model, id));
+      return numbers_.OrZero(model.GetDomain(), ShownOwner(model, id));
     });
     // Twice the fate, and one more for what the library made.
     WriteColumn("fate", [](const Model& model, ElementId id) {

@@ -48,9 +48,12 @@ export function shownName(text) {
   return shown(text, 200).trim() || '(blank)';
 }
 
-/** A name, which keeps its direction to itself. Lines may end after its dots and underscores. */
+/**
+ * A name, which keeps its direction to itself. Lines may end after its dots, slashes and
+ * underscores.
+ */
 export function name(text) {
-  const parts = shownName(text).split(/(?<=[._])/);
+  const parts = shownName(text).split(/(?<=[./_])/);
   return h(
     'bdi.name',
     parts.map((part, i) => [i > 0 && h('wbr'), part]),

@@ -1,10 +1,10 @@
 // Reads the data, then shows the page of the address and those that follow.
 
 import { h, name } from './dom.js';
-import { Model } from './model.js';
+import { model } from './model.js';
 import { parseAddress } from './routes.js';
 import { SearchBox } from './search_box.js';
-import { SearchIndex } from './search_index.js';
+import { nameIndex } from './search_index.js';
 import { setUpKeys, setUpTheme } from './settings.js';
 import { Tree } from './tree.js';
 import { viewAt } from './views.js';
@@ -45,13 +45,11 @@ function idle() {
 }
 
 setUpTheme(byId('theme'));
-const model = new Model(await readBlock('structure'));
+model.read(await readBlock('structure'));
 document.querySelector('.brand').replaceChildren(name(model.title));
-let made = null;
-const index = () => (made ??= new SearchIndex(model));
-const tree = new Tree(model, byId('tabs'), byId('tree'));
+const tree = new Tree(byId('tabs'), byId('tree'));
 const input = byId('query');
-new SearchBox(model, index, { input, hits: byId('hits'), count: byId('count') });
+new SearchBox({ input, hits: byId('hits'), count: byId('count') });
 
 function openSidebar(isOpen) {
   document.body.classList.toggle('with-sidebar', isOpen);
@@ -60,7 +58,7 @@ function openSidebar(isOpen) {
 
 /** The page of the address, which is kept for the way back. */
 function makePage(address) {
-  const view = viewAt(model, index, address);
+  const view = viewAt(address);
   if (!history.state) history.replaceState(Math.random(), '');
   pages.set(history.state, view);
   if (pages.size > MOST_PAGES) pages.delete(pages.keys().next().value);
@@ -120,5 +118,5 @@ await idle();
 model.texts = await readBlock('documentation');
 model.waiting.forEach((fill) => fill());
 await idle();
-index();
+nameIndex();
 document.documentElement.dataset.state = 'ready';

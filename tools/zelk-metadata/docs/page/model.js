@@ -36,7 +36,8 @@ const COLUMNS = [
   'referenceTo',
 ];
 
-const FULL_NAMES = /^(component|package|service|structure|enumeration|namespace|command|.*-list)$/;
+const FULL_NAMES =
+  /^(component|authentication|package|service|structure|enumeration|namespace|command|.*-list)$/;
 
 /** Which positions have which value, in ascending order. */
 function group(values, size) {
@@ -48,20 +49,19 @@ function group(values, size) {
   return (value) => rows.subarray(begin[value], begin[value + 1]);
 }
 
-export class Model {
+class Model {
   /** The documentation of each element or 0; null until it is read. */
   texts = null;
 
   /** What to call then. */
   waiting = [];
 
-  constructor(data) {
+  read(data) {
     Object.assign(this, data);
     for (const column of COLUMNS) this[column] = Int32Array.from(data[column]);
     this.size = this.kind.length;
     this.fullKinds = this.kinds.map((kind) => FULL_NAMES.test(kind));
     for (const column of ['owner', 'by']) this[column].forEach((id, i, all) => (all[i] = id - 1));
-    this.findHomes();
     this.inOwner = group(this.owner, this.size);
     this.fromElement = group(this.referenceFrom, this.size);
     this.toElement = group(
@@ -69,17 +69,6 @@ export class Model {
       this.size,
     );
     this.resources = this.readResources(data.resources);
-  }
-
-  /** What is answered although its owner is not is in what is answered in its owner's place. */
-  findHomes() {
-    this.owner.forEach((owner, id, owners) => {
-      // The root namespace.
-      if (owner === id) owners[id] = -1;
-      else if (owner >= 0 && this.isFound(id) && !this.isFound(owner) && this.by[owner] >= 0) {
-        owners[id] = this.by[owner];
-      }
-    });
   }
 
   /** By name, in the order of names: what names it, and its models. */
@@ -126,15 +115,21 @@ export class Model {
     return this.fullKinds[this.kind[id]];
   }
 
+  /** Whether only the last part of its name is its own. Errors have the names of their types. */
+  hasDots(id) {
+    return this.hasFullName(id) || this.kindOf(id) === 'error';
+  }
+
   simpleName(id) {
     const name = this.nameOf(id);
-    return this.hasFullName(id) ? name.slice(name.lastIndexOf('.') + 1) || '.' : name;
+    return this.hasDots(id) ? name.slice(name.lastIndexOf('.') + 1) || '.' : name;
   }
 
   /** What comes after the name of the owner. */
   relativeName(id) {
-    const around = `${this.nameOf(this.owner[id]) ?? ''}.`;
     const full = this.nameOf(id);
+    if (this.owner[id] < 0) return full;
+    const around = `${this.nameOf(this.owner[id])}.`;
     return (full.startsWith(around) && full.slice(around.length)) || this.simpleName(id);
   }
 
@@ -166,16 +161,18 @@ export class Model {
   }
 
   /** All elements of the kind with that name, the one that is answered first. */
-  find(kind, name, domain) {
+  find(kind, name) {
     const text = this.strings.indexOf(name);
     const ids = [];
-    if (text < 0) return ids;
     for (let id = this.name.indexOf(text); id >= 0; id = this.name.indexOf(text, id + 1)) {
-      if (this.kindOf(id) !== kind || (domain && this.sourceOf(id).domain !== domain)) continue;
-      if (this.isFound(id)) ids.unshift(id);
-      else ids.push(id);
+      if (this.kindOf(id) === kind) ids.push(id);
     }
-    return ids;
+    return this.foundFirst(ids);
+  }
+
+  /** The same elements, the one that is answered first. */
+  foundFirst(ids) {
+    return ids.sort((a, b) => this.isFound(b) - this.isFound(a));
   }
 
   /** All elements for which `isWanted(id)` is true. */
@@ -189,11 +186,6 @@ export class Model {
   ofKind(kind) {
     const code = this.kinds.indexOf(kind);
     return this.all((id) => this.kind[id] === code && this.isFound(id));
-  }
-
-  /** The answered components of a domain. */
-  components(domain) {
-    return this.ofKind('component').filter((id) => this.sourceOf(id).domain === domain);
   }
 
   /** The answered elements of a kind that are in nothing. */
@@ -253,3 +245,6 @@ export class Model {
     return members;
   }
 }
+
+/** All that the page is about. */
+export const model = new Model();

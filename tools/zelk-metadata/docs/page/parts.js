@@ -1,15 +1,16 @@
 // What pages are made of: links, types, places, tables, notes.
 
 import { action, counted, h, inSteps, longText, name, number, quiet, shown } from './dom.js';
+import { model } from './model.js';
 import { href, pageOf, partId, path } from './routes.js';
 import { typePieces } from './types.js';
 
-export function kindText(model, id) {
+export function kindText(id) {
   return model.kindOf(id).replace('-list', '').replace('-', ' ');
 }
 
 /** The full name of a command or a namespace as people type it. */
-export function words(model, id) {
+export function words(id) {
   return model.nameOf(id).replaceAll('.', ' ') || 'All commands';
 }
 
@@ -27,13 +28,13 @@ export function glyph(kind) {
   );
 }
 
-export function link(model, id, text = model.simpleName(id)) {
-  return h('a', { href: href(model, id) }, name(text));
+export function link(id, text = model.simpleName(id)) {
+  return h('a', { href: href(id) }, name(text));
 }
 
 /** The link with the full name and the kind in front. */
-export function fullLink(model, id) {
-  return [glyph(kindText(model, id)), ' ', link(model, id, model.fullName(id)), mark(model, id)];
+export function fullLink(id) {
+  return [glyph(kindText(id)), ' ', link(id, model.fullName(id)), mark(id)];
 }
 
 export function resourceLink(text) {
@@ -44,29 +45,35 @@ export function sourceLink(source, text = source.file) {
   return h('a', { href: path('source', source.domain, source.id) }, name(text));
 }
 
-export function typeOf(model, id) {
-  const pieces = typePieces(model, model.row(id)).map((piece) => {
-    if (piece.id >= 0) return link(model, piece.id, piece.text);
+export function typeOf(id) {
+  const pieces = typePieces(model.row(id)).map((piece) => {
+    if (piece.id >= 0) return link(piece.id, piece.text);
     return piece.id ? quiet(name(piece.text)) : shown(piece.text);
   });
   return h('code', pieces);
 }
 
 /** What is named: a link, or the name of something that is not loaded. */
-export function target(model, { id, name: text }, label = text) {
-  return id >= 0 ? link(model, id, label) : quiet(name(text), ' (not in these files)');
+export function target({ id, name: text }, label = text) {
+  return id >= 0 ? link(id, label) : quiet(name(text), ' (not in these files)');
+}
+
+/** What the element refers to, as `target` shows it; only the text if there is no such reference. */
+export function referred(id, kind, text = '', label = text || undefined) {
+  const [reference] = model.referencesFrom(id, kind);
+  return reference ? target(reference, label) : text && name(text);
 }
 
 /** Fills in the element once the documentation is read. */
-export function later(model, element, fill) {
+export function later(element, fill) {
   if (model.texts) fill();
   else model.waiting.push(fill);
   return element;
 }
 
-export function documentation(model, id) {
+export function documentation(id) {
   const element = h('div.doc', { dir: 'auto' });
-  return later(model, element, () => {
+  return later(element, () => {
     const parts = model
       .documentation(id)
       .split(/\n\s*\n/)
@@ -76,17 +83,17 @@ export function documentation(model, id) {
 }
 
 /** Its first sentence. */
-function summary(model, id) {
+function summary(id) {
   const element = h('span.doc', { dir: 'auto' });
-  return later(model, element, () => {
+  return later(element, () => {
     element.textContent = shown(model.documentation(id).split(/(?<=[.!?])\s|\n/, 1)[0], 300);
   });
 }
 
 /** The share of elements with documentation in the element. */
-export function documentedShare(model, root) {
+export function documentedShare(root) {
   const element = h('span.doc');
-  return later(model, element, () => {
+  return later(element, () => {
     const all = [root];
     for (const id of all) {
       for (const child of model.children(id)) {
@@ -111,32 +118,40 @@ const FATE_TEXTS = {
  * Notes beside an element: what becomes of it. Marks of what has changed and findings of lint
  * belong here, too.
  */
-export function notes(model, id) {
-  const fate = model.fateOf(id);
-  const by = model.by[id];
+export function notes(id) {
   const text =
-    FATE_TEXTS[fate] ?? (model.isImplied(id) && 'Made by the library for what is in it.');
-  const place = () => `${model.sourceOf(by).file}:${model.line[by]}`;
-  return text && h('p.note', text, by >= 0 && by !== id && [' ', link(model, by, place())]);
+    FATE_TEXTS[model.fateOf(id)] ??
+    (model.isImplied(id) && 'Made by the library for what is in it.');
+  return text && h('p.note', text, ' ', answering(id));
 }
 
-/** The same in one word, for rows. */
-export function mark(model, id) {
+/** The place of what is answered in its place, with a link to its page. */
+function answering(id) {
+  const by = model.by[id];
+  return by >= 0 && by !== id && link(by, placeText(by));
+}
+
+/** The same in a few words, for rows. */
+export function mark(id) {
   const fate = model.fateOf(id);
-  return fate !== 'found' && [' ', h('span.mark', { title: FATE_TEXTS[fate] }, fate)];
+  if (fate === 'found') return false;
+  const by = fate === 'shadowed' && answering(id);
+  return [' ', h('span.mark', { title: FATE_TEXTS[fate] }, fate, by && [' by ', by])];
 }
 
-export function place(model, id) {
-  const source = model.sourceOf(id);
-  return sourceLink(source, `${source.file}:${model.line[id]}`);
+function placeText(id) {
+  return `${model.sourceOf(id).file}:${model.line[id]}`;
+}
+
+export function place(id) {
+  return sourceLink(model.sourceOf(id), placeText(id));
 }
 
 /** What it is in, from the outside. */
-function breadcrumb(model, id) {
+function breadcrumb(id) {
   const around = [];
   for (let step = model.owner[id]; step >= 0; step = model.owner[step]) {
-    if (pageOf(model, step) === step && model.nameOf(step))
-      around.unshift(h('li', link(model, step)));
+    if (pageOf(step) === step && model.nameOf(step)) around.unshift(h('li', link(step)));
   }
   return around.length > 0 && h('nav.breadcrumb', { 'aria-label': 'Breadcrumb' }, h('ol', around));
 }
@@ -147,7 +162,11 @@ export function title(kind, text) {
 }
 
 /** The top of every element's page. */
-export function heading(model, id, text = model.simpleName(id)) {
+export function heading(id) {
+  const kind = model.kindOf(id);
+  const isTyped = /^(namespace|command)$/.test(kind);
+  const isFull = /^(component|authentication|package|service)$/.test(kind);
+  const text = isTyped ? words(id) : isFull ? model.nameOf(id) : model.simpleName(id);
   const full = model.fullName(id);
   const copy = async ({ target: button }) => {
     try {
@@ -158,16 +177,16 @@ export function heading(model, id, text = model.simpleName(id)) {
     }
   };
   return [
-    breadcrumb(model, id),
-    title(kindText(model, id), text),
+    breadcrumb(id),
+    title(kindText(id), text),
     h(
       'p.about',
       full !== text && h('code.name', full.length > 200 ? longText(full) : name(full)),
       action('Copy name', copy),
-      place(model, id),
+      place(id),
     ),
-    notes(model, id),
-    documentation(model, id),
+    notes(id),
+    documentation(id),
   ];
 }
 
@@ -179,56 +198,59 @@ export function tally(items) {
   return items.length > 1 && h('small', ' ', number(items.length));
 }
 
-/** A table with rows in steps, or false without rows. `cells(item)` returns the cells of a row. */
-export function table(heading, columns, items, cells, idOf = () => false) {
-  const row = (item) => {
-    const [first, ...others] = cells(item);
-    const id = idOf(item);
-    return h(
-      'tr',
-      { id, tabindex: id && '-1' },
-      h('th', { scope: 'row' }, first),
-      others.map((cell) => h('td', cell)),
-    );
-  };
-  const wrap = (rest) => h('tr', h('td', { colspan: columns.length }, rest));
-  const head = h(
-    'thead',
+/**
+ * A table with rows in steps, or false without rows. `columns` has what is in each, by its heading;
+ * `idOf(item)` returns what a row is called in addresses.
+ */
+export function table(heading, items, columns, idOf = () => false) {
+  const [first, ...others] = Object.values(columns);
+  const row = (item) =>
     h(
       'tr',
-      columns.map((column) => h('th', { scope: 'col' }, column)),
-    ),
-  );
+      { id: idOf(item), tabindex: '-1' },
+      h('th', { scope: 'row' }, first(item)),
+      others.map((cell) => h('td', cell(item))),
+    );
+  const heads = Object.keys(columns).map((column) => h('th', { scope: 'col' }, column));
+  const wrap = (rest) => h('tr', h('td', { colspan: heads.length }, rest));
   return (
     items.length > 0 &&
     section(
       [heading, tally(items)],
-      h('table', h('caption.sr', heading), head, inSteps(h('tbody'), items, row, wrap)),
+      h(
+        'table',
+        h('caption.sr', heading),
+        h('thead', h('tr', heads)),
+        inSteps(h('tbody'), items, row, wrap),
+      ),
     )
   );
 }
 
+/** A column with "3 services, 4 structures". */
+export const CONTENTS = {
+  Contents: (id) =>
+    ['service', 'operation', 'structure', 'enumeration', 'namespace', 'command']
+      .map((kind) => [model.children(id, kind).length, kind])
+      .filter(([count]) => count)
+      .map(([count, kind]) => counted(count, kind))
+      .join(', '),
+};
+
 /** Elements with pages of their own: name and first sentence. */
-export function overview(model, heading, ids, text = (id) => model.relativeName(id), more = []) {
-  const [column, cell] = more;
-  const columns = ['Name', column, 'Meaning'].filter(Boolean);
-  return table(heading, columns, ids, (id) =>
-    [[link(model, id, text(id)), mark(model, id)], cell?.(id), summary(model, id)].filter(Boolean),
-  );
+export function overview(heading, ids, text = (id) => model.relativeName(id), more = {}) {
+  const Name = (id) => [link(id, text(id)), mark(id)];
+  return table(heading, ids, { Name, ...more, Meaning: summary });
 }
 
-/** Parts of a page: name, type and documentation. */
-export function partsTable(model, heading, ids, type) {
-  const columns = ['Name', ...(type ? ['Type'] : []), 'Meaning'];
-  const cells = (id) => [
-    [h('code', name(model.nameOf(id))), mark(model, id)],
-    ...(type ? [type(model, id)] : []),
-    [documentation(model, id), annotationTexts(model, id)],
-  ];
-  return table(heading, columns, ids, cells, (id) => partId(model, id));
+/** Parts of a page: name, what else there is, and documentation. */
+export function partsTable(heading, ids, more = {}) {
+  const Name = (id) => [h('code', name(model.nameOf(id))), mark(id)];
+  const Meaning = (id) => [documentation(id), annotationTexts(id)];
+  return table(heading, ids, { Name, ...more, Meaning }, partId);
 }
 
-function annotationTexts(model, id) {
+function annotationTexts(id) {
   return model.children(id, 'annotation').map((annotation) => {
     const isResource = model.nameOf(annotation) === 'Resource';
     const textOf = (text) => [
@@ -242,13 +264,17 @@ function annotationTexts(model, id) {
   });
 }
 
-export function annotations(model, id) {
-  const texts = annotationTexts(model, id);
+export function annotations(id) {
+  const texts = annotationTexts(id);
   return texts.length > 0 && section('Annotations', texts);
 }
 
-/** A list in steps, or false without items. */
+/** A list in steps, or the text without items. */
+export function lines(items, make, none) {
+  return items.length ? inSteps(h('ul.list'), items, (item) => h('li', make(item))) : quiet(none);
+}
+
+/** The same as a section, or false without items. */
 export function list(heading, items, make) {
-  const content = () => inSteps(h('ul.list'), items, (item) => h('li', make(item)));
-  return items.length > 0 && section([heading, tally(items)], content());
+  return items.length > 0 && section([heading, tally(items)], lines(items, make));
 }

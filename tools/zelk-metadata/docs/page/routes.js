@@ -6,68 +6,66 @@
 //
 // "?KIND=NAME" leads to a part of the page, such as a parameter.
 
+import { model } from './model.js';
+
 const PAGES =
-  /^(component|package|service|operation|structure|enumeration|namespace|command|scheme)$/;
+  /^(component|authentication|package|service|operation|structure|enumeration|namespace|command|scheme)$/;
+
+/** Kinds of which addresses name the owner, too, and what that is. */
+const OWNERS = { __proto__: null, operation: 'service', scheme: 'authentication' };
 
 export function path(...parts) {
   return '#/' + parts.map((part) => encodeURIComponent(part.toWellFormed())).join('/');
 }
 
 /** All elements that an address means, the one that is answered first. */
-export function elementsAt(model, kind, [first, second]) {
-  const inOwners = (owners) => {
-    const isWanted = (id) => model.kindOf(id) === kind && model.nameOf(id) === second;
-    const ids = owners.flatMap((owner) => model.children(owner)).filter(isWanted);
-    return ids.sort((a, b) => model.isFound(b) - model.isFound(a));
-  };
-  if (kind === 'operation') return inOwners(model.find('service', first));
-  if (kind === 'scheme') return inOwners(model.find('component', first, 'authentication'));
-  if (kind === 'authentication') return model.find('component', first, kind);
-  return model.find(kind, first === '.' ? '' : first, kind === 'component' && 'metamodel');
+export function elementsAt(kind, [first, second]) {
+  const outer = OWNERS[kind];
+  if (!outer) return model.find(kind, first === '.' ? '' : first);
+  const isWanted = (id) => model.kindOf(id) === kind && model.nameOf(id) === second;
+  const all = model.find(outer, first).flatMap((owner) => model.children(owner));
+  return model.foundFirst(all.filter(isWanted));
 }
 
 /** The address of the element, or of the page that it is on. */
-export function href(model, id) {
+export function href(id) {
   const kind = model.kindOf(id);
-  const page = pageOf(model, id);
+  const page = pageOf(id);
   if (page < 0) return '#/';
-  if (page !== id) {
-    const isAnnotation = kind === 'annotation' || kind === 'entry';
-    return href(model, page) + (isAnnotation ? '' : '?' + partId(model, id));
-  }
-  const owner = /^(operation|scheme)$/.test(kind) ? [model.nameOf(model.owner[id])] : [];
+  if (kind === 'annotation') return href(model.owner[id]);
+  if (page !== id) return `${href(page)}?${partId(id)}`;
+  const owner = OWNERS[kind] ? [model.nameOf(model.owner[id])] : [];
   const names = [...owner, model.nameOf(id)];
-  const domain = model.sourceOf(id).domain;
-  const pageKind = kind === 'component' && domain === 'authentication' ? domain : kind;
   const isFirst = kind !== 'scheme' && model.isFound(id);
-  const position = isFirst ? 0 : elementsAt(model, pageKind, names).indexOf(id);
-  return path(pageKind, ...names) + (position > 0 ? `@${position + 1}` : '');
+  const position = isFirst ? 0 : elementsAt(kind, names).indexOf(id);
+  return path(kind, ...names) + (position > 0 ? `@${position + 1}` : '');
 }
 
 /** The pages of what is not an element: resources and sources. */
-export function namedPages(model) {
+export function namedPages() {
   const resources = Array.from(model.resources.keys(), (name) => ({
     kind: 'resource',
     name,
     text: name.slice(name.lastIndexOf('.') + 1) || name,
     address: path('resource', name),
   }));
-  const sources = model.sources.map(({ domain, id, file: name }) => ({
+  const sources = model.sources.map(({ domain, id, file: name, fingerprint }) => ({
     kind: 'source',
     name,
     text: name,
+    fingerprint,
     address: path('source', domain, id),
   }));
   return [...resources, ...sources];
 }
 
 /** What the address and the document call a part of a page. */
-export function partId(model, id) {
+export function partId(id) {
   return `${model.kindOf(id)}=${encodeURIComponent(model.nameOf(id).slice(0, 500).toWellFormed())}`;
 }
 
 /** The element whose page shows the element; -1 if nothing does. */
-export function pageOf(model, id) {
+export function pageOf(id) {
   while (id >= 0 && !PAGES.test(model.kindOf(id))) id = model.owner[id];
   return id;
 }

@@ -1,8 +1,10 @@
 // The search in the header: a combobox whose list shows results while one types.
 
-import { counted, h, shown, shownName } from './dom.js';
+import { counted, h, name, shownName } from './dom.js';
+import { model } from './model.js';
 import { glyph, tally } from './parts.js';
 import { path } from './routes.js';
+import { nameIndex } from './search_index.js';
 import { parseQuery } from './search_query.js';
 import { findInTexts, findNearNames } from './search_texts.js';
 import { describe, textsHeading } from './view_search.js';
@@ -15,14 +17,17 @@ export class SearchBox {
   active = -1;
   run = 0;
 
-  /** `index()` returns the index of names, which is made when it is first needed. */
-  constructor(model, index, parts) {
-    Object.assign(this, { model, index, ...parts });
+  /** The elements that it is made of. */
+  constructor(parts) {
+    Object.assign(this, parts);
     this.input.addEventListener('input', () => this.search());
     this.input.addEventListener('keydown', (event) => this.onKey(event));
     this.input.addEventListener('blur', () => this.close());
     // A click into the list leaves the focus where it is.
     this.hits.addEventListener('mousedown', (event) => event.preventDefault());
+    this.hits.addEventListener('click', (event) => {
+      if (!isForNewTab(event)) this.input.blur();
+    });
   }
 
   search() {
@@ -30,7 +35,7 @@ export class SearchBox {
     const run = this.run;
     const query = parseQuery(this.input.value);
     if (query.isEmpty) return;
-    const { hits, total } = this.index().find(query);
+    const { hits, total } = nameIndex().find(query);
     this.options = [];
     this.hits.replaceChildren();
     const best = hits.slice(0, SHOWN);
@@ -44,13 +49,13 @@ export class SearchBox {
 
   async searchFurther(query, run, found) {
     const isOver = () => run !== this.run;
-    const texts = await findInTexts(this.model, query, SHOWN, isOver);
+    const texts = await findInTexts(query, SHOWN, isOver);
     if (isOver()) return;
     const heading = textsHeading(texts, SHOWN);
     this.addGroup(heading, texts, query.terms);
     this.count.textContent += `; ${heading}: ${texts.length}`;
     if (found + texts.length) return;
-    const near = await findNearNames(this.model, query, 10, isOver);
+    const near = await findNearNames(query, 10, isOver);
     if (isOver()) return;
     this.addGroup('Did you mean', near, []);
     this.count.textContent = 'Nothing found';
@@ -73,28 +78,21 @@ export class SearchBox {
   }
 
   option(hit, words, position) {
-    const { kind, text, around, address } = describe(this.model, hit);
-    const option = h(
-      'div',
+    const { kind, text, around, address } = describe(hit);
+    return h(
+      'a',
       {
         role: 'option',
         id: `hit-${position}`,
+        href: address,
+        tabindex: '-1',
         'aria-selected': 'false',
-        onclick: (event) => this.go(address, event.ctrlKey || event.metaKey),
       },
       glyph(kind),
       h('bdi.name', marked(shownName(text), words)),
-      h('bdi.around', shown(around, 200)),
+      around && h('span.around', name(around)),
+      hit.id >= 0 && !model.isFound(hit.id) && h('span.mark', model.fateOf(hit.id)),
     );
-    option.address = address;
-    return option;
-  }
-
-  go(address, isNewTab) {
-    if (isNewTab) return window.open(address);
-    this.input.blur();
-    location.hash = address;
-    return undefined;
   }
 
   onKey(event) {
@@ -106,8 +104,12 @@ export class SearchBox {
       const count = this.options.length;
       if (count) this.activate((Math.max(this.active, -step) + step + count) % count);
     } else if (event.key === 'Enter' && text) {
-      const address = this.options[this.active]?.address ?? path('search', text);
-      this.go(address, event.ctrlKey || event.metaKey);
+      const address = this.options[this.active]?.hash ?? path('search', text);
+      if (isForNewTab(event)) window.open(address);
+      else {
+        this.input.blur();
+        location.hash = address;
+      }
     } else if (event.key === 'Escape') {
       if (this.hits.hidden) this.input.value = '';
       this.close();
@@ -131,6 +133,10 @@ export class SearchBox {
     this.input.setAttribute('aria-expanded', 'false');
     this.count.textContent = '';
   }
+}
+
+function isForNewTab(event) {
+  return event.ctrlKey || event.metaKey;
 }
 
 /** The text with the first place of each word marked. */

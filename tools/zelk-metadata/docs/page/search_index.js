@@ -1,6 +1,7 @@
 // Search in names. All names are one text in lower case, a line for each, so that a query is a few
 // passes over one string. Nothing computes distances between names unless nothing else is found.
 
+import { model } from './model.js';
 import { namedPages } from './routes.js';
 import { KINDS } from './search_query.js';
 import { typeText } from './types.js';
@@ -43,12 +44,11 @@ class Lines {
   }
 }
 
-export class SearchIndex {
+class SearchIndex {
   names = new Lines();
   letters = new Lines();
 
-  constructor(model) {
-    this.model = model;
+  constructor() {
     const ranks = model.kinds.map((kind) => KINDS.indexOf(kind));
     const isKept = (id) => model.isFound(id) || model.fateOf(id) === 'shadowed';
     this.ids = model.all((id) => ranks[model.kind[id]] >= 0 && isKept(id));
@@ -57,12 +57,12 @@ export class SearchIndex {
     const prepared = new Map();
     const simple = [];
     for (const id of this.ids) {
-      const isFull = model.hasFullName(id);
-      const key = isFull ? model.name[id] : -model.name[id];
+      const isDotted = model.hasDots(id);
+      const key = isDotted ? model.name[id] : -model.name[id];
       if (!prepared.has(key)) {
         const name = model.nameOf(id).slice(0, 1000).replaceAll('\n', ' ');
         const lower = name.toLowerCase();
-        const dot = isFull ? lower.lastIndexOf('.') + 1 : 0;
+        const dot = isDotted ? lower.lastIndexOf('.') + 1 : 0;
         prepared.set(key, [lower, dot, initials(name.slice(dot))]);
       }
       const [lower, dot, letters] = prepared.get(key);
@@ -73,7 +73,7 @@ export class SearchIndex {
     this.simple = Uint32Array.from(simple);
     this.names.finish();
     this.letters.finish();
-    this.named = namedPages(model);
+    this.named = namedPages();
   }
 
   /** The best hits of a query, and how many there are: `{ hits: [{ id } or { named }], total }`. */
@@ -92,7 +92,7 @@ export class SearchIndex {
   }
 
   isOf(query, id) {
-    return !query.kind || this.model.kindOf(id) === query.kind;
+    return !query.kind || model.kindOf(id) === query.kind;
   }
 
   keep(bucket, hit) {
@@ -122,7 +122,7 @@ export class SearchIndex {
 
   /** Best if the last two names have all the terms; above AROUND if one is missing. */
   scoreOfAll(id, terms, score) {
-    const full = this.model.fullName(id).toLowerCase();
+    const full = model.fullName(id).toLowerCase();
     if (full.endsWith(terms.join('.'))) return EXACT;
     if (!terms.every((term) => full.includes(term))) return AROUND + 1;
     const last = full
@@ -174,11 +174,10 @@ export class SearchIndex {
 
   /** Operations by the types of their parameters and results. */
   findByTypes(query) {
-    const { model } = this;
     const owners = (kind) => (word) => {
       const matches = new Map();
       const isMatch = (detail) => {
-        const text = () => typeText(model, model.details[detail]).toLowerCase();
+        const text = () => typeText(model.details[detail]).toLowerCase();
         if (!matches.has(detail)) matches.set(detail, text().includes(word));
         return matches.get(detail);
       };
@@ -198,8 +197,16 @@ export class SearchIndex {
   findNamed({ kind, terms }) {
     for (const named of this.named) {
       const lower = named.name.toLowerCase();
-      if ((kind && kind !== named.kind) || !terms.every((term) => lower.includes(term))) continue;
+      const isMatch = (term) => lower.includes(term) || named.fingerprint?.startsWith(term);
+      if ((kind && kind !== named.kind) || !terms.every(isMatch)) continue;
       this.keep((lower.endsWith('.' + terms.join('.')) ? PREFIX : WITHIN) * 2, { named });
     }
   }
+}
+
+let index = null;
+
+/** The index of all names, which is made when it is first needed. */
+export function nameIndex() {
+  return (index ??= new SearchIndex());
 }

@@ -3,6 +3,7 @@
 /** What can be found, pages before parts of pages. */
 export const KINDS = [
   'component',
+  'authentication',
   'package',
   'service',
   'operation',
@@ -18,6 +19,8 @@ export const KINDS = [
   'value',
   'constant',
   'option',
+  'error',
+  'annotation',
 ];
 
 /** Short words for kinds that do not begin with them. */

@@ -1,10 +1,12 @@
 // Searches that take longer than a key stroke may: in documentation, and for names that are nearly
 // the same. They run in slices, so that the page responds meanwhile.
 
+import { model } from './model.js';
+
 const SLICE_MILLISECONDS = 8;
 
 /** Calls `look(id)` for every element that may be meant until it returns true or all is over. */
-async function inSlices(model, query, isOver, look) {
+async function inSlices(query, isOver, look) {
   let end = performance.now() + SLICE_MILLISECONDS;
   for (let id = 0; id < model.size; ++id) {
     if (id % 64 === 0 && performance.now() > end) {
@@ -18,12 +20,12 @@ async function inSlices(model, query, isOver, look) {
 }
 
 /** Elements whose documentation has all the terms, at most `limit`. */
-export async function findInTexts(model, query, limit, isOver) {
+export async function findInTexts(query, limit, isOver) {
   const hits = [];
   if (!model.texts || !query.terms.length || query.isOfTypes) return hits;
   const escaped = query.terms.map((term) => term.replace(/[.*+?^${}()|[\]\\]/g, '\\$&'));
   const patterns = escaped.map((term) => new RegExp(term, 'iu'));
-  await inSlices(model, query, isOver, (id) => {
+  await inSlices(query, isOver, (id) => {
     const text = model.texts[id];
     if (text && patterns.every((pattern) => pattern.test(text)))
       hits.push({ id, pattern: patterns[0] });
@@ -33,13 +35,13 @@ export async function findInTexts(model, query, limit, isOver) {
 }
 
 /** Elements with names that may be meant, nearest first. */
-export async function findNearNames(model, query, limit, isOver) {
+export async function findNearNames(query, limit, isOver) {
   const term = query.terms.at(-1) ?? '';
   const most = Math.min(3, Math.floor(term.length / 3));
   const near = [];
   const distances = new Map();
   if (!most) return near;
-  await inSlices(model, query, isOver, (id) => {
+  await inSlices(query, isOver, (id) => {
     if (!query.kind && !model.hasFullName(id) && model.kindOf(id) !== 'operation') return;
     const name = model.simpleName(id).toLowerCase();
     if (!distances.has(name)) distances.set(name, distance(name, term, most));

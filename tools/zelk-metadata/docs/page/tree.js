@@ -1,11 +1,13 @@
 // The lists at the side. Only what is open is in the document, in steps of a few hundred rows.
 
 import { action, h, inSteps, name, STEP } from './dom.js';
+import { model } from './model.js';
 import { glyph, kindText } from './parts.js';
 import { href, namedPages } from './routes.js';
 
 const CHILD_KINDS = {
-  component: ['package', 'scheme'],
+  component: ['package'],
+  authentication: ['scheme'],
   package: ['service', 'structure', 'enumeration'],
   service: ['operation', 'structure', 'enumeration'],
   structure: ['enumeration'],
@@ -13,92 +15,85 @@ const CHILD_KINDS = {
 };
 
 /** A row: `name`, `address`, `kind`, and `children()`, which is null for a leaf. */
-function rowOf(model, id) {
+function rowOf(id) {
   const kind = model.kindOf(id);
   const kinds = CHILD_KINDS[kind] ?? [];
   const hasChildren = kinds.length > 0 && model.children(id, ...kinds).length > 0;
   return {
-    name: kind === 'component' ? model.nameOf(id) : model.relativeName(id),
-    address: href(model, id),
-    kind: kindText(model, id),
-    children: hasChildren ? () => childrenOf(model, id, kinds) : null,
+    name: model.relativeName(id),
+    address: href(id),
+    kind: kindText(id),
+    children: hasChildren ? () => childrenOf(id, kinds) : null,
   };
 }
 
-function childrenOf(model, id, kinds) {
+function childrenOf(id, kinds) {
   const ids = kinds.flatMap((kind) => model.sorted(id, kind));
-  return rowsOf(model, ids);
+  return rowsOf(ids);
 }
 
-function rowsOf(model, ids) {
-  return ids.map((id) => rowOf(model, id));
+function rowsOf(ids) {
+  return ids.map((id) => rowOf(id));
 }
 
 /** What the root has in it, namespaces without a root, and commands without a namespace. */
-function commands(model) {
+function commands() {
   const roots = model.roots('namespace');
-  const rows = rowsOf(model, roots);
+  const rows = rowsOf(roots);
   const top = rows.flatMap((row, i) => (model.nameOf(roots[i]) ? [row] : (row.children?.() ?? [])));
-  return [...top, ...rowsOf(model, model.roots('command'))];
+  return [...top, ...rowsOf(model.roots('command'))];
 }
 
-function named(model, kind) {
-  return namedPages(model).filter((page) => page.kind === kind);
+function named(kind) {
+  return namedPages().filter((page) => page.kind === kind);
 }
 
-const TABS = [
-  ['Interfaces', (model) => rowsOf(model, model.components('metamodel'))],
-  ['Commands', commands],
-  ['Schemes', (model) => rowsOf(model, model.components('authentication'))],
-  ['Resources', (model) => named(model, 'resource')],
-  ['Sources', (model) => named(model, 'source')],
-];
+/** The rows of each tab, by the domain of their elements or their kind. */
+const TABS = {
+  metamodel: () => rowsOf(model.ofKind('component')),
+  cli: commands,
+  authentication: () => rowsOf(model.ofKind('authentication')),
+  resource: () => named('resource'),
+  source: () => named('source'),
+};
 
 export class Tree {
-  rows = [];
+  rows = { __proto__: null };
   /** What people have opened. */
   opened = new Set();
   /** What is open only because the current page is in it. */
   around = new Set();
   current = '';
 
-  constructor(model, tabs, panel) {
-    this.model = model;
+  constructor(tabs, panel) {
+    this.tabs = tabs;
     this.panel = panel;
-    this.tabs = TABS.map(([label], tab) =>
-      h(
-        'button',
-        {
-          type: 'button',
-          role: 'tab',
-          id: `tab-${tab}`,
-          'aria-controls': 'tree',
-          onclick: () => this.show(tab),
-          onkeydown: (event) => this.moveTab(event, tab),
-        },
-        label,
-      ),
-    );
-    tabs.append(...this.tabs);
+    tabs.addEventListener('click', ({ target }) => target.value && this.show(target.value));
+    tabs.addEventListener('keydown', (event) => this.moveTab(event));
   }
 
-  moveTab(event, tab) {
-    const step = { ArrowRight: 1, ArrowLeft: -1 }[event.key];
-    if (!step) return;
-    const next = (tab + step + TABS.length) % TABS.length;
-    this.show(next);
-    this.tabs[next].focus();
+  moveTab({ key, target }) {
+    const next = {
+      ArrowRight: target.nextElementSibling ?? this.tabs.firstElementChild,
+      ArrowLeft: target.previousElementSibling ?? this.tabs.lastElementChild,
+    }[key];
+    next?.click();
+    next?.focus();
+  }
+
+  rowsIn(tab) {
+    return (this.rows[tab] ??= TABS[tab]());
   }
 
   show(tab) {
     this.tab = tab;
-    this.tabs.forEach((button, position) => {
-      button.setAttribute('aria-selected', position === tab);
-      button.tabIndex = position === tab ? 0 : -1;
-    });
+    for (const button of this.tabs.children) {
+      const isSelected = button.value === tab;
+      button.setAttribute('aria-selected', isSelected);
+      button.tabIndex = isSelected ? 0 : -1;
+    }
     this.panel.setAttribute('aria-labelledby', `tab-${tab}`);
-    this.rows[tab] ??= TABS[tab][1](this.model);
-    const rows = this.rows[tab];
+    const rows = this.rowsIn(tab);
     if (rows.length === 1 && rows[0].children) this.opened.add(rows[0].address);
     this.panel.replaceChildren(
       rows.length ? this.list(rows) : h('p.quiet', 'None in these files.'),
@@ -152,26 +147,20 @@ export class Tree {
   reveal(id, address) {
     this.current = address.split('?')[0];
     this.around.clear();
-    for (let step = this.model.owner[id] ?? -1; step >= 0; step = this.model.owner[step]) {
-      this.around.add(href(this.model, step));
+    for (let step = model.owner[id] ?? -1; step >= 0; step = model.owner[step]) {
+      this.around.add(href(step));
     }
-    const tabs = {
-      __proto__: null,
-      metamodel: 0,
-      cli: 1,
-      authentication: 2,
-      resource: 3,
-      source: 4,
-    };
-    const kind = id < 0 ? address.split('/')[1] : this.model.sourceOf(id).domain;
-    this.show(tabs[kind] ?? this.tab ?? 0);
+    const tabs = Object.keys(TABS);
+    const wanted = id < 0 ? address.split('/')[1] : model.sourceOf(id).domain;
+    this.tab ??= tabs.find((tab) => this.rowsIn(tab).length > 0) ?? tabs[0];
+    this.show(tabs.includes(wanted) ? wanted : this.tab);
     this.panel.querySelector('[aria-current]')?.scrollIntoView({ block: 'nearest' });
   }
 
   /** The address beside the current one: of those that are in the same thing. */
   sibling(id, step) {
-    const owner = this.model.owner[id] ?? -1;
-    const rows = owner < 0 ? this.rows[this.tab] : (rowOf(this.model, owner).children?.() ?? []);
+    const owner = model.owner[id] ?? -1;
+    const rows = owner < 0 ? this.rows[this.tab] : (rowOf(owner).children?.() ?? []);
     const at = rows.findIndex((row) => row.address === this.current);
     return at < 0 ? undefined : rows[at + step]?.address;
   }

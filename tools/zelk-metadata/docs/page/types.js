@@ -1,6 +1,8 @@
 // Types as texts and links. A type is a row of links, outermost first: even for words, odd for
 // definitions. In front of a name that is not loaded is an empty word.
 
+import { model } from './model.js';
+
 /** How many types each generic type is made of. */
 const PARTS = { __proto__: null, LIST: 1, SET: 1, OPTIONAL: 1, MAP: 2 };
 
@@ -8,7 +10,7 @@ const PARTS = { __proto__: null, LIST: 1, SET: 1, OPTIONAL: 1, MAP: 2 };
 const LONGEST = 400;
 
 /** The pieces of a type: texts, and definitions with their `id`, which is -1 if it is not loaded. */
-export function typePieces(model, row) {
+export function typePieces(row) {
   const pieces = [];
   // How many types each generic type still needs.
   const open = [];
@@ -32,8 +34,8 @@ export function typePieces(model, row) {
   return open.length ? [...pieces, { text: '…' }] : pieces;
 }
 
-export function typeText(model, row) {
-  return typePieces(model, row)
+export function typeText(row) {
+  return typePieces(row)
     .map((piece) => piece.text)
     .join('');
 }

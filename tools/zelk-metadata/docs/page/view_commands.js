@@ -1,17 +1,28 @@
 // Pages of what CLI files describe.
 
 import { h, name, quiet } from './dom.js';
-import { documentation, heading, overview, section, table, target, words } from './parts.js';
+import { model } from './model.js';
+import {
+  CONTENTS,
+  documentation,
+  link,
+  overview,
+  referred,
+  section,
+  table,
+  target,
+  words,
+} from './parts.js';
 import { partId } from './routes.js';
-import { around } from './view_interfaces.js';
-import { schemesAt } from './view_schemes.js';
+import { schemesOf } from './view_schemes.js';
 
-export function viewNamespace(model, id) {
-  const text = (one) => words(model, one);
+/** More options are not in a usage line. */
+const MOST_OPTIONS = 40;
+
+export function viewNamespace(id) {
   return [
-    heading(model, id, words(model, id)),
-    overview(model, 'Namespaces', model.sorted(id, 'namespace'), text),
-    overview(model, 'Commands', model.sorted(id, 'command'), text),
+    overview('Namespaces', model.sorted(id, 'namespace'), words, CONTENTS),
+    overview('Commands', model.sorted(id, 'command'), words),
   ];
 }
 
@@ -25,7 +36,7 @@ const ARITIES = {
   list_optional: 'a list with gaps',
 };
 
-function arityOf(model, option) {
+function arityOf(option) {
   return model.text(option, 3).toLowerCase();
 }
 
@@ -34,89 +45,68 @@ function lastName(text) {
 }
 
 /** "--name TYPE" as help texts have it. */
-function usage(model, option) {
-  const arity = arityOf(model, option);
+function optionUsage(option) {
+  const arity = arityOf(option);
   const value =
     lastName(model.text(option, 2)).toUpperCase() + (arity.includes('list') ? ' …' : '');
   const text = `--${model.nameOf(option)} ${value}`;
   return [' ', h('span.usage', name(arity.startsWith('optional') ? `[${text}]` : text))];
 }
 
-export function viewCommand(model, id) {
+/** What follows the words of the command. */
+export function usage(id) {
   const options = model.children(id, 'option');
+  return [options.slice(0, MOST_OPTIONS).map(optionUsage), options.length > MOST_OPTIONS && ' …'];
+}
+
+export function viewCommand(id) {
   const [operation] = model.referencesFrom(id, 'operation');
-  const [service] = model.referencesFrom(id, 'service');
-  const called = operation ? target(model, operation) : name(model.text(id, 1));
   return [
-    heading(model, id, words(model, id)),
-    h(
-      'p.signature',
-      h('b', name(words(model, id))),
-      options.slice(0, 40).map((one) => usage(model, one)),
-      options.length > 40 && ' …',
-    ),
+    h('p.signature', h('b', name(words(id))), usage(id)),
     section(
       'Calls',
-      h('p', called, ' of ', service && target(model, service)),
+      h('p', referred(id, 'operation', model.text(id, 1)), ' of ', referred(id, 'service')),
       model.text(id, 2) && h('p', 'The result is shown as ', name(model.text(id, 2))),
     ),
-    optionsTable(model, options),
-    model.children(id, 'output').map((one) => output(model, one)),
-    operation?.id >= 0 && schemesAt(model, [...around(model, operation.id), operation.id]),
+    optionsTable(model.children(id, 'option')),
+    model.children(id, 'output').map(output),
+    operation?.id >= 0 && schemesOf(operation.id),
   ];
 }
 
 /** The parameter and the fields in it that the option fills. */
-function filled(model, option) {
+function filled(option) {
   const parts = model.referencesFrom(option, 'fills');
-  const nameOf = (part) => (part.id < 0 ? part.name : model.nameOf(part.id));
-  const links = parts.map((part, i) => [i > 0 && '.', target(model, part, nameOf(part))]);
-  return h('code', parts.length ? links : name(model.text(option, 1)));
+  const found = parts.filter(({ id }) => id >= 0);
+  const path = model.text(option, 1).split('.');
+  const links = found.map(({ id }, i) => [link(id, path[i]), i < path.length - 1 && '.']);
+  const rest = path.slice(found.length).join('.');
+  const isMissing = parts.length > found.length;
+  return h('code', links, rest && (isMissing ? target({ id: -1, name: rest }) : name(rest)));
 }
 
-function optionsTable(model, options) {
-  const type = (one) => {
-    const [named] = model.referencesFrom(one, 'type');
-    return named
-      ? target(model, named, lastName(named.name))
-      : name(model.text(one, 2).toUpperCase());
+function optionsTable(options) {
+  const Option = (one) => {
+    const short = model.text(one, 0);
+    return h('code', '--', name(model.nameOf(one)), short && [', -', name(short)]);
   };
-  const cells = (one) => [
-    h(
-      'code',
-      '--',
-      name(model.nameOf(one)),
-      model.text(one, 0) && [', -', name(model.text(one, 0))],
-    ),
-    [h('code', type(one)), ' ', quiet(ARITIES[arityOf(model, one)] ?? name(arityOf(model, one)))],
-    filled(model, one),
-    documentation(model, one),
-  ];
-  return table('Options', ['Option', 'Value', 'Fills', 'Meaning'], options, cells, (one) =>
-    partId(model, one),
-  );
+  const Value = (one) => {
+    const [type, arity] = [model.text(one, 2), arityOf(one)];
+    const typeLink = referred(one, 'type', type.toUpperCase(), lastName(type));
+    return [h('code', typeLink), ' ', quiet(ARITIES[arity] ?? name(arity))];
+  };
+  const columns = { Option, Value, Fills: filled, Meaning: documentation };
+  return table('Options', options, columns, partId);
 }
 
-function output(model, id) {
-  const [structure] = model.referencesFrom(id, 'output');
+function output(id) {
   const fields = model.children(id, 'output-field');
-  const rows = table('Output', ['Title', 'Field'], fields, (one) => {
-    const [field] = model.referencesFrom(one, 'output-field');
-    return [
-      name(model.text(one, 0)),
-      field ? target(model, field, model.nameOf(one)) : name(model.nameOf(one)),
-    ];
+  const rows = table('Output', fields, {
+    Title: (one) => name(model.text(one, 0)),
+    Field: (one) => referred(one, 'output-field', model.nameOf(one)),
   });
   const shown = rows || section('Output', quiet('No field is shown.'));
-  shown
-    .querySelector('h2')
-    .after(
-      h(
-        'p',
-        { id: partId(model, id), tabindex: '-1' },
-        'Of ',
-        structure && target(model, structure),
-      ),
-    );
+  const structure = h('p', { id: partId(id), tabindex: '-1' }, 'Of ', referred(id, 'output'));
+  shown.querySelector('h2').after(structure);
   return shown;
 }

@@ -1,7 +1,9 @@
 // The first page, and the pages of sources.
 
 import { counted, h, name, number } from './dom.js';
+import { model } from './model.js';
 import {
+  CONTENTS,
   documentation,
   documentedShare,
   fullLink,
@@ -18,20 +20,22 @@ import {
 } from './parts.js';
 import { KINDS } from './search_query.js';
 import { packages } from './view_interfaces.js';
+import { schemes } from './view_schemes.js';
 
+const TOP_KINDS = new Set(['component', 'authentication', 'namespace', 'command']);
 const DOMAINS = { metamodel: 'Interfaces', authentication: 'Schemes', cli: 'Commands' };
 
-export function viewHome(model) {
+export function viewHome() {
   const top = model
     .roots('namespace')
     .flatMap((id) => (model.nameOf(id) ? [id] : model.sorted(id, 'namespace')));
   const card = (id) =>
     h(
       'section.card',
-      h('h2', link(model, id, model.nameOf(id))),
-      documentation(model, id),
-      packages(model, id),
-      h('p.quiet', documentedShare(model, id)),
+      h('h2', link(id, model.nameOf(id))),
+      documentation(id),
+      packages(id),
+      h('p.quiet', documentedShare(id)),
     );
   const failure = ({ file, problems }) =>
     h(
@@ -41,32 +45,35 @@ export function viewHome(model) {
     );
   return [
     h('h1', { tabindex: '-1' }, name(model.title)),
-    counts(model),
+    counts(),
     model.failed.length > 0 && section('Files that do not load', model.failed.map(failure)),
-    model.components('metamodel').map(card),
-    overview(model, 'Commands', top, (id) => words(model, id)),
-    overview(model, 'Commands in no namespace', model.roots('command')),
-    table('Sources', ['File', 'Describes', 'Size'], model.sources, (source) => [
-      sourceLink(source),
-      DOMAINS[source.domain],
-      `${number(Math.ceil(source.bytes / 1000))} kB`,
-    ]),
+    model.ofKind('component').map(card),
+    table('Authentication', model.ofKind('authentication'), {
+      Component: (id) => link(id, model.nameOf(id)),
+      Schemes: (id) => schemes(model.children(id, 'scheme')),
+    }),
+    overview('Commands', top, words, CONTENTS),
+    overview('Commands in no namespace', model.roots('command'), words),
+    table('Sources', model.sources, {
+      File: (source) => sourceLink(source),
+      Describes: (source) => DOMAINS[source.domain],
+      Size: (source) => `${number(Math.ceil(source.bytes / 1000))} kB`,
+      MD5: (source) => h('code.name', source.fingerprint),
+    }),
   ];
 }
 
 /** How many there are of each kind. */
-function counts(model) {
-  const all = KINDS.slice(1, KINDS.indexOf('namespace')).map((kind) => [
-    model.ofKind(kind).length,
-    kind,
-  ]);
+function counts() {
+  const kinds = KINDS.slice(KINDS.indexOf('package'), KINDS.indexOf('namespace'));
+  const all = kinds.map((kind) => [model.ofKind(kind).length, kind]);
   all.push([model.resources.size, 'resource']);
   const item = ([count, kind]) =>
     h('li', h('b', number(count)), counted(count, kind).slice(number(count).length));
   return h('ul.counts', all.filter(([count]) => count).map(item));
 }
 
-export function viewSource(model, position) {
+export function viewSource(position) {
   const source = model.sources[position];
   const here = model.all((id) => model.source[id] === position);
   const isOuter = (id) => model.owner[id] < 0 || model.fateOf(model.owner[id]) !== model.fateOf(id);
@@ -75,28 +82,21 @@ export function viewSource(model, position) {
   );
   const isHere = (id) => id >= 0 && model.source[id] === position;
   const others = model.all((id) => isHere(model.by[id]) && !isHere(id) && isOuter(id));
-  const top = here.filter(
-    (id) => /^(component|namespace|command)$/.test(model.kindOf(id)) && model.isFound(id),
-  );
-  const facts = [
-    ['Describes', DOMAINS[source.domain]],
-    ['Id', name(source.id)],
-    ['MD5 of the file', h('code', source.fingerprint)],
-    ['Size', `${number(source.bytes)} bytes`],
-  ];
+  const top = here.filter((id) => TOP_KINDS.has(model.kindOf(id)) && model.isFound(id));
+  const facts = {
+    Describes: DOMAINS[source.domain],
+    Id: name(source.id),
+    'MD5 of the file': h('code', source.fingerprint),
+    Size: `${number(source.bytes)} bytes`,
+  };
   return [
     title('source', source.file),
     h(
       'dl.facts',
-      facts.map(([term, value]) => [h('dt', term), h('dd', value)]),
+      Object.entries(facts).map(([term, value]) => [h('dt', term), h('dd', value)]),
     ),
-    list('Not answered or shadowed', hidden, (id) => [
-      fullLink(model, id),
-      ' ',
-      place(model, id),
-      notes(model, id),
-    ]),
-    list('Shadows', others, (id) => [fullLink(model, id), ' ', place(model, id)]),
-    list('Contents', top, (id) => fullLink(model, id)),
+    list('Not answered or shadowed', hidden, (id) => [fullLink(id), ' ', place(id), notes(id)]),
+    list('Shadows', others, (id) => [fullLink(id), ' ', place(id)]),
+    list('Contents', top, fullLink),
   ];
 }

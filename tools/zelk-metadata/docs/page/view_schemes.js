@@ -1,79 +1,86 @@
 // Pages of what Authentication files describe, and the schemes of what others describe.
 
-import { h, inSteps, name, quiet } from './dom.js';
-import { fullLink, heading, link, list, mark, section, table, target } from './parts.js';
+import { h, name, quiet } from './dom.js';
+import { model } from './model.js';
+import { fullLink, lines, link, list, mark, referred, section, table, target } from './parts.js';
 
-/** "SESSION_AWARE, session manager …". */
-function schemeType(model, id) {
+/** "ID SESSION_AWARE session manager …". */
+function definition(id) {
   const managers = model.referencesFrom(id, 'manager');
-  const text = managers.map((manager) => [' session manager ', target(model, manager)]);
-  return h('span', h('span.tag', name(model.text(id, 1).toUpperCase())), text);
+  return [
+    h('code', name(model.text(id, 0))),
+    ' ',
+    h('span.tag', name(model.text(id, 1).toUpperCase())),
+    managers.map((manager) => [' session manager ', target(manager)]),
+  ];
 }
 
-/** The schemes that a list has, in its order. */
-function entries(model, id) {
-  const all = model.children(id, 'entry').flatMap((entry) => model.referencesFrom(entry, 'scheme'));
-  const line = (scheme) =>
-    h('li', link(model, scheme.id, model.text(scheme.id, 0)), ' ', schemeType(model, scheme.id));
-  return all.length ? inSteps(h('ul.list'), all, line) : quiet('an empty list');
+/** A list of schemes. */
+export function schemes(ids) {
+  return lines(ids, (id) => [link(id), mark(id), ' ', definition(id)], 'none');
+}
+
+/** The schemes that a list has, in its order, as it calls them. */
+function entries(id) {
+  const line = (entry) => {
+    const [scheme] = model.referencesFrom(entry, 'scheme');
+    const text = model.nameOf(entry);
+    return [target(scheme, text), scheme.id >= 0 && [' ', definition(scheme.id)]];
+  };
+  return lines(model.children(id, 'entry'), line, 'an empty list');
 }
 
 /** What is listed for each of the elements, each as it is listed. */
-export function schemesAt(model, ids) {
-  const levels = ids.filter((id) => id >= 0);
+export function schemesAt(ids) {
   const hasSchemes = model.sources.some((source) => source.domain === 'authentication');
-  const listed = (id) =>
-    model.referencesTo(id, 'listed').map(({ from }) => [entries(model, from), mark(model, from)]);
-  const lists = (id) => {
-    const all = listed(id);
-    return all.length ? all : quiet('nothing is listed');
+  const For = (id) => [quiet(model.kindOf(id)), ' ', name(model.simpleName(id))];
+  const Schemes = (id) => {
+    const all = model.referencesTo(id, 'listed');
+    return all.length
+      ? all.map(({ from }) => [entries(from), mark(from)])
+      : quiet('nothing is listed');
   };
-  const rows = table('Schemes listed', ['For', 'Schemes'], hasSchemes ? levels : [], (id) => [
-    [quiet(model.kindOf(id)), ' ', name(model.simpleName(id))],
-    lists(id),
-  ]);
+  const levels = ids.filter((id) => hasSchemes && id >= 0);
+  const rows = table('Schemes listed', levels, { For, Schemes });
   const rule =
     'Each level is shown as it is listed; nothing is inherited. What applies where nothing is listed is up to the client.';
   return rows && [rows, h('p.quiet', rule)];
 }
 
-export function viewAuthentication(model, id) {
+/** The same for an operation, and what it is in. */
+export function schemesOf(operation) {
+  const service = model.owner[operation];
+  return schemesAt([model.owner[service], service, operation]);
+}
+
+export function viewAuthentication(id) {
   const packages = model.sorted(id, 'package-list');
   const services = packages.flatMap((one) => model.sorted(one, 'service-list'));
   const operations = services.flatMap((one) => model.sorted(one, 'operation-list'));
-  const named = (one) =>
-    model.referencesFrom(one, 'listed')[0] ?? { id: -1, name: model.nameOf(one) };
-  const lists = (title, ids) =>
-    table(
-      title,
-      ['For', 'Schemes'],
-      ids.filter((one) => !model.isImplied(one)),
-      (one) => [[target(model, named(one)), mark(model, one)], entries(model, one)],
-    );
+  const For = (one) => [referred(one, 'listed', model.nameOf(one)), mark(one)];
+  const lists = (title, ids) => {
+    const listed = ids.filter((one) => !model.isImplied(one));
+    return table(title, listed, { For, Schemes: entries });
+  };
   return [
-    heading(model, id, model.nameOf(id)),
-    list('Authenticates', model.referencesFrom(id, 'listed'), (component) =>
-      target(model, component),
-    ),
-    table('Schemes', ['Name', 'Scheme', 'Type'], model.children(id, 'scheme'), (one) => [
-      [link(model, one), mark(model, one)],
-      h('code', name(model.text(one, 0))),
-      schemeType(model, one),
-    ]),
+    list('Authenticates', model.referencesFrom(id, 'listed'), (component) => target(component)),
+    table('Schemes', model.children(id, 'scheme'), {
+      Name: (one) => [link(one), mark(one)],
+      Definition: definition,
+    }),
     lists('Packages', packages),
     lists('Services', services),
     lists('Operations', operations),
   ];
 }
 
-export function viewScheme(model, id) {
+export function viewScheme(id) {
   const users = model.referencesTo(id, 'scheme').map(({ from }) => model.owner[from]);
   return [
-    heading(model, id),
-    section('Definition', h('p', h('code', name(model.text(id, 0))), ' ', schemeType(model, id))),
+    section('Definition', h('p', definition(id))),
     list('Listed for', [...new Set(users)], (one) => {
       const [listed] = model.referencesFrom(one, 'listed');
-      return listed?.id >= 0 ? fullLink(model, listed.id) : name(model.nameOf(one));
+      return listed?.id >= 0 ? fullLink(listed.id) : name(model.nameOf(one));
     }),
   ];
 }
