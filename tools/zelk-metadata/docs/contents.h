@@ -2,12 +2,13 @@
 
 #include <string>
 
-#include "analysis/workspace.h"
+#include "docs/data.h"
 
 namespace Zelk::Tool::Docs {
 
-/// What browsers show in which scripts are switched off: components, packages and services,
-/// schemes, namespaces, commands and sources as lists.
-std::string ContentsHtml(const Analysis::Workspace& workspace);
+/// What browsers show in which scripts are switched off: lists of components with their packages
+/// and services, of schemes, of namespaces with their commands, and of files, those that do not
+/// load with their messages.
+std::string ContentsHtml(const Subject& subject);
 
 }  // namespace Zelk::Tool::Docs

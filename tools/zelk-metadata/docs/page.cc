@@ -7,6 +7,7 @@
 
 #include "docs/contents.h"
 #include "docs/encoding.h"
+#include "docs/shown.h"
 #include "docs/texts.h"
 
 namespace Zelk::Tool::Docs {
@@ -25,9 +26,9 @@ void WritePage(std::ostream& out, const Subject& subject) {
   const std::map<std::string_view, std::string> values{
       {"policy", Policy()},
       {"generator", "zelk-metadata " ZELK_METADATA_VERSION},
-      {"title", Escaped(subject.title)},
+      {"title", Escaped(ShownName(subject.title, 400))},
       {"style", std::string(kStyle)},
-      {"contents", ContentsHtml(subject.workspace)},
+      {"contents", ContentsHtml(subject)},
       {"structure", Base64(Deflated(StructureJson(subject)))},
       {"documentation", Base64(Deflated(DocumentationJson(subject.workspace)))},
       {"script", std::string(kScript)},
