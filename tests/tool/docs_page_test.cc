@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <filesystem>
 #include <iterator>
 #include <openssl/evp.h>
@@ -11,6 +12,7 @@
 #include <gmock/gmock.h>
 
 #include "docs/encoding.h"
+#include "docs/shown.h"
 #include "docs/texts.h"
 #include "support/file_text.h"
 #include "support/repeat.h"
@@ -40,6 +42,17 @@ namespace {
 std::string Between(const std::string& text, const std::string& begin, const std::string& end) {
   const std::size_t first = text.find(begin) + begin.size();
   return text.substr(first, text.find(end, first) - first);
+}
+
+/// What browsers without scripts show, without what only concerns letters and ends of lines.
+std::string StillContents(const std::string& page) {
+  std::string html = Between(page, "<noscript>", "</noscript>");
+  for (const char* tag : {"<wbr>", "<bdi>", "</bdi>", "<code>", "</code>"}) {
+    for (std::size_t at = html.find(tag); at != std::string::npos; at = html.find(tag, at)) {
+      html.erase(at, std::strlen(tag));
+    }
+  }
+  return html;
 }
 
 std::string Decoded(const std::string& base64) {
@@ -242,19 +255,26 @@ TEST(DocsCommand, WritesThePageToAPipe) {
   EXPECT_EQ(run.err, "");
 }
 
-TEST(DocsCommand, ListsFilesThatDoNotLoadOnThePage) {
+TEST(DocsCommand, ListsSourcesThatFailOnThePage) {
   const TempFolder folder;
   const std::string broken = folder.Write("broken.json", R"({"cli": 1})");
   const std::string missing = folder.Path("missing");
   const ToolRun run = RunOnThree("docs --source " + broken + " --source " + missing);
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, HasSubstr(broken + ":1:9: "));
-  EXPECT_THAT(run.err, HasSubstr(missing));
+  const std::string no_file = missing + ": No such file or directory";
+  EXPECT_THAT(run.err, HasSubstr("zelk-metadata: " + no_file + "\n"));
   const PageData data(run.out);
   const auto& failed = data.Structure()["failed"];
-  ASSERT_GE(failed.Size(), 1U);
-  EXPECT_EQ(failed[0]["file"].GetString(), broken);
-  EXPECT_THAT(failed[0]["problems"][0].GetString(), HasSubstr("[zelk.metadata."));
+  ASSERT_EQ(failed.Size(), 2U);
+  EXPECT_EQ(failed[0]["file"].GetString(), missing);
+  EXPECT_EQ(failed[0]["problems"][0].GetString(), no_file);
+  EXPECT_EQ(failed[1]["file"].GetString(), broken);
+  EXPECT_THAT(failed[1]["problems"][0].GetString(), HasSubstr("[zelk.metadata."));
+  const std::string still = StillContents(run.out);
+  EXPECT_THAT(still, HasSubstr("<h2>Files that do not load</h2>\n<ul>\n<li>file " + missing +
+                               "\n<ul>\n<li>" + no_file + "</li>\n</ul></li>\n<li>file " + broken +
+                               "\n<ul>\n<li>" + broken + ":1:9: "));
 }
 
 TEST(DocsCommand, FailsWithTheStatusOfTheSourceUnlessThePageIsLost) {
@@ -278,7 +298,14 @@ TEST(DocsCommand, TitleIsTheComponentUnlessSeveralOrAnotherIsGiven) {
   const auto title = [](const ToolRun& run) { return Between(run.out, "<title>", "</title>"); };
   EXPECT_EQ(title(RunOnThree("docs")), "com.acme");
   EXPECT_EQ(title(RunOnThree("docs --title Ours")), "Ours");
-  EXPECT_EQ(title(RunLine("docs --source " + kDataFolder + "/commands.json")), "Interfaces");
+  EXPECT_EQ(title(RunLine("docs --source " + kDataFolder + "/schemes.json")), "com.acme");
+  const TempFolder folder;
+  const std::string other = R"({"authentication": {"component": {"name": "b", "schemes": {}}}})";
+  EXPECT_EQ(title(RunLine("docs --source " + kDataFolder + "/schemes.json --source " +
+                          folder.Write("other.json", other))),
+            "Schemes");
+  EXPECT_EQ(title(RunLine("docs --source " + kDataFolder + "/commands.json")), "Commands");
+  EXPECT_EQ(title(RunLine("docs --source " + kDataFolder + "/syntax_error.json")), "Interfaces");
   EXPECT_EQ(title(RunOnThree("docs --source " + kDataFolder + "/network.json")), "Interfaces");
 }
 
@@ -413,6 +440,73 @@ TEST(DocsPage, CommandsAreInTheNamespaceOfTheirPath) {
   EXPECT_EQ(data.Text(implied), "");
 }
 
+TEST(DocsPage, ComponentsOfAuthenticationAreOfAKindOfTheirOwn) {
+  const PageData& data = Three();
+  EXPECT_EQ(data.Named("owner", data.Find("scheme", "badge")), "authentication com.acme");
+  EXPECT_EQ(data.Named("owner", data.Find("package", "com.acme.inventory")), "component com.acme");
+}
+
+TEST(DocsPage, ContentsWithoutScriptsAreNestedLists) {
+  const std::string still = StillContents(RunOnThree("docs").out);
+  EXPECT_THAT(still, HasSubstr("<li>component com.acme\n<ul>\n<li>package inventory\n<ul>\n"
+                               "<li>service machines</li>\n<li>service folders</li>\n</ul></li>\n"
+                               "<li>package empty</li>\n</ul></li>\n"));
+  EXPECT_THAT(still, HasSubstr("<li>component com.acme\n<ul>\n<li>scheme badge</li>\n"));
+  EXPECT_THAT(still, HasSubstr("<li>namespace acme.machines\n<ul>\n<li>command list</li>\n"
+                               "</ul></li>\n<li>command ping</li>\n<li>namespace acme</li>\n"));
+  EXPECT_THAT(still, HasSubstr("<li>file " + kDataFolder + "/schemes.json</li>\n"));
+}
+
+TEST(DocsPage, ContentsWithoutScriptsHaveWhatIsFoundInTheOtherFileOfAComponent) {
+  const TempFolder folder;
+  const std::string type = R"({"category": "BUILTIN", "primitive_type": "ID"})";
+  std::string second = FieldOf(type);
+  second.replace(second.find("c.p"), 3, "d.q");
+  const ToolRun run = RunTool({"docs", "--source", folder.Write("a.json", FieldOf(type)),
+                               "--source", folder.Write("b.json", second)});
+  EXPECT_THAT(StillContents(run.out), HasSubstr("<li>component c\n<ul>\n<li>package p</li>\n"
+                                                "<li>package d.q</li>\n</ul></li>\n"));
+  const PageData data(run.out);
+  const unsigned moved = data.Find("package", "d.q");
+  EXPECT_EQ(data.Number("source", moved), 1U);
+  EXPECT_EQ(data.Number("source", data.Number("owner", moved) - 1), 0U);
+}
+
+TEST(DocsPage, UnseenCharactersAreCodesInTheTitleAndWithoutScripts) {
+  struct Case {
+    const char* name;
+    std::string shown;
+  };
+
+  const Case cases[] = {
+      {"a\u202eb\u2066\u200b", "a\u27e8U+202E\u27e9b\u27e8U+2066\u27e9\u27e8U+200B\u27e9"},
+      {"\u00ad\u061c\ufeff\U000e0041",
+       "\u27e8U+00AD\u27e9\u27e8U+061C\u27e9\u27e8U+FEFF\u27e9\u27e8U+E0041\u27e9"},
+      {"\u2028\u034f\u3164\uffff\ufdd0",
+       "\u27e8U+2028\u27e9\u27e8U+034F\u27e9\u27e8U+3164\u27e9\u27e8U+FFFF\u27e9\u27e8U+"
+       "FDD0\u27e9"},
+      {"\x1b[0m\x7f\t!", "\u27e8U+001B\u27e9[0m\u27e8U+007F\u27e9\t!"},
+      {"\u0645\u06cc\u200c\u062e", "\u0645\u06cc\u200c\u062e"},
+      {"\U0001f469\u200d\U0001f680", "\U0001f469\u200d\U0001f680"},
+      {"a\u200db\u00e9\u200c\u200d",
+       "a\u27e8U+200D\u27e9b\u00e9\u27e8U+200C\u27e9\u27e8U+200D\u27e9"},
+      {" \u00a0\u3000", "(blank)"},
+  };
+  for (const Case& row : cases) {
+    EXPECT_EQ(Docs::ShownName(row.name), row.shown) << row.name;
+    const std::string page =
+        RunTool({"docs", "--title", row.name, "--source", kDataFolder + "/schemes.json"}).out;
+    EXPECT_THAT(page, HasSubstr("<title>" + row.shown + "</title>"));
+    EXPECT_THAT(page, HasSubstr("<h1>" + row.shown + "</h1>"));
+  }
+}
+
+TEST(DocsPage, LongNamesAreCutInTheTitleAndWithoutScripts) {
+  EXPECT_EQ(Docs::ShownName(Repeat("\U0001f680", 201)), Repeat("\U0001f680", 200) + "\u2026");
+  EXPECT_EQ(Docs::ShownName(Repeat("\U0001f680", 200)), Repeat("\U0001f680", 200));
+  EXPECT_EQ(Docs::ShownName("ab\xff", 3), "ab\ufffd");
+}
+
 TEST(DocsPage, ResourcesHaveUsersAndModels) {
   const PageData& data = Three();
   const auto& resources = data.Structure()["resources"];
@@ -457,5 +551,5 @@ TEST(DocsPage, HostileTextsAreNotHtml) {
   EXPECT_THAT(
       run.out,
       HasSubstr("<title>&lt;/title&gt;&lt;/script&gt;&lt;img src=x&gt;&amp;\xef\xbf\xbd</title>"));
-  EXPECT_THAT(run.out, HasSubstr("<li>package <bdi><code>&lt;/title&gt;"));
+  EXPECT_THAT(run.out, HasSubstr("<li>package <bdi><code>&lt;/<wbr>title&gt;"));
 }

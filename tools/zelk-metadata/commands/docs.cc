@@ -1,6 +1,9 @@
 #include <algorithm>
 #include <iterator>
+#include <set>
 #include <sstream>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "docs/page.h"
@@ -16,16 +19,22 @@ using Analysis::Domain;
 using Analysis::ElementKind;
 using Analysis::Workspace;
 
-/// The name of the component if there is one.
-std::string TitleOf(const Workspace& workspace) {
-  std::string title;
-  const Analysis::Model& model = workspace.ModelOf(Domain::kMetamodel);
+std::set<std::string_view> ComponentNames(const Analysis::Model& model) {
+  std::set<std::string_view> names;
   for (Analysis::ElementId id = 0; id < model.Size(); ++id) {
-    if (model[id].kind != ElementKind::kComponent) continue;
-    if (!title.empty() && title != model[id].name) return "Interfaces";
-    title = model[id].name;
+    if (model[id].kind == ElementKind::kComponent) names.insert(model[id].name);
   }
-  return title.empty() ? "Interfaces" : title;
+  return names;
+}
+
+/// The name of the component if there is one, otherwise what the files describe.
+std::string TitleOf(const Workspace& workspace) {
+  for (const Domain domain : {Domain::kMetamodel, Domain::kAuthentication}) {
+    const auto names = ComponentNames(workspace.ModelOf(domain));
+    if (names.size() == 1) return std::string(*names.begin());
+    if (!names.empty()) return domain == Domain::kMetamodel ? "Interfaces" : "Schemes";
+  }
+  return workspace.ModelOf(Domain::kCli).Sources().empty() ? "Interfaces" : "Commands";
 }
 
 /// Where --output-file leads, or what is in its place.
@@ -50,15 +59,17 @@ ExitStatus RunDocs(Invocation& call) {
   std::vector<SourceArgument> sources;
   std::transform(words.begin(), words.end(), std::back_inserter(sources), ParseSourceArgument);
   Input input = ReadInput(sources, call.GetStreams().in, Domains());
-  for (const Unreadable& file : input.unreadable) call.Complain(file.file + ": " + file.reason);
-  const std::vector<LoadReport> failed = ReportsOf(std::move(input.failed));
+  std::vector<LoadReport> failed;
+  for (Unreadable& file : input.unreadable) {
+    failed.push_back({file.file, "", {{{"", std::move(file.reason), {}}}}});
+  }
+  for (LoadReport& report : ReportsOf(std::move(input.failed))) failed.push_back(std::move(report));
   for (const LoadReport& report : failed) call.ComplainOf(report);
   const Workspace workspace(std::move(input.files));
   const std::string& title = call.Args().text;
   const ExitStatus status =
       WritePage(call, {workspace, failed, title.empty() ? TitleOf(workspace) : title});
-  const bool has_failed = !input.unreadable.empty() || !failed.empty();
-  return has_failed && status == ExitStatus::kOk ? ExitStatus::kSourceFailed : status;
+  return !failed.empty() && status == ExitStatus::kOk ? ExitStatus::kSourceFailed : status;
 }
 
 }  // namespace
