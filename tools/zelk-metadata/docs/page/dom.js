@@ -81,8 +81,10 @@ export function quiet(...content) {
   return h('span.quiet', content);
 }
 
+const NUMBERS = new Intl.NumberFormat('en');
+
 export function number(count) {
-  return count.toLocaleString('en');
+  return NUMBERS.format(count);
 }
 
 /** "1 operation", "2 operations". */

@@ -63,6 +63,7 @@ class Model {
     this.fullKinds = this.kinds.map((kind) => FULL_NAMES.test(kind));
     for (const column of ['owner', 'by']) this[column].forEach((id, i, all) => (all[i] = id - 1));
     this.inOwner = group(this.owner, this.size);
+    this.withName = group(this.name, this.strings.length);
     this.fromElement = group(this.referenceFrom, this.size);
     this.toElement = group(
       this.referenceTo.map((link) => (link % 2 ? link >> 1 : -1)),
@@ -162,12 +163,13 @@ class Model {
 
   /** All elements of the kind with that name, the one that is answered first. */
   find(kind, name) {
-    const text = this.strings.indexOf(name);
-    const ids = [];
-    for (let id = this.name.indexOf(text); id >= 0; id = this.name.indexOf(text, id + 1)) {
-      if (this.kindOf(id) === kind) ids.push(id);
-    }
-    return this.foundFirst(ids);
+    return this.named(kind, this.strings.indexOf(name));
+  }
+
+  /** The same with the position of the name in `strings`. */
+  named(kind, text) {
+    const ids = Array.from(this.withName(text));
+    return this.foundFirst(ids.filter((id) => this.kindOf(id) === kind));
   }
 
   /** The same elements, the one that is answered first. */

@@ -18,13 +18,21 @@ export function path(...parts) {
   return '#/' + parts.map((part) => encodeURIComponent(part.toWellFormed())).join('/');
 }
 
-/** All elements that an address means, the one that is answered first. */
-export function elementsAt(kind, [first, second]) {
+/**
+ * All elements that an address means, the one that is answered first. The names are positions in
+ * `model.strings`.
+ */
+function elementsWith(kind, [first, second]) {
   const outer = OWNERS[kind];
-  if (!outer) return model.find(kind, first === '.' ? '' : first);
-  const isWanted = (id) => model.kindOf(id) === kind && model.nameOf(id) === second;
-  const all = model.find(outer, first).flatMap((owner) => model.children(owner));
+  if (!outer) return model.named(kind, first);
+  const isWanted = (id) => model.kindOf(id) === kind && model.name[id] === second;
+  const all = model.named(outer, first).flatMap((owner) => model.children(owner));
   return model.foundFirst(all.filter(isWanted));
+}
+
+export function elementsAt(kind, names) {
+  const position = (name) => model.strings.indexOf(name === '.' ? '' : name);
+  return elementsWith(kind, names.map(position));
 }
 
 /** The address of the element, or of the page that it is on. */
@@ -34,11 +42,17 @@ export function href(id) {
   if (page < 0) return '#/';
   if (kind === 'annotation') return href(model.owner[id]);
   if (page !== id) return `${href(page)}?${partId(id)}`;
-  const owner = OWNERS[kind] ? [model.nameOf(model.owner[id])] : [];
-  const names = [...owner, model.nameOf(id)];
+  const ids = OWNERS[kind] ? [model.owner[id], id] : [id];
   const isFirst = kind !== 'scheme' && model.isFound(id);
-  const position = isFirst ? 0 : elementsAt(kind, names).indexOf(id);
-  return path(kind, ...names) + (position > 0 ? `@${position + 1}` : '');
+  const position = isFirst
+    ? 0
+    : elementsWith(
+        kind,
+        ids.map((one) => model.name[one]),
+      ).indexOf(id);
+  return (
+    path(kind, ...ids.map((one) => model.nameOf(one))) + (position > 0 ? `@${position + 1}` : '')
+  );
 }
 
 /** The pages of what is not an element: resources and sources. */

@@ -1,6 +1,6 @@
 // The first page, and the pages of sources.
 
-import { counted, h, name, number } from './dom.js';
+import { counted, h, inSteps, name, number } from './dom.js';
 import { model } from './model.js';
 import {
   CONTENTS,
@@ -47,7 +47,7 @@ export function viewHome() {
     h('h1', { tabindex: '-1' }, name(model.title)),
     counts(),
     model.failed.length > 0 && section('Files that do not load', model.failed.map(failure)),
-    model.ofKind('component').map(card),
+    inSteps(h('div'), model.ofKind('component'), card, (rest) => h('p', rest)),
     table('Authentication', model.ofKind('authentication'), {
       Component: (id) => link(id, model.nameOf(id)),
       Schemes: (id) => schemes(model.children(id, 'scheme')),
