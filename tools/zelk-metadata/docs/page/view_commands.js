@@ -79,7 +79,10 @@ function filled(option) {
   const parts = model.referencesFrom(option, 'fills');
   const found = parts.filter(({ id }) => id >= 0);
   const path = model.text(option, 1).split('.');
-  const links = found.map(({ id }, i) => [link(id, path[i]), i < path.length - 1 && '.']);
+  const links = found.map(({ id }, i) => [
+    link(id, path[i]),
+    i < path.length - 1 && ['.', h('wbr')],
+  ]);
   const rest = path.slice(found.length).join('.');
   const isMissing = parts.length > found.length;
   return h('code', links, rest && (isMissing ? target({ id: -1, name: rest }) : name(rest)));

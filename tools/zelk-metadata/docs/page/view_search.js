@@ -29,11 +29,11 @@ export function textsHeading(hits, limit) {
   return 'In documentation' + (hits.length < limit ? '' : ', the first');
 }
 
-/** What is around the first place of the pattern. */
+/** What is around the first place of the pattern, and what follows. */
 function excerpt(id, pattern) {
   const text = model.documentation(id);
   const begin = Math.max(0, text.search(pattern) - 60);
-  return (begin ? '…' : '') + text.slice(begin, begin + 160);
+  return (begin ? '…' : '') + text.slice(begin);
 }
 
 /** Slower searches are filled in when they are done. */
