@@ -154,6 +154,19 @@ TEST(Arguments, FlagWithAValueIsWrongUsage) {
   }
 }
 
+TEST(Arguments, OptionHasOneValue) {
+  const auto complaint = [](const std::string& line) {
+    const ToolRun run = RunLine(line);
+    EXPECT_EQ(run.status, 2) << line;
+    return run.err;
+  };
+  EXPECT_EQ(complaint("tree --depth"), "zelk-metadata: option '--depth' needs a value\n");
+  EXPECT_EQ(complaint("list --output"), "zelk-metadata: option '--output' needs a value\n");
+  EXPECT_EQ(complaint("--source"), "zelk-metadata: option '--source' needs a value\n");
+  EXPECT_EQ(complaint("lint a.json --fail-on note --fail-on error"),
+            "zelk-metadata: option '--fail-on' is given more than once\n");
+}
+
 TEST(Arguments, WordThatOnlyLooksLikeAFlagWithAValueIsAnOperand) {
   EXPECT_EQ(RunLine("get component -- --json=x").err,
             "zelk-metadata: Metamodel component not found: --json=x\n");

@@ -141,6 +141,18 @@ std::string Complaint(const CLI::App& app, const Language& language) {
   return app.get_subcommands().empty() ? "a command is missing; try " + Help(language) : "";
 }
 
+/// What the parser reports, in one sentence.
+std::string Complaint(const CLI::ParseError& error, const CLI::App& app, const Language& language,
+                      const std::vector<std::string>& args) {
+  // What is left over explains more: because of it, the rest seems to be missing.
+  if (!app.remaining(true).empty()) return Complaint(app, language);
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) == nullptr) return error.what();
+  const std::string text = error.what();
+  const std::string option = text.substr(0, text.find(':'));
+  return fmt::format("option '{}' {}", option,
+                     args.back() == option ? "needs a value" : "is given more than once");
+}
+
 bool Contains(const std::vector<std::string>& texts, const std::string& text) {
   return std::find(texts.begin(), texts.end(), text) != texts.end();
 }
@@ -222,6 +234,11 @@ std::string UnknownChoice(const char* what, const std::vector<std::string>& word
   return "";
 }
 
+std::string WrongListOutput(const char* option, const std::string& output) {
+  const bool is_known = output.empty() || output == "text" || output == "json";
+  return is_known ? "" : fmt::format("--{} prints text or JSON, not {}", option, output);
+}
+
 const Command* Language::Find(const std::string& name) const {
   return FindIn(commands, name);
 }
@@ -251,8 +268,7 @@ ParsedArguments ParseArguments(const std::vector<std::string>& args, const Langu
     parsed.arguments.text = chosen.empty() ? "" : chosen.front()->get_name();
     return parsed;
   } catch (const CLI::ParseError& error) {
-    // What is left over explains more: because of it, the rest seems to be missing.
-    parsed.error = app.remaining(true).empty() ? error.what() : Complaint(app, language);
+    parsed.error = Complaint(error, app, language, args);
     return parsed;
   }
   if (wants_version && args.size() == 1) {

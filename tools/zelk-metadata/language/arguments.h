@@ -92,6 +92,9 @@ std::string UnknownCommand(const Language& language, const std::string& word);
 std::string UnknownChoice(const char* what, const std::vector<std::string>& words,
                           const std::vector<std::string>& known);
 
+/// The complaint about the output of an option that lists something; empty if it is text or JSON.
+std::string WrongListOutput(const char* option, const std::string& output);
+
 /// Options may stand before and after the command's name. Whether a kind is known, and how many
 /// ids it takes, is not checked here. The command is one of the language.
 ParsedArguments ParseArguments(const std::vector<std::string>& args, const Language& language);
