@@ -14,6 +14,7 @@ std::optional<Accepted> ReadEntry(SettingsReader& reader, NodeId entry, const Ac
   reader.ExpectKeys(entry, {form.id, "fingerprint", "element", "reason", "until"});
   Accepted accepted{reader.Text(entry, form.id), 0, reader.Text(entry, "reason"),
                     reader.Date(entry, "until")};
+  accepted.element = reader.Text(entry, "element");
   const std::string digits = reader.Text(entry, "fingerprint");
   const char* const end = digits.data() + digits.size();
   const auto parsed = std::from_chars(digits.data(), end, accepted.fingerprint, kHex);

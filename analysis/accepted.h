@@ -21,6 +21,8 @@ struct Accepted {
   std::string until;
   /// The file that lists it, as the user knows it, if there may be several.
   std::string file = {};
+  /// The path that it lists; not used for anything else.
+  std::string element = {};
 };
 
 /// How a file lists them: {"version": 1, LIST: [{ID: ..., "fingerprint": ...}...]}, each with an

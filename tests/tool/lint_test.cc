@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <rapidjson/stringbuffer.h>
@@ -53,6 +55,16 @@ rapidjson::Document Parsed(const std::string& text) {
   document.Parse(text.data(), text.size());
   EXPECT_FALSE(document.HasParseError()) << text;
   return document;
+}
+
+/// The members of the entries of a baseline, in whatever order the entries are.
+std::vector<std::string> SortedMembers(const std::string& baseline) {
+  std::vector<std::string> members;
+  std::istringstream lines(baseline);
+  for (std::string line; std::getline(lines, line);)
+    members.push_back(line.substr(0, line.find(',')));
+  std::sort(members.begin(), members.end());
+  return members;
 }
 
 std::string SummaryOf(const ToolRun& run) {
@@ -294,6 +306,23 @@ TEST_F(Lint, ABaselineThatIsReplacedKeepsReasons) {
   EXPECT_EQ(FileText(baseline), kept);
 }
 
+TEST_F(Lint, ABaselineThatIsReplacedKeepsEntriesOfRulesThatDidNotRun) {
+  const std::string baseline = folder_.Path("baseline.json");
+  Run(kThree, {"--write-baseline", baseline});
+  const std::vector<std::string> all = SortedMembers(FileText(baseline));
+  EXPECT_THAT(Run(kThree, {"--rule", "unknown-key", "--write-baseline", baseline}).err,
+              HasSubstr("baseline.json: 3 entries written\n"));
+  EXPECT_EQ(SortedMembers(FileText(baseline)), all);
+  // An entry of two lists is written once.
+  const std::string other = Write("other.json", FileText(baseline));
+  EXPECT_THAT(
+      Run(kThree, {"--rule", "unknown-key", "--baseline", other, "--write-baseline", baseline}).err,
+      HasSubstr("baseline.json: 3 entries written\n"));
+  EXPECT_EQ(SortedMembers(FileText(baseline)), all);
+  EXPECT_THAT(Run(R"({"cli": []})", {"--rule", "unknown-key", "--write-baseline", baseline}).err,
+              HasSubstr("baseline.json: 2 entries written\n"));
+}
+
 TEST_F(Lint, OnlyABaselineIsReplaced) {
   const ToolRun run = Run(kThree, {"--write-baseline", folder_.Path("a.json")});
   EXPECT_EQ(run.status, 2);
@@ -410,6 +439,9 @@ TEST_F(Lint, RulesAreListed) {
   EXPECT_THAT(run.out, HasSubstr("noncanonical-spelling\tloader\toff\tfile\t"));
   const auto rules = Parsed(RunTool({"lint", "--list-rules", "--json"}).out);
   EXPECT_EQ(rules["rules"].Size(), Zelk::Analysis::Lint::Rules().size());
+  const ToolRun sarif = RunTool({"lint", "--list-rules", "--output", "sarif"});
+  EXPECT_EQ(sarif.status, 2);
+  EXPECT_EQ(sarif.err, "zelk-metadata: --list-rules prints text or JSON, not sarif\n");
 }
 
 TEST_F(Lint, EachRuleIsExplainedWithItsExample) {

@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 #include <iterator>
 #include <set>
+#include <string_view>
 
 #include "domains/table.h"
 #include "host/accepted_file.h"
@@ -52,6 +53,7 @@ std::string ProblemOf(const Arguments& arguments) {
   if (arguments.baseline == "-" || arguments.new_baseline == "-") {
     return "--baseline and --write-baseline need a file, not -";
   }
+  if (arguments.list_rules) return WrongListOutput("list-rules", arguments.output);
   if (arguments.fail_on.empty()) return "";
   return UnknownChoice("severity", {arguments.fail_on}, SeverityNames());
 }
@@ -134,6 +136,20 @@ ExitStatus WriteBaseline(const Invocation& call, const Lint::Report& report) {
   return call.Fail(written.is_written ? ExitStatus::kOk : ExitStatus::kOutputLost, written.message);
 }
 
+/// The entries of the baseline that no rule of this run could find again.
+std::vector<const Analysis::Accepted*> KeptEntries(const std::vector<Analysis::Accepted>& baseline,
+                                                   const Rules& rules, Analysis::DomainSet loaded) {
+  std::set<std::string_view> ran;
+  for (const Rule* rule : rules) {
+    if (LooksAt(*rule, loaded)) ran.insert(rule->id);
+  }
+  std::vector<const Analysis::Accepted*> kept;
+  for (const Analysis::Accepted& entry : baseline) {
+    if (ran.count(entry.id) == 0) kept.push_back(&entry);
+  }
+  return kept;
+}
+
 ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& inputs,
                       const Rules& rules, Lint::Choices choices) {
   const Arguments& arguments = call.Args();
@@ -150,6 +166,7 @@ ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& input
       arguments.show_suppressed || arguments.output == "sarif" || !arguments.new_baseline.empty();
   report.result = Analysis::Lint::Lint(*report.workspace, rules, choices.suppressions);
   report.unreadable = input.unreadable.size();
+  report.kept = KeptEntries(choices.suppressions.baseline, rules, report.workspace->Loaded());
   if (!arguments.new_baseline.empty()) return WriteBaseline(call, report);
   Show(call, report);
   if (report.unreadable > 0 || !report.failed.empty()) return ExitStatus::kSourceFailed;

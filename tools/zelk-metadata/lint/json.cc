@@ -1,4 +1,8 @@
+#include <cstdint>
+#include <set>
+
 #include "host/accepted_file.h"
+#include "host/settings_file.h"
 #include "lint/report.h"
 
 namespace Zelk::Tool::Lint {
@@ -75,6 +79,12 @@ WrittenList WriteBaseline(const std::string& path, const Report& report) {
     if (entry.fingerprint.empty() || !is_accepted) return;
     writer.Add(entry.rule, entry.fingerprint, entry.element, entry.accepted);
   });
+  // Several files may list the same.
+  std::set<std::uint64_t> written;
+  for (const Analysis::Accepted* entry : report.kept) {
+    if (!written.insert(entry->fingerprint).second) continue;
+    writer.Add(entry->id, FingerprintText(entry->fingerprint), entry->element, entry);
+  }
   return writer.WriteTo(path);
 }
 

@@ -62,6 +62,9 @@ struct Report {
   std::string configuration_file;
   std::string baseline_file;
 
+  /// The entries of the baseline that a new one keeps, since their rules did not run.
+  std::vector<const Analysis::Accepted*> kept;
+
   /// The lowest severity that fails the run; empty if none does.
   std::optional<Severity> fail_on;
   bool shows_suppressed = false;
@@ -101,7 +104,7 @@ Summary Summarize(const Report& report);
 // The outputs. That of JSON is written into the document of the command.
 void WriteJson(Render::JsonWriter& json, const Report& report);
 /// Writes what --baseline reads: all that nothing but a baseline suppresses, which needs
-/// `shows_suppressed`.
+/// `shows_suppressed`, and what is kept.
 WrittenList WriteBaseline(const std::string& path, const Report& report);
 /// In the terminal's width.
 void WriteText(std::ostream& out, const Report& report, const Render::Terminal& terminal);
