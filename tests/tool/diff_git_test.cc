@@ -50,6 +50,24 @@ TEST(DiffGit, AnyPathOfARevisionCanBeNamed) {
   EXPECT_EQ(run.err, "");
 }
 
+TEST(DiffGit, StepsToTheSameFolderAreLeftOut) {
+  const ToolRun run = InRepository(
+      "ln -s files linked; git add .; git commit -q -m two\n"
+      "diff() { $tool diff git:HEAD:$1 git:HEAD:$1 | head -n 1; }\n"
+      "diff .; diff files/./a.json; diff files/././below/.; diff linked/.; cd files/below\n"
+      "diff .; diff ..; diff ../.; diff ./../below");
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out,
+            "old: git:HEAD:. (3 files)\n"
+            "old: git:HEAD:files/./a.json (1 file)\n"
+            "old: git:HEAD:files/././below/. (1 file)\n"
+            "old: git:HEAD:linked/. (3 files)\n"
+            "old: git:HEAD:. (1 file)\n"
+            "old: git:HEAD:.. (3 files)\n"
+            "old: git:HEAD:../. (3 files)\n"
+            "old: git:HEAD:./../below (1 file)\n");
+}
+
 TEST(DiffGit, FilesOfARevisionHaveTheirNamesInMessages) {
   const ToolRun run = InRepository(
       "echo '{' > files/below/b.json; git commit -q -a -m two\n"
@@ -64,13 +82,15 @@ TEST(DiffGit, FilesOfARevisionHaveTheirNamesInMessages) {
 
 TEST(DiffGit, WhatIsNotThereIsNamed) {
   const ToolRun run = InRepository(
-      "for name in nope:files --help:files $'HEAD\nHEAD:files' HEAD:nope HEAD:texts HEAD; do\n"
+      "for name in nope:files --help:files $'HEAD\nHEAD:files' HEAD:nope HEAD:files/a.json/ "
+      "HEAD:texts HEAD; do\n"
       "$tool diff \"git:$name\" files | tail -n 2; done");
   EXPECT_EQ(run.err,
             "zelk-metadata: git:nope:files: this revision is not known\n"
             "zelk-metadata: git:--help:files: this revision is not known\n"
             "zelk-metadata: git:HEAD\\x0aHEAD:files: a name with a line end cannot be read\n"
             "zelk-metadata: git:HEAD:nope: this revision has no such path\n"
+            "zelk-metadata: git:HEAD:files/a.json/: a part of this path is a file, not a folder\n"
             "zelk-metadata: git:HEAD:texts: this folder has no *.json file\n"
             "zelk-metadata: git:HEAD: a revision is given as git:REV:PATH\n");
   EXPECT_THAT(run.out, EndsWith("nothing was compared\nfailed: OLD cannot be read\n"));
@@ -83,6 +103,11 @@ TEST(DiffGit, AnnotationsNameTheFilesOfTheRepository) {
       "$tool diff git:HEAD:files git:HEAD~:files --output github");
   EXPECT_THAT(run.out, HasSubstr(" file=files/below/b.json,title=namespace-removed::"));
   EXPECT_THAT(run.out, HasSubstr(" file=files/below/b.json,line=1,col="));
+  const ToolRun below = InRepository(
+      "cd files; $tool diff git:HEAD:./below/b.json git:HEAD:./a.json --output github\n"
+      "cd below; $tool diff git:HEAD:../a.json git:HEAD:./b.json --output github");
+  EXPECT_THAT(below.out, HasSubstr(" file=files/below/b.json,title=namespace-removed::"));
+  EXPECT_THAT(below.out, HasSubstr(" file=files/below/b.json,line=1,col="));
 }
 
 TEST(DiffGit, PathAfterADateWithColonsIsFound) {
@@ -124,7 +149,7 @@ TEST(DiffGit, LinksThatLeadNowhereAreReported) {
             "zelk-metadata: git:HEAD:files/abs.json: it is a link to '/etc/a.json', outside of the "
             "repository\n"
             "zelk-metadata: git:HEAD:files/gone.json: it is a link to what does not exist\n"
-            "zelk-metadata: git:HEAD:files/in.json: it is a link to what does not exist\n"
+            "zelk-metadata: git:HEAD:files/in.json: a part of this path is a file, not a folder\n"
             "zelk-metadata: git:HEAD:files/line\\x0a.json: a name with a line end cannot be read\n"
             "zelk-metadata: git:HEAD:files/loop.json: it is a link in a loop of links\n");
   EXPECT_THAT(run.out, EndsWith("\n1\n"));
@@ -176,7 +201,16 @@ TEST(DiffGit, FolderWithTooManyEntriesIsNotRead) {
 
 TEST(DiffGit, GitThatFailsIsQuoted) {
   EXPECT_THAT(RunShell("cd $(dirname $0); GIT_DIR=/nope $tool diff git:HEAD:a git:HEAD:a").err,
-              HasSubstr("zelk-metadata: git:HEAD:a: fatal: not a git repository: '/nope'\n"));
+              HasSubstr("zelk-metadata: git:HEAD:a: git has failed: not a git repository: "
+                        "'/nope'\n"));
+  EXPECT_THAT(
+      RunShell(
+          "cd $(dirname $0); GIT_CEILING_DIRECTORIES=$(dirname $PWD) LC_ALL=de_DE.UTF-8 $tool diff "
+          "git:HEAD:a git:HEAD:a")
+          .err,
+      HasSubstr("git:HEAD:a: the working folder is not in a repository of git\n"));
+  EXPECT_THAT(InRepository("$tool diff git:HEAD:../a files").err,
+              HasSubstr("git:HEAD:../a: git has failed: '../a' is outside repository at "));
   EXPECT_THAT(RunShell("PATH=/nope $tool diff git:HEAD:a git:HEAD:a").err,
               HasSubstr(": git cannot be started: No such file or directory\n"));
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -46,6 +47,34 @@ std::size_t ColonOf(std::string_view name) {
   return std::string_view::npos;
 }
 
+/// "git:REV:PATH" without steps to the same folder. Git only takes those in a path that begins with
+/// "./" or "../", from the working folder.
+std::string WithoutDots(const std::string& text) {
+  const std::size_t colon = ColonOf(std::string_view(text).substr(kScheme.size()));
+  if (colon == std::string_view::npos) return text;
+  const std::size_t begin = kScheme.size() + colon + 1;
+  std::string path = text.substr(begin);
+  for (std::size_t at = path.find("/./"); at != std::string::npos; at = path.find("/./", at)) {
+    path.erase(at, 2);
+  }
+  const bool ends_with_dot = path.size() > 1 && path.compare(path.size() - 2, 2, "/.") == 0;
+  if (ends_with_dot) path.pop_back();
+  if (path == "." || path == "..") path += '/';
+  return text.substr(0, begin) + path;
+}
+
+/// What the path of a revision is from the top of the repository.
+std::string FromTop(const std::string& path) {
+  const bool is_from_here = path.compare(0, 2, "./") == 0 || path.compare(0, 3, "../") == 0;
+  std::error_code error;
+  fs::path folder = is_from_here ? fs::current_path(error) : fs::path();
+  const fs::path file = (folder / path).lexically_normal();
+  for (; folder.has_relative_path(); folder = folder.parent_path()) {
+    if (fs::exists(folder / ".git", error)) return file.lexically_relative(folder).string();
+  }
+  return path;
+}
+
 std::string Hex(std::string_view bytes) {
   constexpr std::string_view kDigits = "0123456789abcdef";
   std::string digits;
@@ -76,8 +105,8 @@ std::vector<Entry> EntriesOf(const GitObject& tree) {
 
 class RevisionReader {
  public:
-  RevisionReader(std::string text, const DomainTable& domains)
-      : text_(std::move(text)), reader_(domains) {}
+  RevisionReader(const std::string& text, const DomainTable& domains)
+      : text_(WithoutDots(text)), reader_(domains) {}
 
   Input Read() {
     const std::string name = text_.substr(kScheme.size());
@@ -191,9 +220,9 @@ bool IsRevision(const std::string& text) {
 
 std::string PathOfRevision(const std::string& text) {
   if (!IsRevision(text)) return text;
-  const std::string name = text.substr(kScheme.size());
+  const std::string name = WithoutDots(text).substr(kScheme.size());
   const std::size_t colon = ColonOf(name);
-  return colon == std::string::npos ? text : name.substr(colon + 1);
+  return colon == std::string::npos ? text : FromTop(name.substr(colon + 1));
 }
 
 Input ReadRevision(const std::string& text, const DomainTable& domains) {

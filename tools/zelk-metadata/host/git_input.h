@@ -12,7 +12,7 @@ constexpr char kOnlyFileId[] = "file";
 /// Whether the text begins as "git:REV:PATH" does.
 bool IsRevision(const std::string& text);
 
-/// The PATH of "git:REV:PATH", or any other text as it is.
+/// The PATH of "git:REV:PATH" from the top of the repository, or any other text as it is.
 std::string PathOfRevision(const std::string& text);
 
 /// Reads "git:REV:PATH": the file, or every "*.json" in the folder and below it, as the revision of

@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <spawn.h>
+#include <string_view>
 #include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -61,8 +62,13 @@ std::string GitObjects::Start() {
   std::string follow = "--follow-symlinks";
   const std::array<char*, 5> words{program.data(), command.data(), batch.data(), follow.data(),
                                    nullptr};
+  // Its messages are read. Of two values of a variable, the first one counts.
+  std::string locale = "LC_ALL=C";
+  std::vector<char*> variables{locale.data()};
+  for (char** variable = environ; *variable != nullptr; ++variable) variables.push_back(*variable);
+  variables.push_back(nullptr);
   const int error =
-      posix_spawnp(&process_, program.c_str(), &actions, nullptr, words.data(), environ);
+      posix_spawnp(&process_, program.c_str(), &actions, nullptr, words.data(), variables.data());
   posix_spawn_file_actions_destroy(&actions);
   close(ends[1]);
   if (error == 0) return "";
@@ -97,6 +103,7 @@ std::string GitObjects::ReadNameFailure(const std::string& line) {
   if (!content) return "";
   if (words[0] == "symlink") return "it is a link to '" + *content + "', outside of the repository";
   if (words[0] == "loop") return "it is a link in a loop of links";
+  if (words[0] == "notdir") return "a part of this path is a file, not a folder";
   return "it is a link to what does not exist";
 }
 
@@ -104,7 +111,14 @@ std::string GitObjects::Complaint() const {
   std::array<char, 1000> text{};
   const ssize_t size = pread(complaints_, text.data(), text.size(), 0);
   const std::string complaint(text.data(), size > 0 ? static_cast<std::size_t>(size) : 0);
-  return complaint.empty() ? "git has ended without a message" : Render::FirstLine(complaint);
+  if (complaint.empty()) return "git has ended without a message";
+  constexpr std::string_view kNoRepository = "fatal: not a git repository (or any";
+  if (complaint.compare(0, kNoRepository.size(), kNoRepository) == 0) {
+    return "the working folder is not in a repository of git";
+  }
+  constexpr std::string_view kFatal = "fatal: ";
+  const bool is_fatal = complaint.compare(0, kFatal.size(), kFatal) == 0;
+  return "git has failed: " + Render::FirstLine(complaint.substr(is_fatal ? kFatal.size() : 0));
 }
 
 void GitObjects::Send(const std::string& text) const {
