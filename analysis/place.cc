@@ -1,5 +1,7 @@
 #include "analysis/place.h"
 
+#include <algorithm>
+
 #include "analysis/format.h"
 
 namespace Zelk::Analysis {
@@ -33,7 +35,9 @@ std::string Called(const Model& model, ElementId id) {
   const Element& element = model[id];
   const std::string name = model.FullName(id);
   if (element.kind == ElementKind::kNamespace && name.empty()) return "the root namespace";
-  return std::string("the ") + Word(element.kind) + " '" + Shortened(name) + "'";
+  std::string kind = Word(element.kind);
+  std::replace(kind.begin(), kind.end(), '-', ' ');
+  return "the " + kind + " '" + Shortened(name) + "'";
 }
 
 std::string PathOf(const Workspace& workspace, const Place& place) {

@@ -34,6 +34,9 @@ std::optional<Place> PlaceIn(const Model& model, ElementId id, NodeId node) {
   return node == kNoNode ? PlaceOf(model, id) : PlaceOf(model, id, node);
 }
 
+// With what each message of a removal begins.
+constexpr std::string_view kThe = "the ";
+
 /// Makes the verdicts dangerous at most, but for some audiences. Returns whether one changed.
 bool Excuse(Verdicts& verdicts, AudienceSet except) {
   bool is_changed = false;
@@ -78,17 +81,17 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
   // The other formats have no annotations.
   const bool may_be_deprecated = domain == Domain::kMetamodel && kind.action == Action::kRemoved &&
                                  ClassOf(verdicts, kAllAudiences) == Class::kBreaking;
-  if (may_be_deprecated && WasDeprecated(pair.old_id) && Excuse(verdicts, details.others_broken)) {
-    details.message += ", which was deprecated";
-  }
+  const bool is_excused =
+      may_be_deprecated && WasDeprecated(pair.old_id) && Excuse(verdicts, details.others_broken);
   if (!details.breaks.empty()) {
     verdicts[static_cast<std::size_t>(Audience::kCli)] = Class::kBreaking;
-    details.message += "; this breaks " + details.breaks;
   }
   if (IsFull()) {
     ++unlisted_[verdicts];
     return;
   }
+  if (is_excused) details.message.insert(kThe.size(), "deprecated ");
+  if (!details.breaks.empty()) details.message += "; this breaks " + details.breaks;
   std::string path = details.element;
   if (path.empty()) path = models.Of(pair).Path(pair.Id());
   std::string identity = kind.id;

@@ -68,7 +68,7 @@ Result Compare(const Workspace& old_version, const Workspace& new_version,
     if (old_texts == new_texts) continue;
     result.fingerprints_differ = true;
     if (changes.Count() != before) continue;
-    Details details{"the fingerprint changes; no answer does"};
+    Details details{"only the fingerprint changes"};
     details.element = FormatOf(domain).root_key;
     changes.Add("formatting-only", domain, {kNoElement, kNoElement}, std::move(details));
   }

@@ -27,7 +27,7 @@ void AddDefinition(Metamodel& metamodel, ElementKind kind, Pair pair) {
     if (pair.IsRemoved() && metamodel.reach.IsMissed(name)) {
       details.verdicts = Verdicts{kB, kB, kN, kN, kB};
       details.others_broken = kAllAudiences;
-      details.message = ", but is still named";
+      details.message = ", but is still used";
     }
   }
   metamodel.AddWhole(Word(kind), pair, std::move(details));

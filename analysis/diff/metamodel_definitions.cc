@@ -31,17 +31,29 @@ bool IsReceived(Direction direction) {
   return direction != Direction::kInput;
 }
 
-void AddField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all, Pair pair) {
-  const Assumptions& assumptions = metamodel.changes.GetAssumptions();
-  const Direction direction = metamodel.reach.Of(structure);
+bool IsPositional(const Metamodel& metamodel) {
+  return metamodel.changes.GetAssumptions().parameters == Assumptions::Parameters::kPositional;
+}
+
+void RemoveField(Metamodel& metamodel, Direction direction, const std::vector<Pair>& all,
+                 Pair pair) {
   Details details;
   details.direction = direction;
-  if (pair.IsRemoved()) {
-    details.verdicts = FindKind("field-removed")->verdicts.input;
-    // Unless a command uses it.
-    (*details.verdicts)[kCli] = kN;
-    return metamodel.AddWhole("field", pair, std::move(details));
+  details.verdicts = FindKind("field-removed")->verdicts.input;
+  // Unless a command uses it.
+  (*details.verdicts)[kCli] = kN;
+  if (IsPositional(metamodel) && !IsLast(all, pair)) {
+    details.assumption = "parameters: positional";
+    details.others_broken = SetOf(Audience::kWire) | SetOf(Audience::kSource);
   }
+  metamodel.AddWhole("field", pair, std::move(details));
+}
+
+void AddField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all, Pair pair) {
+  const Direction direction = metamodel.reach.Of(structure);
+  if (pair.IsRemoved()) return RemoveField(metamodel, direction, all, pair);
+  Details details;
+  details.direction = direction;
   const bool is_optional = IsOptional(metamodel.changes.New(), pair.new_id);
   const char* const id = is_optional ? "field-added-optional" : "field-added-required";
   details.message = metamodel.CalledIn(pair) + " was added";
@@ -49,12 +61,12 @@ void AddField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all
   if (!is_optional) {
     details.breaks = metamodel.commands.Text(metamodel.commands.Lacking(structure, pair.new_id));
   }
-  const bool is_refused = assumptions.unknown_fields == Assumptions::UnknownFields::kRefused;
-  const bool is_positional = assumptions.parameters == Assumptions::Parameters::kPositional;
+  const bool is_refused =
+      metamodel.changes.GetAssumptions().unknown_fields == Assumptions::UnknownFields::kRefused;
   if (is_refused && IsReceived(direction)) {
     details.verdicts = WithWire(id, direction, kB);
     details.assumption = "unknown_fields: refused";
-  } else if (is_positional && !IsLast(all, pair)) {
+  } else if (IsPositional(metamodel) && !IsLast(all, pair)) {
     details.verdicts = WithWire(id, direction, kB);
     details.assumption = "parameters: positional";
   } else {
@@ -79,8 +91,7 @@ void CompareFields(Metamodel& metamodel, Pair structure) {
   if (!order.is_changed) return;
   Details details{"the fields of " + metamodel.CalledIn(structure) + " are in another order",
                   std::move(order.old_names), std::move(order.new_names), direction};
-  const bool is_positional =
-      metamodel.changes.GetAssumptions().parameters == Assumptions::Parameters::kPositional;
+  const bool is_positional = IsPositional(metamodel);
   details.assumption = is_positional ? "parameters: positional" : "parameters: named";
   if (is_positional) details.verdicts = WithWire("field-order-changed", direction, kB);
   metamodel.Add("field-order-changed", structure, std::move(details));

@@ -106,8 +106,8 @@ constexpr Kind kRows[] = {
      Action::kChanged,
      Always(kN, kN, kN, kN, kC),
      "Another source answers",
-     "Two sources have the same definition, and another one of them comes first. The answer is "
-     "the same.",
+     "Two sources have the same definition, and now the other one comes first. The answer is the "
+     "same.",
      "Keep one of them.",
      {{ZELK_EXAMPLE_COMPONENT("", ""), ZELK_EXAMPLE_COMPONENT("", ""), ZELK_OTHER("")},
       {ZELK_OTHER(""), ZELK_EXAMPLE_COMPONENT("", "")},
@@ -138,7 +138,7 @@ constexpr Kind kRows[] = {
      "formatting",
      Action::kChanged,
      Always(kN, kN, kN, kN, kN),
-     "The files differ, but no answer does",
+     "The files differ, but the answers are the same",
      "Programs that compare fingerprints load the metadata again.",
      "No action is needed.",
      {{ZELK_EXAMPLE_COMPONENT("", "")},

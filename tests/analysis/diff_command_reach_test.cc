@@ -107,8 +107,8 @@ TEST(SameCommand, BreaksEvenIfWhatItCallsWasDeprecated) {
   deprecated.replace(deprecated.find(plain), plain.size(),
                      R"("metadata": {"Deprecated": {}}, "params")");
   EXPECT_THAT(Changed({deprecated, Command({})}, {MetamodelFile({"", "", ""}), Command({})}),
-              ElementsAre("DDB-D operation-removed operation:start: the operation 'c.p.s.start' "
-                          "was removed, which was deprecated; this breaks the command 'acme.go'"));
+              ElementsAre("DDB-D operation-removed operation:start: the deprecated operation "
+                          "'c.p.s.start' was removed; this breaks the command 'acme.go'"));
 }
 
 TEST(SameCommand, MakesAnotherFingerprint) {

@@ -24,7 +24,7 @@ using Zelk::Analysis::Diff::Class;
 using Zelk::Analysis::Diff::Result;
 
 constexpr char kNothing[] =
-    "----- formatting-only metamodel: the fingerprint changes; no answer does";
+    "----- formatting-only metamodel: only the fingerprint changes";
 
 std::string Operations(const std::string& operations) {
   return MetamodelFile({"", "", operations});
@@ -128,8 +128,8 @@ TEST(Removals, DoNotHaveWhatWasMoved) {
 
 TEST(Removals, OfWhatWasDeprecatedAreDangerous) {
   EXPECT_THAT(Changed({Operations(Deprecated(Operation("a", "")))}, {Operations("")}),
-              ElementsAre("DD--D operation-removed operation:a: the operation 'c.p.s.a' was "
-                          "removed, which was deprecated"));
+              ElementsAre("DD--D operation-removed operation:a: the deprecated operation "
+                          "'c.p.s.a' was removed"));
   Assumptions assumptions;
   assumptions.deprecated = {"Old"};
   EXPECT_THAT(Changed({Operations(Deprecated(Operation("a", "")))}, {Operations("")}, assumptions),
@@ -140,15 +140,15 @@ TEST(Removals, OfWhatWasDeprecatedBreakThoseWhoUseTheRest) {
   const std::string old_value = Deprecated(Value("A"));
   EXPECT_THAT(Changed({State(old_value + "," + Value("B"), kStateReceived)},
                       {State(Value("B"), kStateReceived)}),
-              ElementsAre(StartsWith("BDD-c enumeration-value-removed value:A: the value "
-                                     "'c.p.state.A' was removed, which was deprecated")));
+              ElementsAre(StartsWith("BDD-c enumeration-value-removed value:A: the "
+                                     "deprecated value 'c.p.state.A' was removed")));
   EXPECT_THAT(Changed({State(Value("A") + "," + Deprecated(Value("B")), kStateSent)},
                       {State(Value("A"), kStateSent)}),
               ElementsAre(StartsWith("DDD-c enumeration-value-removed")));
   EXPECT_THAT(Changed({MetamodelFile({"", Deprecated(Enumeration("c.p.state")), kStateSent})},
                       {MetamodelFile({"", "", kStateSent})}),
               ElementsAre("BB--B enumeration-removed enumeration:c.p.state: the enumeration "
-                          "'c.p.state' was removed, but is still named"));
+                          "'c.p.state' was removed, but is still used"));
   const std::string x = Field("x", kText, R"("Deprecated": {})");
   const std::string y = Field("y", kText);
   Assumptions positional;
@@ -157,6 +157,13 @@ TEST(Removals, OfWhatWasDeprecatedBreakThoseWhoUseTheRest) {
               ElementsAre(StartsWith("DD--c parameter-removed")));
   EXPECT_THAT(Changed({Takes(x + "," + y)}, {Takes(y)}, positional),
               ElementsAre(StartsWith("BB--c parameter-removed")));
+  EXPECT_THAT(Changed({Spec(x + "," + y, kSent)}, {Spec(y, kSent)}),
+              ElementsAre("DD--c field-removed field:x: the deprecated field 'c.p.spec.x' was "
+                          "removed"));
+  EXPECT_THAT(Changed({Spec(x + "," + y, kSent)}, {Spec(y, kSent)}, positional),
+              ElementsAre(StartsWith("BB--c field-removed field:x: the field 'c.p.spec.x'")));
+  EXPECT_THAT(Changed({Spec(y + "," + x, kSent)}, {Spec(y, kSent)}, positional),
+              ElementsAre(StartsWith("DD--c field-removed")));
 }
 
 TEST(Removals, OfOptionalParametersDependOnTheWire) {
@@ -171,7 +178,7 @@ TEST(Removals, OfOptionalParametersDependOnTheWire) {
 TEST(Removals, OfStructuresBreakCallsIfSomethingNamesThem) {
   EXPECT_THAT(Changed({Spec("", kSent)}, {Operations(kSent)}),
               ElementsAre("BB--B structure-removed structure:c.p.spec: the structure 'c.p.spec' "
-                          "was removed, but is still named"));
+                          "was removed, but is still used"));
   EXPECT_THAT(Changed({Spec("", "")}, {Operations("")}),
               ElementsAre(StartsWith("-B--B structure-removed")));
 }
