@@ -32,7 +32,7 @@ constexpr char kOld[] = R"({"changes": []})";
 /// The file that --write-accept writes, with `more` in front of each fingerprint.
 std::string Accepted(const Versions& versions, const std::string& more) {
   const std::string path = versions.Path("accepted.json");
-  EXPECT_EQ(versions.Run({"--write-accept", path}).status, 0);
+  EXPECT_EQ(versions.Run({"--write-accept", path, "--fail-on", "any"}).status, 0);
   std::string text = FileText(path);
   const std::string key = "\"fingerprint\"";
   for (std::size_t at = text.find(key); at != std::string::npos;
@@ -88,6 +88,24 @@ TEST(DiffAccept, WritingOverAListKeepsReasonsAndOtherAudiences) {
             "zelk-metadata: accepted.json: 1 entry written\n");
   EXPECT_THAT(FileText(path), AllOf(HasSubstr("operation-added"), HasSubstr("agreed"),
                                     Not(HasSubstr("operation-removed"))));
+}
+
+TEST(DiffAccept, OnlyChangesThatFailTheRunAreWritten) {
+  const Versions versions(kBefore, kAfter);
+  const std::string path = versions.Path("accepted.json");
+  const auto written = [&](std::vector<std::string> words) {
+    std::filesystem::remove(path);
+    words.insert(words.end(), {"--write-accept", path});
+    return versions.Run(words).err;
+  };
+  const std::string one = "zelk-metadata: accepted.json: 1 entry written\n";
+  EXPECT_EQ(written({}), one);
+  EXPECT_THAT(FileText(path), HasSubstr("operation-removed"));
+  EXPECT_EQ(versions.Run({"--accept", path}).status, 0);
+  EXPECT_EQ(written({"--bump"}), one);
+  EXPECT_EQ(written({"--output", "json"}), one);
+  EXPECT_EQ(written({"--fail-on", "any"}), "zelk-metadata: accepted.json: 2 entries written\n");
+  EXPECT_EQ(written({"--fail-on", "never"}), "zelk-metadata: accepted.json: 0 entries written\n");
 }
 
 TEST(DiffAccept, OnlyAListIsReplaced) {

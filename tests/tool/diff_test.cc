@@ -104,18 +104,32 @@ TEST(Diff, OnlyWhatConcernsTheAudiencesIsShown) {
   const Versions versions(kBefore, kAfter);
   const ToolRun none = versions.Run({"--for", "cli", "--for", "auth"});
   EXPECT_EQ(none.status, 0) << none.err;
-  EXPECT_THAT(none.out, EndsWith("no changes\npassed\n"));
+  EXPECT_THAT(none.out,
+              EndsWith("no changes\nno command lines were compared: no CLI file was loaded\n"
+                       "no access was compared: no Authentication file was loaded\npassed\n"));
   EXPECT_THAT(versions.Run({"--for", "cli", "--for", "source"}).out,
               AllOf(HasSubstr("      for: source\n"), Not(HasSubstr("wire"))));
   EXPECT_THAT(versions.Run({"--for", "wire", "--for", "source"}).out,
               HasSubstr("      for: wire, source\n"));
 }
 
+TEST(Diff, InterfacesThatWereNotComparedAreNamed) {
+  const Versions versions(R"({"cli": []})", R"({"cli": []})");
+  const std::string text = "no interfaces were compared: no Metamodel file was loaded\n";
+  for (const char* audience : {"wire", "source"}) {
+    const ToolRun run = versions.Run({"--for", "cli", "--for", audience});
+    EXPECT_THAT(run.out, EndsWith("no changes\n" + text + "passed\n")) << audience;
+  }
+  EXPECT_THAT(versions.Run({"--for", "cli"}).out, EndsWith("no changes\npassed\n"));
+  EXPECT_THAT(versions.Run({"--for", "metadata", "--output", "markdown"}).out,
+              Not(HasSubstr("were compared")));
+}
+
 TEST(Diff, OtherFormattingIsNoChange) {
   const ToolRun run = Versions(kBefore, std::string("\n\n  ") + kBefore).Run();
   EXPECT_EQ(run.status, 0);
   EXPECT_THAT(run.out,
-              EndsWith("\nno changes\nThe fingerprint changes; no answer does.\npassed\n"));
+              EndsWith("\nno changes\nOnly the fingerprint changes.\npassed\n"));
 }
 
 TEST(Diff, FoldersAreComparedAsAWhole) {
@@ -219,12 +233,18 @@ TEST(Diff, WrongWordsAreWrongUsage) {
     EXPECT_EQ(run.out, "") << line;
     return run.err;
   };
-  EXPECT_EQ(complaint("a"), "zelk-metadata: OLD and NEW are needed; try diff --help\n");
+  const std::string paths = "zelk-metadata: OLD and NEW need a path each; try diff --help\n";
+  EXPECT_EQ(complaint("a"), paths);
+  EXPECT_EQ(RunTool({"diff", "a", ""}).err, paths);
+  EXPECT_EQ(RunTool({"diff", "", "a"}).err, paths);
+  EXPECT_EQ(complaint("--list-changes --output github"),
+            "zelk-metadata: --list-changes prints text or JSON, not github\n");
   EXPECT_EQ(complaint("- -"), "zelk-metadata: only one of OLD and NEW can be standard input\n");
   EXPECT_EQ(complaint("a b --for wires"),
             "zelk-metadata: unknown audience 'wires'; did you mean wire?\n");
   EXPECT_EQ(complaint("a b --fail-on compatible"), "zelk-metadata: unknown class 'compatible'\n");
-  EXPECT_THAT(complaint("a b --fail-on never --fail-on any"), HasSubstr("--fail-on: "));
+  EXPECT_THAT(complaint("a b --fail-on never --fail-on any"),
+              HasSubstr("'--fail-on' is given more"));
   EXPECT_EQ(complaint("a b --bump --json"),
             "zelk-metadata: --bump prints one word, whatever --output is\n");
   EXPECT_EQ(complaint("a b --source c"),

@@ -58,9 +58,11 @@ std::string ProblemOf(const Arguments& arguments) {
   if (is_accepted_input || arguments.new_accept == kInput) {
     return "--accept and --write-accept need a file, not -";
   }
-  if (arguments.list_kinds) return "";
+  if (arguments.list_kinds) return WrongListOutput("list-changes", arguments.output);
   if (!arguments.sources.empty()) return "diff takes OLD and NEW as operands, not as --source";
-  if (arguments.new_version.empty()) return "OLD and NEW are needed; try diff --help";
+  if (arguments.old_version.empty() || arguments.new_version.empty()) {
+    return "OLD and NEW need a path each; try diff --help";
+  }
   if (arguments.old_version == kInput && arguments.new_version == kInput) {
     return "only one of OLD and NEW can be standard input";
   }
@@ -82,7 +84,8 @@ Analysis::Diff::AudienceSet Audiences(const Arguments& arguments) {
 std::optional<Class> FailOn(const Arguments& arguments) {
   const std::string& word = arguments.fail_on;
   // The caller asks for the number of the next version, so changes are expected.
-  if (word == "never" || (word.empty() && arguments.bump)) return std::nullopt;
+  const bool only_asks = arguments.bump && arguments.new_accept.empty();
+  if (word == "never" || (word.empty() && only_asks)) return std::nullopt;
   if (word == "any") return Class::kDocumentation;
   return word == "dangerous" ? Class::kDangerous : Class::kBreaking;
 }
@@ -308,7 +311,8 @@ Command DiffCommand() {
       {"accept", "FILE", Word::kPath,
        "Do not fail because of the changes that the file lists; may be given several times",
        &Arguments::accept},
-      {"write-accept", "FILE", Word::kPath, "Write the changes to the file instead of showing them",
+      {"write-accept", "FILE", Word::kPath,
+       "Write the changes that fail the run to the file instead of showing them",
        &Arguments::new_accept},
       {"bump", "", Word::kNone, "Print only major, minor or patch: what the next version needs",
        &Arguments::bump},

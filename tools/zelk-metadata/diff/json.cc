@@ -95,6 +95,7 @@ WrittenList WriteAccepted(const std::string& path, const Report& report) {
   AcceptedWriter writer(kAcceptedForm);
   for (const auto* entries : {&report.entries, &report.others}) {
     for (const Entry& entry : *entries) {
+      if (entry.accepted == nullptr && !FailsBecauseOf(report, entry)) continue;
       const Change& change = *entry.change;
       writer.Add(change.kind->id, FingerprintText(change.fingerprint), change.element,
                  entry.accepted);

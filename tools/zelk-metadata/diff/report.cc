@@ -7,14 +7,21 @@
 namespace Zelk::Tool::Diff {
 namespace {
 
-/// If the change is a file that does not load in the old version, which cannot be changed any more.
+/// The file that the change repairs or removes, which does not load in the old version; or null.
+const Analysis::Diff::LostFile* RepairedBy(const Report& report, const Change& change) {
+  const auto file = std::find_if(report.lost.begin(), report.lost.end(), [&](const auto& lost) {
+    return !lost.loads_in_old && PathOf(lost) == change.element;
+  });
+  return file == report.lost.end() ? nullptr : &*file;
+}
+
+/// The old version cannot be changed any more, so it is enough to accept the repair.
 void ForgetFailure(Report& report, const Change& change) {
+  const Analysis::Diff::LostFile* const file = RepairedBy(report, change);
+  if (file == nullptr) return;
   auto& failed = report.old_version.failed;
-  for (const Analysis::Diff::LostFile& file : report.lost) {
-    if (file.loads_in_old || PathOf(file) != change.element) continue;
-    const auto is_it = [&](const FailedFile& other) { return other.id == file.id; };
-    failed.erase(std::remove_if(failed.begin(), failed.end(), is_it), failed.end());
-  }
+  const auto is_it = [&](const FailedFile& other) { return other.id == file->id; };
+  failed.erase(std::remove_if(failed.begin(), failed.end(), is_it), failed.end());
 }
 
 }  // namespace
@@ -66,6 +73,11 @@ bool IsComplete(const Report& report) {
       std::none_of(report.lost.begin(), report.lost.end(),
                    [](const Analysis::Diff::LostFile& file) { return file.loads_in_old; });
   return report.old_version.unreadable == 0 && report.new_version.Failed() == 0 && has_repairs_only;
+}
+
+bool FailsBecauseOf(const Report& report, const Entry& entry) {
+  const bool is_bad = report.fail_on && entry.worst >= *report.fail_on;
+  return is_bad || RepairedBy(report, *entry.change) != nullptr;
 }
 
 Summary Summarize(const Report& report) {

@@ -101,6 +101,9 @@ std::string WhyNotComparable(const Report& report);
 /// Whether all files were compared, but for repaired ones.
 bool IsComplete(const Report& report);
 
+/// Whether the run fails unless the change is accepted.
+bool FailsBecauseOf(const Report& report, const Entry& entry);
+
 /// The numbers at the end of a report.
 struct Summary {
   /// By class, without those that are accepted.
@@ -131,7 +134,7 @@ inline constexpr std::array<Class, 4> kShownClasses{Class::kBreaking, Class::kDa
 
 // The outputs. That of JSON is written into the document of the command.
 void WriteJson(Render::JsonWriter& json, const Report& report);
-/// Writes what --accept reads.
+/// Writes what --accept reads: the changes that fail the run, and those that are accepted already.
 WrittenList WriteAccepted(const std::string& path, const Report& report);
 /// In the terminal's width.
 void WriteText(std::ostream& out, const Report& report, const Render::Terminal& terminal);

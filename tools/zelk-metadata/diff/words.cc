@@ -4,6 +4,7 @@
 #include <array>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+#include <utility>
 
 #include "analysis/diff/configuration.h"
 #include "host/named_place.h"
@@ -58,6 +59,34 @@ std::string FailedText(const Report& report) {
   AddCount(parts, partial, "a part of a file does not load", "parts of files do not load");
   AddCount(parts, unreadable, "a file cannot be read", "files cannot be read");
   return fmt::format("failed: {}", fmt::join(parts, ", "));
+}
+
+/// What of the chosen audiences' concern no file has.
+std::vector<std::string> MissingTexts(const Report& report) {
+  using Analysis::Domain;
+
+  struct Concern {
+    Analysis::Diff::AudienceSet audiences;
+    Domain domain;
+    const char* text;
+  };
+
+  constexpr std::array<Concern, 3> kConcerns{
+      {{SetOf(Audience::kWire) | SetOf(Audience::kSource), Domain::kMetamodel,
+        "no interfaces were compared: no Metamodel file was loaded"},
+       {SetOf(Audience::kCli), Domain::kCli,
+        "no command lines were compared: no CLI file was loaded"},
+       {SetOf(Audience::kAuth), Domain::kAuthentication,
+        "no access was compared: no Authentication file was loaded"}}};
+  std::vector<std::string> texts;
+  const Analysis::DomainSet loaded =
+      report.old_version.workspace->Loaded() | report.new_version.workspace->Loaded();
+  if (loaded == 0 || report.audiences == Analysis::Diff::kAllAudiences) return texts;
+  for (const Concern& concern : kConcerns) {
+    const bool is_chosen = (report.audiences & concern.audiences) != 0;
+    if (is_chosen && (loaded & SetOf(concern.domain)) == 0) texts.emplace_back(concern.text);
+  }
+  return texts;
 }
 
 /// "FILE:LINE:COLUMN".
@@ -129,8 +158,9 @@ std::vector<std::string> SummaryLines(const Report& report) {
         fmt::format("{} accepted by {}", summary.accepted, fmt::join(report.accepted_files, ", ")));
   }
   if (report.result.fingerprints_differ && !HasChangedAnswer(report)) {
-    lines.emplace_back("The fingerprint changes; no answer does.");
+    lines.emplace_back("Only the fingerprint changes.");
   }
+  for (std::string& text : MissingTexts(report)) lines.push_back(std::move(text));
   if (summary.failed > 0) {
     lines.push_back(FailedText(report));
   } else if (summary.is_failed) {
