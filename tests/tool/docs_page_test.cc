@@ -1,10 +1,12 @@
 #include <algorithm>
+#include <csignal>
 #include <cstddef>
 #include <cstring>
 #include <filesystem>
 #include <iterator>
 #include <openssl/evp.h>
 #include <string>
+#include <sys/resource.h>
 #include <utility>
 #include <vector>
 #include <zlib.h>
@@ -192,6 +194,28 @@ std::string FieldOf(const std::string& type, const std::string& metadata = "{}")
          metadata + R"(, "type": )" + type + "}]}]}]}}}";
 }
 
+/// As long as it lives, writing to files fails, as it does on a full disk.
+class NoFileGrows {
+ public:
+  NoFileGrows() : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit none{0, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &none);
+  }
+
+  NoFileGrows(const NoFileGrows&) = delete;
+  NoFileGrows& operator=(const NoFileGrows&) = delete;
+
+  ~NoFileGrows() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+
+ private:
+  rlimit before_{};
+  void (*handler_)(int);
+};
+
 }  // namespace
 
 TEST(DocsCommand, WritesThePageToAFileOrToStandardOutput) {
@@ -234,10 +258,12 @@ TEST(DocsCommand, ReportsWhyThePageCouldNotBeWritten) {
 TEST(DocsCommand, KeepsTheOldPageUnlessTheNewOneIsComplete) {
   const TempFolder folder;
   const std::string path = folder.Write("page.html", "old");
-  const std::string command =
-      "$tool docs --source " + kDataFolder + "/commands.json --output-file " + path;
-  const ToolRun run = RunShell("ulimit -f 0; " + command);
+  const ToolRun run = [&] {
+    const NoFileGrows limit;
+    return RunOnThree("docs --output-file " + path);
+  }();
   EXPECT_EQ(run.status, 4);
+  EXPECT_THAT(run.err, EndsWith("page.html: could not be written: File too large\n"));
   EXPECT_EQ(FileText(path), "old");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path("")), {}), 1);
   std::filesystem::permissions(path, std::filesystem::perms(0640));
