@@ -23,8 +23,7 @@ using testing::UnorderedElementsAre;
 using Zelk::Analysis::Diff::Class;
 using Zelk::Analysis::Diff::Result;
 
-constexpr char kNothing[] =
-    "----- formatting-only metamodel: only the fingerprint changes";
+constexpr char kNothing[] = "----- formatting-only metamodel: only the fingerprint changes";
 
 std::string Operations(const std::string& operations) {
   return MetamodelFile({"", "", operations});

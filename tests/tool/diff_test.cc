@@ -128,8 +128,7 @@ TEST(Diff, InterfacesThatWereNotComparedAreNamed) {
 TEST(Diff, OtherFormattingIsNoChange) {
   const ToolRun run = Versions(kBefore, std::string("\n\n  ") + kBefore).Run();
   EXPECT_EQ(run.status, 0);
-  EXPECT_THAT(run.out,
-              EndsWith("\nno changes\nOnly the fingerprint changes.\npassed\n"));
+  EXPECT_THAT(run.out, EndsWith("\nno changes\nOnly the fingerprint changes.\npassed\n"));
 }
 
 TEST(Diff, FoldersAreComparedAsAWhole) {
