@@ -32,7 +32,7 @@ bool Has(const Names& names, const std::string& name) {
 std::string KindAround(const FoundKind& found, const std::string& id) {
   const FewNames& within = found.kind->within;
   const auto around = std::find_if(within.begin(), within.end(),
-                                   [&](const char* kind) { return Has(NamesOf(found, kind), id); });
+                                   [&](const char* kind) { return Has(found.NamesOf(kind), id); });
   return around == within.end() ? "" : *around;
 }
 
@@ -105,7 +105,7 @@ ExitStatus FailAsUnknown(const Invocation& call, const std::string& word) {
   };
   for (const FoundKind& found : call.Kinds()) {
     add(AllNames(found));
-    for (const char* kind : found.kind->within) add(NamesOf(found, kind));
+    for (const char* kind : found.kind->within) add(found.NamesOf(kind));
   }
   const FewNames& within = first.kind->within;
   const std::string what = IsPattern(word)

@@ -104,11 +104,13 @@ ExitStatus RunWhich(Invocation& call) {
   }
   Show(call, all, ids);
   if (!all.empty()) return answered ? ExitStatus::kOk : ExitStatus::kNotFound;
-  // Near names are those of all sources together.
-  call.GetHost().LoadTogether();
   const std::string text =
       fmt::format("no source has the {} {}", call.Kinds().front().kind->name, fmt::join(ids, " "));
-  return call.FailAs(ServiceError{"", {Message{"", text, {}}}}, ids);
+  return call.FailAs(
+      ServiceError{"", {Message{"", text, {}}}}, ids,
+      [&sources](const FoundKind& found, const std::string& kind, const Ids& before) {
+        return NamesOf(sources, *found.row, kind, before);
+      });
 }
 
 }  // namespace

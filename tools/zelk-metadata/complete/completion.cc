@@ -181,7 +181,7 @@ Choices Kinds(const Place& place) {
 std::size_t GivenOfNext(const std::vector<FoundKind>& kinds, const Ids& given) {
   std::set<std::string> first;
   for (const FoundKind& found : kinds) {
-    const Names names = found.kind->MayJoin() ? found.NamesAt(0, {}).value_or(Names{}) : Names{};
+    const Names names = found.kind->MayJoin() ? found.NamesAt(0, {}) : Names{};
     first.insert(names.begin(), names.end());
   }
   // A word that is not the first of several ids is all of them.
@@ -201,7 +201,7 @@ Choices IdChoices(const Place& place) {
   Choices choices;
   for (const FoundKind& found : kinds) {
     if (!found.has_sources || index >= std::min(found.ids.max, found.IdKinds().size())) continue;
-    for (const std::string& name : found.NamesAt(index, before).value_or(Names{})) {
+    for (const std::string& name : found.NamesAt(index, before)) {
       if (seen.insert(name).second) choices.push_back({name, ""});
     }
   }
@@ -225,7 +225,7 @@ Choices NameWords(const Place& place) {
   for (const FoundKind& found :
        place.LoadedHost().FindKinds(place.line.operands.front(), command.ids_of)) {
     for (const char* kind : found.kind->within) {
-      for (const std::string& name : NamesOf(found, kind)) names.insert(name);
+      for (const std::string& name : found.NamesOf(kind)) names.insert(name);
     }
     for (const std::string& name : AllNames(found)) names.insert(name);
   }

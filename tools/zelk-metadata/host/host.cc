@@ -37,15 +37,12 @@ std::string FoundKind::IdsText() const {
   return text;
 }
 
-std::optional<Names> FoundKind::NamesAt(std::size_t index, const Ids& before) const {
-  const auto named = std::find_if(kinds->begin(), kinds->end(), [&](const Kind& other) {
-    return other.name == IdKinds()[index];
-  });
-  if (named == kinds->end() || !named->list.call) return std::nullopt;
-  const std::size_t needed = named->list.ids.min;
-  if (before.size() < needed) return std::nullopt;
-  const auto end = before.begin() + static_cast<std::ptrdiff_t>(needed);
-  return named->list.call({before.begin(), end}).answer;
+Names FoundKind::NamesOf(const std::string& kind_name, const Ids& before) const {
+  const auto named = std::find_if(kinds->begin(), kinds->end(),
+                                  [&](const Kind& other) { return other.name == kind_name; });
+  if (named == kinds->end() || before.size() < named->list.ids.min) return {};
+  const auto end = before.begin() + static_cast<std::ptrdiff_t>(named->list.ids.min);
+  return named->list.call({before.begin(), end}).answer.value_or(Names());
 }
 
 Host::Host(const DomainTable& table, HostUse use) : use_(use), table_(table) {
@@ -87,12 +84,6 @@ LoadReport Host::LoadFor(Loaded& loaded) {
   LoadReport report = LoadInto(*alone, row, loaded.source, table_);
   if (report.IsLoaded() && use_ == HostUse::kOutlines) loaded.outline = alone->MakeOutline();
   return report;
-}
-
-void Host::LoadTogether() {
-  for (const Loaded& loaded : loaded_) {
-    LoadInto(*RunningOf(*loaded.row).domain, *loaded.row, loaded.source, table_);
-  }
 }
 
 Host::Running& Host::RunningOf(const DomainRow& row) {

@@ -39,10 +39,18 @@ struct FoundKind {
   /// " SERVICE OPERATION", with brackets round an id that may be left out.
   std::string IdsText() const;
 
-  /// The names that the id at `index` may be, if `before` are the ids before it. Empty if they
-  /// cannot be listed.
-  std::optional<Names> NamesAt(std::size_t index, const Ids& before) const;
+  /// The names that things of a kind of its domain have, if `before` are the ids before them.
+  Names NamesOf(const std::string& kind_name, const Ids& before = {}) const;
+
+  /// The names that the id at `index` may be, if `before` are the ids before it.
+  Names NamesAt(std::size_t index, const Ids& before) const {
+    return NamesOf(IdKinds()[index], before);
+  }
 };
+
+/// Has the parameters and the result of FoundKind::NamesOf().
+using NameLookup =
+    std::function<Names(const FoundKind& found, const std::string& kind, const Ids& before)>;
 
 /// What one of the loaded sources holds by itself.
 struct SourceOutline {
@@ -146,9 +154,6 @@ class Host {
   /// each by id. For HostUse::kOutlines, to be called once. Otherwise each file is read again; one
   /// that has changed since it was loaded is reported in `failures`.
   std::vector<SourceOutline> Outlines(std::vector<LoadReport>& failures, const Watcher& watcher);
-
-  /// For HostUse::kOutlines: loads every source into the container of its domain, too.
-  void LoadTogether();
 
   /// What the other domains with sources than that of `row` know about a thing of that one. All of
   /// them are asked for its parents.

@@ -8,17 +8,11 @@ Names AllNames(const FoundKind& found) {
   const auto& list = found.kind->list;
   if (list.ids.min == 0) return list.call({}).answer.value_or(Names());
   Names all;
-  for (const std::string& parent : found.NamesAt(0, {}).value_or(Names())) {
+  for (const std::string& parent : found.NamesAt(0, {})) {
     const Names names = list.call({parent}).answer.value_or(Names());
     for (std::string& name : FullNames(found, parent, names)) all.push_back(std::move(name));
   }
   return all;
-}
-
-Names NamesOf(const FoundKind& found, const std::string& kind) {
-  const auto named = std::find_if(found.kinds->begin(), found.kinds->end(),
-                                  [&kind](const Kind& other) { return other.name == kind; });
-  return named->list.call({}).answer.value_or(Names());
 }
 
 Names FullNames(const FoundKind& found, const std::string& id, const Names& names) {

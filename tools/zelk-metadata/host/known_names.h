@@ -12,9 +12,6 @@ namespace Zelk::Tool {
 /// names say little without that of the service.
 Names AllNames(const FoundKind& found);
 
-/// The names of all things of another kind of the same domain, one that can be listed without ids.
-Names NamesOf(const FoundKind& found, const std::string& kind);
-
 /// Names that a list query returned for the id, as AllNames() has them.
 Names FullNames(const FoundKind& found, const std::string& id, const Names& names);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+#include <set>
 
 namespace Zelk::Tool {
 namespace {
@@ -70,6 +71,22 @@ Decision Decide(const std::vector<SourceOutline>& sources, const FoundKind& foun
     (at == answering ? decision.answering : decision.passed_over).push_back(*at);
   }
   return decision;
+}
+
+Names NamesOf(const std::vector<SourceOutline>& sources, const DomainRow& row,
+              const std::string& kind, const Ids& before) {
+  std::set<std::string> names;
+  for (const SourceOutline& source : sources) {
+    if (source.row != &row) continue;
+    if (kind == "source") names.insert(source.source.id);
+    for (const Entry& entry : source.outline) {
+      const Ids& ids = entry.subject.ids;
+      const bool is_named = entry.subject.kind == kind && ids.size() <= before.size() + 1 &&
+                            std::equal(ids.begin(), ids.end() - 1, before.begin());
+      if (is_named) names.insert(ids.back());
+    }
+  }
+  return {names.begin(), names.end()};
 }
 
 std::string PlaceText(const Holder& holder) {

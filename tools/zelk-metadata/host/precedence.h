@@ -28,6 +28,10 @@ struct Decision {
 /// them.
 Decision Decide(const std::vector<SourceOutline>& sources, const FoundKind& found, const Ids& ids);
 
+/// What FoundKind::NamesOf() returns if all that the sources hold is together.
+Names NamesOf(const std::vector<SourceOutline>& sources, const DomainRow& row,
+              const std::string& kind, const Ids& before);
+
 /// The parent, as in "package com.acme.inventory"; empty at the top.
 std::string PlaceText(const Holder& holder);
 

@@ -35,13 +35,11 @@ struct Unknown {
   Names known;
 };
 
-Unknown FindUnknown(const FoundKind& found, const Ids& ids) {
+Unknown FindUnknown(const FoundKind& found, const Ids& ids, const NameLookup& lookup) {
   for (std::size_t i = 0; i < std::min(ids.size(), found.IdKinds().size()); ++i) {
     const auto end = ids.begin() + static_cast<std::ptrdiff_t>(i);
-    const std::optional<Names> names = found.NamesAt(i, {ids.begin(), end});
-    if (names && std::find(names->begin(), names->end(), ids[i]) == names->end()) {
-      return {ids[i], *names};
-    }
+    const Names names = lookup(found, found.IdKinds()[i], {ids.begin(), end});
+    if (std::find(names.begin(), names.end(), ids[i]) == names.end()) return {ids[i], names};
   }
   return {};  // coverage: every id is listed only if a file changes meanwhile
 }
@@ -169,7 +167,8 @@ ExitStatus Invocation::Fail(ExitStatus status, const std::string& complaint) con
   return status;
 }
 
-ExitStatus Invocation::FailAs(const ServiceError& error, const Ids& ids) const {
+ExitStatus Invocation::FailAs(const ServiceError& error, const Ids& ids,
+                              const NameLookup& lookup) const {
   std::string text;
   for (const Message& message : error.messages) {
     text += (text.empty() ? "" : "; ") + message.Text();
@@ -177,20 +176,20 @@ ExitStatus Invocation::FailAs(const ServiceError& error, const Ids& ids) const {
   Names known;
   std::string wanted;
   for (const FoundKind& found : kinds_) {
-    const Unknown unknown = FindUnknown(found, ids);
+    const Unknown unknown = FindUnknown(found, ids, lookup);
     known.insert(known.end(), unknown.known.begin(), unknown.known.end());
     if (wanted.empty()) wanted = unknown.wanted;
   }
-  const std::string other = OtherKindText(wanted);
+  const std::string other = OtherKindText(wanted, lookup);
   return Fail(ExitStatus::kNotFound,
               text + (other.empty() ? Analysis::Suggestion(wanted, known) : other));
 }
 
-std::string Invocation::OtherKindText(const std::string& id) const {
+std::string Invocation::OtherKindText(const std::string& id, const NameLookup& lookup) const {
   for (const std::string& name : host_.KindNames()) {
     for (const FoundKind& found : host_.FindKinds(name, IdsOfQuery<&Kind::list>)) {
       if (found.ids.min > 0 || name == kinds_.front().kind->name) continue;
-      const Names names = found.kind->list.call({}).answer.value_or(Names{});
+      const Names names = lookup(found, name, {});
       const bool is_one = std::find(names.begin(), names.end(), id) != names.end();
       const bool is_vowel = std::string("aeiou").find(name.front()) != std::string::npos;
       if (is_one) return fmt::format("; {} is {} {}", id, is_vowel ? "an" : "a", name);

@@ -182,8 +182,10 @@ class Invocation {
   /// Prints one line on standard error, and returns the status.
   ExitStatus Fail(ExitStatus status, const std::string& complaint) const;
 
-  /// Prints what the service says about the ids in one line, with names that may be meant.
-  ExitStatus FailAs(const ServiceError& error, const Ids& ids) const;
+  /// Prints what the service says about the ids in one line, with names that may be meant: those
+  /// that `lookup` returns.
+  ExitStatus FailAs(const ServiceError& error, const Ids& ids,
+                    const NameLookup& lookup = &FoundKind::NamesOf) const;
 
   /// The kind is not known, or not to this command, or takes another number of ids.
   ExitStatus FailAsUsage(const std::string& kind) const;
@@ -193,7 +195,7 @@ class Invocation {
 
  private:
   /// "; it is a service", or nothing if the id is not known in another kind.
-  std::string OtherKindText(const std::string& id) const;
+  std::string OtherKindText(const std::string& id, const NameLookup& lookup) const;
 
   const Language& language_;
   const Command& command_;

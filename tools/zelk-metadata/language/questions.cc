@@ -21,7 +21,7 @@ bool IsKnown(const Ids& ids, const std::vector<FoundKind>& kinds) {
 /// Whether the word is the first of the ids of something.
 bool IsFirstId(const std::string& word, const std::vector<FoundKind>& kinds) {
   return std::any_of(kinds.begin(), kinds.end(), [&word](const FoundKind& found) {
-    const Names names = found.NamesAt(0, {}).value_or(Names{});
+    const Names names = found.NamesAt(0, {});
     return std::find(names.begin(), names.end(), word) != names.end();
   });
 }
