@@ -119,8 +119,7 @@ void WriteProblem(JsonWriter& json, const Problem& problem) {
   json.Member("severity", std::string(Word(problem.severity)));
   json.Member("id", TextOrNull(problem.message.id));
   json.Member("text", problem.message.Text());
-  json.Key("arguments");
-  json.StringArray(problem.message.arguments);
+  json.Key("arguments").StringArray(problem.message.arguments);
   WriteNumberOrNull(json, "line", problem.place, &Analysis::Position::line);
   WriteNumberOrNull(json, "column", problem.place, &Analysis::Position::column);
   boost::optional<std::string> pointer;
@@ -157,8 +156,7 @@ void WriteCheckedJson(JsonWriter& json, const LoadReport& checked) {
   json.Member("file", checked.file);
   json.Member("domain", TextOrNull(checked.domain));
   json.Member("state", std::string(state));
-  json.Key("messages");
-  json.StartArray();
+  json.Key("messages").StartArray();
   for (const Problem& problem : checked.problems) WriteProblem(json, problem);
   json.EndArray();
   json.EndObject();

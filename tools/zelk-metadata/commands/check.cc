@@ -87,23 +87,16 @@ class Checking {
 
   void WriteJson() const {
     call_.ShowJson([this](Render::JsonWriter& json) {
-      json.Key("files");
-      json.StartArray();
+      json.Key("files").StartArray();
       for (const LoadReport& report : reports_) Check::WriteCheckedJson(json, report);
       json.EndArray();
-      json.Key("summary");
-      json.StartObject();
-      WriteCount(json, "files", Total());
-      WriteCount(json, "ok", ok_);
-      WriteCount(json, "warnings", warnings_);
-      WriteCount(json, "errors", errors_);
+      json.Key("summary").StartObject();
+      json.Key("files").Number(Total());
+      json.Key("ok").Number(ok_);
+      json.Key("warnings").Number(warnings_);
+      json.Key("errors").Number(errors_);
       json.EndObject();
     });
-  }
-
-  static void WriteCount(Render::JsonWriter& json, const char* key, std::size_t count) {
-    json.Key(key);
-    json.Number(count);
   }
 
   Invocation& call_;

@@ -43,8 +43,7 @@ void WriteJson(JsonWriter& json, const Explain::Explanation& explanation) {
   json.Member("meaning", explanation.meaning);
   json.Member("cause", explanation.cause);
   json.Member("fix", explanation.fix);
-  json.Key("example");
-  json.StartObject();
+  json.Key("example").StartObject();
   json.Member("file", explanation.example.file);
   json.Member("command", explanation.example.command);
   json.Member("create_in", explanation.example.create_in);

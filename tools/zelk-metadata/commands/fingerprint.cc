@@ -13,8 +13,7 @@ void WriteJson(Render::JsonWriter& json, const Fingerprint& answer) {
   json.StartObject();
   json.Member("domain", answer.row->name);
   json.Member("kind", answer.kind->name);
-  json.Key("ids");
-  json.StringArray(answer.ids);
+  json.Key("ids").StringArray(answer.ids);
   json.Member("fingerprint", answer.value);
   json.EndObject();
 }

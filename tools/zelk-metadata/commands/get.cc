@@ -60,8 +60,7 @@ void WriteJson(Render::JsonWriter& json, const Answer<Record>& answer, const Rec
   json.StartObject();
   json.Member("domain", answer.row->name);
   json.Member("kind", answer.kind->name);
-  json.Key("ids");
-  json.StringArray(answer.ids);
+  json.Key("ids").StringArray(answer.ids);
   json.Key("record");
   answer.value.json(json);
   if (types.json) {

@@ -73,8 +73,7 @@ void WriteJson(Render::JsonWriter& json, const ReloadReport& report) {
   json.Member("file", report.file);
   json.Member("state", NameOf(report.state));
   json.Member("reason", Reason(report));
-  json.Key("problems");
-  json.StartArray();
+  json.Key("problems").StartArray();
   for (const Problem& problem : report.problems) json.String(ProblemLine(report.file, problem));
   json.EndArray();
   json.EndObject();

@@ -95,8 +95,7 @@ void WriteHits(Render::JsonWriter& json, const std::vector<Hit>& hits, const cha
     json.StartObject();
     json.Member("domain", hit.row->name);
     json.Member("kind", hit.entry->subject.kind);
-    json.Key("ids");
-    json.StringArray(hit.entry->subject.ids);
+    json.Key("ids").StringArray(hit.entry->subject.ids);
     json.Member("matched", std::string(matched));
     json.Member("documentation", hit.entry->documentation);
     json.EndObject();
@@ -106,13 +105,11 @@ void WriteHits(Render::JsonWriter& json, const std::vector<Hit>& hits, const cha
 void Show(const Invocation& call, const Hits& hits, std::size_t total, const Wanted& wanted) {
   if (call.WantsJson()) {
     call.ShowJson([&](Render::JsonWriter& json) {
-      json.Key("matches");
-      json.StartArray();
+      json.Key("matches").StartArray();
       WriteHits(json, hits.by_name, "name");
       WriteHits(json, hits.by_documentation, "documentation");
       json.EndArray();
-      json.Key("total");
-      json.Number(total);
+      json.Key("total").Number(total);
     });
     return;
   }

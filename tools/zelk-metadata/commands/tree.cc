@@ -106,12 +106,10 @@ void WritePage(Render::Page& page, const DomainRow& row, const std::vector<Line>
 }
 
 void WriteCounts(JsonWriter& json, const Counts& counts) {
-  json.Key("counts");
-  json.StartObject();
+  json.Key("counts").StartObject();
   for (std::size_t i = 0; i < counts.size(); ++i) {
     if (counts[i] == 0) continue;
-    json.Key(ShownKinds()[i]);
-    json.Number(counts[i]);
+    json.Key(ShownKinds()[i]).Number(counts[i]);
   }
   json.EndObject();
 }
@@ -121,11 +119,9 @@ void OpenJson(JsonWriter& json, const DomainRow& row, const Line& line) {
   json.StartObject();
   json.Member("kind", line.entry == nullptr ? std::string("domain") : line.entry->subject.kind);
   json.Member("name", line.entry == nullptr ? row.name : line.entry->Name());
-  json.Key("ids");
-  json.StringArray(line.entry == nullptr ? Ids() : line.entry->subject.ids);
+  json.Key("ids").StringArray(line.entry == nullptr ? Ids() : line.entry->subject.ids);
   WriteCounts(json, line.counts);
-  json.Key("children");
-  json.StartArray();
+  json.Key("children").StartArray();
 }
 
 void CloseJson(JsonWriter& json) {

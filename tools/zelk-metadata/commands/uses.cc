@@ -204,10 +204,8 @@ void WriteJson(Render::JsonWriter& json, const Use& use) {
   json.Member("id", use.model->FullName(use.user));
   json.Member("what", use.what);
   json.Member("file", use.file);
-  json.Key("line");
-  json.Number(use.position.line);
-  json.Key("column");
-  json.Number(use.position.column);
+  json.Key("line").Number(use.position.line);
+  json.Key("column").Number(use.position.column);
   json.EndObject();
 }
 

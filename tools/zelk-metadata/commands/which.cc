@@ -33,8 +33,7 @@ void WriteHolders(Page& page, const char* heading, const std::vector<Holder>& ho
 }
 
 void WriteJson(JsonWriter& json, const char* name, const std::vector<Holder>& holders) {
-  json.Key(name);
-  json.StartArray();
+  json.Key(name).StartArray();
   for (const Holder& holder : holders) {
     json.StartObject();
     json.Member("source", holder.source->source.id);
@@ -54,8 +53,7 @@ void WriteJson(JsonWriter& json, const Decided& decided, const Ids& ids) {
   json.StartObject();
   json.Member("domain", decided.found.row->name);
   json.Member("kind", decided.found.kind->name);
-  json.Key("ids");
-  json.StringArray(ids);
+  json.Key("ids").StringArray(ids);
   WriteJson(json, "answering", decided.decision.answering);
   WriteJson(json, "passed_over", decided.decision.passed_over);
   json.Member("rule", std::string(decided.found.kind->precedence.text));

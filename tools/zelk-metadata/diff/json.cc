@@ -14,11 +14,6 @@ boost::optional<std::string> OrNull(const std::string& text) {
   return text.empty() ? boost::none : boost::optional<std::string>(text);
 }
 
-void WriteNumber(JsonWriter& json, const char* key, std::size_t number) {
-  json.Key(key);
-  json.Number(number);
-}
-
 void WritePlace(JsonWriter& json, const char* key, const Side& side,
                 const std::optional<Analysis::Place>& place) {
   json.Key(key);
@@ -26,16 +21,15 @@ void WritePlace(JsonWriter& json, const char* key, const Side& side,
   const NamedPlace named = NamedPlaceOf(*side.workspace, *place);
   json.StartObject();
   json.Member("file", named.file);
-  WriteNumber(json, "line", named.position.line);
-  WriteNumber(json, "column", named.position.column);
+  json.Key("line").Number(named.position.line);
+  json.Key("column").Number(named.position.column);
   json.Member("pointer",
               named.pointer ? boost::optional<std::string>(*named.pointer) : boost::none);
   json.EndObject();
 }
 
 void WriteAudiences(JsonWriter& json, const Change& change, Analysis::Diff::AudienceSet audiences) {
-  json.Key("audiences");
-  json.StartObject();
+  json.Key("audiences").StartObject();
   for (const Audience audience : kAudiences) {
     const Class verdict = change.verdicts.at(static_cast<std::size_t>(audience));
     if ((audiences & SetOf(audience)) == 0 || verdict == Class::kNotConcerned) continue;
@@ -77,14 +71,13 @@ void WriteEntry(JsonWriter& json, const Report& report, const Entry& entry) {
 void WriteSummary(JsonWriter& json, const Report& report) {
   const Summary summary = Summarize(report);
   json.StartObject();
-  WriteNumber(json, "old_files", report.old_version.workspace->Files().size());
-  WriteNumber(json, "new_files", report.new_version.workspace->Files().size());
-  WriteNumber(json, "failed", summary.failed);
-  for (const Class worst : kShownClasses) WriteNumber(json, Word(worst), summary.Of(worst));
-  WriteNumber(json, "unlisted", summary.unlisted);
-  WriteNumber(json, "accepted", summary.accepted);
-  json.Key("fingerprints_differ");
-  json.Bool(report.result.fingerprints_differ);
+  json.Key("old_files").Number(report.old_version.workspace->Files().size());
+  json.Key("new_files").Number(report.new_version.workspace->Files().size());
+  json.Key("failed").Number(summary.failed);
+  for (const Class worst : kShownClasses) json.Key(Word(worst)).Number(summary.Of(worst));
+  json.Key("unlisted").Number(summary.unlisted);
+  json.Key("accepted").Number(summary.accepted);
+  json.Key("fingerprints_differ").Bool(report.result.fingerprints_differ);
   json.Member("bump", OrNull(Bump(report)));
   json.EndObject();
 }
@@ -105,30 +98,25 @@ WrittenList WriteAccepted(const std::string& path, const Report& report) {
 }
 
 void WriteJson(JsonWriter& json, const Report& report) {
-  json.Key("changes");
-  json.StartArray();
+  json.Key("changes").StartArray();
   for (const Entry& entry : report.entries) WriteEntry(json, report, entry);
   json.EndArray();
-  json.Key("files");
-  json.StartArray();
+  json.Key("files").StartArray();
   for (const Side* side : {&report.old_version, &report.new_version}) {
     for (const FailedFile& file : side->failed) Check::WriteCheckedJson(json, file.report);
   }
   json.EndArray();
-  json.Key("left_out");
-  json.StartArray();
+  json.Key("left_out").StartArray();
   for (const Side* side : {&report.old_version, &report.new_version}) {
     for (const std::string& file : side->left_out) json.String(file);
   }
   json.EndArray();
-  json.Key("assumptions");
-  json.StartObject();
+  json.Key("assumptions").StartObject();
   for (const auto& choice : Analysis::Diff::Choices()) {
     json.Member(choice.key, choice.WordOf(report.assumptions));
   }
   json.EndObject();
-  json.Key("unused");
-  json.StartArray();
+  json.Key("unused").StartArray();
   for (const Unused& entry : report.unused) json.String(entry.file + ": " + entry.problem);
   json.EndArray();
   json.Key("summary");

@@ -50,8 +50,7 @@ std::string WriteFiles(Render::Page& page, const char* version, const Files& fil
 }
 
 void WriteVerdicts(Render::JsonWriter& json, const char* key, const Verdicts& verdicts) {
-  json.Key(key);
-  json.StartObject();
+  json.Key(key).StartObject();
   for (const Audience audience : kAudiences) {
     const Class verdict = VerdictOf(verdicts, audience);
     if (verdict != Class::kNotConcerned) json.Member(Word(audience), Word(verdict));
@@ -92,12 +91,9 @@ void WriteJson(Render::JsonWriter& json, const Kind& kind) {
   json.Member("advice", kind.advice);
   WriteVerdicts(json, "input", kind.verdicts.input);
   WriteVerdicts(json, "output", kind.verdicts.output);
-  json.Key("example");
-  json.StartObject();
-  json.Key("old_files");
-  json.StringArray(Given(kind.example.old_files));
-  json.Key("new_files");
-  json.StringArray(Given(kind.example.new_files));
+  json.Key("example").StartObject();
+  json.Key("old_files").StringArray(Given(kind.example.old_files));
+  json.Key("new_files").StringArray(Given(kind.example.new_files));
   json.Member("element", kind.example.element);
   json.EndObject();
   json.EndObject();

@@ -62,8 +62,7 @@ class StructureWriter {
 
   std::string Write() {
     json_.StartObject();
-    json_.Key("version");
-    json_.Number(1);
+    json_.Key("version").Number(1);
     json_.Member("title", subject_.title);
     WriteWords("kinds", kKindWords);
     WriteWords("fates", kFateWords);
@@ -84,15 +83,13 @@ class StructureWriter {
  private:
   template <std::size_t kSize>
   void WriteWords(const char* key, const char* const (&words)[kSize]) {
-    json_.Key(key);
-    json_.StartArray();
+    json_.Key(key).StartArray();
     for (const char* word : words) json_.String(word);
     json_.EndArray();
   }
 
   void WriteSources() {
-    json_.Key("sources");
-    json_.StartArray();
+    json_.Key("sources").StartArray();
     for (const Domain domain : kDomains) {
       const auto& sources = workspace_.ModelOf(domain).Sources();
       for (std::uint32_t source = 0; source < sources.size(); ++source) {
@@ -104,8 +101,7 @@ class StructureWriter {
         json_.Member("id", sources[source].id);
         json_.Member("file", workspace_.Files()[workspace_.FileOf(domain, source)].name);
         json_.Member("fingerprint", digest.hexdigest());
-        json_.Key("bytes");
-        json_.Number(text.size());
+        json_.Key("bytes").Number(text.size());
         json_.EndObject();
       }
     }
@@ -113,13 +109,11 @@ class StructureWriter {
   }
 
   void WriteFailed() {
-    json_.Key("failed");
-    json_.StartArray();
+    json_.Key("failed").StartArray();
     for (const LoadReport& report : subject_.failed) {
       json_.StartObject();
       json_.Member("file", report.file);
-      json_.Key("problems");
-      json_.StartArray();
+      json_.Key("problems").StartArray();
       for (const Problem& problem : report.problems) {
         json_.String(ProblemLine(report.file, problem));
       }
@@ -132,8 +126,7 @@ class StructureWriter {
   /// Calls `number(model, id)` for every element, and writes what it returns.
   template <typename NumberOf>
   void WriteColumn(const char* key, const NumberOf& number) {
-    json_.Key(key);
-    json_.StartArray();
+    json_.Key(key).StartArray();
     for (const Domain domain : kDomains) {
       const Model& model = workspace_.ModelOf(domain);
       for (ElementId id = 0; id < model.Size(); ++id) json_.Number(number(model, id));
@@ -172,8 +165,7 @@ class StructureWriter {
   void WriteReferences() {
     const auto& all = workspace_.GetReferences().All();
     const auto write = [&](const char* key, const auto& number) {
-      json_.Key(key);
-      json_.StartArray();
+      json_.Key(key).StartArray();
       for (const Analysis::Reference& reference : all) json_.Number(number(reference));
       json_.EndArray();
     };
@@ -190,8 +182,7 @@ class StructureWriter {
 
   /// A name, the annotation that has it, and the model or 0, one after another.
   void WriteResources() {
-    json_.Key("resources");
-    json_.StartArray();
+    json_.Key("resources").StartArray();
     for (const Analysis::ResourceUse& use :
          Analysis::ResourceUses(workspace_.ModelOf(Domain::kMetamodel))) {
       json_.Number(texts_.Add(use.resource));

@@ -191,8 +191,7 @@ void WriteHelpPage(Page& page, const NamespaceHelp& help) {
 }
 
 void WritePairs(JsonWriter& json, const char* name, const Pairs& pairs) {
-  json.Key(name);
-  json.StartArray();
+  json.Key(name).StartArray();
   for (const auto& [child, description] : pairs) {
     json.StartObject();
     json.Member("name", child);

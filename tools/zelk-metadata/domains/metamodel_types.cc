@@ -162,8 +162,7 @@ class TypeList {
     json_.StartObject();
     json_.Member("kind", std::string(kind));
     json_.Member("name", name);
-    json_.Key("level");
-    json_.Number(depth);
+    json_.Key("level").Number(depth);
     json_.Key("record");
     WriteRecord(json_, record);
     json_.EndObject();

@@ -45,8 +45,7 @@ class RecordWriter {
 
   template <typename Record>
   void Member(const char* name, const std::map<std::string, std::shared_ptr<Record>>& records) {
-    json_.Key(name);
-    json_.StartObject();
+    json_.Key(name).StartObject();
     for (const auto& [key, record] : records) {
       json_.Key(key);
       WriteRecord(json_, *record);
@@ -56,8 +55,7 @@ class RecordWriter {
 
   template <typename Record>
   void Member(const char* name, const std::list<std::shared_ptr<Record>>& records) {
-    json_.Key(name);
-    json_.StartArray();
+    json_.Key(name).StartArray();
     for (const auto& record : records) WriteRecord(json_, *record);
     json_.EndArray();
   }

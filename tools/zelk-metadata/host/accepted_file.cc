@@ -13,10 +13,8 @@ namespace Zelk::Tool {
 
 AcceptedWriter::AcceptedWriter(const Analysis::AcceptedForm& form) : form_(form) {
   json_.StartObject();
-  json_.Key("version");
-  json_.Number(1);
-  json_.Key(form_.list);
-  json_.StartArray();
+  json_.Key("version").Number(1);
+  json_.Key(form_.list).StartArray();
 }
 
 void AcceptedWriter::Add(const std::string& id, const std::string& fingerprint,

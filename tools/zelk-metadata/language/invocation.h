@@ -153,8 +153,7 @@ class Invocation {
   void ShowJson(const WriteMembers& write_members) const {
     Render::JsonWriter json;
     json.StartObject();
-    json.Key("version");
-    json.Number(kJsonVersion);
+    json.Key("version").Number(kJsonVersion);
     write_members(json);
     json.EndObject();
     json.WriteTo(streams_.out, streams_.out_terminal.is_terminal);
@@ -164,8 +163,7 @@ class Invocation {
   template <typename Elements, typename Write>
   void ShowJsonArray(const char* name, const Elements& elements, const Write& write) const {
     ShowJson([&](Render::JsonWriter& json) {
-      json.Key(name);
-      json.StartArray();
+      json.Key(name).StartArray();
       for (const auto& element : elements) write(json, element);
       json.EndArray();
     });

@@ -16,11 +16,6 @@ boost::optional<std::string> OrNull(const std::string& text) {
   return text.empty() ? boost::none : boost::optional<std::string>(text);
 }
 
-void WriteNumber(JsonWriter& json, const char* key, std::size_t number) {
-  json.Key(key);
-  json.Number(number);
-}
-
 void WriteEntry(JsonWriter& json, const Entry& entry) {
   json.StartObject();
   json.Member("rule", OrNull(entry.rule));
@@ -47,23 +42,21 @@ void WriteEntry(JsonWriter& json, const Entry& entry) {
 
 void WriteSummary(JsonWriter& json, const Summary& summary) {
   json.StartObject();
-  WriteNumber(json, "files", summary.files);
-  WriteNumber(json, "failed", summary.failed);
-  WriteNumber(json, "errors", summary.findings[0]);
-  WriteNumber(json, "warnings", summary.findings[1]);
-  WriteNumber(json, "notes", summary.findings[2]);
-  WriteNumber(json, "unlisted", summary.unlisted);
-  json.Key("suppressed");
-  json.StartObject();
+  json.Key("files").Number(summary.files);
+  json.Key("failed").Number(summary.failed);
+  json.Key("errors").Number(summary.findings[0]);
+  json.Key("warnings").Number(summary.findings[1]);
+  json.Key("notes").Number(summary.findings[2]);
+  json.Key("unlisted").Number(summary.unlisted);
+  json.Key("suppressed").StartObject();
   for (std::size_t by = 1; by < summary.suppressed.size(); ++by) {
-    WriteNumber(json, kSuppressedBy.at(by), summary.suppressed.at(by));
+    json.Key(kSuppressedBy.at(by)).Number(summary.suppressed.at(by));
   }
   json.EndObject();
-  json.Key("skipped");
-  json.StartObject();
+  json.Key("skipped").StartObject();
   for (const Analysis::Domain domain : Analysis::kDomains) {
-    WriteNumber(json, Analysis::FormatOf(domain).root_key,
-                summary.skipped.at(static_cast<std::size_t>(domain)));
+    json.Key(Analysis::FormatOf(domain).root_key)
+        .Number(summary.skipped.at(static_cast<std::size_t>(domain)));
   }
   json.EndObject();
   json.EndObject();
@@ -89,8 +82,7 @@ WrittenList WriteBaseline(const std::string& path, const Report& report) {
 }
 
 void WriteJson(JsonWriter& json, const Report& report) {
-  json.Key("findings");
-  json.StartArray();
+  json.Key("findings").StartArray();
   report.ForEach([&](const Entry& entry) { WriteEntry(json, entry); });
   json.EndArray();
   json.Key("summary");

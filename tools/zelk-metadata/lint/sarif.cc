@@ -11,8 +11,7 @@ namespace {
 using Render::JsonWriter;
 
 void Text(JsonWriter& json, const char* key, const std::string& text) {
-  json.Key(key);
-  json.StartObject();
+  json.Key(key).StartObject();
   json.Member("text", text);
   json.EndObject();
 }
@@ -23,8 +22,7 @@ void WriteRule(JsonWriter& json, const Analysis::Lint::Rule& rule) {
   Text(json, "shortDescription", rule.title);
   Text(json, "fullDescription", rule.means);
   Text(json, "help", fmt::format("Usual cause: {}\n\nFix: {}", rule.cause, rule.fix));
-  json.Key("defaultConfiguration");
-  json.StartObject();
+  json.Key("defaultConfiguration").StartObject();
   json.Member("level", Analysis::Lint::Word(rule.severity));
   json.EndObject();
   json.EndObject();
@@ -74,25 +72,19 @@ class Columns {
 
 void WriteLocation(JsonWriter& json, const Entry& entry, Columns& columns) {
   json.StartObject();
-  json.Key("physicalLocation");
-  json.StartObject();
-  json.Key("artifactLocation");
-  json.StartObject();
+  json.Key("physicalLocation").StartObject();
+  json.Key("artifactLocation").StartObject();
   json.Member("uri", UriOf(entry.file));
   json.EndObject();
   if (entry.position && entry.text != nullptr) {
-    json.Key("region");
-    json.StartObject();
-    json.Key("startLine");
-    json.Number(entry.position->line);
-    json.Key("startColumn");
-    json.Number(columns.Of(entry));
+    json.Key("region").StartObject();
+    json.Key("startLine").Number(entry.position->line);
+    json.Key("startColumn").Number(columns.Of(entry));
     json.EndObject();
   }
   json.EndObject();
   if (!entry.element.empty()) {
-    json.Key("logicalLocations");
-    json.StartArray();
+    json.Key("logicalLocations").StartArray();
     json.StartObject();
     json.Member("fullyQualifiedName", entry.element);
     json.EndObject();
@@ -102,8 +94,7 @@ void WriteLocation(JsonWriter& json, const Entry& entry, Columns& columns) {
 }
 
 void WriteSuppressions(JsonWriter& json, SuppressedBy by) {
-  json.Key("suppressions");
-  json.StartArray();
+  json.Key("suppressions").StartArray();
   if (by != SuppressedBy::kNothing) {
     json.StartObject();
     json.Member("kind", by == SuppressedBy::kFile ? "inSource" : "external");
@@ -117,13 +108,11 @@ void WriteResult(JsonWriter& json, const Entry& entry, Columns& columns) {
   if (!entry.rule.empty()) json.Member("ruleId", entry.rule);
   json.Member("level", Analysis::Lint::Word(entry.severity));
   Text(json, "message", entry.message + (entry.hint.empty() ? "" : "; " + entry.hint));
-  json.Key("locations");
-  json.StartArray();
+  json.Key("locations").StartArray();
   WriteLocation(json, entry, columns);
   json.EndArray();
   if (!entry.fingerprint.empty()) {
-    json.Key("partialFingerprints");
-    json.StartObject();
+    json.Key("partialFingerprints").StartObject();
     json.Member("zelkMetadataLint/v1", entry.fingerprint);
     json.EndObject();
   }
@@ -140,24 +129,19 @@ void WriteSarif(std::ostream& out, const Report& report) {
               "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/"
               "sarif-schema-2.1.0.json");
   json.Member("version", "2.1.0");
-  json.Key("runs");
-  json.StartArray();
+  json.Key("runs").StartArray();
   json.StartObject();
-  json.Key("tool");
-  json.StartObject();
-  json.Key("driver");
-  json.StartObject();
+  json.Key("tool").StartObject();
+  json.Key("driver").StartObject();
   json.Member("name", "zelk-metadata");
   json.Member("version", ZELK_METADATA_VERSION);
-  json.Key("rules");
-  json.StartArray();
+  json.Key("rules").StartArray();
   for (const Analysis::Lint::Rule* rule : Analysis::Lint::Rules()) WriteRule(json, *rule);
   json.EndArray();
   json.EndObject();
   json.EndObject();
   json.Member("columnKind", "unicodeCodePoints");
-  json.Key("results");
-  json.StartArray();
+  json.Key("results").StartArray();
   Columns columns;
   // Programs that read this format hide suppressed results themselves.
   report.ForEach([&](const Entry& entry) { WriteResult(json, entry, columns); });

@@ -35,8 +35,9 @@ void JsonWriter::EndArray() {
   writer_.EndArray();
 }
 
-void JsonWriter::Key(const std::string& name) {
+JsonWriter& JsonWriter::Key(const std::string& name) {
   String(name);
+  return *this;
 }
 
 void JsonWriter::String(const std::string& value) {
@@ -57,8 +58,7 @@ void JsonWriter::Null() {
 }
 
 void JsonWriter::Member(const std::string& name, const std::string& value) {
-  Key(name);
-  String(value);
+  Key(name).String(value);
 }
 
 void JsonWriter::Member(const std::string& name, const boost::optional<std::string>& value) {

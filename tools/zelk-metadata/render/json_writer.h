@@ -25,7 +25,8 @@ class JsonWriter {
   void EndObject();
   void StartArray();
   void EndArray();
-  void Key(const std::string& name);
+  /// Returns the writer, for the value.
+  JsonWriter& Key(const std::string& name);
   void String(const std::string& value);
   void Number(std::uint64_t value);
   void Bool(bool value);
