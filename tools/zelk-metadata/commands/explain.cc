@@ -9,6 +9,10 @@
 namespace Zelk::Tool {
 namespace {
 
+using Diff::WriteJson;
+using Diff::WritePage;
+using Lint::WriteJson;
+using Lint::WritePage;
 using Render::JsonWriter;
 using Render::Page;
 
@@ -27,7 +31,7 @@ void WriteExample(Page& page, const Explain::Example& example) {
   }
 }
 
-void WritePage(Page page, const Explain::Explanation& explanation) {
+void WritePage(Page& page, const Explain::Explanation& explanation) {
   page.Line(0, explanation.id);
   page.Line(1, explanation.text);
   page.Section("Means:", explanation.meaning);
@@ -54,7 +58,8 @@ void WriteJson(JsonWriter& json, const Explain::Explanation& explanation) {
 ExitStatus List(const Invocation& call) {
   const auto& all = Explain::Explanations();
   if (call.WantsJson()) {
-    call.ShowJsonArray("messages", all, WriteJson);
+    call.ShowJsonArray("messages", all,
+                       [](JsonWriter& json, const auto& shown) { WriteJson(json, shown); });
     return ExitStatus::kOk;
   }
   Render::Table table({"ID", "TEXT"});
@@ -65,26 +70,15 @@ ExitStatus List(const Invocation& call) {
   return ExitStatus::kOk;
 }
 
-ExitStatus ExplainRule(const Invocation& call, const Analysis::Lint::Rule& rule) {
+/// What an id means; nothing for an unknown one.
+template <typename Explained>
+void Show(const Invocation& call, const char* array, const std::vector<const Explained*>& found) {
   if (call.WantsJson()) {
-    call.ShowJsonArray("rules", std::vector{&rule},
-                       [](JsonWriter& json, const auto* shown) { Lint::WriteJson(json, *shown); });
-  } else {
-    Page page(call.Out(), call.GetStreams().out_terminal);
-    Lint::WritePage(page, rule);
+    return call.ShowJsonArray(
+        array, found, [](JsonWriter& json, const Explained* shown) { WriteJson(json, *shown); });
   }
-  return ExitStatus::kOk;
-}
-
-ExitStatus ExplainKind(const Invocation& call, const Analysis::Diff::Kind& kind) {
-  if (call.WantsJson()) {
-    call.ShowJsonArray("kinds", std::vector{&kind},
-                       [](JsonWriter& json, const auto* shown) { Diff::WriteJson(json, *shown); });
-  } else {
-    Page page(call.Out(), call.GetStreams().out_terminal);
-    Diff::WritePage(page, kind);
-  }
-  return ExitStatus::kOk;
+  Page page(call.Out(), call.GetStreams().out_terminal);
+  for (const Explained* const shown : found) WritePage(page, *shown);
 }
 
 ExitStatus FailAsUnknown(const Invocation& call, const std::string& id) {
@@ -101,18 +95,17 @@ ExitStatus FailAsUnknown(const Invocation& call, const std::string& id) {
 ExitStatus RunExplain(Invocation& call) {
   const std::string& id = call.Args().text;
   if (id.empty()) return List(call);
-  if (const auto* const rule = Analysis::Lint::FindRule(id)) return ExplainRule(call, *rule);
-  if (const auto* const kind = Analysis::Diff::FindKind(id)) return ExplainKind(call, *kind);
-  std::vector<Explain::Explanation> found;
-  if (const Explain::Explanation* const explanation = Explain::Find(id)) {
-    found.push_back(*explanation);
+  if (const auto* const rule = Analysis::Lint::FindRule(id)) {
+    Show(call, "rules", std::vector{rule});
+  } else if (const auto* const kind = Analysis::Diff::FindKind(id)) {
+    Show(call, "kinds", std::vector{kind});
+  } else {
+    std::vector<const Explain::Explanation*> messages;
+    if (const auto* const message = Explain::Find(id)) messages.push_back(message);
+    Show(call, "messages", messages);
+    if (messages.empty()) return FailAsUnknown(call, id);
   }
-  if (call.WantsJson()) {
-    call.ShowJsonArray("messages", found, WriteJson);
-  } else if (!found.empty()) {
-    WritePage(Page(call.Out(), call.GetStreams().out_terminal), found.front());
-  }
-  return found.empty() ? FailAsUnknown(call, id) : ExitStatus::kOk;
+  return ExitStatus::kOk;
 }
 
 }  // namespace
