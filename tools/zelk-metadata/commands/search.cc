@@ -4,7 +4,6 @@
 #include <iterator>
 #include <re2/re2.h>
 #include <set>
-#include <sstream>
 
 #include "analysis/near.h"
 #include "domains/table.h"
@@ -12,7 +11,7 @@
 #include "host/merged_outline.h"
 #include "language/invocation.h"
 #include "language/operands.h"
-#include "render/layout.h"
+#include "render/text.h"
 
 namespace Zelk::Tool {
 namespace {
@@ -72,14 +71,12 @@ void Search(const DomainOutline& domain, const std::set<std::string>& kinds, con
 
 /// The first line that holds the text, or else the first line.
 std::string Excerpt(const std::string& documentation, const Wanted& wanted) {
-  std::istringstream lines(documentation);
-  std::string first;
-  std::getline(lines, first);
-  if (wanted.IsIn(first)) return first;
-  for (std::string line; std::getline(lines, line);) {
+  for (std::size_t begin = 0, end = 0; begin < documentation.size(); begin = end + 1) {
+    end = std::min(documentation.find('\n', begin), documentation.size());
+    std::string line = documentation.substr(begin, end - begin);
     if (wanted.IsIn(line)) return line;
   }
-  return first;
+  return Render::FirstLine(documentation);
 }
 
 void AddRows(Render::Table& table, const std::vector<Hit>& hits, const Wanted& wanted) {
