@@ -3,6 +3,7 @@
 
 #include "commands/table.h"
 #include "language/about.h"
+#include "language/help.h"
 #include "language/invocation.h"
 
 namespace Zelk::Tool {
@@ -35,16 +36,6 @@ std::string ItalicText(const std::string& text) {
   return "\\fI" + Escaped(text) + "\\fR";
 }
 
-/// "KIND [ID...]".
-std::string OperandsText(const Command& command) {
-  std::string text;
-  for (const OperandDescription& operand : command.operands) {
-    const std::string name = ItalicText(operand.name) + (operand.TakesAll() ? "..." : "");
-    text += operand.required ? " " + name : " [" + name + "]";
-  }
-  return text;
-}
-
 void WriteTagged(std::ostream& out, const std::string& tag, const std::string& text) {
   out << ".TP\n" << tag << '\n' << Escaped(text) << '\n';
 }
@@ -65,7 +56,7 @@ void WriteText(std::ostream& out, const std::string& text) {
 
 void WriteCommand(std::ostream& out, const Language& language, const Command& command) {
   out << ".SS " << command.name << '\n';
-  out << BoldText(language.program + command.name) << OperandsText(command) << '\n';
+  out << BoldText(language.program + command.name) << OperandsText(command, ItalicText) << '\n';
   WriteText(out, command.summary + '.');
   WriteText(out, command.details);
   for (const auto& operand : command.operands) {
@@ -81,7 +72,8 @@ void WriteSessionCommands(std::ostream& out) {
   for (const Command& command : SessionLanguage().commands) {
     if (command.scope != Scope::kSession) continue;
     const std::string end = command.details.empty() ? "." : ".\n" + command.details;
-    WriteTagged(out, BoldText(command.name) + OperandsText(command), command.summary + end);
+    WriteTagged(out, BoldText(command.name) + OperandsText(command, ItalicText),
+                command.summary + end);
   }
 }
 

@@ -29,16 +29,6 @@ Pairs OptionsOf(const Language& language, const Command& command) {
   return pairs;
 }
 
-/// "KIND [ID...]".
-std::string OperandsText(const Command& command) {
-  std::string text;
-  for (const OperandDescription& operand : command.operands) {
-    const std::string name = operand.name + (operand.TakesAll() ? "..." : "");
-    text += operand.required ? " " + name : " [" + name + "]";
-  }
-  return text;
-}
-
 void WritePairs(Page& page, const char* heading, const Pairs& pairs) {
   if (pairs.empty()) return;
   page.Heading(heading);
@@ -51,6 +41,16 @@ void WriteText(Page& page, const char* heading, const std::string& text) {
 }
 
 }  // namespace
+
+std::string OperandsText(const Command& command,
+                         const std::function<std::string(const std::string&)>& shown) {
+  std::string text;
+  for (const OperandDescription& operand : command.operands) {
+    const std::string name = shown(operand.name) + (operand.TakesAll() ? "..." : "");
+    text += operand.required ? " " + name : " [" + name + "]";
+  }
+  return text;
+}
 
 void WriteCommands(Page& page, std::size_t level, const Language& language) {
   Pairs commands;
@@ -86,7 +86,7 @@ void WriteHelp(Page& page, const Language& language) {
 
 void WriteHelp(Page& page, const Language& language, const Command& command) {
   page.Title(fmt::format("Usage: {}{} [OPTION...]{}", language.program, command.name,
-                         OperandsText(command)));
+                         OperandsText(command, [](const std::string& name) { return name; })));
   page.Paragraph(1, command.summary + '.');
   Pairs operands;
   for (const OperandDescription& operand : command.operands) {

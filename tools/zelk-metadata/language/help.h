@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <string>
+
 #include "language/command.h"
 #include "render/page.h"
 
@@ -12,6 +15,10 @@ void WriteHelp(Render::Page& page, const Language& language);
 
 /// Of one command of the language.
 void WriteHelp(Render::Page& page, const Language& language, const Command& command);
+
+/// " KIND [ID...]", each name as `shown` returns it.
+std::string OperandsText(const Command& command,
+                         const std::function<std::string(const std::string&)>& shown);
 
 /// Names and summaries of all commands.
 void WriteCommands(Render::Page& page, std::size_t level, const Language& language);
