@@ -194,6 +194,23 @@ TEST(Which, UnknownNameGetsSuggestions) {
             "zelk-metadata: no source has the component com.acmee; did you mean com.acme?\n");
 }
 
+TEST(Which, SuggestionsAreOfAllSourcesOfTheDomain) {
+  const Sources sources(
+      {MetamodelFile(Component("c", {Package("p", {Service("v", {Operation("open")})})})),
+       MetamodelFile(Component("c", {Package("q", {Service("v", {Operation("shut")})})}))});
+  const std::pair<Words, const char*> rows[] = {
+      {{"operation", "v", "opne"}, "the operation v opne; did you mean open?"},
+      {{"operation", "v", "shtu"}, "the operation v shtu; did you mean shut?"},
+      {{"operation", "V", "open"}, "the operation V open; did you mean v?"},
+      {{"component", "q"}, "the component q; q is a package"},
+      {{"component", "b"}, "the component b; b is a source"}};
+  for (const auto& [words, text] : rows) {
+    const ToolRun run = RunTool(Words{"which"} + words + sources.all +
+                                Words{"--source", kDataFolder + "/commands.json"});
+    EXPECT_EQ(run.err, std::string("zelk-metadata: no source has ") + text + "\n");
+  }
+}
+
 TEST(Which, MakesNoSenseForSources) {
   const ToolRun run = RunTool({"which", "source", "x"});
   EXPECT_EQ(run.status, 2);
