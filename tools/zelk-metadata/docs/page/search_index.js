@@ -27,6 +27,15 @@ function initials(name) {
     .toLowerCase();
 }
 
+const LETTER = /[\p{L}\p{N}]/u;
+
+/** Whether a word at the position or after it begins with the term. */
+function hasWord(text, term, begin) {
+  let at = text.indexOf(term, begin);
+  while (at > 0 && LETTER.test(text[at - 1])) at = text.indexOf(term, at + 1);
+  return at >= 0;
+}
+
 /** Texts as lines of one text: where each begins, and where the last one ends. */
 class Lines {
   starts = [1];
@@ -41,6 +50,10 @@ class Lines {
     this.text = `\n${this.texts.join('\n')}\n`;
     this.starts = Uint32Array.from(this.starts);
     this.texts = null;
+  }
+
+  lineAt(position) {
+    return this.text.slice(this.starts[position], this.starts[position + 1] - 1);
   }
 }
 
@@ -80,6 +93,8 @@ class SearchIndex {
   find(query) {
     this.buckets = Array.from({ length: 2 * AROUND + 2 }, () => []);
     this.total = 0;
+    this.owner = null;
+    this.joined = query.terms.join('.');
     if (query.isEmpty) return { hits: [], total: 0 };
     if (query.isOfTypes) this.findByTypes(query);
     else if (query.terms.length) this.findByTerms(query);
@@ -109,7 +124,7 @@ class SearchIndex {
         if (!this.isOf(query, id)) return;
         if (terms.length > 1) {
           if (seen.has(id)) return;
-          score = this.scoreOfAll(id, terms, score);
+          score = this.scoreOfAll(entry, terms, score);
           if (score > AROUND) return;
           seen.add(id);
         }
@@ -121,15 +136,21 @@ class SearchIndex {
   }
 
   /** Best if the last two names have all the terms; above AROUND if one is missing. */
-  scoreOfAll(id, terms, score) {
-    const full = model.fullName(id).toLowerCase();
-    if (full.endsWith(terms.join('.'))) return EXACT;
-    if (!terms.every((term) => full.includes(term))) return AROUND + 1;
-    const last = full
-      .split('.')
-      .slice(-2)
-      .map((name) => '.' + name.replaceAll(/[^a-z0-9]/g, '.'));
-    const isNear = terms.every((term) => last.some((name) => name.includes('.' + term)));
+  scoreOfAll(entry, terms, score) {
+    const id = this.ids[entry];
+    const name = this.names.lineAt(entry);
+    const owner = model.hasFullName(id) ? -1 : model.owner[id];
+    // Names that follow each other are mostly in the same thing.
+    if (owner !== this.owner) {
+      this.owner = owner;
+      this.around = owner < 0 ? '' : model.fullName(owner).toLowerCase() + '.';
+      this.missing = terms.filter((term) => !this.around.includes(term));
+    }
+    if (!this.missing.every((term) => name.includes(term))) return AROUND + 1;
+    const full = this.around + name;
+    if (full.endsWith(this.joined)) return EXACT;
+    const begin = full.lastIndexOf('.', full.lastIndexOf('.') - 1) + 1;
+    const isNear = terms.every((term) => hasWord(full, term, begin));
     return isNear ? score : AROUND;
   }
 
@@ -155,7 +176,7 @@ class SearchIndex {
     const begin = this.simple[entry];
     if (at < begin) return AROUND;
     if (at === begin) return at + length === this.names.starts[entry + 1] - 1 ? EXACT : PREFIX;
-    return /[\p{L}\p{N}]/u.test(this.names.text[at - 1]) ? WITHIN : WORD;
+    return LETTER.test(this.names.text[at - 1]) ? WITHIN : WORD;
   }
 
   /** Names of which only the initials begin with the term. */
@@ -166,9 +187,8 @@ class SearchIndex {
     const line = '\n' + term;
     for (let at = text.indexOf(line); at >= 0; at = text.indexOf(line, at + 1)) {
       while (starts[entry] <= at) ++entry;
-      const name = this.names.text.slice(this.names.starts[entry], this.names.starts[entry + 1]);
       const isWhole = starts[entry + 1] - starts[entry] === term.length + 1;
-      if (!name.includes(term)) take(entry, isWhole ? PREFIX : WORD);
+      if (!this.names.lineAt(entry).includes(term)) take(entry, isWhole ? PREFIX : WORD);
     }
   }
 
@@ -199,7 +219,7 @@ class SearchIndex {
       const lower = named.name.toLowerCase();
       const isMatch = (term) => lower.includes(term) || named.fingerprint?.startsWith(term);
       if ((kind && kind !== named.kind) || !terms.every(isMatch)) continue;
-      this.keep((lower.endsWith('.' + terms.join('.')) ? PREFIX : WITHIN) * 2, { named });
+      this.keep((lower.endsWith('.' + this.joined) ? PREFIX : WITHIN) * 2, { named });
     }
   }
 }
