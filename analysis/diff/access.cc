@@ -42,7 +42,8 @@ Effect Access::EffectOf(const Element& list) {
   const auto& [before, old_print] = Nearest(models_.old_model, list, assumptions_.inheritance);
   const auto& [after, new_print] = Nearest(models_.new_model, list, assumptions_.inheritance);
   effect.identity = std::to_string(old_print) + ' ' + std::to_string(new_print);
-  effect.is_new_or_gone = IsNewOrGone(list);
+  const bool is_of_one_version = IsOfOneVersion(list);
+  effect.is_new_or_gone = is_of_one_version && !HasOldServices(list);
   if (effect.is_new_or_gone) return effect;
   const Callers callers(table_, before, after, assumptions_.schemes);
   if (callers.IsAnyTurnedAway()) {
@@ -61,6 +62,8 @@ Effect Access::EffectOf(const Element& list) {
   const bool may_close = IsWrittenEmpty(models_.old_model, list) && has_schemes(models_.new_model);
   if (may_open || may_close) effect.access = std::max(effect.access, kD);
   effect.opens_access |= may_open;
+  // Services that came from another package, or went to one, may have had the schemes of that.
+  if (is_of_one_version) effect.witness.clear();
   effect.identity += std::string(" ") + Word(effect.access);
   return effect;
 }
@@ -94,10 +97,28 @@ bool Access::IsWrittenEmpty(const Model& model, const Element& list) {
   return id != kNoElement && !model[id].is_implied && table_.SetOf(model, id).schemes.empty();
 }
 
-bool Access::IsNewOrGone(const Element& list) const {
+bool Access::IsOfOneVersion(const Element& list) const {
   const DomainSet both = old_version_.Loaded() & new_version_.Loaded();
   return (both & SetOf(Domain::kMetamodel)) != 0 &&
          IsDescribed(old_version_, list) != IsDescribed(new_version_, list);
+}
+
+bool Access::HasOldServices(const Element& list) {
+  if (list.kind != ElementKind::kPackageList) return false;
+  if (!packages_) {
+    packages_.emplace();
+    const ModelPair models{old_version_.ModelOf(Domain::kMetamodel),
+                           new_version_.ModelOf(Domain::kMetamodel)};
+    for (const Pair& service : LookupPairs(models, ElementKind::kService)) {
+      if (!service.IsMatched()) continue;
+      const Element& before = models.old_model[service.old_id];
+      const Element& after = models.new_model[service.new_id];
+      packages_->insert(OwnerOf(before.name));
+      packages_->insert(models.old_model[before.owner].name);
+      packages_->insert(models.new_model[after.owner].name);
+    }
+  }
+  return packages_->count(list.name) != 0;
 }
 
 }  // namespace Zelk::Analysis::Diff

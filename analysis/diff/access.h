@@ -1,7 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <set>
 #include <string>
+#include <string_view>
 
 #include "analysis/diff/callers.h"
 #include "analysis/diff/change.h"
@@ -48,7 +51,10 @@ class Access {
   /// Whether the file itself has a list without schemes there.
   bool IsWrittenEmpty(const Model& model, const Element& list);
   /// Whether Metamodel files have what the list is for in one version only.
-  bool IsNewOrGone(const Element& list) const;
+  bool IsOfOneVersion(const Element& list) const;
+  /// Whether the list is for a package of services that both versions have, by their names or by
+  /// where Metamodel files have them.
+  bool HasOldServices(const Element& list);
 
   const Workspace& old_version_;
   const Workspace& new_version_;
@@ -56,6 +62,8 @@ class Access {
   ModelPair models_;
   SchemeTable& table_;
   ListedSchemes none_;
+  /// The packages of services that both versions have, if they are known.
+  std::optional<std::set<std::string_view>> packages_;
 };
 
 }  // namespace Zelk::Analysis::Diff

@@ -16,6 +16,7 @@ using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): short w
 namespace {
 
 using testing::AllOf;
+using testing::Contains;
 using testing::ElementsAre;
 using Zelk::Analysis::Diff::OpensAccess;
 using Zelk::Analysis::Diff::Result;
@@ -207,6 +208,28 @@ TEST(ListOfSomethingNew, ConcernsNoCaller) {
       OfLists({small, unlisted},
               {small, Component(R"(, "services": {"d.p.s": ["a"]}, "packages": {"c.p": ["a"]})")}),
       ElementsAre("---Bc authentication-list-added", "---Bc authentication-list-added"));
+}
+
+TEST(ListOfSomethingNew, ConcernsCallersOfServicesThatItTakesOver) {
+  const std::string before = MetamodelFile({"", "", Operation("o", "")});
+  // The service keeps its name.
+  std::string after = before;
+  const std::string name = R"("name": "c.p", )";
+  after.replace(after.find(name), name.size(), R"("name": "c.q", )");
+  const std::string unlisted = Component("");
+  const std::string of_new = Component(R"(, "packages": {"c.q": ["a"]})");
+  const std::string of_old = Package(R"(["a"])");
+  EXPECT_THAT(Effects({before, unlisted}, {after, of_new}, {}),
+              Contains("---Bc authentication-list-added"));
+  EXPECT_THAT(Effects({after, of_new}, {before, unlisted}, {}),
+              Contains("opens: ---DB authentication-list-removed"));
+  EXPECT_THAT(Effects({before, of_old}, {after, unlisted}, Nearest()),
+              Contains("opens: ---DB authentication-list-removed"));
+  // Another service is new with its package.
+  const std::string service = R"("name": "c.p.s", )";
+  after.replace(after.find(service), service.size(), R"("name": "c.q.s", )");
+  EXPECT_THAT(Effects({before, unlisted}, {after, of_new}, {}),
+              Contains("----c authentication-list-added"));
 }
 
 TEST(AuthenticationChanges, IgnoreSchemesOfWhatIsLeftOut) {
