@@ -318,7 +318,8 @@ constexpr Kind kRows[] = {
      Always(kN, kN, kD, kN, kB),
      "An id is of another resource",
      "Ids that callers have may be of the wrong resource. Programs that show or complete ids use "
-     "the new one.",
+     "the new one. If all uses of a resource have another name, only the resource is reported, as "
+     "removed and added.",
      "Add another parameter or field.",
      {{ZELK_TAKES_ID(ZELK_ID_OF("id", "acme.machine", "") "," ZELK_ID_OF("to", "acme.engine", ""))},
       {ZELK_TAKES_ID(

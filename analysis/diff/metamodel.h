@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -51,6 +52,8 @@ struct Metamodel {
   Renames renames;
   /// The names of the structures that are reported as models of resources, or as none any more.
   std::set<std::string_view> changed_models;
+  /// The new names of resources that are reported under another name, by the old names.
+  std::map<std::string_view, std::string_view> renamed_resources;
 };
 
 // All that follow compare elements that both versions have.

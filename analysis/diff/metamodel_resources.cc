@@ -1,8 +1,10 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "analysis/diff/metamodel.h"
+#include "analysis/diff/mixed.h"
 #include "analysis/resources.h"
 
 namespace Zelk::Analysis::Diff {
@@ -18,19 +20,35 @@ struct ModelUse {
 struct Resource {
   ElementId first_use = kNoElement;
   std::uint32_t last_source = 0;
+  /// The same if the same elements name it.
+  std::uint64_t places = 0;
   /// By the names of structures.
   std::map<std::string_view, ModelUse> models;
 };
 
 using Resources = std::map<std::string_view, Resource>;
 
+/// Numbers that are the same for elements of the same names in the same elements.
+std::vector<std::uint64_t> NumbersOf(const Model& model) {
+  std::vector<std::uint64_t> numbers(model.Size());
+  // Elements are after what they are in.
+  for (ElementId id = 0; id < model.Size(); ++id) {
+    const Element& element = model[id];
+    const std::uint64_t owner = element.owner == kNoElement ? 0 : numbers[element.owner];
+    numbers[id] = Mixed(Mixed(owner, static_cast<std::uint64_t>(element.kind)), element.name);
+  }
+  return numbers;
+}
+
 Resources ResourcesOf(const Model& model) {
   Resources resources;
   const std::vector<ResourceUse> uses = ResourceUses(model);
+  const std::vector<std::uint64_t> numbers = NumbersOf(model);
   for (const ResourceUse& use : uses) {
     Resource& resource = resources[use.resource];
     if (resource.first_use == kNoElement) resource.first_use = use.annotation;
     resource.last_source = use.source;
+    resource.places += numbers[use.annotation];
   }
   for (const ResourceUse& use : uses) {
     Resource& resource = resources[use.resource];
@@ -49,6 +67,7 @@ class ResourceComparer {
   void Compare() {
     const Resources old_resources = ResourcesOf(models_.old_model);
     const Resources new_resources = ResourcesOf(models_.new_model);
+    FindRenamed(old_resources, new_resources);
     for (const auto& [name, resource] : old_resources) {
       const auto found = new_resources.find(name);
       if (found == new_resources.end()) {
@@ -64,10 +83,32 @@ class ResourceComparer {
   }
 
  private:
+  /// Finds those of which all uses have another name now.
+  void FindRenamed(const Resources& old_resources, const Resources& new_resources) {
+    std::map<std::uint64_t, std::string_view> added;
+    for (const auto& [name, resource] : new_resources) {
+      if (old_resources.count(name) == 0) added.emplace(resource.places, name);
+    }
+    for (const auto& [name, resource] : old_resources) {
+      const auto found = added.find(resource.places);
+      if (new_resources.count(name) != 0 || found == added.end()) continue;
+      metamodel_.renamed_resources.emplace(name, found->second);
+      old_names_.emplace(found->second, name);
+      added.erase(found);
+    }
+  }
+
   void AddResource(const char* id, std::string_view name, Pair use) {
     Details details{"the resource '" + Shortened(name) +
                     (use.IsAdded() ? "' is named for the first time" : "' is no longer named")};
     details.element = "metamodel/resource:" + std::string(name);
+    const auto& others = use.IsAdded() ? old_names_ : metamodel_.renamed_resources;
+    const auto other = others.find(name);
+    if (other != others.end()) {
+      details.identity = other->second;
+      details.hint = std::string("possibly renamed ") + (use.IsAdded() ? "from '" : "to '") +
+                     Shortened(other->second) + "'";
+    }
     metamodel_.Add(id, use, std::move(details));
   }
 
@@ -115,6 +156,8 @@ class ResourceComparer {
 
   Metamodel& metamodel_;
   const ModelPair& models_;
+  /// By the new names of resources.
+  std::map<std::string_view, std::string_view> old_names_;
 };
 
 }  // namespace

@@ -72,12 +72,16 @@ bool IsOfChangedModel(const Metamodel& metamodel, Pair pair, std::string_view na
   return metamodel.changed_models.count(structure.name) != 0;
 }
 
-/// Whether the resource of an id is another one.
+/// Whether the resource of an id is another one, which is then reported.
 bool CompareResourceOf(Metamodel& metamodel, Pair pair, Pair annotation) {
   if (!HasType(metamodel.models.Of(pair)[pair.Id()].kind)) return false;
   const std::string old_value = ResourceText(metamodel.models.old_model, annotation.old_id);
   const std::string new_value = ResourceText(metamodel.models.new_model, annotation.new_id);
   if (old_value == new_value) return false;
+  const auto renamed = metamodel.renamed_resources.find(old_value);
+  const bool is_renamed =
+      renamed != metamodel.renamed_resources.end() && renamed->second == new_value;
+  if (is_renamed) return true;
   const auto shown = [](const std::string& value) {
     return value.empty() ? std::string("no resource") : "'" + Shortened(value) + "'";
   };

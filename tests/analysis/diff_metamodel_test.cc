@@ -447,6 +447,22 @@ TEST(ModelChanges, AreRolledUpInTheStructureAndTheResource) {
               ElementsAre(StartsWith("-c--c structure-added")));
   EXPECT_THAT(Changed({Spec(Field("id", Builtin("ID")), "", R"("Model": {}, "Other": {})")},
                       {Spec(Field("id", Builtin("ID")), "", R"("Other": {})")}),
+TEST(ResourceChanges, OfANameAreReportedOnce) {
+  const auto uses = [](const std::string& first, const std::string& second) {
+    return Takes(Field("x", Builtin("ID"), R"("Resource": {"value": ")" + first + "\"}") + "," +
+                 Field("y", Builtin("ID"), R"("Resource": {"value": ")" + second + "\"}"));
+  };
+  EXPECT_THAT(Changed({uses("r", "r")}, {uses("t", "t")}),
+              ElementsAre("--D-B resource-removed resource:r: the resource 'r' is no longer named "
+                          "(possibly renamed to 't')",
+                          "--c-c resource-added resource:t: the resource 't' is named for the "
+                          "first time (possibly renamed from 'r')"));
+  EXPECT_THAT(Changed({uses("r", "r")}, {uses("t", "u")}),
+              AllOf(SizeIs(5), Contains(StartsWith("--D-B identifier-resource-changed"))));
+  EXPECT_THAT(Changed({uses("r", "s")}, {uses("t", "s")}), SizeIs(2));
+  EXPECT_THAT(Changed({uses("r", "s")}, {uses("s", "s")}), SizeIs(2));
+}
+
               ElementsAre(StartsWith("----D annotation-removed annotation:Model")));
 }
 
