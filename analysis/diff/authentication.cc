@@ -112,8 +112,10 @@ class AuthenticationComparer {
     return sum;
   }
 
-  static const char* WhatBecame(Pair pair, bool has_schemes) {
+  const char* WhatBecame(Pair pair, bool has_schemes) const {
     if (has_schemes) return pair.IsAdded() ? " has schemes now" : " has no schemes any more";
+    const bool is_component = models_.Of(pair)[pair.Id()].kind == ElementKind::kComponent;
+    if (is_component) return pair.IsAdded() ? " was added" : " was removed";
     return pair.IsAdded() ? " has an empty list now" : " has no list any more";
   }
 

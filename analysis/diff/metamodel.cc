@@ -18,10 +18,23 @@ bool IsType(ElementKind kind) {
   return kind == ElementKind::kStructure || kind == ElementKind::kEnumeration;
 }
 
-/// Who notices depends on whether something still names it.
+/// Whether nothing that callers name goes with a component or a package.
+bool IsOnlyAName(const ModelPair& models, ElementKind kind, Pair pair) {
+  if (kind != ElementKind::kComponent && kind != ElementKind::kPackage) return false;
+  const Model& model = models.Of(pair);
+  const std::vector<ElementId> parts = PartsWith(models, pair);
+  return std::none_of(parts.begin(), parts.end(), [&](ElementId id) {
+    return model[id].kind == ElementKind::kService || IsType(model[id].kind);
+  });
+}
+
+/// Who notices depends on whether something still names it, and on what goes with it.
 void AddDefinition(Metamodel& metamodel, ElementKind kind, Pair pair) {
   Details details;
   if (IsType(kind)) {
+  if (pair.IsRemoved() && IsOnlyAName(metamodel.models, kind, pair)) {
+    details.verdicts = Verdicts{kN, kN, kN, kN, kB};
+  }
     details.direction = metamodel.reach.Of(pair);
     const std::string_view name = metamodel.models.Of(pair)[pair.Id()].name;
     if (pair.IsRemoved() && metamodel.reach.IsMissed(name)) {

@@ -43,7 +43,8 @@ constexpr Kind kRows[] = {
      Action::kRemoved,
      Always(kB, kB, kN, kN, kB),
      "A component is gone",
-     "Lookups of the component, and of all that was in it, find nothing.",
+     "Lookups of the component, and of all that was in it, find nothing. Calls do not notice if "
+     "its services and types are in another component.",
      "Keep it until nothing calls its services.",
      {{ZELK_EXAMPLE_COMPONENT("", ""), ZELK_OTHER("")}, {ZELK_OTHER("")}, ZELK_COMPONENT_PATH}},
     {"component-added",
@@ -61,7 +62,8 @@ constexpr Kind kRows[] = {
      Action::kRemoved,
      Always(kB, kB, kN, kN, kB),
      "A package is gone",
-     "Lookups of the package, and of all that was in it, find nothing.",
+     "Lookups of the package, and of all that was in it, find nothing. Calls do not notice if its "
+     "services and types are in another package.",
      "Keep it until nothing uses what is in it.",
      {{ZELK_EXAMPLE_COMPONENT(ZELK_PACKAGE("acme.power", ""), "")},
       {ZELK_EXAMPLE_COMPONENT("", "")},

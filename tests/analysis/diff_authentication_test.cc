@@ -221,7 +221,10 @@ TEST(AuthenticationChanges, ComponentsWithoutSchemesConcernNoCaller) {
   const std::string other = Component(kSchemes, R"(, "packages": {"acme.o": []})", "acme.other");
   EXPECT_THAT(Changed({file}, {file, other}),
               ElementsAre("----c authentication-component-added component:acme.other: the "
-                          "component 'acme.other' with 1 package has an empty list now"));
+                          "component 'acme.other' with 1 package was added"));
+  EXPECT_THAT(Changed({file, other}, {file}),
+              ElementsAre("----B authentication-component-removed component:acme.other: the "
+                          "component 'acme.other' with 1 package was removed"));
   EXPECT_THAT(
       Witnessed({file, Component(kSchemes, R"(, "packages": {"acme.o": ["a"]})", "other")}, {file}),
       ElementsAre("---DB authentication-component-removed: callers without a scheme needed "

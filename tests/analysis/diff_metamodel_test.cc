@@ -108,6 +108,18 @@ TEST(Removals, AreRolledUpInWhatTheyAreIn) {
                           "service, 1 operation, 2 structures and 1 enumeration was added"));
 }
 
+TEST(Removals, OfAComponentDoNotConcernCallersOfWhatStays) {
+  const std::string before = MetamodelFile({"", "", Operation("a", "")});
+  std::string after = before;
+  const std::string name = R"("name": "c", )";
+  after.replace(after.find(name), name.size(), R"("name": "d", )");
+  EXPECT_THAT(Changed({before}, {after}),
+              UnorderedElementsAre(
+                  StartsWith("----B component-removed component:c: the component 'c' was removed"),
+                  StartsWith("----D package-moved package:c.p"),
+                  StartsWith("cc--c component-added component:d: the component 'd' was added")));
+}
+
 TEST(Removals, DoNotHaveWhatWasMoved) {
   const std::string before = R"({"metamodel": {"component": {"name": "c", "documentation": "",
       "metadata": {}, "packages": [)";
@@ -119,7 +131,7 @@ TEST(Removals, DoNotHaveWhatWasMoved) {
       "enumerations": [], "structures": [], "constants": [], "operations": []})";
   EXPECT_THAT(
       Changed({before + package + service + "]}]}}}"}, {before + other + service + "]}]}}}"}),
-      ElementsAre("BB--B package-removed package:c.p: the package 'c.p' was removed",
+      ElementsAre("----B package-removed package:c.p: the package 'c.p' was removed",
                   "-D--D service-moved service:c.p.s: the service 'c.p.s' was moved from the "
                   "package 'c.p' to the package 'c.q'",
                   "cc--c package-added package:c.q: the package 'c.q' was added"));
@@ -435,18 +447,6 @@ TEST(AnnotationChanges, OfResourcesAreOnesOfIds) {
               ElementsAre(StartsWith("----D annotation-removed")));
 }
 
-TEST(ModelChanges, AreRolledUpInTheStructureAndTheResource) {
-  const std::string key =
-      Field("id", Builtin("ID"), R"("Resource": {"value": "r"}, "ModelKey": {})");
-  const std::string named =
-      Operation("a", Field("x", Builtin("ID"), R"("Resource": {"value": "r"})"));
-  const std::string model = Spec(key, named, R"("Model": {})");
-  EXPECT_THAT(Changed({model}, {Operations(named)}),
-              ElementsAre(StartsWith("-B--B structure-removed")));
-  EXPECT_THAT(Changed({Operations(named)}, {model}),
-              ElementsAre(StartsWith("-c--c structure-added")));
-  EXPECT_THAT(Changed({Spec(Field("id", Builtin("ID")), "", R"("Model": {}, "Other": {})")},
-                      {Spec(Field("id", Builtin("ID")), "", R"("Other": {})")}),
 TEST(ResourceChanges, OfANameAreReportedOnce) {
   const auto uses = [](const std::string& first, const std::string& second) {
     return Takes(Field("x", Builtin("ID"), R"("Resource": {"value": ")" + first + "\"}") + "," +
@@ -463,6 +463,18 @@ TEST(ResourceChanges, OfANameAreReportedOnce) {
   EXPECT_THAT(Changed({uses("r", "s")}, {uses("s", "s")}), SizeIs(2));
 }
 
+TEST(ModelChanges, AreRolledUpInTheStructureAndTheResource) {
+  const std::string key =
+      Field("id", Builtin("ID"), R"("Resource": {"value": "r"}, "ModelKey": {})");
+  const std::string named =
+      Operation("a", Field("x", Builtin("ID"), R"("Resource": {"value": "r"})"));
+  const std::string model = Spec(key, named, R"("Model": {})");
+  EXPECT_THAT(Changed({model}, {Operations(named)}),
+              ElementsAre(StartsWith("-B--B structure-removed")));
+  EXPECT_THAT(Changed({Operations(named)}, {model}),
+              ElementsAre(StartsWith("-c--c structure-added")));
+  EXPECT_THAT(Changed({Spec(Field("id", Builtin("ID")), "", R"("Model": {}, "Other": {})")},
+                      {Spec(Field("id", Builtin("ID")), "", R"("Other": {})")}),
               ElementsAre(StartsWith("----D annotation-removed annotation:Model")));
 }
 
