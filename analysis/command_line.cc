@@ -183,7 +183,8 @@ CommandLine CommandForm::Read(const CommandWords& words, const std::string& abou
     if (!Accepts(*option, value)) {
       refuse(word, value, ("is not of type " + Shortened(option->type)).c_str());
     }
-    line.values.back() = {option->field, BoundType(option->type), value};
+    line.values.back() = {option->field, BoundType(option->type), value,
+                          option->enumeration != kNoElement};
   }
   for (const std::size_t position : required_) {
     const CommandOption& option = options_[position];
@@ -192,11 +193,25 @@ CommandLine CommandForm::Read(const CommandWords& words, const std::string& abou
   return line;
 }
 
+std::vector<std::string_view> CommandForm::ValuesOf(const CommandOption& option) const {
+  std::vector<std::string_view> values;
+  if (option.enumeration == kNoElement) return values;
+  for (const ElementId id : metamodel_.Children(option.enumeration)) {
+    const Element& value = metamodel_[id];
+    if (value.kind == ElementKind::kValue && IsKept(value)) values.push_back(value.name);
+  }
+  return values;
+}
+
+std::vector<std::string_view> CommandForm::ValuesOf(const std::string& word) const {
+  const CommandOption* const option = Find(word);
+  return option == nullptr ? std::vector<std::string_view>() : ValuesOf(*option);
+}
+
 bool CommandForm::Accepts(const CommandOption& option, const std::string& value) const {
   if (option.enumeration != kNoElement) {
-    const ElementIds values = metamodel_.Children(option.enumeration);
-    return std::any_of(values.begin(), values.end(),
-                       [&](ElementId id) { return metamodel_[id].name == value; });
+    const std::vector<std::string_view> values = ValuesOf(option);
+    return std::find(values.begin(), values.end(), value) != values.end();
   }
   const TypeFacts* const facts = FactsOf(option.type);
   return facts == nullptr ? value == Placeholder(option.type) : facts->accepts(value);
@@ -204,30 +219,32 @@ bool CommandForm::Accepts(const CommandOption& option, const std::string& value)
 
 std::string CommandForm::ExampleOf(const CommandOption& option) const {
   if (option.enumeration != kNoElement) {
-    return std::string(metamodel_[FirstValue(metamodel_, option.enumeration)].name);
+    return std::string(ValuesOf(option).front());
   }
   const TypeFacts* const facts = FactsOf(option.type);
   return facts == nullptr ? Placeholder(option.type) : facts->example;
 }
 
-std::optional<CommandWords> CommandForm::Shortest(const std::string& option,
-                                                  std::size_t times) const {
+std::optional<CommandWords> CommandForm::Shortest(const std::string& option, std::size_t times,
+                                                  const std::string& value) const {
   if (required_.size() > kMostRequired) return std::nullopt;
   CommandWords words;
   std::size_t size = 0;
-  const auto add = [&](const std::string& word, const CommandOption& added) {
+  const auto add = [&](const std::string& word, const std::string& added) {
     size += word.size();
     if (size > kMostBytes) return;
     words.push_back(word);
-    words.push_back(ExampleOf(added));
+    words.push_back(added);
     size += words.back().size();
   };
   const CommandOption* const first = times == 0 ? nullptr : Find(option);
   if (times > 0 && first == nullptr) return std::nullopt;
-  for (std::size_t i = 0; i < times; ++i) add(option, *first);
+  for (std::size_t i = 0; i < times; ++i) {
+    add(option, value.empty() ? ExampleOf(*first) : value);
+  }
   for (const std::size_t position : required_) {
     const CommandOption& needed = options_[position];
-    if (&needed != first) add(needed.AnyWord(), needed);
+    if (&needed != first) add(needed.AnyWord(), ExampleOf(needed));
   }
   if (size > kMostBytes || !Read(words).problem.empty()) return std::nullopt;
   return words;

@@ -24,6 +24,8 @@ struct BoundValue {
   std::string_view field;
   std::string type;
   std::string value;
+  /// Whether the values that the option accepts are known.
+  bool is_enumerated = false;
 };
 
 /// What the words after the name of a command mean.
@@ -63,6 +65,9 @@ class CommandForm {
   /// The option that is typed so, or null.
   const CommandOption* Find(const std::string& word) const;
 
+  /// The values that the option that is typed so accepts, if it is there and they are known.
+  std::vector<std::string_view> ValuesOf(const std::string& word) const;
+
   /// Reads the words after the name. If an option is given, typed so, only problems with it count.
   CommandLine Read(const CommandWords& words, const std::string& about = {}) const;
 
@@ -71,11 +76,14 @@ class CommandForm {
   bool IsKnown() const { return is_known_; }
 
   /// The shortest words after the name that are accepted and begin with `times` times the option
-  /// that is typed so. Empty if all such words are long, or none exist.
-  std::optional<CommandWords> Shortest(const std::string& option, std::size_t times) const;
+  /// that is typed so, with the value unless it is empty. Empty if all such words are long, or none
+  /// exist.
+  std::optional<CommandWords> Shortest(const std::string& option, std::size_t times,
+                                       const std::string& value = {}) const;
 
  private:
   void Add(const Workspace& workspace, ElementId option);
+  std::vector<std::string_view> ValuesOf(const CommandOption& option) const;
   bool Accepts(const CommandOption& option, const std::string& value) const;
   /// A value that the option accepts.
   std::string ExampleOf(const CommandOption& option) const;

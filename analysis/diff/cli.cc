@@ -1,5 +1,8 @@
+#include <map>
 #include <string>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "analysis/diff/cli_comparers.h"
 #include "analysis/diff/comparers.h"
@@ -35,15 +38,50 @@ void CompareCommand(Changes& changes, Pair pair) {
   command.CompareDescriptions("command-description-changed", pair);
 }
 
-void AddCommand(Changes& changes, Pair pair) {
-  const ModelPair models = changes.Models(Domain::kCli);
-  if (pair.IsAdded()) {
-    return changes.Add("command-added", Domain::kCli, pair,
-                       {Called(models.new_model, pair.new_id) + " was added"});
+/// Guesses which commands have only another name: those that call the same operation.
+class RenamedCommands {
+ public:
+  RenamedCommands(const ModelPair& models, const std::vector<Pair>& commands) : models_(models) {
+    std::multimap<std::string, ElementId> added;
+    for (const Pair& pair : commands) {
+      if (pair.IsAdded()) added.emplace(CallOf(models.new_model, pair.new_id), pair.new_id);
+    }
+    for (const Pair& pair : commands) {
+      if (!pair.IsRemoved() || added.empty()) continue;
+      const auto found = added.find(CallOf(models.old_model, pair.old_id));
+      if (found == added.end()) continue;
+      old_to_new_.emplace(pair.old_id, found->second);
+      new_to_old_.emplace(found->second, pair.old_id);
+      added.erase(found);
+    }
   }
-  Details details{Called(models.old_model, pair.old_id) + " was removed"};
-  details.witness = CommandLines(changes.Old(), changes.New(), pair.old_id).Witness("", 0, "");
-  changes.Add("command-removed", Domain::kCli, pair, std::move(details));
+
+  /// "possibly renamed to 'a.b'", or an empty text.
+  std::string HintOf(Pair pair) const {
+    const auto& others = pair.IsAdded() ? new_to_old_ : old_to_new_;
+    const auto found = others.find(pair.Id());
+    if (found == others.end()) return "";
+    const std::string name = models_.WithoutIt(pair).FullName(found->second);
+    return std::string("possibly renamed ") + (pair.IsAdded() ? "from '" : "to '") +
+           Shortened(name) + "'";
+  }
+
+ private:
+  ModelPair models_;
+  std::unordered_map<ElementId, ElementId> old_to_new_;
+  std::unordered_map<ElementId, ElementId> new_to_old_;
+};
+
+void AddCommand(Changes& changes, Pair pair, const RenamedCommands& renamed) {
+  const ModelPair models = changes.Models(Domain::kCli);
+  Details details{Called(models.Of(pair), pair.Id()) +
+                  (pair.IsAdded() ? " was added" : " was removed")};
+  details.hint = renamed.HintOf(pair);
+  if (pair.IsRemoved()) {
+    details.witness = CommandLines(changes.Old(), changes.New(), pair.old_id).Witness("", 0, "");
+  }
+  changes.Add(pair.IsAdded() ? "command-added" : "command-removed", Domain::kCli, pair,
+              std::move(details));
 }
 
 }  // namespace
@@ -82,19 +120,25 @@ void CommandPair::CompareDescriptions(std::string_view id, Pair pair) {
                TextOf(models.new_model, pair.new_id, "description"));
 }
 
-std::string CommandPair::Witness(const std::string& option, std::size_t times,
-                                 const std::string& about) {
+const CommandLines& CommandPair::Lines() {
   if (!lines_) {
     lines_ = std::make_unique<CommandLines>(changes_.Old(), changes_.New(), command_.old_id);
   }
-  return lines_->Witness(option, times, about.empty() ? option : about);
+  return *lines_;
+}
+
+std::string CommandPair::Witness(const std::string& option, std::size_t times,
+                                 const std::string& about) {
+  return Lines().Witness(option, times, about.empty() ? option : about);
 }
 
 void CompareCli(Changes& changes) {
   const ModelPair models = changes.Models(Domain::kCli);
-  for (const Pair& pair : LookupPairs(models, ElementKind::kCommand)) {
+  const std::vector<Pair> commands = LookupPairs(models, ElementKind::kCommand);
+  const RenamedCommands renamed(models, commands);
+  for (const Pair& pair : commands) {
     if (!pair.IsMatched()) {
-      AddCommand(changes, pair);
+      AddCommand(changes, pair, renamed);
     } else if (!IsSameText(models, pair)) {
       CompareCommand(changes, pair);
     }

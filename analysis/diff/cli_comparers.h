@@ -31,7 +31,11 @@ class CommandPair {
   /// See CommandLines. They are made when the first one is wanted.
   std::string Witness(const std::string& option, std::size_t times, const std::string& about = {});
 
+  bool KeepsValues(const std::string& option) { return Lines().KeepsValues(option); }
+
  private:
+  const CommandLines& Lines();
+
   Changes& changes_;
   Pair command_;
   std::unique_ptr<CommandLines> lines_;

@@ -219,7 +219,8 @@ constexpr Kind kRows[] = {
      Always(kN, kN, kB, kN, kC),
      "An option has another type",
      "Values that were accepted may be refused or mean something else. It is compatible between "
-     "ID and STRING, and if only upper and lower case differ.",
+     "ID and STRING, and if only upper and lower case differ. It is dangerous if both types are "
+     "enumerations and the new one has all values of the old one.",
      "Add an option of the other type.",
      {{kTakesVolts},
       {ZELK_START(ZELK_EXAMPLE_OPTION("volts", "volts", "DOUBLE", "NONE"))},

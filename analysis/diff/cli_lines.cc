@@ -1,5 +1,9 @@
 #include "analysis/diff/cli_lines.h"
 
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
 #include "analysis/place.h"
 
 namespace Zelk::Analysis::Diff {
@@ -26,7 +30,21 @@ std::string Difference(const CommandForm& old_form, const CommandForm& new_form,
     if (old_value.field != new_value.field) {
       return word + " fills " + Shortened(new_value.field);
     }
-    if (old_value.type != new_value.type) return word + " is of type " + Shortened(new_value.type);
+    const bool are_values = old_value.is_enumerated && new_value.is_enumerated;
+    if (!are_values && old_value.type != new_value.type)
+      return word + " is of type " + Shortened(new_value.type);
+  }
+  return "";
+}
+
+/// A value of the enumeration of the option that the new version does not take; empty if all are
+/// taken.
+std::string LostValue(const CommandForm& old_form, const CommandForm& new_form,
+                      const std::string& option) {
+  const std::vector<std::string_view> after = new_form.ValuesOf(option);
+  const std::unordered_set<std::string_view> taken(after.begin(), after.end());
+  for (const std::string_view value : old_form.ValuesOf(option)) {
+    if (taken.count(value) == 0) return std::string(value);
   }
   return "";
 }
@@ -47,10 +65,16 @@ CommandLines::CommandLines(const Workspace& old_version, const Workspace& new_ve
       is_certain_(old_.IsKnown() && (!new_ || new_->IsKnown()) &&
                   FindCommand(old_version.ModelOf(Domain::kCli), old_.Name()) == command) {}
 
+bool CommandLines::KeepsValues(const std::string& option) const {
+  if (!new_ || old_.ValuesOf(option).empty()) return false;
+  return !new_->ValuesOf(option).empty() && LostValue(old_, *new_, option).empty();
+}
+
 std::string CommandLines::Witness(const std::string& option, std::size_t times,
                                   const std::string& about) const {
   if (!is_certain_) return "";
-  const std::optional<CommandWords> options = old_.Shortest(option, times);
+  const std::string value = new_ ? LostValue(old_, *new_, option) : "";
+  const std::optional<CommandWords> options = old_.Shortest(option, times, value);
   if (!options) return "";
   const std::string difference =
       new_ ? Difference(old_, *new_, *options, about) : "refused: there is no such command";

@@ -18,6 +18,9 @@ class CommandLines {
   /// or if it is not certain.
   std::string Witness(const std::string& option, std::size_t times, const std::string& about) const;
 
+  /// Whether the option takes a value of an enumeration in both versions, and all that it took.
+  bool KeepsValues(const std::string& option) const;
+
  private:
   CommandForm old_;
   /// What the same words call in the new version.

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <map>
 #include <set>
 #include <string>
@@ -23,6 +24,8 @@ struct Option {
   std::string_view generic;
   /// Null for an unknown generic.
   const Takes* takes = nullptr;
+  /// Whether an earlier option has its name, so that clients do not know it.
+  bool is_hidden = false;
 };
 
 Option OptionOf(const Model& model, ElementId id) {
@@ -82,6 +85,7 @@ class OptionsComparer {
       pairs_.emplace_back(OptionOf(models_.old_model, pair.old_id),
                           OptionOf(models_.new_model, pair.new_id));
     }
+    FindHidden();
     IndexLetters();
     for (const auto& [before, after] : pairs_) {
       if (before.id == kNoElement) added_.emplace(after.field, after.name);
@@ -119,24 +123,37 @@ class OptionsComparer {
     Owner after;
   };
 
-  void IndexLetters() {
+  /// Of options of one name clients know the first one, which is the first one in pairs_, too.
+  void FindHidden() {
     std::set<std::string_view> old_names;
     std::set<std::string_view> new_names;
-    for (std::size_t i = 0; i < pairs_.size(); ++i) {
-      const auto& [before, after] = pairs_[i];
-      if (HasLetter(before, old_names)) letters_[before.letter].before.Take(i, before.id);
-      if (HasLetter(after, new_names)) letters_[after.letter].after.Take(i, after.id);
+    for (auto& [before, after] : pairs_) {
+      before.is_hidden = before.id != kNoElement && !old_names.insert(before.name).second;
+      after.is_hidden = after.id != kNoElement && !new_names.insert(after.name).second;
     }
   }
 
-  /// Whether clients know the option by a letter. Of options of one name they know the first one.
-  static bool HasLetter(const Option& option, std::set<std::string_view>& names) {
-    if (option.id == kNoElement || !names.insert(option.name).second) return false;
-    return !option.letter.empty();
+  void IndexLetters() {
+    for (std::size_t i = 0; i < pairs_.size(); ++i) {
+      const auto& [before, after] = pairs_[i];
+      if (HasLetter(before)) letters_[before.letter].before.Take(i, before.id);
+      if (HasLetter(after)) letters_[after.letter].after.Take(i, after.id);
+    }
+  }
+
+  /// Whether clients know the option by a letter.
+  static bool HasLetter(const Option& option) {
+    return option.id != kNoElement && !option.is_hidden && !option.letter.empty();
   }
 
   void Add(std::string_view id, const Option& before, const Option& after, Class verdict,
            Details details) {
+    const bool is_hidden = (before.id == kNoElement || before.is_hidden) &&
+                           (after.id == kNoElement || after.is_hidden);
+    if (is_hidden) {
+      verdict = std::min(verdict, Class::kCompatible);
+      details.witness.clear();
+    }
     command_.Add(id, {before.id, after.id}, verdict, std::move(details));
   }
 
@@ -199,8 +216,10 @@ class OptionsComparer {
     details.old_value = before.type;
     details.new_value = after.type;
     if (!is_same) details.witness = command_.Witness(LongWord(before), 1);
-    Add("option-type-changed", before, after, is_same ? Class::kCompatible : Class::kBreaking,
-        std::move(details));
+    const Class verdict = is_same                                  ? Class::kCompatible
+                          : command_.KeepsValues(LongWord(before)) ? Class::kDangerous
+                                                                   : Class::kBreaking;
+    Add("option-type-changed", before, after, verdict, std::move(details));
   }
 
   void CompareGeneric(const Option& before, const Option& after) {

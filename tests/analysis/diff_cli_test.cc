@@ -11,6 +11,7 @@ using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): short w
 
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
@@ -229,8 +230,82 @@ TEST(CliChanges, WitnessNeedsACommandLineThatWorked) {
               ElementsAre("B option-removed"));
   EXPECT_THAT(Witnessed({{"b", "b", "LONG", "some"}, {"a", "a"}}, {{"b", "b", "LONG", "some"}}),
               ElementsAre("B option-removed"));
-  // Of the two the first one stays, and the line means the same.
-  EXPECT_THAT(Witnessed({{"a", "a"}, {"a", "a"}}, {{"a", "a"}}), ElementsAre("B option-removed"));
+}
+
+TEST(CliChanges, OfOptionsOfOneNameOnlyTheFirstOneCounts) {
+  EXPECT_THAT(Witnessed({{"a", "a"}, {"a", "a"}}, {{"a", "a"}}), ElementsAre("c option-removed"));
+  EXPECT_THAT(Witnessed({{"a", "a"}}, {{"a", "a"}, {"a", "a"}}),
+              ElementsAre("c option-added-required"));
+  EXPECT_THAT(Witnessed({{"a", "x"}, {"a", "y"}}, {{"a", "y"}, {"a", "x"}}),
+              UnorderedElementsAre("B option-field-changed: acme start --a 1 (now '--a' fills y)",
+                                   "c option-field-changed"));
+}
+
+TEST(CliChanges, OptionOfAnEnumerationShowsAValueThatIsRefused) {
+  const auto files = [](const std::string& type, const std::string& values) {
+    return std::vector<std::string>{MetamodelFile({"", Enumeration(type, values), ""}),
+                                    OneCommand(CommandText{"acme", "start", {{"a", "a", type}}})};
+  };
+  const std::string a = EnumerationValue("A");
+  const std::string both = a + "," + EnumerationValue("B");
+  const std::string text = OneCommand(CommandText{"acme", "start", {{"a", "a", "STRING"}}});
+  EXPECT_THAT(WitnessedIn(files("c.p.e", both), files("c.p.f", a)),
+              Contains("B option-type-changed: acme start --a B (now refused: 'B' is not of type "
+                       "c.p.f)"));
+  EXPECT_THAT(WitnessedIn(files("c.p.e", a), files("c.p.f", both)),
+              Contains("D option-type-changed"));
+  EXPECT_THAT(WitnessedIn(files("c.p.e", a), {text}),
+              Contains("B option-type-changed: acme start --a A (now '--a' is of type STRING)"));
+  EXPECT_THAT(WitnessedIn(files("c.p.e", ""), files("c.p.f", a)),
+              Contains(StartsWith("B option-type-changed: acme start --a '<c.p.e>'")));
+  EXPECT_THAT(WitnessedIn(files("c.p.e", a), {CliFile({})}),
+              Contains(StartsWith("B command-removed: acme start --a A")));
+}
+
+TEST(CliChanges, RemovedCommandMayBeRenamed) {
+  const auto file = [](const std::vector<std::string>& names) {
+    std::vector<std::string> texts;
+    for (const std::string& name : names) {
+      texts.push_back(Text(CommandText{"acme", name, {}, name.substr(0, 4)}));
+    }
+    return CliFile(texts);
+  };
+  EXPECT_THAT(
+      Changed({file({"stop", "halt"})}, {file({"stop-all", "list"})}),
+      UnorderedElementsAre("--B-B command-removed command:acme.stop: the command 'acme.stop' was "
+                           "removed (possibly renamed to 'acme.stop-all')",
+                           "--B-B command-removed command:acme.halt: the command 'acme.halt' was "
+                           "removed",
+                           "--c-c command-added command:acme.stop-all: the command "
+                           "'acme.stop-all' was added (possibly renamed from 'acme.stop')",
+                           "--c-c command-added command:acme.list: the command 'acme.list' was "
+                           "added"));
+}
+
+TEST(CliChanges, OutputsOfOneStructureAreMatchedByTheirFields) {
+  const auto output = [](const std::string& structure, const std::string& field) {
+    return R"({"structure_id": ")" + structure + R"(", "output_fields": [{"field_name": ")" +
+           field + R"(", "display_name": ""}]})";
+  };
+  const auto file = [](const std::vector<std::string>& outputs) {
+    return OneCommand(
+        CommandText{"",
+                    "start",
+                    {},
+                    "start",
+                    R"(, "formatter": "CSV", "output_field_list": [)" + Listed(outputs) + "]"});
+  };
+  const std::string a = output("c.p.t", "a");
+  const std::string b = output("c.p.t", "b");
+  const std::string other = output("c.p.u", "a");
+  EXPECT_THAT(WitnessedIn({file({a, b})}, {file({b, a})}),
+              ElementsAre("D output-structure-order-changed"));
+  EXPECT_THAT(WitnessedIn({file({a, b, other})}, {file({other, a, b})}),
+              ElementsAre("t output-structure-order-changed"));
+  EXPECT_THAT(WitnessedIn({file({a, b})}, {file({b})}), ElementsAre("B output-structure-removed"));
+  EXPECT_THAT(WitnessedIn({file({a, b})}, {file({output("c.p.t", "c"), b, other})}),
+              UnorderedElementsAre("B output-field-removed", "D output-field-added",
+                                   "D output-structure-added"));
 }
 
 TEST(CliChanges, FormattersDecideWhatReadersOfOutputNotice) {
