@@ -330,7 +330,8 @@ constexpr Kind kRows[] = {
      Action::kChanged,
      Always(kN, kN, kT, kN, kN),
      "The outputs of a command are in another order",
-     "Help shows them in another order. Clients look up a structure by its name.",
+     "Help shows them in another order. Clients look up a structure by its name. It is dangerous "
+     "if outputs of one structure are in another order, since clients may use only the first one.",
      "No action is needed.",
      {{ZELK_TABLE(ZELK_OTHER "," ZELK_FIELDS(""))},
       {ZELK_TABLE(ZELK_FIELDS("") "," ZELK_OTHER)},

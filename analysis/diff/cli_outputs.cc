@@ -1,56 +1,30 @@
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "analysis/diff/cli_comparers.h"
+#include "analysis/diff/reading.h"
 #include "analysis/diff/verdicts.h"
-#include "analysis/format.h"
 
 // How a command shows its result.
 
 namespace Zelk::Analysis::Diff {
 namespace {
 
-/// What changes of outputs mean for those who read what a formatter prints.
-struct Reading {
-  const char* formatter;
-  Class field_added;
-  Class order;
-  Class heading;
-};
-
-constexpr std::array<Reading, 6> kReadings{{
-    {"SIMPLE", kD, kB, kD},
-    {"TABLE", kD, kB, kB},
-    {"CSV", kD, kB, kB},
-    {"JSON", kC, kC, kD},
-    {"XML", kC, kC, kD},
-    {"HTML", kC, kC, kT},
-}};
-
-/// Without a formatter, or with one that is not known, the client decides.
-constexpr Reading kUnknown{"", kD, kD, kD};
-
-Reading ReadingOf(const std::optional<std::string>& formatter) {
-  const auto* const found =
-      std::find_if(kReadings.begin(), kReadings.end(),
-                   [&](const Reading& row) { return formatter && row.formatter == *formatter; });
-  return found == kReadings.end() ? kUnknown : *found;
-}
-
-NodeId FormatterNode(const Model& model, ElementId command) {
-  const Document& document = model.DocumentOf(command);
-  return document.Find(document.Find(model[command].node, "node_metadata"), "formatter");
-}
-
-/// As the library answers it.
-std::optional<std::string> FormatterOf(const Model& model, ElementId command) {
-  const NodeId node = FormatterNode(model, command);
-  if (node == kNoNode) return std::nullopt;
-  return ToUpper(model.DocumentOf(command).String(node));
+/// Whether outputs of one structure are in another order.
+bool IsRepetitionMoved(const ModelPair& models, const std::vector<Pair>& outputs) {
+  std::unordered_map<std::string_view, ElementId> last;
+  for (const Pair& output : outputs) {
+    if (!output.IsMatched()) continue;
+    ElementId& before = last[models.old_model[output.old_id].name];
+    if (output.new_id < before) return true;
+    before = output.new_id;
+  }
+  return false;
 }
 
 class OutputsComparer {
@@ -64,7 +38,8 @@ class OutputsComparer {
 
   void Compare() {
     CompareFormatters();
-    const std::vector<Pair> outputs = PartPairs(models_, command_.Command(), ElementKind::kOutput);
+    const std::vector<Pair> outputs =
+        PartPairsByText(models_, command_.Command(), ElementKind::kOutput);
     // Without outputs clients show all fields.
     const bool shows_all = std::all_of(outputs.begin(), outputs.end(),
                                        [](const Pair& pair) { return pair.IsAdded(); });
@@ -80,8 +55,10 @@ class OutputsComparer {
                      {Command(pair) + " no longer lists the fields of " + Structure(pair)});
       }
     }
-    // Each structure is looked up by its name, in any order.
-    CompareOrder(outputs, command_.Command(), kT, "output-structure-order-changed", "the outputs");
+    // Each structure is looked up by its name, in any order unless it is listed again.
+    const Class order = IsRepetitionMoved(models_, outputs) ? kD : kT;
+    CompareOrder(outputs, command_.Command(), order, "output-structure-order-changed",
+                 "the outputs");
   }
 
  private:

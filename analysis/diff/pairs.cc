@@ -4,6 +4,7 @@
 #include <array>
 #include <iterator>
 #include <map>
+#include <utility>
 
 #include "analysis/diff/texts.h"
 #include "analysis/fates.h"
@@ -27,6 +28,28 @@ std::string_view TextOf(const Model& model, ElementId id) {
 
 bool Has(const Model& model, const Element& element) {
   return model.Find(element.kind, element.name, element.path) != kNoElement;
+}
+
+/// Of equal names, the first one is matched with the first one. Those that were added come last.
+std::vector<Pair> Matched(const ModelPair& models, const std::vector<ElementId>& old_ids,
+                          const std::vector<ElementId>& new_ids) {
+  // Those of equal names are in their order.
+  std::multimap<std::string_view, std::size_t> by_name;
+  for (std::size_t i = 0; i < new_ids.size(); ++i) {
+    by_name.emplace(models.new_model[new_ids[i]].name, i);
+  }
+  std::vector<Pair> pairs;
+  for (const ElementId id : old_ids) {
+    const auto found = by_name.lower_bound(models.old_model[id].name);
+    const bool is_matched = found != by_name.end() && found->first == models.old_model[id].name;
+    pairs.push_back({id, is_matched ? new_ids[found->second] : kNoElement});
+    if (is_matched) by_name.erase(found);
+  }
+  std::vector<std::size_t> added;
+  for (const auto& [name, index] : by_name) added.push_back(index);
+  std::sort(added.begin(), added.end());
+  for (const std::size_t index : added) pairs.push_back({kNoElement, new_ids[index]});
+  return pairs;
 }
 
 using Counts = std::map<ElementKind, std::size_t>;
@@ -73,24 +96,36 @@ std::vector<Pair> LookupPairs(const ModelPair& models, ElementKind kind) {
 }
 
 std::vector<Pair> PartPairs(const ModelPair& models, Pair owners, ElementKind kind) {
-  const std::vector<ElementId> old_ids = Parts(models.old_model, owners.old_id, kind);
-  const std::vector<ElementId> new_ids = Parts(models.new_model, owners.new_id, kind);
-  // Those of equal names are in their order.
-  std::multimap<std::string_view, std::size_t> by_name;
-  for (std::size_t i = 0; i < new_ids.size(); ++i) {
-    by_name.emplace(models.new_model[new_ids[i]].name, i);
+  return Matched(models, Parts(models.old_model, owners.old_id, kind),
+                 Parts(models.new_model, owners.new_id, kind));
+}
+
+std::vector<Pair> PartPairsByText(const ModelPair& models, Pair owners, ElementKind kind) {
+  using Key = std::pair<std::string_view, std::string_view>;
+  const auto key_of = [](const Model& model, ElementId id) {
+    return Key(model[id].name, TextOf(model, id));
+  };
+  std::multimap<Key, ElementId> by_text;
+  for (const ElementId id : Parts(models.new_model, owners.new_id, kind)) {
+    by_text.emplace(key_of(models.new_model, id), id);
   }
   std::vector<Pair> pairs;
-  for (const ElementId id : old_ids) {
-    const auto found = by_name.lower_bound(models.old_model[id].name);
-    const bool is_matched = found != by_name.end() && found->first == models.old_model[id].name;
-    pairs.push_back({id, is_matched ? new_ids[found->second] : kNoElement});
-    if (is_matched) by_name.erase(found);
+  std::vector<ElementId> old_left;
+  for (const ElementId id : Parts(models.old_model, owners.old_id, kind)) {
+    const auto found = by_text.find(key_of(models.old_model, id));
+    if (found == by_text.end()) {
+      old_left.push_back(id);
+      continue;
+    }
+    pairs.push_back({id, found->second});
+    by_text.erase(found);
   }
-  std::vector<std::size_t> added;
-  for (const auto& [name, index] : by_name) added.push_back(index);
-  std::sort(added.begin(), added.end());
-  for (const std::size_t index : added) pairs.push_back({kNoElement, new_ids[index]});
+  std::vector<ElementId> new_left;
+  for (const auto& [key, id] : by_text) new_left.push_back(id);
+  std::sort(new_left.begin(), new_left.end());
+  for (const Pair& pair : Matched(models, old_left, new_left)) pairs.push_back(pair);
+  std::stable_sort(pairs.begin(), pairs.end(),
+                   [](const Pair& left, const Pair& right) { return left.old_id < right.old_id; });
   return pairs;
 }
 

@@ -45,6 +45,9 @@ std::vector<Pair> LookupPairs(const ModelPair& models, ElementKind kind);
 /// one is matched with the first one, and so on. In the old order; those that were added come last.
 std::vector<Pair> PartPairs(const ModelPair& models, Pair owners, ElementKind kind);
 
+/// The same, but of parts with one name, those with the same text are matched first.
+std::vector<Pair> PartPairsByText(const ModelPair& models, Pair owners, ElementKind kind);
+
 /// In which order both versions have the parts that both have.
 struct PartOrder {
   bool is_changed;
