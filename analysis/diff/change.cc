@@ -83,7 +83,8 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
                                  ClassOf(verdicts, kAllAudiences) == Class::kBreaking;
   const bool is_excused =
       may_be_deprecated && WasDeprecated(pair.old_id) && Excuse(verdicts, details.others_broken);
-  if (!details.breaks.empty()) {
+  const bool breaks_commands = !details.breaks.text.empty();
+  if (breaks_commands) {
     verdicts[static_cast<std::size_t>(Audience::kCli)] = Class::kBreaking;
   }
   if (IsFull()) {
@@ -91,7 +92,7 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
     return;
   }
   if (is_excused) details.message.insert(kThe.size(), "deprecated ");
-  if (!details.breaks.empty()) details.message += "; this breaks " + details.breaks;
+  if (breaks_commands) details.message += "; this breaks " + details.breaks.text;
   std::string path = details.element;
   if (path.empty()) path = models.Of(pair).Path(pair.Id());
   std::string identity = kind.id;
@@ -99,7 +100,8 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
        {&path, &details.old_value, &details.new_value, &details.identity}) {
     (identity += '\0') += *part;
   }
-  (identity += '\0') += details.breaks;
+  identity += '\0';
+  if (breaks_commands) identity += std::to_string(details.breaks.digest);
   for (const Class verdict : verdicts) identity += static_cast<char>(verdict);
   details.identity.clear();
   const bool is_whole = !pair.IsMatched() && details.element.empty();

@@ -16,6 +16,14 @@
 
 namespace Zelk::Analysis::Diff {
 
+/// Several commands.
+struct CommandNames {
+  /// Such as "the command 'acme.start'", or "the commands 'a', 'b' and others"; or empty.
+  std::string text = {};
+  /// The same for the same commands, shown or not.
+  std::uint64_t digest = 0;
+};
+
 /// What comparers say about a change.
 struct Details {
   /// One sentence without a full stop at its end.
@@ -33,8 +41,8 @@ struct Details {
   /// The audiences that it breaks although they do not use what is removed, so that it does not
   /// help them that it was deprecated.
   AudienceSet others_broken = 0;
-  /// Commands that are the same and fail now, such as "the command 'acme.start'"; or empty.
-  std::string breaks = {};
+  /// Commands that are the same and fail now, or print something else.
+  CommandNames breaks = {};
   /// What may help, such as "possibly renamed to 'c.p.stop'"; or empty.
   std::string hint = {};
   /// What is to be looked at, unless it is where the element has its name.

@@ -57,6 +57,9 @@ void CompareOutputs(CommandPair& command);
 // cli_namespaces.cc
 void CompareNamespaces(Changes& changes);
 
+// reachable_outputs.cc
+void CompareReachableOutputs(Changes& changes);
+
 /// What a command calls, such as "start of c.p.s".
 std::string CallOf(const Model& model, ElementId command);
 

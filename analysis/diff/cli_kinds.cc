@@ -49,6 +49,12 @@ namespace {
 
 #define ZELK_OTHER ZELK_EXAMPLE_OUTPUT("acme.power.switch.level", "volts")
 
+/// An operation that returns the type, in a file with the structure that commands show.
+#define ZELK_RETURNS(type) \
+  ZELK_EXAMPLE_OF(ZELK_EXAMPLE_STRUCTURE("acme.power.switch.state", "STRUCTURE", \
+                                         ZELK_EXAMPLE_FIELD("volts", "", ZELK_EXAMPLE_LONG)), \
+                  "", type, "")
+
 #define ZELK_OUTER ZELK_EXAMPLE_NAMESPACE("", "acme")
 
 #define ZELK_INNER ZELK_EXAMPLE_NAMESPACE("acme", "power")
@@ -64,6 +70,10 @@ constexpr char kAmps[] = "cli/command:start/option:amps";
 constexpr char kState[] = "cli/command:start/output:acme.power.switch.state";
 
 constexpr char kShownAmps[] = "cli/command:start/output:acme.power.switch.state/output-field:amps";
+
+constexpr char kReturnsState[] =
+    ZELK_RETURNS(ZELK_EXAMPLE_TYPE("Structure", "acme.power.switch.state"));
+constexpr char kReturnsNumber[] = ZELK_RETURNS(ZELK_EXAMPLE_LONG);
 
 constexpr char kNothing[] = ZELK_EXAMPLE_CLI("");
 constexpr char kStart[] = ZELK_START("");
@@ -336,6 +346,26 @@ constexpr Kind kRows[] = {
      {{ZELK_TABLE(ZELK_OTHER "," ZELK_FIELDS(""))},
       {ZELK_TABLE(ZELK_FIELDS("") "," ZELK_OTHER)},
       kCommand}},
+    {"output-became-unreachable",
+     Area::kCli,
+     "output reach",
+     Action::kRemoved,
+     Always(kN, kN, kB, kN, kN),
+     "The result no longer has a structure that a command lists the fields of",
+     "The command is the same, but what it calls returns something else. What reads the printed "
+     "result does not find the fields.",
+     "Add another operation that returns something else, and a command for it.",
+     {{kReturnsState, kVoltsShown}, {kReturnsNumber, kVoltsShown}, kState, "result-type-changed"}},
+    {"output-became-reachable",
+     Area::kCli,
+     "output reach",
+     Action::kAdded,
+     Always(kN, kN, kD, kN, kN),
+     "The result now has a structure that a command lists the fields of",
+     "The command is the same, but what it calls returns something else. The printed result may "
+     "have other columns than before. It is compatible with the formatters JSON, XML and HTML.",
+     "No action is needed if the output was meant for this.",
+     {{kReturnsNumber, kVoltsShown}, {kReturnsState, kVoltsShown}, kState, "result-type-changed"}},
     {"output-field-removed",
      Area::kCli,
      "output field",

@@ -6,6 +6,7 @@
 #include "analysis/call.h"
 #include "analysis/diff/cli_comparers.h"
 #include "analysis/diff/mixed.h"
+#include "analysis/fingerprint.h"
 #include "analysis/options.h"
 #include "analysis/place.h"
 
@@ -88,17 +89,33 @@ bool CanFill(const Workspace& version, ElementId option) {
 
 }  // namespace
 
-std::string CommandReach::Text(const Commands& commands) const {
+const CommandReach::Name& CommandReach::NameOf(ElementId command) {
+  const auto [known, is_new] = names_.try_emplace(command);
+  if (is_new) {
+    const std::string name = models_.old_model.FullName(command);
+    known->second = {"'" + Shortened(name) + "'", FingerprintOf(name)};
+  }
+  return known->second;
+}
+
+void CommandReach::AddShort(Commands& commands, ElementId command) {
+  if (commands.IsFull()) {
+    commands.AddMore(NumberOf(command));
+  } else {
+    commands.Add(command);
+  }
+}
+
+CommandNames CommandReach::NamesOf(const Commands& commands) {
   const std::set<ElementId>& ids = commands.Ids();
-  if (ids.empty()) return "";
-  const auto name = [&](ElementId id) {
-    return "'" + Shortened(models_.old_model.FullName(id)) + "'";
-  };
-  const std::string first = name(*ids.begin());
-  if (ids.size() == 1) return "the command " + first;
-  const std::string second = name(*std::next(ids.begin()));
-  if (!commands.IsFull()) return "the commands " + first + " and " + second;
-  return "the commands " + first + ", " + second + " and others";
+  if (ids.empty()) return {};
+  std::uint64_t sum = commands.More();
+  for (const ElementId id : ids) sum += NumberOf(id);
+  const std::string& first = NameOf(*ids.begin()).shown;
+  if (ids.size() == 1) return {"the command " + first, sum};
+  const std::string& second = NameOf(*std::next(ids.begin())).shown;
+  if (!commands.IsFull()) return {"the commands " + first + " and " + second, sum};
+  return {"the commands " + first + ", " + second + " and others", sum};
 }
 
 ElementId CommandReach::CommandOf(ElementId old_id) const {
@@ -146,6 +163,7 @@ const std::vector<ElementId>& CommandReach::StillNaming(ElementId old_id) {
   if (named_ == old_id) return naming_;
   named_ = old_id;
   naming_.clear();
+  naming_sum_.reset();
   ElementId last = kNoElement;
   for (const Reference* reference : old_.GetReferences().To({Domain::kMetamodel, old_id})) {
     // A path may lead through the element several times.
@@ -157,10 +175,7 @@ const std::vector<ElementId>& CommandReach::StillNaming(ElementId old_id) {
 
 CommandReach::Commands CommandReach::Naming(ElementId old_id) {
   Commands commands;
-  for (const ElementId id : StillNaming(old_id)) {
-    if (commands.IsFull()) break;
-    commands.Add(CommandOf(id));
-  }
+  for (const ElementId id : StillNaming(old_id)) commands.Add(CommandOf(id));
   return commands;
 }
 
@@ -169,29 +184,46 @@ CommandReach::Commands CommandReach::UsingGone(Pair pair) {
   if (models_.old_model.Size() == 0) return commands;
   std::vector<ElementId> gone = PartsWith(metamodels_, pair);
   gone.push_back(pair.old_id);
-  for (const ElementId id : gone) {
-    if (commands.IsFull()) break;
-    commands.Add(Naming(id));
-  }
+  for (const ElementId id : gone) commands.Add(Naming(id));
   return commands;
 }
 
-CommandReach::Commands CommandReach::Showing(ElementId old_result, ElementId new_result) {
+const PrintedWhole& CommandReach::Printed() {
+  if (!printed_) printed_.emplace(old_);
+  return *printed_;
+}
+
+CommandReach::Commands CommandReach::PrintingOther(ElementId old_result, ElementId new_result) {
   Commands commands;
   const ElementId before = old_.GetDefinitions().ContentOf(old_result).definition;
   const ElementId after = new_.GetDefinitions().ContentOf(new_result).definition;
   if (before == kNoElement) return commands;
   const Model& metamodel = metamodels_.old_model;
-  const std::string_view name = metamodel[before].name;
-  if (after != kNoElement && metamodels_.new_model[after].name == name) return commands;
+  if (after != kNoElement && metamodels_.new_model[after].name == metamodel[before].name) {
+    return commands;
+  }
   for (const ElementId command : StillNaming(metamodel[old_result].owner)) {
-    for (const ElementId id : models_.old_model.Children(command)) {
-      const Element& part = models_.old_model[id];
-      const bool is_shown = part.kind == ElementKind::kOutput && part.name == name;
-      if (is_shown && NewOf(id) != kNoElement) commands.Add(command);
-    }
+    if (Printed().Has(before, command)) commands.Add(command);
   }
   return commands;
+}
+
+const CommandReach::Readers& CommandReach::ReadersOf(ElementId old_structure,
+                                                     Class Reading::*meaning) {
+  if (read_structure_ == old_structure && meaning_ == meaning) return readers_;
+  read_structure_ = old_structure;
+  meaning_ = meaning;
+  readers_ = {};
+  readers_.is_exhausted = Printed().IsExhausted();
+  Printed().ForEachCommand(old_structure, [&](ElementId command) {
+    const ElementId now = NewOf(command);
+    if (now == kNoElement) return;
+    const Reading& reading = ReadingOf(FormatterOf(models_.new_model, now));
+    const Class verdict = meaning == nullptr ? Class::kBreaking : reading.*meaning;
+    if (verdict == Class::kBreaking) AddShort(readers_.broken, command);
+    if (verdict == Class::kDangerous) AddShort(readers_.endangered, command);
+  });
+  return readers_;
 }
 
 bool CommandReach::IsMisfit(ElementId option) {
@@ -203,7 +235,6 @@ bool CommandReach::IsMisfit(ElementId option) {
 CommandReach::Commands CommandReach::Misfitting(ElementId old_part) {
   Commands commands;
   for (const ElementId id : StillNaming(old_part)) {
-    if (commands.IsFull()) break;
     const bool is_option = models_.old_model[id].kind == ElementKind::kOption;
     if (is_option && IsMisfit(id)) commands.Add(CommandOf(id));
   }
@@ -215,18 +246,35 @@ CommandReach::Commands CommandReach::Lacking(Pair owner, ElementId new_part) {
   return is_field ? WithoutField(owner, new_part) : WithoutParameter(owner.old_id, new_part);
 }
 
+ElementId CommandReach::OldOf(ElementId new_command) {
+  const Element& element = models_.new_model[new_command];
+  const ElementId before = models_.old_model.Find(element.kind, element.name, element.path);
+  return before != kNoElement && NewOf(before) == new_command ? before : kNoElement;
+}
+
 CommandReach::Commands CommandReach::WithoutParameter(ElementId operation, ElementId parameter) {
   const Model& cli = models_.new_model;
-  std::unordered_set<ElementId> with;
+  std::set<ElementId> with;
   for (const Reference* reference : new_.GetReferences().To({Domain::kMetamodel, parameter})) {
     const ElementId option = reference->from.element;
-    if (IsAlwaysGiven(cli, option)) with.insert(cli[option].owner);
+    if (IsAlwaysGiven(cli, option)) with.insert(OldOf(cli[option].owner));
   }
+  with.erase(kNoElement);
+  const std::vector<ElementId>& all = StillNaming(operation);
+  if (!naming_sum_) {
+    naming_sum_ = 0;
+    for (const ElementId command : all) *naming_sum_ += NumberOf(command);
+  }
+  std::uint64_t more = *naming_sum_;
+  for (const ElementId command : with) more -= NumberOf(command);
   Commands commands;
-  for (const ElementId command : StillNaming(operation)) {
+  for (const ElementId command : all) {
     if (commands.IsFull()) break;
-    if (with.count(NewOf(command)) == 0) commands.Add(command);
+    if (with.count(command) != 0) continue;
+    commands.Add(command);
+    more -= NumberOf(command);
   }
+  commands.AddMore(more);
   return commands;
 }
 
@@ -242,28 +290,43 @@ void CommandReach::ReadBuilders(Pair structure) {
   ForEachFill(new_fills_, structure.new_id,
               [&](const FieldFill& fill) { still.insert(fill.instance); });
   builders_.clear();
+  builder_of_.clear();
+  builders_sum_ = 0;
   ForEachFill(old_fills_, structure.old_id, [&](const FieldFill& fill) {
     if (still.count(fill.instance) != 0 && NewOf(fill.command) != kNoElement) {
+      if (!builder_of_.emplace(fill.instance, fill.command).second) return;
       builders_.insert({fill.command, fill.instance});
+      builders_sum_ += NumberOf(fill.command);
     }
   });
 }
 
 CommandReach::Commands CommandReach::WithoutField(Pair structure, ElementId field) {
   ReadBuilders(structure);
-  const auto is_filled = [&](std::uint64_t instance) {
-    const auto wanted = std::tie(structure.new_id, field, instance);
-    // Those of the best option come first.
-    const auto fill =
-        std::lower_bound(new_fills_.begin(), new_fills_.end(), wanted,
-                         [](const FieldFill& each, const auto& key) { return KeyOf(each) < key; });
-    return fill != new_fills_.end() && KeyOf(*fill) == wanted && fill->is_always;
+  const auto wanted = std::pair(structure.new_id, field);
+  const auto is_before = [](const FieldFill& each, const auto& key) {
+    return std::pair(each.structure, each.field) < key;
   };
+  // Of equal instances, that of the best option comes first.
+  std::unordered_set<std::uint64_t> seen;
+  std::unordered_set<std::uint64_t> filled;
+  auto fill = std::lower_bound(new_fills_.begin(), new_fills_.end(), wanted, is_before);
+  for (; fill != new_fills_.end() && std::pair(fill->structure, fill->field) == wanted; ++fill) {
+    const bool is_best = seen.insert(fill->instance).second;
+    if (is_best && fill->is_always) filled.insert(fill->instance);
+  }
   Commands commands;
   for (const auto& [command, instance] : builders_) {
     if (commands.IsFull()) break;
-    if (!is_filled(instance)) commands.Add(command);
+    if (filled.count(instance) == 0) commands.Add(command);
   }
+  std::uint64_t more = builders_sum_;
+  for (const std::uint64_t instance : filled) {
+    const auto builder = builder_of_.find(instance);
+    if (builder != builder_of_.end()) more -= NumberOf(builder->second);
+  }
+  for (const ElementId command : commands.Ids()) more -= NumberOf(command);
+  commands.AddMore(more);
   return commands;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
 #include <unordered_map>
@@ -9,7 +10,10 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/diff/change.h"
 #include "analysis/diff/pairs.h"
+#include "analysis/diff/printed.h"
+#include "analysis/diff/reading.h"
 #include "analysis/workspace.h"
 
 namespace Zelk::Analysis::Diff {
@@ -39,25 +43,36 @@ class CommandReach {
   CommandReach& operator=(const CommandReach&) = delete;
   ~CommandReach() = default;
 
-  /// Several commands of the old version. Callers show so few that no more are looked for.
+  /// Several commands of the old version.
   class Commands {
    public:
     void Add(ElementId command) { ids_.insert(command); }
 
-    void Add(const Commands& others) { ids_.insert(others.ids_.begin(), others.ids_.end()); }
+    void Add(const Commands& others) {
+      ids_.insert(others.ids_.begin(), others.ids_.end());
+      more_ += others.more_;
+    }
 
+    /// Adds some that are not shown; `sum` is that of their numbers.
+    void AddMore(std::uint64_t sum) { more_ += sum; }
+
+    bool IsEmpty() const { return ids_.empty(); }
+
+    /// Whether no others are shown.
     bool IsFull() const { return ids_.size() > kMostShown; }
 
     const std::set<ElementId>& Ids() const { return ids_; }
+
+    std::uint64_t More() const { return more_; }
 
     static constexpr std::size_t kMostShown = 2;
 
    private:
     std::set<ElementId> ids_;
+    std::uint64_t more_ = 0;
   };
 
-  /// "the command 'a.b'", "the commands 'a', 'b' and others", or an empty text.
-  std::string Text(const Commands& commands) const;
+  CommandNames NamesOf(const Commands& commands);
 
   /// Those that name an element of the old version that is gone, or something in it.
   Commands UsingGone(Pair pair);
@@ -65,8 +80,21 @@ class CommandReach {
   /// Those that name the element of the old version: they call it, or an option or an output does.
   Commands Naming(ElementId old_id);
 
-  /// Those that show the structure that the operation returned by a name that it has no longer.
-  Commands Showing(ElementId old_result, ElementId new_result);
+  /// Those that print all fields of the structure that the operation returned, if it now returns
+  /// another one.
+  Commands PrintingOther(ElementId old_result, ElementId new_result);
+
+  /// Those that print all fields of a structure, and what a change of the fields means for them.
+  struct Readers {
+    Commands broken;
+    Commands endangered;
+    /// Whether there may be others.
+    bool is_exhausted = false;
+  };
+
+  /// Those of the structure of the old version. `meaning` is a member of Reading; without one, all
+  /// of them are broken.
+  const Readers& ReadersOf(ElementId old_structure, Class Reading::*meaning);
 
   /// Those with an option that could fill the parameter or field, or a field in it, and cannot now.
   Commands Misfitting(ElementId old_part);
@@ -76,6 +104,20 @@ class CommandReach {
   Commands Lacking(Pair owner, ElementId new_part);
 
  private:
+  struct Name {
+    /// In quotes.
+    std::string shown;
+    /// Stands for the name in fingerprints.
+    std::uint64_t number = 0;
+  };
+
+  const Name& NameOf(ElementId command);
+
+  std::uint64_t NumberOf(ElementId command) { return NameOf(command).number; }
+
+  /// Adds one more of many, in their order.
+  void AddShort(Commands& commands, ElementId command);
+
   /// The same element in the new version, or kNoElement. The command must call the same operation.
   ElementId NewOf(ElementId old_id);
   void ReadParts(ElementId command);
@@ -85,6 +127,9 @@ class CommandReach {
   const std::vector<ElementId>& StillNaming(ElementId old_id);
   bool IsMisfit(ElementId option);
   void ReadBuilders(Pair structure);
+  /// The command in the old version, if both have it and call the same operation with it.
+  ElementId OldOf(ElementId new_command);
+  const PrintedWhole& Printed();
   Commands WithoutParameter(ElementId operation, ElementId parameter);
   Commands WithoutField(Pair structure, ElementId field);
 
@@ -95,13 +140,24 @@ class CommandReach {
   /// The parts of the commands in read_ that both versions have.
   std::unordered_map<ElementId, ElementId> parts_;
   std::unordered_set<ElementId> read_;
+  std::unordered_map<ElementId, Name> names_;
   std::unordered_map<ElementId, bool> misfits_;
   // What was asked about last.
   ElementId named_ = kNoElement;
   std::vector<ElementId> naming_;
+  /// The sum of the numbers of the commands in naming_, if it is known.
+  std::optional<std::uint64_t> naming_sum_;
   ElementId built_ = kNoElement;
   /// The commands of the old version that fill fields of the structure, with the instances.
   std::set<std::pair<ElementId, std::uint64_t>> builders_;
+  /// By instances.
+  std::unordered_map<std::uint64_t, ElementId> builder_of_;
+  /// The sum of the numbers of the commands in builders_.
+  std::uint64_t builders_sum_ = 0;
+  std::optional<PrintedWhole> printed_;
+  ElementId read_structure_ = kNoElement;
+  Class Reading::*meaning_ = nullptr;
+  Readers readers_;
   // Empty until they are asked for.
   bool has_fills_ = false;
   std::vector<FieldFill> old_fills_;

@@ -110,7 +110,7 @@ constexpr Kind kRows[] = {
      Always(kB, kB, kB, kN, kC),
      "A field is gone",
      "Callers that send or read it fail, and code that names it does not compile. Command lines "
-     "notice if an option fills it or an output shows it.",
+     "notice if an option fills it or the command shows it.",
      "Mark it as deprecated first. If callers send it, make it OPTIONAL and ignore it.",
      {{ZELK_FIELDS(ZELK_VOLTS)}, {ZELK_FIELDS("")}, ZELK_SPEC_PATH "/field:volts"}},
     {"field-added-required",
@@ -119,7 +119,8 @@ constexpr Kind kRows[] = {
      Action::kAdded,
      Directed(kB, kC, kD, kC, kC),
      "A new field must have a value",
-     "Callers that send the structure without it are refused. Those that receive it may ignore it.",
+     "Callers that send the structure without it are refused. Those that receive it may ignore "
+     "it. In front of other fields, it may move columns that commands print.",
      "Make its type OPTIONAL.",
      {{ZELK_FIELDS("")}, {ZELK_FIELDS(ZELK_VOLTS)}, ZELK_SPEC_PATH "/field:volts"}},
     {"field-added-optional",
@@ -128,7 +129,8 @@ constexpr Kind kRows[] = {
      Action::kAdded,
      Always(kC, kD, kC, kN, kC),
      "A new field may be absent",
-     "Calls without it work. Constructors in generated code may have one more parameter.",
+     "Calls without it work. Constructors in generated code may have one more parameter. In front "
+     "of other fields, it may move columns that commands print.",
      "Add it after all other fields.",
      {{ZELK_FIELDS("")}, {ZELK_FIELDS(ZELK_VOLTS_OPTIONAL)}, ZELK_SPEC_PATH "/field:volts"}},
     {"field-order-changed",

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "analysis/diff/cli_comparers.h"
 #include "analysis/diff/comparers.h"
 #include "analysis/diff/verdicts.h"
 
@@ -31,10 +32,10 @@ bool IsOnlyAName(const ModelPair& models, ElementKind kind, Pair pair) {
 /// Who notices depends on whether something still names it, and on what goes with it.
 void AddDefinition(Metamodel& metamodel, ElementKind kind, Pair pair) {
   Details details;
-  if (IsType(kind)) {
   if (pair.IsRemoved() && IsOnlyAName(metamodel.models, kind, pair)) {
     details.verdicts = Verdicts{kN, kN, kN, kN, kB};
   }
+  if (IsType(kind)) {
     details.direction = metamodel.reach.Of(pair);
     const std::string_view name = metamodel.models.Of(pair)[pair.Id()].name;
     if (pair.IsRemoved() && metamodel.reach.IsMissed(name)) {
@@ -92,8 +93,8 @@ std::string Metamodel::CalledIn(Pair pair) const {
 void Metamodel::AddWhole(const std::string& kind, Pair pair, Details details) {
   const std::string action = pair.IsAdded() ? "added" : "removed";
   details.message = CalledIn(pair) + ContentsOf(models, pair) + " was " + action + details.message;
-  const bool may_break = pair.IsRemoved() && details.breaks.empty();
-  if (may_break) details.breaks = commands.Text(commands.UsingGone(pair));
+  const bool may_break = pair.IsRemoved() && details.breaks.text.empty();
+  if (may_break) details.breaks = commands.NamesOf(commands.UsingGone(pair));
   if (!changes.IsFull()) details.hint = renames.HintOf(pair);
   Add(kind + "-" + action, pair, std::move(details));
 }
@@ -108,6 +109,7 @@ bool IsLast(const std::vector<Pair>& parts, Pair pair) {
 void CompareMetamodel(Changes& changes) {
   Metamodel metamodel(changes);
   CompareResources(metamodel);
+  CompareReachableOutputs(changes);
   for (const ElementKind kind : kDefinitions) {
     const std::vector<Pair> pairs = LookupPairs(metamodel.models, kind);
     metamodel.renames.Look(pairs);

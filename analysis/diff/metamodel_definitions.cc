@@ -31,17 +31,35 @@ bool IsReceived(Direction direction) {
   return direction != Direction::kInput;
 }
 
+/// Adds what the change `id` means for commands that print all fields of the structure.
+void AddReaders(Metamodel& metamodel, Details& details, const char* id, Pair structure,
+                Class Reading::*meaning) {
+  const CommandReach::Readers& readers = metamodel.commands.ReadersOf(structure.old_id, meaning);
+  if (!readers.broken.IsEmpty()) details.breaks = metamodel.commands.NamesOf(readers.broken);
+  const CommandNames endangered = metamodel.commands.NamesOf(readers.endangered);
+  if (endangered.text.empty() && !readers.is_exhausted) return;
+  if (!details.verdicts) details.verdicts = ByDirection(FindKind(id)->verdicts, details.direction);
+  Class& verdict = (*details.verdicts)[kCli];
+  verdict = std::max(verdict, kD);
+  if (endangered.text.empty()) return;
+  details.message += "; this may move columns of " + endangered.text;
+  details.identity += " " + std::to_string(endangered.digest);
+}
+
 bool IsPositional(const Metamodel& metamodel) {
   return metamodel.changes.GetAssumptions().parameters == Assumptions::Parameters::kPositional;
 }
 
-void RemoveField(Metamodel& metamodel, Direction direction, const std::vector<Pair>& all,
-                 Pair pair) {
+void RemoveField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all, Pair pair) {
+  const CommandReach::Readers& readers = metamodel.commands.ReadersOf(structure.old_id, nullptr);
   Details details;
-  details.direction = direction;
+  details.direction = metamodel.reach.Of(structure);
   details.verdicts = FindKind("field-removed")->verdicts.input;
   // Unless a command uses it.
-  (*details.verdicts)[kCli] = kN;
+  (*details.verdicts)[kCli] = readers.is_exhausted ? kD : kN;
+  CommandReach::Commands broken = metamodel.commands.UsingGone(pair);
+  broken.Add(readers.broken);
+  details.breaks = metamodel.commands.NamesOf(broken);
   if (IsPositional(metamodel) && !IsLast(all, pair)) {
     details.assumption = "parameters: positional";
     details.others_broken = SetOf(Audience::kWire) | SetOf(Audience::kSource);
@@ -50,8 +68,8 @@ void RemoveField(Metamodel& metamodel, Direction direction, const std::vector<Pa
 }
 
 void AddField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all, Pair pair) {
+  if (pair.IsRemoved()) return RemoveField(metamodel, structure, all, pair);
   const Direction direction = metamodel.reach.Of(structure);
-  if (pair.IsRemoved()) return RemoveField(metamodel, direction, all, pair);
   Details details;
   details.direction = direction;
   const bool is_optional = IsOptional(metamodel.changes.New(), pair.new_id);
@@ -59,7 +77,7 @@ void AddField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all
   details.message = metamodel.CalledIn(pair) + " was added";
   details.hint = metamodel.renames.HintOf(pair);
   if (!is_optional) {
-    details.breaks = metamodel.commands.Text(metamodel.commands.Lacking(structure, pair.new_id));
+    details.breaks = metamodel.commands.NamesOf(metamodel.commands.Lacking(structure, pair.new_id));
   }
   const bool is_refused =
       metamodel.changes.GetAssumptions().unknown_fields == Assumptions::UnknownFields::kRefused;
@@ -71,6 +89,9 @@ void AddField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all
     details.assumption = "parameters: positional";
   } else {
     details.assumption = "unknown_fields: ignored";
+  }
+  if (!IsLast(all, pair)) {
+    AddReaders(metamodel, details, id, structure, &Reading::field_added);
   }
   metamodel.Add(id, pair, std::move(details));
 }
@@ -94,6 +115,7 @@ void CompareFields(Metamodel& metamodel, Pair structure) {
   const bool is_positional = IsPositional(metamodel);
   details.assumption = is_positional ? "parameters: positional" : "parameters: named";
   if (is_positional) details.verdicts = WithWire("field-order-changed", direction, kB);
+  AddReaders(metamodel, details, "field-order-changed", structure, &Reading::order);
   metamodel.Add("field-order-changed", structure, std::move(details));
 }
 
@@ -168,7 +190,7 @@ class Values {
 
 /// `breaks` are the commands with options of the enumeration, if a value was removed.
 void AddValue(Metamodel& metamodel, const Values& values, Pair pair, Direction direction,
-              const std::string& breaks) {
+              const CommandNames& breaks) {
   const ElementId next = values.NextOf(pair);
   const bool is_last = next == kNoElement;
   const bool is_replaced = values.IsReplaced(pair);
@@ -221,8 +243,9 @@ void CompareEnumeration(Metamodel& metamodel, Pair enumeration) {
   metamodel.renames.Look(values.All());
   const bool is_shorter = std::any_of(values.All().begin(), values.All().end(),
                                       [](const Pair& value) { return value.IsRemoved(); });
-  std::string breaks;
-  if (is_shorter) breaks = metamodel.commands.Text(metamodel.commands.Naming(enumeration.old_id));
+  CommandNames breaks;
+  if (is_shorter)
+    breaks = metamodel.commands.NamesOf(metamodel.commands.Naming(enumeration.old_id));
   for (const Pair& value : values.All()) {
     if (!value.IsMatched()) {
       AddValue(metamodel, values, value, direction, breaks);

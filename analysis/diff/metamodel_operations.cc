@@ -39,7 +39,8 @@ void AddParameter(Metamodel& metamodel, Pair operation, const std::vector<Pair>&
         (*details.verdicts)[kWire] = kB;
       }
     } else {
-      details.breaks = metamodel.commands.Text(metamodel.commands.Lacking(operation, pair.new_id));
+      details.breaks =
+          metamodel.commands.NamesOf(metamodel.commands.Lacking(operation, pair.new_id));
     }
     return metamodel.Add(id, pair, std::move(details));
   }
@@ -98,7 +99,7 @@ void CompareResult(Metamodel& metamodel, Pair result) {
       text(metamodel.models.old_model, result.old_id),
       text(metamodel.models.new_model, result.new_id), Direction::kOutput};
   if (is_void) {
-    details.breaks = metamodel.commands.Text(metamodel.commands.Naming(operation.old_id));
+    details.breaks = metamodel.commands.NamesOf(metamodel.commands.Naming(operation.old_id));
   }
   metamodel.Add(is_void ? "result-became-void" : "result-no-longer-void", result,
                 std::move(details));

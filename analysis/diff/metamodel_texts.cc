@@ -121,7 +121,7 @@ void CompareAnnotation(Metamodel& metamodel, Pair pair, Pair annotation) {
 CommandReach::Commands BrokenByType(Metamodel& metamodel, Pair pair) {
   const Element& element = metamodel.models.old_model[pair.old_id];
   if (element.kind == ElementKind::kResult) {
-    return metamodel.commands.Showing(pair.old_id, pair.new_id);
+    return metamodel.commands.PrintingOther(pair.old_id, pair.new_id);
   }
   CommandReach::Commands commands = metamodel.commands.Misfitting(pair.old_id);
   const bool is_newly_required = IsOptional(metamodel.changes.Old(), pair.old_id) &&
@@ -165,7 +165,7 @@ void CompareTypesOf(Metamodel& metamodel, const std::string& kind, Pair pair, Di
                     Shortened(details.old_value) + " to " + Shortened(details.new_value);
   // The removal of the old name breaks commands, too.
   if (!change.is_renamed) {
-    details.breaks = metamodel.commands.Text(BrokenByType(metamodel, pair));
+    details.breaks = metamodel.commands.NamesOf(BrokenByType(metamodel, pair));
   }
   const bool has_own_kinds = kind != "result" && change.form != TypeChange::kOther;
   if (!has_own_kinds) {

@@ -60,7 +60,8 @@ std::vector<std::string> Broken(const std::vector<std::string>& old_texts,
       const std::string letter = Letters(change.verdicts).substr(2, 1);
       if (letter == "-") continue;
       std::string line = letter + " " + change.kind->id;
-      if (!change.details.breaks.empty()) line += ": " + change.details.breaks;
+      const std::string& commands = change.details.breaks.text;
+      if (!commands.empty()) line += ": " + commands;
       lines.push_back(line);
     }
   });
@@ -135,6 +136,40 @@ TEST(SameCommand, MakesAnotherFingerprint) {
     }
   }
   EXPECT_EQ(fingerprints.size(), 6U);
+}
+
+TEST(SameCommand, CountsInFingerprintsEvenIfItIsNotShown) {
+  const auto commands = [](const std::string& names, const std::string& filling) {
+    std::vector<std::string> texts;
+    for (const char name : names) {
+      const bool is_filling = filling.find(name) != std::string::npos;
+      const std::vector<OptionText> options{{"x", "x.f", "STRING"}, {"y", "x.g", "STRING"}};
+      texts.push_back(Text(CommandText{
+          "", std::string(1, name), {options.begin(), options.begin() + (is_filling ? 2 : 1)}}));
+    }
+    return CliFile(texts);
+  };
+  const std::string f = Field("f", kText);
+  const std::string required = f + "," + Field("g", kText);
+  for (const auto& [before, after] : std::vector<std::pair<std::string, std::string>>{
+           {TakesSpec(f), MetamodelFile({Structure("c.p.spec", f), "", ""})},
+           {TakesSpec(f), TakesSpec(required)},
+           {Takes(Field("x", kSpec)), Takes(Field("x", kSpec) + "," + Field("y", kText))}}) {
+    std::set<std::uint64_t> fingerprints;
+    std::set<std::string> shown;
+    for (const std::string names : {"abcd", "abce", "abcde"}) {
+      const std::string file = commands(names, "e");
+      LookAtChanges({before, file}, {after, file}, [&](const Result& result) {
+        for (const Change& change : result.changes) {
+          if (change.details.breaks.text.empty()) continue;
+          fingerprints.insert(change.fingerprint);
+          shown.insert(change.details.breaks.text);
+        }
+      });
+    }
+    EXPECT_THAT(shown, ElementsAre("the commands 'a', 'b' and others")) << after;
+    EXPECT_EQ(fingerprints.size(), after.find("\"g\"") == std::string::npos ? 3U : 2U) << after;
+  }
 }
 
 TEST(SameCommand, BreaksWithoutAParameterThatItFills) {
@@ -263,11 +298,11 @@ TEST(SameCommand, BreaksWithoutWhatItShows) {
               ElementsAre("B structure-removed: the command 'acme.go'"));
   EXPECT_THAT(Broken({file(spec + "," + other, kSpec), command},
                      {file(spec + "," + other, Named("Structure", "c.p.other")), command}),
-              ElementsAre("B result-type-changed: the command 'acme.go'"));
+              ElementsAre("D result-type-changed", "B output-became-unreachable"));
   EXPECT_THAT(Broken({file(spec, kSpec), command}, {file(spec, Of("LIST", kSpec)), command}),
               ElementsAre("D result-type-changed"));
   EXPECT_THAT(Broken({file(spec, kText), command}, {file(spec, kSpec), command}),
-              ElementsAre("D result-type-changed"));
+              ElementsAre("D result-type-changed", "D output-became-reachable"));
   EXPECT_THAT(Broken({file(spec, kSpec), command}, {file(spec, Builtin("VOID")), command}),
               ElementsAre("B result-became-void: the command 'acme.go'"));
   EXPECT_THAT(

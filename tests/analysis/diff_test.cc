@@ -96,7 +96,8 @@ TEST(ChangeKinds, FewHaveExamplesWithAnotherChange) {
     if (kind->example.also != nullptr) ids.insert(kind->id);
   }
   // Only annotations name resources, and what has the annotation has changed, too.
-  EXPECT_EQ(ids, (std::set<std::string_view>{"resource-added", "resource-removed"}));
+  EXPECT_EQ(ids, (std::set<std::string_view>{"output-became-reachable", "output-became-unreachable",
+                                             "resource-added", "resource-removed"}));
 }
 
 TEST(ChangeKinds, ExamplesHaveDomainsInCommon) {
