@@ -60,9 +60,12 @@ void RemoveField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& 
   CommandReach::Commands broken = metamodel.commands.UsingGone(pair);
   broken.Add(readers.broken);
   details.breaks = metamodel.commands.NamesOf(broken);
-  if (IsPositional(metamodel) && !IsLast(all, pair)) {
-    details.assumption = "parameters: positional";
-    details.others_broken = SetOf(Audience::kWire) | SetOf(Audience::kSource);
+  if (!IsLast(all, pair)) {
+    details.others_broken = SetOf(Audience::kSource);
+    if (IsPositional(metamodel)) {
+      details.assumption = "parameters: positional";
+      details.others_broken |= SetOf(Audience::kWire);
+    }
   }
   metamodel.AddWhole("field", pair, std::move(details));
 }

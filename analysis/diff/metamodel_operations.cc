@@ -44,10 +44,10 @@ void AddParameter(Metamodel& metamodel, Pair operation, const std::vector<Pair>&
     }
     return metamodel.Add(id, pair, std::move(details));
   }
+  // Code passes those after it by their positions.
+  if (!IsLast(all, pair)) details.others_broken = SetOf(Audience::kSource);
   // Everyone passes it, or passes something in its place.
-  if (IsPositional(metamodel)) {
-    details.others_broken = SetOf(Audience::kWire) | SetOf(Audience::kSource);
-  }
+  if (IsPositional(metamodel)) details.others_broken |= SetOf(Audience::kWire);
   if (is_optional) {
     const bool is_ignored = assumptions.unknown_fields == Assumptions::UnknownFields::kIgnored;
     details.assumption = is_ignored ? "unknown_fields: ignored" : "unknown_fields: refused";

@@ -165,12 +165,18 @@ TEST(Removals, OfWhatWasDeprecatedBreakThoseWhoUseTheRest) {
   Assumptions positional;
   positional.parameters = Assumptions::Parameters::kPositional;
   EXPECT_THAT(Changed({Takes(x + "," + y)}, {Takes(y)}),
-              ElementsAre(StartsWith("DD--c parameter-removed")));
+              ElementsAre(StartsWith("DB--c parameter-removed")));
   EXPECT_THAT(Changed({Takes(x + "," + y)}, {Takes(y)}, positional),
               ElementsAre(StartsWith("BB--c parameter-removed")));
+  EXPECT_THAT(Changed({Takes(y + "," + x)}, {Takes(y)}),
+              ElementsAre(StartsWith("DD--c parameter-removed")));
+  EXPECT_THAT(Changed({Takes(y + "," + x)}, {Takes(y)}, positional),
+              ElementsAre(StartsWith("BD--c parameter-removed")));
   EXPECT_THAT(Changed({Spec(x + "," + y, kSent)}, {Spec(y, kSent)}),
-              ElementsAre("DD--c field-removed field:x: the deprecated field 'c.p.spec.x' was "
+              ElementsAre("DB--c field-removed field:x: the deprecated field 'c.p.spec.x' was "
                           "removed"));
+  EXPECT_THAT(Changed({Spec(y + "," + x, kSent)}, {Spec(y, kSent)}),
+              ElementsAre(StartsWith("DD--c field-removed")));
   EXPECT_THAT(Changed({Spec(x + "," + y, kSent)}, {Spec(y, kSent)}, positional),
               ElementsAre(StartsWith("BB--c field-removed field:x: the field 'c.p.spec.x'")));
   EXPECT_THAT(Changed({Spec(y + "," + x, kSent)}, {Spec(y, kSent)}, positional),
