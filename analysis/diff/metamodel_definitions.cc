@@ -203,6 +203,7 @@ void AddValue(Metamodel& metamodel, const Values& values, Pair pair, Direction d
   details.direction = direction;
   details.assumption = AssumedOfValues(metamodel, may_move);
   if (!is_last) details.identity = metamodel.models.Of(pair)[next].name;
+  if (is_replaced) details.identity += " is replaced";
   if (pair.IsRemoved()) {
     const Class wire = moves_others || IsSent(direction) ? kB : kC;
     details.verdicts = WithWire("enumeration-value-removed", direction, wire);

@@ -266,6 +266,8 @@ TEST(Changes, HaveFingerprintsOfWhatChanged) {
            {"parameter-added-required", takes(""), takes(a), takes(Field("a", Builtin("LONG")))},
            {"enumeration-value-inserted", values({"A", "B"}), values({"X", "A", "B"}),
             values({"A", "X", "B"})},
+           {"enumeration-value-removed", values({"A", "B", "C"}), values({"A", "X", "C"}),
+            values({"A", "C", "X"})},
            {"option-order-changed", command({x, y, z}), command({y, x, z}), command({z, x, y})},
            {"option-added-required", command({}), command({x}), command({{"x", "y"}})},
            {"output-field-order-changed", shows({"a", "b", "c"}), shows({"b", "a", "c"}),
