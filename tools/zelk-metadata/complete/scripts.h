@@ -5,11 +5,11 @@
 
 namespace Zelk::Tool::Complete {
 
-/// The shells that there is a script for.
+/// The shells that have a script.
 std::vector<std::string> CompletedShells();
 
-/// What the shell reads to complete the words of this program. The script knows none of them: it
-/// asks the program. Empty for a shell that there is no script for.
+/// What the shell reads to complete the words of this program. The script has no words of its own: it
+/// asks the program. Empty for a shell without a script.
 std::string CompletionScript(const std::string& shell);
 
 }  // namespace Zelk::Tool::Complete

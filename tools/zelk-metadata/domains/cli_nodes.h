@@ -30,7 +30,7 @@ Outline OutlineOf(const CliNodes& nodes);
 std::vector<std::pair<std::string, std::string>> CommandsCalling(const CliNodes& nodes,
                                                                  const Subject& subject);
 
-/// The help for a command or, if there is none of that name, for a namespace.
+/// The help for the command of that name, or else for the namespace.
 Outcome<UsagePage> UsageOf(const CliNodes& nodes, const Names& words);
 
 }  // namespace Zelk::Tool

@@ -36,7 +36,7 @@ class AcceptedWriter {
 };
 
 /// The lists to read if one is written, too: a list that will be replaced is read as well. Its
-/// reasons are kept then, and a file that is no such list is refused.
+/// reasons are kept then, and any other file is refused.
 std::vector<std::string> WithReplaced(std::vector<std::string> lists, const std::string& written);
 
 }  // namespace Zelk::Tool

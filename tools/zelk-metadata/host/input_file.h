@@ -39,7 +39,7 @@ class InputFile {
   std::FILE* file_;
 };
 
-/// Either a copy, or null and the reason why there is none.
+/// A copy, or null and why it could not be made.
 struct CopiedInput {
   std::shared_ptr<const InputFile> file;
   std::string failure;

@@ -8,8 +8,8 @@
 
 namespace Zelk::Tool {
 
-/// The settings of a project: a JSON object in a file. Whoever needs a setting reads its key; keys
-/// that nobody knows are not an error.
+/// The settings of a project: a JSON object in a file. Whoever needs a setting reads its key;
+/// unknown keys are not an error.
 struct ProjectFile {
   std::string path;
 

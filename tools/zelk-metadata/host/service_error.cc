@@ -29,7 +29,7 @@ Message MessageFrom(const Data::CompoundValue& value) {
   return message;
 }
 
-/// The size of the placeholder at `at`, 0 if there is none; `number` is the one it names.
+/// The size of the placeholder at `at`, or 0; `number` is the one it names.
 std::size_t PlaceholderAt(const std::string& text, std::size_t at, std::size_t& number) {
   if (text[at] != '%') return 0;
   const char* const first = text.data() + at + 1;
