@@ -29,7 +29,7 @@ struct Effect {
 
 /// Why such a list concerns no caller.
 inline constexpr char kConcernsNoCaller[] =
-    "concerns no caller, since only one version of the Metamodel files has what the list is for";
+    "concerns no caller: what the list is for is in one version of the Metamodel files only";
 
 /// Who may call what is in both versions.
 class Access {

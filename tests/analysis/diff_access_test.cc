@@ -190,8 +190,7 @@ TEST(ListOfSomethingNew, ConcernsNoCaller) {
   const std::string listed = Component(Operations(R"(["a"])"));
   const std::string emptied = Component(Operations("[]"));
   const std::string because =
-      " (concerns no caller, since only one version of the Metamodel files has what the list is "
-      "for)";
+      " (concerns no caller: what the list is for is in one version of the Metamodel files only)";
   EXPECT_THAT(OfLists({small, unlisted}, {large, listed}),
               ElementsAre("----c authentication-list-added" + because));
   EXPECT_THAT(OfLists({large, listed}, {small, unlisted}),
