@@ -193,17 +193,41 @@ const PrintedWhole& CommandReach::Printed() {
   return *printed_;
 }
 
-CommandReach::Commands CommandReach::PrintingOther(ElementId old_result, ElementId new_result) {
-  Commands commands;
-  const ElementId before = old_.GetDefinitions().ContentOf(old_result).definition;
-  const ElementId after = new_.GetDefinitions().ContentOf(new_result).definition;
-  if (before == kNoElement) return commands;
-  const Model& metamodel = metamodels_.old_model;
-  if (after != kNoElement && metamodels_.new_model[after].name == metamodel[before].name) {
-    return commands;
+std::vector<ElementId> CommandReach::NoLongerNamed(Pair part) const {
+  std::unordered_set<std::string_view> still;
+  for (const Reference& each : new_.GetReferences().From({Domain::kMetamodel, part.new_id})) {
+    still.insert(each.name);
   }
-  for (const ElementId command : StillNaming(metamodel[old_result].owner)) {
-    if (Printed().Has(before, command)) commands.Add(command);
+  std::vector<ElementId> gone;
+  for (const Reference& each : old_.GetReferences().From({Domain::kMetamodel, part.old_id})) {
+    const ElementId id = each.target.element;
+    if (id != kNoElement && still.count(each.name) == 0) gone.push_back(id);
+  }
+  return gone;
+}
+
+std::vector<ElementId> CommandReach::Showing(ElementId old_part) {
+  const Element& part = metamodels_.old_model[old_part];
+  if (part.kind == ElementKind::kResult) return StillNaming(part.owner);
+  std::vector<ElementId> commands;
+  for (const ElementId id : StillNaming(old_part)) {
+    if (models_.old_model[id].kind == ElementKind::kOutputField) commands.push_back(CommandOf(id));
+  }
+  Printed().ForEachCommand(part.owner, [&](ElementId command) {
+    if (NewOf(command) != kNoElement) commands.push_back(command);
+  });
+  return commands;
+}
+
+CommandReach::Commands CommandReach::PrintingOther(Pair part) {
+  Commands commands;
+  const std::vector<ElementId> gone = NoLongerNamed(part);
+  if (gone.empty()) return commands;
+  for (const ElementId command : Showing(part.old_id)) {
+    const bool is_printed = std::any_of(gone.begin(), gone.end(), [&](ElementId structure) {
+      return Printed().Has(structure, command);
+    });
+    if (is_printed) commands.Add(command);
   }
   return commands;
 }

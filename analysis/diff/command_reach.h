@@ -80,9 +80,9 @@ class CommandReach {
   /// Those that name the element of the old version: they call it, or an option or an output does.
   Commands Naming(ElementId old_id);
 
-  /// Those that print all fields of the structure that the operation returned, if it now returns
-  /// another one.
-  Commands PrintingOther(ElementId old_result, ElementId new_result);
+  /// Those that print a whole structure or an enumeration in the result or the field, if its type
+  /// does not name it any more.
+  Commands PrintingOther(Pair part);
 
   /// Those that print all fields of a structure, and what a change of the fields means for them.
   struct Readers {
@@ -126,6 +126,10 @@ class CommandReach {
   /// Commands, options and outputs that name the element of the old version in both versions.
   const std::vector<ElementId>& StillNaming(ElementId old_id);
   bool IsMisfit(ElementId option);
+  /// The definitions that the type of the old version names and that of the new version does not.
+  std::vector<ElementId> NoLongerNamed(Pair part) const;
+  /// The commands that print the result or the field of the old version.
+  std::vector<ElementId> Showing(ElementId old_part);
   void ReadBuilders(Pair structure);
   /// The command in the old version, if both have it and call the same operation with it.
   ElementId OldOf(ElementId new_command);

@@ -117,13 +117,14 @@ void CompareAnnotation(Metamodel& metamodel, Pair pair, Pair annotation) {
   metamodel.Add("annotation-" + action, annotation, std::move(details));
 }
 
-/// The commands that the change of the type of a parameter, a field or a result breaks.
-CommandReach::Commands BrokenByType(Metamodel& metamodel, Pair pair) {
+/// The commands that the change of the type of a parameter, a field or a result breaks. `output` is
+/// what it means to callers that receive it.
+CommandReach::Commands BrokenByType(Metamodel& metamodel, Pair pair, Class output) {
   const Element& element = metamodel.models.old_model[pair.old_id];
-  if (element.kind == ElementKind::kResult) {
-    return metamodel.commands.PrintingOther(pair.old_id, pair.new_id);
-  }
-  CommandReach::Commands commands = metamodel.commands.Misfitting(pair.old_id);
+  CommandReach::Commands commands;
+  if (output == kB) commands.Add(metamodel.commands.PrintingOther(pair));
+  if (element.kind == ElementKind::kResult) return commands;
+  commands.Add(metamodel.commands.Misfitting(pair.old_id));
   const bool is_newly_required = IsOptional(metamodel.changes.Old(), pair.old_id) &&
                                  !IsOptional(metamodel.changes.New(), pair.new_id);
   if (is_newly_required) {
@@ -165,7 +166,7 @@ void CompareTypesOf(Metamodel& metamodel, const std::string& kind, Pair pair, Di
                     Shortened(details.old_value) + " to " + Shortened(details.new_value);
   // The removal of the old name breaks commands, too.
   if (!change.is_renamed) {
-    details.breaks = metamodel.commands.NamesOf(BrokenByType(metamodel, pair));
+    details.breaks = metamodel.commands.NamesOf(BrokenByType(metamodel, pair, change.output));
   }
   const bool has_own_kinds = kind != "result" && change.form != TypeChange::kOther;
   if (!has_own_kinds) {

@@ -28,8 +28,9 @@ const std::string kState = Named("Structure", "c.p.state");
 const std::string kPart = Named("Structure", "c.p.part");
 
 /// The operation "start" of this result.
-std::string Returns(const std::string& result, const std::string& structures) {
-  return MetamodelFile({structures, "", Operation("start", "", result)});
+std::string Returns(const std::string& result, const std::string& structures,
+                    const std::string& enumerations = "") {
+  return MetamodelFile({structures, enumerations, Operation("start", "", result)});
 }
 
 /// It returns a structure of these fields.
@@ -146,6 +147,51 @@ TEST(PrintedFields, AreOthersIfTheResultIs) {
               ElementsAre("D result-type-changed"));
   EXPECT_THAT(Noticed(file(kState), file(kText), Prints("csv", {Lists("c.p.part", {"z"})})),
               ElementsAre("B result-type-changed; this breaks the command 'go'"));
+}
+
+TEST(PrintedFields, AreOthersIfTheTypeOfAFieldIs) {
+  const std::string other = Named("Structure", "c.p.other");
+  const auto file = [](const std::string& type) {
+    return Returns(kState,
+                   Structure("c.p.state", Field("k", kText) + "," + Field("part", type)) + "," +
+                       Structure("c.p.part", kX + "," + kZ) + "," + Structure("c.p.other", kX) +
+                       "," + Structure("c.p.unused", Field("part", type)),
+                   Enumeration("c.p.mode"));
+  };
+  const std::string before = file(Of("LIST", kPart));
+  const std::string breaks = "B field-type-changed; this breaks the command 'go'";
+  for (const std::vector<std::string>& outputs :
+       {std::vector<std::string>{}, {Lists("c.p.state", {"part"})}}) {
+    const std::string command = Prints("table", outputs);
+    EXPECT_THAT(Noticed(before, file(Of("LIST", other)), command),
+                UnorderedElementsAre(breaks, "D field-type-changed"));
+    EXPECT_THAT(Noticed(before, file(kPart), command),
+                ElementsAre("D field-type-changed", "D field-type-changed"));
+  }
+  EXPECT_THAT(Noticed(before, file(other), Prints("table", {Lists("c.p.state", {"k"})})),
+              ElementsAre("D field-type-changed", "D field-type-changed"));
+  EXPECT_THAT(Noticed(file(MapOf(kPart, kText)), file(MapOf(other, kText)), Prints("csv")),
+              UnorderedElementsAre(breaks, "D field-type-changed"));
+  // The names of the values are texts as well.
+  const std::string mode = Named("Enumeration", "c.p.mode");
+  EXPECT_THAT(Noticed(file(mode), file(kText), Prints("csv")),
+              ElementsAre("D field-type-changed", "D field-type-changed"));
+  EXPECT_THAT(Noticed(file(mode), file(Builtin("LONG")), Prints("csv")),
+              UnorderedElementsAre(breaks, "D field-type-changed"));
+}
+
+TEST(PrintedFields, AreOthersIfTheKeysOrValuesOfTheResultAre) {
+  const auto file = [](const std::string& key, const std::string& value) {
+    return Returns(MapOf(key, value),
+                   Structure("c.p.state", kX + "," + kZ) + "," + Structure("c.p.part", kZ));
+  };
+  const std::string breaks = "B result-type-changed; this breaks the command 'go'";
+  EXPECT_THAT(Noticed(file(kText, kState), file(kText, kPart), Prints("table")),
+              ElementsAre(breaks));
+  EXPECT_THAT(Noticed(file(kState, kText), file(kPart, kText), Prints("table")),
+              ElementsAre(breaks));
+  EXPECT_THAT(Noticed(file(kText, kState), file(Builtin("ID"), kState), Prints("table")),
+              ElementsAre("D result-type-changed"));
 }
 
 TEST(PrintedFields, AreLookedForOnlyForSomeTime) {
