@@ -1,11 +1,10 @@
 #include "analysis/diff/command_reach.h"
 
 #include <algorithm>
-#include <tuple>
+#include <utility>
 
 #include "analysis/call.h"
 #include "analysis/diff/cli_comparers.h"
-#include "analysis/diff/mixed.h"
 #include "analysis/fingerprint.h"
 #include "analysis/options.h"
 #include "analysis/place.h"
@@ -17,47 +16,7 @@ bool IsAnswered(const Element& element) {
   return element.fate == Fate::kFound;
 }
 
-/// Whether all command lines have the option. A generic that is not known may require it.
-bool IsAlwaysGiven(const Model& cli, ElementId option) {
-  const Takes* const takes = TakesOf(TextOf(cli, option, "generic"));
-  return takes == nullptr || !takes->may_be_absent;
-}
-
-auto KeyOf(const FieldFill& fill) {
-  return std::tie(fill.structure, fill.field, fill.instance);
-}
-
-/// Those of the commands that are answered, by structures.
-std::vector<FieldFill> FillsOf(const Workspace& version) {
-  const Model& cli = version.ModelOf(Domain::kCli);
-  const Model& metamodel = version.ModelOf(Domain::kMetamodel);
-  std::vector<FieldFill> fills;
-  ElementId option = kNoElement;
-  FieldFill fill{};
-  for (const Reference& reference : version.GetReferences().All()) {
-    if (reference.kind != ReferenceKind::kField) continue;
-    if (reference.from.element != option) {
-      option = reference.from.element;
-      fill.command = cli[option].owner;
-      fill.is_always = IsAlwaysGiven(cli, option);
-      const Element& command = cli[fill.command];
-      fill.instance = Mixed(Mixed(0, command.path), command.name);
-    }
-    fill.field = reference.target.element;
-    if (fill.field == kNoElement || !IsAnswered(cli[fill.command])) continue;
-    if (metamodel[fill.field].kind == ElementKind::kField) {
-      fill.structure = metamodel[fill.field].owner;
-      fills.push_back(fill);
-    }
-    fill.instance = Mixed(fill.instance, reference.name);
-  }
-  std::sort(fills.begin(), fills.end(), [](const FieldFill& left, const FieldFill& right) {
-    return std::tuple(KeyOf(left), !left.is_always) < std::tuple(KeyOf(right), !right.is_always);
-  });
-  return fills;
-}
-
-/// Calls `look` with those of the structure.
+/// Calls `look` with the fills of the structure.
 template <typename Look>
 void ForEachFill(const std::vector<FieldFill>& fills, ElementId structure, const Look& look) {
   const auto is_before = [](const FieldFill& fill, ElementId wanted) {
@@ -252,7 +211,10 @@ const CommandReach::Readers& CommandReach::ReadersOf(ElementId old_structure,
 
 bool CommandReach::IsMisfit(ElementId option) {
   const auto [known, is_new] = misfits_.try_emplace(option, false);
-  if (is_new) known->second = CanFill(old_, option) && !CanFill(new_, NewOf(option));
+  if (!is_new) return known->second;
+  ReadFills();
+  known->second =
+      lacking_.count(option) != 0 || (CanFill(old_, option) && !CanFill(new_, NewOf(option)));
   return known->second;
 }
 
@@ -302,12 +264,16 @@ CommandReach::Commands CommandReach::WithoutParameter(ElementId operation, Eleme
   return commands;
 }
 
+void CommandReach::ReadFills() {
+  if (has_fills_) return;
+  has_fills_ = true;
+  old_fills_ = FillsOf(old_);
+  new_fills_ = FillsOf(new_);
+  lacking_ = OptionsThatLackFields({old_, old_fills_}, {new_, new_fills_});
+}
+
 void CommandReach::ReadBuilders(Pair structure) {
-  if (!has_fills_) {
-    has_fills_ = true;
-    old_fills_ = FillsOf(old_);
-    new_fills_ = FillsOf(new_);
-  }
+  ReadFills();
   if (built_ == structure.old_id) return;
   built_ = structure.old_id;
   std::unordered_set<std::uint64_t> still;

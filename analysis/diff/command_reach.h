@@ -11,23 +11,13 @@
 #include <vector>
 
 #include "analysis/diff/change.h"
+#include "analysis/diff/fills.h"
 #include "analysis/diff/pairs.h"
 #include "analysis/diff/printed.h"
 #include "analysis/diff/reading.h"
 #include "analysis/workspace.h"
 
 namespace Zelk::Analysis::Diff {
-
-/// An option fills a field of a structure.
-struct FieldFill {
-  ElementId structure;
-  ElementId field;
-  /// Stands for the command and for the place in what it sends. The same in both versions.
-  std::uint64_t instance;
-  ElementId command;
-  /// Whether all command lines have the option.
-  bool is_always;
-};
 
 /// Commands that both versions have and that call the same operation: which of them a change of
 /// Metamodel breaks though they are the same. What changed in a command itself is reported there.
@@ -96,7 +86,8 @@ class CommandReach {
   /// of them are broken.
   const Readers& ReadersOf(ElementId old_structure, Class Reading::*meaning);
 
-  /// Those with an option that could fill the parameter or field, or a field in it, and cannot now.
+  /// Those with an option that could fill the parameter or field, or a field in it, and cannot now,
+  /// or that now lack a required field of another structure.
   Commands Misfitting(ElementId old_part);
 
   /// Those that may call the operation without a parameter or a field of the new version that it
@@ -126,6 +117,7 @@ class CommandReach {
   /// Commands, options and outputs that name the element of the old version in both versions.
   const std::vector<ElementId>& StillNaming(ElementId old_id);
   bool IsMisfit(ElementId option);
+  void ReadFills();
   /// The definitions that the type of the old version names and that of the new version does not.
   std::vector<ElementId> NoLongerNamed(Pair part) const;
   /// The commands that print the result or the field of the old version.
@@ -166,6 +158,8 @@ class CommandReach {
   bool has_fills_ = false;
   std::vector<FieldFill> old_fills_;
   std::vector<FieldFill> new_fills_;
+  /// OptionsThatLackFields() in the new version.
+  std::unordered_set<ElementId> lacking_;
 };
 
 }  // namespace Zelk::Analysis::Diff

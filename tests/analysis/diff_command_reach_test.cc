@@ -270,6 +270,55 @@ TEST(SameCommand, BreaksIfItDoesNotFillARequiredFieldOfAStructureThatItSends) {
               ElementsAre("c field-added-required"));
 }
 
+TEST(SameCommand, BreaksIfItDoesNotFillARequiredFieldOfAnotherStructure) {
+  const std::string x = Field("x", kText);
+  const std::string z = Field("z", kText);
+  const OptionText has_x{"x", "q.x", "STRING"};
+  const OptionText may_have_x{"x", "q.x", "STRING", "optional"};
+  const OptionText has_z{"z", "q.z", "STRING"};
+  const OptionText may_have_z{"z", "q.z", "STRING", "optional"};
+  const std::string broken = "B parameter-type-changed: the command 'acme.go'";
+  const std::string safe = "D parameter-type-changed";
+
+  struct Row {
+    std::string old_fields;
+    std::string new_fields;
+    std::vector<OptionText> options;
+    std::string expected;
+  };
+
+  for (const Row& row : std::vector<Row>{
+           {x, x + "," + z, {has_x}, broken},
+           {x, x + "," + z, {may_have_x}, broken},
+           {x, x + "," + Field("z", Optional(kText)), {has_x}, safe},
+           {x + "," + Field("z", Optional(kText)), x + "," + z, {has_x, has_z}, safe},
+           {x + "," + Field("z", Optional(kText)), x + "," + z, {has_x, may_have_z}, broken},
+           {x + "," + Field("y", kText), x + "," + z, {may_have_x}, safe}}) {
+    const auto file = [&](const std::string& structure) {
+      return MetamodelFile(
+          {Structure("c.p.old", row.old_fields) + "," + Structure("c.p.new", row.new_fields), "",
+           Operation("start", Field("q", Named("Structure", structure)))});
+    };
+    EXPECT_THAT(
+        Broken({file("c.p.old"), Command(row.options)}, {file("c.p.new"), Command(row.options)}),
+        ElementsAre(row.expected))
+        << row.old_fields << '\n'
+        << row.new_fields;
+  }
+}
+
+TEST(SameCommand, BreaksIfItDoesNotFillARequiredFieldOfAnotherInnerStructure) {
+  const auto file = [](const std::string& inner) {
+    return MetamodelFile({Structure("c.p.old", Field("x", kText)) + "," +
+                              Structure("c.p.new", Field("x", kText) + "," + Field("z", kText)) +
+                              "," + Structure("c.p.spec", Field("i", Named("Structure", inner))),
+                          "", Operation("start", Field("q", kSpec))});
+  };
+  const std::string command = Command({{"x", "q.i.x", "STRING"}});
+  EXPECT_THAT(Broken({file("c.p.old"), command}, {file("c.p.new"), command}),
+              ElementsAre("B field-type-changed: the command 'acme.go'"));
+}
+
 TEST(SameCommand, BreaksIfOneOfSeveralStructuresIsNotFilled) {
   const auto file = [](const std::string& fields) {
     return MetamodelFile({Structure("c.p.spec", fields), "",
