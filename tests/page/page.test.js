@@ -36,6 +36,7 @@ const KINDS = {
   package: '#/package/com.orvane.zelk.metadata.metamodel',
   service: `#/service/${SOURCE}`,
   operation: `#/operation/${SOURCE}/delete`,
+  part: `#/operation/${SOURCE}/create?parameter=spec`,
   structure: '#/structure/com.orvane.zelk.metadata.metamodel.field_info',
   enumeration: '#/enumeration/com.orvane.zelk.metadata.source_type',
   authentication: '#/authentication/com.orvane.zelk.metadata',
