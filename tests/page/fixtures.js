@@ -35,11 +35,11 @@ function structure(name, fields) {
   };
 }
 
-/** Two sources that describe the same package, and one that does not load. */
+/** Two sources that describe the same package, and one that has problems in each of its packages. */
 export function shadowedSources() {
   const fields = Array.from({ length: COPIES }, (_, i) => ({
     name: `f${i}`,
-    documentation: '',
+    documentation: 'Many words. '.repeat(90),
     metadata: {},
     type: text,
   }));
@@ -54,7 +54,7 @@ export function shadowedSources() {
   return [
     writeSource('first.json', component('a', [content([structure('a.b.many', fields)])])),
     writeSource('second.json', component('a', [content([])])),
-    writeSource('broken.json', '{"metamodel": {}}'),
+    writeSource('broken.json', component('b', fields)),
   ];
 }
 

@@ -569,6 +569,42 @@ function testIn(name) {
       assert.equal(await rows(), 201);
       await tab.click('main tbody button');
       assert.equal(await rows(), COPIES);
+      assert.equal(await focused(), 'TR');
+      await follow(tab, '#/structure/a.b.many?field=f260');
+      assert.equal(await text('.chosen th'), 'f260');
+      assert.equal(await text('main tbody button'), 'Show the 200 before');
+      await tab.click('main tbody button');
+      assert.equal(await rows(), COPIES);
+      assert.equal(await text(':focus th'), 'f0');
+      await follow(tab, '#/structure/a.b.many?field=none');
+      assert.equal(await rows(), 201);
+    });
+
+    test('all listed problems of a file that does not load are shown', async () => {
+      await load(tab, shadowed);
+      const problems = await texts('.note:last-child p');
+      assert.ok(problems.length > 50);
+      assert.match(problems.at(-1), /broken\.json: \d+ more mistakes are not listed\.$/);
+    });
+
+    test('a part of a page is in view until the reader scrolls', async () => {
+      const place = () =>
+        tab.$eval('.chosen', (row) => row.getBoundingClientRect().top / innerHeight);
+      for (const part of ['f150', 'f260']) {
+        await load(tab, `${shadowed}#/structure/a.b.many?field=${part}`);
+        const at = await place();
+        assert.ok(at > 0 && at < 1, `${part} is at ${at}`);
+      }
+      const { identifier } = await tab.evaluateOnNewDocument(() =>
+        new MutationObserver((changes, observer) => {
+          if (!document.querySelector('.chosen')) return;
+          observer.disconnect();
+          scrollTo(0, 0);
+        }).observe(document, { childList: true, subtree: true }),
+      );
+      await load(tab, `${shadowed}#/structure/a.b.many?field=f150`);
+      await tab.removeScriptToEvaluateOnNewDocument(identifier);
+      assert.ok((await place()) > 1);
     });
 
     test('hostile texts are shown and run nothing', async () => {

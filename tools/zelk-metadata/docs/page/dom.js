@@ -11,7 +11,7 @@ const UNSEEN =
 const LONG = 4000;
 
 /** How many rows longer lists show at once. */
-export const STEP = 200;
+const STEP = 200;
 
 /**
  * An element: "tag.class.class", then children, arrays of them, and objects with attributes. Event
@@ -94,21 +94,35 @@ export function counted(count, what) {
 }
 
 /**
- * Appends what `make(item)` returns to the parent, in steps: those after the first ones on demand.
- * `wrap(rest)` returns what the number of the others, which is also printed, and a button are in.
+ * Appends what `make(item)` returns to the parent, in steps: the one with the item at that position
+ * or the first one, and the others on demand. `wrap(rest)` returns what the number of the others,
+ * which is also printed, and a button are in.
  */
-export function inSteps(parent, items, make, wrap = (rest) => h('li', rest), first = 0) {
+export function inSteps(parent, items, make, wrap = (rest) => h('li', rest), at = 0) {
+  const begin = at - (at % STEP);
+  let end = begin;
+  const focusOn = (node) => {
+    node.tabIndex = -1;
+    (node.querySelector('a') ?? node).focus();
+  };
+  const showBefore = () => {
+    const nodes = items.slice(0, begin).map(make);
+    before.replaceWith(...nodes);
+    focusOn(nodes[0]);
+  };
+  const before = wrap(action(`Show the ${number(begin)} before`, showBefore));
   const count = h('span');
-  const row = wrap([count, action('Show more', () => show().querySelector('a')?.focus())]);
+  const row = wrap([count, action('Show more', () => focusOn(show()))]);
   const show = () => {
-    const nodes = items.slice(first, first + STEP).map(make);
-    first += STEP;
+    const nodes = items.slice(end, end + STEP).map(make);
+    end += STEP;
     row.remove();
     parent.append(...nodes);
-    count.textContent = `${number(items.length - first)} more `;
-    if (first < items.length) parent.append(row);
+    count.textContent = `${number(items.length - end)} more `;
+    if (end < items.length) parent.append(row);
     return nodes[0];
   };
+  if (begin > 0) parent.append(before);
   show();
   return parent;
 }

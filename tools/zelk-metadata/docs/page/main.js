@@ -17,6 +17,9 @@ const pages = new Map();
 const MOST_PAGES = 30;
 let page = null;
 
+/** Where the page is scrolled to for a part of it, or null. */
+let landed = null;
+
 /** The JSON of a compressed block, which is taken out of the document. */
 async function unpacked(id) {
   const block = byId(id);
@@ -80,8 +83,10 @@ function show(isNext) {
 
 function goTo(part, isNext) {
   part?.classList.add('chosen');
-  if (part && !page.scrolled) part.scrollIntoView({ block: 'center' });
+  const isFirst = part && !page.scrolled;
+  if (isFirst) part.scrollIntoView({ block: 'center' });
   else if (isNext) scrollTo(0, page.scrolled);
+  landed = isFirst ? scrollY : null;
   if (part || isNext) (part || main.querySelector('h1')).focus({ preventScroll: true });
 }
 
@@ -116,7 +121,10 @@ show(false);
 
 await idle();
 model.texts = await readBlock('documentation');
+const isAtPart = scrollY === landed;
 model.waiting.forEach((fill) => fill());
+// Long documentation moves the part, unless the reader has gone on.
+if (isAtPart) main.querySelector('.chosen').scrollIntoView({ block: 'center' });
 await idle();
 nameIndex();
 document.documentElement.dataset.state = 'ready';

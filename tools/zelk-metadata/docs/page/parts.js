@@ -2,7 +2,7 @@
 
 import { action, counted, h, inSteps, longText, name, number, quiet, shown } from './dom.js';
 import { model } from './model.js';
-import { href, pageOf, partId, path } from './routes.js';
+import { href, pageOf, parseAddress, partId, path } from './routes.js';
 import { typePieces } from './types.js';
 
 export function kindText(id) {
@@ -200,7 +200,7 @@ export function tally(items) {
 
 /**
  * A table with rows in steps, or false without rows. `columns` has what is in each, by its heading;
- * `idOf(item)` returns what a row is called in addresses.
+ * `idOf(item)` returns what a row is called in addresses. The row of the current address is shown.
  */
 export function table(heading, items, columns, idOf = () => false) {
   const [first, ...others] = Object.values(columns);
@@ -213,6 +213,8 @@ export function table(heading, items, columns, idOf = () => false) {
     );
   const heads = Object.keys(columns).map((column) => h('th', { scope: 'col' }, column));
   const wrap = (rest) => h('tr', h('td', { colspan: heads.length }, rest));
+  const { part } = parseAddress(location.hash);
+  const at = part ? items.findIndex((item) => idOf(item) === part) : 0;
   return (
     items.length > 0 &&
     section(
@@ -221,7 +223,7 @@ export function table(heading, items, columns, idOf = () => false) {
         'table',
         h('caption.sr', heading),
         h('thead', h('tr', heads)),
-        inSteps(h('tbody'), items, row, wrap),
+        inSteps(h('tbody'), items, row, wrap, at),
       ),
     )
   );

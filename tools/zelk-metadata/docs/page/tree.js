@@ -1,6 +1,6 @@
 // The lists at the side. Only what is open is in the document, in steps of a few hundred rows.
 
-import { action, h, inSteps, name, STEP } from './dom.js';
+import { h, inSteps, name } from './dom.js';
 import { model } from './model.js';
 import { glyph, kindText } from './parts.js';
 import { href, namedPages } from './routes.js';
@@ -105,11 +105,7 @@ export class Tree {
     const at = rows.findIndex(
       ({ address }) => address === this.current || this.around.has(address),
     );
-    const first = Math.max(0, at - (at % STEP));
-    const item = (row) => this.item(row);
-    const showAll = () => before.replaceWith(...rows.slice(0, first).map(item));
-    const before = h('li', action(`Show the ${first} before`, showAll));
-    return inSteps(h('ul', first > 0 && before), rows, item, undefined, first);
+    return inSteps(h('ul'), rows, (row) => this.item(row), undefined, at);
   }
 
   item(row) {

@@ -37,17 +37,19 @@ export function viewHome() {
       packages(id),
       h('p.quiet', documentedShare(id)),
     );
+  const paragraph = (rest) => h('p', rest);
   const failure = ({ file, problems }) =>
     h(
       'div.note',
       h('b', name(file)),
-      problems.slice(0, 20).map((problem) => h('p', name(problem))),
+      problems.map((problem) => h('p', name(problem))),
     );
   return [
     h('h1', { tabindex: '-1' }, name(model.title)),
     counts(),
-    model.failed.length > 0 && section('Files that do not load', model.failed.map(failure)),
-    inSteps(h('div'), model.ofKind('component'), card, (rest) => h('p', rest)),
+    model.failed.length > 0 &&
+      section('Files that do not load', inSteps(h('div'), model.failed, failure, paragraph)),
+    inSteps(h('div'), model.ofKind('component'), card, paragraph),
     table('Authentication', model.ofKind('authentication'), {
       Component: (id) => link(id, model.nameOf(id)),
       Schemes: (id) => schemes(model.children(id, 'scheme')),
