@@ -19,18 +19,22 @@ foreach(module ${MODULES})
   string(APPEND script "${text}")
 endforeach()
 without_comments(script)
-# No text of the page has these: blanks around operators and in braces, and ends of lines.
-string(REGEX REPLACE " (=|=>|===|!==|&&|\\|\\||\\?|\\?\\?|:|<|>|<=|>=|\\+=) " "\\1" script "${script}")
+# No text of the page has these: blanks around operators, after keywords and in braces, semicolons
+# in front of braces, and ends of lines.
+string(REGEX REPLACE " (=|=>|===|!==|&&|\\|\\||\\?|\\?\\?|:|<|>|<=|>=|\\+=|\\+) " "\\1" script "${script}")
 string(REPLACE "{ " "{" script "${script}")
 string(REPLACE " }" "}" script "${script}")
 string(REPLACE ") {" "){" script "${script}")
+string(REGEX REPLACE "\n(if|for|while) \\(" "\n\\1(" script "${script}")
 string(REGEX REPLACE ",\n([])}])" "\\1" script "${script}")
 string(REGEX REPLACE "([({,;])\n" "\\1" script "${script}")
+string(REPLACE ";}" "}" script "${script}")
 file(READ ${page}/page.css style)
 without_comments(style)
 string(REPLACE ": " ":" style "${style}")
 string(REPLACE " {" "{" style "${style}")
 string(REGEX REPLACE "([{,;])\n" "\\1" style "${style}")
+string(REPLACE ";}" "}" style "${style}")
 file(READ ${page}/page.html frame)
 file(WRITE ${OUTPUT}.new "#include \"docs/texts.h\"
 
