@@ -109,7 +109,11 @@ setUpKeys(byId('keys'), {
 });
 byId('help').addEventListener('click', showHelp);
 byId('menu').addEventListener('click', () => openSidebar(!document.body.matches('.with-sidebar')));
-document.addEventListener('keydown', (event) => event.key === 'Escape' && openSidebar(false));
+document.addEventListener('keydown', ({ key }) => {
+  if (key !== 'Escape') return;
+  if (document.querySelector('#sidebar :focus')) byId('menu').focus();
+  openSidebar(false);
+});
 byId('skip').addEventListener('click', (event) => {
   event.preventDefault();
   main.querySelector('h1').focus();

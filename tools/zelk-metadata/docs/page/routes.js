@@ -22,7 +22,7 @@ export function path(...parts) {
  * All elements that an address means, the one that is answered first. The names are positions in
  * `model.strings`.
  */
-function elementsWith(kind, [first, second]) {
+function elementsWith(kind, [first = -1, second]) {
   const outer = OWNERS[kind];
   if (!outer) return model.named(kind, first);
   const isWanted = (id) => model.kindOf(id) === kind && model.name[id] === second;

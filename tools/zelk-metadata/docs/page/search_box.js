@@ -108,6 +108,7 @@ export class SearchBox {
       if (isForNewTab(event)) window.open(address);
       else {
         this.input.blur();
+        if (location.hash === address) dispatchEvent(new Event('hashchange'));
         location.hash = address;
       }
     } else if (event.key === 'Escape') {
