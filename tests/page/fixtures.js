@@ -19,6 +19,48 @@ function service(name) {
   };
 }
 
+function operation(name, params = []) {
+  return {
+    name,
+    documentation: '',
+    metadata: {},
+    params,
+    result: { documentation: '', metadata: {}, type: text },
+    errors: [],
+  };
+}
+
+function packageOf(name, structures, services) {
+  return { name, documentation: '', metadata: {}, enumerations: [], structures, services };
+}
+
+function command(name, serviceId, operationId, fields) {
+  return {
+    type: 'command',
+    path: '',
+    name,
+    description: '',
+    node_metadata: {
+      service_id: serviceId,
+      operation_id: operationId,
+      formatter: 'SIMPLE',
+      options: fields.map((field) => ({
+        long_option: field,
+        short_option: '',
+        field_name: field,
+        description: '',
+        type: 'String',
+        generic: 'NONE',
+      })),
+      output_field_list: [],
+    },
+  };
+}
+
+function schemes(component, definitions, lists) {
+  return { authentication: { component: { name: component, schemes: definitions, ...lists } } };
+}
+
 function component(name, packages) {
   return { metamodel: { component: { name, documentation: '', metadata: {}, packages } } };
 }
@@ -33,6 +75,42 @@ function structure(name, fields) {
     constants: [],
     fields,
   };
+}
+
+/**
+ * Two sources that describe the same package and service, each with something that the other one
+ * has not, and schemes and a command of an operation that is not answered.
+ */
+export function mergedSources() {
+  const source = (file, structures, operations) =>
+    writeSource(
+      file,
+      component('me', [packageOf('me.p', structures, [{ ...service('me.p.svc'), operations }])]),
+    );
+  const definitions = { own: { authenticationScheme: 'x.own', type: 'SESSIONLESS' } };
+  const lists = { packages: {}, operations: { 'me.p.svc.hidden': ['own'] } };
+  return [
+    source('m0.json', [], [operation('run')]),
+    source('m1.json', [structure('me.p.only', [])], [operation('hidden')]),
+    writeSource('m2.json', schemes('me', definitions, lists)),
+    writeSource('m3.json', {
+      cli: [
+        { type: 'namespace', path: '', name: 'some', description: '' },
+        command('call', 'me.p.svc', 'hidden', []),
+      ],
+    }),
+  ];
+}
+
+/** A component with a long name, and types that have little room. */
+export function longSources() {
+  const optional = { category: 'GENERIC', generic_type: 'OPTIONAL', element_type: text };
+  const field = { documentation: 'Many words. '.repeat(90), metadata: {}, type: optional };
+  const fields = [{ ...field, name: 'a_name_of_a_field_that_has_many_words'.repeat(3) }];
+  const name = Array(20).fill('component').join('.');
+  return [
+    writeSource('long.json', component(name, [packageOf('lo', [structure('lo.s', fields)], [])])),
+  ];
 }
 
 /** Two sources that describe the same package, and one that has problems in each of its packages. */
@@ -83,7 +161,7 @@ export function hostileSources() {
     user_defined_type: hostile(),
     user_defined_type_name: name,
   });
-  const operation = () => ({
+  const hostileOperation = () => ({
     ...named(),
     params: [{ ...named(), type: type(hostile()) }],
     result: { ...named(), type: type(hostile()) },
@@ -96,9 +174,11 @@ export function hostileSources() {
     structures: [
       { ...structure(hostile(), [{ ...named(), type: text }]), documentation: hostile() },
     ],
-    services: [{ ...service(hostile()), documentation: hostile(), operations: [operation()] }],
+    services: [
+      { ...service(hostile()), documentation: hostile(), operations: [hostileOperation()] },
+    ],
   }));
-  const schemes = {
+  const definitions = {
     [HOSTILE_TEXTS[0]]: {
       authenticationScheme: hostile(),
       type: 'SESSION_AWARE',
@@ -139,9 +219,10 @@ export function hostileSources() {
   }));
   return [
     writeSource('hostile-metamodel.json', component(HOSTILE_TEXTS[0], packages)),
-    writeSource('hostile-authentication.json', {
-      authentication: { component: { name: HOSTILE_TEXTS[1], schemes, packages: lists } },
-    }),
+    writeSource(
+      'hostile-authentication.json',
+      schemes(HOSTILE_TEXTS[1], definitions, { packages: lists }),
+    ),
     writeSource('hostile-cli.json', { cli: [...namespaces, ...commands] }),
   ];
 }
@@ -155,67 +236,26 @@ export const UNSEEN = [0x200b, 0x200f, 0x061c, 0x00ad, 0xe0041, 0x2028, 0x202e];
  */
 export function oddSources() {
   const names = [' ', `a${String.fromCodePoint(...UNSEEN)}b`, '\u0645\u06cc\u200c\u062e'];
-  const content = {
-    name: 'sh.p',
-    documentation: '',
-    metadata: {},
-    enumerations: [],
-    structures: names.map((name) => structure(name, [])),
-    services: [],
-  };
-  const called = {
-    ...content,
-    name: 'sh.q',
-    structures: [],
-    services: [
-      {
-        ...service('sh.q.svc'),
-        operations: [
-          {
-            name: 'run',
-            documentation: '',
-            metadata: {},
-            params: [{ name: 'spec', documentation: '', metadata: {}, type: text }],
-            result: { documentation: '', metadata: {}, type: text },
-            errors: [],
-          },
-        ],
-      },
-    ],
-  };
-  const command = {
-    type: 'command',
-    path: '',
-    name: 'run',
-    description: '',
-    node_metadata: {
-      service_id: 'sh.q.svc',
-      operation_id: 'run',
-      formatter: 'SIMPLE',
-      options: ['spec.more.q', 'nothing.q'].map((field) => ({
-        long_option: field,
-        short_option: '',
-        field_name: field,
-        description: '',
-        type: 'String',
-        generic: 'NONE',
-      })),
-      output_field_list: [],
-    },
-  };
-  const schemes = (name) => ({
-    authentication: {
-      component: {
-        name: 'sh',
-        schemes: { a: { authenticationScheme: name, type: 'SESSIONLESS' } },
-        packages: { 'sh.p': ['a'] },
-      },
-    },
-  });
+  const content = packageOf(
+    'sh.p',
+    names.map((name) => structure(name, [])),
+    [],
+  );
+  const spec = { name: 'spec', documentation: '', metadata: {}, type: text };
+  const operations = [operation('run', [spec])];
+  const called = packageOf('sh.q', [], [{ ...service('sh.q.svc'), operations }]);
+  const scheme = (name) =>
+    schemes(
+      'sh',
+      { a: { authenticationScheme: name, type: 'SESSIONLESS' } },
+      { packages: { 'sh.p': ['a'] } },
+    );
   return [
     writeSource('odd.json', component('sh', [content, called])),
-    writeSource('c0.json', schemes('x.a')),
-    writeSource('c1.json', schemes('y.a')),
-    writeSource('run.json', { cli: [command] }),
+    writeSource('c0.json', scheme('x.a')),
+    writeSource('c1.json', scheme('y.a')),
+    writeSource('run.json', {
+      cli: [command('run', 'sh.q.svc', 'run', ['spec.more.q', 'nothing.q'])],
+    }),
   ];
 }

@@ -10,6 +10,8 @@ import {
   COPIES,
   HOSTILE_TEXTS,
   hostileSources,
+  longSources,
+  mergedSources,
   oddSources,
   shadowedSources,
   UNSEEN,
@@ -55,6 +57,8 @@ const commandsOnly = makePage('commands-only', ['metadata/cli']);
 const shadowed = makePage('shadowed', [...shadowedSources(), 'nowhere.json'], 1);
 const hostile = makePage('hostile', hostileSources());
 const odd = makePage('odd', oddSources());
+const merged = makePage('merged', mergedSources());
+const long = makePage('long', longSources());
 
 function testIn(name) {
   describe(name, { concurrency: 1 }, () => {
@@ -222,6 +226,8 @@ function testIn(name) {
         await follow(tab, address);
         assert.ok(await text('h1'), address);
       }
+      await follow(tab, '#/service');
+      assert.match(await text('h1'), /not found/);
       await follow(tab, '#/constructor/source');
       assert.match(await text('main'), /not found source.*In names/s);
     });
@@ -449,6 +455,9 @@ function testIn(name) {
       await tab.waitForFunction(() => location.hash === '#/search/fingerprint');
       await settle(tab);
       assert.match(await text('main'), /In names/);
+      await tab.keyboard.press('s');
+      await tab.keyboard.press('Enter');
+      assert.equal(await focused(), 'H1');
       await tab.keyboard.press('?');
       assert.ok(await tab.$eval('dialog', (dialog) => dialog.open));
       await assertAccessible();
@@ -534,6 +543,10 @@ function testIn(name) {
       await screenshot(tab, `${name}-menu-narrow`);
       await tab.keyboard.press('Escape');
       assert.ok(await tab.$eval('#sidebar', (one) => getComputedStyle(one).display === 'none'));
+      await tab.click('#menu');
+      await tab.focus('#tree a');
+      await tab.keyboard.press('Escape');
+      assert.equal(await tab.evaluate(() => document.activeElement.id), 'menu');
       await tab.setViewport({ width: 1280, height: 860 });
     });
 
@@ -561,6 +574,59 @@ function testIn(name) {
       assert.equal(await hash(), '#/service/a.b.svc');
       await search('service:a.b.svc');
       assert.match((await texts('#hits [role="option"]'))[1], /shadowed$/);
+    });
+
+    test('sources show what of them is answered', async () => {
+      await load(tab, merged + '#/source/metamodel/m1');
+      const items = await texts('main .list li');
+      assert.equal(items.length, 2);
+      assert.match(items[0], /^Cocomponent {2}me \S*m1\.json:1Lookups of [^.]*\. \S*m0\.json:1$/);
+      assert.match(items[1], /^Ststructure {2}me\.p\.only$/);
+    });
+
+    test('the first page has commands that are in no namespace', async () => {
+      await load(tab, merged);
+      assert.match(await text('main'), /Commands in no namespace.*call/);
+    });
+
+    test('parts of what is shadowed have their own schemes, note and links', async () => {
+      await load(tab, merged + '#/operation/me.p.svc/hidden');
+      assert.match(await text('.note'), /^Its service is shadowed\. \S*m0\.json:1$/);
+      const rows = await texts('main tbody tr');
+      assert.match(rows.at(-1), /^operation hidden ?own x\.own SESSIONLESS$/);
+      assert.match(rows.at(-2), /nothing is listed$/);
+      await screenshot(tab, `${name}-merged`);
+      for (const address of ['#/command/call', '#/authentication/me']) {
+        await follow(tab, address);
+        assert.match(await text('main'), /hidden \(not answered\)/);
+        assert.doesNotMatch(await text('main'), /not in these files/);
+        await tab.click('main a[href="#/operation/me.p.svc/hidden"]');
+        await settle(tab);
+        assert.equal(await heading(tab), 'hidden');
+      }
+    });
+
+    test('a long title is cut, and types break between words', async () => {
+      await load(tab, long + '#/structure/lo.s');
+      const [bar, brand] = await tab.$$eval('.brand, .bar', (all) =>
+        all.map((one) => one.offsetHeight),
+      );
+      assert.ok(brand < bar, `${brand} of ${bar}`);
+      const lines = () =>
+        tab.$eval('main td code', (code) => {
+          const range = document.createRange();
+          range.selectNodeContents(code);
+          const rects = Array.from(range.getClientRects()).filter((one) => one.width > 0);
+          return new Set(rects.map(({ top }) => top)).size;
+        });
+      assert.equal(await text('main td code'), 'OPTIONAL<STRING>');
+      assert.equal(await lines(), 1);
+      await screenshot(tab, `${name}-long`);
+      await tab.setViewport({ width: 320, height: 720 });
+      assert.ok((await width()) <= 320);
+      await screenshot(tab, `${name}-long-narrow`);
+      await tab.setViewport({ width: 1280, height: 860 });
+      assert.ok((await width()) <= 1280);
     });
 
     test('long lists are shown in steps', async () => {

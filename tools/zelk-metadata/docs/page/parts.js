@@ -33,8 +33,13 @@ export function link(id, text = model.simpleName(id)) {
 }
 
 /** The link with the full name and the kind in front. */
+export function plainLink(id) {
+  return [glyph(kindText(id)), ' ', link(id, model.fullName(id))];
+}
+
+/** The same, and what becomes of it. */
 export function fullLink(id) {
-  return [glyph(kindText(id)), ' ', link(id, model.fullName(id)), mark(id)];
+  return [plainLink(id), mark(id)];
 }
 
 export function resourceLink(text) {
@@ -47,21 +52,36 @@ export function sourceLink(source, text = source.file) {
 
 export function typeOf(id) {
   const pieces = typePieces(model.row(id)).map((piece) => {
+    if (piece.text === '<') return ['<', h('wbr')];
     if (piece.id >= 0) return link(piece.id, piece.text);
     return piece.id ? quiet(name(piece.text)) : shown(piece.text);
   });
   return h('code', pieces);
 }
 
+let unanswered = null;
+
+/** An element of interfaces that has that full name and a page but is not answered, if there is one. */
+function findUnanswered(text) {
+  const isWanted = (id) =>
+    !model.isFound(id) && pageOf(id) === id && model.sourceOf(id).domain === 'metamodel';
+  unanswered ??= new Map(model.all(isWanted).map((id) => [model.fullName(id), id]));
+  return unanswered.get(text);
+}
+
 /** What is named: a link, or the name of something that is not loaded. */
-export function target({ id, name: text }, label = text) {
-  return id >= 0 ? link(id, label) : quiet(name(text), ' (not in these files)');
+export function target({ id, name: text }, label = text, full = text) {
+  if (id >= 0) return link(id, label);
+  const other = findUnanswered(full);
+  return other === undefined
+    ? quiet(name(text), ' (not in these files)')
+    : [link(other, label), quiet(' (not answered)')];
 }
 
 /** What the element refers to, as `target` shows it; only the text if there is no such reference. */
-export function referred(id, kind, text = '', label = text || undefined) {
+export function referred(id, kind, text = '', label = text || undefined, full) {
   const [reference] = model.referencesFrom(id, kind);
-  return reference ? target(reference, label) : text && name(text);
+  return reference ? target(reference, label, full) : text && name(text);
 }
 
 /** Fills in the element once the documentation is read. */
@@ -114,14 +134,19 @@ const FATE_TEXTS = {
   lost: 'Not answered, since what it is in is not.',
 };
 
+function fateText(id) {
+  const fate = model.fateOf(id);
+  const by = model.by[id];
+  const isPart = fate === 'shadowed' && model.kind[by] !== model.kind[id];
+  return isPart ? `Its ${kindText(by)} is shadowed.` : FATE_TEXTS[fate];
+}
+
 /**
  * Notes beside an element: what becomes of it. Marks of what has changed and findings of lint
  * belong here, too.
  */
 export function notes(id) {
-  const text =
-    FATE_TEXTS[model.fateOf(id)] ??
-    (model.isImplied(id) && 'Made by the library for what is in it.');
+  const text = fateText(id) ?? (model.isImplied(id) && 'Made by the library for what is in it.');
   return text && h('p.note', text, ' ', answering(id));
 }
 
@@ -136,7 +161,7 @@ export function mark(id) {
   const fate = model.fateOf(id);
   if (fate === 'found') return false;
   const by = fate === 'shadowed' && answering(id);
-  return [' ', h('span.mark', { title: FATE_TEXTS[fate] }, fate, by && [' by ', by])];
+  return [' ', h('span.mark', { title: fateText(id) }, fate, by && [' by ', by])];
 }
 
 function placeText(id) {

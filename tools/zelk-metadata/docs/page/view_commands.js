@@ -61,11 +61,17 @@ export function usage(id) {
 
 export function viewCommand(id) {
   const [operation] = model.referencesFrom(id, 'operation');
+  const [service, called] = [0, 1].map((position) => model.text(id, position));
   return [
     h('p.signature', h('b', name(words(id))), usage(id)),
     section(
       'Calls',
-      h('p', referred(id, 'operation', model.text(id, 1)), ' of ', referred(id, 'service')),
+      h(
+        'p',
+        referred(id, 'operation', called, called, `${service}.${called}`),
+        ' of ',
+        referred(id, 'service'),
+      ),
       model.text(id, 2) && h('p', 'The result is shown as ', name(model.text(id, 2))),
     ),
     optionsTable(model.children(id, 'option')),

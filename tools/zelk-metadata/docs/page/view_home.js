@@ -12,6 +12,7 @@ import {
   notes,
   overview,
   place,
+  plainLink,
   section,
   sourceLink,
   table,
@@ -26,9 +27,9 @@ const TOP_KINDS = new Set(['component', 'authentication', 'namespace', 'command'
 const DOMAINS = { metamodel: 'Interfaces', authentication: 'Schemes', cli: 'Commands' };
 
 export function viewHome() {
-  const top = model
-    .roots('namespace')
-    .flatMap((id) => (model.nameOf(id) ? [id] : model.sorted(id, 'namespace')));
+  const roots = model.roots('namespace');
+  const inRoot = (kind) => roots.flatMap((id) => (model.nameOf(id) ? [] : model.sorted(id, kind)));
+  const namespaces = [...roots.filter((id) => model.nameOf(id)), ...inRoot('namespace')];
   const card = (id) =>
     h(
       'section.card',
@@ -54,8 +55,8 @@ export function viewHome() {
       Component: (id) => link(id, model.nameOf(id)),
       Schemes: (id) => schemes(model.children(id, 'scheme')),
     }),
-    overview('Commands', top, words, CONTENTS),
-    overview('Commands in no namespace', model.roots('command'), words),
+    overview('Commands', namespaces, words, CONTENTS),
+    overview('Commands in no namespace', [...inRoot('command'), ...model.roots('command')], words),
     table('Sources', model.sources, {
       File: (source) => sourceLink(source),
       Describes: (source) => DOMAINS[source.domain],
@@ -84,7 +85,9 @@ export function viewSource(position) {
   );
   const isHere = (id) => id >= 0 && model.source[id] === position;
   const others = model.all((id) => isHere(model.by[id]) && !isHere(id) && isOuter(id));
-  const top = here.filter((id) => TOP_KINDS.has(model.kindOf(id)) && model.isFound(id));
+  // What is answered although the element that the file has it in is not.
+  const isTop = (id) => TOP_KINDS.has(model.kindOf(id)) || !isHere(model.owner[id]);
+  const top = here.filter((id) => model.isFound(id) && !model.isImplied(id) && isTop(id));
   const facts = {
     Describes: DOMAINS[source.domain],
     Id: name(source.id),
@@ -97,7 +100,7 @@ export function viewSource(position) {
       'dl.facts',
       Object.entries(facts).map(([term, value]) => [h('dt', term), h('dd', value)]),
     ),
-    list('Not answered or shadowed', hidden, (id) => [fullLink(id), ' ', place(id), notes(id)]),
+    list('Not answered or shadowed', hidden, (id) => [plainLink(id), ' ', place(id), notes(id)]),
     list('Shadows', others, (id) => [fullLink(id), ' ', place(id)]),
     list('Contents', top, fullLink),
   ];

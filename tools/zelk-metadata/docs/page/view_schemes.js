@@ -30,15 +30,22 @@ function entries(id) {
   return lines(model.children(id, 'entry'), line, 'an empty list');
 }
 
+/** The lists for the element. References lead to elements that are answered only. */
+function listsOf(id) {
+  return model.isFound(id)
+    ? model.referencesTo(id, 'listed').map(({ from }) => from)
+    : model
+        .find(`${model.kindOf(id)}-list`, model.fullName(id))
+        .filter((one) => !model.isImplied(one));
+}
+
 /** What is listed for each of the elements, each as it is listed. */
 export function schemesAt(ids) {
   const hasSchemes = model.sources.some((source) => source.domain === 'authentication');
   const For = (id) => [quiet(model.kindOf(id)), ' ', name(model.simpleName(id))];
   const Schemes = (id) => {
-    const all = model.referencesTo(id, 'listed');
-    return all.length
-      ? all.map(({ from }) => [entries(from), mark(from)])
-      : quiet('nothing is listed');
+    const all = listsOf(id);
+    return all.length ? all.map((one) => [entries(one), mark(one)]) : quiet('nothing is listed');
   };
   const levels = ids.filter((id) => hasSchemes && id >= 0);
   const rows = table('Schemes listed', levels, { For, Schemes });
