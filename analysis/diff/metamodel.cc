@@ -99,13 +99,6 @@ void Metamodel::AddWhole(const std::string& kind, Pair pair, Details details) {
   Add(kind + "-" + action, pair, std::move(details));
 }
 
-bool IsLast(const std::vector<Pair>& parts, Pair pair) {
-  return std::all_of(parts.begin(), parts.end(), [&](const Pair& other) {
-    if (!other.IsMatched()) return true;
-    return pair.IsAdded() ? other.new_id < pair.new_id : other.old_id < pair.old_id;
-  });
-}
-
 void CompareMetamodel(Changes& changes) {
   Metamodel metamodel(changes);
   CompareResources(metamodel);

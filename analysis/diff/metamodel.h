@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "analysis/diff/change.h"
 #include "analysis/diff/command_reach.h"
@@ -71,8 +70,5 @@ void CompareEnumeration(Metamodel& metamodel, Pair enumeration);
 void CompareConstants(Metamodel& metamodel, Pair owner);
 
 void CompareResources(Metamodel& metamodel);
-
-/// Whether a part of one version comes after all parts that both versions have.
-bool IsLast(const std::vector<Pair>& parts, Pair pair);
 
 }  // namespace Zelk::Analysis::Diff

@@ -1,11 +1,11 @@
 #include <algorithm>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "analysis/call.h"
 #include "analysis/diff/metamodel.h"
+#include "analysis/diff/ordered_parts.h"
 #include "analysis/diff/texts.h"
 #include "analysis/diff/verdicts.h"
 #include "analysis/place.h"
@@ -50,7 +50,7 @@ bool IsPositional(const Metamodel& metamodel) {
   return metamodel.changes.GetAssumptions().parameters == Assumptions::Parameters::kPositional;
 }
 
-void RemoveField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all, Pair pair) {
+void RemoveField(Metamodel& metamodel, Pair structure, const OrderedParts& fields, Pair pair) {
   const CommandReach::Readers& readers = metamodel.commands.ReadersOf(structure.old_id, nullptr);
   Details details;
   details.direction = metamodel.reach.Of(structure);
@@ -60,18 +60,20 @@ void RemoveField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& 
   CommandReach::Commands broken = metamodel.commands.UsingGone(pair);
   broken.Add(readers.broken);
   details.breaks = metamodel.commands.NamesOf(broken);
-  if (!IsLast(all, pair)) {
-    details.others_broken = SetOf(Audience::kSource);
-    if (IsPositional(metamodel)) {
-      details.assumption = "parameters: positional";
-      details.others_broken |= SetOf(Audience::kWire);
+  if (!fields.IsLast(pair)) details.others_broken = SetOf(Audience::kSource);
+  if (IsPositional(metamodel) && fields.MayMove(pair)) {
+    details.assumption = "parameters: positional";
+    details.others_broken |= SetOf(Audience::kWire);
+    if (fields.IsReplaced(pair)) {
+      details.message = ", and another field has its position";
+      details.identity = "is replaced";
     }
   }
   metamodel.AddWhole("field", pair, std::move(details));
 }
 
-void AddField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all, Pair pair) {
-  if (pair.IsRemoved()) return RemoveField(metamodel, structure, all, pair);
+void AddField(Metamodel& metamodel, Pair structure, const OrderedParts& fields, Pair pair) {
+  if (pair.IsRemoved()) return RemoveField(metamodel, structure, fields, pair);
   const Direction direction = metamodel.reach.Of(structure);
   Details details;
   details.direction = direction;
@@ -87,13 +89,13 @@ void AddField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all
   if (is_refused && IsReceived(direction)) {
     details.verdicts = WithWire(id, direction, kB);
     details.assumption = "unknown_fields: refused";
-  } else if (IsPositional(metamodel) && !IsLast(all, pair)) {
+  } else if (IsPositional(metamodel) && fields.MayMove(pair)) {
     details.verdicts = WithWire(id, direction, kB);
     details.assumption = "parameters: positional";
   } else {
     details.assumption = "unknown_fields: ignored";
   }
-  if (!IsLast(all, pair)) {
+  if (!fields.IsLast(pair)) {
     AddReaders(metamodel, details, id, structure, &Reading::field_added);
   }
   metamodel.Add(id, pair, std::move(details));
@@ -101,9 +103,9 @@ void AddField(Metamodel& metamodel, Pair structure, const std::vector<Pair>& all
 
 void CompareFields(Metamodel& metamodel, Pair structure) {
   const Direction direction = metamodel.reach.Of(structure);
-  const auto fields = PartPairs(metamodel.models, structure, ElementKind::kField);
-  metamodel.renames.Look(fields);
-  for (const Pair& field : fields) {
+  const OrderedParts fields(PartPairs(metamodel.models, structure, ElementKind::kField));
+  metamodel.renames.Look(fields.All());
+  for (const Pair& field : fields.All()) {
     if (!field.IsMatched()) {
       AddField(metamodel, structure, fields, field);
     } else if (!IsSameText(metamodel.models, field)) {
@@ -111,7 +113,7 @@ void CompareFields(Metamodel& metamodel, Pair structure) {
       CompareTypesOf(metamodel, "field", field, direction);
     }
   }
-  PartOrder order = OrderOf(metamodel.models, fields);
+  PartOrder order = OrderOf(metamodel.models, fields.All());
   if (!order.is_changed) return;
   Details details{"the fields of " + metamodel.CalledIn(structure) + " are in another order",
                   std::move(order.old_names), std::move(order.new_names), direction};
@@ -144,60 +146,13 @@ const char* AssumedOfValues(const Metamodel& metamodel, bool may_move) {
   return IsOpen(metamodel) ? "enumerations: open" : "enumerations: closed";
 }
 
-/// The values of an enumeration in both versions.
-class Values {
- public:
-  explicit Values(std::vector<Pair> all) : all_(std::move(all)) {
-    std::vector<Pair> before;
-    std::vector<Pair> after;
-    for (const Pair& pair : all_) {
-      if (!pair.IsAdded()) before.push_back(pair);
-      if (!pair.IsRemoved()) after.push_back(pair);
-    }
-    std::sort(after.begin(), after.end(),
-              [](const Pair& left, const Pair& right) { return left.new_id < right.new_id; });
-    for (std::size_t i = 0; i < std::min(before.size(), after.size()); ++i) {
-      if (!before[i].IsRemoved() || !after[i].IsAdded()) continue;
-      old_replaced_.insert(before[i].old_id);
-      new_replaced_.insert(after[i].new_id);
-    }
-    for (const Pair& pair : before) {
-      if (pair.IsMatched()) old_kept_.push_back(pair.old_id);
-    }
-    for (const Pair& pair : after) {
-      if (pair.IsMatched()) new_kept_.push_back(pair.new_id);
-    }
-  }
-
-  const std::vector<Pair>& All() const { return all_; }
-
-  /// Whether it was removed where another one was added, or the other way round.
-  bool IsReplaced(Pair pair) const {
-    return old_replaced_.count(pair.old_id) != 0 || new_replaced_.count(pair.new_id) != 0;
-  }
-
-  /// The first value after this one that both versions have, or kNoElement.
-  ElementId NextOf(Pair pair) const {
-    const std::vector<ElementId>& kept = pair.IsAdded() ? new_kept_ : old_kept_;
-    const auto next = std::upper_bound(kept.begin(), kept.end(), pair.Id());
-    return next == kept.end() ? kNoElement : *next;
-  }
-
- private:
-  std::vector<Pair> all_;
-  std::set<ElementId> old_replaced_;
-  std::set<ElementId> new_replaced_;
-  std::vector<ElementId> old_kept_;
-  std::vector<ElementId> new_kept_;
-};
-
 /// `breaks` are the commands with options of the enumeration, if a value was removed.
-void AddValue(Metamodel& metamodel, const Values& values, Pair pair, Direction direction,
+void AddValue(Metamodel& metamodel, const OrderedParts& values, Pair pair, Direction direction,
               const CommandNames& breaks) {
   const ElementId next = values.NextOf(pair);
   const bool is_last = next == kNoElement;
   const bool is_replaced = values.IsReplaced(pair);
-  const bool may_move = !is_last || is_replaced;
+  const bool may_move = values.MayMove(pair);
   const bool moves_others = IsOrdinal(metamodel) && may_move;
   Details details;
   details.direction = direction;
@@ -243,7 +198,7 @@ void CompareStructure(Metamodel& metamodel, Pair structure) {
 
 void CompareEnumeration(Metamodel& metamodel, Pair enumeration) {
   const Direction direction = metamodel.reach.Of(enumeration);
-  const Values values(PartPairs(metamodel.models, enumeration, ElementKind::kValue));
+  const OrderedParts values(PartPairs(metamodel.models, enumeration, ElementKind::kValue));
   metamodel.renames.Look(values.All());
   const bool is_shorter = std::any_of(values.All().begin(), values.All().end(),
                                       [](const Pair& value) { return value.IsRemoved(); });

@@ -1,6 +1,7 @@
 #include <string>
 
 #include "analysis/diff/metamodel.h"
+#include "analysis/diff/ordered_parts.h"
 #include "analysis/diff/verdicts.h"
 #include "analysis/place.h"
 
@@ -22,7 +23,7 @@ std::string ParametersText(const Metamodel& metamodel) {
   return IsPositional(metamodel) ? "parameters: positional" : "parameters: named";
 }
 
-void AddParameter(Metamodel& metamodel, Pair operation, const std::vector<Pair>& all, Pair pair) {
+void AddParameter(Metamodel& metamodel, Pair operation, const OrderedParts& all, Pair pair) {
   const Model& model = metamodel.models.Of(pair);
   const bool is_optional = OuterWord(model, pair.Id()) == "OPTIONAL";
   const Assumptions& assumptions = metamodel.changes.GetAssumptions();
@@ -34,7 +35,7 @@ void AddParameter(Metamodel& metamodel, Pair operation, const std::vector<Pair>&
     details.hint = metamodel.renames.HintOf(pair);
     if (is_optional) {
       details.assumption = ParametersText(metamodel);
-      if (IsPositional(metamodel) && !IsLast(all, pair)) {
+      if (IsPositional(metamodel) && all.MayMove(pair)) {
         details.verdicts = FindKind(id)->verdicts.input;
         (*details.verdicts)[kWire] = kB;
       }
@@ -45,7 +46,7 @@ void AddParameter(Metamodel& metamodel, Pair operation, const std::vector<Pair>&
     return metamodel.Add(id, pair, std::move(details));
   }
   // Code passes those after it by their positions.
-  if (!IsLast(all, pair)) details.others_broken = SetOf(Audience::kSource);
+  if (!all.IsLast(pair)) details.others_broken = SetOf(Audience::kSource);
   // Everyone passes it, or passes something in its place.
   if (IsPositional(metamodel)) details.others_broken |= SetOf(Audience::kWire);
   if (is_optional) {
@@ -60,9 +61,9 @@ void AddParameter(Metamodel& metamodel, Pair operation, const std::vector<Pair>&
 }
 
 void CompareParameters(Metamodel& metamodel, Pair operation) {
-  const auto parameters = PartPairs(metamodel.models, operation, ElementKind::kParameter);
-  metamodel.renames.Look(parameters);
-  for (const Pair& parameter : parameters) {
+  const OrderedParts parameters(PartPairs(metamodel.models, operation, ElementKind::kParameter));
+  metamodel.renames.Look(parameters.All());
+  for (const Pair& parameter : parameters.All()) {
     if (!parameter.IsMatched()) {
       AddParameter(metamodel, operation, parameters, parameter);
     } else if (!IsSameText(metamodel.models, parameter)) {
@@ -70,7 +71,7 @@ void CompareParameters(Metamodel& metamodel, Pair operation) {
       CompareTypesOf(metamodel, "parameter", parameter, Direction::kInput);
     }
   }
-  PartOrder order = OrderOf(metamodel.models, parameters);
+  PartOrder order = OrderOf(metamodel.models, parameters.All());
   if (!order.is_changed) return;
   Details details{"the parameters of " + metamodel.CalledIn(operation) + " are in another order",
                   std::move(order.old_names), std::move(order.new_names), Direction::kInput};

@@ -396,6 +396,25 @@ TEST(EnumerationChanges, MayGiveThePositionOfARemovedValueToAnother) {
               ElementsAre(StartsWith("cBB-c enumeration-value-removed")));
 }
 
+TEST(FieldChanges, MayGiveThePositionOfARemovedFieldToAnother) {
+  Assumptions positional;
+  positional.parameters = Assumptions::Parameters::kPositional;
+  const std::string a = Field("a", kText);
+  const std::string b = a + "," + Field("b", Optional(kText), R"("Deprecated": {})");
+  const std::string c = a + "," + Field("c", Optional(kText));
+  EXPECT_THAT(
+      Changed({Spec(b, kReceived)}, {Spec(c, kReceived)}, positional),
+      UnorderedElementsAre(AllOf(StartsWith("BD--c field-removed field:b"),
+                                 HasSubstr("was removed, and another field has its position")),
+                           StartsWith("BDc-c field-added-optional field:c")));
+  EXPECT_THAT(Changed({Spec(b, kReceived)}, {Spec(c, kReceived)}),
+              UnorderedElementsAre(StartsWith("DD--c field-removed field:b"),
+                                   StartsWith("cDc-c field-added-optional field:c")));
+  EXPECT_THAT(Changed({Takes(b)}, {Takes(c)}, positional),
+              UnorderedElementsAre(StartsWith("BD--c parameter-removed parameter:b"),
+                                   StartsWith("BDc-c parameter-added-optional parameter:c")));
+}
+
 TEST(AnnotationChanges, HaveTheClassOfTheProject) {
   const std::string plain = Takes(Field("x", kText));
   const std::string deprecated = Takes(Field("x", kText, R"("Deprecated": {})"));
