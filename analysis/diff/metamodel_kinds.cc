@@ -206,7 +206,7 @@ constexpr Kind kRows[] = {
      Action::kTightened,
      Always(kB, kB, kB, kN, kC),
      "A parameter became required",
-     "Calls without it are refused.",
+     "Calls without it are refused. Commands fail unless an option that is always given fills it.",
      "Keep it OPTIONAL, and use a value of your own if it is absent.",
      {{ZELK_TAKES(ZELK_VOLTS_OPTIONAL)},
       {ZELK_TAKES(ZELK_VOLTS)},

@@ -117,6 +117,12 @@ void CompareAnnotation(Metamodel& metamodel, Pair pair, Pair annotation) {
   metamodel.Add("annotation-" + action, annotation, std::move(details));
 }
 
+/// Whether both versions have CLI files, so that it is known which commands fail.
+bool HasCommands(const Metamodel& metamodel) {
+  const ModelPair cli = metamodel.changes.Models(Domain::kCli);
+  return cli.old_model.Size() != 0 && cli.new_model.Size() != 0;
+}
+
 /// The commands that the change of the type of a parameter, a field or a result breaks. `output` is
 /// what it means to callers that receive it.
 CommandReach::Commands BrokenByType(Metamodel& metamodel, Pair pair, Class output) {
@@ -178,8 +184,8 @@ void CompareTypesOf(Metamodel& metamodel, const std::string& kind, Pair pair, Di
   }
   const bool is_required = change.form == TypeChange::kBecameRequired;
   const std::string id = kind + (is_required ? "-became-required" : "-became-optional");
-  // Clients ask for what fills parameters, but for that of fields only if a command says so.
-  if (kind == "field" && is_required) {
+  // A client without CLI files may ask for each parameter by its name, but not for fields.
+  if (is_required && (kind == "field" || HasCommands(metamodel))) {
     details.verdicts = ByDirection(FindKind(id)->verdicts, direction);
     (*details.verdicts)[static_cast<std::size_t>(Audience::kCli)] = kN;
   }

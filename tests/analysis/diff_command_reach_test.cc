@@ -197,9 +197,11 @@ TEST(SameCommand, BreaksIfItDoesNotFillARequiredParameter) {
   EXPECT_THAT(Broken({optional, Command({})}, {one, Command({})}), ElementsAre(became));
   EXPECT_THAT(Broken({optional, Command({sometimes})}, {one, Command({sometimes})}),
               ElementsAre(became));
-  // Clients without such files may still leave it out.
-  EXPECT_THAT(Broken({optional, Command({always})}, {one, Command({always})}),
-              ElementsAre("B parameter-became-required"));
+  EXPECT_THAT(Broken({optional, Command({always})}, {one, Command({always})}), IsEmpty());
+  // Nothing is known of clients without such files.
+  EXPECT_THAT(Broken({optional}, {one}), ElementsAre("B parameter-became-required"));
+  EXPECT_THAT(Broken({optional, Command({})}, {one}),
+              ElementsAre("B parameter-became-required", "B command-removed"));
   EXPECT_THAT(Broken({optional, Command({})}, {Takes(Field("x", Builtin("LONG"))), Command({})}),
               ElementsAre("B parameter-type-changed: the command 'acme.go'"));
 }
