@@ -117,7 +117,7 @@ export function longSources() {
 export function shadowedSources() {
   const fields = Array.from({ length: COPIES }, (_, i) => ({
     name: `f${i}`,
-    documentation: 'Many words. '.repeat(90),
+    documentation: 'Many words. '.repeat(30),
     metadata: {},
     type: text,
   }));

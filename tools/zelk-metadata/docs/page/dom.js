@@ -110,7 +110,7 @@ export function inSteps(parent, items, make, wrap = (rest) => h('li', rest), at 
     before.replaceWith(...nodes);
     focusOn(nodes[0]);
   };
-  const before = wrap(action(`Show the ${number(begin)} before`, showBefore));
+  const before = wrap([`${number(begin)} before `, action('Show all', showBefore)]);
   const count = h('span');
   const row = wrap([count, action('Show more', () => focusOn(show()))]);
   const show = () => {
