@@ -159,6 +159,7 @@ void AddValue(Metamodel& metamodel, const OrderedParts& values, Pair pair, Direc
   details.assumption = AssumedOfValues(metamodel, may_move);
   if (!is_last) details.identity = metamodel.models.Of(pair)[next].name;
   if (is_replaced) details.identity += " is replaced";
+  if (moves_others) details.identity += " moves " + std::to_string(values.CountMoved());
   if (pair.IsRemoved()) {
     const Class wire = moves_others || IsSent(direction) ? kB : kC;
     details.verdicts = WithWire("enumeration-value-removed", direction, wire);

@@ -1,7 +1,7 @@
 #include "analysis/diff/ordered_parts.h"
 
 #include <algorithm>
-#include <cstddef>
+#include <unordered_map>
 #include <utility>
 
 namespace Zelk::Analysis::Diff {
@@ -20,8 +20,12 @@ OrderedParts::OrderedParts(std::vector<Pair> all) : all_(std::move(all)) {
     old_replaced_.insert(before[i].old_id);
     new_replaced_.insert(after[i].new_id);
   }
-  for (const Pair& pair : before) {
-    if (pair.IsMatched()) old_kept_.push_back(pair.old_id);
+  std::unordered_map<ElementId, std::size_t> new_places;
+  for (std::size_t i = 0; i < after.size(); ++i) new_places.emplace(after[i].new_id, i);
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    if (!before[i].IsMatched()) continue;
+    old_kept_.push_back(before[i].old_id);
+    if (new_places.at(before[i].new_id) != i) ++moved_;
   }
   for (const Pair& pair : after) {
     if (pair.IsMatched()) new_kept_.push_back(pair.new_id);

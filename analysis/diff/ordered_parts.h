@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <set>
 #include <vector>
 
@@ -25,8 +26,12 @@ class OrderedParts {
   /// Whether positions may mean other parts, since this one was added or removed.
   bool MayMove(Pair pair) const { return !IsLast(pair) || IsReplaced(pair); }
 
+  /// How many parts that both versions have are at other positions.
+  std::size_t CountMoved() const { return moved_; }
+
  private:
   std::vector<Pair> all_;
+  std::size_t moved_ = 0;
   std::set<ElementId> old_replaced_;
   std::set<ElementId> new_replaced_;
   std::vector<ElementId> old_kept_;

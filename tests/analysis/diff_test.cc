@@ -268,6 +268,8 @@ TEST(Changes, HaveFingerprintsOfWhatChanged) {
             values({"A", "X", "B"})},
            {"enumeration-value-removed", values({"A", "B", "C"}), values({"A", "X", "C"}),
             values({"A", "C", "X"})},
+           {"enumeration-value-removed", values({"A", "B", "C", "D"}), values({"A", "C", "X", "D"}),
+            values({"A", "C", "D"})},
            {"option-order-changed", command({x, y, z}), command({y, x, z}), command({z, x, y})},
            {"option-added-required", command({}), command({x}), command({{"x", "y"}})},
            {"output-field-order-changed", shows({"a", "b", "c"}), shows({"b", "a", "c"}),
