@@ -102,11 +102,13 @@ export function mergedSources() {
   ];
 }
 
+export const LONG_NAME = 'a_name_of_a_field_that_has_many_words'.repeat(3);
+
 /** A component with a long name, and types that have little room. */
 export function longSources() {
   const optional = { category: 'GENERIC', generic_type: 'OPTIONAL', element_type: text };
   const field = { documentation: 'Many words. '.repeat(90), metadata: {}, type: optional };
-  const fields = [{ ...field, name: 'a_name_of_a_field_that_has_many_words'.repeat(3) }];
+  const fields = [{ ...field, name: LONG_NAME }];
   const name = Array(20).fill('component').join('.');
   return [
     writeSource('long.json', component(name, [packageOf('lo', [structure('lo.s', fields)], [])])),

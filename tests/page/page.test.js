@@ -10,6 +10,7 @@ import {
   COPIES,
   HOSTILE_TEXTS,
   hostileSources,
+  LONG_NAME,
   longSources,
   mergedSources,
   oddSources,
@@ -661,6 +662,10 @@ function testIn(name) {
         const at = await place();
         assert.ok(at > 0 && at < 1, `${part} is at ${at}`);
       }
+      await tab.setViewport({ width: 320, height: 720 });
+      await load(tab, `${long}#/structure/lo.s?field=${LONG_NAME}`);
+      assert.ok((await place()) > 0);
+      await tab.setViewport({ width: 1280, height: 860 });
       const { identifier } = await tab.evaluateOnNewDocument(() =>
         new MutationObserver((changes, observer) => {
           if (!document.querySelector('.chosen')) return;

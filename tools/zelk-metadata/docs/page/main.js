@@ -84,7 +84,7 @@ function show(isNext) {
 function goTo(part, isNext) {
   part?.classList.add('chosen');
   const isFirst = part && !page.scrolled;
-  if (isFirst) part.scrollIntoView({ block: 'center' });
+  if (isFirst) part.scrollIntoView();
   else if (isNext) scrollTo(0, page.scrolled);
   landed = isFirst ? scrollY : null;
   if (part || isNext) (part || main.querySelector('h1')).focus({ preventScroll: true });
@@ -128,7 +128,7 @@ model.texts = await readBlock('documentation');
 const isAtPart = scrollY === landed;
 model.waiting.forEach((fill) => fill());
 // Long documentation moves the part, unless the reader has gone on.
-if (isAtPart) main.querySelector('.chosen').scrollIntoView({ block: 'center' });
+if (isAtPart) main.querySelector('.chosen').scrollIntoView();
 await idle();
 nameIndex();
 document.documentElement.dataset.state = 'ready';
