@@ -503,14 +503,14 @@ function testIn(name) {
     test('keys that are single letters can be switched off', async () => {
       await load(tab, own);
       await tab.click('#help');
-      await tab.click('#keys');
+      await tab.$eval('#keys', (box) => box.click());
       await tab.keyboard.press('Escape');
       await tab.reload();
       await ready(tab);
       await tab.keyboard.press('/');
       assert.notEqual(await focused(), 'INPUT');
       await tab.click('#help');
-      await tab.click('#keys');
+      await tab.$eval('#keys', (box) => box.click());
       await tab.keyboard.press('Escape');
       await tab.evaluate(() => document.activeElement.blur());
       await tab.keyboard.press('/');
