@@ -102,6 +102,12 @@ export function mergedSources() {
   ];
 }
 
+/** A file of which a part does not load. */
+export function partialSource() {
+  const { authentication } = schemes('part', {}, {});
+  return writeSource('partial.json', { authentication: { ...authentication, product: 1 } });
+}
+
 export const LONG_NAME = 'a_name_of_a_field_that_has_many_words'.repeat(3);
 
 /** A component with a long name, and types that have little room. */

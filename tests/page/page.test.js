@@ -14,6 +14,7 @@ import {
   longSources,
   mergedSources,
   oddSources,
+  partialSource,
   shadowedSources,
   UNSEEN,
 } from './fixtures.js';
@@ -59,6 +60,7 @@ const shadowed = makePage('shadowed', [...shadowedSources(), 'nowhere.json'], 1)
 const hostile = makePage('hostile', hostileSources());
 const odd = makePage('odd', oddSources());
 const merged = makePage('merged', mergedSources());
+const partial = makePage('partial', [partialSource()]);
 const long = makePage('long', longSources());
 
 function testIn(name) {
@@ -645,6 +647,14 @@ function testIn(name) {
       assert.equal(await text(':focus th'), 'f0');
       await follow(tab, '#/structure/a.b.many?field=none');
       assert.equal(await rows(), 201);
+    });
+
+    test('a file of which a part does not load is listed with its messages', async () => {
+      await load(tab, partial);
+      assert.match(
+        await text('main'),
+        /Files that load in part.*partial\.json:1:\d+: warning: .*The product is left out\./s,
+      );
     });
 
     test('all listed problems of a file that does not load are shown', async () => {

@@ -303,6 +303,29 @@ TEST(DocsCommand, ListsSourcesThatFailOnThePage) {
                                "\n<ul>\n<li>" + broken + ":1:9: "));
 }
 
+TEST(DocsCommand, ListsFilesThatLoadInPartOnThePage) {
+  const TempFolder folder;
+  const std::string file = folder.Write(
+      "part.json",
+      R"({"authentication": {"product": 1, "component": {"name": "c", "schemes": {}}}})");
+  const ToolRun run = RunTool({"docs", "--source", file});
+  EXPECT_EQ(run.status, 0);
+  const std::string warning = file +
+                              ":1:32: warning: Json parse invalid field: product "
+                              "[zelk.metadata.json.invalid.field] The product is left out.";
+  EXPECT_EQ(run.err, "zelk-metadata: " + warning + "\n");
+  const PageData data(run.out);
+  const auto& partial = data.Structure()["partial"];
+  ASSERT_EQ(partial.Size(), 1U);
+  EXPECT_EQ(partial[0]["file"].GetString(), file);
+  EXPECT_EQ(partial[0]["problems"][0].GetString(), warning);
+  EXPECT_EQ(data.Structure()["failed"].Size(), 0U);
+  EXPECT_EQ(data.Named("owner", data.Find("authentication", "c")), "");
+  EXPECT_THAT(StillContents(run.out),
+              HasSubstr("<h2>Files that load in part</h2>\n<ul>\n<li>file " + file +
+                        "\n<ul>\n<li>" + warning + "</li>\n"));
+}
+
 TEST(DocsCommand, FailsWithTheStatusOfTheSourceUnlessThePageIsLost) {
   const TempFolder folder;
   for (const std::string& source :

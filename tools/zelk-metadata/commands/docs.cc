@@ -65,10 +65,12 @@ ExitStatus RunDocs(Invocation& call) {
   }
   for (LoadReport& report : ReportsOf(std::move(input.failed))) failed.push_back(std::move(report));
   for (const LoadReport& report : failed) call.ComplainOf(report);
+  const std::vector<LoadReport> partial = ReportsOf(std::move(input.partial));
+  for (const LoadReport& report : partial) call.ComplainOf(report);
   const Workspace workspace(std::move(input.files));
   const std::string& title = call.Args().text;
   const ExitStatus status =
-      WritePage(call, {workspace, failed, title.empty() ? TitleOf(workspace) : title});
+      WritePage(call, {workspace, failed, partial, title.empty() ? TitleOf(workspace) : title});
   return !failed.empty() && status == ExitStatus::kOk ? ExitStatus::kSourceFailed : status;
 }
 
@@ -84,7 +86,7 @@ Command DocsCommand() {
       "schemes that are listed for each operation, the commands that call it, and where in which "
       "file everything is. docs/explorer.md describes it.\n"
       "Files that do not load are listed on the page with their messages, and the exit status is "
-      "1.\n";
+      "1. Files of which a part does not load are listed, too.\n";
   command.options = {
       {"output-file", "FILE", Word::kPath,
        "Write the page to the file; without this, or with -, it goes to standard output",

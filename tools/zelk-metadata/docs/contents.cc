@@ -103,9 +103,9 @@ class Lists {
   std::vector<ElementId> open_;
 };
 
-std::string Failures(const std::vector<LoadReport>& failed) {
+std::string Problems(const std::vector<LoadReport>& reports) {
   std::string items;
-  for (const LoadReport& report : failed) {
+  for (const LoadReport& report : reports) {
     items += "<li>" + Name("file", report.file) + "\n<ul>\n";
     for (const Problem& problem : report.problems) {
       items += "<li>" + Escaped(ShownName(ProblemLine(report.file, problem), 1000)) + "</li>\n";
@@ -125,7 +125,8 @@ std::string ContentsHtml(const Subject& subject) {
   for (const auto& file : subject.workspace.Files()) {
     files += "<li>" + Name("file", file.name) + "</li>\n";
   }
-  return Section("Files that do not load", Failures(subject.failed)) +
+  return Section("Files that do not load", Problems(subject.failed)) +
+         Section("Files that load in part", Problems(subject.partial)) +
          Section("Interfaces",
                  items(Domain::kMetamodel,
                        {ElementKind::kComponent, ElementKind::kPackage, ElementKind::kService})) +

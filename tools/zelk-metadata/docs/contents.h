@@ -8,7 +8,7 @@ namespace Zelk::Tool::Docs {
 
 /// What browsers show in which scripts are switched off: lists of components with their packages
 /// and services, of schemes, of namespaces with their commands, and of files, those that do not
-/// load with their messages.
+/// load or not as a whole with their messages.
 std::string ContentsHtml(const Subject& subject);
 
 }  // namespace Zelk::Tool::Docs

@@ -68,7 +68,8 @@ class StructureWriter {
     WriteWords("fates", kFateWords);
     WriteWords("references", kReferenceWords);
     WriteSources();
-    WriteFailed();
+    WriteProblems("failed", subject_.failed);
+    WriteProblems("partial", subject_.partial);
     WriteElements();
     WriteReferences();
     WriteResources();
@@ -108,9 +109,9 @@ class StructureWriter {
     json_.EndArray();
   }
 
-  void WriteFailed() {
-    json_.Key("failed").StartArray();
-    for (const LoadReport& report : subject_.failed) {
+  void WriteProblems(const char* key, const std::vector<LoadReport>& reports) {
+    json_.Key(key).StartArray();
+    for (const LoadReport& report : reports) {
       json_.StartObject();
       json_.Member("file", report.file);
       json_.Key("problems").StartArray();

@@ -13,6 +13,8 @@ struct Subject {
   const Analysis::Workspace& workspace;
   /// Files that do not load; the page lists them with their messages.
   const std::vector<LoadReport>& failed;
+  /// Files of which a part does not load; the same.
+  const std::vector<LoadReport>& partial;
   std::string title;
 };
 

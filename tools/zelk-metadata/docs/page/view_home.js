@@ -1,6 +1,6 @@
 // The first page, and the pages of sources.
 
-import { counted, h, inSteps, name, number } from './dom.js';
+import { counted, h, inSteps, longText, name, number } from './dom.js';
 import { model } from './model.js';
 import {
   CONTENTS,
@@ -38,18 +38,11 @@ export function viewHome() {
       packages(id),
       h('p.quiet', documentedShare(id)),
     );
-  const paragraph = (rest) => h('p', rest);
-  const failure = ({ file, problems }) =>
-    h(
-      'div.note',
-      h('b', name(file)),
-      problems.map((problem) => h('p', name(problem))),
-    );
   return [
     h('h1', { tabindex: '-1' }, name(model.title)),
     counts(),
-    model.failed.length > 0 &&
-      section('Files that do not load', inSteps(h('div'), model.failed, failure, paragraph)),
+    problems('Files that do not load', model.failed),
+    problems('Files that load in part', model.partial),
     inSteps(h('div'), model.ofKind('component'), card, paragraph),
     table('Authentication', model.ofKind('authentication'), {
       Component: (id) => link(id, model.nameOf(id)),
@@ -64,6 +57,21 @@ export function viewHome() {
       MD5: (source) => h('code.name', source.fingerprint),
     }),
   ];
+}
+
+function paragraph(rest) {
+  return h('p', rest);
+}
+
+/** Files with their messages. */
+function problems(heading, files) {
+  const note = (file) =>
+    h(
+      'div.note',
+      h('b', name(file.file)),
+      file.problems.map((problem) => h('p', { dir: 'auto' }, longText(problem))),
+    );
+  return files.length > 0 && section(heading, inSteps(h('div'), files, note, paragraph));
 }
 
 /** How many there are of each kind. */
