@@ -108,6 +108,47 @@ export function partialSource() {
   return writeSource('partial.json', { authentication: { ...authentication, product: 1 } });
 }
 
+/**
+ * What is not answered beside what has its name: of another kind, or in another service. The second
+ * package of the first source is dropped, and the services of the second source are shadowed.
+ */
+export function namesakeSources() {
+  const field = (name, kind) => ({
+    name,
+    documentation: '',
+    metadata: {},
+    type: {
+      category: 'USER_DEFINED',
+      user_defined_type: kind,
+      user_defined_type_name: 'na.p.lost',
+    },
+  });
+  const answered = structure('na.p.s', [field('one', 'STRUCTURE'), field('two', 'ENUMERATION')]);
+  const error = (name) => ({ user_defined_type_name: name, documentation: '' });
+  const run = { ...operation('run'), errors: [error('na.p.lost'), error('na.p.gone')] };
+  const services = (inShort, inLong) => [
+    { ...service('na.p.svc'), operations: inShort },
+    { ...service('na.p.svc.a'), operations: inLong },
+  ];
+  const dropped = [packageOf('na.p', [structure('na.p.lost', [])], [service('na.p.gone')])];
+  const packages = [packageOf('na.p', [answered], services([run], [])), ...dropped];
+  const shadowed = [packageOf('na.p', [], services([operation('a.b')], [operation('b')]))];
+  const definitions = { own: { authenticationScheme: 'x.own', type: 'SESSIONLESS' } };
+  const lists = { operations: { 'na.p.svc.a.b': ['own'] } };
+  return [
+    writeSource('na0.json', component('na', packages)),
+    writeSource('na1.json', component('na', shadowed)),
+    writeSource('na2.json', {
+      cli: [
+        command('long', 'na.p.svc.a', 'b', []),
+        command('short', 'na.p.svc', 'a.b', []),
+        command('fill', 'na.p.svc', 'run', ['na.p.gone']),
+      ],
+    }),
+    writeSource('na3.json', schemes('na', definitions, lists)),
+  ];
+}
+
 export const LONG_NAME = 'a_name_of_a_field_that_has_many_words'.repeat(3);
 
 /** A component with a long name, and types that have little room. */

@@ -13,6 +13,7 @@ import {
   LONG_NAME,
   longSources,
   mergedSources,
+  namesakeSources,
   oddSources,
   partialSource,
   shadowedSources,
@@ -61,6 +62,7 @@ const hostile = makePage('hostile', hostileSources());
 const odd = makePage('odd', oddSources());
 const merged = makePage('merged', mergedSources());
 const partial = makePage('partial', [partialSource()]);
+const namesakes = makePage('namesakes', namesakeSources());
 const long = makePage('long', longSources());
 
 function testIn(name) {
@@ -607,6 +609,26 @@ function testIn(name) {
         await settle(tab);
         assert.equal(await heading(tab), 'hidden');
       }
+    });
+
+    test('what is not answered is found by its kind and by all of its names', async () => {
+      await load(tab, namesakes + '#/operation/na.p.svc/run');
+      const rows = await texts('main tbody tr');
+      assert.match(rows[0], /^na\.p\.lost \(not answered\)$/);
+      assert.match(rows[1], /^na\.p\.gone \(not in these files\)$/);
+      await follow(tab, '#/structure/na.p.s');
+      assert.match(await text('main tbody tr'), /na\.p\.lost \(not answered\)$/);
+      for (const [place, address] of [
+        ['#/command/long', '#/operation/na.p.svc.a/b'],
+        ['#/command/short', '#/operation/na.p.svc/a.b'],
+        ['#/authentication/na', '#/operation/na.p.svc.a/b'],
+      ]) {
+        await follow(tab, place);
+        assert.match(await text('main'), /b \(not answered\)/, place);
+        assert.ok(await tab.$(`main a[href="${address}"]`), place);
+      }
+      await follow(tab, '#/command/fill');
+      assert.match(await text('main'), /na\.p\.gone \(not in these files\)/);
     });
 
     test('a long title is cut, and types break between words', async () => {

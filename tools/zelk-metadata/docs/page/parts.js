@@ -2,7 +2,7 @@
 
 import { action, counted, h, inSteps, longText, name, number, quiet, shown } from './dom.js';
 import { model } from './model.js';
-import { href, pageOf, parseAddress, partId, path } from './routes.js';
+import { href, pageOf, pagePath, parseAddress, partId, path } from './routes.js';
 import { typePieces } from './types.js';
 
 export function kindText(id) {
@@ -54,34 +54,66 @@ export function typeOf(id) {
   const pieces = typePieces(model.row(id)).map((piece) => {
     if (piece.text === '<') return ['<', h('wbr')];
     if (piece.id >= 0) return link(piece.id, piece.text);
-    return piece.id ? quiet(name(piece.text)) : shown(piece.text);
+    if (piece.id !== -1) return shown(piece.text);
+    return unansweredLink(NAMED.type, [piece.text], piece.text) ?? quiet(name(piece.text));
   });
   return h('code', pieces);
 }
 
+/** The kinds of elements that references mean. Others mean parts of something that is answered. */
+const NAMED = {
+  __proto__: null,
+  type: ['structure', 'enumeration'],
+  error: ['structure'],
+  output: ['structure'],
+  manager: ['service'],
+  service: ['service'],
+  operation: ['operation'],
+  authentication: ['component'],
+  'package-list': ['package'],
+  'service-list': ['service'],
+  'operation-list': ['operation'],
+};
+
 let unanswered = null;
 
-/** An element of interfaces that has that full name and a page but is not answered, if there is one. */
-function findUnanswered(text) {
+/**
+ * A link to an element of interfaces that is not answered, which has one of the kinds and these
+ * names in its address; the first one of several.
+ */
+function unansweredLink(kinds, names, label) {
   const isWanted = (id) =>
     !model.isFound(id) && pageOf(id) === id && model.sourceOf(id).domain === 'metamodel';
-  unanswered ??= new Map(model.all(isWanted).map((id) => [model.fullName(id), id]));
-  return unanswered.get(text);
+  const all = () => model.all(isWanted).reverse();
+  unanswered ??= new Map(all().map((id) => [pagePath(id), id]));
+  const ids = kinds.map((kind) => unanswered.get(path(kind, ...names)));
+  const id = ids.find((one) => one >= 0);
+  return id >= 0 ? [link(id, label), quiet(' (not answered)')] : null;
+}
+
+/** The names in the address of what the reference means. */
+function namesOf({ from, name: text }) {
+  if (model.kindOf(from) !== 'operation-list') return [text];
+  const dot = text.lastIndexOf('.');
+  return [text.slice(0, dot), text.slice(dot + 1)];
 }
 
 /** What is named: a link, or the name of something that is not loaded. */
-export function target({ id, name: text }, label = text, full = text) {
+export function target(reference, label = reference.name, names = namesOf(reference)) {
+  const { kind, from, id, name: text } = reference;
   if (id >= 0) return link(id, label);
-  const other = findUnanswered(full);
-  return other === undefined
-    ? quiet(name(text), ' (not in these files)')
-    : [link(other, label), quiet(' (not answered)')];
+  const kinds = NAMED[kind === 'listed' ? model.kindOf(from) : kind] ?? [];
+  return unansweredLink(kinds, names, label) ?? notLoaded(text);
+}
+
+export function notLoaded(text) {
+  return quiet(name(text), ' (not in these files)');
 }
 
 /** What the element refers to, as `target` shows it; only the text if there is no such reference. */
-export function referred(id, kind, text = '', label = text || undefined, full) {
+export function referred(id, kind, text = '', label = text || undefined, names) {
   const [reference] = model.referencesFrom(id, kind);
-  return reference ? target(reference, label, full) : text && name(text);
+  return reference ? target(reference, label, names) : text && name(text);
 }
 
 /** Fills in the element once the documentation is read. */

@@ -42,17 +42,20 @@ export function href(id) {
   if (page < 0) return '#/';
   if (kind === 'annotation') return href(model.owner[id]);
   if (page !== id) return `${href(page)}?${partId(id)}`;
-  const ids = OWNERS[kind] ? [model.owner[id], id] : [id];
   const isFirst = kind !== 'scheme' && model.isFound(id);
-  const position = isFirst
-    ? 0
-    : elementsWith(
-        kind,
-        ids.map((one) => model.name[one]),
-      ).indexOf(id);
-  return (
-    path(kind, ...ids.map((one) => model.nameOf(one))) + (position > 0 ? `@${position + 1}` : '')
-  );
+  const names = namedIn(id).map((one) => model.name[one]);
+  const position = isFirst ? 0 : elementsWith(kind, names).indexOf(id);
+  return pagePath(id) + (position > 0 ? `@${position + 1}` : '');
+}
+
+/** The elements that the address of a page names. */
+function namedIn(id) {
+  return OWNERS[model.kindOf(id)] ? [model.owner[id], id] : [id];
+}
+
+/** The address of the element's page without a number, which others may have, too. */
+export function pagePath(id) {
+  return path(model.kindOf(id), ...namedIn(id).map((one) => model.nameOf(one)));
 }
 
 /** The pages of what is not an element: resources and sources. */

@@ -6,11 +6,11 @@ import {
   CONTENTS,
   documentation,
   link,
+  notLoaded,
   overview,
   referred,
   section,
   table,
-  target,
   words,
 } from './parts.js';
 import { partId } from './routes.js';
@@ -68,7 +68,7 @@ export function viewCommand(id) {
       'Calls',
       h(
         'p',
-        referred(id, 'operation', called, called, `${service}.${called}`),
+        referred(id, 'operation', called, called, [service, called]),
         ' of ',
         referred(id, 'service'),
       ),
@@ -91,7 +91,7 @@ function filled(option) {
   ]);
   const rest = path.slice(found.length).join('.');
   const isMissing = parts.length > found.length;
-  return h('code', links, rest && (isMissing ? target({ id: -1, name: rest }) : name(rest)));
+  return h('code', links, rest && (isMissing ? notLoaded(rest) : name(rest)));
 }
 
 function optionsTable(options) {
