@@ -220,6 +220,34 @@ function testIn(name) {
       assert.equal(await tab.evaluate(() => scrollY), 0);
     });
 
+    test('a reload leads to the same place, and so does back after it', async () => {
+      const place = () => tab.evaluate(() => Math.round(scrollY));
+      const rows = async () => (await texts('main tbody tr')).length;
+      await load(tab, shadowed + '#/structure/a.b.many?field=f10');
+      await tab.click('main tbody button');
+      const bottom = await tab.evaluate(() => document.body.scrollHeight - innerHeight - 500);
+      await tab.evaluate((top) => scrollTo(0, top), bottom);
+      const before = await place();
+      for (const which of ['first', 'second']) {
+        await tab.reload();
+        await ready(tab);
+        assert.equal(await place(), before, which);
+        assert.equal(await rows(), COPIES);
+      }
+      await follow(tab, '#/package/a.b');
+      await tab.reload();
+      await ready(tab);
+      assert.equal(await place(), 0);
+      await tab.evaluate(() => history.back());
+      await tab.waitForFunction(() => document.title.includes('many'));
+      assert.equal(await place(), before);
+      assert.equal(await rows(), COPIES);
+      await tab.evaluate(() => scrollTo(0, 0));
+      await tab.reload();
+      await ready(tab);
+      assert.equal(await place(), 0);
+    });
+
     test('an address of nothing leads to similar names', async () => {
       await load(tab, own);
       for (const address of [

@@ -99,7 +99,7 @@ export function counted(count, what) {
  * which is also printed, and a button are in.
  */
 export function inSteps(parent, items, make, wrap = (rest) => h('li', rest), at = 0) {
-  const begin = at - (at % STEP);
+  let begin = at - (at % STEP);
   let end = begin;
   const focusOn = (node) => {
     node.tabIndex = -1;
@@ -107,10 +107,14 @@ export function inSteps(parent, items, make, wrap = (rest) => h('li', rest), at 
   };
   const showBefore = () => {
     const nodes = items.slice(0, begin).map(make);
+    begin = 0;
     before.replaceWith(...nodes);
-    focusOn(nodes[0]);
+    return nodes[0];
   };
-  const before = wrap([`${number(begin)} before `, action('Show all', showBefore)]);
+  const before = wrap([
+    `${number(begin)} before `,
+    action('Show all', () => focusOn(showBefore())),
+  ]);
   const count = h('span');
   const row = wrap([count, action('Show more', () => focusOn(show()))]);
   const show = () => {
@@ -124,5 +128,35 @@ export function inSteps(parent, items, make, wrap = (rest) => h('li', rest), at 
   };
   if (begin > 0) parent.append(before);
   show();
+  shownRows.set(parent, {
+    range: () => [begin, end],
+    widen: ([first, last]) => {
+      const isWider = first < begin || last > end;
+      if (first < begin) showBefore();
+      while (end < last) show();
+      return isWider;
+    },
+  });
   return parent;
+}
+
+/** Which rows lists in steps show. */
+const shownRows = new WeakMap();
+
+function listsIn(root) {
+  const parents = Array.from(root.querySelectorAll('ul, div, tbody'));
+  return parents.map((parent) => shownRows.get(parent)).filter(Boolean);
+}
+
+/** Which rows each list in the element shows. */
+export function shownRanges(root) {
+  return listsIn(root).map((list) => list.range());
+}
+
+/** Shows these rows of each list, too. Rows may have lists in them. */
+export function widenLists(root, ranges) {
+  let lists = listsIn(root);
+  ranges.forEach((range, i) => {
+    if (lists[i]?.widen(range)) lists = listsIn(root);
+  });
 }

@@ -1,11 +1,11 @@
 // Reads the data, then shows the page of the address and those that follow.
 
-import { h, name } from './dom.js';
+import { h, name, shownRanges, widenLists } from './dom.js';
 import { model } from './model.js';
 import { parseAddress } from './routes.js';
 import { SearchBox } from './search_box.js';
 import { nameIndex } from './search_index.js';
-import { setUpKeys, setUpTheme } from './settings.js';
+import { setUpKeys, setUpTheme, store, stored } from './settings.js';
 import { Tree } from './tree.js';
 import { viewAt } from './views.js';
 
@@ -17,8 +17,12 @@ const pages = new Map();
 const MOST_PAGES = 30;
 let page = null;
 
-/** Where the page is scrolled to for a part of it, or null. */
-let landed = null;
+/** Where the reader was on them when the document was left; entries of other documents, too. */
+const places = new Map(JSON.parse(stored('places', 'sessionStorage') ?? '[]'));
+const MOST_PLACES = 100;
+
+/** Where the page was scrolled to when it was shown. */
+let landed = 0;
 
 /** The JSON of a compressed block, which is taken out of the document. */
 async function unpacked(id) {
@@ -63,18 +67,25 @@ function openSidebar(isOpen) {
 function makePage(address) {
   const view = viewAt(address);
   if (!history.state) history.replaceState(Math.random(), '');
+  view.place = places.get(history.state);
   pages.set(history.state, view);
   if (pages.size > MOST_PAGES) pages.delete(pages.keys().next().value);
   return view;
 }
 
+/** Keeps where the reader is on the page. */
+function leave() {
+  if (page) page.place = { scrolled: scrollY, ranges: shownRanges(main) };
+}
+
 /** Shows the page of the address. Focus moves only when one page follows another. */
 function show(isNext) {
   const address = parseAddress(location.hash);
-  if (page) page.scrolled = scrollY;
+  leave();
   page = pages.get(history.state) ?? makePage(address);
   document.title = page.title;
   main.replaceChildren(...page.nodes);
+  widenLists(main, page.place?.ranges ?? []);
   if (address.kind === 'search') input.value = address.names[0] ?? '';
   openSidebar(false);
   tree.reveal(page.element, location.hash);
@@ -83,11 +94,16 @@ function show(isNext) {
 
 function goTo(part, isNext) {
   part?.classList.add('chosen');
-  const isFirst = part && !page.scrolled;
-  if (isFirst) part.scrollIntoView();
-  else if (isNext) scrollTo(0, page.scrolled);
-  landed = isFirst ? scrollY : null;
+  land();
   if (part || isNext) (part || main.querySelector('h1')).focus({ preventScroll: true });
+}
+
+/** Scrolls to where the reader was, or to the part of the address. */
+function land() {
+  const part = main.querySelector('.chosen');
+  if (part && !page.place) part.scrollIntoView();
+  else scrollTo(0, page.place?.scrolled ?? 0);
+  landed = scrollY;
 }
 
 function goBeside(step) {
@@ -119,16 +135,23 @@ byId('skip').addEventListener('click', (event) => {
   main.querySelector('h1').focus();
 });
 addEventListener('hashchange', () => show(true));
+addEventListener('pagehide', () => {
+  leave();
+  const own = Array.from(pages, ([entry, { place }]) => [entry, place]);
+  store('places', JSON.stringify([...places, ...own].slice(-MOST_PLACES)), 'sessionStorage');
+});
 // The page before has its place until the one that follows is shown.
 history.scrollRestoration = 'manual';
 show(false);
 
 await idle();
 model.texts = await readBlock('documentation');
-const isAtPart = scrollY === landed;
-model.waiting.forEach((fill) => fill());
-// Long documentation moves the part, unless the reader has gone on.
-if (isAtPart) main.querySelector('.chosen').scrollIntoView();
+// What is filled in moves the rest, unless the reader has gone on.
+const isThere = scrollY === landed;
+const fills = model.waiting.map((fill) => fill());
+if (isThere) land();
+await Promise.all(fills);
+if (scrollY === landed) land();
 await idle();
 nameIndex();
 document.documentElement.dataset.state = 'ready';

@@ -1,20 +1,20 @@
 // The theme and keys that are single letters, which can be switched off. What is chosen is kept if
-// the browser allows it.
+// the browser allows it, and so are other texts.
 
 const THEMES = ['auto', 'light', 'dark'];
 const SIGNS = { auto: '◐', light: '☀', dark: '☾' };
 
-function stored(key) {
+export function stored(key, storage = 'localStorage') {
   try {
-    return localStorage.getItem(`zelk-metadata.${key}`);
+    return window[storage].getItem(`zelk-metadata.${key}`);
   } catch {
     return null;
   }
 }
 
-function store(key, value) {
+export function store(key, value, storage = 'localStorage') {
   try {
-    localStorage.setItem(`zelk-metadata.${key}`, value);
+    window[storage].setItem(`zelk-metadata.${key}`, value);
   } catch {
     // Pages from disk may not keep anything in some browsers.
   }

@@ -31,13 +31,12 @@ const VIEWS = {
   command: viewCommand,
 };
 
-/** The page of an address: its title, its nodes, its element or -1, and its place. */
+/** The page of an address: its title, its nodes, and its element or -1. */
 export function viewAt({ kind, names, ordinal }) {
   const page = (subject, nodes, element = -1) => ({
     title: shown([subject, model.title].filter(Boolean).join(' · '), 400),
     nodes: nodes.flat(Infinity).filter(Boolean),
     element,
-    scrolled: 0,
   });
   const [first, second] = names;
   if (!kind) return page('', viewHome());
