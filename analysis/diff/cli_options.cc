@@ -48,6 +48,14 @@ std::string ShortWord(std::string_view letter) {
   return "-" + std::string(letter);
 }
 
+/// As messages show it. Clients put dashes in front of what has none.
+std::string ShownShort(std::string_view letter) {
+  const char* const dashes = letter.front() == '-'               ? ""
+                             : ProblemOfShort(letter) == nullptr ? "-"
+                                                                 : "--";
+  return "'" + Shortened(dashes + std::string(letter)) + "'";
+}
+
 /// Whether values of both types are the same on command lines. Ids are texts.
 bool IsSameType(std::string_view left, std::string_view right) {
   const auto typed = [](std::string_view text) {
@@ -250,9 +258,8 @@ class OptionsComparer {
   }
 
   void LostLetter(const Option& before, const Option& after, bool is_own) {
-    Details details =
-        ChangeOf(before, after, "short_option",
-                 " no longer has the short form '" + Shortened(ShortWord(before.letter)) + "'");
+    Details details = ChangeOf(before, after, "short_option",
+                               " no longer has the short form " + ShownShort(before.letter));
     details.old_value = before.letter;
     if (is_own) details.witness = command_.Witness(ShortWord(before.letter), 1);
     // The letter of an earlier option never meant this one.
@@ -261,9 +268,8 @@ class OptionsComparer {
   }
 
   void GotLetter(const Option& before, const Option& after) {
-    Details details =
-        ChangeOf(before, after, "short_option",
-                 " has the new short form '" + Shortened(ShortWord(after.letter)) + "'");
+    Details details = ChangeOf(before, after, "short_option",
+                               " has the new short form " + ShownShort(after.letter));
     details.new_value = after.letter;
     Add("option-short-added", before, after, Class::kCompatible, std::move(details));
   }
@@ -294,7 +300,7 @@ class OptionsComparer {
     const Option& before = pairs_[owners.before.pair].first;
     const Option& after = pairs_[owners.after.pair].second;
     const std::string word = ShortWord(letter);
-    Details details{"'" + Shortened(word) + "' is the short form of '" + Shortened(after.name) +
+    Details details{ShownShort(letter) + " is the short form of '" + Shortened(after.name) +
                     "' and no longer of '" + Shortened(before.name) + "'"};
     details.old_value = before.name;
     details.new_value = after.name;

@@ -49,6 +49,24 @@ TEST(CliChanges, RemovedCommandIsShownAsItWasTyped) {
                           "'acme.power.start' was added"));
 }
 
+TEST(CliChanges, ShortFormsAreShownWithTheDashesThatAreTyped) {
+  const auto shown = [](const std::string& before, const std::string& after) {
+    const auto option = [](const std::string& letter) {
+      return OneCommand(CommandText{"", "go", {{"v", "v", "LONG", "none", letter}}});
+    };
+    std::vector<std::string> messages;
+    for (const std::string& line : Changed({option(before)}, {option(after)})) {
+      messages.push_back(line.substr(line.find("'go.v' ") + 7));
+    }
+    return messages;
+  };
+  EXPECT_THAT(shown("", "v"), ElementsAre("has the new short form '-v'"));
+  EXPECT_THAT(shown("verb", "-v"), UnorderedElementsAre("no longer has the short form '--verb'",
+                                                        "has the new short form '-v'"));
+  EXPECT_THAT(shown("--verb", ""), ElementsAre("no longer has the short form '--verb'"));
+  EXPECT_THAT(shown("\u00fc", ""), ElementsAre("no longer has the short form '-\u00fc'"));
+}
+
 TEST(CliChanges, CommandThatCallsAnotherOperationShowsWhich) {
   EXPECT_THAT(WitnessedIn({OneCommand(CommandText{"", "start", {}, "start"})},
                           {OneCommand(CommandText{"", "start", {}, "stop"})}),
