@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/diff/cli_comparers.h"
+#include "analysis/diff/ordered_parts.h"
 #include "analysis/diff/reading.h"
 #include "analysis/diff/verdicts.h"
 
@@ -88,28 +89,30 @@ class OutputsComparer {
     return "'" + Shortened(models_.Of(output)[output.Id()].name) + "'";
   }
 
-  void AddField(Pair output, Pair field) {
+  void AddField(Pair output, const OrderedParts& fields, Pair field) {
     const std::string name = "'" + Shortened(models_.Of(field)[field.Id()].name) + "'";
-    const std::string shown = "shows the field " + name + " of " + Structure(output);
+    Details details{Command(field) + (field.IsAdded() ? " now" : " no longer") +
+                    " shows the field " + name + " of " + Structure(output)};
+    const bool has_columns = reading_.order != kC;
+    if (has_columns) details.identity = fields.PositionOf(models_, field, has_columns);
     if (field.IsAdded()) {
-      command_.Add("output-field-added", field, reading_.field_added,
-                   {Command(field) + " now " + shown});
+      command_.Add("output-field-added", field, reading_.field_added, std::move(details));
     } else {
-      command_.Add("output-field-removed", field, kB, {Command(field) + " no longer " + shown});
+      command_.Add("output-field-removed", field, kB, std::move(details));
     }
   }
 
   void CompareFields(Pair output) {
     if (IsSameText(models_, output)) return;
-    const std::vector<Pair> fields = PartPairs(models_, output, ElementKind::kOutputField);
-    for (const Pair& pair : fields) {
+    const OrderedParts fields(PartPairs(models_, output, ElementKind::kOutputField));
+    for (const Pair& pair : fields.All()) {
       if (pair.IsMatched()) {
         CompareHeadings(pair);
       } else {
-        AddField(output, pair);
+        AddField(output, fields, pair);
       }
     }
-    CompareOrder(fields, output, reading_.order, "output-field-order-changed", "the fields");
+    CompareOrder(fields.All(), output, reading_.order, "output-field-order-changed", "the fields");
   }
 
   void CompareHeadings(Pair pair) {

@@ -8,6 +8,7 @@
 
 #include "analysis/diff/change.h"
 #include "analysis/diff/command_reach.h"
+#include "analysis/diff/ordered_parts.h"
 #include "analysis/diff/reach.h"
 #include "analysis/diff/renames.h"
 #include "analysis/diff/shapes.h"
@@ -54,6 +55,12 @@ struct Metamodel {
   /// The new names of resources that are reported under another name, by the old names.
   std::map<std::string_view, std::string_view> renamed_resources;
 };
+
+/// Whether parameters and fields are sent without their names.
+bool IsPositional(const Metamodel& metamodel);
+
+/// What matters of the position of a parameter or a field; for fingerprints.
+std::string PositionOf(const Metamodel& metamodel, const OrderedParts& parts, Pair pair);
 
 // All that follow compare elements that both versions have.
 

@@ -5,7 +5,6 @@
 
 #include "analysis/call.h"
 #include "analysis/diff/metamodel.h"
-#include "analysis/diff/ordered_parts.h"
 #include "analysis/diff/texts.h"
 #include "analysis/diff/verdicts.h"
 #include "analysis/place.h"
@@ -46,10 +45,6 @@ void AddReaders(Metamodel& metamodel, Details& details, const char* id, Pair str
   details.identity += " " + std::to_string(endangered.digest);
 }
 
-bool IsPositional(const Metamodel& metamodel) {
-  return metamodel.changes.GetAssumptions().parameters == Assumptions::Parameters::kPositional;
-}
-
 void RemoveField(Metamodel& metamodel, Pair structure, const OrderedParts& fields, Pair pair) {
   const CommandReach::Readers& readers = metamodel.commands.ReadersOf(structure.old_id, nullptr);
   Details details;
@@ -64,11 +59,9 @@ void RemoveField(Metamodel& metamodel, Pair structure, const OrderedParts& field
   if (IsPositional(metamodel) && fields.MayMove(pair)) {
     details.assumption = "parameters: positional";
     details.others_broken |= SetOf(Audience::kWire);
-    if (fields.IsReplaced(pair)) {
-      details.message = ", and another field has its position";
-      details.identity = "is replaced";
-    }
+    if (fields.IsReplaced(pair)) details.message = ", and another field has its position";
   }
+  details.identity = PositionOf(metamodel, fields, pair);
   metamodel.AddWhole("field", pair, std::move(details));
 }
 
@@ -80,6 +73,7 @@ void AddField(Metamodel& metamodel, Pair structure, const OrderedParts& fields, 
   const bool is_optional = IsOptional(metamodel.changes.New(), pair.new_id);
   const char* const id = is_optional ? "field-added-optional" : "field-added-required";
   details.message = metamodel.CalledIn(pair) + " was added";
+  details.identity = PositionOf(metamodel, fields, pair);
   details.hint = metamodel.renames.HintOf(pair);
   if (!is_optional) {
     details.breaks = metamodel.commands.NamesOf(metamodel.commands.Lacking(structure, pair.new_id));
@@ -149,17 +143,14 @@ const char* AssumedOfValues(const Metamodel& metamodel, bool may_move) {
 /// `breaks` are the commands with options of the enumeration, if a value was removed.
 void AddValue(Metamodel& metamodel, const OrderedParts& values, Pair pair, Direction direction,
               const CommandNames& breaks) {
-  const ElementId next = values.NextOf(pair);
-  const bool is_last = next == kNoElement;
+  const bool is_last = values.IsLast(pair);
   const bool is_replaced = values.IsReplaced(pair);
   const bool may_move = values.MayMove(pair);
   const bool moves_others = IsOrdinal(metamodel) && may_move;
   Details details;
   details.direction = direction;
   details.assumption = AssumedOfValues(metamodel, may_move);
-  if (!is_last) details.identity = metamodel.models.Of(pair)[next].name;
-  if (is_replaced) details.identity += " is replaced";
-  if (moves_others) details.identity += " moves " + std::to_string(values.CountMoved());
+  details.identity = values.PositionOf(metamodel.models, pair, IsOrdinal(metamodel));
   if (pair.IsRemoved()) {
     const Class wire = moves_others || IsSent(direction) ? kB : kC;
     details.verdicts = WithWire("enumeration-value-removed", direction, wire);

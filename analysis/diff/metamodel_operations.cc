@@ -1,7 +1,6 @@
 #include <string>
 
 #include "analysis/diff/metamodel.h"
-#include "analysis/diff/ordered_parts.h"
 #include "analysis/diff/verdicts.h"
 #include "analysis/place.h"
 
@@ -15,10 +14,6 @@ std::string_view OuterWord(const Model& model, ElementId id) {
   return ReadType(document, document.Find(model[id].node, "type")).word;
 }
 
-bool IsPositional(const Metamodel& metamodel) {
-  return metamodel.changes.GetAssumptions().parameters == Assumptions::Parameters::kPositional;
-}
-
 std::string ParametersText(const Metamodel& metamodel) {
   return IsPositional(metamodel) ? "parameters: positional" : "parameters: named";
 }
@@ -29,6 +24,7 @@ void AddParameter(Metamodel& metamodel, Pair operation, const OrderedParts& all,
   const Assumptions& assumptions = metamodel.changes.GetAssumptions();
   Details details;
   details.direction = Direction::kInput;
+  details.identity = PositionOf(metamodel, all, pair);
   if (pair.IsAdded()) {
     const char* const id = is_optional ? "parameter-added-optional" : "parameter-added-required";
     details.message = metamodel.CalledIn(pair) + " was added";
@@ -107,6 +103,16 @@ void CompareResult(Metamodel& metamodel, Pair result) {
 }
 
 }  // namespace
+
+bool IsPositional(const Metamodel& metamodel) {
+  return metamodel.changes.GetAssumptions().parameters == Assumptions::Parameters::kPositional;
+}
+
+std::string PositionOf(const Metamodel& metamodel, const OrderedParts& parts, Pair pair) {
+  if (IsPositional(metamodel)) return parts.PositionOf(metamodel.models, pair, true);
+  // Code passes those after it by their positions.
+  return parts.IsLast(pair) ? "" : "in front of others";
+}
 
 void CompareOperation(Metamodel& metamodel, Pair operation) {
   CompareParameters(metamodel, operation);

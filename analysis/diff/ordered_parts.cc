@@ -42,4 +42,12 @@ ElementId OrderedParts::NextOf(Pair pair) const {
   return next == kept.end() ? kNoElement : *next;
 }
 
+std::string OrderedParts::PositionOf(const ModelPair& models, Pair pair, bool is_sent) const {
+  std::string position;
+  if (!IsLast(pair)) position = models.Of(pair)[NextOf(pair)].name;
+  if (IsReplaced(pair)) position += " is replaced";
+  if (is_sent && MayMove(pair)) position += " moves " + std::to_string(moved_);
+  return position;
+}
+
 }  // namespace Zelk::Analysis::Diff

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <set>
+#include <string>
 #include <vector>
 
 #include "analysis/diff/pairs.h"
@@ -26,8 +27,10 @@ class OrderedParts {
   /// Whether positions may mean other parts, since this one was added or removed.
   bool MayMove(Pair pair) const { return !IsLast(pair) || IsReplaced(pair); }
 
-  /// How many parts that both versions have are at other positions.
-  std::size_t CountMoved() const { return moved_; }
+  /// For fingerprints of parts that are told apart by their positions: the part that it is in front
+  /// of, whether it is replaced, and if `is_sent`, how many parts that both versions have are at
+  /// other positions.
+  std::string PositionOf(const ModelPair& models, Pair pair, bool is_sent) const;
 
  private:
   std::vector<Pair> all_;

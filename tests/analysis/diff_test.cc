@@ -3,6 +3,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -227,6 +228,10 @@ TEST(Changes, HaveFingerprintsOfWhatChanged) {
   const auto takes = [&](const std::string& parameters) {
     return operations(Operation("o", parameters));
   };
+  const std::string optional = Field("a", Of("OPTIONAL", text));
+  const auto has = [](const std::string& fields) {
+    return MetamodelFile({Structure("c.p.t", fields), "", ""});
+  };
   const auto values = [](const std::vector<std::string>& names) {
     std::vector<std::string> texts;
     for (const std::string& name : names) texts.push_back(EnumerationValue(name));
@@ -275,6 +280,11 @@ TEST(Changes, HaveFingerprintsOfWhatChanged) {
            {"output-field-order-changed", shows({"a", "b", "c"}), shows({"b", "a", "c"}),
             shows({"c", "a", "b"})},
            {"output-field-added", shows({}), command({}, shown("a", "A")), shows({"a"})},
+           {"output-field-added", shows({"b"}), shows({"b", "a"}), shows({"a", "b"})},
+           {"output-field-removed", shows({"a", "b"}), shows({"b"}), shows({"x", "b"})},
+           {"parameter-added-optional", takes(b), takes(b + "," + optional),
+            takes(optional + "," + b)},
+           {"field-added-optional", has(b), has(b + "," + optional), has(optional + "," + b)},
            {"output-structure-added", CliFile({Text(CommandText{"", "go"})}), shows({"a"}),
             shows({"b"})},
            {"namespace-list-changed", CliFile({root, outer, inner, other}),
@@ -293,6 +303,49 @@ TEST(Changes, HaveFingerprintsOfWhatChanged) {
     LookAtChanges({row.before}, {row.other_after}, take);
     EXPECT_GT(fingerprints.size(), count) << row.id;
   }
+}
+
+TEST(Changes, OfPartsThatAreSentByPositionHaveFingerprintsWithPositions) {
+  const std::string text = Builtin("STRING");
+  const auto fields = [&](const std::vector<std::string>& names) {
+    std::vector<std::string> texts;
+    for (const std::string& name : names) texts.push_back(Field(name, text));
+    return Listed(texts);
+  };
+  const auto fingerprint_of = [](const char* id, const std::string& before,
+                                 const std::string& after, const Assumptions& assumptions) {
+    std::uint64_t fingerprint = 0;
+    LookAtChanges(
+        {before}, {after},
+        [&](const Result& result) {
+          for (const Change& change : result.changes) {
+            if (change.kind->id == std::string(id)) fingerprint = change.fingerprint;
+          }
+        },
+        assumptions);
+    EXPECT_NE(fingerprint, 0U) << id << '\n' << after;
+    return fingerprint;
+  };
+  Assumptions positional;
+  positional.parameters = Assumptions::Parameters::kPositional;
+  const auto takes = [&](const std::vector<std::string>& names) {
+    return MetamodelFile({"", "", Operation("o", fields(names))});
+  };
+  const auto has = [&](const std::vector<std::string>& names) {
+    return MetamodelFile({Structure("c.p.t", fields(names)), "", ""});
+  };
+  const std::vector<std::string> before{"a", "b", "c"};
+  const std::vector<std::string> after{"a", "c"};
+  const std::vector<std::string> replaced{"a", "x", "c"};
+  const auto differ = [&](const Assumptions& assumptions) {
+    return std::pair(
+        fingerprint_of("parameter-removed", takes(before), takes(after), assumptions) !=
+            fingerprint_of("parameter-removed", takes(before), takes(replaced), assumptions),
+        fingerprint_of("field-removed", has(before), has(after), assumptions) !=
+            fingerprint_of("field-removed", has(before), has(replaced), assumptions));
+  };
+  EXPECT_EQ(differ(positional), std::pair(true, true));
+  EXPECT_EQ(differ({}), std::pair(false, false));
 }
 
 TEST(Changes, HaveThePlacesInBothVersions) {
