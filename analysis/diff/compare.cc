@@ -63,6 +63,7 @@ Result Compare(const Workspace& old_version, const Workspace& new_version,
     const std::size_t before = changes.Count();
     compare(changes);
     CompareSources(changes, domain);
+    CompareShadowed(changes, domain);
     std::sort(old_texts.begin(), old_texts.end());
     std::sort(new_texts.begin(), new_texts.end());
     if (old_texts == new_texts) continue;

@@ -12,4 +12,7 @@ void CompareCli(Changes& changes);
 /// Which sources answer, where what they answer is the same.
 void CompareSources(Changes& changes, Domain domain);
 
+/// What records have that lookups do not find.
+void CompareShadowed(Changes& changes, Domain domain);
+
 }  // namespace Zelk::Analysis::Diff

@@ -7,16 +7,6 @@
 #include "analysis/place.h"
 
 namespace Zelk::Analysis::Diff {
-namespace {
-
-/// Whether the library keeps elements of the kind in the order in which they are written.
-bool IsOrdered(ElementKind kind) {
-  return kind == ElementKind::kParameter || kind == ElementKind::kField ||
-         kind == ElementKind::kValue || kind == ElementKind::kError;
-}
-
-}  // namespace
-
 std::uint64_t Shapes::OwnOf(ElementId id) const {
   auto shape = static_cast<std::uint64_t>(model_[id].kind);
   if (extent_ == Extent::kAll) shape = Mixed(shape, Analysis::TextOf(model_, id, "documentation"));

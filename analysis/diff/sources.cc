@@ -99,6 +99,14 @@ class SourceComparer {
   Shapes new_shapes_;
 };
 
+// clang-format off
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage): only macros join literals
+#define ZELK_LEVEL(fields) \
+  "\n  " R"({"name": "acme.power", "documentation": "Power.", "metadata": {}, "enumerations": [],)" \
+  "\n  \"services\": [], \"structures\": [" \
+  ZELK_EXAMPLE_STRUCTURE("acme.power.level", "STRUCTURE", fields) "]}"
+// clang-format on
+
 constexpr Kind kRows[] = {
     {"answering-source-changed",
      Area::kSources,
@@ -112,6 +120,20 @@ constexpr Kind kRows[] = {
      {{ZELK_EXAMPLE_COMPONENT("", ""), ZELK_EXAMPLE_COMPONENT("", ""), ZELK_OTHER("")},
       {ZELK_OTHER(""), ZELK_EXAMPLE_COMPONENT("", "")},
       "metamodel/component:acme"}},
+    {"shadowed-definition-changed",
+     Area::kSources,
+     "shadowed definition",
+     Action::kChanged,
+     Always(kD, kD, kN, kD, kD),
+     "A definition that lookups do not find was changed, added or removed",
+     "Several definitions have the same name. Lookups of the name find another one, but this one "
+     "is "
+     "in the answers for what it is in. The files do not decide which one programs use. It is "
+     "documentation if only the documentation of the definition has changed.",
+     "Give each definition a name of its own.",
+     {{ZELK_EXAMPLE_COMPONENT(ZELK_LEVEL(ZELK_VOLTS), ""), ZELK_OTHER(ZELK_LEVEL(ZELK_VOLTS))},
+      {ZELK_EXAMPLE_COMPONENT(ZELK_LEVEL(ZELK_VOLTS), ""), ZELK_OTHER(ZELK_LEVEL(""))},
+      "metamodel/component:other/package:acme.power/structure:acme.power.level"}},
     {"source-lost",
      Area::kSources,
      "source",

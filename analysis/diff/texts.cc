@@ -1,12 +1,16 @@
 #include "analysis/diff/texts.h"
 
+#include <algorithm>
 #include <map>
+#include <vector>
 
 #include "analysis/diff/cli_comparers.h"
 #include "analysis/diff/types.h"
+#include "analysis/fates.h"
 #include "analysis/format.h"
 #include "analysis/options.h"
 #include "analysis/place.h"
+#include "analysis/schemes.h"
 
 namespace Zelk::Analysis::Diff {
 namespace {
@@ -18,6 +22,27 @@ std::string ValueText(const Document& document, NodeId value) {
     text += (text.size() == 1 ? "" : ", ") + Unambiguous(document.String(each));
   }
   return text + "]";
+}
+
+/// What clients see of the scheme.
+std::string SchemeText(const Scheme& scheme) {
+  return Unambiguous(scheme.id) + " " + Unambiguous(scheme.type) + " " +
+         Unambiguous(scheme.session_manager);
+}
+
+/// The parts without lookups of their own, as the library orders them.
+std::vector<ElementId> RecordParts(const Model& model, ElementId id) {
+  std::vector<ElementId> parts;
+  for (const ElementId part : model.Children(id)) {
+    if (IsKept(model[part]) && !HasLookup(model[part].kind)) parts.push_back(part);
+  }
+  const auto key = [&](ElementId part) {
+    const Element& element = model[part];
+    return std::pair(element.kind, IsOrdered(element.kind) ? std::string_view() : element.name);
+  };
+  std::stable_sort(parts.begin(), parts.end(),
+                   [&](ElementId left, ElementId right) { return key(left) < key(right); });
+  return parts;
 }
 
 }  // namespace
@@ -85,9 +110,33 @@ std::string OwnText(const Model& model, ElementId id) {
              ToUpper(text("generic")) + " " + text("short_option");
     case ElementKind::kOutputField:
       return text("display_name");
+    case ElementKind::kEntry:
+      return SchemeText(SchemeOf(model, model[id].target));
     default:
       return "";
   }
+}
+
+bool IsOrdered(ElementKind kind) {
+  return kind == ElementKind::kParameter || kind == ElementKind::kField ||
+         kind == ElementKind::kValue || kind == ElementKind::kError || kind == ElementKind::kEntry;
+}
+
+std::string RecordText(const Model& model, ElementId id, WithDocumentation with_documentation) {
+  const Element& element = model[id];
+  std::string text = Word(element.kind);
+  // Clients do not see the names that schemes have in files.
+  if (element.kind != ElementKind::kEntry) text += " " + Unambiguous(element.name);
+  text += " " + Unambiguous(OwnText(model, id));
+  if (with_documentation == WithDocumentation::kYes) {
+    text += " " + Unambiguous(TextOf(model, id, "documentation"));
+  }
+  text += " [";
+  // Only a few levels of parts have no lookups.
+  for (const ElementId part : RecordParts(model, id)) {
+    text += RecordText(model, part, with_documentation);
+  }
+  return text + "]";
 }
 
 }  // namespace Zelk::Analysis::Diff

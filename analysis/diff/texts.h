@@ -18,8 +18,17 @@ std::string AnnotationText(const Model& model, ElementId annotation);
 /// Such as "PRIMITIVE STRING".
 std::string ConstantType(const Model& model, ElementId constant);
 
-/// What the element says besides its name, its documentation and its parts; of Metamodel and CLI.
+/// What the element says besides its name, its documentation and its parts.
 std::string OwnText(const Model& model, ElementId id);
+
+/// Whether the library keeps elements of the kind in the order in which they are written.
+bool IsOrdered(ElementKind kind);
+
+enum class WithDocumentation : bool { kNo, kYes };
+
+/// All that the library answers of the element of Metamodel or Authentication itself, without the
+/// parts that have lookups of their own.
+std::string RecordText(const Model& model, ElementId id, WithDocumentation with_documentation);
 
 /// Only string constants have a value in the library.
 std::string ConstantValue(const Model& model, ElementId constant);

@@ -1,4 +1,7 @@
+#include <cstdint>
+#include <set>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -551,4 +554,43 @@ TEST(SourceChanges, DoNotCountFilesThatWereMoved) {
       "metadata": {}, "packages": []}}})";
   EXPECT_THAT(Changed({file, other}, {other, file}), IsEmpty());
   EXPECT_THAT(Changed({file, other}, {other, file + "\n"}), ElementsAre(kNothing));
+}
+
+TEST(SourceChanges, OfShadowedDefinitionsAreThoseOfTheRecordsThatHaveThem) {
+  const auto file = [](const std::string& component, const std::string& structures) {
+    return R"({"metamodel": {"component": {"name": ")" + component +
+           R"(", "documentation": "", "metadata": {}, "packages": [{"name": "c.p",
+           "documentation": "", "metadata": {}, "enumerations": [], "services": [],
+           "structures": [)" +
+           structures + "]}]}}}";
+  };
+  const std::string x = Field("x", kText);
+  const std::string y = Field("y", kText);
+  std::set<std::uint64_t> fingerprints;
+  // The component d has this instead of the structure c.p.t with x and y.
+  const auto changed = [&](const std::string& structures) {
+    const std::string both = Structure("c.p.t", x + "," + y);
+    const std::vector<std::string> before{file("c", both), file("d", both)};
+    const std::vector<std::string> after{file("c", both), file("d", structures)};
+    LookAtChanges(before, after, [&](const Result& result) {
+      for (const Change& change : result.changes) fingerprints.insert(change.fingerprint);
+    });
+    return Changed(before, after);
+  };
+  const std::string id = "shadowed-definition-changed structure:c.p.t: the structure 'c.p.t'";
+  const std::string in_record = id + " in the record of the package 'c.p' was ";
+  EXPECT_THAT(changed(Structure("c.p.t", x)), ElementsAre("DD--D " + in_record + "changed"));
+  EXPECT_THAT(changed(" " + Structure("c.p.t", x + " ")), SizeIs(1));
+  EXPECT_EQ(fingerprints.size(), 1U);
+  EXPECT_THAT(changed(Structure("c.p.t", y)), SizeIs(1));
+  EXPECT_THAT(changed(Structure("c.p.t", y + "," + x)), SizeIs(1));
+  EXPECT_THAT(changed(""), ElementsAre("DD--D " + in_record + "removed"));
+  EXPECT_EQ(fingerprints.size(), 4U);
+  std::string documented = Structure("c.p.t", x + "," + y);
+  const std::string empty = R"("documentation": "")";
+  documented.replace(documented.find(empty), empty.size(), R"("documentation": "Text.")");
+  EXPECT_THAT(changed(documented), ElementsAre("-t--t " + in_record + "changed"));
+  EXPECT_THAT(Changed({file("c", Structure("c.p.t", x)), file("d", "")},
+                      {file("c", Structure("c.p.t", x)), file("d", Structure("c.p.t", x))}),
+              ElementsAre("DD--D " + in_record + "added"));
 }

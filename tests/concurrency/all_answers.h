@@ -3,6 +3,7 @@
 #include <list>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <boost/none.hpp>
 
@@ -25,9 +26,15 @@ std::string OwnMetadata() {
 
 class AnswerLog {
  public:
-  const std::string& Text() const { return text_; }
+  const std::vector<std::string>& All() const { return answers_; }
 
-  void Add(const std::string& answer) { text_ += answer + "\n"; }
+  std::string Text() const {
+    std::string text;
+    for (const std::string& answer : answers_) text += answer + "\n";
+    return text;
+  }
+
+  void Add(const std::string& answer) { answers_.push_back(answer); }
 
   void AddUnless(bool expected_nothing, const std::string& call) {
     if (!expected_nothing) Add("something for an unknown id from " + call);
@@ -39,7 +46,7 @@ class AnswerLog {
   }
 
  private:
-  std::string text_;
+  std::vector<std::string> answers_;
 };
 
 /// The operations that all containers have.
@@ -81,7 +88,7 @@ void AddTreeAnswers(const Container& container, const RecordText& text, AnswerLo
   answers.AddUnless(container.OperationInfo(kNoSuchId, kNoSuchId) == nullptr, "OperationInfo");
 }
 
-inline std::string AllAnswers(const MetamodelUnderTest::Container& container) {
+inline AnswerLog AnswersOf(const MetamodelUnderTest::Container& container) {
   AnswerLog answers;
   AddSourceAnswers(container, answers);
   AddTreeAnswers(
@@ -100,7 +107,7 @@ inline std::string AllAnswers(const MetamodelUnderTest::Container& container) {
   answers.AddUnless(container.EnumerationInfo(kNoSuchId) == nullptr, "EnumerationInfo");
   answers.AddUnless(container.StructureInfo(kNoSuchId) == nullptr, "StructureInfo");
   answers.AddUnless(!container.ListModels(kNoSuchId), "ListModels");
-  return answers.Text();
+  return answers;
 }
 
 namespace Bindings = ::Com::Orvane::Zelk::Metadata;
@@ -137,12 +144,12 @@ inline std::string SchemesText(const Bindings::Authentication::ComponentInfo& co
   return text;
 }
 
-inline std::string AllAnswers(const AuthenticationUnderTest::Container& container) {
+inline AnswerLog AnswersOf(const AuthenticationUnderTest::Container& container) {
   AnswerLog answers;
   AddSourceAnswers(container, answers);
   AddTreeAnswers(
       container, [](const auto& record) { return SchemesText(record); }, answers);
-  return answers.Text();
+  return answers;
 }
 
 inline std::string CommandText(const Bindings::Cli::CommandSvc::Info& command) {
@@ -159,13 +166,14 @@ inline std::string CommandText(const Bindings::Cli::CommandSvc::Info& command) {
   return text;
 }
 
-inline std::string AllAnswers(const CliUnderTest::Container& container) {
+inline AnswerLog AnswersOf(const CliUnderTest::Container& container) {
   AnswerLog answers;
   AddSourceAnswers(container, answers);
   for (const auto& identity : container.ListNamespaces()) {
     const auto found = container.NamespaceInfo(identity);
-    answers.Add(identity->path + "." + identity->name + " " + found->description);
-    for (const auto& child : found->children) answers.Add(child->path + "." + child->name);
+    std::string text = identity->path + "." + identity->name + " " + found->description;
+    for (const auto& child : found->children) text += "\n" + child->path + "." + child->name;
+    answers.Add(text);
     for (const auto& command : container.ListCommands(Some(identity->path))) {
       answers.Add(command->path + "." + command->name);
     }
@@ -180,7 +188,12 @@ inline std::string AllAnswers(const CliUnderTest::Container& container) {
   const auto name_space =
       std::make_shared<const Bindings::Cli::NamespaceSvc::Identity>(kNoSuchId, "");
   answers.AddUnless(container.NamespaceInfo(name_space) == nullptr, "NamespaceInfo");
-  return answers.Text();
+  return answers;
+}
+
+template <typename Container>
+std::string AllAnswers(const Container& container) {
+  return AnswersOf(container).Text();
 }
 
 }  // namespace Zelk::Testing
