@@ -113,17 +113,12 @@ export function partialSource() {
  * package of the first source is dropped, and the services of the second source are shadowed.
  */
 export function namesakeSources() {
-  const field = (name, kind) => ({
-    name,
-    documentation: '',
-    metadata: {},
-    type: {
-      category: 'USER_DEFINED',
-      user_defined_type: kind,
-      user_defined_type_name: 'na.p.lost',
-    },
-  });
-  const answered = structure('na.p.s', [field('one', 'STRUCTURE'), field('two', 'ENUMERATION')]);
+  const type = {
+    category: 'USER_DEFINED',
+    user_defined_type: 'STRUCTURE',
+    user_defined_type_name: 'na.p.lost',
+  };
+  const answered = structure('na.p.s', [{ name: 'one', documentation: '', metadata: {}, type }]);
   const error = (name) => ({ user_defined_type_name: name, documentation: '' });
   const run = { ...operation('run'), errors: [error('na.p.lost'), error('na.p.gone')] };
   const services = (inShort, inLong) => [
