@@ -29,10 +29,11 @@ export function textsHeading(hits, limit) {
   return 'In documentation' + (hits.length < limit ? '' : ', the first');
 }
 
-/** What is around the first place of the pattern, and what follows. */
+/** The words around the first place of the pattern, and what follows. */
 function excerpt(id, pattern) {
   const text = model.documentation(id);
-  const begin = Math.max(0, text.search(pattern) - 60);
+  const at = text.search(pattern);
+  const begin = at > 60 ? Math.min(at, text.indexOf(' ', at - 60) + 1 || at) : 0;
   return (begin ? '…' : '') + text.slice(begin);
 }
 
