@@ -63,13 +63,14 @@ function paragraph(rest) {
   return h('p', rest);
 }
 
-/** Files with their messages. */
+/** Files with their messages, which begin with the name of the file. */
 function problems(heading, files) {
-  const note = (file) =>
+  const message = (line, file) => longText(line.slice(file.length + 1).trimStart());
+  const note = ({ file, problems: lines }) =>
     h(
       'div.note',
-      h('b', name(file.file)),
-      file.problems.map((problem) => h('p', { dir: 'auto' }, longText(problem))),
+      h('b', name(file)),
+      lines.map((line) => h('p', { dir: 'auto' }, message(line, file))),
     );
   return files.length > 0 && section(heading, inSteps(h('div'), files, note, paragraph));
 }
@@ -109,7 +110,7 @@ export function viewSource(position) {
       Object.entries(facts).map(([term, value]) => [h('dt', term), h('dd', value)]),
     ),
     list('Not answered or shadowed', hidden, (id) => [plainLink(id), ' ', place(id), notes(id)]),
-    list('Shadows', others, (id) => [fullLink(id), ' ', place(id)]),
+    list('Shadows', others, (id) => [plainLink(id), ' ', place(id)]),
     list('Contents', top, fullLink),
   ];
 }
