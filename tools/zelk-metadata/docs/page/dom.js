@@ -133,7 +133,7 @@ export function inSteps(parent, items, make, wrap = (rest) => h('li', rest), at 
     widen: ([first, last]) => {
       const isWider = first < begin || last > end;
       if (first < begin) showBefore();
-      while (end < last) show();
+      while (end < last && end < items.length) show();
       return isWider;
     },
   });
