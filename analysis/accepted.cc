@@ -8,13 +8,15 @@ namespace Zelk::Analysis {
 namespace {
 
 /// The entry of the list; empty if its fingerprint is not one.
-std::optional<Accepted> ReadEntry(SettingsReader& reader, NodeId entry, const AcceptedForm& form) {
+std::optional<Accepted> ReadEntry(SettingsReader& reader, const Document& document, NodeId entry,
+                                  const AcceptedForm& form) {
   constexpr int kHex = 16;
   constexpr std::size_t kDigits = 16;
   reader.ExpectKeys(entry, {form.id, "fingerprint", "element", "reason", "until"});
   Accepted accepted{reader.Text(entry, form.id), 0, reader.Text(entry, "reason"),
                     reader.Date(entry, "until")};
   accepted.element = reader.Text(entry, "element");
+  accepted.notes = NotesOf(document, entry);
   const std::string digits = reader.Text(entry, "fingerprint");
   const char* const end = digits.data() + digits.size();
   const auto parsed = std::from_chars(digits.data(), end, accepted.fingerprint, kHex);
@@ -24,6 +26,17 @@ std::optional<Accepted> ReadEntry(SettingsReader& reader, NodeId entry, const Ac
 }
 
 }  // namespace
+
+std::string NotesOf(const Document& document, NodeId object) {
+  std::string notes;
+  for (NodeId id = document[object].first_child; id != kNoNode; id = document[id].next) {
+    const Node& member = document[id];
+    if (document.Key(id).substr(0, 1) != "$") continue;
+    notes += notes.empty() ? "" : ",";
+    notes += document.Text().substr(member.key_begin, member.end - member.key_begin);
+  }
+  return "{" + notes + "}";
+}
 
 std::vector<Accepted> ReadAccepted(const Document& document, const AcceptedForm& form,
                                    SettingsProblems& problems) {
@@ -37,7 +50,8 @@ std::vector<Accepted> ReadAccepted(const Document& document, const AcceptedForm&
   reader.ExpectVersion(kRootNode);
   reader.EachChild(reader.Member(kRootNode, form.list, NodeKind::kArray), [&](NodeId entry) {
     if (!reader.IsObject(entry)) return;
-    if (auto accepted = ReadEntry(reader, entry, form)) all.push_back(std::move(*accepted));
+    if (auto accepted = ReadEntry(reader, document, entry, form))
+      all.push_back(std::move(*accepted));
   });
   return all;
 }
@@ -49,7 +63,8 @@ bool HasEnded(std::string_view until, const std::string& today) {
 AcceptedUse::AcceptedUse(const std::vector<Accepted>& entries, std::string today)
     : entries_(entries), today_(std::move(today)), is_used_(entries.size()) {
   for (std::size_t i = 0; i < entries.size(); ++i) {
-    if (!HasEnded(entries[i].until, today_)) by_fingerprint_.emplace(entries[i].fingerprint, i);
+    auto& positions = HasEnded(entries[i].until, today_) ? ended_ : by_fingerprint_;
+    positions.emplace(entries[i].fingerprint, i);
   }
 }
 

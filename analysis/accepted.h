@@ -23,7 +23,12 @@ struct Accepted {
   std::string file = {};
   /// The path that it lists; not used for anything else.
   std::string element = {};
+  /// See NotesOf().
+  std::string notes = {};
 };
+
+/// The members of the object that nothing reads, since they begin with '$', as a JSON object.
+std::string NotesOf(const Document& document, NodeId object);
 
 /// How a file lists them: {"version": 1, LIST: [{ID: ..., "fingerprint": ...}...]}, each with an
 /// optional "element", "reason" and "until".
@@ -53,6 +58,12 @@ class AcceptedUse {
   /// The entry that accepts what has the fingerprint; null if none does.
   const Accepted* Use(std::uint64_t fingerprint);
 
+  /// The entry that accepted it until its last day, which has passed; null if none did.
+  const Accepted* FindEnded(std::uint64_t fingerprint) const {
+    const auto entry = ended_.find(fingerprint);
+    return entry == ended_.end() ? nullptr : &entries_[entry->second];
+  }
+
   /// Calls `visit(entry, has_ended)` with each entry that accepted nothing.
   template <typename Visit>
   void ForEachUnused(const Visit& visit) const {
@@ -64,7 +75,9 @@ class AcceptedUse {
  private:
   const std::vector<Accepted>& entries_;
   const std::string today_;
+  /// The positions of the entries by their fingerprints.
   std::unordered_map<std::uint64_t, std::size_t> by_fingerprint_;
+  std::unordered_map<std::uint64_t, std::size_t> ended_;
   std::vector<bool> is_used_;
 };
 

@@ -50,7 +50,7 @@ struct Finding {
   /// Stays the same if files are re-indented, reordered, moved or split.
   std::uint64_t fingerprint = 0;
   SuppressedBy suppressed_by = SuppressedBy::kNothing;
-  /// The entry of the baseline that suppresses it; or null.
+  /// The entry of the baseline that suppresses it, or did until it ended; or null.
   const Accepted* accepted = nullptr;
 };
 

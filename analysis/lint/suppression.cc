@@ -265,8 +265,9 @@ std::vector<Unused> SuppressElsewhere(const Workspace& workspace, const Suppress
   for (Finding& finding : findings) {
     if (finding.suppressed_by == SuppressedBy::kNothing) configuration.Suppress(finding);
     if (finding.suppressed_by != SuppressedBy::kNothing) continue;
-    finding.accepted = baseline.Use(finding.fingerprint);
-    if (finding.accepted != nullptr) finding.suppressed_by = SuppressedBy::kBaseline;
+    const Accepted* const accepted = baseline.Use(finding.fingerprint);
+    if (accepted != nullptr) finding.suppressed_by = SuppressedBy::kBaseline;
+    finding.accepted = accepted == nullptr ? baseline.FindEnded(finding.fingerprint) : accepted;
   }
   const RuleIds ran = IdsOf(rules);
   std::vector<Unused> unused;

@@ -1,6 +1,7 @@
 #include <filesystem>
 #include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -15,6 +16,7 @@ using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 using Zelk::Testing::FileText;
 using Zelk::Testing::kAfter;
 using Zelk::Testing::kBefore;
@@ -80,7 +82,12 @@ TEST(DiffAccept, WritingOverAListKeepsReasonsAndOtherAudiences) {
             "zelk-metadata: accepted.json: 2 entries written\n");
   const std::string all = FileText(path);
   EXPECT_THAT(all, AllOf(HasSubstr(R"("reason": "agreed")"), HasSubstr("2999-12-31")));
-  const ToolRun run = versions.Run({"--for", "cli", "--write-accept", path});
+  // Nothing of this concerns command lines.
+  const std::pair<std::string, std::string> cli{"cli.json", R"({"cli": []})"};
+  const std::string old_folder = versions.Folder("old", {{"a.json", kBefore}, cli});
+  const std::string new_folder = versions.Folder("new", {{"a.json", kAfter}, cli});
+  const ToolRun run =
+      RunTool({"diff", old_folder, new_folder, "--for", "cli", "--write-accept", path});
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(FileText(path), all);
   versions.Write("new.json", kMore);
@@ -88,6 +95,66 @@ TEST(DiffAccept, WritingOverAListKeepsReasonsAndOtherAudiences) {
             "zelk-metadata: accepted.json: 1 entry written\n");
   EXPECT_THAT(FileText(path), AllOf(HasSubstr("operation-added"), HasSubstr("agreed"),
                                     Not(HasSubstr("operation-removed"))));
+}
+
+TEST(DiffAccept, WritingOverAListKeepsMembersThatNothingReads) {
+  const Versions versions(kBefore, kAfter);
+  const std::string path = Accepted(versions, R"("$ticket": [{"no": 7, "deep": [[]]}, null], )");
+  std::string list = FileText(path);
+  list.insert(1, R"("$schema": "../list.json", "$\u00fc": {}, )");
+  versions.Write("accepted.json", list);
+  EXPECT_EQ(versions.Run({"--write-accept", path}).status, 0);
+  const std::string written = FileText(path);
+  EXPECT_THAT(written, StartsWith("{\n  \"$schema\": \"../list.json\",\n  \"$\\u00FC\": {},\n"
+                                  "  \"version\": 1,\n"));
+  EXPECT_THAT(written, HasSubstr(R"(      "$ticket": [
+        {
+          "no": 7,
+          "deep": [
+            []
+          ]
+        },
+        null
+      ])"));
+  EXPECT_EQ(versions.Run({"--write-accept", path}).status, 0);
+  EXPECT_EQ(FileText(path), written);
+}
+
+TEST(DiffAccept, WritingOverAListRenewsNoEntryThatHasEnded) {
+  const Versions versions(kBefore, kAfter);
+  const std::string path = Accepted(versions, R"("reason": "agreed", "until": "2001-01-01", )");
+  EXPECT_EQ(versions.Run({"--write-accept", path}).err,
+            "zelk-metadata: accepted.json: 2 entries written; 2 of them have ended and accept "
+            "nothing; change 'until' to renew them\n");
+  std::string list = FileText(path);
+  EXPECT_THAT(list, AllOf(HasSubstr("agreed"), HasSubstr("2001-01-01")));
+  EXPECT_EQ(versions.Run({"--accept", path}).status, 5);
+  EXPECT_EQ(versions.Run({"--for", "source", "--write-accept", path}).status, 0);
+  EXPECT_EQ(FileText(path), list);
+  list.replace(list.find("2001"), 4, "2999");
+  versions.Write("accepted.json", list);
+  EXPECT_THAT(versions.Run({"--write-accept", path}).err,
+              EndsWith("2 entries written; 1 of them has ended and accepts nothing; change 'until' "
+                       "to renew it\n"));
+  EXPECT_EQ(FileText(path), list);
+}
+
+TEST(DiffAccept, ChangeAtAnotherPositionIsNotAccepted) {
+  const auto takes = [](const std::string& parameters) {
+    const std::string marker = "PARAMETERS";
+    std::string text = ZELK_EXAMPLE_OF("", "PARAMETERS", ZELK_EXAMPLE_VOID, "");
+    return text.replace(text.find(marker), marker.size(), parameters);
+  };
+  const std::string a = ZELK_EXAMPLE_FIELD("a", "", ZELK_EXAMPLE_LONG);
+  const std::string b = ZELK_EXAMPLE_FIELD("b", "", ZELK_EXAMPLE_LONG);
+  const Versions versions(takes(a + "," + b + "," + a), takes(a + "," + b));
+  const std::string config =
+      versions.Write("config.json", R"({"diff": {"parameters": "positional"}})");
+  const std::string path = versions.Path("accepted.json");
+  EXPECT_EQ(versions.Run({"--config", config, "--write-accept", path}).status, 0);
+  EXPECT_EQ(versions.Run({"--config", config, "--accept", path}).status, 0);
+  versions.Write("new.json", takes(b + "," + a));
+  EXPECT_EQ(versions.Run({"--config", config, "--accept", path}).status, 5);
 }
 
 TEST(DiffAccept, OnlyChangesThatFailTheRunAreWritten) {
@@ -129,6 +196,12 @@ TEST(DiffAccept, ListIsNeverStandardInputOrOutput) {
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.err, "zelk-metadata: --accept and --write-accept need a file, not -\n");
   }
+}
+
+TEST(DiffAccept, ListHasAName) {
+  const ToolRun run = Versions(kBefore, kAfter).Run({"--accept", ""});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "zelk-metadata: --accept needs a file, not an empty text\n");
 }
 
 TEST(DiffAccept, EntryThatHasEndedAcceptsNothing) {

@@ -304,6 +304,13 @@ TEST_F(Lint, ABaselineThatIsReplacedKeepsReasons) {
   Write("baseline.json", kept);
   EXPECT_EQ(Run(kThree, {"--write-baseline", baseline}).status, 0);
   EXPECT_EQ(FileText(baseline), kept);
+  kept.insert(kept.find("\n    }"), ",\n      \"until\": \"2001-01-01\",\n      \"$note\": {}");
+  Write("baseline.json", kept);
+  EXPECT_THAT(
+      Run(kThree, {"--write-baseline", baseline}).err,
+      HasSubstr("3 entries written; 1 of them has ended and accepts nothing; change 'until' "
+                "to renew it\n"));
+  EXPECT_EQ(FileText(baseline), kept);
 }
 
 TEST_F(Lint, ABaselineThatIsReplacedKeepsEntriesOfRulesThatDidNotRun) {

@@ -58,6 +58,8 @@ std::string ProblemOf(const Arguments& arguments) {
   if (is_accepted_input || arguments.new_accept == kInput) {
     return "--accept and --write-accept need a file, not -";
   }
+  const bool has_no_name = std::find(accept.begin(), accept.end(), "") != accept.end();
+  if (has_no_name) return "--accept needs a file, not an empty text";
   if (arguments.list_kinds) return WrongListOutput("list-changes", arguments.output);
   if (!arguments.sources.empty()) return "diff takes OLD and NEW as operands, not as --source";
   if (arguments.old_version.empty() || arguments.new_version.empty()) {

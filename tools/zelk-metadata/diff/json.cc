@@ -85,16 +85,17 @@ void WriteSummary(JsonWriter& json, const Report& report) {
 }  // namespace
 
 WrittenList WriteAccepted(const std::string& path, const Report& report) {
-  AcceptedWriter writer(kAcceptedForm);
+  AcceptedWriter writer(kAcceptedForm, path);
   for (const auto* entries : {&report.entries, &report.others}) {
     for (const Entry& entry : *entries) {
-      if (entry.accepted == nullptr && !FailsBecauseOf(report, entry)) continue;
+      const Analysis::Accepted* const earlier =
+          entry.accepted == nullptr ? entry.ended : entry.accepted;
+      if (earlier == nullptr && !FailsBecauseOf(report, entry)) continue;
       const Change& change = *entry.change;
-      writer.Add(change.kind->id, FingerprintText(change.fingerprint), change.element,
-                 entry.accepted);
+      writer.Add(change.kind->id, FingerprintText(change.fingerprint), change.element, earlier);
     }
   }
-  return writer.WriteTo(path);
+  return writer.Write();
 }
 
 void WriteJson(JsonWriter& json, const Report& report) {

@@ -34,9 +34,10 @@ void Compare(Report& report) {
   for (const Change& change : report.result.changes) {
     const Class worst = ClassOf(change, report.audiences);
     const Analysis::Accepted* const reason = accepted.Use(change.fingerprint);
+    const Analysis::Accepted* const ended = accepted.FindEnded(change.fingerprint);
     const bool is_shown = worst != Class::kNotConcerned;
-    if (!is_shown && reason == nullptr) continue;
-    (is_shown ? report.entries : report.others).push_back({&change, worst, reason});
+    if (!is_shown && reason == nullptr && ended == nullptr) continue;
+    (is_shown ? report.entries : report.others).push_back({&change, worst, reason, ended});
   }
   // The classes of all audiences may be others.
   std::stable_sort(report.entries.begin(), report.entries.end(),

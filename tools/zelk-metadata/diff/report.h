@@ -57,6 +57,9 @@ struct Entry {
 
   /// Why it fails no run; or null.
   const Analysis::Accepted* accepted;
+
+  /// Why it failed no run until a day that has passed; or null.
+  const Analysis::Accepted* ended;
 };
 
 /// An entry of a list of accepted changes that accepts nothing.
@@ -78,7 +81,7 @@ struct Report {
   std::vector<std::string> accepted_files;
   std::vector<Analysis::Accepted> accepted;
 
-  /// The accepted changes that concern other audiences only.
+  /// The changes with entries that concern other audiences only.
   std::vector<Entry> others;
 
   /// The entries that accept nothing.

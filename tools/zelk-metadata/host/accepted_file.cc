@@ -8,11 +8,68 @@
 #include <utility>
 
 #include "host/replace_file.h"
+#include "host/settings_file.h"
 
 namespace Zelk::Tool {
+namespace {
 
-AcceptedWriter::AcceptedWriter(const Analysis::AcceptedForm& form) : form_(form) {
+using Analysis::Document;
+using Analysis::kNoNode;
+using Analysis::kRootNode;
+using Analysis::NodeId;
+using Analysis::NodeKind;
+
+void Open(Render::JsonWriter& json, const Document& document, NodeId id) {
+  const Analysis::Node& node = document[id];
+  if (node.key_end > node.key_begin) json.Key(std::string(document.Key(id)));
+  switch (node.kind) {
+    case NodeKind::kObject:
+      return json.StartObject();
+    case NodeKind::kArray:
+      return json.StartArray();
+    case NodeKind::kString:
+      return json.String(std::string(document.String(id)));
+    case NodeKind::kOther:
+      return json.Literal(std::string(document.Text().substr(node.begin, node.end - node.begin)));
+  }
+}
+
+void Close(Render::JsonWriter& json, NodeKind kind) {
+  if (kind == NodeKind::kObject) json.EndObject();
+  if (kind == NodeKind::kArray) json.EndArray();
+}
+
+/// Writes the members of an object, which may nest to any depth.
+void WriteMembers(Render::JsonWriter& json, const std::string& object) {
+  const Document document(object);
+  NodeId id = document[kRootNode].first_child;
+  while (id != kNoNode) {
+    Open(json, document, id);
+    if (document[id].first_child != kNoNode) {
+      id = document[id].first_child;
+      continue;
+    }
+    Close(json, document[id].kind);
+    while (document[id].next == kNoNode && document[id].parent != kRootNode) {
+      id = document[id].parent;
+      Close(json, document[id].kind);
+    }
+    id = document[id].next;
+  }
+}
+
+}  // namespace
+
+AcceptedWriter::AcceptedWriter(const Analysis::AcceptedForm& form, std::string path)
+    : form_(form), path_(std::move(path)) {
   json_.StartObject();
+  // What is wrong with it was reported when it was read.
+  std::vector<std::string> complaints;
+  for (const std::string& replaced : WithReplaced({}, path_)) {
+    ReadSettings(replaced, complaints, [&](const Document& document, auto&) {
+      WriteMembers(json_, Analysis::NotesOf(document, kRootNode));
+    });
+  }
   json_.Key("version").Number(1);
   json_.Key(form_.list).StartArray();
 }
@@ -24,19 +81,30 @@ void AcceptedWriter::Add(const std::string& id, const std::string& fingerprint,
   json_.Member(form_.id, id);
   json_.Member("fingerprint", fingerprint);
   json_.Member("element", element);
-  if (earlier != nullptr && !earlier->reason.empty()) json_.Member("reason", earlier->reason);
-  if (earlier != nullptr && !earlier->until.empty()) json_.Member("until", earlier->until);
+  if (earlier != nullptr) {
+    if (!earlier->reason.empty()) json_.Member("reason", earlier->reason);
+    if (!earlier->until.empty()) json_.Member("until", earlier->until);
+    if (Analysis::HasEnded(earlier->until, Today())) ++ended_;
+    WriteMembers(json_, earlier->notes);
+  }
   json_.EndObject();
 }
 
-WrittenList AcceptedWriter::WriteTo(const std::string& path) {
+WrittenList AcceptedWriter::Write() {
   json_.EndArray();
   json_.EndObject();
   std::ostringstream text;
   json_.WriteTo(text, true);
-  std::string complaint = ReplaceFile(path, text.str());
+  std::string complaint = ReplaceFile(path_, text.str());
   if (!complaint.empty()) return {false, std::move(complaint)};
-  return {true, fmt::format("{}: {} {} written", path, count_, count_ == 1 ? "entry" : "entries")};
+  std::string message =
+      fmt::format("{}: {} {} written", path_, count_, count_ == 1 ? "entry" : "entries");
+  if (ended_ > 0) {
+    message += fmt::format("; {} of them {} ended and {} nothing; change 'until' to renew {}",
+                           ended_, ended_ == 1 ? "has" : "have", ended_ == 1 ? "accepts" : "accept",
+                           ended_ == 1 ? "it" : "them");
+  }
+  return {true, std::move(message)};
 }
 
 std::vector<std::string> WithReplaced(std::vector<std::string> lists, const std::string& written) {

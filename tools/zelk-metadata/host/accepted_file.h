@@ -13,26 +13,29 @@ namespace Zelk::Tool {
 struct WrittenList {
   bool is_written;
 
-  /// "PATH: 2 entries written", or why it could not be written.
+  /// "PATH: 2 entries written" and how many of them have ended, or why it could not be written.
   std::string message;
 };
 
 /// Writes a list of what a project accepts, as Analysis::ReadAccepted() reads it.
 class AcceptedWriter {
  public:
-  explicit AcceptedWriter(const Analysis::AcceptedForm& form);
+  /// Begins with the notes of the file that it replaces.
+  AcceptedWriter(const Analysis::AcceptedForm& form, std::string path);
 
-  /// `earlier` is the entry that accepted the same until now; or null.
+  /// `earlier` is the entry that accepted the same, even if it has ended; or null.
   void Add(const std::string& id, const std::string& fingerprint, const std::string& element,
            const Analysis::Accepted* earlier);
 
   /// Ends the list and replaces the file by it.
-  WrittenList WriteTo(const std::string& path);
+  WrittenList Write();
 
  private:
   const Analysis::AcceptedForm form_;
+  const std::string path_;
   Render::JsonWriter json_;
   std::size_t count_ = 0;
+  std::size_t ended_ = 0;
 };
 
 /// The lists to read if one is written, too: a list that will be replaced is read as well. Its

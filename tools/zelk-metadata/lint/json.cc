@@ -65,7 +65,7 @@ void WriteSummary(JsonWriter& json, const Summary& summary) {
 }  // namespace
 
 WrittenList WriteBaseline(const std::string& path, const Report& report) {
-  AcceptedWriter writer(Analysis::kBaselineForm);
+  AcceptedWriter writer(Analysis::kBaselineForm, path);
   report.ForEach([&](const Entry& entry) {
     const bool is_accepted = entry.suppressed_by == SuppressedBy::kNothing ||
                              entry.suppressed_by == SuppressedBy::kBaseline;
@@ -78,7 +78,7 @@ WrittenList WriteBaseline(const std::string& path, const Report& report) {
     if (!written.insert(entry->fingerprint).second) continue;
     writer.Add(entry->id, FingerprintText(entry->fingerprint), entry->element, entry);
   }
-  return writer.WriteTo(path);
+  return writer.Write();
 }
 
 void WriteJson(JsonWriter& json, const Report& report) {

@@ -57,6 +57,10 @@ void JsonWriter::Null() {
   writer_.Null();
 }
 
+void JsonWriter::Literal(const std::string& json) {
+  writer_.RawValue(json.data(), json.size(), rapidjson::kNumberType);
+}
+
 void JsonWriter::Member(const std::string& name, const std::string& value) {
   Key(name).String(value);
 }

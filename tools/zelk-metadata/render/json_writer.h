@@ -31,6 +31,8 @@ class JsonWriter {
   void Number(std::uint64_t value);
   void Bool(bool value);
   void Null();
+  /// A number, true, false or null, as JSON has it.
+  void Literal(const std::string& json);
 
   /// A key with its value; null for an empty optional.
   void Member(const std::string& name, const std::string& value);
