@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 #include "analysis/near.h"
 
@@ -104,6 +105,15 @@ void SettingsReader::ExpectKeys(NodeId object, const std::vector<std::string>& k
     const bool is_known = std::find(known.begin(), known.end(), key) != known.end();
     if (is_known || key.substr(0, 1) == "$") return;
     Complain(member, "unknown key '" + key + "'" + Suggestion(key, known));
+  });
+}
+
+void SettingsReader::ExpectOnce(NodeId object) {
+  std::set<std::string_view> keys;
+  EachChild(object, [&](NodeId member) {
+    const std::string_view key = document_.Key(member);
+    if (!keys.insert(key).second)
+      Complain(member, "the key '" + std::string(key) + "' is repeated");
   });
 }
 

@@ -58,6 +58,9 @@ class SettingsReader {
   /// Other keys of the object are problems, but for those that begin with '$'.
   void ExpectKeys(NodeId object, const std::vector<std::string>& known);
 
+  /// Keys that the object has twice are problems.
+  void ExpectOnce(NodeId object);
+
   /// Whether the node is an object. If not, that is a problem.
   bool IsObject(NodeId node);
 

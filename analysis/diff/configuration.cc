@@ -19,7 +19,9 @@ constexpr std::array<Class, 4> kClasses{Class::kDocumentation, Class::kCompatibl
 
 void ReadAnnotations(SettingsReader& reader, const Document& document, NodeId diff,
                      Assumptions& assumptions) {
-  reader.EachChild(reader.Member(diff, "annotations", NodeKind::kObject), [&](NodeId annotation) {
+  const NodeId annotations = reader.Member(diff, "annotations", NodeKind::kObject);
+  reader.ExpectOnce(annotations);
+  reader.EachChild(annotations, [&](NodeId annotation) {
     const std::string_view word = document.String(annotation);
     for (const Class verdict : kClasses) {
       if (word != Word(verdict)) continue;
@@ -50,6 +52,9 @@ const std::vector<Choice>& Choices() {
 Assumptions ReadAssumptions(const Document& document, SettingsProblems& problems) {
   Assumptions assumptions;
   SettingsReader reader(document, problems);
+  // The other keys are those of other commands.
+  reader.ExpectKeys(kRootNode, {"sources", "lint", "diff"});
+  reader.ExpectOnce(kRootNode);
   const NodeId diff = reader.Member(kRootNode, "diff", NodeKind::kObject);
   if (diff == kNoNode) return assumptions;
   std::vector<std::string> keys{"deprecated", "annotations"};
@@ -59,6 +64,7 @@ Assumptions ReadAssumptions(const Document& document, SettingsProblems& problems
     if (word == choice.words[1]) choice.set_second(assumptions);
   }
   reader.ExpectKeys(diff, keys);
+  reader.ExpectOnce(diff);
   if (document.Find(diff, "deprecated") != kNoNode) {
     const std::vector<std::string> names = reader.Texts(diff, "deprecated");
     assumptions.deprecated = {names.begin(), names.end()};

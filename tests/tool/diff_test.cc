@@ -289,3 +289,22 @@ TEST(Diff, WrongAssumptionsAreComplaints) {
   EXPECT_EQ(versions.Run({"--config", versions.Path("no")}).err,
             "zelk-metadata: no: the file cannot be read\n");
 }
+
+TEST(Diff, UnknownAndRepeatedKeysOfTheConfigurationAreComplaints) {
+  const Versions versions(kBefore, kAfter);
+  const auto complaint = [&](const std::string& text) {
+    const ToolRun run = versions.Run({"--config", versions.Write("config.json", text)});
+    EXPECT_EQ(run.status, 2) << text;
+    return run.err;
+  };
+  EXPECT_EQ(complaint("{\n\"dif\": {}}"),
+            "zelk-metadata: config.json:2:8: unknown key 'dif'; did you mean diff?\n");
+  EXPECT_EQ(complaint("{\"diff\": {},\n\"diff\": {}}"),
+            "zelk-metadata: config.json:2:9: the key 'diff' is repeated\n");
+  EXPECT_EQ(complaint("{\"diff\": {\"schemes\": \"all\",\n\"schemes\": \"any\"}}"),
+            "zelk-metadata: config.json:2:12: the key 'schemes' is repeated\n");
+  EXPECT_EQ(complaint("{\"diff\": {\"annotations\": {\"A\": \"breaking\",\n\"A\": \"breaking\"}}}"),
+            "zelk-metadata: config.json:2:6: the key 'A' is repeated\n");
+  const std::string good = R"({"$note": 1, "sources": [], "lint": {}, "diff": {}})";
+  EXPECT_EQ(versions.Run({"--config", versions.Write("config.json", good)}).err, "");
+}
