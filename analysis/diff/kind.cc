@@ -44,22 +44,6 @@ const std::vector<const Kind*>& Kinds() {
   return kinds;
 }
 
-DomainSet DomainsFor(AudienceSet audiences) {
-  constexpr std::array<DomainSet, kAreas> kDomainsOf{
-      SetOf(Domain::kMetamodel), SetOf(Domain::kMetamodel), SetOf(Domain::kAuthentication),
-      SetOf(Domain::kCli), 0};
-  DomainSet domains = 0;
-  for (const Kind* kind : Kinds()) {
-    const Verdicts verdicts = Worse(kind->verdicts.input, kind->verdicts.output);
-    for (std::size_t i = 0; i < kAudiences; ++i) {
-      const bool is_concerned = (audiences & SetOf(static_cast<Audience>(i))) != 0 &&
-                                verdicts.at(i) != Class::kNotConcerned;
-      if (is_concerned) domains |= kDomainsOf.at(static_cast<std::size_t>(kind->area));
-    }
-  }
-  return domains;
-}
-
 const Kind* FindKind(std::string_view id) {
   static const std::unordered_map<std::string_view, const Kind*> by_id = [] {
     std::unordered_map<std::string_view, const Kind*> kinds;

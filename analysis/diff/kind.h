@@ -139,9 +139,6 @@ extern const Rows<Kind> kSourceKinds;
 /// All kinds of all areas.
 const std::vector<const Kind*>& Kinds();
 
-/// The domains whose changes concern one of the audiences.
-DomainSet DomainsFor(AudienceSet audiences);
-
 /// Null for an unknown id.
 const Kind* FindKind(std::string_view id);
 

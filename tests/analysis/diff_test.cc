@@ -162,18 +162,6 @@ TEST(Changes, NameAssumptionsAsTheConfigurationDoes) {
   }
 }
 
-TEST(ChangeKinds, ConcernAudiencesByTheirDomains) {
-  using Zelk::Analysis::Domain;
-  const auto domains = [](Audience audience) {
-    return Zelk::Analysis::Diff::DomainsFor(SetOf(audience));
-  };
-  EXPECT_EQ(domains(Audience::kAuth), SetOf(Domain::kAuthentication));
-  EXPECT_EQ(domains(Audience::kWire) & SetOf(Domain::kCli), 0);
-  EXPECT_NE(domains(Audience::kCli) & SetOf(Domain::kCli), 0);
-  EXPECT_EQ(domains(Audience::kMetadata),
-            SetOf(Domain::kMetamodel) | SetOf(Domain::kAuthentication) | SetOf(Domain::kCli));
-}
-
 TEST(Changes, OfLostFilesDependOnTheirTexts) {
   const Zelk::Analysis::Workspace nothing({});
   std::set<std::uint64_t> fingerprints;

@@ -102,11 +102,10 @@ TEST(Diff, FailOnDecidesTheStatus) {
 
 TEST(Diff, OnlyWhatConcernsTheAudiencesIsShown) {
   const Versions versions(kBefore, kAfter);
-  const ToolRun none = versions.Run({"--for", "cli", "--for", "auth"});
-  EXPECT_EQ(none.status, 0) << none.err;
-  EXPECT_THAT(none.out,
-              EndsWith("no changes\nno command lines were compared: no CLI file was loaded\n"
-                       "no access was compared: no Authentication file was loaded\npassed\n"));
+  EXPECT_THAT(versions.Run({"--for", "cli", "--for", "auth", "--for", "metadata"}).out,
+              EndsWith("\nno command lines were compared: no CLI file was loaded\n"
+                       "no access was compared: no Authentication file was loaded\n"
+                       "failed: found a change at or above 'breaking'\n"));
   EXPECT_THAT(versions.Run({"--for", "cli", "--for", "source"}).out,
               AllOf(HasSubstr("      for: source\n"), Not(HasSubstr("wire"))));
   EXPECT_THAT(versions.Run({"--for", "wire", "--for", "source"}).out,
@@ -195,10 +194,20 @@ TEST(Diff, NothingComparedIsAFailure) {
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err, "zelk-metadata: OLD and NEW have no domain in common\n");
   }
-  const ToolRun run = Versions(kBefore, kAfter).Run({"--for", "auth"});
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.out, "");
-  EXPECT_EQ(run.err, "zelk-metadata: OLD and NEW have no file that concerns auth\n");
+  const Versions versions(kBefore, kAfter);
+  const auto complaint = [&](const std::vector<std::string>& words) {
+    const ToolRun run = versions.Run(words);
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, "");
+    return run.err;
+  };
+  const std::string text = "zelk-metadata: OLD and NEW have no file that concerns ";
+  EXPECT_EQ(complaint({"--for", "auth"}), text + "auth\n");
+  EXPECT_EQ(complaint({"--for", "cli", "--json"}), text + "cli\n");
+  EXPECT_EQ(complaint({"--for", "auth", "--for", "cli"}), text + "cli, auth\n");
+  versions.Write("old.json", R"({"cli": []})");
+  versions.Write("new.json", R"({"cli": [] })");
+  EXPECT_EQ(complaint({"--for", "wire", "--for", "source"}), text + "wire, source\n");
 }
 
 TEST(Diff, FilesThatCannotBeReadAreCounted) {

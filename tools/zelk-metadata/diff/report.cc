@@ -59,8 +59,13 @@ std::string WhyNotComparable(const Report& report) {
   const Analysis::DomainSet old_domains = report.old_version.workspace->Loaded();
   const Analysis::DomainSet new_domains = report.new_version.workspace->Loaded();
   if ((old_domains & new_domains) == 0) return "OLD and NEW have no domain in common";
-  const Analysis::DomainSet needed = Analysis::Diff::DomainsFor(report.audiences);
-  if (((old_domains | new_domains) & needed) != 0) return "";
+  // Programs that read the metadata read all of it.
+  Analysis::Diff::AudienceSet compared = SetOf(Audience::kMetadata);
+  for (const Concern& concern : kConcerns) {
+    const bool is_loaded = ((old_domains | new_domains) & SetOf(concern.domain)) != 0;
+    if (is_loaded) compared |= concern.audiences;
+  }
+  if ((report.audiences & compared) != 0) return "";
   std::string audiences;
   for (const Audience audience : kAudiences) {
     if ((report.audiences & SetOf(audience)) == 0) continue;

@@ -50,6 +50,21 @@ struct Side {
 
 inline constexpr std::size_t kClasses = 5;
 
+/// What some audiences need, and what a report says if no file has it.
+struct Concern {
+  Analysis::Diff::AudienceSet audiences;
+  Analysis::Domain domain;
+  const char* missing;
+};
+
+inline constexpr std::array<Concern, 3> kConcerns{
+    {{SetOf(Audience::kWire) | SetOf(Audience::kSource), Analysis::Domain::kMetamodel,
+      "no interfaces were compared: no Metamodel file was loaded"},
+     {SetOf(Audience::kCli), Analysis::Domain::kCli,
+      "no command lines were compared: no CLI file was loaded"},
+     {SetOf(Audience::kAuth), Analysis::Domain::kAuthentication,
+      "no access was compared: no Authentication file was loaded"}}};
+
 /// A change that concerns the user.
 struct Entry {
   const Change* change;

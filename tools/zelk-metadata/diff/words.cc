@@ -63,28 +63,13 @@ std::string FailedText(const Report& report) {
 
 /// What of the chosen audiences' concern no file has.
 std::vector<std::string> MissingTexts(const Report& report) {
-  using Analysis::Domain;
-
-  struct Concern {
-    Analysis::Diff::AudienceSet audiences;
-    Domain domain;
-    const char* text;
-  };
-
-  constexpr std::array<Concern, 3> kConcerns{
-      {{SetOf(Audience::kWire) | SetOf(Audience::kSource), Domain::kMetamodel,
-        "no interfaces were compared: no Metamodel file was loaded"},
-       {SetOf(Audience::kCli), Domain::kCli,
-        "no command lines were compared: no CLI file was loaded"},
-       {SetOf(Audience::kAuth), Domain::kAuthentication,
-        "no access was compared: no Authentication file was loaded"}}};
   std::vector<std::string> texts;
   const Analysis::DomainSet loaded =
       report.old_version.workspace->Loaded() | report.new_version.workspace->Loaded();
   if (loaded == 0 || report.audiences == Analysis::Diff::kAllAudiences) return texts;
   for (const Concern& concern : kConcerns) {
     const bool is_chosen = (report.audiences & concern.audiences) != 0;
-    if (is_chosen && (loaded & SetOf(concern.domain)) == 0) texts.emplace_back(concern.text);
+    if (is_chosen && (loaded & SetOf(concern.domain)) == 0) texts.emplace_back(concern.missing);
   }
   return texts;
 }
