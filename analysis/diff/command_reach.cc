@@ -5,7 +5,6 @@
 
 #include "analysis/call.h"
 #include "analysis/diff/cli_comparers.h"
-#include "analysis/fingerprint.h"
 #include "analysis/options.h"
 #include "analysis/place.h"
 
@@ -47,35 +46,6 @@ bool CanFill(const Workspace& version, ElementId option) {
 }
 
 }  // namespace
-
-const CommandReach::Name& CommandReach::NameOf(ElementId command) {
-  const auto [known, is_new] = names_.try_emplace(command);
-  if (is_new) {
-    const std::string name = models_.old_model.FullName(command);
-    known->second = {"'" + Shortened(name) + "'", FingerprintOf(name)};
-  }
-  return known->second;
-}
-
-void CommandReach::AddShort(Commands& commands, ElementId command) {
-  if (commands.IsFull()) {
-    commands.AddMore(NumberOf(command));
-  } else {
-    commands.Add(command);
-  }
-}
-
-CommandNames CommandReach::NamesOf(const Commands& commands) {
-  const std::set<ElementId>& ids = commands.Ids();
-  if (ids.empty()) return {};
-  std::uint64_t sum = commands.More();
-  for (const ElementId id : ids) sum += NumberOf(id);
-  const std::string& first = NameOf(*ids.begin()).shown;
-  if (ids.size() == 1) return {"the command " + first, sum};
-  const std::string& second = NameOf(*std::next(ids.begin())).shown;
-  if (!commands.IsFull()) return {"the commands " + first + " and " + second, sum};
-  return {"the commands " + first + ", " + second + " and others", sum};
-}
 
 ElementId CommandReach::CommandOf(ElementId old_id) const {
   while (models_.old_model[old_id].kind != ElementKind::kCommand) {
@@ -132,13 +102,13 @@ const std::vector<ElementId>& CommandReach::StillNaming(ElementId old_id) {
   return naming_;
 }
 
-CommandReach::Commands CommandReach::Naming(ElementId old_id) {
+Commands CommandReach::Naming(ElementId old_id) {
   Commands commands;
   for (const ElementId id : StillNaming(old_id)) commands.Add(CommandOf(id));
   return commands;
 }
 
-CommandReach::Commands CommandReach::UsingGone(Pair pair) {
+Commands CommandReach::UsingGone(Pair pair) {
   Commands commands;
   if (models_.old_model.Size() == 0) return commands;
   std::vector<ElementId> gone = PartsWith(metamodels_, pair);
@@ -178,7 +148,7 @@ std::vector<ElementId> CommandReach::Showing(ElementId old_part) {
   return commands;
 }
 
-CommandReach::Commands CommandReach::PrintingOther(Pair part) {
+Commands CommandReach::PrintingOther(Pair part) {
   Commands commands;
   const std::vector<ElementId> gone = NoLongerNamed(part);
   if (gone.empty()) return commands;
@@ -203,8 +173,8 @@ const CommandReach::Readers& CommandReach::ReadersOf(ElementId old_structure,
     if (now == kNoElement) return;
     const Reading& reading = ReadingOf(FormatterOf(models_.new_model, now));
     const Class verdict = meaning == nullptr ? Class::kBreaking : reading.*meaning;
-    if (verdict == Class::kBreaking) AddShort(readers_.broken, command);
-    if (verdict == Class::kDangerous) AddShort(readers_.endangered, command);
+    if (verdict == Class::kBreaking) names_.AddShort(readers_.broken, command);
+    if (verdict == Class::kDangerous) names_.AddShort(readers_.endangered, command);
   });
   return readers_;
 }
@@ -218,7 +188,7 @@ bool CommandReach::IsMisfit(ElementId option) {
   return known->second;
 }
 
-CommandReach::Commands CommandReach::Misfitting(ElementId old_part) {
+Commands CommandReach::Misfitting(ElementId old_part) {
   Commands commands;
   for (const ElementId id : StillNaming(old_part)) {
     const bool is_option = models_.old_model[id].kind == ElementKind::kOption;
@@ -227,7 +197,7 @@ CommandReach::Commands CommandReach::Misfitting(ElementId old_part) {
   return commands;
 }
 
-CommandReach::Commands CommandReach::Lacking(Pair owner, ElementId new_part) {
+Commands CommandReach::Lacking(Pair owner, ElementId new_part) {
   const bool is_field = metamodels_.new_model[new_part].kind == ElementKind::kField;
   return is_field ? WithoutField(owner, new_part) : WithoutParameter(owner.old_id, new_part);
 }
@@ -238,7 +208,7 @@ ElementId CommandReach::OldOf(ElementId new_command) {
   return before != kNoElement && NewOf(before) == new_command ? before : kNoElement;
 }
 
-CommandReach::Commands CommandReach::WithoutParameter(ElementId operation, ElementId parameter) {
+Commands CommandReach::WithoutParameter(ElementId operation, ElementId parameter) {
   const Model& cli = models_.new_model;
   std::set<ElementId> with;
   for (const Reference* reference : new_.GetReferences().To({Domain::kMetamodel, parameter})) {
@@ -249,16 +219,16 @@ CommandReach::Commands CommandReach::WithoutParameter(ElementId operation, Eleme
   const std::vector<ElementId>& all = StillNaming(operation);
   if (!naming_sum_) {
     naming_sum_ = 0;
-    for (const ElementId command : all) *naming_sum_ += NumberOf(command);
+    for (const ElementId command : all) *naming_sum_ += names_.NumberOf(command);
   }
   std::uint64_t more = *naming_sum_;
-  for (const ElementId command : with) more -= NumberOf(command);
+  for (const ElementId command : with) more -= names_.NumberOf(command);
   Commands commands;
   for (const ElementId command : all) {
     if (commands.IsFull()) break;
     if (with.count(command) != 0) continue;
     commands.Add(command);
-    more -= NumberOf(command);
+    more -= names_.NumberOf(command);
   }
   commands.AddMore(more);
   return commands;
@@ -286,12 +256,12 @@ void CommandReach::ReadBuilders(Pair structure) {
     if (still.count(fill.instance) != 0 && NewOf(fill.command) != kNoElement) {
       if (!builder_of_.emplace(fill.instance, fill.command).second) return;
       builders_.insert({fill.command, fill.instance});
-      builders_sum_ += NumberOf(fill.command);
+      builders_sum_ += names_.NumberOf(fill.command);
     }
   });
 }
 
-CommandReach::Commands CommandReach::WithoutField(Pair structure, ElementId field) {
+Commands CommandReach::WithoutField(Pair structure, ElementId field) {
   ReadBuilders(structure);
   const auto wanted = std::pair(structure.new_id, field);
   const auto is_before = [](const FieldFill& each, const auto& key) {
@@ -313,9 +283,9 @@ CommandReach::Commands CommandReach::WithoutField(Pair structure, ElementId fiel
   std::uint64_t more = builders_sum_;
   for (const std::uint64_t instance : filled) {
     const auto builder = builder_of_.find(instance);
-    if (builder != builder_of_.end()) more -= NumberOf(builder->second);
+    if (builder != builder_of_.end()) more -= names_.NumberOf(builder->second);
   }
-  for (const ElementId command : commands.Ids()) more -= NumberOf(command);
+  for (const ElementId command : commands.Ids()) more -= names_.NumberOf(command);
   commands.AddMore(more);
   return commands;
 }

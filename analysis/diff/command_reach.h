@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "analysis/diff/change.h"
+#include "analysis/diff/command_names.h"
 #include "analysis/diff/fills.h"
 #include "analysis/diff/pairs.h"
 #include "analysis/diff/printed.h"
@@ -27,42 +28,14 @@ class CommandReach {
       : old_(old_version),
         new_(new_version),
         models_{old_.ModelOf(Domain::kCli), new_.ModelOf(Domain::kCli)},
-        metamodels_{old_.ModelOf(Domain::kMetamodel), new_.ModelOf(Domain::kMetamodel)} {}
+        metamodels_{old_.ModelOf(Domain::kMetamodel), new_.ModelOf(Domain::kMetamodel)},
+        names_(models_.old_model) {}
 
   CommandReach(const CommandReach&) = delete;
   CommandReach& operator=(const CommandReach&) = delete;
   ~CommandReach() = default;
 
-  /// Several commands of the old version.
-  class Commands {
-   public:
-    void Add(ElementId command) { ids_.insert(command); }
-
-    void Add(const Commands& others) {
-      ids_.insert(others.ids_.begin(), others.ids_.end());
-      more_ += others.more_;
-    }
-
-    /// Adds some that are not shown; `sum` is that of their numbers.
-    void AddMore(std::uint64_t sum) { more_ += sum; }
-
-    bool IsEmpty() const { return ids_.empty(); }
-
-    /// Whether no others are shown.
-    bool IsFull() const { return ids_.size() > kMostShown; }
-
-    const std::set<ElementId>& Ids() const { return ids_; }
-
-    std::uint64_t More() const { return more_; }
-
-    static constexpr std::size_t kMostShown = 2;
-
-   private:
-    std::set<ElementId> ids_;
-    std::uint64_t more_ = 0;
-  };
-
-  CommandNames NamesOf(const Commands& commands);
+  CommandNames NamesOf(const Commands& commands) { return names_.Of(commands); }
 
   /// Those that name an element of the old version that is gone, or something in it.
   Commands UsingGone(Pair pair);
@@ -95,20 +68,6 @@ class CommandReach {
   Commands Lacking(Pair owner, ElementId new_part);
 
  private:
-  struct Name {
-    /// In quotes.
-    std::string shown;
-    /// Stands for the name in fingerprints.
-    std::uint64_t number = 0;
-  };
-
-  const Name& NameOf(ElementId command);
-
-  std::uint64_t NumberOf(ElementId command) { return NameOf(command).number; }
-
-  /// Adds one more of many, in their order.
-  void AddShort(Commands& commands, ElementId command);
-
   /// The same element in the new version, or kNoElement. The command must call the same operation.
   ElementId NewOf(ElementId old_id);
   void ReadParts(ElementId command);
@@ -133,10 +92,10 @@ class CommandReach {
   const Workspace& new_;
   ModelPair models_;
   ModelPair metamodels_;
+  NamesOfCommands names_;
   /// The parts of the commands in read_ that both versions have.
   std::unordered_map<ElementId, ElementId> parts_;
   std::unordered_set<ElementId> read_;
-  std::unordered_map<ElementId, Name> names_;
   std::unordered_map<ElementId, bool> misfits_;
   // What was asked about last.
   ElementId named_ = kNoElement;

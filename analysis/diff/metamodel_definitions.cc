@@ -52,7 +52,7 @@ void RemoveField(Metamodel& metamodel, Pair structure, const OrderedParts& field
   details.verdicts = FindKind("field-removed")->verdicts.input;
   // Unless a command uses it.
   (*details.verdicts)[kCli] = readers.is_exhausted ? kD : kN;
-  CommandReach::Commands broken = metamodel.commands.UsingGone(pair);
+  Commands broken = metamodel.commands.UsingGone(pair);
   broken.Add(readers.broken);
   details.breaks = metamodel.commands.NamesOf(broken);
   if (!fields.IsLast(pair)) details.others_broken = SetOf(Audience::kSource);

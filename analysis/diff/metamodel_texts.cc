@@ -125,9 +125,9 @@ bool HasCommands(const Metamodel& metamodel) {
 
 /// The commands that the change of the type of a parameter, a field or a result breaks. `output` is
 /// what it means to callers that receive it.
-CommandReach::Commands BrokenByType(Metamodel& metamodel, Pair pair, Class output) {
+Commands BrokenByType(Metamodel& metamodel, Pair pair, Class output) {
   const Element& element = metamodel.models.old_model[pair.old_id];
-  CommandReach::Commands commands;
+  Commands commands;
   if (output == kB) commands.Add(metamodel.commands.PrintingOther(pair));
   if (element.kind == ElementKind::kResult) return commands;
   commands.Add(metamodel.commands.Misfitting(pair.old_id));
