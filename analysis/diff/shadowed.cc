@@ -1,6 +1,8 @@
 #include <array>
 #include <map>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "analysis/diff/comparers.h"
@@ -110,6 +112,8 @@ class ShadowedComparer {
   }
 
   void Look(Pair part) {
+    // Of what it is in, both a lookup and a record may have it.
+    if (!seen_.insert({part.old_id, part.new_id}).second) return;
     const auto is_same = [&](WithDocumentation with) {
       before_ = TextOf(models_.old_model, part.old_id, with);
       after_ = TextOf(models_.new_model, part.new_id, with);
@@ -139,6 +143,7 @@ class ShadowedComparer {
   Domain domain_;
   ModelPair models_;
   std::vector<Pair> open_;
+  std::set<std::pair<ElementId, ElementId>> seen_;
   std::string before_;
   std::string after_;
 };

@@ -594,3 +594,22 @@ TEST(SourceChanges, OfShadowedDefinitionsAreThoseOfTheRecordsThatHaveThem) {
                       {file("c", Structure("c.p.t", x)), file("d", Structure("c.p.t", x))}),
               ElementsAre("DD--D " + in_record + "added"));
 }
+
+TEST(SourceChanges, OfShadowedDefinitionsAreReportedOnce) {
+  const auto file = [](const std::string& structures, const std::string& enumerations) {
+    std::string in_service = Structure("c.t", "");
+    const std::string none = R"("enumerations": [])";
+    in_service.replace(in_service.find(none), none.size(),
+                       R"("enumerations": [)" + enumerations + "]");
+    std::string text = MetamodelFile({structures, Enumeration("c.e"), ""});
+    const std::size_t service = text.find("\"c.p.s\"");
+    const std::string empty = R"("structures": [])";
+    return text.replace(text.find(empty, service), empty.size(),
+                        R"("structures": [)" + in_service + "]");
+  };
+  // The enumeration of the structure that lookups found, which is now found in the package.
+  EXPECT_THAT(
+      Changed({file("", Enumeration("c.e"))}, {file(Structure("c.t", ""), "")}),
+      UnorderedElementsAre(StartsWith("-D--D structure-moved"),
+                           StartsWith("DD--D shadowed-definition-changed enumeration:c.e")));
+}
