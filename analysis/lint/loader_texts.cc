@@ -19,7 +19,7 @@ bool IsBlank(char byte) {
 }
 
 bool IsControl(char byte) {
-  return (byte >= 0 && byte < ' ') || byte == '\x7f';
+  return static_cast<unsigned char>(byte) < ' ' || byte == '\x7f';
 }
 
 /// Whether elements of the kind have names whose form is looked at here.
@@ -54,7 +54,8 @@ std::string ProblemOf(const Model& model, const Element& element) {
 }
 
 bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char byte) { return byte >= 0; });
+  return std::all_of(text.begin(), text.end(),
+                     [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
 }
 
 bool IsUtf8(std::string_view text) {
