@@ -182,7 +182,7 @@ std::string Document::Pointer(NodeId id) const {
 
 Position Document::PositionAt(std::size_t offset) const {
   const auto next = std::upper_bound(lines_.begin(), lines_.end(), offset);
-  return {static_cast<std::uint64_t>(next - lines_.begin()), offset - *std::prev(next) + 1};
+  return {static_cast<std::size_t>(next - lines_.begin()), offset - *std::prev(next) + 1};
 }
 
 }  // namespace Zelk::Analysis

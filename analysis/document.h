@@ -11,8 +11,8 @@ namespace Zelk::Analysis {
 
 /// A place in a text. Both count from 1; columns count bytes.
 struct Position {
-  std::uint64_t line;
-  std::uint64_t column;
+  std::size_t line;
+  std::size_t column;
 };
 
 using NodeId = std::uint32_t;

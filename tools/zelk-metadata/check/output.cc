@@ -101,7 +101,7 @@ Render::WorkflowCommand CommandOf(const LoadReport& checked, const Problem& prob
 }
 
 void WriteNumberOrNull(JsonWriter& json, const char* key, const std::optional<Place>& place,
-                       std::uint64_t Analysis::Position::*member) {
+                       std::size_t Analysis::Position::*member) {
   json.Key(key);
   if (place) {
     json.Number(place->position.*member);

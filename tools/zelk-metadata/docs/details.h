@@ -62,7 +62,7 @@ class Details {
   void WriteRows(Render::JsonWriter& json) const;
 
  private:
-  std::map<Detail, std::uint64_t> numbers_{{{}, 0}};
+  std::map<Detail, std::size_t> numbers_{{{}, 0}};
 };
 
 /// An element as an odd number; the name of something that is not loaded as an even one.

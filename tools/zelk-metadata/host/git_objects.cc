@@ -153,15 +153,16 @@ std::optional<std::string> GitObjects::ReadContent(std::uint64_t size) {
     failure_ = "it is larger than a file may be";
     return std::nullopt;
   }
+  const auto count = static_cast<std::size_t>(size);
   // A line end follows.
-  while (received_.size() <= size) {
+  while (received_.size() <= count) {
     if (Receive()) continue;
     failure_ = Complaint();
     return std::nullopt;
   }
   std::string content = std::move(received_);
-  received_ = content.substr(size + 1);
-  content.resize(size);
+  received_ = content.substr(count + 1);
+  content.resize(count);
   return content;
 }
 

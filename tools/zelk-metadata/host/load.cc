@@ -26,8 +26,8 @@ namespace {
 
 /// The code and the offset that a parse error carries.
 struct SyntaxError {
-  std::uint64_t code;
-  std::uint64_t offset;
+  std::size_t code;
+  std::size_t offset;
 };
 
 std::optional<SyntaxError> SyntaxErrorOf(const Message& message, const DomainRow& row) {
@@ -35,7 +35,7 @@ std::optional<SyntaxError> SyntaxErrorOf(const Message& message, const DomainRow
   const auto code = Render::ParseNumber(message.arguments[0]);
   const auto offset = Render::ParseNumber(message.arguments[1]);
   if (!code || !offset) return std::nullopt;
-  return SyntaxError{*code, *offset};
+  return SyntaxError{static_cast<std::size_t>(*code), static_cast<std::size_t>(*offset)};
 }
 
 /// Clearer words for some messages; empty for the others.
@@ -260,7 +260,7 @@ std::optional<std::string> TextOf(const std::string& path) {
   if (error || size > kMaxFileSize) return std::nullopt;
   std::ifstream file(path, std::ios::binary);
   if (!file) return std::nullopt;
-  std::string text(size, '\0');
+  std::string text(static_cast<std::size_t>(size), '\0');
   file.read(text.data(), static_cast<std::streamsize>(size));
   text.resize(static_cast<std::size_t>(file.gcount()));
   return text;

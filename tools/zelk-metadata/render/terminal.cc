@@ -12,7 +12,7 @@ namespace {
 
 std::size_t WidthFromEnvironment() {
   const char* const columns = std::getenv("COLUMNS");
-  return columns == nullptr ? 0 : ParseNumber(columns).value_or(0);
+  return columns == nullptr ? 0 : static_cast<std::size_t>(ParseNumber(columns).value_or(0));
 }
 
 bool RefusesColours() {
