@@ -34,7 +34,7 @@ Model::Model(Domain domain, std::vector<Source> sources)
     loads_.push_back(reading.loads);
     if (!reading.loads) continue;
     const ElementId begin = Size();
-    Append(source, std::move(reading.elements));
+    Append(source, reading.elements);
     kDecide.at(static_cast<std::size_t>(domain))({elements_, begin, order});
   }
   LoseParts(elements_);
@@ -42,15 +42,9 @@ Model::Model(Domain domain, std::vector<Source> sources)
   IndexChildren(order);
 }
 
-void Model::Append(std::uint32_t source, std::vector<Element> elements) {
+void Model::Append(std::uint32_t source, const std::deque<Element>& elements) {
   const ElementId begin = Size();
-  if (begin == 0) {
-    // Most domains have one file, which may be large.
-    elements_ = std::move(elements);
-    elements_.shrink_to_fit();
-  } else {
-    elements_.insert(elements_.end(), elements.begin(), elements.end());
-  }
+  elements_.insert(elements_.end(), elements.begin(), elements.end());
   for (ElementId id = begin; id < Size(); ++id) {
     Element& element = elements_[id];
     element.source = source;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -97,7 +98,7 @@ class Model {
 
  private:
   /// Appends the elements of a source. Those that they refer to are counted from the first of them.
-  void Append(std::uint32_t source, std::vector<Element> elements);
+  void Append(std::uint32_t source, const std::deque<Element>& elements);
   void IndexChildren(const std::vector<ElementId>& order);
   /// The element, what it is in, and so on outwards.
   std::vector<ElementId> Around(ElementId id) const;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -62,8 +63,9 @@ struct Reading {
   std::size_t unlisted = 0;
   /// What was read, in document order except that keys are in the order of the format. If the file
   /// does not load, only what was before the first error; nothing of it is answered then. Their
-  /// fates, owners and targets are not decided yet, except that of parts that are left out.
-  std::vector<Element> elements;
+  /// fates, owners and targets are not decided yet, except that of parts that are left out. There
+  /// may be many, and a deque grows without a copy of them.
+  std::deque<Element> elements;
 };
 
 /// Reads the document, which must be JSON, key by key in the order in which the library does.
