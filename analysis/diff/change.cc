@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "analysis/diff/texts.h"
 #include "analysis/fingerprint.h"
@@ -122,10 +123,8 @@ void Changes::Add(std::string_view id, Domain domain, Pair pair, Details details
                   FingerprintOf(identity)});
 }
 
-std::vector<Change> Changes::Take() {
-  std::stable_sort(all_.begin(), all_.end(), [](const Change& left, const Change& right) {
-    return Order(left) < Order(right);
-  });
+std::list<Change> Changes::Take() {
+  all_.sort([](const Change& left, const Change& right) { return Order(left) < Order(right); });
   return std::move(all_);
 }
 

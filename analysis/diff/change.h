@@ -2,12 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <list>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 #include "analysis/diff/assumptions.h"
 #include "analysis/diff/kind.h"
@@ -113,7 +113,7 @@ class Changes {
   std::size_t Count() const { return count_; }
 
   /// All of them: opened access first, then by class with the worst first, by area and by element.
-  std::vector<Change> Take();
+  std::list<Change> Take();
 
   /// How many there are that Take() does not return. Files may differ at every value, and names
   /// may be as long as files.
@@ -128,7 +128,8 @@ class Changes {
   const Workspace& old_version_;
   const Workspace& new_version_;
   const Assumptions& assumptions_;
-  std::vector<Change> all_;
+  /// A list, since changes are large and many: it grows and is sorted in place.
+  std::list<Change> all_;
   std::size_t count_ = 0;
   /// Whether elements of Metamodel have such an annotation themselves, if that is known.
   std::unordered_map<ElementId, bool> deprecated_;

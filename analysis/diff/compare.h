@@ -1,5 +1,6 @@
 #pragma once
 
+#include <list>
 #include <string>
 #include <vector>
 
@@ -12,7 +13,7 @@ namespace Zelk::Analysis::Diff {
 
 struct Result {
   /// See Changes::Take().
-  std::vector<Change> changes;
+  std::list<Change> changes;
   /// See Changes::Unlisted().
   VerdictCounts unlisted;
   /// Whether the files differ, which the fingerprints that the library returns show.

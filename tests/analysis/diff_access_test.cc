@@ -151,11 +151,11 @@ TEST(Inheritance, IsNamedByChangesThatStandOnIt) {
   const auto expect = [](const Assumptions& assumptions, const std::string& text) {
     LookAtChanges(
         {Package(R"(["a"])", Operations(R"(["b"])"))}, {Package(R"(["a"])")},
-        [&](const Result& result) { EXPECT_EQ(result.changes.at(0).details.assumption, text); },
+        [&](const Result& result) { EXPECT_EQ(result.changes.front().details.assumption, text); },
         assumptions);
     LookAtChanges(
         {Package(R"(["a"])")}, {Package("[]")},
-        [&](const Result& result) { EXPECT_EQ(result.changes.at(0).details.assumption, text); },
+        [&](const Result& result) { EXPECT_EQ(result.changes.front().details.assumption, text); },
         assumptions);
   };
   expect({}, "inheritance: none, schemes: any");
@@ -297,7 +297,7 @@ TEST(AuthenticationChanges, OfLongListsAreShownInPart) {
     return Component(R"(, "packages": {"c.p": [)" + names + "]}", schemes);
   };
   LookAtChanges({with("")}, {with(list)}, [](const Result& result) {
-    EXPECT_THAT(result.changes.at(0).details.new_value,
+    EXPECT_THAT(result.changes.front().details.new_value,
                 AllOf(testing::StartsWith("s100 (SESSIONLESS), s101"),
                       testing::EndsWith("s119 (SESSIONLESS) and 10 more")));
   });
@@ -306,8 +306,8 @@ TEST(AuthenticationChanges, OfLongListsAreShownInPart) {
 TEST(AuthenticationChanges, OfSeveralListsSayHowMany) {
   const std::string none = Component("");
   LookAtChanges({none}, {Package(R"(["a"])", Operations(R"(["b"])"))}, [](const Result& result) {
-    EXPECT_EQ(result.changes.at(0).details.new_value, "x.a (SESSIONLESS); and 1 more list");
-    EXPECT_EQ(result.changes.at(0).details.witness,
+    EXPECT_EQ(result.changes.front().details.new_value, "x.a (SESSIONLESS); and 1 more list");
+    EXPECT_EQ(result.changes.front().details.witness,
               "the list of the package 'c.p': callers without a scheme could call; now they need "
               "x.a (SESSIONLESS); and 1 more list");
   });

@@ -288,8 +288,8 @@ TEST(FieldChanges, ReachThroughOtherStructures) {
   };
   LookAtChanges({file("")}, {file(Field("x", kText))}, [](const Result& result) {
     ASSERT_THAT(result.changes, SizeIs(1));
-    EXPECT_EQ(result.changes[0].details.direction, Zelk::Analysis::Diff::Direction::kBoth);
-    EXPECT_EQ(Word(result.changes[0].details.direction), std::string("both"));
+    EXPECT_EQ(result.changes.front().details.direction, Zelk::Analysis::Diff::Direction::kBoth);
+    EXPECT_EQ(Word(result.changes.front().details.direction), std::string("both"));
   });
 }
 

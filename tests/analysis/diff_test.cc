@@ -167,8 +167,8 @@ TEST(Changes, OfLostFilesDependOnTheirTexts) {
   std::set<std::uint64_t> fingerprints;
   const auto message = [&](const Zelk::Analysis::Diff::LostFile& file) {
     const Result result = Zelk::Analysis::Diff::Compare(nothing, nothing, {}, {file});
-    fingerprints.insert(result.changes.at(0).fingerprint);
-    return result.changes.at(0).details.message;
+    fingerprints.insert(result.changes.front().fingerprint);
+    return result.changes.front().details.message;
   };
   EXPECT_EQ(message({"a", "b/a.json", true, "12", "34"}),
             "the file 'b/a.json' does not load any more");
@@ -341,8 +341,8 @@ TEST(Changes, HaveThePlacesInBothVersions) {
   LookAtChanges(TextsOf(kind.example.old_files), TextsOf(kind.example.new_files),
                 [](const Result& result) {
                   EXPECT_TRUE(result.fingerprints_differ);
-                  EXPECT_TRUE(result.changes.at(0).old_place.has_value());
-                  EXPECT_FALSE(result.changes.at(0).new_place.has_value());
+                  EXPECT_TRUE(result.changes.front().old_place.has_value());
+                  EXPECT_FALSE(result.changes.front().new_place.has_value());
                 });
 }
 

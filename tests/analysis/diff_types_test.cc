@@ -31,7 +31,7 @@ std::string File(const std::string& operation) {
 std::string Verdicts(const std::string& old_type, const std::string& new_type) {
   std::string letters;
   const auto take = [&](const Result& result) {
-    letters += result.changes.size() == 1 ? Letters(result.changes[0].verdicts)[0] : '?';
+    letters += result.changes.size() == 1 ? Letters(result.changes.front().verdicts)[0] : '?';
   };
   LookAtChanges({File(Operation("a", Field("x", old_type)))},
                 {File(Operation("a", Field("x", new_type)))}, take);
