@@ -83,7 +83,9 @@ TEST(TextBuffer, ReleasesItsMemory) {
   };
   const auto before = address_space();
   for (int i = 0; i < 1000; ++i) TextBuffer(std::size_t{10'000'000});
-  EXPECT_LT(address_space(), before + 10'000);  // of 4 KiB, or larger ones
+  // All of them have 2.4 million pages of 4 KiB. An emulator of another machine keeps some
+  // thousands.
+  EXPECT_LT(address_space(), before + 100'000);
 }
 
 TEST(TextBuffer, RefusesATextTooLongForTheParserUnread) {
