@@ -215,8 +215,9 @@ bool ListsComparer::TakeReplaced(const Lists& lists, Positions& removed, Positio
 void ListsComparer::Replace(const Lists& lists, std::size_t removed, std::size_t added) {
   const SchemeNumber before = lists.before.schemes[removed];
   const SchemeNumber after = lists.after.schemes[added];
-  const ElementId component = ComponentOf(models_.old_model, lists.pair.old_id);
-  Replacement& replacement = replaced_[{component, before, after}];
+  Replacement& replacement =
+      replaced_[{ComponentOf(models_.old_model, lists.pair.old_id),
+                 ComponentOf(models_.new_model, lists.pair.new_id), before, after}];
   replacement.lists.push_back(lists.pair);
   if (replacement.lists.size() > 1) return;
   replacement.schemes = {models_.old_model[lists.before.entries[removed]].target,
@@ -226,8 +227,8 @@ void ListsComparer::Replace(const Lists& lists, std::size_t removed, std::size_t
 
 void ListsComparer::Finish() {
   for (const auto& [key, replacement] : replaced_) {
-    const Scheme& before = table_[std::get<1>(key)];
-    const Scheme& after = table_[std::get<2>(key)];
+    const Scheme& before = table_[std::get<2>(key)];
+    const Scheme& after = table_[std::get<3>(key)];
     const std::vector<Pair>& lists = replacement.lists;
     std::string places;
     for (std::size_t i = 0; i < std::min(lists.size(), kMostPlaces); ++i) {
@@ -237,7 +238,7 @@ void ListsComparer::Finish() {
                     More(lists.size(), kMostPlaces)};
     details.old_value = Shown(before);
     details.new_value = Shown(after);
-    details.identity = table_.IdentityOf(std::get<1>(key)) + table_.IdentityOf(std::get<2>(key));
+    details.identity = table_.IdentityOf(std::get<2>(key)) + table_.IdentityOf(std::get<3>(key));
     for (const Pair& list : lists) {
       // Names may be very long, and all schemes of a list may be replaced.
       const Element& element = models_.old_model[list.old_id];

@@ -45,8 +45,8 @@ class ListsComparer {
     Schemes new_set;
   };
 
-  /// The component, and the schemes before and after.
-  using ReplacedScheme = std::tuple<ElementId, SchemeNumber, SchemeNumber>;
+  /// The components and the schemes before and after.
+  using ReplacedScheme = std::tuple<ElementId, ElementId, SchemeNumber, SchemeNumber>;
 
   struct Replacement {
     /// The elements that define the schemes.

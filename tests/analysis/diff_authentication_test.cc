@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include "analysis/diffed.h"
+#include "analysis/mirrored.h"
 
 using namespace Zelk::Testing;  // NOLINT(google-build-using-namespace): short ways to compare
 
@@ -144,6 +145,19 @@ TEST(AuthenticationChanges, ChangedSchemeIsOneChangeForAllItsLists) {
                           "'acme.p': callers with acme.a (SESSION_AWARE, session manager acme.s) "
                           "could call; now they need acme.a (SESSION_AWARE, session manager "
                           "acme.t); and 6 more lists"));
+}
+
+TEST(AuthenticationChanges, ReplacedSchemeIsOneChangeForEachPairOfComponents) {
+  const auto file = [](const std::string& name, const char* scheme, const char* packages) {
+    return Component(
+        std::string(R"("a": {"type": "SESSIONLESS", "authenticationScheme": ")") + scheme + "\"}",
+        std::string(R"(, "packages": {)") + packages + "}", name);
+  };
+  const std::vector<std::string> together{
+      file("acme", "acme.a", R"("acme.p": ["a"], "acme.q": ["a"])"), file("more", "acme.a", "")};
+  const std::vector<std::string> apart{file("acme", "acme.x", R"("acme.p": ["a"])"),
+                                       file("more", "acme.x", R"("acme.q": ["a"])")};
+  EXPECT_EQ(TallyOf(together, apart, false), TallyOf(apart, together, true));
 }
 
 TEST(AuthenticationChanges, SchemeThatIsStillListedElsewhereWasNotChanged) {
