@@ -92,7 +92,7 @@ TEST(DiffAccept, WritingOverAListKeepsReasonsAndOtherAudiences) {
   EXPECT_EQ(FileText(path), all);
   versions.Write("new.json", kMore);
   EXPECT_EQ(versions.Run({"--write-accept", path}).err,
-            "zelk-metadata: accepted.json: 1 entry written\n");
+            "zelk-metadata: accepted.json: 1 entry written; 1 earlier entry is left out\n");
   EXPECT_THAT(FileText(path), AllOf(HasSubstr("operation-added"), HasSubstr("agreed"),
                                     Not(HasSubstr("operation-removed"))));
 }
@@ -137,6 +137,9 @@ TEST(DiffAccept, WritingOverAListRenewsNoEntryThatHasEnded) {
               EndsWith("2 entries written; 1 of them has ended and accepts nothing; change 'until' "
                        "to renew it\n"));
   EXPECT_EQ(FileText(path), list);
+  versions.Write("new.json", kBefore);
+  EXPECT_THAT(versions.Run({"--write-accept", path}).err,
+              EndsWith("0 entries written; 2 earlier entries are left out\n"));
 }
 
 TEST(DiffAccept, ChangeAtAnotherPositionIsNotAccepted) {

@@ -66,8 +66,11 @@ AcceptedWriter::AcceptedWriter(const Analysis::AcceptedForm& form, std::string p
   // What is wrong with it was reported when it was read.
   std::vector<std::string> complaints;
   for (const std::string& replaced : WithReplaced({}, path_)) {
-    ReadSettings(replaced, complaints, [&](const Document& document, auto&) {
+    ReadSettings(replaced, complaints, [&](const Document& document, auto& problems) {
       WriteMembers(json_, Analysis::NotesOf(document, kRootNode));
+      for (const Analysis::Accepted& entry : Analysis::ReadAccepted(document, form_, problems)) {
+        left_out_.insert(FingerprintText(entry.fingerprint));
+      }
     });
   }
   json_.Key("version").Number(1);
@@ -77,6 +80,7 @@ AcceptedWriter::AcceptedWriter(const Analysis::AcceptedForm& form, std::string p
 void AcceptedWriter::Add(const std::string& id, const std::string& fingerprint,
                          const std::string& element, const Analysis::Accepted* earlier) {
   ++count_;
+  left_out_.erase(fingerprint);
   json_.StartObject();
   json_.Member(form_.id, id);
   json_.Member("fingerprint", fingerprint);
@@ -103,6 +107,10 @@ WrittenList AcceptedWriter::Write() {
     message += fmt::format("; {} of them {} ended and {} nothing; change 'until' to renew {}",
                            ended_, ended_ == 1 ? "has" : "have", ended_ == 1 ? "accepts" : "accept",
                            ended_ == 1 ? "it" : "them");
+  }
+  if (!left_out_.empty()) {
+    message += fmt::format("; {} earlier {} left out", left_out_.size(),
+                           left_out_.size() == 1 ? "entry is" : "entries are");
   }
   return {true, std::move(message)};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,7 +14,8 @@ namespace Zelk::Tool {
 struct WrittenList {
   bool is_written;
 
-  /// "PATH: 2 entries written" and how many of them have ended, or why it could not be written.
+  /// "PATH: 2 entries written", how many of them have ended and how many earlier ones are left out;
+  /// or why it could not be written.
   std::string message;
 };
 
@@ -36,6 +38,8 @@ class AcceptedWriter {
   Render::JsonWriter json_;
   std::size_t count_ = 0;
   std::size_t ended_ = 0;
+  /// The fingerprints in the file that it replaces that were not added.
+  std::set<std::string> left_out_;
 };
 
 /// The lists to read if one is written, too: a list that will be replaced is read as well. Its
