@@ -220,6 +220,26 @@ function testIn(name) {
       assert.equal(await tab.evaluate(() => scrollY), 0);
     });
 
+    test('back leads to the same place after many other pages', async () => {
+      await load(tab, shadowed + '#/structure/a.b.many');
+      await tab.evaluate(() => scrollTo(0, 3000));
+      const others = 31;
+      for (let i = 0; i < others; ++i) await follow(tab, `#/search/${i}`);
+      await tab.evaluate((steps) => history.go(-steps), others);
+      await tab.waitForFunction(() => document.title.includes('many'));
+      assert.equal(await tab.evaluate(() => scrollY), 3000);
+    });
+
+    test('what another version of the page has stored does no harm', async () => {
+      await load(tab, own);
+      await tab.evaluate(() => {
+        const spoil = () => sessionStorage.setItem('zelk-metadata.places', '{}');
+        addEventListener('pagehide', spoil);
+      });
+      await tab.reload();
+      await ready(tab);
+    });
+
     test('a reload leads to the same place, and so does back after it', async () => {
       const place = () => tab.evaluate(() => Math.round(scrollY));
       const rows = async () => (await texts('main tbody tr')).length;
@@ -664,6 +684,21 @@ function testIn(name) {
       }
       await follow(tab, '#/command/fill');
       assert.match(await text('main'), /na\.p\.gone \(not in these files\)/);
+    });
+
+    test('what names something that is not answered is on its page', async () => {
+      await load(tab, namesakes + '#/structure/na.p.lost');
+      assert.match(await text('main'), /na\.p\.s\.one field[^]*na\.p\.svc\.run error/);
+      assert.doesNotMatch(await text('main'), /Nothing in these files/);
+      await follow(tab, '#/scheme/na/own');
+      assert.match(await text('main'), /na\.p\.svc\.a\.b \(not answered\)/);
+      await follow(tab, '#/authentication/na?operation-list=na.p.svc.a.b');
+      assert.match(await text('.chosen'), /^na\.p\.svc\.a\.b/);
+    });
+
+    test('the share of documented elements counts what is answered', async () => {
+      await load(tab, namesakes);
+      assert.match(await text('main'), /30 % of 10 elements documented/);
     });
 
     test('a long title is cut, and types break between words', async () => {

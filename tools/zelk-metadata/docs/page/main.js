@@ -18,11 +18,20 @@ const MOST_PAGES = 30;
 let page = null;
 
 /** Where the reader was on them when the document was left; entries of other documents, too. */
-const places = new Map(JSON.parse(stored('places', 'sessionStorage') ?? '[]'));
+const places = storedPlaces();
 const MOST_PLACES = 100;
 
 /** Where the page was scrolled to when it was shown. */
 let landed = 0;
+
+function storedPlaces() {
+  try {
+    return new Map(JSON.parse(stored('places', 'sessionStorage')));
+  } catch {
+    // Another version of the page may have stored something else.
+    return new Map();
+  }
+}
 
 /** The JSON of a compressed block, which is taken out of the document. */
 async function unpacked(id) {
@@ -69,7 +78,11 @@ function makePage(address) {
   if (!history.state) history.replaceState(Math.random(), '');
   view.place = places.get(history.state);
   pages.set(history.state, view);
-  if (pages.size > MOST_PAGES) pages.delete(pages.keys().next().value);
+  if (pages.size > MOST_PAGES) {
+    const [oldest, { place }] = pages.entries().next().value;
+    places.set(oldest, place);
+    pages.delete(oldest);
+  }
   return view;
 }
 

@@ -214,9 +214,11 @@ class Model {
     return this.listReferences(this.fromElement(id), kind);
   }
 
-  /** What names the element. */
+  /** What names the element. Of one that is not answered, there may be only its name. */
   referencesTo(id, kind) {
-    return this.listReferences(this.toElement(id), kind);
+    const name = this.isFound(id) || !this.hasFullName(id) ? -1 : 2 * this.name[id];
+    const named = [...this.referenceTo.keys()].filter((at) => this.referenceTo[at] === name);
+    return this.listReferences([...this.toElement(id), ...named], kind);
   }
 
   listReferences(positions, kind) {

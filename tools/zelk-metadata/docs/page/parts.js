@@ -142,14 +142,14 @@ function summary(id) {
   });
 }
 
-/** The share of elements with documentation in the element. */
+/** The share of elements with documentation in an answered element. */
 export function documentedShare(root) {
   const element = h('span.doc');
   return later(element, () => {
     const all = [root];
     for (const id of all) {
       for (const child of model.children(id)) {
-        if (model.kindOf(child) !== 'annotation') all.push(child);
+        if (model.isFound(child) && model.kindOf(child) !== 'annotation') all.push(child);
       }
     }
     const documented = all.filter((id) => model.documentation(id)).length;

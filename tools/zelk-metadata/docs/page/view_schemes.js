@@ -3,6 +3,7 @@
 import { h, name, quiet } from './dom.js';
 import { model } from './model.js';
 import { fullLink, lines, link, list, mark, referred, section, table, target } from './parts.js';
+import { partId } from './routes.js';
 
 /** "ID SESSION_AWARE session manager …". */
 function definition(id) {
@@ -67,7 +68,7 @@ export function viewAuthentication(id) {
   const For = (one) => [referred(one, 'listed', model.nameOf(one)), mark(one)];
   const lists = (title, ids) => {
     const listed = ids.filter((one) => !model.isImplied(one));
-    return table(title, listed, { For, Schemes: entries });
+    return table(title, listed, { For, Schemes: entries }, partId);
   };
   return [
     list('Authenticates', model.referencesFrom(id, 'listed'), (component) => target(component)),
@@ -87,7 +88,7 @@ export function viewScheme(id) {
     section('Definition', h('p', definition(id))),
     list('Listed for', [...new Set(users)], (one) => {
       const [listed] = model.referencesFrom(one, 'listed');
-      return listed?.id >= 0 ? fullLink(listed.id) : name(model.nameOf(one));
+      return listed?.id >= 0 ? fullLink(listed.id) : referred(one, 'listed', model.nameOf(one));
     }),
   ];
 }
