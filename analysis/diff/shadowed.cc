@@ -95,7 +95,7 @@ class ShadowedComparer {
 
   bool IsImplied(Pair part) const { return models_.Of(part)[part.Id()].is_implied; }
 
-  /// Whether lookups in the other version find another definition, and that is no move.
+  /// Whether lookups in the other version find another definition in the same owner.
   bool IsReplaced(Pair part) const {
     const Model& model = models_.Of(part);
     const Model& other = models_.WithoutIt(part);
