@@ -216,9 +216,12 @@ class Model {
 
   /** What names the element. Of one that is not answered, there may be only its name. */
   referencesTo(id, kind) {
-    const name = this.isFound(id) || !this.hasFullName(id) ? -1 : 2 * this.name[id];
-    const named = [...this.referenceTo.keys()].filter((at) => this.referenceTo[at] === name);
-    return this.listReferences([...this.toElement(id), ...named], kind);
+    const positions = Array.from(this.toElement(id));
+    if (!this.isFound(id) && this.hasFullName(id)) {
+      const name = 2 * this.name[id];
+      this.referenceTo.forEach((link, at) => link === name && positions.push(at));
+    }
+    return this.listReferences(positions, kind);
   }
 
   listReferences(positions, kind) {
