@@ -120,6 +120,18 @@ TEST(DiffAccept, WritingOverAListKeepsMembersThatNothingReads) {
   EXPECT_EQ(FileText(path), written);
 }
 
+TEST(DiffAccept, WritingOverAListKeepsWhatItSaysBesideOtherLists) {
+  const Versions versions(kBefore, kAfter);
+  const std::string other = versions.Write("other.json", FileText(Accepted(versions, "")));
+  const std::string path = Accepted(versions, R"("$ticket": 7, "reason": "agreed", )");
+  const std::string list = FileText(path);
+  EXPECT_EQ(versions.Run({"--accept", other, "--write-accept", path}).status, 0);
+  EXPECT_THAT(FileText(path), AllOf(HasSubstr(R"("$ticket": 7)"), HasSubstr("agreed")));
+  versions.Write("accepted.json", list);
+  EXPECT_EQ(versions.Run({"--accept", other, "--accept", path, "--write-accept", path}).status, 0);
+  EXPECT_THAT(FileText(path), AllOf(HasSubstr(R"("$ticket": 7)"), HasSubstr("agreed")));
+}
+
 TEST(DiffAccept, WritingOverAListRenewsNoEntryThatHasEnded) {
   const Versions versions(kBefore, kAfter);
   const std::string path = Accepted(versions, R"("reason": "agreed", "until": "2001-01-01", )");

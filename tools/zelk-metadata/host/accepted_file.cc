@@ -117,8 +117,12 @@ WrittenList AcceptedWriter::Write() {
 
 std::vector<std::string> WithReplaced(std::vector<std::string> lists, const std::string& written) {
   std::error_code error;
-  const bool is_read = std::find(lists.begin(), lists.end(), written) != lists.end();
-  if (!is_read && std::filesystem::is_regular_file(written, error)) lists.push_back(written);
+  const auto listed = std::find(lists.begin(), lists.end(), written);
+  if (listed != lists.end()) {
+    std::rotate(lists.begin(), listed, listed + 1);
+  } else if (std::filesystem::is_regular_file(written, error)) {
+    lists.insert(lists.begin(), written);
+  }
   return lists;
 }
 

@@ -42,8 +42,8 @@ class AcceptedWriter {
   std::set<std::string> left_out_;
 };
 
-/// The lists to read if one is written, too: a list that will be replaced is read as well. Its
-/// reasons are kept then, and any other file is refused.
+/// The lists to read if one is written, too: a list that will be replaced is read first. So what it
+/// says about its entries is kept, and any other file is refused.
 std::vector<std::string> WithReplaced(std::vector<std::string> lists, const std::string& written);
 
 }  // namespace Zelk::Tool
