@@ -16,7 +16,7 @@ const NamesOfCommands::Name& NamesOfCommands::NameOf(ElementId command) {
   return known->second;
 }
 
-void NamesOfCommands::AddShort(Commands& commands, ElementId command) {
+void NamesOfCommands::AddOrCount(Commands& commands, ElementId command) {
   if (commands.IsFull()) {
     commands.AddMore(NumberOf(command));
   } else {

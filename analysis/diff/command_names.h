@@ -49,8 +49,8 @@ class NamesOfCommands {
   /// Stands for the name in fingerprints.
   std::uint64_t NumberOf(ElementId command) { return NameOf(command).number; }
 
-  /// Adds one more of many, in their order.
-  void AddShort(Commands& commands, ElementId command);
+  /// Adds the command to those that are shown, or only counts it if they are enough.
+  void AddOrCount(Commands& commands, ElementId command);
 
  private:
   struct Name {

@@ -173,8 +173,8 @@ const CommandReach::Readers& CommandReach::ReadersOf(ElementId old_structure,
     if (now == kNoElement) return;
     const Reading& reading = ReadingOf(FormatterOf(models_.new_model, now));
     const Class verdict = meaning == nullptr ? Class::kBreaking : reading.*meaning;
-    if (verdict == Class::kBreaking) names_.AddShort(readers_.broken, command);
-    if (verdict == Class::kDangerous) names_.AddShort(readers_.endangered, command);
+    if (verdict == Class::kBreaking) names_.AddOrCount(readers_.broken, command);
+    if (verdict == Class::kDangerous) names_.AddOrCount(readers_.endangered, command);
   });
   return readers_;
 }
