@@ -106,6 +106,7 @@ void SettingsReader::ExpectKeys(NodeId object, const std::vector<std::string>& k
     if (is_known || key.substr(0, 1) == "$") return;
     Complain(member, "unknown key '" + key + "'" + Suggestion(key, known));
   });
+  ExpectOnce(object);
 }
 
 void SettingsReader::ExpectOnce(NodeId object) {

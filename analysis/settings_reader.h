@@ -55,11 +55,14 @@ class SettingsReader {
   /// A member "version" must be 1, so that later forms of a file are not misread.
   void ExpectVersion(NodeId object);
 
-  /// Other keys of the object are problems, but for those that begin with '$'.
-  void ExpectKeys(NodeId object, const std::vector<std::string>& known);
-
   /// Keys that the object has twice are problems.
   void ExpectOnce(NodeId object);
+
+  /// The same, and other keys are problems, too, but for those that begin with '$'.
+  void ExpectKeys(NodeId object, const std::vector<std::string>& known);
+
+  /// The same for the keys of a project file. Each command reads some of them.
+  void ExpectProjectKeys() { ExpectKeys(kRootNode, {"sources", "lint", "diff"}); }
 
   /// Whether the node is an object. If not, that is a problem.
   bool IsObject(NodeId node);

@@ -52,9 +52,7 @@ const std::vector<Choice>& Choices() {
 Assumptions ReadAssumptions(const Document& document, SettingsProblems& problems) {
   Assumptions assumptions;
   SettingsReader reader(document, problems);
-  // The other keys are those of other commands.
-  reader.ExpectKeys(kRootNode, {"sources", "lint", "diff"});
-  reader.ExpectOnce(kRootNode);
+  reader.ExpectProjectKeys();
   const NodeId diff = reader.Member(kRootNode, "diff", NodeKind::kObject);
   if (diff == kNoNode) return assumptions;
   std::vector<std::string> keys{"deprecated", "annotations"};
@@ -64,7 +62,6 @@ Assumptions ReadAssumptions(const Document& document, SettingsProblems& problems
     if (word == choice.words[1]) choice.set_second(assumptions);
   }
   reader.ExpectKeys(diff, keys);
-  reader.ExpectOnce(diff);
   if (document.Find(diff, "deprecated") != kNoNode) {
     const std::vector<std::string> names = reader.Texts(diff, "deprecated");
     assumptions.deprecated = {names.begin(), names.end()};

@@ -18,7 +18,9 @@ bool IsRule(SettingsReader& reader, NodeId node, const std::string& id) {
 
 void ReadRules(SettingsReader& reader, const Document& document, NodeId lint,
                Configuration& configuration) {
-  reader.EachChild(reader.Member(lint, "rules", NodeKind::kObject), [&](NodeId rule) {
+  const NodeId rules = reader.Member(lint, "rules", NodeKind::kObject);
+  reader.ExpectOnce(rules);
+  reader.EachChild(rules, [&](NodeId rule) {
     const std::string id(document.Key(rule));
     const std::string_view word = document.String(rule);
     if (!IsRule(reader, rule, id)) return;
@@ -40,6 +42,7 @@ void ReadRules(SettingsReader& reader, const Document& document, NodeId lint,
 Configuration ReadConfiguration(const Document& document) {
   Configuration configuration;
   SettingsReader reader(document, configuration.problems);
+  reader.ExpectProjectKeys();
   const NodeId lint = reader.Member(kRootNode, "lint", NodeKind::kObject);
   if (lint == kNoNode) return configuration;
   reader.ExpectKeys(lint, {"rules", "external", "reserved_options", "needs_reasons", "ignore"});

@@ -58,7 +58,7 @@ const std::string kList = "list components";
 
 TEST_F(DefaultSources, ProjectFileIsFoundFromTheWorkingFolderUpwards) {
   WriteProject(R"({"lint": {"x": [1]}, "sources": ["a.json", "id=inner/api", ")" +
-               folder_.Path("c.json") + R"("], "other": 1})");
+               folder_.Path("c.json") + R"("], "$note": 1})");
   EXPECT_EQ(RunLine(kList).out, "com.a\ncom.c\ncom.b\n");
   EXPECT_EQ(RunLine("list sources").out, "a\nc\nid/b\n");
   EXPECT_THAT(RunLine("get source a").out, HasSubstr("File: ../a.json\n"));
@@ -101,10 +101,12 @@ TEST_F(DefaultSources, DefaultThatIsGivenIsLoadedOnce) {
 
 TEST_F(DefaultSources, BrokenProjectFileIsAnErrorWithItsPlace) {
   const std::pair<const char*, const char*> rows[] = {
-      {"{\n  \"sources\": [\"a.json\",]}", ":2:24: Invalid value.\n"},
-      {"[]", ":1:1: it is not an object\n"},
-      {R"({"sources": "a.json"})", ":1:13: 'sources' is not an array of texts\n"},
-      {R"({"sources": ["a.json", 1]})", ":1:24: 'sources' is not an array of texts\n"},
+      {"{\n  \"sources\": [\"a.json\",]}",
+       ":2:24: The last comma before the closing bracket is one too many.\n"},
+      {"[]", ":1:1: an object is needed here\n"},
+      {R"({"sources": "a.json"})", ":1:13: 'sources' must be an array\n"},
+      {R"({"sources": ["a.json", 1]})", ":1:24: a source is a string\n"},
+      {R"({"source": ["a.json"]})", ":1:12: unknown key 'source'; did you mean sources?\n"},
       {R"({"sources": ["a.json", "x="]})", ":1:24: a source needs a path\n"},
       {R"({"sources": ["a\u0000b"]})", ":1:14: a source needs a path\n"},
       {R"({"sources": ["-"]})", ":1:14: standard input cannot be a default source\n"},

@@ -294,7 +294,7 @@ TEST(DiffAccept, FileOfAnotherKindIsWrongUsage) {
     const std::string text = R"({"changes": [{)" + fingerprint + R"(, "until": ")" + day + "\"}]}";
     EXPECT_EQ(versions.Run({"--accept", versions.Write("accepted.json", text)}).err, "") << day;
   }
-  EXPECT_EQ(complaint("[]"), "zelk-metadata: accepted.json: the file is not a JSON object\n");
+  EXPECT_EQ(complaint("[]"), "zelk-metadata: accepted.json:1:1: an object is needed here\n");
 }
 
 TEST(DiffAccept, FileThatCannotBeWrittenIsAFailure) {

@@ -296,7 +296,7 @@ TEST(Diff, WrongAssumptionsAreComplaints) {
             "zelk-metadata: config.json:2:70: a class is documentation, compatible, dangerous or "
             "breaking\n");
   EXPECT_EQ(versions.Run({"--config", versions.Path("no")}).err,
-            "zelk-metadata: no: the file cannot be read\n");
+            "zelk-metadata: no: No such file or directory\n");
 }
 
 TEST(Diff, UnknownAndRepeatedKeysOfTheConfigurationAreComplaints) {

@@ -408,7 +408,10 @@ TEST_F(Lint, MistakesOfTheConfigurationAreWrongUsage) {
   EXPECT_THAT(complaint(R"({"lint": {"needs_reasons": null}})"),
               HasSubstr("'needs_reasons' must be true or false"));
   EXPECT_THAT(complaint(R"({"lint": {"ignore": [1]}})"), HasSubstr("an object is needed here"));
-  EXPECT_THAT(complaint("[]"), HasSubstr("is not a JSON object"));
+  EXPECT_THAT(complaint("[]"), HasSubstr("c.txt:1:1: an object is needed here"));
+  EXPECT_THAT(complaint(R"({"lnit": {}})"), HasSubstr("unknown key 'lnit'; did you mean lint?"));
+  EXPECT_THAT(complaint(R"({"lint": {"rules": {"unknown-key": "off", "unknown-key": "note"}}})"),
+              HasSubstr("c.txt:1:58: the key 'unknown-key' is repeated"));
   EXPECT_THAT(complaint(R"({"lint": {"rulez": {}}})"),
               HasSubstr("unknown key 'rulez'; did you mean rules?"));
   EXPECT_THAT(complaint(R"({"lint": {"needs_reasons": 1}})"), HasSubstr("must be true or false"));

@@ -15,7 +15,6 @@
 #include "host/accepted_file.h"
 #include "host/git_input.h"
 #include "host/project_file.h"
-#include "host/settings_file.h"
 #include "language/invocation.h"
 #include "render/table.h"
 
@@ -111,13 +110,10 @@ ExitStatus ListKinds(const Invocation& call) {
 bool ReadChoices(const Invocation& call, Report& report) {
   const Arguments& arguments = call.Args();
   std::vector<std::string> complaints;
-  const std::string config =
-      arguments.config.empty() ? FindProjectFile().value_or("") : arguments.config;
-  if (!config.empty()) {
-    ReadSettings(config, complaints, [&](const auto& document, auto& problems) {
-      report.assumptions = Analysis::Diff::ReadAssumptions(document, problems);
-    });
-  }
+  const std::string config = FindProjectFile(arguments.config);
+  ReadProjectFile(config, complaints, [&](const auto& document, auto& problems) {
+    report.assumptions = Analysis::Diff::ReadAssumptions(document, problems);
+  });
   report.accepted_files = arguments.accept;
   for (const std::string& file : WithReplaced(arguments.accept, arguments.new_accept)) {
     ReadSettings(file, complaints, [&](const auto& document, auto& problems) {

@@ -192,12 +192,11 @@ ExitStatus RunLint(Invocation& call) {
   const bool reads_input = std::any_of(inputs.begin(), inputs.end(),
                                        [](const auto& input) { return input.path == "-"; });
   if (reads_input && !call.MayReadInput()) return ExitStatus::kUsage;
-  const std::string config =
-      arguments.config.empty() ? FindProjectFile().value_or("") : arguments.config;
   std::vector<std::string> baselines;
   if (!arguments.baseline.empty()) baselines.push_back(arguments.baseline);
   Lint::Choices choices =
-      Lint::ReadChoices(config, WithReplaced(std::move(baselines), arguments.new_baseline));
+      Lint::ReadChoices(FindProjectFile(arguments.config),
+                        WithReplaced(std::move(baselines), arguments.new_baseline));
   for (const std::string& complaint : choices.complaints) call.Complain(complaint);
   if (!choices.complaints.empty()) return ExitStatus::kUsage;
   const Rules rules = ChosenRules(arguments, choices.off);

@@ -36,32 +36,30 @@ DefaultSources FromVariable(const std::string& value) {
   return defaults;
 }
 
-std::string Resolved(const ProjectFile& project, const std::string& text) {
+/// The source with its path relative to the file, not to its folder.
+std::string Resolved(const std::string& file, const std::string& text) {
   const SourceArgument source = ParseSourceArgument(text);
-  const std::string path = project.Resolve(source.path);
-  return source.is_named ? source.id + "=" + path : path;
+  const auto path = std::filesystem::path(file).parent_path() / source.path;
+  return source.is_named ? source.id + "=" + path.string() : path.string();
 }
 
-DefaultSources FromProject(const ProjectFile& project) {
-  if (!project.failure.empty()) return {{}, project.failure};
-  const Analysis::Document& document = *project.document;
-  const Analysis::NodeId list = document.Find(Analysis::kRootNode, "sources");
-  if (list == Analysis::kNoNode) return {};
-  if (document[list].kind != Analysis::NodeKind::kArray) {
-    return {{}, project.Complaint(list, "'sources' is not an array of texts")};
-  }
+DefaultSources FromProject() {
   DefaultSources defaults;
-  Analysis::NodeId node = document[list].first_child;
-  for (; node != Analysis::kNoNode; node = document[node].next) {
-    if (document[node].kind != Analysis::NodeKind::kString) {
-      return {{}, project.Complaint(node, "'sources' is not an array of texts")};
-    }
-    const std::string text(document.String(node));
-    const std::string refusal = Refusal(text);
-    if (!refusal.empty()) return {{}, project.Complaint(node, refusal)};
-    defaults.sources.push_back(Resolved(project, text));
-  }
-  return defaults;
+  const std::string path = FindProjectFile();
+  std::vector<std::string> complaints;
+  ReadProjectFile(path, complaints, [&](const Analysis::Document& document, auto& problems) {
+    Analysis::SettingsReader reader(document, problems);
+    reader.ExpectProjectKeys();
+    const auto list = reader.Member(Analysis::kRootNode, "sources", Analysis::NodeKind::kArray);
+    reader.EachChild(list, [&](Analysis::NodeId node) {
+      const std::string text(document.String(node));
+      const bool is_text = document[node].kind == Analysis::NodeKind::kString;
+      const std::string refusal = is_text ? Refusal(text) : "a source is a string";
+      if (!refusal.empty()) reader.Complain(node, refusal);
+      defaults.sources.push_back(Resolved(path, text));
+    });
+  });
+  return complaints.empty() ? defaults : DefaultSources{{}, complaints.front()};
 }
 
 bool IsSame(const std::string& left, const std::string& right) {
@@ -77,8 +75,7 @@ bool IsSame(const std::string& left, const std::string& right) {
 DefaultSources FindDefaultSources() {
   const char* const value = std::getenv(kVariable);
   if (value != nullptr && *value != '\0') return FromVariable(value);
-  const auto path = FindProjectFile();
-  return path ? FromProject(ReadProjectFile(*path)) : DefaultSources{};
+  return FromProject();
 }
 
 std::vector<std::string> WithDefaults(const std::vector<std::string>& defaults,

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "analysis/lint/configuration.h"
-#include "host/settings_file.h"
+#include "host/project_file.h"
 
 namespace Zelk::Tool::Lint {
 
@@ -13,17 +13,15 @@ Choices ReadChoices(const std::string& configuration, const std::vector<std::str
   Choices choices;
   choices.suppressions.today = Today();
   choices.configuration_file = configuration;
-  if (!configuration.empty()) {
-    ReadSettings(configuration, choices.complaints,
-                 [&](const Analysis::Document& document, auto& problems) {
-                   auto read = Analysis::Lint::ReadConfiguration(document);
-                   choices.settings = std::move(read.settings);
-                   choices.suppressions.ignored = std::move(read.ignored);
-                   choices.suppressions.needs_reasons = read.needs_reasons;
-                   choices.off = std::move(read.off);
-                   problems = std::move(read.problems);
-                 });
-  }
+  ReadProjectFile(configuration, choices.complaints,
+                  [&](const Analysis::Document& document, auto& problems) {
+                    auto read = Analysis::Lint::ReadConfiguration(document);
+                    choices.settings = std::move(read.settings);
+                    choices.suppressions.ignored = std::move(read.ignored);
+                    choices.suppressions.needs_reasons = read.needs_reasons;
+                    choices.off = std::move(read.off);
+                    problems = std::move(read.problems);
+                  });
   auto& accepted = choices.suppressions.baseline;
   for (const std::string& baseline : baselines) {
     ReadSettings(baseline, choices.complaints,
