@@ -113,12 +113,14 @@ export function partialSource() {
  * package of the first source is dropped, and the services of the second source are shadowed.
  */
 export function namesakeSources() {
-  const type = {
-    category: 'USER_DEFINED',
-    user_defined_type: 'STRUCTURE',
-    user_defined_type_name: 'na.p.lost',
-  };
-  const answered = structure('na.p.s', [{ name: 'one', documentation: '', metadata: {}, type }]);
+  const type = { category: 'USER_DEFINED', user_defined_type: 'STRUCTURE' };
+  const field = (name, user_defined_type_name) => ({
+    name,
+    documentation: '',
+    metadata: {},
+    type: { ...type, user_defined_type_name },
+  });
+  const answered = structure('na.p.s', [field('one', 'na.p.lost'), field('two', 'na.p.gone')]);
   const error = (name) => ({ user_defined_type_name: name, documentation: '' });
   const run = { ...operation('run'), errors: [error('na.p.lost'), error('na.p.gone')] };
   const services = (inShort, inLong) => [

@@ -217,9 +217,13 @@ class Model {
   /** What names the element. Of one that is not answered, there may be only its name. */
   referencesTo(id, kind) {
     const positions = Array.from(this.toElement(id));
-    if (!this.isFound(id) && this.hasFullName(id)) {
+    const isCalled = this.kindOf(id) === 'operation';
+    if (!this.isFound(id) && (this.hasFullName(id) || isCalled)) {
       const name = 2 * this.name[id];
-      this.referenceTo.forEach((link, at) => link === name && positions.push(at));
+      // Commands name an operation and, by themselves, its service.
+      const isMeant = (at) =>
+        !isCalled || this.text(this.referenceFrom[at], 0) === this.nameOf(this.owner[id]);
+      this.referenceTo.forEach((link, at) => link === name && isMeant(at) && positions.push(at));
     }
     return this.listReferences(positions, kind);
   }

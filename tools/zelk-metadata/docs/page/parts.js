@@ -55,9 +55,15 @@ export function typeOf(id) {
     if (piece.text === '<') return ['<', h('wbr')];
     if (piece.id >= 0) return link(piece.id, piece.text);
     if (piece.id !== -1) return shown(piece.text);
-    return unansweredLink(NAMED.type, [piece.text], piece.text) ?? quiet(name(piece.text));
+    return unansweredLink(NAMED.type, [piece.text], piece.text) ?? missingType(piece.text);
   });
   return h('code', pieces);
+}
+
+/** In a type there is little room, so that the words are only shown where the pointer is. */
+function missingType(text) {
+  const words = 'not in these files';
+  return h('span.quiet', { title: words }, name(text), h('span.sr', ` (${words})`));
 }
 
 /** The kinds of elements that references mean. Others mean parts of something that is answered. */
