@@ -20,7 +20,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::size_t kLevels = 1'000'000;
+constexpr std::size_t kLevels = ZELK_MILLION;
 constexpr std::size_t kSmallStack = std::size_t{256} * 1024;
 
 /// One way to nest: what opens a level, what is inside the last and what closes a level.

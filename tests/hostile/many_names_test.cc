@@ -17,7 +17,7 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr int kMany = 1'000'000;
+constexpr int kMany = ZELK_MILLION;
 
 /// `one(n)` for every n, as the elements of an array or the members of an object.
 template <typename One>
@@ -32,6 +32,10 @@ std::string AMillionOf(const One& one) {
 
 std::string Numbered(const std::string& name, int number) {
   return name + std::to_string(number);
+}
+
+std::string Last(const std::string& name) {
+  return Numbered(name, kMany - 1);
 }
 
 /// A component with that text inside its package's array of enumerations.
@@ -57,8 +61,8 @@ TEST(MillionEnumerations, AreListedAndFound) {
                            }))),
             Lines());
   EXPECT_EQ(sources->ListEnumerations().size(), std::size_t{kMany});
-  EXPECT_NE(sources->EnumerationInfo("e999999"), nullptr);
-  EXPECT_EQ(sources->EnumerationInfo("e1000000"), nullptr);
+  EXPECT_NE(sources->EnumerationInfo(Last("e")), nullptr);
+  EXPECT_EQ(sources->EnumerationInfo(Numbered("e", kMany)), nullptr);
 }
 
 TEST(MillionAnnotationsOfOneName, LastOneWins) {
@@ -70,7 +74,7 @@ TEST(MillionAnnotationsOfOneName, LastOneWins) {
       Lines());
   const auto component = sources->ComponentInfo("foo")->info;
   ASSERT_EQ(component->metadata.size(), 1U);
-  EXPECT_EQ(*component->metadata.at("A")->elements.at("value")->string_value, "v999999");
+  EXPECT_EQ(*component->metadata.at("A")->elements.at("value")->string_value, Last("v"));
 }
 
 TEST(MillionAnnotations, AreKept) {
@@ -83,7 +87,7 @@ TEST(MillionAnnotations, AreKept) {
       Lines());
   const auto component = sources->ComponentInfo("foo")->info;
   EXPECT_EQ(component->metadata.size(), std::size_t{kMany});
-  EXPECT_EQ(*component->metadata.at("A999999")->elements.at("value")->string_value, "v999999");
+  EXPECT_EQ(*component->metadata.at(Last("A"))->elements.at("value")->string_value, Last("v"));
 }
 
 std::string ComponentFile(const std::string& schemes, const std::string& packages) {
@@ -103,7 +107,7 @@ TEST(MillionSchemesOfOneName, LastOneWins) {
   const AuthenticationSources sources;
   const auto scheme = [](int number) { return SchemeMember("x", Numbered("s", number)); };
   ASSERT_EQ(sources.Create("m", ComponentFile(AMillionOf(scheme), R"("p": ["x"])")), Lines());
-  EXPECT_EQ(FirstScheme(sources, "p"), "s999999");
+  EXPECT_EQ(FirstScheme(sources, "p"), Last("s"));
 }
 
 TEST(MillionSchemes, CanBeReferenced) {
@@ -111,8 +115,10 @@ TEST(MillionSchemes, CanBeReferenced) {
   const auto scheme = [](int number) {
     return SchemeMember(Numbered("x", number), Numbered("s", number));
   };
-  ASSERT_EQ(sources.Create("m", ComponentFile(AMillionOf(scheme), R"("p": ["x999999"])")), Lines());
-  EXPECT_EQ(FirstScheme(sources, "p"), "s999999");
+  ASSERT_EQ(
+      sources.Create("m", ComponentFile(AMillionOf(scheme), "\"p\": [\"" + Last("x") + "\"]")),
+      Lines());
+  EXPECT_EQ(FirstScheme(sources, "p"), Last("s"));
 }
 
 TEST(MillionPackages, AreListedAndFound) {
@@ -121,7 +127,7 @@ TEST(MillionPackages, AreListedAndFound) {
   ASSERT_EQ(sources.Create("m", ComponentFile(SchemeMember("x", "s"), AMillionOf(package))),
             Lines());
   EXPECT_EQ(sources->ListPackages().size(), std::size_t{kMany});
-  EXPECT_EQ(FirstScheme(sources, "p999999"), "s");
+  EXPECT_EQ(FirstScheme(sources, Last("p")), "s");
 }
 
 std::shared_ptr<const CliUnderTest::Identity> CommandIdentity(const std::string& name) {
@@ -139,7 +145,7 @@ TEST(MillionCommandsOfOneName, LastOneWins) {
   const auto command = [](int number) { return CommandNode("p", "c", Numbered("d", number)); };
   ASSERT_EQ(sources.Create("m", CliFile({AMillionOf(command)})), Lines());
   EXPECT_THAT(sources.Names(), ElementsAre("c"));
-  EXPECT_EQ(sources->CommandInfo(CommandIdentity("c"))->description, "d999999");
+  EXPECT_EQ(sources->CommandInfo(CommandIdentity("c"))->description, Last("d"));
 }
 
 TEST(MillionCommands, AreListedAndFound) {
@@ -147,7 +153,7 @@ TEST(MillionCommands, AreListedAndFound) {
   const auto command = [](int number) { return CommandNode("p", Numbered("c", number), ""); };
   ASSERT_EQ(sources.Create("m", CliFile({AMillionOf(command)})), Lines());
   EXPECT_EQ(sources.Names().size(), std::size_t{kMany});
-  EXPECT_NE(sources->CommandInfo(CommandIdentity("c999999")), nullptr);
+  EXPECT_NE(sources->CommandInfo(CommandIdentity(Last("c"))), nullptr);
 }
 
 TEST(MillionNamespaces, AreChildrenOfOneParent) {
