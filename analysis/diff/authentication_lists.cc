@@ -89,8 +89,7 @@ void ListsComparer::Compare(Pair pair) {
   const Lists lists{pair, std::move(before), std::move(after), std::move(old_set),
                     std::move(new_set)};
   if (lists.old_set.empty() || lists.new_set.empty()) return CompareEmpty(lists);
-  CompareOrder(lists);
-  CompareSchemes(lists);
+  CompareOrder(lists, CompareSchemes(lists));
 }
 
 void ListsComparer::CompareEmpty(const Lists& lists) {
@@ -114,7 +113,7 @@ void ListsComparer::Add(std::string_view id, const Lists& lists, Class access, D
   changes_.Add(id, Domain::kAuthentication, lists.pair, std::move(details));
 }
 
-void ListsComparer::CompareOrder(const Lists& lists) {
+void ListsComparer::CompareOrder(const Lists& lists, const Redefined& redefined) {
   const auto kept = [](const SchemeList& list, const Schemes& other) {
     std::vector<SchemeNumber> schemes;
     for (const std::size_t position : PositionsOf(list, other, kIsIn)) {
@@ -122,7 +121,12 @@ void ListsComparer::CompareOrder(const Lists& lists) {
     }
     return schemes;
   };
-  const bool is_same_order = kept(lists.before, lists.new_set) == kept(lists.after, lists.old_set);
+  SchemeList before = lists.before;
+  for (SchemeNumber& scheme : before.schemes) {
+    const auto now = redefined.find(scheme);
+    if (now != redefined.end()) scheme = now->second;
+  }
+  const bool is_same_order = kept(before, lists.new_set) == kept(lists.after, SetOf(before));
   const bool is_same_set = lists.old_set == lists.new_set;
   if (is_same_order && !is_same_set) return;
   Details details{ListOf(lists) + (is_same_order ? " differs only in repeated schemes"
@@ -135,12 +139,12 @@ void ListsComparer::CompareOrder(const Lists& lists) {
   Add("authentication-scheme-order-changed", lists, may_matter ? kD : kC, std::move(details));
 }
 
-void ListsComparer::CompareSchemes(const Lists& lists) {
+ListsComparer::Redefined ListsComparer::CompareSchemes(const Lists& lists) {
   Positions removed = PositionsOf(lists.before, lists.new_set, !kIsIn);
   Positions added = PositionsOf(lists.after, lists.old_set, !kIsIn);
   const bool is_kept = removed.size() < lists.old_set.size();
-  const bool is_replaced = TakeReplaced(lists, removed, added);
-  if (!is_kept && !is_replaced && !removed.empty() && !added.empty()) {
+  Redefined redefined = TakeRedefined(lists, removed, added);
+  if (!is_kept && redefined.empty() && !removed.empty() && !added.empty()) {
     Details details{"all schemes of " + ListOf(lists) + " were replaced"};
     details.old_value = TextOf(table_, lists.before);
     details.new_value = TextOf(table_, lists.after);
@@ -148,10 +152,12 @@ void ListsComparer::CompareSchemes(const Lists& lists) {
     details.assumption = Assumed();
     details.witness =
         CallersOf(lists).TurnedAway(CallerWith(lists.before.schemes[removed.front()], lists));
-    return Add("authentication-schemes-replaced", lists, kB, std::move(details));
+    Add("authentication-schemes-replaced", lists, kB, std::move(details));
+    return redefined;
   }
   for (const std::size_t position : removed) AddRemoved(lists, position);
   for (const std::size_t position : added) AddAdded(lists, position);
+  return redefined;
 }
 
 void ListsComparer::AddRemoved(const Lists& lists, std::size_t position) {
@@ -182,8 +188,10 @@ void ListsComparer::AddAdded(const Lists& lists, std::size_t position) {
   Add("authentication-scheme-added", lists, are_all_needed ? kB : kD, std::move(details));
 }
 
-bool ListsComparer::TakeReplaced(const Lists& lists, Positions& removed, Positions& added) {
-  if (removed.empty() || added.empty()) return false;
+ListsComparer::Redefined ListsComparer::TakeRedefined(const Lists& lists, Positions& removed,
+                                                      Positions& added) {
+  Redefined redefined;
+  if (removed.empty() || added.empty()) return redefined;
   std::map<std::uint32_t, std::size_t> by_id;
   std::map<std::string_view, std::size_t> by_name;
   for (const std::size_t position : added) {
@@ -197,6 +205,7 @@ bool ListsComparer::TakeReplaced(const Lists& lists, Positions& removed, Positio
   const auto take = [&](const auto& index, auto key, std::size_t position) {
     const auto found = index.find(key);
     if (found == index.end() || !taken.insert(found->second).second) return false;
+    redefined.emplace(lists.before.schemes[position], lists.after.schemes[found->second]);
     Replace(lists, position, found->second);
     return true;
   };
@@ -209,7 +218,7 @@ bool ListsComparer::TakeReplaced(const Lists& lists, Positions& removed, Positio
   const auto is_taken = [&](std::size_t position) { return taken.count(position) != 0; };
   removed.erase(std::remove_if(removed.begin(), removed.end(), is_replaced), removed.end());
   added.erase(std::remove_if(added.begin(), added.end(), is_taken), added.end());
-  return !taken.empty();
+  return redefined;
 }
 
 void ListsComparer::Replace(const Lists& lists, std::size_t removed, std::size_t added) {

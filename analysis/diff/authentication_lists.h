@@ -57,14 +57,16 @@ class ListsComparer {
     std::string witness;
   };
 
+  /// What schemes of a list are now, if they have another definition.
+  using Redefined = std::map<SchemeNumber, SchemeNumber>;
+
   /// One of the lists is empty.
   void CompareEmpty(const Lists& lists);
-  void CompareOrder(const Lists& lists);
-  void CompareSchemes(const Lists& lists);
-  /// Takes out of both those that are the same scheme with another definition. Returns whether
-  /// there are any.
-  bool TakeReplaced(const Lists& lists, std::vector<std::size_t>& removed,
-                    std::vector<std::size_t>& added);
+  Redefined CompareSchemes(const Lists& lists);
+  void CompareOrder(const Lists& lists, const Redefined& redefined);
+  /// Takes out of both those that are the same scheme with another definition.
+  Redefined TakeRedefined(const Lists& lists, std::vector<std::size_t>& removed,
+                          std::vector<std::size_t>& added);
   void Replace(const Lists& lists, std::size_t removed, std::size_t added);
   void AddRemoved(const Lists& lists, std::size_t position);
   void AddAdded(const Lists& lists, std::size_t position);

@@ -188,6 +188,22 @@ TEST(AuthenticationChanges, KeptSchemesInAnotherOrderAreReportedBesideOthers) {
                           "---cc authentication-scheme-order-changed"));
 }
 
+TEST(AuthenticationChanges, OrderIsComparedIfASchemeIsRedefined) {
+  const auto listing = [](const std::string& manager, const std::string& schemes) {
+    return Component(SchemeText("a") +
+                         R"(, "b": {"authenticationScheme": "acme.b", "type": "SESSION_AWARE",
+                            "sessionManager": ")" +
+                         manager + "\"}",
+                     R"(, "packages": {"acme.p": [)" + schemes + "]}");
+  };
+  const auto changed = testing::StartsWith("---Bc authentication-session-manager-changed");
+  const std::string before = listing("m", R"("a", "b")");
+  EXPECT_THAT(
+      Changed({before}, {listing("n", R"("b", "a")")}),
+      ElementsAre(changed, testing::StartsWith("---Dc authentication-scheme-order-changed")));
+  EXPECT_THAT(Changed({before}, {listing("n", R"("a", "b")")}), ElementsAre(changed));
+}
+
 TEST(AuthenticationChanges, WholeListsAreRolledUp) {
   const std::string none = Component(kSchemes, R"(, "packages": {"acme.q": ["a"]})");
   const std::string all = Component(kSchemes, R"(, "packages": {"acme.q": ["a"], "acme.p": []},
