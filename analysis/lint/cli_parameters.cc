@@ -11,17 +11,18 @@ namespace {
 
 using Path = std::vector<ElementId>;
 
-/// The required parameters and fields of each operation and structure.
+/// The required parameters and fields of each operation and structure. Of several with one name,
+/// options fill the first one.
 class RequiredParts {
  public:
   explicit RequiredParts(const Workspace& workspace)
       : model_(workspace.ModelOf(Domain::kMetamodel)) {
+    const Definitions& definitions = workspace.GetDefinitions();
     for (ElementId id = 0; id < model_.Size(); ++id) {
       const ElementKind kind = model_[id].kind;
       const bool is_part = kind == ElementKind::kParameter || kind == ElementKind::kField;
-      if (is_part && model_[id].fate == Fate::kFound && !IsOptional(workspace, id)) {
-        parts_.push_back(id);
-      }
+      if (!is_part || model_[id].fate != Fate::kFound || IsOptional(workspace, id)) continue;
+      if (definitions.Part(model_[id].owner, kind, model_[id].name) == id) parts_.push_back(id);
     }
   }
 

@@ -220,6 +220,9 @@ TEST(ParameterWithoutOption, IsRequired) {
               ElementsAre("warning command:x: no option fills 'i', which is then empty"));
   EXPECT_THAT(found(Field("i", Named("Enumeration", "c.p.kind")), ""),
               ElementsAre("error command:x: no option fills 'i', which the operation requires"));
+  EXPECT_THAT(found(Field("i", kText) + "," + Field("i", kText), Option("i")), IsEmpty());
+  EXPECT_THAT(found(Field("i", kText) + "," + Field("i", kText), ""),
+              ElementsAre("error command:x: no option fills 'i', which the operation requires"));
   EXPECT_THAT(found(spec, Option("spec")), IsEmpty());
   EXPECT_THAT(found(spec, Option("spec.typo")), IsEmpty());
   EXPECT_THAT(found(spec, Option("spec.must") + "," + Option("spec.inner.must")), IsEmpty());
