@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::size_t kMostNames = 3;
 constexpr std::size_t kFar = 100;
+/// Longer names are not typed, and would take long to compare.
+constexpr std::size_t kLongest = 1000;
 
 std::string AfterLastDot(const std::string& name) {
   return name.substr(name.rfind('.') + 1);
@@ -75,6 +77,7 @@ std::vector<std::string> NearNames(const std::string& wanted,
   const std::string text = LowerCase(wanted);
   std::set<std::pair<std::size_t, std::string>> near;
   for (const std::string& name : known) {
+    if (name.size() > kLongest) continue;
     const std::size_t distance = Distance(text, LowerCase(name));
     if (distance == kFar) continue;
     near.emplace(distance, name);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -21,11 +22,17 @@ auto Order(const Change& change) {
 /// What came or went with an element. Documentation does not matter, nor does the order of parts.
 std::string IdentityOf(const ModelPair& models, Pair pair) {
   const Model& model = models.Of(pair);
-  std::vector<ElementId> parts = PartsWith(models, pair);
-  parts.push_back(pair.Id());
-  std::uint64_t sum = 0;
-  for (const ElementId id : parts) {
-    sum += FingerprintOf(model.Path(id) + '\0' + OwnText(model, id));
+  // Stands for where each is. Its path would repeat the names around it, which may be long.
+  std::unordered_map<ElementId, std::string> places{
+      {pair.Id(), std::to_string(FingerprintOf(model.Path(pair.Id())))}};
+  std::uint64_t sum = FingerprintOf(places[pair.Id()] + '\0' + OwnText(model, pair.Id()));
+  // Each comes after what it is in.
+  for (const ElementId id : PartsWith(models, pair)) {
+    const Element& part = model[id];
+    std::string& place = places[id];
+    place = std::to_string(
+        FingerprintOf(places[part.owner] + '/' + Word(part.kind) + ':' + std::string(part.name)));
+    sum += FingerprintOf(place + '\0' + OwnText(model, id));
   }
   return std::to_string(sum);
 }

@@ -171,11 +171,12 @@ class ConfigurationUse {
       : workspace_(workspace), suppressions_(suppressions), is_used_(suppressions.ignored.size()) {}
 
   void Suppress(Finding& finding) {
+    std::string path;
     for (std::size_t i = 0; i < is_used_.size(); ++i) {
       const Ignored& ignored = suppressions_.ignored[i];
       if (ignored.rule != finding.rule->id || HasEnded(ignored.until, suppressions_.today))
         continue;
-      const std::string path = PathOf(workspace_, finding.place);
+      if (path.empty()) path = PathOf(workspace_, finding.place);
       if (fnmatch(ignored.element.c_str(), path.c_str(), FNM_NOESCAPE) != 0) continue;
       finding.suppressed_by = SuppressedBy::kConfiguration;
       is_used_[i] = true;

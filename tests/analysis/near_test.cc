@@ -83,6 +83,8 @@ TEST(Near, NamesOfAnyLengthAreComparedWithinTheLimitOnly) {
 TEST(Near, TheLikeliestNameComesFirst) {
   EXPECT_THAT(NearNames("com.acme.lits", {"com.acme.list", "com.acme.lists", "com.other"}),
               ElementsAre("com.acme.list", "com.acme.lists"));
+  const std::string longest(998, 'x');
+  EXPECT_THAT(NearNames("a", {longest + ".a", longest + "x.a"}), ElementsAre(longest + ".a"));
   EXPECT_THAT(NearNames("COM.ACME", {"com.acme", "com.acne"}), ElementsAre("com.acme", "com.acne"));
 }
 
