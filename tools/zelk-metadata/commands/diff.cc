@@ -60,7 +60,7 @@ std::string ProblemOf(const Arguments& arguments) {
   const bool has_no_name = std::find(accept.begin(), accept.end(), "") != accept.end();
   if (has_no_name) return "--accept needs a file, not an empty text";
   if (arguments.list_kinds) return WrongListOutput("list-changes", arguments.output);
-  if (!arguments.sources.empty()) return "diff takes OLD and NEW as operands, not as --source";
+  if (!arguments.sources.empty()) return "diff takes OLD and NEW as arguments, not as --source";
   if (arguments.old_version.empty() || arguments.new_version.empty()) {
     return "OLD and NEW need a path each; try diff --help";
   }
@@ -153,6 +153,17 @@ bool Has(const std::vector<FailedFile>& files, const std::string& id) {
                      [&](const FailedFile& file) { return file.id == id; });
 }
 
+/// Whether no file of a version loads, and it is not known which files of the other version they
+/// would be. All of that version would seem to be added or removed.
+bool IsUnknown(const Input& input, const Input& other) {
+  const auto has_no_other = [&](const FailedFile& failed) {
+    return !Has(other.failed, failed.id) &&
+           std::none_of(other.files.begin(), other.files.end(),
+                        [&](const auto& file) { return file.source.id == failed.id; });
+  };
+  return input.files.empty() && std::any_of(input.failed.begin(), input.failed.end(), has_no_other);
+}
+
 /// Leaves out what loads in the other version only: all that is in it would seem to be added or
 /// removed.
 void LeaveOut(Report& report, const Input& failing, Input& other, Side& other_side) {
@@ -202,13 +213,15 @@ void ReadVersions(const Invocation& call, Report& report) {
   Input new_input = ReadVersion(call, call.Args().new_version);
   old_side.is_unreadable = IsUnreadable(old_input);
   new_side.is_unreadable = IsUnreadable(new_input);
-  LeaveOut(report, new_input, old_input, old_side);
-  LeaveOut(report, old_input, new_input, new_side);
-  AddLostParts(old_input, new_input);
-  if (old_side.is_unreadable || new_side.is_unreadable) {
+  if (old_side.is_unreadable || new_side.is_unreadable || IsUnknown(old_input, new_input) ||
+      IsUnknown(new_input, old_input)) {
     old_input.files.clear();
     new_input.files.clear();
+  } else {
+    LeaveOut(report, new_input, old_input, old_side);
+    LeaveOut(report, old_input, new_input, new_side);
   }
+  AddLostParts(old_input, new_input);
   Fill(call, old_side, std::move(old_input));
   Fill(call, new_side, std::move(new_input));
 }
@@ -321,6 +334,7 @@ Command DiffCommand() {
   };
   command.outputs = {"text", "json", "markdown", "github"};
   command.example = "diff metadata metadata --for wire";
+  command.takes_sources = false;
   command.run = RunDiff;
   return command;
 }

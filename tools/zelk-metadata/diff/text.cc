@@ -53,12 +53,17 @@ class TextWriter {
   }
 
   void WriteHead() {
-    WriteLines(0, fmt::format("old: {} ({})", report_.old_version.name,
-                              Counted(report_.old_version.workspace->Files().size(), "file")));
-    WriteLines(0, fmt::format("new: {} ({})", report_.new_version.name,
-                              Counted(report_.new_version.workspace->Files().size(), "file")));
+    WriteVersion("old", report_.old_version);
+    WriteVersion("new", report_.new_version);
     WriteLines(0,
                fmt::format("assumed: {}", fmt::join(AssumptionTexts(report_.assumptions), ", ")));
+  }
+
+  /// With the number of its files that were compared.
+  void WriteVersion(const char* which, const Side& side) {
+    const std::size_t count = side.workspace->Files().size();
+    const std::string files = count > 0 ? fmt::format(" ({})", Counted(count, "file")) : "";
+    WriteLines(0, fmt::format("{}: {}{}", which, side.name, files));
   }
 
   void WriteEntry(const Entry& entry) {
