@@ -18,11 +18,10 @@ constexpr std::size_t kSectionWidth = 76;
 constexpr std::size_t kHanging = 2 * kStep;
 
 /// Tabs move nothing but the cursor, and authors indent with them.
-std::string WithoutTabs(std::string text) {
-  for (std::size_t at = text.find('\t'); at != std::string::npos; at = text.find('\t', at)) {
-    text.replace(at, 1, kStep, ' ');
-  }
-  return text;
+std::string WithoutTabs(const std::string& text) {
+  std::string expanded;
+  for (const char byte : text) expanded.append(byte == '\t' ? kStep : 1, byte == '\t' ? ' ' : byte);
+  return expanded;
 }
 
 }  // namespace

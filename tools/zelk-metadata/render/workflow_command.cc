@@ -43,8 +43,9 @@ void WorkflowCommands::Add(const WorkflowCommand& command) {
   ++left_;
   const std::string place =
       command.line == 0 ? "" : fmt::format(":{}:{}", command.line, command.column);
-  out_ << ForTerminal(fmt::format("{}{}: {}: {} [{}]", command.file, place,
-                                  is_notice ? "note" : command.name, command.text, command.title))
+  // A file may have the name of a workflow command, which is only one at the beginning of a line.
+  out_ << ForTerminal(fmt::format("{}: {}{}: {} [{}]", is_notice ? "note" : command.name,
+                                  command.file, place, command.text, command.title))
        << '\n';
 }
 
