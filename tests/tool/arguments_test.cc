@@ -236,7 +236,7 @@ TEST(Arguments, ColorsCanBeForcedIntoAPipe) {
 }
 
 TEST(Arguments, NumberThatIsNoneIsShownAsItWasTyped) {
-  EXPECT_THAT(RunOnInventory("tree --depth [1]").err, HasSubstr("'[1]' is not a number"));
+  EXPECT_THAT(RunOnInventory("tree --depth [1]").err, HasSubstr("'[1]' is not a whole number"));
 }
 
 TEST(Arguments, KindThatIsNotTakenNamesThoseThatAre) {

@@ -118,6 +118,8 @@ TEST_F(DefaultSources, BrokenProjectFileIsAnErrorWithItsPlace) {
     EXPECT_EQ(run.status, 1) << text;
     EXPECT_EQ(run.out, "com.c\n") << "what is given is loaded all the same";
   }
+  EXPECT_EQ(RunLine("docs --source ../../c.json --output-file no/page.html").status, 4)
+      << "the page is lost";
   EXPECT_EQ(RunLine(kList + " --no-default-sources --source ../../c.json").status, 0);
   EXPECT_EQ(RunLine("explain zelk.metadata.json.missing.field").status, 0);
 }

@@ -146,7 +146,7 @@ TEST(DiffFormats, GithubHasLinesForWhatItDoesNotShow) {
   std::string many = ZELK_EXAMPLE_SERVICE("", "", "MANY");
   many.replace(many.find("MANY"), 4, operations);
   const ToolRun run = Versions(many, kBefore).Run({"--output", "github"});
-  EXPECT_THAT(run.out, HasSubstr("\nold.json: error: the operation 'acme.power.switch.l' was "
+  EXPECT_THAT(run.out, HasSubstr("\nerror: old.json: the operation 'acme.power.switch.l' was "
                                  "removed"));
   EXPECT_THAT(run.out, HasSubstr(" [operation-removed]\n"));
 }

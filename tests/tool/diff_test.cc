@@ -184,6 +184,18 @@ TEST(Diff, NothingComparedIsAFailure) {
   EXPECT_THAT(missing.out, EndsWith("nothing was compared\nfailed: OLD cannot be read\n"));
   EXPECT_THAT(RunTool({"diff", folder.Path("a.json"), folder.Path("no")}).out,
               EndsWith("nothing was compared\nfailed: NEW cannot be read\n"));
+  const TempFolder two;
+  two.Write("a.json", kBefore);
+  two.Write("b.json", R"({"cli": []})");
+  const std::string whole = two.Path("");
+  const std::string open = folder.Write("open.json", "{");
+  for (const auto& [before, after] : {std::pair(whole, open), std::pair(open, whole)}) {
+    const ToolRun unknown = RunTool({"diff", before, after});
+    EXPECT_EQ(unknown.status, 1);
+    EXPECT_THAT(unknown.out, HasSubstr("old: " + before + "\nnew: " + after + "\nassumed: "));
+    EXPECT_THAT(unknown.out, Not(HasSubstr("source-repaired")));
+    EXPECT_THAT(unknown.out, EndsWith("\nnothing was compared\nfailed: a file does not load\n"));
+  }
   const Versions other(R"({"cli": []})",
                        R"({"authentication": {"component": {"name": "a", "schemes": {},
                                       "authentication": {"packages": {}, "services": {},
@@ -250,13 +262,15 @@ TEST(Diff, WrongWordsAreWrongUsage) {
   EXPECT_EQ(complaint("- -"), "zelk-metadata: only one of OLD and NEW can be standard input\n");
   EXPECT_EQ(complaint("a b --for wires"),
             "zelk-metadata: unknown audience 'wires'; did you mean wire?\n");
-  EXPECT_EQ(complaint("a b --fail-on compatible"), "zelk-metadata: unknown class 'compatible'\n");
+  EXPECT_EQ(complaint("a b --fail-on compatible"),
+            "zelk-metadata: unknown class 'compatible'; it is one of breaking, "
+            "dangerous, any, never\n");
   EXPECT_THAT(complaint("a b --fail-on never --fail-on any"),
               HasSubstr("'--fail-on' is given more"));
   EXPECT_EQ(complaint("a b --bump --json"),
             "zelk-metadata: --bump prints one word, whatever --output is\n");
   EXPECT_EQ(complaint("a b --source c"),
-            "zelk-metadata: diff takes OLD and NEW as operands, not as --source\n");
+            "zelk-metadata: diff takes OLD and NEW as arguments, not as --source\n");
   EXPECT_THAT(RunTool({"shell"}, "diff - a\n").err, HasSubstr("standard input"));
 }
 

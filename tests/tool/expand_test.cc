@@ -150,4 +150,7 @@ TEST(Expand, IsForStructures) {
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "zelk-metadata: --expand is for structures\n");
   EXPECT_EQ(RunOnThree("get nothing x --expand").status, 3);
+  const ToolRun levels = RunOnThree("get structure com.acme.inventory.machine_info --depth 2");
+  EXPECT_EQ(levels.status, 2);
+  EXPECT_EQ(levels.err, "zelk-metadata: --depth needs --expand\n");
 }

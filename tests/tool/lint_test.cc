@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <filesystem>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -129,7 +130,7 @@ TEST_F(Lint, UnknownWordsAreWrongUsage) {
   EXPECT_EQ(RunTool({"lint", "x", "--rule", "unknown-kye"}).status, 2);
   EXPECT_EQ(RunTool({"lint", "x", "--except", "nope"}).status, 2);
   EXPECT_EQ(RunTool({"lint", "x", "--fail-on", "always"}).err,
-            "zelk-metadata: unknown severity 'always'\n");
+            "zelk-metadata: unknown severity 'always'; it is one of error, warning, note, never\n");
   EXPECT_EQ(RunTool({"lint"}).status, 2);
 }
 
@@ -147,7 +148,7 @@ TEST_F(Lint, WhatCannotBeReadFails) {
   const ToolRun run = RunTool({"lint", folder_.Path("nope")});
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, HasSubstr("No such file or directory"));
-  EXPECT_THAT(run.out, HasSubstr("0 files: nothing found\nfailed: "));
+  EXPECT_THAT(run.out, HasSubstr("0 files: nothing found\nfailed: a source cannot be read\n"));
 }
 
 TEST_F(Lint, StandardInputAndAFileGivenTwiceAreReadOnce) {
@@ -185,6 +186,13 @@ TEST_F(Lint, GithubShowsErrorsFirstAndCountsTheRest) {
   }
   EXPECT_THAT(Run("{\"cli\": [" + nodes + "]}", {"--output", "github"}).out,
               HasSubstr("::notice title=lint::3 more are in the log of this step\n"));
+  Write("::warning::x.json", "{\"cli\": [" + nodes + "]}");
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.Path(""));
+  const std::string named = RunTool({"lint", "::warning::x.json", "--output", "github"}).out;
+  std::filesystem::current_path(before);
+  EXPECT_THAT(named,
+              AllOf(HasSubstr("\nnote: ::warning::x.json:1:"), Not(HasSubstr("\n::warning"))));
 }
 
 TEST_F(Lint, SarifHasRulesResultsAndSuppressions) {
@@ -224,6 +232,10 @@ TEST_F(Lint, JunitHasASuiteForEachFile) {
   EXPECT_THAT(run.out, HasSubstr("message=\"the key '&lt;&quot;&amp;&gt;' is not read\"/>"));
   EXPECT_THAT(Run(kThree, {"--output", "junit"}).out,
               HasSubstr("<system-out>note: the key 'owner' is not read</system-out>"));
+  const ToolRun missing = RunTool({"lint", folder_.Path("no"), "--output", "junit"});
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_THAT(missing.out, AllOf(HasSubstr("<testsuites name=\"lint\" tests=\"1\" failures=\"1\">"),
+                                 HasSubstr("message=\"No such file or directory\"/>")));
 }
 
 TEST_F(Lint, ABaselineHidesWhatItLists) {

@@ -222,7 +222,7 @@ TEST(Shell, CreateReportsFailuresAndLoadsTheRest) {
   EXPECT_EQ(talk.Say("list sources").out, "inventory\n");
   const ToolRun again = talk.Say("create " + kInventory);
   EXPECT_EQ(again.status, 1);
-  EXPECT_THAT(again.err, HasSubstr(" has the id 'inventory', too"))
+  EXPECT_THAT(again.err, HasSubstr(" is loaded already, as 'inventory' "))
       << "an id is taken until it is deleted";
 }
 

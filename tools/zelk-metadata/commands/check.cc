@@ -112,7 +112,7 @@ class Checking {
 ExitStatus RunCheck(Invocation& call) {
   const Arguments& arguments = call.Args();
   if (!arguments.sources.empty()) {
-    return call.Fail(ExitStatus::kUsage, "check takes the files as operands, not as --source");
+    return call.Fail(ExitStatus::kUsage, "check takes files as arguments, not as --source");
   }
   const bool reads_input = std::find(arguments.files.begin(), arguments.files.end(),
                                      Checking::kInput) != arguments.files.end();
@@ -138,6 +138,7 @@ Command CheckCommand() {
   command.options = {{"quiet", "", Word::kNone, "Print problems only", &Arguments::quiet}};
   command.outputs = {"text", "json", "github"};
   command.example = "check metadata";
+  command.takes_sources = false;
   command.run = RunCheck;
   return command;
 }

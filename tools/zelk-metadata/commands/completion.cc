@@ -35,6 +35,7 @@ Command CompletionCommand() {
                        Complete::CompletedShells()}};
   command.example = "completion bash";
   command.scope = Scope::kProgram;
+  command.takes_sources = false;
   command.run = RunCompletion;
   return command;
 }

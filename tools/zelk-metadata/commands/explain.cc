@@ -121,6 +121,7 @@ Command ExplainCommand() {
       {"ID", Word::kMessageId, false, "The id of a message, a rule or a change", &Arguments::text}};
   command.outputs = {"text", "json"};
   command.example = "explain zelk.metadata.json.missing.field";
+  command.takes_sources = false;
   command.run = RunExplain;
   return command;
 }

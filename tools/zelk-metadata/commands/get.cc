@@ -83,6 +83,9 @@ ExitStatus RunGet(Invocation& call) {
   if (call.Args().is_expanded && !HasTypes(kinds)) {
     return call.Fail(ExitStatus::kUsage, "--expand is for structures");
   }
+  if (!call.Args().is_expanded && call.Args().depth != Arguments().depth) {
+    return call.Fail(ExitStatus::kUsage, "--depth needs --expand");
+  }
   const bool has_ids = !kinds.empty() && !call.Args().ids.empty();
   ExitStatus status = call.Prepare(kind, has_ids ? kinds.front().ids.min : 0);
   if (status != ExitStatus::kOk) return status;

@@ -37,6 +37,7 @@ Command HelpCommand() {
   command.example = "help usage";
   command.operands = {
       {"COMMAND", Word::kCommand, false, "The name of a command", &Arguments::text}};
+  command.takes_sources = false;
   command.run = RunHelp;
   return command;
 }

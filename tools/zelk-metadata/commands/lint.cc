@@ -127,7 +127,7 @@ void Show(const Invocation& call, const Lint::Report& report) {
 /// Accepts all that the report has.
 ExitStatus WriteBaseline(const Invocation& call, const Lint::Report& report) {
   const std::string& path = call.Args().new_baseline;
-  if (report.unreadable > 0 || !report.failed.empty()) {
+  if (!report.unreadable.empty() || !report.failed.empty()) {
     for (const LoadReport& file : report.failed) call.ComplainOf(file);
     return call.Fail(ExitStatus::kSourceFailed,
                      path + ": not written, since not all files could be read");
@@ -165,11 +165,11 @@ ExitStatus LintInputs(Invocation& call, const std::vector<SourceArgument>& input
   report.shows_suppressed =
       arguments.show_suppressed || arguments.output == "sarif" || !arguments.new_baseline.empty();
   report.result = Analysis::Lint::Lint(*report.workspace, rules, choices.suppressions);
-  report.unreadable = input.unreadable.size();
+  report.unreadable = std::move(input.unreadable);
   report.kept = KeptEntries(choices.suppressions.baseline, rules, report.workspace->Loaded());
   if (!arguments.new_baseline.empty()) return WriteBaseline(call, report);
   Show(call, report);
-  if (report.unreadable > 0 || !report.failed.empty()) return ExitStatus::kSourceFailed;
+  if (!report.unreadable.empty() || !report.failed.empty()) return ExitStatus::kSourceFailed;
   const bool has_looked = std::any_of(rules.begin(), rules.end(), [&](const Rule* rule) {
     return LooksAt(*rule, report.workspace->Loaded());
   });

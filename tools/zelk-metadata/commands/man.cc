@@ -132,6 +132,7 @@ Command ManCommand() {
   command.details = "As a page for man: zelk-metadata man | man -l -\n";
   command.example = "man";
   command.scope = Scope::kProgram;
+  command.takes_sources = false;
   command.run = RunMan;
   return command;
 }

@@ -55,6 +55,7 @@ Command SchemaCommand() {
        &Arguments::draft}};
   command.example = "schema cli";
   command.scope = Scope::kProgram;
+  command.takes_sources = false;
   command.run = RunSchema;
   return command;
 }

@@ -274,9 +274,10 @@ Command UsesCommand() {
       "its place in a file. The files are read for that, whatever a session has loaded of them. "
       "Things that are not loaded but referred to are found, too.\n\n"
       "An operation is SERVICE.OPERATION or two words, a scheme the name that lists have for it.\n";
-  command.operands = {
-      {"KIND", Word::kChoice, true, "What the thing is", &Arguments::kind, UsedKindNames()},
-      {"ID", Word::kId, false, "Its id", &Arguments::ids}};
+  command.operands = {{"KIND", Word::kChoice, true,
+                       fmt::format("What the thing is: {}", fmt::join(UsedKindNames(), ", ")),
+                       &Arguments::kind, UsedKindNames()},
+                      {"ID", Word::kId, false, "Its id", &Arguments::ids}};
   command.outputs = TableOutputs();
   command.example =
       "uses structure com.orvane.zelk.metadata.metamodel.field_info --source metadata";

@@ -14,8 +14,11 @@ namespace {
 
 LoadReport IdIsTaken(const SourceArgument& source, const SourceArgument& other,
                      const DomainRow& row) {
-  const std::string text = fmt::format("{} has the id '{}', too; write ID={} to give another",
-                                       ShownName(other), source.id, ShownName(source));
+  const std::string name = ShownName(source);
+  const std::string text = name == ShownName(other)
+                               ? fmt::format("{} is loaded already, as '{}'", name, source.id)
+                               : fmt::format("{} has the id '{}', too; write ID={} to give another",
+                                             ShownName(other), source.id, name);
   return {ShownName(source), row.name, {{{row.exists_id, text, {}}}}};
 }
 

@@ -44,7 +44,7 @@ std::string NumberComplaint(const std::string& shielded) {
   // As many digits as always fit.
   const bool is_number = !text.empty() && text.size() <= 18 &&
                          text.find_first_not_of("0123456789") == std::string::npos;
-  return is_number ? std::string() : "'" + text + "' is not a number or is too large";
+  return is_number ? std::string() : "'" + text + "' is not a whole number, or is too large";
 }
 
 std::string SourceComplaint(const std::string& text) {
@@ -153,6 +153,9 @@ std::string Complaint(const CLI::ParseError& error, const CLI::App& app, const L
                      args.back() == option ? "needs a value" : "is given more than once");
 }
 
+/// More are not listed in a complaint.
+constexpr std::size_t kMostChoices = 10;
+
 bool Contains(const std::vector<std::string>& texts, const std::string& text) {
   return std::find(texts.begin(), texts.end(), text) != texts.end();
 }
@@ -222,6 +225,8 @@ std::string UnknownCommand(const Language& language, const std::string& word) {
 }
 
 bool Command::Takes(const OptionDescription& option) const {
+  const bool is_of_sources = option.name == "source" || option.name == "no-default-sources";
+  if (is_of_sources) return takes_sources;
   return option.name != "json" || Contains(outputs, option.name);
 }
 
@@ -229,7 +234,11 @@ std::string UnknownChoice(const char* what, const std::vector<std::string>& word
                           const std::vector<std::string>& known) {
   for (const std::string& word : words) {
     if (Contains(known, word)) continue;
-    return fmt::format("unknown {} '{}'{}", what, word, Analysis::Suggestion(word, known));
+    const std::string suggestion = Analysis::Suggestion(word, known);
+    if (!suggestion.empty() || known.size() > kMostChoices) {
+      return fmt::format("unknown {} '{}'{}", what, word, suggestion);
+    }
+    return fmt::format("unknown {} '{}'; it is one of {}", what, word, fmt::join(known, ", "));
   }
   return "";
 }

@@ -121,6 +121,10 @@ struct Command {
   /// Whether the ids of several things may follow each other.
   bool takes_several = false;
 
+  /// Whether --source has a meaning for it. It is refused only where it seems to give an operand,
+  /// since the alias of a shell may have it.
+  bool takes_sources = true;
+
   /// How its sources are loaded outside of sessions.
   HostUse use = HostUse::kAnswers;
 

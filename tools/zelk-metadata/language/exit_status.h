@@ -4,8 +4,8 @@ namespace Zelk::Tool {
 
 /// What the exit status of the process means. The numbers are stable: scripts test them.
 ///
-/// When several apply, kUsage comes first, since then nothing was done. A failed source comes
-/// before kNotFound: what was not found may have been in it.
+/// When several apply, wrong words come first, since then nothing was done, and then kOutputLost. A
+/// failed source comes before the others: what was not found may have been in it.
 enum class ExitStatus {
   kOk = 0,
   /// A source failed to load, or `check` found problems. The rest was done all the same.

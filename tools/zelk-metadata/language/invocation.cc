@@ -84,7 +84,7 @@ Invocation::Invocation(const Language& language, const Command& command, Argumen
 
 ExitStatus Invocation::Run() {
   const ExitStatus status = command_.run(*this);
-  return has_failed_ ? ExitStatus::kSourceFailed : status;
+  return has_failed_ && status != ExitStatus::kOutputLost ? ExitStatus::kSourceFailed : status;
 }
 
 std::vector<std::string> Invocation::Sources() {

@@ -65,6 +65,13 @@ void WriteJunit(std::ostream& out, const Report& report) {
     if (entry.suppressed_by != SuppressedBy::kNothing) return;
     Add(suites[entry.file], entry);
   });
+  for (const Unreadable& source : report.unreadable) {
+    Entry entry;
+    entry.message = source.reason;
+    entry.file = source.file;
+    entry.fails = true;
+    Add(suites[entry.file], entry);
+  }
   std::size_t tests = 0;
   std::size_t failures = 0;
   for (const auto& [file, suite] : suites) {

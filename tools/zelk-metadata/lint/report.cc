@@ -77,7 +77,7 @@ bool Report::FailsBecauseOf(const Analysis::Lint::Finding& finding) const {
 Summary Summarize(const Report& report) {
   Summary summary;
   summary.files = report.workspace->Files().size();
-  summary.failed = report.failed.size() + report.unreadable;
+  summary.failed = report.failed.size() + report.unreadable.size();
   summary.findings = report.result.unlisted;
   for (const std::size_t count : report.result.unlisted) summary.unlisted += count;
   for (const Analysis::Lint::Finding& finding : report.result.findings) {

@@ -55,8 +55,8 @@ struct Report {
   Analysis::Lint::Result result;
   std::vector<LoadReport> failed;
 
-  /// How many more files could not be read.
-  std::size_t unreadable = 0;
+  /// More files, or folders, that could not be read.
+  std::vector<Unreadable> unreadable;
 
   /// The files with suppressions, as the user knows them; or empty.
   std::string configuration_file;

@@ -38,8 +38,13 @@ std::string SuppressedText(const Summary& summary) {
 }
 
 std::string Verdict(const Report& report, const Summary& summary) {
-  if (summary.failed == 1) return "failed: a file does not load";
-  if (summary.failed > 1) return fmt::format("failed: {} files do not load", summary.failed);
+  std::vector<std::string> parts;
+  const auto add = [&](std::size_t count, const char* one, const char* many) {
+    if (count > 0) parts.push_back(count == 1 ? one : fmt::format("{} {}", count, many));
+  };
+  add(report.failed.size(), "a file does not load", "files do not load");
+  add(report.unreadable.size(), "a source cannot be read", "sources cannot be read");
+  if (!parts.empty()) return fmt::format("failed: {}", fmt::join(parts, ", "));
   if (!summary.is_failed) return "passed";
   return fmt::format("failed: found something at or above '{}'",
                      Analysis::Lint::Word(*report.fail_on));
