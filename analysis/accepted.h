@@ -27,7 +27,7 @@ struct Accepted {
   std::string notes = {};
 };
 
-/// The members of the object that nothing reads, since they begin with '$', as a JSON object.
+/// The notes of the object, as a JSON object: its members whose keys begin with '$'.
 std::string NotesOf(const Document& document, NodeId object);
 
 /// How a file lists them: {"version": 1, LIST: [{ID: ..., "fingerprint": ...}...]}, each with an
@@ -49,16 +49,16 @@ std::vector<Accepted> ReadAccepted(const Document& document, const AcceptedForm&
 /// Whether the last day is before today.
 bool HasEnded(std::string_view until, const std::string& today);
 
-/// Notes which of them are needed.
+/// Records which entries are used.
 class AcceptedUse {
  public:
   /// The entries must outlive this object.
   AcceptedUse(const std::vector<Accepted>& entries, std::string today);
 
-  /// The entry that accepts what has the fingerprint; null if none does.
+  /// The entry with the fingerprint that has not ended, or null.
   const Accepted* Use(std::uint64_t fingerprint);
 
-  /// The entry that accepted it until its last day, which has passed; null if none did.
+  /// The entry with the fingerprint that has ended, or null.
   const Accepted* FindEnded(std::uint64_t fingerprint) const {
     const auto entry = ended_.find(fingerprint);
     return entry == ended_.end() ? nullptr : &entries_[entry->second];

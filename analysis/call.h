@@ -28,10 +28,10 @@ std::vector<Filling> FillingsOf(const Workspace& workspace, const Call& call);
 /// The type of options that can fill the parameter or field; empty if none can.
 std::string OptionTypeOf(const Workspace& workspace, ElementId part);
 
-/// Whether the type that is written for an option is that one.
+/// Whether `written`, the type in a CLI file, means `type`.
 bool IsOptionType(const std::string& written, const std::string& type);
 
-/// Whether nothing at all is a value of the parameter or field, too.
+/// Whether the parameter or field may be absent.
 bool IsOptional(const Workspace& workspace, ElementId part);
 
 }  // namespace Zelk::Analysis

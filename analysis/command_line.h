@@ -62,7 +62,7 @@ class CommandForm {
   /// The words in front of the options.
   const CommandWords& Name() const { return name_; }
 
-  /// The option that is typed so, or null.
+  /// The option that is typed as the word, such as '--volts', or null.
   const CommandOption* Find(const std::string& word) const;
 
   /// The values that the option that is typed so accepts, if it is there and they are known.
@@ -103,7 +103,7 @@ class CommandForm {
 /// The command whose name these words are, or kNoElement.
 ElementId FindCommand(const Model& cli, const CommandWords& name);
 
-/// The words as a shell reads them.
+/// The words, quoted for a shell where they need it.
 std::string Quoted(const CommandWords& words);
 
 }  // namespace Zelk::Analysis

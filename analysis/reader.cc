@@ -244,7 +244,7 @@ class FormatReader {
     }
   }
 
-  /// Without schemes, which the library has reported then, every one would be unknown.
+  /// If there are no schemes, that was reported, and not every name that misses one is.
   bool IsScheme(std::string_view name) const {
     return schemes_.count(name) != 0 || (IsFurther() && !has_schemes_);
   }

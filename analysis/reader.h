@@ -33,7 +33,7 @@ struct Problem {
   std::size_t offset;
   /// The value; for a missing key, the object without it.
   NodeId node;
-  /// Whether the library does not give it, since it stops reading at the first error.
+  /// Whether it comes after the first error, at which the library stops reading.
   bool is_further = false;
   /// What the library leaves out because of it if the file loads all the same, in a word; or null.
   const char* left_out = nullptr;
@@ -46,8 +46,9 @@ struct Problem {
 enum class Extent : std::uint8_t {
   /// As far as the library reads.
   kToFirstError,
-  /// After an error, the reading goes on with the next key or element. What can only be judged by
-  /// what is missing is passed over.
+  /// After an error, the reading goes on with the next key or element. Checks that depend on what
+  /// is
+  /// missing are skipped.
   kWholeFile,
 };
 

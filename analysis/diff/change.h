@@ -38,8 +38,7 @@ struct Details {
   std::string assumption = {};
   /// What worked in the old version and does not in the new one; or empty.
   std::string witness = {};
-  /// The audiences that it breaks although they do not use what is removed, so that it does not
-  /// help them that it was deprecated.
+  /// The audiences for which it stays breaking even if what is removed was deprecated.
   AudienceSet others_broken = 0;
   /// Commands that are the same and fail now, or print something else.
   CommandNames breaks = {};

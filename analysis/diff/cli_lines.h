@@ -13,12 +13,12 @@ class CommandLines {
  public:
   CommandLines(const Workspace& old_version, const Workspace& new_version, ElementId command);
 
-  /// The shortest line that has the option, typed so, `times` times, and what the new version makes
-  /// of the option `about`, or if that is empty, of the name. Empty if that is the same as before,
-  /// or if it is not certain.
+  /// The shortest line that has the option, typed so, `times` times, and what the new version does
+  /// with the option `about`, or with the command if `about` is empty. Empty if that is the same as
+  /// before, or if it is not certain.
   std::string Witness(const std::string& option, std::size_t times, const std::string& about) const;
 
-  /// Whether the option takes a value of an enumeration in both versions, and all that it took.
+  /// Whether the option takes values of an enumeration in both versions, and still all of them.
   bool KeepsValues(const std::string& option) const;
 
  private:

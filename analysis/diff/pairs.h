@@ -61,8 +61,8 @@ PartOrder OrderOf(const ModelPair& models, const std::vector<Pair>& parts);
 /// of it that have no lookups of their own are the same, too.
 bool IsSameText(const ModelPair& models, Pair pair);
 
-/// Whether what an element is in is in one version only, as the element is. Then the change is that
-/// of what it is in.
+/// Whether what the element is in was added or removed with it. The change is then that of what it
+/// is in.
 bool IsWithinChange(const ModelPair& models, Pair pair);
 
 /// What comes or goes with an element that one version has.

@@ -47,7 +47,7 @@ constexpr Rule kRules[] = {
      "A key that is not read",
      "The format has no such key in this object, so its value is in no answer. Keys that begin "
      "with '$' are for other programs and not reported.",
-     "A key of a newer format, or one that belongs into another object.",
+     "A key of a newer format, or one that belongs in another object.",
      "Remove it, or move it to the object that has it.",
      {{ZELK_EXAMPLE_COMPONENT("", R"(, "owner": "Ann")")}, "metamodel/component:acme"},
      UnknownKey},

@@ -29,7 +29,7 @@ bool LastCounts(const ValueForm& object) {
          object.each->element != ElementKind::kOperationList;
 }
 
-/// Whether the library put services into this list, of which another rule tells.
+/// Whether the library put services into this list. Another rule reports that.
 bool HasServices(const OpenFile& file, NodeId member) {
   const ElementId element = file.around[member];
   if (element == kNoElement || file.model[element].node != member) return false;
@@ -131,7 +131,7 @@ ElementKind KindAround(const OpenFile& file, NodeId node) {
 
 constexpr char kSessionManager[] = "sessionManager";
 
-/// Of a scheme, of which another rule tells.
+/// Of a scheme. Another rule reports it.
 bool IsSessionManager(const OpenFile& file, NodeId member) {
   return KindAround(file, member) == ElementKind::kScheme &&
          file.document.Key(member) == kSessionManager;
