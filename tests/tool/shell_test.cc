@@ -532,6 +532,27 @@ TEST(Shell, AnswersComeFromLoadedDataNotFromFiles) {
   EXPECT_EQ(talk.Say("list packages").out, "com.a.new\n");
 }
 
+TEST(Shell, UsesLeavesOutAFileThatFailsToLoadAndSaysSo) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.json", MetamodelFile(Component("com.a")));
+  Talk talk;
+  talk.Say("create " + path + " " + kNetwork);
+  EXPECT_EQ(talk.Say("uses service com.none").err,
+            "zelk-metadata: no service has the id 'com.none'\n");
+  const auto expect_left_out = [&] {
+    const ToolRun run = talk.Say("uses service com.none");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "zelk-metadata: " + path +
+                           ": left out, since it has changed and fails to load; list and get still "
+                           "show the old data\n"
+                           "zelk-metadata: no service has the id 'com.none'\n");
+  };
+  folder.Write("a.json", R"({"metamodel": 1})");
+  expect_left_out();
+  std::filesystem::remove(path);
+  expect_left_out();
+}
+
 TEST(Shell, TreeLeavesOutAFileThatHasChangedAndSaysSo) {
   const TempFolder folder;
   const std::string path = folder.Write("a.json", MetamodelFile(Component("com.a")));

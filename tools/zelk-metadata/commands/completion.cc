@@ -26,9 +26,12 @@ Command CompletionCommand() {
   command.name = "completion";
   command.summary = "Print the script that completes commands in a shell";
   command.details =
-      "bash: put into ~/.bashrc: source <(zelk-metadata completion bash) "
-      "zsh:  put into ~/.zshrc, after compinit: source <(zelk-metadata completion zsh) "
-      "fish: put into ~/.config/fish/config.fish: zelk-metadata completion fish | source "
+      "In ~/.bashrc:\n"
+      "    source <(zelk-metadata completion bash)\n"
+      "In ~/.zshrc, after compinit:\n"
+      "    source <(zelk-metadata completion zsh)\n"
+      "In ~/.config/fish/config.fish:\n"
+      "    zelk-metadata completion fish | source\n"
       "Shells know the script already if the program was installed from a package. Names are "
       "completed from the sources before them on the line, unless those are very large.\n";
   command.operands = {{"SHELL", Word::kChoice, true, "bash, zsh or fish", &Arguments::text,

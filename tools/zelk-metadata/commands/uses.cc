@@ -6,6 +6,7 @@
 
 #include "analysis/format.h"
 #include "analysis/near.h"
+#include "analysis/reader.h"
 #include "analysis/workspace.h"
 #include "host/load.h"
 #include "language/invocation.h"
@@ -57,13 +58,22 @@ Names UsedKindNames() {
   return names;
 }
 
-std::unique_ptr<const Workspace> ReadSources(Host& host) {
+/// Reads the files again. In a session, they may have changed since they were loaded.
+std::unique_ptr<const Workspace> ReadSources(Invocation& call) {
+  const bool may_differ = call.GetLanguage().IsOfSession();
   std::vector<Analysis::File> files;
-  for (const LoadedSource& loaded : host.Sources()) {
-    files.push_back({ShownName(loaded.source),
-                     Analysis::FindFormat(loaded.row->root_key)->domain,
-                     {loaded.source.id, std::make_shared<Analysis::Document>(
-                                            TextOf(loaded.source.path).value_or(""))}});
+  for (const LoadedSource& loaded : call.GetHost().Sources()) {
+    const std::string name = ShownName(loaded.source);
+    const Analysis::Format& format = *Analysis::FindFormat(loaded.row->root_key);
+    auto document =
+        std::make_shared<const Analysis::Document>(TextOf(loaded.source.path).value_or(""));
+    if (may_differ && !(document->IsJson() && Analysis::Read(*document, format).loads)) {
+      call.FailSource(name +
+                      ": left out, since it has changed and fails to load; list and get "
+                      "still show the old data");
+      continue;
+    }
+    files.push_back({name, format.domain, {loaded.source.id, std::move(document)}});
   }
   return std::make_unique<Workspace>(std::move(files));
 }
@@ -239,7 +249,7 @@ ExitStatus RunUses(Invocation& call) {
   }
   call.Load();
   call.NoteIfEmpty();
-  const std::unique_ptr<const Workspace> workspace = ReadSources(call.GetHost());
+  const std::unique_ptr<const Workspace> workspace = ReadSources(call);
   const std::string id = Dotted(ids);
   std::vector<Use> uses;
   for (const Reference* reference : ReferencesTo(*workspace, *kind, id)) {

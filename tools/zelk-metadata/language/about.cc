@@ -37,7 +37,7 @@ const char kAboutExamples[] =
 const std::vector<std::pair<int, std::string>>& ExitStatusTexts() {
   static const std::vector<std::pair<int, std::string>> texts{
       Row(ExitStatus::kOk, "success"),
-      Row(ExitStatus::kSourceFailed, "a source failed to load, or check found problems"),
+      Row(ExitStatus::kSourceFailed, "a source failed to load, or check found an error"),
       Row(ExitStatus::kUsage, "wrong usage"),
       Row(ExitStatus::kNotFound, "unknown kind or id (1 if a source failed as well)"),
       Row(ExitStatus::kOutputLost, "the output could not be written, or memory ran out"),

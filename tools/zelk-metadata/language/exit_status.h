@@ -8,7 +8,7 @@ namespace Zelk::Tool {
 /// failed source comes before the others: what was not found may have been in it.
 enum class ExitStatus {
   kOk = 0,
-  /// A source failed to load, or `check` found problems. The rest was done all the same.
+  /// A source failed to load, or `check` found an error. The rest was done all the same.
   kSourceFailed = 1,
   /// The arguments make no sense.
   kUsage = 2,

@@ -104,6 +104,11 @@ std::vector<SourceOutline> Invocation::Outlines() {
   return outlines;
 }
 
+void Invocation::FailSource(const std::string& complaint) {
+  has_failed_ = true;
+  Complain(complaint);
+}
+
 bool Invocation::HasSources() {
   if (!host_.SourceIds().empty()) return true;
   if (!has_failed_) {

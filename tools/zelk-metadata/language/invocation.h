@@ -92,6 +92,9 @@ class Invocation {
   /// What each source holds by itself.
   std::vector<SourceOutline> Outlines();
 
+  /// Complains about a source, and so decides the status as one that fails to load.
+  void FailSource(const std::string& complaint);
+
   /// If no source is loaded, prints a note that explains the empty answer. Not an error.
   void NoteIfEmpty() { HasSources(); }
 
