@@ -48,6 +48,7 @@ TEST(ShellLine, TildeIsExpandedAsInShells) {
   EXPECT_THAT(Split("check ~/a id=~/b").words,
               ElementsAre("check", home + "/a", "id=" + home + "/b"));
   EXPECT_THAT(Split(R"(a~/b ~ ~a '~/a' \~/a)").words, ElementsAre("a~/b", "~", "~a", "~/a", "~/a"));
+  EXPECT_THAT(Split(R"(a\ ~/b)").words, ElementsAre("a ~/b")) << "the blank is part of the word";
   unsetenv("HOME");
   EXPECT_THAT(Split("check ~/a").words, ElementsAre("check", "~/a")) << "there is no home";
 }

@@ -11,15 +11,16 @@ bool IsBlank(char character) {
   return character == ' ' || character == '\t' || character == '\r';
 }
 
-/// Whether a path in the home folder begins there: "~/" where a word does, or after "ID=".
-bool IsHome(const std::string& line, std::size_t at) {
-  const bool is_begin = at == 0 || IsBlank(line[at - 1]) || line[at - 1] == '=';
+/// Whether a path in the home folder begins there: "~/" where the word does, or after "ID=".
+bool IsHome(const std::string& line, std::size_t word_begin, std::size_t at) {
+  const bool is_begin = at == word_begin || line[at - 1] == '=';
   return is_begin && line.compare(at, 2, "~/") == 0 && std::getenv("HOME") != nullptr;
 }
 
 /// Reads the word at `at` and moves past it.
 std::string TakeWord(const std::string& line, std::size_t& at, bool& is_open) {
   std::string word;
+  const std::size_t begin = at;
   char quote = '\0';
   for (; at < line.size() && (quote != '\0' || !IsBlank(line[at])); ++at) {
     const char character = line[at];
@@ -30,7 +31,7 @@ std::string TakeWord(const std::string& line, std::size_t& at, bool& is_open) {
       quote = character;
     } else if (character == quote) {
       quote = '\0';
-    } else if (quote == '\0' && IsHome(line, at)) {
+    } else if (quote == '\0' && IsHome(line, begin, at)) {
       word += std::getenv("HOME");
     } else {
       word += character;
