@@ -244,7 +244,7 @@ class FormatReader {
     }
   }
 
-  /// If there are no schemes, that was reported, and not every name that misses one is.
+  /// A file without schemes is one mistake: not each name in it is reported as well.
   bool IsScheme(std::string_view name) const {
     return schemes_.count(name) != 0 || (IsFurther() && !has_schemes_);
   }
